@@ -1,0 +1,50 @@
+# quillan_library(NAME SOURCES … LINK …): a static library that holds one folder.
+# Its headers are reached as "folder/header.h" from everywhere.
+function(quillan_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}/generated")
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE quillan_flags)
+endfunction()
+
+# quillan_test(NAME [DISPLAY] [SOURCES …] [LINK …] [DEPENDS …] [TIMEOUT s]): builds NAME from
+# NAME.cpp (or SOURCES) and registers it. Every test gets a HOME, XDG_CONFIG_HOME and TMPDIR of its
+# own. It runs on the offscreen platform; with DISPLAY it runs under Xvfb and a window manager.
+function(quillan_test name)
+  cmake_parse_arguments(ARG "DISPLAY" "TIMEOUT" "SOURCES;LINK;DEPENDS" ${ARGN})
+  if(NOT ARG_SOURCES)
+    set(ARG_SOURCES ${name}.cpp)
+  endif()
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_compile_definitions(${name} PRIVATE
+    QUILLAN_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUILLAN_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} Qt5::Test quillan_flags)
+  if(ARG_DEPENDS)
+    add_dependencies(${name} ${ARG_DEPENDS})
+  endif()
+  set(runner "${PROJECT_SOURCE_DIR}/scripts/private-run.sh")
+  if(ARG_DISPLAY)
+    set(runner "${runner};--display")
+  endif()
+  add_test(NAME ${name} COMMAND ${runner} $<TARGET_FILE:${name}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+  if(ARG_DISPLAY)
+    set_tests_properties(${name} PROPERTIES LABELS display)
+  endif()
+endfunction()
+
+# quillan_bench(NAME [SOURCES …] [LINK …]): a program of bench/, never part of a plain test run.
+function(quillan_bench name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_SOURCES)
+    set(ARG_SOURCES ${name}.cpp)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_compile_definitions(${name} PRIVATE
+    QUILLAN_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUILLAN_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} quillan_flags)
+endfunction()

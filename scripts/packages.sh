@@ -1,0 +1,18 @@
+# Debian packages, one list per purpose; sourced by setup.sh.
+
+# To build and run the program.
+PACKAGES_RUN="
+cmake ninja-build g++ ccache lld
+qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools qttranslations5-l10n
+libqt5webkit5-dev libqt5svg5 dbus fonts-dejavu-core"
+
+# To show it without a display.
+PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
+
+# To run every test and check.
+PACKAGES_TEST="
+$PACKAGES_DISPLAY
+dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils clang-format clang-tidy python3 valgrind"
+
+# To measure: peers for the benchmarks only.
+PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing: setup.sh run|display|test|bench …
+# Silent when nothing is missing; fails with one line when something cannot be installed.
+set -euo pipefail
+. "$(dirname "$0")/packages.sh"
+
+wanted=""
+for purpose in "$@"; do
+    case "$purpose" in
+        run) wanted+=" $PACKAGES_RUN" ;;
+        display) wanted+=" $PACKAGES_DISPLAY" ;;
+        test) wanted+=" $PACKAGES_RUN $PACKAGES_TEST" ;;
+        bench) wanted+=" $PACKAGES_RUN $PACKAGES_BENCH" ;;
+        *) echo "setup.sh: unknown purpose '$purpose'" >&2; exit 2 ;;
+    esac
+done
+
+command -v dpkg-query >/dev/null || exit 0 # Not Debian: the user brings Qt and the tools.
+
+missing=()
+for package in $wanted; do
+    status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+root=()
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please install: ${missing[*]}" >&2; exit 1; }
+    root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+export DEBIAN_FRONTEND=noninteractive
+if ! { "${root[@]}" apt-get update -qq &&
+       "${root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+    tail -n 20 "$log" >&2
+    echo "Could not install: ${missing[*]}" >&2
+    exit 1
+fi
