@@ -1,0 +1,47 @@
+#include "app/arguments.h"
+
+QStringList pathsFromArguments(const QList<QByteArray> &lstArguments)
+{
+    QStringList lstPaths;
+    for (const QByteArray &argument : lstArguments.mid(1)) {
+        const QString strPath = QString::fromLocal8Bit(argument).trimmed();
+        if (!strPath.isEmpty())
+            lstPaths.append(strPath);
+    }
+    return lstPaths;
+}
+
+QString messageFromPaths(const QStringList &lstPaths)
+{
+    const QChar quote = QLatin1Char('"');
+    QStringList lstQuoted;
+    for (const QString &strPath : lstPaths)
+        lstQuoted.append(strPath.startsWith(quote) ? strPath : QString(quote + strPath + quote));
+    return lstQuoted.join(QLatin1Char(' '));
+}
+
+QStringList pathsFromMessage(const QString &strMessage)
+{
+    QStringList lstPaths;
+    QString strToken;
+    bool bInQuotes = false;
+    for (const QChar c : strMessage) {
+        if (c == QLatin1Char('"')) {
+            // A closing quote ends a path even if nothing stands between the two.
+            if (bInQuotes) {
+                lstPaths.append(strToken);
+                strToken.clear();
+            }
+            bInQuotes = !bInQuotes;
+        } else if (c == QLatin1Char(' ') && !bInQuotes) {
+            if (!strToken.trimmed().isEmpty())
+                lstPaths.append(strToken.trimmed());
+            strToken.clear();
+        } else {
+            strToken.append(c);
+        }
+    }
+    if (!strMessage.isEmpty())
+        lstPaths.append(strToken.trimmed());
+    return lstPaths;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class QIODevice;
+
+// Puts the bytes into the file so that a failure at any moment leaves the old bytes as they were:
+// false then, and pError (may be null) holds the system's text.
+//
+// The file is replaced by a finished copy. Symbolic links are followed and permissions kept. Where
+// a replacement would lose something (see Platform::mustWriteInPlace) or the folder takes no new
+// file, the file is written in place, its space reserved first and the old bytes put back on
+// failure.
+bool writeFile(const QString &strPath, const QByteArray &data, QString *pError = nullptr);
+
+// All bytes to the device, or false.
+bool writeAll(QIODevice *pDevice, const QByteArray &data);

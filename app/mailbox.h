@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+// The hand-over mailbox between instances, as plain memory.
+//
+// Layout: a queue of messages, each its UTF-8 bytes and one zero byte. The queue ends where two
+// zero bytes follow each other; an empty mailbox begins with a zero byte. No locking here.
+namespace Mailbox {
+
+const int g_nSize = 0x10000; // Bytes.
+
+// Queues the message behind those waiting; where no end is found, it overwrites them from the
+// start. An empty message is sent as one blank, which opens nothing but is seen. False, and nothing
+// written, when it does not fit. pMemory holds nSize bytes.
+bool append(char *pMemory, int nSize, const QString &strMessage);
+
+// The messages waiting in a copy of the memory, oldest first. Any bytes are fine.
+QStringList messages(const QByteArray &memory);
+
+} // namespace Mailbox

@@ -1,0 +1,74 @@
+#include "app/arguments.h"
+#include "app/clangmgt.h"
+#include "app/csettings.h"
+#include "app/csingleapp.h"
+#include "app/platform.h"
+#include "mainwindow/mainwindow.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <memory>
+
+namespace {
+
+const char g_szOrganization[] = "Tavrel Software";
+
+void loadTranslator(QTranslator *pTranslator, const char *szPrefix, const QString &strLocale)
+{
+    const QString strFile = QLatin1String(szPrefix) + strLocale + QLatin1String(".qm");
+    if (pTranslator->load(strFile, QStringLiteral(":/")))
+        QCoreApplication::installTranslator(pTranslator);
+}
+
+int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList &lstPaths)
+{
+    QCoreApplication::setOrganizationName(QLatin1String(g_szOrganization));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("quillan.example"));
+    QCoreApplication::setApplicationName(
+        QFileInfo(QCoreApplication::applicationFilePath()).baseName());
+    QGuiApplication::setApplicationDisplayName(QString()); // Windows carry their whole title.
+
+    const QString strLocale = QLocale::system().name().toLower();
+    QTranslator translators[3];
+    loadTranslator(&translators[0], "lang_", strLocale);
+    loadTranslator(&translators[1], "qt_", strLocale);
+    loadTranslator(&translators[2], "base_", strLocale); // Names no catalogue of ours.
+
+    const auto pLangMgt = std::make_unique<CLangMgt>(nullptr);
+    g_pLangMgt = pLangMgt.get();
+    const auto pSettings = std::make_unique<CSettings>(QLatin1String(g_szOrganization),
+                                                       QCoreApplication::applicationName());
+    g_pSettings = pSettings.get();
+    pSettings->setLoc(strLocale);
+    const auto pMainWindow = std::make_unique<MainWindow>();
+    g_pMainWindow = pMainWindow.get();
+
+    QObject::connect(pSingle, &CSingleApp::messageAvailable, pMainWindow.get(),
+                     &MainWindow::parseArgument);
+    pMainWindow->showMaximized();
+    if (!lstPaths.isEmpty())
+        pMainWindow->parseArguments(lstPaths);
+    Platform::quitOnTermination(pApp);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication app(argc, argv);
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath());
+
+    const QStringList lstPaths = pathsFromArguments(Platform::processArguments(argc, argv));
+    CSingleApp single(nullptr, QStringLiteral("vrix_uniqe_2016"));
+    if (single.isRunning()) {
+        single.sendMessage(messageFromPaths(lstPaths));
+        return 0;
+    }
+    return runFirstInstance(&app, &single, lstPaths);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+class QObject;
+
+// Everything that differs between systems. Each function stands once in platform_unix.cpp and once
+// in platform_win.cpp; no other file asks which system it is on.
+namespace Platform {
+
+// The program's arguments, its own name first, as local 8-bit strings.
+QList<QByteArray> processArguments(int nArgc, char **ppArgv);
+
+// Frees a shared segment that a crashed program left behind. Does not disturb a live owner.
+void releaseDeadSegment(const QString &strKey);
+
+// Requests to end the program from outside end the event loop of QCoreApplication in order.
+// The watcher lives as long as pParent.
+void quitOnTermination(QObject *pParent);
+
+// Shows the file, selected, in a file manager window. The request does not block.
+bool revealFile(const QString &strPath);
+
+// True when replacing the file by a renamed copy would lose what hangs on it: further hard links,
+// a foreign owner, a device or pipe.
+bool mustWriteInPlace(const QString &strPath);
+
+// Enlarges an open file to nSize bytes with the disk space really taken. False when the disk is
+// full.
+bool reserveFileSpace(int nHandle, qint64 nSize);
+
+// The line-ending style of new documents: 0 CR LF, 1 LF.
+int defaultReturnFormat();
+
+} // namespace Platform

@@ -1,0 +1,111 @@
+#include "app/platform.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QSharedMemory>
+#include <QSocketNotifier>
+#include <QUrl>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// A signal handler may do little more than write: it wakes the event loop through this pair.
+int g_arrSignalSockets[2] = {-1, -1};
+
+void onSignal(int)
+{
+    const char c = 1;
+    const ssize_t nWritten = write(g_arrSignalSockets[0], &c, 1);
+    Q_UNUSED(nWritten)
+}
+
+bool openFolderOf(const QString &strPath)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(strPath).absolutePath()));
+}
+
+} // namespace
+
+QList<QByteArray> Platform::processArguments(int nArgc, char **ppArgv)
+{
+    QList<QByteArray> lstArguments;
+    for (int n = 0; n < nArgc; ++n)
+        lstArguments.append(ppArgv[n]);
+    return lstArguments;
+}
+
+void Platform::releaseDeadSegment(const QString &strKey)
+{
+    // A System V segment outlives a crash; the last one to detach makes the kernel free it.
+    QSharedMemory probe(strKey);
+    if (probe.attach(QSharedMemory::ReadOnly))
+        probe.detach();
+}
+
+void Platform::quitOnTermination(QObject *pParent)
+{
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, g_arrSignalSockets) != 0)
+        return;
+    auto *pNotifier = new QSocketNotifier(g_arrSignalSockets[1], QSocketNotifier::Read, pParent);
+    QObject::connect(pNotifier, &QSocketNotifier::activated, pParent, [pNotifier] {
+        pNotifier->setEnabled(false);
+        QCoreApplication::exit(0);
+    });
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (const int nSignal : {SIGTERM, SIGINT, SIGHUP})
+        sigaction(nSignal, &action, nullptr);
+}
+
+bool Platform::revealFile(const QString &strPath)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return openFolderOf(strPath);
+    const QUrl url = QUrl::fromLocalFile(QFileInfo(strPath).absoluteFilePath());
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.FileManager1"),
+        QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+    call << QStringList(url.toString(QUrl::FullyEncoded)) << QString();
+    // A file manager may take seconds to start: the answer is not waited for.
+    auto *pWatcher = new QDBusPendingCallWatcher(bus.asyncCall(call), qApp);
+    QObject::connect(pWatcher, &QDBusPendingCallWatcher::finished, qApp, [strPath, pWatcher] {
+        if (QDBusPendingReply<>(*pWatcher).isError())
+            openFolderOf(strPath);
+        pWatcher->deleteLater();
+    });
+    return true;
+}
+
+bool Platform::mustWriteInPlace(const QString &strPath)
+{
+    struct stat info = {};
+    if (stat(QFile::encodeName(strPath).constData(), &info) != 0)
+        return false;
+    return !S_ISREG(info.st_mode) || info.st_nlink > 1 || info.st_uid != geteuid();
+}
+
+bool Platform::reserveFileSpace(int nHandle, qint64 nSize)
+{
+    return posix_fallocate(nHandle, 0, nSize) == 0;
+}
+
+int Platform::defaultReturnFormat()
+{
+    return 1;
+}

@@ -1,0 +1,66 @@
+#include "app/platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+#include <io.h>
+#include <qt_windows.h>
+#include <shellapi.h>
+
+QList<QByteArray> Platform::processArguments(int, char **)
+{
+    // The wide command line, because argv has lost what the start-up code page cannot hold.
+    QList<QByteArray> lstArguments;
+    int nCount = 0;
+    wchar_t **ppArguments = CommandLineToArgvW(GetCommandLineW(), &nCount);
+    for (int n = 0; n < nCount; ++n)
+        lstArguments.append(QString::fromWCharArray(ppArguments[n]).toLocal8Bit());
+    LocalFree(ppArguments);
+    return lstArguments;
+}
+
+void Platform::releaseDeadSegment(const QString &)
+{
+    // The system frees a segment with its last owner.
+}
+
+void Platform::quitOnTermination(QObject *)
+{
+    // The end of a session arrives as window messages, which Qt answers.
+}
+
+bool Platform::revealFile(const QString &strPath)
+{
+    QProcess process;
+    process.setProgram(QStringLiteral("explorer.exe"));
+    // Given as it stands: the program reads its command line by rules of its own, and a path here
+    // holds no quotes.
+    process.setNativeArguments(
+        QStringLiteral("/select, \"%1\"").arg(QDir::toNativeSeparators(strPath)));
+    return process.startDetached();
+}
+
+bool Platform::mustWriteInPlace(const QString &strPath)
+{
+    const QString strNative = QDir::toNativeSeparators(strPath);
+    const HANDLE hFile = CreateFileW(reinterpret_cast<const wchar_t *>(strNative.utf16()), 0,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                     nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE)
+        return false;
+    BY_HANDLE_FILE_INFORMATION info = {};
+    const bool bKnown = GetFileInformationByHandle(hFile, &info) != 0;
+    CloseHandle(hFile);
+    return bKnown && info.nNumberOfLinks > 1;
+}
+
+bool Platform::reserveFileSpace(int nHandle, qint64 nSize)
+{
+    return _chsize_s(nHandle, nSize) == 0;
+}
+
+int Platform::defaultReturnFormat()
+{
+    return 0;
+}
