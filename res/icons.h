@@ -4,13 +4,13 @@
 #include <QIcon>
 #include <QString>
 
-// The icon drawn as res/icons/NAME.svg: 16 pixels for menus, tabs and buttons, 24 for toolbars, each
-// also at double density. A file added to a QIcon brings its "@2x" neighbour by itself. Null when
-// there is no such drawing.
-inline QIcon drawnIcon(const QString &name)
+// The icon drawn as res/icons/NAME.svg: 16 pixels for menus, tabs and buttons, 24 for toolbars,
+// each also at double density. A file added to a QIcon brings its "@2x" neighbour by itself.
+// Without any size when there is no such drawing.
+inline QIcon drawnIcon(const QString &strName)
 {
-    QIcon icon(QStringLiteral(":/res/%1.png").arg(name));
-    icon.addFile(QStringLiteral(":/res/24/%1.png").arg(name));
+    QIcon icon(QStringLiteral(":/res/%1.png").arg(strName));
+    icon.addFile(QStringLiteral(":/res/24/%1.png").arg(strName));
     return icon;
 }
 
@@ -18,7 +18,7 @@ inline QIcon drawnIcon(const QString &name)
 inline QIcon applicationIcon()
 {
     QIcon icon;
-    for (int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/share/quillan-%1.png").arg(size));
+    for (int nSize : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/share/quillan-%1.png").arg(nSize));
     return icon;
 }
