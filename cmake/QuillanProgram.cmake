@@ -3,6 +3,16 @@ add_executable(quillan WIN32 app/main.cpp)
 target_link_libraries(quillan PRIVATE quillan_mainwindow quillan_resources quillan_flags)
 set_target_properties(quillan PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
 
+# Windows: icon, version information and manifest.
+if(WIN32)
+  set(QUILLAN_WINDOWS_DIR "${PROJECT_SOURCE_DIR}/packaging/windows")
+  configure_file("${QUILLAN_WINDOWS_DIR}/quillan.rc.in" "${PROJECT_BINARY_DIR}/quillan.rc" @ONLY)
+  target_sources(quillan PRIVATE "${PROJECT_BINARY_DIR}/quillan.rc")
+  if(MSVC)
+    target_sources(quillan PRIVATE "${QUILLAN_WINDOWS_DIR}/quillan.manifest")
+  endif()
+endif()
+
 file(GLOB definitions CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/highlighter/*")
 add_custom_command(
   OUTPUT "${PROJECT_BINARY_DIR}/highlighter.stamp"
