@@ -16,3 +16,7 @@ dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils clang-format clang-tid
 
 # To measure: peers for the benchmarks only.
 PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
+
+# To check what no test program can: the Linux package, the Windows branches, the drawings.
+PACKAGES_CHECK="
+dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64"
