@@ -1,0 +1,184 @@
+#include "highlight/chighlightmgt.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegExp>
+
+namespace {
+
+// The first child of that name, letter case ignored; a null node when there is none.
+bool hasName(const QDomNode &node, const char *pszName)
+{
+    return node.nodeName().toLower() == QLatin1String(pszName);
+}
+
+// Nodes that are no elements (comments between items) have no attributes; they still count as nodes.
+QString attribute(const QDomNode &node, const char *pszName)
+{
+    return node.toElement().attribute(QLatin1String(pszName));
+}
+
+// A null element when the file cannot be read or is not well-formed.
+QDomElement readRoot(const QString &strPath, QDomDocument *pDocument)
+{
+    QFile file(strPath);
+    if (strPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)
+        || !pDocument->setContent(file.readAll())) {
+        return QDomElement();
+    }
+    return pDocument->documentElement();
+}
+
+QVariantList parseComments(const QDomNode &nodeComments)
+{
+    QVariantList lst;
+    for (QDomNode node = nodeComments.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        QVariantMap mapComment;
+        for (const char *pszKey : {"name", "start", "end"}) {
+            mapComment.insert(QLatin1String(pszKey), attribute(node, pszKey));
+        }
+        lst.append(mapComment);
+    }
+    return lst;
+}
+
+QVariantMap parseGeneral(const QDomNode &nodeGeneral)
+{
+    QVariantMap map;
+    for (QDomNode node = nodeGeneral.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        if (hasName(node, "keywords")) {
+            const QVariantMap mapKeywords {
+                {QStringLiteral("casesensitive"), attribute(node, "casesensitive")}};
+            map.insert(QStringLiteral("keywords"), mapKeywords);
+        } else if (hasName(node, "comments")) {
+            map.insert(QStringLiteral("comments"), parseComments(node));
+        }
+    }
+    return map;
+}
+
+QStringList parseItems(const QDomNode &nodeList)
+{
+    QStringList lst;
+    for (QDomNode node = nodeList.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        lst.append(node.toElement().text());
+    }
+    return lst;
+}
+
+QVariantMap parseContext(const QDomNode &nodeContext)
+{
+    QVariantList lstChildren;
+    for (QDomNode node = nodeContext.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        lstChildren.append(QVariantMap {{QStringLiteral("tag"), node.toElement().tagName()},
+                                        {QStringLiteral("char"), attribute(node, "char")},
+                                        {QStringLiteral("char1"), attribute(node, "char1")}});
+    }
+    return QVariantMap {{QStringLiteral("name"), attribute(nodeContext, "name")},
+                        {QStringLiteral("children"), lstChildren}};
+}
+
+QVariantMap parseHighlighting(const QDomNode &nodeHighlighting)
+{
+    QVariantMap map;
+    for (QDomNode node = nodeHighlighting.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        if (hasName(node, "list")) {
+            map.insert(attribute(node, "name"), parseItems(node));
+        } else if (hasName(node, "contexts")) {
+            QVariantList lstContexts;
+            for (QDomNode context = node.firstChild(); !context.isNull();
+                 context = context.nextSibling()) {
+                lstContexts.append(parseContext(context));
+            }
+            map.insert(QStringLiteral("contexts"), lstContexts);
+        }
+    }
+    return map;
+}
+
+} // namespace
+
+CHighlightMgt::CHighlightMgt(QObject *pParent) :
+    QObject(pParent)
+{
+    QDir dir(QCoreApplication::applicationDirPath());
+    dir.cd(QStringLiteral("highlighter"));
+    scan(dir);
+}
+
+CHighlightMgt::CHighlightMgt(const QString &strFolder, QObject *pParent) :
+    QObject(pParent)
+{
+    scan(QDir(strFolder));
+}
+
+void CHighlightMgt::scan(const QDir &dir)
+{
+    const QFileInfoList lstFiles
+        = dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
+    for (const QFileInfo &info : lstFiles) {
+        QDomDocument document;
+        const QDomElement root = readRoot(info.absoluteFilePath(), &document);
+        if (root.isNull()) {
+            continue;
+        }
+        const QStringList lstPatterns
+            = attribute(root, "extensions").split(QLatin1Char(';'), Qt::KeepEmptyParts);
+        const QString strBaseName = info.baseName();
+        m_mapTable.insert(strBaseName,
+                          QVariantMap {{QStringLiteral("path"), info.absoluteFilePath()},
+                                       {QStringLiteral("extension"), lstPatterns},
+                                       {QStringLiteral("name"), attribute(root, "name")},
+                                       {QStringLiteral("file_base_name"), strBaseName}});
+    }
+}
+
+QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
+{
+    for (const QVariant &entry : m_mapTable) {
+        const QVariantMap mapEntry = entry.toMap();
+        const QStringList lstPatterns = mapEntry.value(QStringLiteral("extension")).toStringList();
+        for (const QString &strPattern : lstPatterns) {
+            if (QRegExp(strPattern, Qt::CaseInsensitive, QRegExp::WildcardUnix)
+                    .exactMatch(strFileName)) {
+                return parse(mapEntry.value(QStringLiteral("path")).toString());
+            }
+        }
+    }
+    return QVariantMap();
+}
+
+QVariantMap CHighlightMgt::definitionForName(const QString &strName) const
+{
+    for (const QVariant &entry : m_mapTable) {
+        const QVariantMap mapEntry = entry.toMap();
+        if (mapEntry.value(QStringLiteral("name")).toString() == strName) {
+            return parse(mapEntry.value(QStringLiteral("path")).toString());
+        }
+    }
+    return QVariantMap();
+}
+
+QVariantMap CHighlightMgt::parse(const QString &strPath)
+{
+    QDomDocument document;
+    const QDomElement root = readRoot(strPath, &document);
+    if (root.isNull()) {
+        return QVariantMap();
+    }
+    QVariantMap map;
+    map.insert(QStringLiteral("language"),
+               QVariantMap {{QStringLiteral("name"), attribute(root, "name")},
+                            {QStringLiteral("extensions"), attribute(root, "extensions")}});
+    for (QDomNode node = root.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        if (hasName(node, "general")) {
+            map.insert(QStringLiteral("general"), parseGeneral(node));
+        } else if (hasName(node, "highlighting")) {
+            map.insert(QStringLiteral("highlighting"), parseHighlighting(node));
+        }
+    }
+    return map;
+}

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QMutex>
+#include <QString>
+#include <atomic>
+#include <deque>
+#include <functional>
+#include <vector>
+
+// A copy of a document's lines for the highlighter's thread, with what is known of each line's
+// highlighting. Qt's own blocks are rebalanced by every edit and cannot be read by another thread.
+//
+// A line is stale when its result has to be computed (again): its text, the state it starts with or
+// the rules changed, or its result was under way when an edit made it void. Lines that are not stale
+// have a result that belongs to their text and to the stored state of the line before.
+//
+// The GUI thread edits, one worker computes; each call takes the lock for itself. Lines count from 0.
+class CLineStore
+{
+public:
+    struct Line
+    {
+        QString strText;
+        int nState; // at its end, as last computed; -1 when never
+        bool bStale;
+    };
+    // Successive lines, the text of each copied.
+    struct Batch
+    {
+        int nFirst = 0;
+        int nStateBefore = -1; // the state that the first line starts with
+        std::vector<Line> lst; // empty: there is nothing left, or the version is another one
+    };
+    struct Done
+    {
+        int nLine;
+        int nState;
+    };
+
+    CLineStore();
+
+    uint version() const { return m_nVersion.load(std::memory_order_acquire); }
+    int count() const;
+    QString text(int nLine) const;
+
+    // The GUI thread's part. replace() and touch() make results under way void and begin a version.
+
+    // Puts nNew lines, asked from nextLine one after the other, in the place of nOld lines.
+    void replace(int nFirst, int nOld, int nNew, const std::function<QString()> &nextLine);
+    void touch();
+    void markAllStale();
+    // Whether there was an edit since a pass was last finished.
+    bool isEdited() const;
+    // The nCount results that were committed first have arrived, or nothing when the version is old.
+    void confirm(uint nVersion, int nCount);
+
+    // The worker's part.
+
+    // The next lines from nFrom on: those of the first group of stale ones, or without bOnlyStale
+    // whatever comes next.
+    Batch fetch(uint nVersion, int nFrom, bool bOnlyStale) const;
+    // Records new states; a line behind one whose state changed becomes stale. False, and nothing is
+    // recorded, when the version or the generation is not the current one.
+    bool commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone);
+    void finishPass(uint nVersion);
+    // Grows with every markAllStale(): a result of older rules does not count.
+    uint generation() const { return m_nGeneration.load(std::memory_order_acquire); }
+
+private:
+    struct Entry
+    {
+        int nLength;
+        qint8 nState;
+        bool bStale;
+    };
+    // A run of lines, their texts end to end.
+    struct Chunk
+    {
+        QString strText;
+        std::vector<Entry> lst;
+        int nStale = 0;
+
+        int offset(int nLine) const;
+        void insert(int nLine, int nCount, const std::function<QString()> &nextLine);
+        void remove(int nLine, int nCount);
+        void setStale(int nLine, bool bStale);
+    };
+    struct Position
+    {
+        int nChunk = 0;
+        int nLine = 0; // within the chunk
+    };
+
+    Position locate(int nLine) const;
+    void voidResultsUnderWay();
+    void remove(int nFirst, int nCount);
+    void insert(int nFirst, int nCount, const std::function<QString()> &nextLine);
+    void splitBehind(const Position &at);
+
+    mutable QMutex m_mutex;
+    std::vector<Chunk> m_lstChunks;
+    int m_nCount = 0;
+    std::deque<int> m_lstUnderWay; // lines whose results were committed and not yet confirmed
+    bool m_bEdited = true;
+    std::atomic<uint> m_nVersion {0};
+    std::atomic<uint> m_nGeneration {0};
+    // The chunk found last and the number of its first line: look-ups mostly go forward.
+    mutable int m_nHintChunk = 0;
+    mutable int m_nHintFirst = 0;
+};

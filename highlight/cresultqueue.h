@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QList>
+#include <QMutex>
+#include <QTextLayout>
+#include <QWaitCondition>
+#include <deque>
+#include <functional>
+#include <vector>
+
+// What the highlighter's thread found out about one line.
+struct HighlightResult
+{
+    enum Kind { Syntax, SelectedWord };
+
+    Kind kind;
+    uint nVersion;
+    int nLine;
+    int nState; // the block's new user state; syntax results only
+    QList<QTextLayout::FormatRange> lst;
+};
+
+// Results on their way from the worker to the GUI thread. The queue is bounded, because a worker
+// faster than the GUI would bury it. But it never blocks for good: a reader that does not read, such
+// as a GUI thread that waits for the worker to end, is waited for only for moments.
+class CResultQueue
+{
+public:
+    CResultQueue();
+
+    // Worker: appends, after waiting for room. Waits no longer once isCancelled answers true; the
+    // results go in all the same. True when the queue was empty.
+    bool push(std::vector<HighlightResult> &lst, const std::function<bool()> &isCancelled);
+    // GUI thread: the oldest results, at most nMax.
+    std::vector<HighlightResult> take(int nMax);
+    bool isEmpty() const;
+    // Makes a waiting push() ask isCancelled again.
+    void wake();
+
+private:
+    mutable QMutex m_mutex;
+    QWaitCondition m_roomMade;
+    std::deque<HighlightResult> m_lst;
+    size_t m_nBound;
+};

@@ -1,0 +1,130 @@
+#include "highlight/ctextdocument.h"
+
+#include "highlight/clinestore.h"
+
+#include <QPlainTextDocumentLayout>
+#include <algorithm>
+
+namespace {
+
+bool isMark(const QTextLayout::FormatRange &range)
+{
+    return range.format.intProperty(QTextFormat::UserProperty) & 1;
+}
+
+} // namespace
+
+CTextDocument::CTextDocument(QObject *pParent) :
+    QTextDocument(pParent), m_pLines(std::make_shared<CLineStore>())
+{
+    setDocumentLayout(new QPlainTextDocumentLayout(this));
+    connect(this, &QTextDocument::contentsChange, this, &CTextDocument::updateLines);
+}
+
+CTextDocument::~CTextDocument() = default;
+
+uint CTextDocument::version() const
+{
+    return m_pLines->version();
+}
+
+void CTextDocument::onContentsChange()
+{
+    m_pLines->touch();
+}
+
+// The change is given in characters; Qt sometimes counts the last block's separator in. The lines
+// that hold the new characters are read again; how many they replace follows from the line counts.
+void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
+{
+    m_nDirtyFrom = m_nDirtyEnd = 0;
+    const int nLast = characterCount() - 1;
+    QTextBlock block = findBlock(std::clamp(nPosition, 0, nLast));
+    int nFirst = block.blockNumber();
+    int nNew = findBlock(std::min(nPosition + nCharsAdded, nLast)).blockNumber() - nFirst + 1;
+    int nOld = m_pLines->count() - blockCount() + nNew;
+    if (nOld < 1 || nFirst + nOld > m_pLines->count()) {
+        block = begin();
+        nFirst = 0;
+        nNew = blockCount();
+        nOld = m_pLines->count();
+    }
+    m_pLines->replace(nFirst, nOld, nNew, [&block] {
+        const QString strText = block.text();
+        block = block.next();
+        return strText;
+    });
+}
+
+void CTextDocument::onHighlightBlock(uint nVer, QTextBlock tb, QList<QTextLayout::FormatRange> lst)
+{
+    replaceRanges(SyntaxRange, nVer, tb, lst);
+}
+
+void CTextDocument::onHighlightSelected(uint nVer, QTextBlock tb,
+                                        QList<QTextLayout::FormatRange> lst)
+{
+    replaceRanges(SelectedWordMark, nVer, tb, lst);
+}
+
+void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
+                                  const QList<QTextLayout::FormatRange> &lst)
+{
+    QTextLayout *pLayout = nVer == version() && tb.isValid() ? tb.layout() : nullptr;
+    if (!pLayout) {
+        return;
+    }
+    QVector<QTextLayout::FormatRange> lstRanges = pLayout->formats();
+    if (lstRanges.isEmpty() && lst.isEmpty()) {
+        return;
+    }
+    const auto isReplaced = [kind](const QTextLayout::FormatRange &range) {
+        return isMark(range) == (kind == SelectedWordMark);
+    };
+    lstRanges.erase(std::remove_if(lstRanges.begin(), lstRanges.end(), isReplaced),
+                    lstRanges.end());
+    const int nAt = kind == SyntaxRange ? 0 : lstRanges.size();
+    lstRanges.insert(nAt, lst.size(), QTextLayout::FormatRange());
+    std::copy(lst.begin(), lst.end(), lstRanges.begin() + nAt);
+
+    if (tb.position() != m_nDirtyEnd) {
+        flushDirty();
+        m_nDirtyFrom = tb.position();
+    }
+    pLayout->setFormats(lstRanges);
+    m_nDirtyEnd = tb.position() + tb.length();
+    if (!m_bCollecting) {
+        flushDirty();
+    }
+}
+
+void CTextDocument::beginResults()
+{
+    m_bCollecting = true;
+}
+
+void CTextDocument::endResults()
+{
+    m_bCollecting = false;
+    flushDirty();
+}
+
+void CTextDocument::flushDirty()
+{
+    if (m_nDirtyEnd > m_nDirtyFrom) {
+        markContentsDirty(m_nDirtyFrom, m_nDirtyEnd - m_nDirtyFrom);
+    }
+    m_nDirtyFrom = m_nDirtyEnd = 0;
+}
+
+void CTextDocument::clearAdditionalFormats()
+{
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+        if (QTextLayout *pLayout = block.layout()) {
+            pLayout->clearFormats();
+        }
+    }
+    markContentsDirty(0, characterCount());
+    // No block has the ranges any more that an incremental pass would leave alone.
+    m_pLines->markAllStale();
+}

@@ -1,0 +1,144 @@
+#include "highlight/cthreadhighlighter.h"
+
+#include "highlight/chighlightrules.h"
+
+#include <QMutexLocker>
+
+CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument) :
+    QThread(pDocument), m_pDocument(pDocument),
+    m_pLines(pDocument ? pDocument->lines() : std::make_shared<CLineStore>()),
+    m_pRules(std::make_shared<CHighlightRules>())
+{
+    // For signals that cross threads and for signal spies; doing it twice does no harm.
+    qRegisterMetaType<QTextBlock>("QTextBlock");
+    qRegisterMetaType<QList<QTextLayout::FormatRange>>("QList<QTextLayout::FormatRange>");
+
+    m_timerDeliver.setSingleShot(true);
+    m_timerEdit.setSingleShot(true);
+    connect(&m_timerDeliver, &QTimer::timeout, this, &CThreadHighlighter::deliver);
+    connect(&m_timerEdit, &QTimer::timeout, this, &CThreadHighlighter::onEditSettled);
+    if (!pDocument) {
+        return;
+    }
+    connect(this, &CThreadHighlighter::blockFormatChanged, pDocument,
+            &CTextDocument::onHighlightBlock);
+    connect(this, &CThreadHighlighter::selectedChanged, pDocument,
+            &CTextDocument::onHighlightSelected);
+    connect(pDocument, &QTextDocument::contentsChange, this, &CThreadHighlighter::onEdited);
+    connect(pDocument, &QTextDocument::contentsChanged, this,
+            &CThreadHighlighter::onEditAnnounced);
+}
+
+CThreadHighlighter::~CThreadHighlighter()
+{
+    stopThread();
+    wait();
+}
+
+void CThreadHighlighter::setDefinition(const QVariantMap &mapDefinition)
+{
+    auto pRules = std::make_shared<const CHighlightRules>(mapDefinition);
+    {
+        const QMutexLocker locker(&m_mutex);
+        m_pRules.swap(pRules);
+    }
+    m_pLines->markAllStale();
+    QTimer::singleShot(0, this, &CThreadHighlighter::rehighlight);
+}
+
+void CThreadHighlighter::setSelectedWord(const QString &strWord)
+{
+    const QString strNew = strWord.trimmed().size() < 3 ? QString() : strWord;
+    {
+        const QMutexLocker locker(&m_mutex);
+        if (strNew == m_strWord) {
+            return;
+        }
+        m_strWord = strNew;
+        m_bSelectionWanted = true;
+        m_bSelectionRestart = true;
+    }
+    startIfIdle();
+}
+
+QString CThreadHighlighter::languageName() const
+{
+    return m_pRules->languageName();
+}
+
+QString CThreadHighlighter::singleLineComment() const
+{
+    return m_pRules->singleLineComment();
+}
+
+QString CThreadHighlighter::multiLineCommentStart() const
+{
+    return m_pRules->multiLineCommentStart();
+}
+
+QString CThreadHighlighter::multiLineCommentEnd() const
+{
+    return m_pRules->multiLineCommentEnd();
+}
+
+void CThreadHighlighter::rehighlight()
+{
+    const bool bByEdit = m_nRequestsToCome > 0;
+    m_nRequestsToCome -= bByEdit;
+    if (!bByEdit && !m_pLines->isEdited()) {
+        m_pLines->markAllStale();
+    }
+    {
+        const QMutexLocker locker(&m_mutex);
+        m_bSyntaxRestart = true;
+        m_bSyntaxWanted = true;
+        m_bStop = false;
+    }
+    startIfIdle();
+}
+
+void CThreadHighlighter::stopThread()
+{
+    m_bStop = true;
+    m_queue.wake();
+}
+
+// Once the worker has looked at the requests for the last time it is not active any more, although
+// the thread may take another moment to end; only then can it be started again.
+void CThreadHighlighter::startIfIdle()
+{
+    {
+        const QMutexLocker locker(&m_mutex);
+        if (m_bActive) {
+            return;
+        }
+        m_bActive = true;
+    }
+    wait();
+    start(QThread::InheritPriority);
+}
+
+void CThreadHighlighter::onEdited()
+{
+    m_bUnannounced = true;
+    m_bStoppedBeforeEdit = m_bStop;
+    m_timerEdit.start(0);
+}
+
+void CThreadHighlighter::onEditAnnounced()
+{
+    m_bUnannounced = false;
+    ++m_nRequestsToCome;
+    m_timerEdit.start(0);
+}
+
+// The requests that an edit posted have all arrived by now. QPlainTextEdit::clear() posts a stop and
+// no request; the document must not stay uncoloured for that.
+void CThreadHighlighter::onEditSettled()
+{
+    m_nRequestsToCome = 0;
+    if (m_bUnannounced && m_bStop && !m_bStoppedBeforeEdit) {
+        rehighlight();
+    }
+    m_bUnannounced = false;
+}

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "highlight/clinestore.h"
+#include "highlight/cresultqueue.h"
+#include "highlight/ctextdocument.h"
+
+#include <QMutex>
+#include <QPointer>
+#include <QThread>
+#include <QTimer>
+#include <atomic>
+#include <memory>
+
+class CHighlightRules;
+
+// Computes the highlighting of a CTextDocument on a thread of its own. The thread runs while there is
+// work and ends when there is none; a request starts it. Each result reaches the document through one
+// of the two signals, with the version of the text it belongs to; the block's user state has then
+// been written. Everything public is for the GUI thread.
+class CThreadHighlighter : public QThread
+{
+    Q_OBJECT
+public:
+    // The document becomes the parent.
+    explicit CThreadHighlighter(CTextDocument *pDocument);
+    // Stops the thread and waits for it.
+    ~CThreadHighlighter() override;
+
+    // Replaces every rule and asks for a full pass as soon as the event loop runs. An empty
+    // definition leaves numbers, operators and strings in double quotes.
+    void setDefinition(const QVariantMap &mapDefinition);
+    // The word whose occurrences are marked, letter case ignored; a text of less than three
+    // characters without the white space around it marks nothing.
+    void setSelectedWord(const QString &strWord);
+
+    // Of the definition in force; empty without one, but the single-line comment is "//" until the
+    // first definition is set.
+    QString languageName() const;
+    QString singleLineComment() const;
+    QString multiLineCommentStart() const;
+    QString multiLineCommentEnd() const;
+
+public slots:
+    // Asks for a syntax pass. Blocks that an edit did not touch keep their ranges; without an edit
+    // since the last finished pass every block is done.
+    void rehighlight();
+    // Ends the running pass at its next check; nothing runs again before the next rehighlight().
+    void stopThread();
+
+signals:
+    // The syntax ranges of a block; replaces those it has.
+    void blockFormatChanged(uint nVer, QTextBlock tb, QList<QTextLayout::FormatRange> lst);
+    // The marks of the selected word in a block; an empty list clears them.
+    void selectedChanged(uint nVer, QTextBlock tb, QList<QTextLayout::FormatRange> lst);
+
+protected:
+    void run() override;
+
+private:
+    struct Pass;
+
+    // Requests, GUI thread.
+    void startIfIdle();
+    void onEdited();
+    void onEditAnnounced();
+    void onEditSettled();
+
+    // The pass, worker thread.
+    void beginPass(Pass *pPass);
+    void runPass(Pass *pPass);
+    void takeRules(Pass *pPass) const;
+    bool isCutShort(const Pass &pass) const;
+    bool processBatch(const Pass &pass, const CLineStore::Batch &batch);
+    bool endPass(const Pass &pass);
+    void send(const Pass &pass, std::vector<HighlightResult> *pResults);
+
+    // Results, GUI thread.
+    void deliver();
+    void deliverSome(const std::vector<HighlightResult> &lst);
+    void repeatSelection();
+
+    QPointer<CTextDocument> m_pDocument;
+    std::shared_ptr<CLineStore> m_pLines;
+    CResultQueue m_queue;
+
+    // Guards the rules, the word and whether the worker may still see a request.
+    mutable QMutex m_mutex;
+    std::shared_ptr<const CHighlightRules> m_pRules;
+    QString m_strWord;
+    bool m_bActive = false;
+
+    std::atomic_bool m_bStop {false};
+    std::atomic_bool m_bSyntaxWanted {false};
+    std::atomic_bool m_bSelectionWanted {false};
+    std::atomic_bool m_bSyntaxRestart {false};
+    std::atomic_bool m_bSelectionRestart {false};
+
+    std::atomic_bool m_bDelivering {false};
+    QTimer m_timerDeliver;
+    QTimer m_timerEdit;
+    int m_nRequestsToCome = 0;       // by edits whose rehighlight() is still in the event queue
+    bool m_bUnannounced = false;     // contentsChange came without contentsChanged
+    bool m_bStoppedBeforeEdit = false;
+};
