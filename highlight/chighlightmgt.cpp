@@ -15,7 +15,8 @@ bool hasName(const QDomNode &node, const char *pszName)
     return node.nodeName().toLower() == QLatin1String(pszName);
 }
 
-// Nodes that are no elements (comments between items) have no attributes; they still count as nodes.
+// Nodes that are no elements (comments between items) have no attributes; they still count as
+// nodes.
 QString attribute(const QDomNode &node, const char *pszName)
 {
     return node.toElement().attribute(QLatin1String(pszName));
@@ -101,32 +102,30 @@ QVariantMap parseHighlighting(const QDomNode &nodeHighlighting)
 
 } // namespace
 
-CHighlightMgt::CHighlightMgt(QObject *pParent) :
-    QObject(pParent)
+CHighlightMgt::CHighlightMgt(QObject *pParent) : QObject(pParent)
 {
     QDir dir(QCoreApplication::applicationDirPath());
     dir.cd(QStringLiteral("highlighter"));
     scan(dir);
 }
 
-CHighlightMgt::CHighlightMgt(const QString &strFolder, QObject *pParent) :
-    QObject(pParent)
+CHighlightMgt::CHighlightMgt(const QString &strFolder, QObject *pParent) : QObject(pParent)
 {
     scan(QDir(strFolder));
 }
 
 void CHighlightMgt::scan(const QDir &dir)
 {
-    const QFileInfoList lstFiles
-        = dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
+    const QFileInfoList lstFiles =
+        dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
     for (const QFileInfo &info : lstFiles) {
         QDomDocument document;
         const QDomElement root = readRoot(info.absoluteFilePath(), &document);
         if (root.isNull()) {
             continue;
         }
-        const QStringList lstPatterns
-            = attribute(root, "extensions").split(QLatin1Char(';'), Qt::KeepEmptyParts);
+        const QStringList lstPatterns =
+            attribute(root, "extensions").split(QLatin1Char(';'), Qt::KeepEmptyParts);
         const QString strBaseName = info.baseName();
         m_mapTable.insert(strBaseName,
                           QVariantMap {{QStringLiteral("path"), info.absoluteFilePath()},

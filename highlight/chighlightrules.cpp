@@ -5,7 +5,8 @@
 
 namespace {
 
-const char *const pszNumber = R"(((((0[xX])|#)[a-fA-F0-9]+)|([\+\-]{0,1}\d+([.]\d*){0,1}([eE][\+\-]{0,1}\d*){0,1})))";
+const char *const pszNumber =
+    R"(((((0[xX])|#)[a-fA-F0-9]+)|([\+\-]{0,1}\d+([.]\d*){0,1}([eE][\+\-]{0,1}\d*){0,1})))";
 const char *const pszOperator = R"((([\+\-\*\/\~\^\!]{1,2})|([*\/+-\!\^~><]{0,1}={1,3})))";
 const char *const pszQuoteEnd = R"((^|[^\\])(\\\\)*")";
 const char *const pszApostropheEnd = R"((^|[^\\])(\\\\)*')";
@@ -37,8 +38,8 @@ void addAll(const QRegExp &rx, CHighlightRules::Role role, const QString &strTex
 
 } // namespace
 
-CHighlightRules::CHighlightRules() :
-    m_strSingleLine(QStringLiteral("//")), m_rxSingleLine(m_strSingleLine)
+CHighlightRules::CHighlightRules()
+    : m_strSingleLine(QStringLiteral("//")), m_rxSingleLine(m_strSingleLine)
 {
 }
 

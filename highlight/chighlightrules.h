@@ -7,10 +7,10 @@
 #include <functional>
 #include <vector>
 
-// How lines are coloured: the fixed rules for numbers and operators, the keywords and patterns of one
-// definition, comments and strings. A value: the result for a line depends on the line's text and on
-// the state at the end of the line before it, on nothing else. QRegExp keeps its last match in
-// itself, so that a copy belongs to one thread at a time.
+// How lines are coloured: the fixed rules for numbers and operators, the keywords and patterns of
+// one definition, comments and strings. A value: the result for a line depends on the line's text
+// and on the state at the end of the line before it, on nothing else. QRegExp keeps its last match
+// in itself, so that a copy belongs to one thread at a time.
 class CHighlightRules
 {
 public:
@@ -27,7 +27,7 @@ public:
 
     struct Range
     {
-        int nStart;  // in UTF-16 code units from the start of the line
+        int nStart; // in UTF-16 code units from the start of the line
         int nLength;
         Role role;
     };
@@ -39,7 +39,8 @@ public:
     // Asked before each rule; true abandons the line.
     using AbortCheck = std::function<bool()>;
 
-    // Numbers, operators, strings in double quotes and "//" comments: what holds before a definition.
+    // Numbers, operators, strings in double quotes and "//" comments: what holds before a
+    // definition.
     CHighlightRules();
     // What a definition asks for; an empty one leaves numbers, operators and strings.
     explicit CHighlightRules(const QVariantMap &mapDefinition);

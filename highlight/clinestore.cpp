@@ -55,8 +55,7 @@ void CLineStore::Chunk::setStale(int nLine, bool bStale)
 }
 
 // A document without text has one empty line.
-CLineStore::CLineStore() :
-    m_lstChunks(1), m_nCount(1)
+CLineStore::CLineStore() : m_lstChunks(1), m_nCount(1)
 {
     m_lstChunks.front().insert(0, 1, [] { return QString(); });
 }
@@ -79,7 +78,8 @@ void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QSt
 {
     const QMutexLocker locker(&m_mutex);
     voidResultsUnderWay();
-    // The line behind the edit was computed with this state; it stays valid if the state comes again.
+    // The line behind the edit was computed with this state; it stays valid if the state comes
+    // again.
     const Position last = locate(nFirst + nOld - 1);
     const qint8 nStateAtEnd = m_lstChunks[last.nChunk].lst[last.nLine].nState;
     insert(nFirst + nOld, nNew, nextLine);
@@ -156,14 +156,15 @@ CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) c
         batch.nStateBefore = m_lstChunks[before.nChunk].lst[before.nLine].nState;
     }
     int nOffset = chunk().offset(at.nLine);
-    for (int nChars = 0; at.nLine < int(chunk().lst.size()) && int(batch.lst.size()) < nLinesPerBatch
-         && nChars < nCharsPerBatch;
+    for (int nChars = 0; at.nLine < int(chunk().lst.size())
+         && int(batch.lst.size()) < nLinesPerBatch && nChars < nCharsPerBatch;
          ++at.nLine) {
         const Entry &entry = chunk().lst[at.nLine];
         if (bOnlyStale && !entry.bStale) {
             break;
         }
-        batch.lst.push_back({chunk().strText.mid(nOffset, entry.nLength), entry.nState, entry.bStale});
+        batch.lst.push_back(
+            {chunk().strText.mid(nOffset, entry.nLength), entry.nState, entry.bStale});
         nOffset += entry.nLength;
         nChars += entry.nLength;
     }
@@ -259,8 +260,7 @@ void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &
         lstNew.back().insert(0, nHere, nextLine);
         lstNew.back().strText.squeeze();
     }
-    m_lstChunks.insert(m_lstChunks.begin() + at.nChunk + 1,
-                       std::make_move_iterator(lstNew.begin()),
+    m_lstChunks.insert(m_lstChunks.begin() + at.nChunk + 1, std::make_move_iterator(lstNew.begin()),
                        std::make_move_iterator(lstNew.end()));
 }
 

@@ -11,10 +11,11 @@
 // highlighting. Qt's own blocks are rebalanced by every edit and cannot be read by another thread.
 //
 // A line is stale when its result has to be computed (again): its text, the state it starts with or
-// the rules changed, or its result was under way when an edit made it void. Lines that are not stale
-// have a result that belongs to their text and to the stored state of the line before.
+// the rules changed, or its result was under way when an edit made it void. Lines that are not
+// stale have a result that belongs to their text and to the stored state of the line before.
 //
-// The GUI thread edits, one worker computes; each call takes the lock for itself. Lines count from 0.
+// The GUI thread edits, one worker computes; each call takes the lock for itself. Lines count from
+// 0.
 class CLineStore
 {
 public:
@@ -51,7 +52,8 @@ public:
     void markAllStale();
     // Whether there was an edit since a pass was last finished.
     bool isEdited() const;
-    // The nCount results that were committed first have arrived, or nothing when the version is old.
+    // The nCount results that were committed first have arrived, or nothing when the version is
+    // old.
     void confirm(uint nVersion, int nCount);
 
     // The worker's part.
@@ -59,8 +61,8 @@ public:
     // The next lines from nFrom on: those of the first group of stale ones, or without bOnlyStale
     // whatever comes next.
     Batch fetch(uint nVersion, int nFrom, bool bOnlyStale) const;
-    // Records new states; a line behind one whose state changed becomes stale. False, and nothing is
-    // recorded, when the version or the generation is not the current one.
+    // Records new states; a line behind one whose state changed becomes stale. False, and nothing
+    // is recorded, when the version or the generation is not the current one.
     bool commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone);
     void finishPass(uint nVersion);
     // Grows with every markAllStale(): a result of older rules does not count.

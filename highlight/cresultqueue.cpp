@@ -11,10 +11,7 @@ constexpr unsigned long nPatienceMs = 20;
 
 } // namespace
 
-CResultQueue::CResultQueue() :
-    m_nBound(nUsualBound)
-{
-}
+CResultQueue::CResultQueue() : m_nBound(nUsualBound) { }
 
 bool CResultQueue::push(std::vector<HighlightResult> &lst, const std::function<bool()> &isCancelled)
 {

@@ -21,8 +21,8 @@ struct HighlightResult
 };
 
 // Results on their way from the worker to the GUI thread. The queue is bounded, because a worker
-// faster than the GUI would bury it. But it never blocks for good: a reader that does not read, such
-// as a GUI thread that waits for the worker to end, is waited for only for moments.
+// faster than the GUI would bury it. But it never blocks for good: a reader that does not read,
+// such as a GUI thread that waits for the worker to end, is waited for only for moments.
 class CResultQueue
 {
 public:

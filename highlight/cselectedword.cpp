@@ -3,8 +3,8 @@
 #include <QBrush>
 #include <QColor>
 
-CSelectedWord::CSelectedWord(const QString &strWord) :
-    m_strWord(strWord), m_rx(strWord, Qt::CaseInsensitive, QRegExp::FixedString)
+CSelectedWord::CSelectedWord(const QString &strWord)
+    : m_strWord(strWord), m_rx(strWord, Qt::CaseInsensitive, QRegExp::FixedString)
 {
     m_format.setBackground(QBrush(QColor(QStringLiteral("#DD9BFF9B"))));
     m_format.setProperty(QTextFormat::UserProperty, 1);

@@ -6,8 +6,8 @@
 #include <QTextLayout>
 #include <functional>
 
-// The word whose occurrences are marked. The text counts as it is, blanks around it included; letter
-// case does not. A copy belongs to one thread at a time.
+// The word whose occurrences are marked. The text counts as it is, blanks around it included;
+// letter case does not. A copy belongs to one thread at a time.
 class CSelectedWord
 {
 public:

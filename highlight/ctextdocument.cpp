@@ -14,8 +14,8 @@ bool isMark(const QTextLayout::FormatRange &range)
 
 } // namespace
 
-CTextDocument::CTextDocument(QObject *pParent) :
-    QTextDocument(pParent), m_pLines(std::make_shared<CLineStore>())
+CTextDocument::CTextDocument(QObject *pParent)
+    : QTextDocument(pParent), m_pLines(std::make_shared<CLineStore>())
 {
     setDocumentLayout(new QPlainTextDocumentLayout(this));
     connect(this, &QTextDocument::contentsChange, this, &CTextDocument::updateLines);

@@ -8,9 +8,9 @@
 
 class CLineStore;
 
-// A plain-text document that shows highlighting computed elsewhere. Format ranges come per block with
-// the version of the text that they were computed for and are applied only while that version is
-// current. They are additional formats of the block's layout: the text, the undo history and the
+// A plain-text document that shows highlighting computed elsewhere. Format ranges come per block
+// with the version of the text that they were computed for and are applied only while that version
+// is current. They are additional formats of the block's layout: the text, the undo history and the
 // modified flag never change. A range whose format has bit 0 of QTextFormat::UserProperty set is a
 // mark of the selected word, any other a syntax range; the two kinds are replaced apart.
 // GUI thread only, except lines(), which is meant for another thread.

@@ -4,10 +4,11 @@
 
 #include <QMutexLocker>
 
-CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument) :
-    QThread(pDocument), m_pDocument(pDocument),
-    m_pLines(pDocument ? pDocument->lines() : std::make_shared<CLineStore>()),
-    m_pRules(std::make_shared<CHighlightRules>())
+CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
+    : QThread(pDocument),
+      m_pDocument(pDocument),
+      m_pLines(pDocument ? pDocument->lines() : std::make_shared<CLineStore>()),
+      m_pRules(std::make_shared<CHighlightRules>())
 {
     // For signals that cross threads and for signal spies; doing it twice does no harm.
     qRegisterMetaType<QTextBlock>("QTextBlock");
@@ -25,8 +26,7 @@ CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument) :
     connect(this, &CThreadHighlighter::selectedChanged, pDocument,
             &CTextDocument::onHighlightSelected);
     connect(pDocument, &QTextDocument::contentsChange, this, &CThreadHighlighter::onEdited);
-    connect(pDocument, &QTextDocument::contentsChanged, this,
-            &CThreadHighlighter::onEditAnnounced);
+    connect(pDocument, &QTextDocument::contentsChanged, this, &CThreadHighlighter::onEditAnnounced);
 }
 
 CThreadHighlighter::~CThreadHighlighter()
@@ -132,8 +132,8 @@ void CThreadHighlighter::onEditAnnounced()
     m_timerEdit.start(0);
 }
 
-// The requests that an edit posted have all arrived by now. QPlainTextEdit::clear() posts a stop and
-// no request; the document must not stay uncoloured for that.
+// The requests that an edit posted have all arrived by now. QPlainTextEdit::clear() posts a stop
+// and no request; the document must not stay uncoloured for that.
 void CThreadHighlighter::onEditSettled()
 {
     m_nRequestsToCome = 0;

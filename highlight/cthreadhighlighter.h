@@ -13,10 +13,10 @@
 
 class CHighlightRules;
 
-// Computes the highlighting of a CTextDocument on a thread of its own. The thread runs while there is
-// work and ends when there is none; a request starts it. Each result reaches the document through one
-// of the two signals, with the version of the text it belongs to; the block's user state has then
-// been written. Everything public is for the GUI thread.
+// Computes the highlighting of a CTextDocument on a thread of its own. The thread runs while there
+// is work and ends when there is none; a request starts it. Each result reaches the document
+// through one of the two signals, with the version of the text it belongs to; the block's user
+// state has then been written. Everything public is for the GUI thread.
 class CThreadHighlighter : public QThread
 {
     Q_OBJECT
@@ -98,7 +98,7 @@ private:
     std::atomic_bool m_bDelivering {false};
     QTimer m_timerDeliver;
     QTimer m_timerEdit;
-    int m_nRequestsToCome = 0;       // by edits whose rehighlight() is still in the event queue
-    bool m_bUnannounced = false;     // contentsChange came without contentsChanged
+    int m_nRequestsToCome = 0; // by edits whose rehighlight() is still in the event queue
+    bool m_bUnannounced = false; // contentsChange came without contentsChanged
     bool m_bStoppedBeforeEdit = false;
 };

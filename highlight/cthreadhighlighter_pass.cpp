@@ -71,8 +71,7 @@ void CThreadHighlighter::runPass(Pass *pPass)
         if (!pPass->bSyntax && !pPass->bSelection) {
             return;
         }
-        const CLineStore::Batch batch
-            = m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
+        const CLineStore::Batch batch = m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
         if (batch.lst.empty()) {
             if (pPass->bSyntax) {
                 m_pLines->finishPass(pPass->nVersion);
@@ -97,7 +96,8 @@ void CThreadHighlighter::takeRules(Pass *pPass) const
     }
 }
 
-// Nothing of an old version can be applied any more; the edit that began the new one brings a request.
+// Nothing of an old version can be applied any more; the edit that began the new one brings a
+// request.
 bool CThreadHighlighter::isCutShort(const Pass &pass) const
 {
     return m_bStop || (m_bSyntaxRestart && m_bSelectionRestart)
@@ -143,7 +143,8 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch 
     return true;
 }
 
-// True when the run is over. A request that comes later finds the worker inactive and starts it anew.
+// True when the run is over. A request that comes later finds the worker inactive and starts it
+// anew.
 bool CThreadHighlighter::endPass(const Pass &pass)
 {
     const QMutexLocker locker(&m_mutex);
