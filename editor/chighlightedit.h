@@ -1,0 +1,152 @@
+#pragma once
+
+#include "editor/cstandins.h"
+
+#include <QColor>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QVariantMap>
+
+class CEditWebView;
+class CLineNumberArea;
+class CTextDocument;
+class CThreadHighlighter;
+
+// The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
+// from a thread of its own, reading and writing of text files, search, editing aids.
+//
+// Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
+// _gutter, _file, _keys, _comment, _search, _verify.
+class CHighlightEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit CHighlightEdit(QWidget *pParent = nullptr);
+    // Waits for the highlighter's thread.
+    ~CHighlightEdit() override;
+
+    // File name or "Untitled", with "*" behind it when modified.
+    QString getTitle() const;
+    QString pathFileName() const { return m_strPathFileName; }
+    // Reads nothing; the owner has to choose the language again (see isPathChanged()).
+    void setPathFileName(const QString &strPathFileName);
+    // Lower case.
+    QString suffix() const { return m_strSuffix; }
+    bool isPathChanged() const { return m_bPathChanged; }
+    void setPathChanged(bool bChanged) { m_bPathChanged = bChanged; }
+
+    bool isModified() const;
+    void setModified(bool bModified);
+    void setLineWrap(bool bWrap);
+    // While locked, the editor keeps its font size.
+    void setFontSizeLocked(bool bLocked) { m_bLockFontSize = bLocked; }
+    // For the status bar. Rows count from 1, columns from 0.
+    QString getStatusText() const;
+
+    // The language; an empty map for none.
+    void setDefinition(const QVariantMap &mapDefinition);
+    QString languageName() const;
+    CThreadHighlighter *highlighter() const { return m_pHighlighter; }
+    CTextDocument *textDocument() const { return m_pDocument; }
+
+    // The page whose source this is; only stored, not owned. Null for a text tab.
+    CEditWebView *pageEditor() const { return m_pPageEditor; }
+    void setPageEditor(CEditWebView *pPageEditor) { m_pPageEditor = pPageEditor; }
+
+    // Loads the bytes of a file: codec and line-ending style are detected, undo starts again.
+    // bKeepModified: the modified flag comes back once the event loop has run for 10 ms.
+    void setTextData(const QByteArray &arrData, bool bKeepModified);
+    // Reads the file again with the editor's codec; cursor line and scroll position stay. Shows a
+    // box when that fails.
+    void reload();
+    // Reads the same bytes in another codec; nothing happens for an unknown one.
+    void setCodecName(const QString &strName);
+    // Empty: detected on the next load.
+    QString codecName() const { return m_strCodecName; }
+    // What lies on the disk is UTF-8 now, whatever it was read as.
+    void markSavedAsUtf8();
+    // See ReturnFormat.
+    int returnFormat() const { return m_nReturnFormat; }
+    void setReturnFormat(int nReturnFormat) { m_nReturnFormat = nReturnFormat; }
+    // The text to write: every character that was opened or typed, line ends in the chosen style.
+    QString getText() const;
+
+    int lineNumberAreaWidth() const;
+    void lineNumberAreaPaintEvent(QPaintEvent *pEvent);
+
+    bool canToggleComment() const;
+
+    // pCursor null: works on the editor's own cursor; else on that cursor and leaves the view
+    // alone. bFromEnd: starts at the document's start (searching up, end) instead of at the
+    // selection.
+    bool find(const QString &text, bool bFromEnd, QTextCursor *pCursor);
+    bool replace(const QString &findText, const QString &replaceText, QTextCursor *pCursor);
+    bool replaceAll(const QString &findText, const QString &replaceText);
+    // Lines count from 1; false when there is no such line.
+    bool goToLine(int nLine);
+
+    bool canVerifyValid() const;
+    bool canFormatting() const;
+    // Shows a box when the content does not parse.
+    bool verifyValid();
+    bool formatting();
+
+signals:
+    void focusIn();
+    void findToTop();
+    void findToBottom();
+    void cannotFound();
+    void replaceNum(int nVal);
+
+public slots:
+    void updateLineNumberAreaWidth(int nBlockCount = 0);
+    void onTextFontSize(int nVal); // Pixels.
+    void onSelectionChanged();
+    void updateLineNumberArea(QRect rect, int dy);
+    void highlightCurrentLine();
+    void onTimeoutKeepModified();
+    void onRefresh();
+    void onOpenFilePosition();
+    // bool toggleComment();  // comes with chighlightedit_comment.cpp
+
+protected:
+    // void keyPressEvent(QKeyEvent *pEvent) override;  // comes with chighlightedit_keys.cpp
+    bool event(QEvent *pEvent) override;
+    void contextMenuEvent(QContextMenuEvent *pEvent) override;
+    void paintEvent(QPaintEvent *pEvent) override;
+    void wheelEvent(QWheelEvent *pEvent) override;
+    void focusInEvent(QFocusEvent *pEvent) override;
+    void resizeEvent(QResizeEvent *pEvent) override;
+    bool canInsertFromMimeData(const QMimeData *pSource) const override;
+    QMimeData *createMimeDataFromSelection() const override;
+
+private:
+    void setReadablePalette();
+    void setFixedFont();
+    void connectSignals();
+    void buildMenu();
+    QFont gutterFont() const;
+    void showText(const QString &strText);
+    QString plainText() const;
+
+    bool m_bLockFontSize = false;
+    bool m_bKeepModified = false;
+    bool m_bPathChanged = false;
+    QString m_strPathFileName;
+    QString m_strSuffix;
+    QString m_strCodecName;
+    CTextDocument *m_pDocument = nullptr;
+    CThreadHighlighter *m_pHighlighter = nullptr;
+    CLineNumberArea *m_pLineNumberArea = nullptr;
+    QString m_strFontFamily; // Of the gutter.
+    QMenu m_menu;
+    QColor m_clrCurrentLine;
+    QAction *m_pActCopy = nullptr;
+    QAction *m_pActCut = nullptr;
+    QAction *m_pActPaste = nullptr;
+    QAction *m_pActToggleComment = nullptr;
+    int m_nReturnFormat;
+    CStandIns m_standIns;
+    CEditWebView *m_pPageEditor = nullptr;
+};

@@ -1,0 +1,100 @@
+#include "editor/chighlightedit.h"
+
+#include "app/csettings.h"
+#include "editor/clinenumberarea.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTextBlock>
+
+namespace {
+
+int digits(int nNumber)
+{
+    int nDigits = 1;
+    for (; nNumber >= 10; nNumber /= 10)
+        ++nDigits;
+    return nDigits;
+}
+
+} // namespace
+
+QFont CHighlightEdit::gutterFont() const
+{
+    QFont fnt = font();
+    fnt.setFamily(m_strFontFamily);
+    fnt.setPixelSize(qMax(1, qRound(g_pSettings->getTextFontSize() * 0.8)));
+    return fnt;
+}
+
+int CHighlightEdit::lineNumberAreaWidth() const
+{
+    const int nDigitWidth = QFontMetrics(gutterFont()).horizontalAdvance(QLatin1Char('9'));
+    return 2 * (g_pSettings->getTextFontSize() / 2) + digits(blockCount()) * nDigitWidth;
+}
+
+void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
+{
+    const QFont fntNormal = gutterFont();
+    QFont fntBold = fntNormal;
+    fntBold.setWeight(QFont::Bold);
+    const QTextCursor cursor = textCursor();
+    const int nFirstMarked = document()->findBlock(cursor.selectionStart()).blockNumber();
+    const int nLastMarked = document()->findBlock(cursor.selectionEnd()).blockNumber();
+    const int nWidth = lineNumberAreaWidth() - 1 - g_pSettings->getTextFontSize() / 2;
+
+    QPainter painter(m_pLineNumberArea);
+    painter.fillRect(pEvent->rect(), QColor(QStringLiteral("#F9F9F9")));
+    QTextBlock block = firstVisibleBlock();
+    qreal dTop = blockBoundingGeometry(block).translated(contentOffset()).top();
+    for (; block.isValid() && dTop <= pEvent->rect().bottom(); block = block.next()) {
+        const qreal dHeight = blockBoundingRect(block).height();
+        if (block.isVisible() && dTop + dHeight >= pEvent->rect().top()) {
+            const int nBlock = block.blockNumber();
+            const bool bMarked = nBlock >= nFirstMarked && nBlock <= nLastMarked;
+            painter.setFont(bMarked ? fntBold : fntNormal);
+            painter.setPen(bMarked ? QColor(QStringLiteral("#888"))
+                                   : QColor(QStringLiteral("#ccc")));
+            painter.drawText(QRectF(0, dTop + 5, nWidth, dHeight), Qt::AlignRight | Qt::AlignTop,
+                             QString::number(nBlock + 1));
+        }
+        dTop += dHeight;
+    }
+}
+
+void CHighlightEdit::updateLineNumberAreaWidth(int)
+{
+    setViewportMargins(lineNumberAreaWidth(), 0, 0, 0);
+}
+
+void CHighlightEdit::updateLineNumberArea(QRect rect, int dy)
+{
+    if (dy != 0)
+        m_pLineNumberArea->scroll(0, dy);
+    else
+        m_pLineNumberArea->update(0, rect.y(), lineNumberAreaWidth(), rect.height());
+    if (rect.contains(viewport()->rect()))
+        updateLineNumberAreaWidth(0);
+}
+
+void CHighlightEdit::resizeEvent(QResizeEvent *pEvent)
+{
+    QPlainTextEdit::resizeEvent(pEvent);
+    const QRect rect = contentsRect();
+    m_pLineNumberArea->setGeometry(rect.left(), rect.top(), lineNumberAreaWidth(), rect.height());
+}
+
+void CHighlightEdit::highlightCurrentLine()
+{
+    viewport()->update();
+}
+
+void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
+{
+    {
+        QPainter painter(viewport());
+        const QRectF rect = blockBoundingGeometry(textCursor().block());
+        painter.fillRect(rect.translated(contentOffset()).toRect(), m_clrCurrentLine);
+    }
+    QPlainTextEdit::paintEvent(pEvent);
+}

@@ -1,0 +1,23 @@
+#include "editor/clinenumberarea.h"
+
+#include "editor/chighlightedit.h"
+
+#include <QCoreApplication>
+#include <QWheelEvent>
+
+CLineNumberArea::CLineNumberArea(CHighlightEdit *pEditor) : QWidget(pEditor), m_pEditor(pEditor) { }
+
+QSize CLineNumberArea::sizeHint() const
+{
+    return QSize(m_pEditor->lineNumberAreaWidth(), 0);
+}
+
+void CLineNumberArea::paintEvent(QPaintEvent *pEvent)
+{
+    m_pEditor->lineNumberAreaPaintEvent(pEvent);
+}
+
+void CLineNumberArea::wheelEvent(QWheelEvent *pEvent)
+{
+    QCoreApplication::sendEvent(m_pEditor->viewport(), pEvent);
+}

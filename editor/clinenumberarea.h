@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QWidget>
+
+class CHighlightEdit;
+
+// The gutter on the left of an editor. What it shows and how wide it is, the editor knows.
+class CLineNumberArea : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // A child of the editor.
+    explicit CLineNumberArea(CHighlightEdit *pEditor);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *pEvent) override;
+    // Scrolls and zooms the text as the wheel does over the text itself.
+    void wheelEvent(QWheelEvent *pEvent) override;
+
+private:
+    CHighlightEdit *m_pEditor;
+};
