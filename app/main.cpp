@@ -4,6 +4,7 @@
 #include "app/csingleapp.h"
 #include "app/platform.h"
 #include "mainwindow/mainwindow.h"
+#include "res/icons.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -30,6 +31,8 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
     QCoreApplication::setApplicationName(
         QFileInfo(QCoreApplication::applicationFilePath()).baseName());
     QGuiApplication::setApplicationDisplayName(QString()); // Windows carry their whole title.
+    QGuiApplication::setDesktopFileName(QStringLiteral("quillan")); // How Wayland finds our icon.
+    QGuiApplication::setWindowIcon(applicationIcon());
 
     const QString strLocale = QLocale::system().name().toLower();
     QTranslator translators[3];
