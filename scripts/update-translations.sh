@@ -4,5 +4,5 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 lupdate=$(command -v lupdate || echo /usr/lib/qt5/bin/lupdate)
-"$lupdate" -silent -recursive -no-obsolete -locations none -source-language en \
+"$lupdate" -silent -recursive -I . -no-obsolete -locations none -source-language en \
     app highlight editor web browser mainwindow -ts res/lang_zh_cn.ts res/lang_ja_jp.ts
