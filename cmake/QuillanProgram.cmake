@@ -8,6 +8,8 @@ if(WIN32)
   set(QUILLAN_WINDOWS_DIR "${PROJECT_SOURCE_DIR}/packaging/windows")
   configure_file("${QUILLAN_WINDOWS_DIR}/quillan.rc.in" "${PROJECT_BINARY_DIR}/quillan.rc" @ONLY)
   target_sources(quillan PRIVATE "${PROJECT_BINARY_DIR}/quillan.rc")
+  set_source_files_properties("${PROJECT_BINARY_DIR}/quillan.rc" PROPERTIES OBJECT_DEPENDS
+    "${QUILLAN_WINDOWS_DIR}/quillan.ico;${QUILLAN_WINDOWS_DIR}/quillan.manifest")
   if(MSVC)
     target_sources(quillan PRIVATE "${QUILLAN_WINDOWS_DIR}/quillan.manifest")
   endif()
