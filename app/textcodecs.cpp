@@ -159,6 +159,6 @@ QString decodeText(const QTextCodec *pCodec, const QByteArray &data)
         return QString::fromUtf8(data.constData(), int(nLength));
     }
     if (mapsAsciiToItself(pCodec) && isAscii(data))
-        return QString::fromLatin1(data);
+        return QString::fromLatin1(data.constData(), data.size()); // Zero bytes are characters.
     return pCodec->toUnicode(data);
 }

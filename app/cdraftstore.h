@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QByteArray>
+#include <QLockFile>
+#include <QString>
+#include <QVector>
+
+#include <memory>
+
+// A modified document as it is kept until it is saved.
+struct SDraft
+{
+    QString strId; // File name within the store.
+    QString strPath; // The document's own file; empty for an untitled one.
+    bool bPage = false; // strText is the HTML of a page.
+    int nReturnFormat = 1; // Line-ending style of a text.
+    QString strText;
+};
+
+// A draft as bytes: a line of JSON that describes it, then its text, UTF-8.
+QByteArray draftToBytes(const SDraft &draft);
+
+// False for bytes that are no draft.
+bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft);
+
+// Drafts on the disk, in a folder of which each running program has a sub-folder of its own, held
+// by a lock. Only the user can read them (mode 0600). Nothing here shows anything; a full disk
+// loses the newest draft and keeps the one before it.
+class CDraftStore
+{
+public:
+    // Makes the folder where it is missing.
+    explicit CDraftStore(const QString &strFolder);
+
+    // False when this program could get no sub-folder; then nothing is kept.
+    bool isValid() const { return m_pLock && m_pLock->isLocked(); }
+
+    // A new file name, unique in the store.
+    static QString newId();
+
+    // Replaces the draft of that id. Any thread, one thread at a time per id.
+    bool write(const SDraft &draft) const;
+    void remove(const QString &strId) const;
+
+    // Takes over what programs left that are no longer running, and gives the drafts. They stay on
+    // the disk until removed. What cannot be read is left where it is.
+    QVector<SDraft> takeAbandoned() const;
+
+private:
+    QString filePath(const QString &strId) const;
+    void takeFrom(const QString &strFolder, QVector<SDraft> *pDrafts) const;
+
+    QString m_strFolder;
+    QString m_strOwnFolder;
+    std::unique_ptr<QLockFile> m_pLock;
+};

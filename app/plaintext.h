@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+// Text that comes from outside (file names above all) shown as it stands, never interpreted.
+
+// For menus, tabs and buttons: every "&" shows as itself.
+QString withoutMnemonic(QString strText);
+
+// For tool tips, which take what looks like markup as markup. Any other text comes back unchanged.
+QString plainToolTip(const QString &strText);
+
+// For window titles, in which Qt replaces a "[*]".
+QString plainWindowTitle(QString strText);
+
+// QMessageBox::critical() and its kin with plain text, modal to the widget's window. Gives the
+// button that was chosen; Escape gives QMessageBox::Cancel where that is offered.
+QMessageBox::StandardButton
+showMessage(QWidget *pParent, QMessageBox::Icon icon, const QString &strTitle,
+            const QString &strText, QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
