@@ -1,17 +1,16 @@
 #!/usr/bin/env python3
-"""Counts words; the word class in this text is string."""
+# "def" and class are comment
 from __future__ import annotations
 import asyncio, re
 
 LIMIT: int = 0x_FF - -12
 NAME = "a \"quoted\" name \\"  # a comment with "quotes" and class
 
-'''A block in triple apostrophes:
-def nothing(): return "string" # all of it is one
-'''
-
 @dataclass(frozen=True)
 class Word(object):
+    """One word; the words class and import
+    and this "quoted" one are string.
+    """
     text: str
     count: float = 1.5e-3
 
@@ -19,11 +18,15 @@ class Word(object):
         return f"{self.text!r}: {self.count:>8.2f}"
 
     @property
+    # a comment before a method
     def long(self): return len(self.text) > 10 and not self.text.islower()
 
 
 async def read(path, *args, **kwargs):
+    """Reads a file, from the start."""
     global LIMIT
+    query = """select *
+        from words where text = 'None'"""
     async with open(path, encoding="utf-8") as file:
         for number, line in enumerate(file):
             match line.split():
