@@ -2,6 +2,7 @@
 
 #include "app/platform.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -11,11 +12,14 @@ namespace {
 // The file at the end of a chain of links; also where that file does not exist yet.
 QString linkTarget(const QString &strPath)
 {
-    const int nMaxLinks = 40; // As many as Linux follows; a loop ends here and fails on opening.
-    QString strTarget = strPath;
-    for (int n = 0; n < nMaxLinks && QFileInfo(strTarget).isSymLink(); ++n)
-        strTarget = QFileInfo(strTarget).symLinkTarget();
-    return strTarget;
+    const int nMaxLinks = 40; // As many as Linux follows; a loop ends here, still a link.
+    QFileInfo info(strPath);
+    for (int n = 0; n < nMaxLinks && info.isSymLink(); ++n) {
+        // From the folder as it really lies: there a ".." in the link counts.
+        const QDir dir(QFileInfo(info.absolutePath()).canonicalFilePath());
+        info.setFile(QFileInfo(dir, info.fileName()).symLinkTarget());
+    }
+    return info.filePath();
 }
 
 bool replaceFile(QSaveFile *pFile, const QByteArray &data)
@@ -71,7 +75,8 @@ bool writeAll(QIODevice *pDevice, const QByteArray &data)
 bool writeFile(const QString &strPath, const QByteArray &data, QString *pError)
 {
     const QString strTarget = linkTarget(strPath);
-    if (!Platform::mustWriteInPlace(strTarget)) {
+    const bool bLoop = QFileInfo(strTarget).isSymLink();
+    if (!bLoop && !Platform::mustWriteInPlace(strTarget)) {
         QSaveFile file(strTarget);
         if (file.open(QIODevice::WriteOnly))
             return succeeded(replaceFile(&file, data), file, pError);

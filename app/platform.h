@@ -24,7 +24,7 @@ void quitOnTermination(QObject *pParent);
 bool revealFile(const QString &strPath);
 
 // True when replacing the file by a renamed copy would lose what hangs on it: further hard links,
-// a foreign owner, a device or pipe.
+// a foreign owner or group, a device or pipe.
 bool mustWriteInPlace(const QString &strPath);
 
 // Enlarges an open file to nSize bytes with the disk space really taken. False when the disk is

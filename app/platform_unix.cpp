@@ -97,7 +97,8 @@ bool Platform::mustWriteInPlace(const QString &strPath)
     struct stat info = {};
     if (stat(QFile::encodeName(strPath).constData(), &info) != 0)
         return false;
-    return !S_ISREG(info.st_mode) || info.st_nlink > 1 || info.st_uid != geteuid();
+    return !S_ISREG(info.st_mode) || info.st_nlink > 1 || info.st_uid != geteuid()
+        || info.st_gid != getegid();
 }
 
 bool Platform::reserveFileSpace(int nHandle, qint64 nSize)

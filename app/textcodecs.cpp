@@ -136,9 +136,11 @@ bool isMultiByteUtf8(const QByteArray &data)
 {
     if (isAscii(data))
         return false;
-    QTextCodec::ConverterState state(QTextCodec::DefaultConversion);
     static const QTextCodec *const s_pUtf8 = QTextCodec::codecForName("UTF-8");
-    s_pUtf8->toUnicode(data.constData(), data.size(), &state);
+    const int nPiece = 0x10000; // The text itself is not wanted; a large one would take memory.
+    QTextCodec::ConverterState state(QTextCodec::DefaultConversion);
+    for (int n = 0; n < data.size() && state.invalidChars == 0; n += nPiece)
+        s_pUtf8->toUnicode(data.constData() + n, qMin(nPiece, data.size() - n), &state);
     return state.invalidChars == 0 && state.remainingChars == 0;
 }
 

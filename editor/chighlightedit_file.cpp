@@ -1,10 +1,10 @@
 #include "editor/chighlightedit.h"
 
+#include "app/plaintext.h"
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
 
 #include <QFile>
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCodec>
@@ -32,8 +32,8 @@ void CHighlightEdit::reload()
         return;
     QFile file(m_strPathFileName);
     if (!file.open(QIODevice::ReadOnly)) {
-        QMessageBox::critical(this, tr("Fail to open file"),
-                              tr("Fail to open file(%1).").arg(m_strPathFileName), QMessageBox::Ok);
+        showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
+                    tr("Fail to open file(%1).").arg(m_strPathFileName));
         return;
     }
     const int nLine = textCursor().blockNumber();
@@ -56,8 +56,8 @@ void CHighlightEdit::onRefresh()
         return;
     QFile file(m_strPathFileName);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        QMessageBox::critical(this, tr("Fail to open file"),
-                              tr("Cannot open file(%1).").arg(m_strPathFileName), QMessageBox::Ok);
+        showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
+                    tr("Cannot open file(%1).").arg(m_strPathFileName));
         return;
     }
     // Always UTF-8, unlike reload().

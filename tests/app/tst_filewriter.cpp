@@ -1,0 +1,425 @@
+#include "app/filewriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const int g_nNobody = 65534;
+
+QByteArray contents(const QString &strPath)
+{
+    QFile file(strPath);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+}
+
+void put(const QString &strPath, const QByteArray &data)
+{
+    QFile file(strPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(data), qint64(data.size()));
+}
+
+struct stat statOf(const QString &strPath)
+{
+    struct stat info = {};
+    stat(QFile::encodeName(strPath).constData(), &info);
+    return info;
+}
+
+int modeOf(const QString &strPath)
+{
+    return int(statOf(strPath).st_mode) & 07777;
+}
+
+bool setMode(const QString &strPath, int nMode)
+{
+    return chmod(QFile::encodeName(strPath).constData(), mode_t(nMode)) == 0;
+}
+
+// Runs this program's "write" command (see main()) behind the words of another one.
+int runWriter(const QStringList &lstPrefix, const QString &strPath, int nSize)
+{
+    QStringList lstWords = lstPrefix;
+    lstWords << QCoreApplication::applicationFilePath() << QStringLiteral("--write") << strPath
+             << QString::number(nSize);
+    return QProcess::execute(lstWords.takeFirst(), lstWords);
+}
+
+// Makes us no more than a user: root may write to everything.
+QStringList asOrdinaryUser()
+{
+    if (geteuid() != 0)
+        return {QStringLiteral("env")};
+    const QString strId = QString::number(g_nNobody);
+    return {QStringLiteral("setpriv"), QStringLiteral("--reuid=") + strId,
+            QStringLiteral("--regid=") + strId, QStringLiteral("--clear-groups")};
+}
+
+bool giveToOrdinaryUser(const QString &strPath)
+{
+    return geteuid() != 0
+        || chown(QFile::encodeName(strPath).constData(), g_nNobody, g_nNobody) == 0;
+}
+
+// Arguments: mount point, place for a copy, this program, 1 for a hard link. The mount is seen by
+// the script alone, so the script compares.
+const char g_szFullDisk[] = R"SH(set -e
+mount -t tmpfs -o size=64k tmpfs "$1"
+cd "$1"
+head -c 20000 /dev/zero | tr '\0' o >file
+cp file "$2"
+[ "$4" = 0 ] || ln file second
+"$3" --write "$1/file" 30000
+[ "$(stat -c %s file)" = 30000 ]
+cat "$2" >file
+if "$3" --write "$1/file" 300000; then exit 2; fi
+cmp file "$2"
+[ "$(ls -A | grep -cvx second)" = 1 ]
+)SH";
+
+} // namespace
+
+class TestFileWriter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void newFile_isWrittenWithOrdinaryPermissions();
+    void existingFile_isReplaced_data();
+    void existingFile_isReplaced();
+    void nothingIsLeftBesideTheFile();
+    void permissions_areKept_data();
+    void permissions_areKept();
+    void foreignGroup_isKept();
+    void symbolicLink_isFollowed();
+    void chainOfLinks_isFollowed();
+    void relativeLink_isFollowedFromItsOwnFolder();
+    void relativeLink_inALinkedFolder_isFollowedFromWhereItLies();
+    void danglingLink_getsItsTarget();
+    void linkLoop_fails();
+    void hardLinks_areWrittenInPlace();
+    void pipe_isWrittenTo();
+    void folder_fails();
+    void missingFolder_fails();
+    void readOnlyFile_failsAndKeepsItsBytes();
+    void readOnlyFolder_writesTheFileInPlace();
+    void readOnlyFileInReadOnlyFolder_failsAndKeepsItsBytes();
+    void newFileInReadOnlyFolder_fails();
+    void fullDisk_failsAndKeepsTheOldBytes_data();
+    void fullDisk_failsAndKeepsTheOldBytes();
+
+private:
+    QString path(const char *szName) const
+    {
+        return m_pFolder->filePath(QString::fromLatin1(szName));
+    }
+    void openFolderToEveryone();
+
+    QScopedPointer<QTemporaryDir> m_pFolder;
+};
+
+void TestFileWriter::init()
+{
+    m_pFolder.reset(new QTemporaryDir);
+    QVERIFY(m_pFolder->isValid());
+}
+
+void TestFileWriter::cleanup()
+{
+    setMode(m_pFolder->path(), 0700);
+    m_pFolder.reset();
+}
+
+// The private folders above it, too, so that the ordinary user gets there.
+void TestFileWriter::openFolderToEveryone()
+{
+    QVERIFY(giveToOrdinaryUser(m_pFolder->path()));
+    QDir dir(m_pFolder->path());
+    while (dir.cdUp() && dir.absolutePath() != QDir::rootPath()) {
+        const int nMode = modeOf(dir.absolutePath());
+        if (geteuid() == 0 && (nMode & 0001) == 0)
+            QVERIFY(setMode(dir.absolutePath(), nMode | 0011));
+    }
+    QVERIFY(setMode(m_pFolder->path(), 0755));
+}
+
+void TestFileWriter::newFile_isWrittenWithOrdinaryPermissions()
+{
+    const mode_t nMask = umask(022);
+    QString strError = QStringLiteral("untouched");
+    QVERIFY(writeFile(path("new"), "bytes", &strError));
+    umask(nMask);
+    QCOMPARE(contents(path("new")), QByteArray("bytes"));
+    QCOMPARE(strError, QStringLiteral("untouched"));
+    QCOMPARE(modeOf(path("new")), 0644);
+}
+
+void TestFileWriter::existingFile_isReplaced_data()
+{
+    QTest::addColumn<QByteArray>("old");
+    QTest::addColumn<QByteArray>("data");
+    QTest::newRow("longer") << QByteArray("old") << QByteArray(300000, 'n');
+    QTest::newRow("shorter") << QByteArray(300000, 'o') << QByteArray("new");
+    QTest::newRow("empty") << QByteArray("old") << QByteArray();
+    QTest::newRow("null") << QByteArray() << QByteArray();
+    QTest::newRow("zero bytes") << QByteArray("old") << QByteArray("a\0b\0", 4);
+}
+
+void TestFileWriter::existingFile_isReplaced()
+{
+    QFETCH(QByteArray, old);
+    QFETCH(QByteArray, data);
+    put(path("file"), old);
+    QVERIFY(writeFile(path("file"), data));
+    QCOMPARE(contents(path("file")), data);
+    // The same in place.
+    put(path("linked"), old);
+    QVERIFY(QFile::exists(path("linked")));
+    QCOMPARE(link(QFile::encodeName(path("linked")).constData(),
+                  QFile::encodeName(path("other")).constData()),
+             0);
+    QVERIFY(writeFile(path("linked"), data));
+    QCOMPARE(contents(path("other")), data);
+}
+
+void TestFileWriter::nothingIsLeftBesideTheFile()
+{
+    put(path("file"), "old");
+    QVERIFY(writeFile(path("file"), "new"));
+    QCOMPARE(QDir(m_pFolder->path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList {QStringLiteral("file")});
+}
+
+void TestFileWriter::permissions_areKept_data()
+{
+    QTest::addColumn<int>("nMode");
+    QTest::newRow("executable") << 0755;
+    QTest::newRow("private") << 0600;
+    QTest::newRow("shared") << 0664;
+    QTest::newRow("for all") << 0666;
+}
+
+void TestFileWriter::permissions_areKept()
+{
+    QFETCH(int, nMode);
+    put(path("file"), "old");
+    QVERIFY(setMode(path("file"), nMode));
+    QVERIFY(writeFile(path("file"), "new"));
+    QCOMPARE(modeOf(path("file")), nMode);
+    QCOMPARE(contents(path("file")), QByteArray("new"));
+}
+
+void TestFileWriter::foreignGroup_isKept()
+{
+    if (geteuid() != 0)
+        QSKIP("Only root can give a file to any group.");
+    put(path("file"), "old");
+    QCOMPARE(chown(QFile::encodeName(path("file")).constData(), 0, g_nNobody), 0);
+    QVERIFY(writeFile(path("file"), "new"));
+    QCOMPARE(contents(path("file")), QByteArray("new"));
+    QCOMPARE(int(statOf(path("file")).st_gid), g_nNobody);
+}
+
+void TestFileWriter::symbolicLink_isFollowed()
+{
+    put(path("target"), "old");
+    QVERIFY(setMode(path("target"), 0755));
+    QVERIFY(QFile::link(path("target"), path("link")));
+    QVERIFY(writeFile(path("link"), "new"));
+    QVERIFY(QFileInfo(path("link")).isSymLink());
+    QVERIFY(!QFileInfo(path("target")).isSymLink());
+    QCOMPARE(contents(path("target")), QByteArray("new"));
+    QCOMPARE(modeOf(path("target")), 0755);
+}
+
+void TestFileWriter::chainOfLinks_isFollowed()
+{
+    put(path("target"), "old");
+    QVERIFY(QFile::link(path("target"), path("link1")));
+    QVERIFY(QFile::link(path("link1"), path("link2")));
+    QVERIFY(writeFile(path("link2"), "new"));
+    QVERIFY(QFileInfo(path("link1")).isSymLink() && QFileInfo(path("link2")).isSymLink());
+    QCOMPARE(contents(path("target")), QByteArray("new"));
+}
+
+void TestFileWriter::relativeLink_isFollowedFromItsOwnFolder()
+{
+    QVERIFY(QDir(m_pFolder->path()).mkdir(QStringLiteral("sub")));
+    put(path("target"), "old");
+    QVERIFY(QFile::link(QStringLiteral("../target"), path("sub/link")));
+    QVERIFY(writeFile(path("sub/link"), "new"));
+    QVERIFY(QFileInfo(path("sub/link")).isSymLink());
+    QCOMPARE(contents(path("target")), QByteArray("new"));
+}
+
+void TestFileWriter::relativeLink_inALinkedFolder_isFollowedFromWhereItLies()
+{
+    QVERIFY(QDir(m_pFolder->path()).mkpath(QStringLiteral("deep/folder")));
+    QVERIFY(QFile::link(path("deep/folder"), path("linked")));
+    QVERIFY(QFile::link(QStringLiteral("../target"), path("deep/folder/link")));
+    put(path("deep/target"), "old");
+    put(path("target"), "another file");
+    QVERIFY(writeFile(path("linked/link"), "new"));
+    QCOMPARE(contents(path("deep/target")), QByteArray("new"));
+    QCOMPARE(contents(path("target")), QByteArray("another file"));
+
+    QVERIFY(QFile::remove(path("deep/target")));
+    QVERIFY(writeFile(path("linked/link"), "newer"));
+    QCOMPARE(contents(path("deep/target")), QByteArray("newer"));
+}
+
+void TestFileWriter::danglingLink_getsItsTarget()
+{
+    QVERIFY(QFile::link(path("target"), path("link")));
+    QVERIFY(!QFileInfo::exists(path("link")));
+    QVERIFY(writeFile(path("link"), "new"));
+    QVERIFY(QFileInfo(path("link")).isSymLink());
+    QCOMPARE(contents(path("target")), QByteArray("new"));
+}
+
+void TestFileWriter::linkLoop_fails()
+{
+    QVERIFY(QFile::link(path("b"), path("a")));
+    QVERIFY(QFile::link(path("a"), path("b")));
+    QString strError;
+    QVERIFY(!writeFile(path("a"), "new", &strError));
+    QVERIFY(!strError.isEmpty());
+    QVERIFY(QFileInfo(path("a")).isSymLink() && QFileInfo(path("b")).isSymLink());
+}
+
+void TestFileWriter::hardLinks_areWrittenInPlace()
+{
+    put(path("first"), "old text that is longer");
+    QCOMPARE(link(QFile::encodeName(path("first")).constData(),
+                  QFile::encodeName(path("second")).constData()),
+             0);
+    const ino_t nInode = statOf(path("first")).st_ino;
+    QVERIFY(writeFile(path("first"), "new"));
+    QCOMPARE(contents(path("second")), QByteArray("new"));
+    QCOMPARE(statOf(path("first")).st_ino, nInode);
+    QCOMPARE(int(statOf(path("first")).st_nlink), 2);
+}
+
+void TestFileWriter::pipe_isWrittenTo()
+{
+    const QByteArray name = QFile::encodeName(path("pipe"));
+    QCOMPARE(mkfifo(name.constData(), 0600), 0);
+    QProcess reader;
+    reader.start(QStringLiteral("cat"), {path("pipe")});
+    QVERIFY(reader.waitForStarted());
+    QVERIFY(writeFile(path("pipe"), "through the pipe"));
+    QVERIFY(reader.waitForFinished());
+    QCOMPARE(reader.readAllStandardOutput(), QByteArray("through the pipe"));
+    QVERIFY(S_ISFIFO(statOf(path("pipe")).st_mode));
+}
+
+void TestFileWriter::folder_fails()
+{
+    QString strError;
+    QVERIFY(!writeFile(m_pFolder->path(), "new", &strError));
+    QVERIFY(!strError.isEmpty());
+    QVERIFY(QFileInfo(m_pFolder->path()).isDir());
+}
+
+void TestFileWriter::missingFolder_fails()
+{
+    QString strError;
+    QVERIFY(!writeFile(path("no/such/folder/file"), "new", &strError));
+    QVERIFY(!strError.isEmpty());
+    QVERIFY(!writeFile(path("no/such/folder/file"), "new"));
+}
+
+void TestFileWriter::readOnlyFile_failsAndKeepsItsBytes()
+{
+    openFolderToEveryone();
+    put(path("file"), "old");
+    QVERIFY(giveToOrdinaryUser(path("file")));
+    QVERIFY(setMode(path("file"), 0444));
+    QCOMPARE(runWriter(asOrdinaryUser(), path("file"), 100), 1);
+    QCOMPARE(contents(path("file")), QByteArray("old"));
+    QCOMPARE(modeOf(path("file")), 0444);
+}
+
+void TestFileWriter::readOnlyFolder_writesTheFileInPlace()
+{
+    openFolderToEveryone();
+    put(path("file"), "old");
+    QVERIFY(giveToOrdinaryUser(path("file")));
+    QVERIFY(setMode(m_pFolder->path(), 0555));
+    QCOMPARE(runWriter(asOrdinaryUser(), path("file"), 100), 0);
+    QCOMPARE(contents(path("file")), QByteArray(100, 'n'));
+    QCOMPARE(runWriter(asOrdinaryUser(), path("file"), 1), 0);
+    QCOMPARE(contents(path("file")), QByteArray("n"));
+}
+
+void TestFileWriter::readOnlyFileInReadOnlyFolder_failsAndKeepsItsBytes()
+{
+    openFolderToEveryone();
+    put(path("file"), "old");
+    QVERIFY(giveToOrdinaryUser(path("file")));
+    QVERIFY(setMode(path("file"), 0444));
+    QVERIFY(setMode(m_pFolder->path(), 0555));
+    QCOMPARE(runWriter(asOrdinaryUser(), path("file"), 100), 1);
+    QCOMPARE(contents(path("file")), QByteArray("old"));
+}
+
+void TestFileWriter::newFileInReadOnlyFolder_fails()
+{
+    openFolderToEveryone();
+    QVERIFY(setMode(m_pFolder->path(), 0555));
+    QCOMPARE(runWriter(asOrdinaryUser(), path("file"), 100), 1);
+    QVERIFY(!QFileInfo::exists(path("file")));
+}
+
+void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes_data()
+{
+    QTest::addColumn<bool>("bHardLink"); // written in place then
+    QTest::newRow("replaced") << false;
+    QTest::newRow("in place") << true;
+}
+
+void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes()
+{
+    QFETCH(bool, bHardLink);
+    const QString strUnshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
+    const QStringList lstPrivate = {QStringLiteral("--mount")};
+    if (geteuid() != 0 || QProcess::execute(strUnshare, lstPrivate + QStringList("true")) != 0)
+        QSKIP("Needs a mount namespace of its own.");
+    const QStringList lstArguments = lstPrivate
+        + QStringList {QStringLiteral("bash"),
+                       QStringLiteral("-c"),
+                       QString::fromLatin1(g_szFullDisk),
+                       QStringLiteral("bash"),
+                       m_pFolder->path(),
+                       QDir::temp().filePath(QStringLiteral("copy")),
+                       QCoreApplication::applicationFilePath(),
+                       QString::number(bHardLink)};
+    QCOMPARE(QProcess::execute(strUnshare, lstArguments), 0);
+}
+
+int main(int nArgc, char **ppArgv)
+{
+    QCoreApplication app(nArgc, ppArgv);
+    const QStringList lstArguments = QCoreApplication::arguments();
+    // What another user or another mount table must run.
+    if (lstArguments.value(1) == QLatin1String("--write")) {
+        const QByteArray data(lstArguments.value(3).toInt(), 'n');
+        return writeFile(lstArguments.value(2), data) ? 0 : 1;
+    }
+    TestFileWriter test;
+    return QTest::qExec(&test, nArgc, ppArgv);
+}
+
+#include "tst_filewriter.moc"

@@ -1,0 +1,56 @@
+#include "app/textcodecs.h"
+#include "editor/chighlightedit.h"
+#include "tests/editor/withsettings.h"
+
+#include <QLocale>
+#include <QTest>
+#include <QTextCodec>
+
+// Runs under the locale zh_CN.
+class TestChineseLocale : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void gb18030_opensAsGb18030();
+    void utf8_opensAsUtf8();
+    void ascii_opensAsGb18030();
+};
+
+void TestChineseLocale::initTestCase()
+{
+    QCOMPARE(QLocale::system().name(), QStringLiteral("zh_CN"));
+    QCOMPARE(getDefaultCodecName(), QStringLiteral("GB18030"));
+}
+
+void TestChineseLocale::gb18030_opensAsGb18030()
+{
+    WithSettings settings;
+    const QString strText = QStringLiteral("简体中文、€é\u00A0𠀀\n");
+    CHighlightEdit edit;
+    edit.setTextData(QTextCodec::codecForName("GB18030")->fromUnicode(strText), false);
+    QCOMPARE(edit.codecName(), QStringLiteral("GB18030"));
+    QCOMPARE(edit.getText(), strText);
+}
+
+void TestChineseLocale::utf8_opensAsUtf8()
+{
+    WithSettings settings;
+    const QString strText = QStringLiteral("简体中文 café\n");
+    CHighlightEdit edit;
+    edit.setTextData(strText.toUtf8(), false);
+    QCOMPARE(edit.codecName(), QStringLiteral("UTF-8"));
+    QCOMPARE(edit.getText(), strText);
+}
+
+void TestChineseLocale::ascii_opensAsGb18030()
+{
+    WithSettings settings;
+    CHighlightEdit edit;
+    edit.setTextData("ascii", false);
+    QCOMPARE(edit.codecName(), QStringLiteral("GB18030"));
+}
+
+QTEST_MAIN(TestChineseLocale)
+#include "tst_chineselocale.moc"
