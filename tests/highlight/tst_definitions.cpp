@@ -133,7 +133,7 @@ void tst_definitions::languagesOfTheMenu_areThere()
     // The editor verifies and formats by these names.
     for (const char *name : {"HTML", "XML", "SVG", "JSON"})
         QVERIFY2(names.contains(QLatin1String(name)), name);
-    QVERIFY2(names.size() >= 48, qPrintable(names.join(' ')));
+    QVERIFY2(names.size() >= 60, qPrintable(names.join(' ')));
 }
 
 void tst_definitions::fault_isFound_data()
