@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+class QSlider;
+
+namespace Ui {
+class CDlgFind;
+}
+
+// Find and replace. Modeless; one dialog serves all editors: its owner acts on the emit... signals
+// and hands the outcome to the slots named after it.
+//
+// Needs g_pSettings: the options are written there, and to the disk, as they change. The dialog is
+// translucent while it is not the active window.
+class CDlgFind : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgFind(QWidget *pParent = nullptr);
+    ~CDlgFind() override;
+
+    // Of the Find tab's box, whichever tab is shown.
+    QString getFindText() const;
+    QString getReplaceText() const;
+    void setFindText(const QString &strText);
+
+    // Show the dialog with one of its tabs and give the focus to the find box there.
+    void showFind();
+    void showReplace();
+
+    // Plain text for the message line, green or (an error) red.
+    void showInfo(const QString &strText, bool bError);
+    void clearInfo();
+
+signals:
+    // The dialog was closed or hidden.
+    void emitClosed();
+    void emitFindNext();
+    void emitReplace();
+    void emitReplaceAll();
+
+public slots:
+    void onFindToTop();
+    void onFindToBottom();
+    void onCannotFound();
+    void onReplaceNum(int nVal);
+
+private slots:
+    void on_checkBox_match_whole_word_stateChanged(int arg1);
+    void on_checkBox_match_case_stateChanged(int arg1);
+    void on_checkBox_search_up_stateChanged(int arg1);
+    void on_checkBox_wrap_search_stateChanged(int arg1);
+    void on_checkBox_auto_close_after_stateChanged(int arg1);
+    void on_checkBox_use_regular_exp_stateChanged(int arg1);
+    void on_checkBox_use_regular_exp_2_stateChanged(int arg1);
+    void on_tabWidget_currentChanged(int index);
+    void on_checkBox_match_whole_word_2_stateChanged(int arg1);
+    void on_checkBox_match_case_2_stateChanged(int arg1);
+    void on_slider_transparent_valueChanged(int value);
+    void on_slider_transparent_2_valueChanged(int value);
+    void onFind();
+    void onReplace();
+    void onReplaceAll();
+
+protected:
+    void changeEvent(QEvent *pEvent) override;
+    void hideEvent(QHideEvent *pEvent) override;
+
+private:
+    void loadOptions();
+    void connectButtons();
+    void prepareBoxes();
+    void storeOption(bool *pOption, int nState, QCheckBox *pTwin = nullptr);
+    void storeTransparency(int nValue, QSlider *pTwin);
+    void addToHistory(const QString &strText);
+    void focusBox(QComboBox *pBox);
+    void present(int nTab);
+
+    std::unique_ptr<Ui::CDlgFind> m_pUi;
+    bool m_bUpdating = false; // A control follows its twin or the settings; nothing is to be stored.
+};

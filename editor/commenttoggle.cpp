@@ -1,0 +1,52 @@
+#include "editor/commenttoggle.h"
+
+#include <QRegExp>
+
+namespace {
+
+// From each line's start to the end of its marker; empty when a line has none.
+QVector<int> markerLengths(const QStringList &lstLines, const QString &strSingle)
+{
+    QRegExp marker(QStringLiteral("^\\s*%1").arg(strSingle));
+    QVector<int> lstLengths;
+    for (const QString &strLine : lstLines) {
+        const int nIndex = marker.indexIn(strLine);
+        if (nIndex < 0)
+            return QVector<int>();
+        lstLengths.append(nIndex + marker.matchedLength());
+    }
+    return lstLengths;
+}
+
+bool isBlank(const QString &strText)
+{
+    return strText.trimmed().isEmpty();
+}
+
+} // namespace
+
+CommentToggle toggleOf(const CommentSelection &selection, const CommentMarkers &markers)
+{
+    CommentToggle toggle;
+    const QString &strText = selection.strText;
+    if (strText.startsWith(markers.strStart) && strText.endsWith(markers.strEnd)) {
+        toggle.action = CommentToggle::Unwrap;
+        toggle.nEndLength = markers.strEnd.length();
+        // Where the two overlap, as in "/*/", nothing outside of the selection may go with them.
+        toggle.nStartLength
+            = qMin(markers.strStart.length(), strText.length() - toggle.nEndLength);
+        return toggle;
+    }
+    const bool bSingle = !markers.strSingle.isEmpty();
+    if (bSingle) {
+        toggle.lstLengths = markerLengths(selection.lstLines, markers.strSingle);
+        if (!toggle.lstLengths.isEmpty()) {
+            toggle.action = CommentToggle::Uncomment;
+            return toggle;
+        }
+    }
+    const bool bWholeLines = isBlank(selection.strPrefix) && isBlank(selection.strSuffix);
+    if (markers.strStart.isEmpty() || (bSingle && bWholeLines))
+        toggle.action = CommentToggle::CommentLines;
+    return toggle;
+}

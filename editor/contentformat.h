@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+// Checking and laying out of document contents, without a widget.
+
+// What a parser says of a text.
+struct ParseResult
+{
+    QString strMessage; // Empty: the text parses.
+    int nLine = 0; // Counts from 1.
+    int nColumn = 0; // Counts from 1.
+    bool isGood() const { return strMessage.isEmpty(); }
+};
+
+// The text as XML, without namespace processing. Reads no other file. A text made to exhaust stack,
+// memory or time (see xmlguard.h) is refused with a message of its own.
+ParseResult parseXml(const QString &strText);
+
+// The text parsed and serialised with an indent of 4 spaces. Only for what parseXml() finds good.
+QString formattedXml(const QString &strText);
+
+// The JSON parser's own words on the text. They are "no error occurred", not empty, for good JSON.
+QString jsonErrorText(const QString &strText);
+
+// The text in the JSON writer's indented form; empty for what is not JSON.
+QString formattedJson(const QString &strText);

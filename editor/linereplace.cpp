@@ -1,0 +1,108 @@
+#include "editor/linereplace.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+// Works on what is left of the line, in place. The character before it stands for the text already
+// made, because word tests and assertions look one character back; where no text has been made,
+// what is left begins a line, and a caret matches there.
+class CForwardReplacer
+{
+public:
+    CForwardReplacer(const CLineSearch &search, const QString &strLine, const QString &strReplace)
+        : m_search(search)
+        , m_strReplace(strReplace)
+        , m_strBuffer(strLine.constData(), strLine.length())
+        , m_strView(QString::fromRawData(m_strBuffer.constData(), m_strBuffer.length()))
+    {
+    }
+
+    LineReplacement run(LineMatch match)
+    {
+        m_result.strText.reserve(m_strBuffer.length());
+        while (match.isValid()) {
+            ++m_result.nMatches;
+            take(match);
+            match = m_search.find(m_strView, m_nTaken);
+        }
+        m_result.strText.append(m_strView.constData() + m_nTaken, m_strView.length() - m_nTaken);
+        return m_result;
+    }
+
+private:
+    void take(const LineMatch &match)
+    {
+        QString &strDone = m_result.strText;
+        strDone.append(m_strView.constData() + m_nTaken, match.nStart - m_nTaken);
+        const QChar *pMatch = m_strView.constData() + match.nStart;
+        m_nTaken = match.end();
+        if (!m_search.matchesExactly(QString::fromRawData(pMatch, match.nLength))) {
+            strDone.append(pMatch, match.nLength);
+            return;
+        }
+        m_result.lstEdits.append({strDone.length(), match.nLength});
+        strDone.append(m_strReplace);
+        if (strDone.isEmpty())
+            startAnew();
+        else
+            m_strBuffer[m_nStart + m_nTaken - 1] = strDone.at(strDone.length() - 1);
+    }
+
+    void startAnew()
+    {
+        m_nStart += m_nTaken;
+        m_nTaken = 0;
+        m_strView = QString::fromRawData(m_strBuffer.constData() + m_nStart,
+                                         m_strBuffer.length() - m_nStart);
+    }
+
+    const CLineSearch &m_search;
+    const QString m_strReplace;
+    QString m_strBuffer; // Never shared, so that the view's characters stay where they are.
+    QString m_strView; // The buffer from m_nStart on, without a copy.
+    int m_nStart = 0;
+    int m_nTaken = 0; // Characters of the view that are done.
+    LineReplacement m_result;
+};
+
+LineReplacement replaceUpwards(const CLineSearch &search, QString strLine, LineMatch match,
+                               const QString &strReplace)
+{
+    LineReplacement result;
+    QStringList lstTail; // What no later match can reach, the last part first.
+    const int nReach = search.reach();
+    while (match.isValid()) {
+        ++result.nMatches;
+        if (search.matchesExactly(strLine.mid(match.nStart, match.nLength))) {
+            result.lstEdits.append(match);
+            QString strBehind = strReplace + strLine.mid(match.end());
+            if (nReach >= 0 && strBehind.length() > nReach) {
+                lstTail.append(strBehind.mid(nReach));
+                strBehind.truncate(nReach);
+            }
+            strLine.truncate(match.nStart);
+            strLine.append(strBehind);
+        }
+        result.bAtLineStart = match.nStart == 0;
+        match = result.bAtLineStart ? LineMatch() : search.find(strLine, match.nStart - 1);
+    }
+    std::reverse(lstTail.begin(), lstTail.end());
+    result.strText = strLine + lstTail.join(QString());
+    return result;
+}
+
+} // namespace
+
+LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine, int nOffset,
+                              const QString &strReplace)
+{
+    const LineMatch first = search.find(strLine, nOffset);
+    if (!first.isValid())
+        return LineReplacement();
+    if (search.options().bSearchUp)
+        return replaceUpwards(search, strLine, first, strReplace);
+    return CForwardReplacer(search, strLine, strReplace).run(first);
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "editor/contentformat.h"
+
+// Refuses XML that would exhaust the parser, before it is parsed into a tree.
+//
+// Qt's parser, its tree and its serialiser call themselves once per level of elements, and once per
+// bracket of a content model: some ten thousand of either end the program. It limits what one
+// entity expands to, but not how often entities are used, and declaring many takes it quadratic
+// time. The result is good for every document within g_nMaxXmlDepth levels whose entities stay
+// reasonable; other errors are left for the parser to find.
+ParseResult guardXml(const QString &strText);
+
+// As other XML parsers have it. A level of the serialiser takes about 1 KB of stack, of which a
+// main thread on Windows has 1 MB.
+const int g_nMaxXmlDepth = 256;
