@@ -30,8 +30,7 @@ void mirrorEntries(QComboBox *pFrom, QComboBox *pTo)
 
 } // namespace
 
-CDlgFind::CDlgFind(QWidget *pParent)
-    : QDialog(pParent), m_pUi(new Ui::CDlgFind)
+CDlgFind::CDlgFind(QWidget *pParent) : QDialog(pParent), m_pUi(new Ui::CDlgFind)
 {
     m_pUi->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -197,8 +196,8 @@ void CDlgFind::addToHistory(const QString &strText)
 {
     if (strText.isEmpty())
         return;
-    const int nOld
-        = m_pUi->comboBox_find->findText(strText, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int nOld =
+        m_pUi->comboBox_find->findText(strText, Qt::MatchExactly | Qt::MatchCaseSensitive);
     for (QComboBox *pBox : {m_pUi->comboBox_find, m_pUi->comboBox_replace_find}) {
         if (nOld >= 0)
             pBox->removeItem(nOld);
@@ -252,8 +251,7 @@ void CDlgFind::on_checkBox_match_case_2_stateChanged(int arg1)
 
 void CDlgFind::on_checkBox_use_regular_exp_stateChanged(int arg1)
 {
-    storeOption(&g_pSettings->m_bFindUseRegularExpression, arg1,
-                m_pUi->checkBox_use_regular_exp_2);
+    storeOption(&g_pSettings->m_bFindUseRegularExpression, arg1, m_pUi->checkBox_use_regular_exp_2);
 }
 
 void CDlgFind::on_checkBox_use_regular_exp_2_stateChanged(int arg1)

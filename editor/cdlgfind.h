@@ -82,5 +82,6 @@ private:
     void present(int nTab);
 
     std::unique_ptr<Ui::CDlgFind> m_pUi;
-    bool m_bUpdating = false; // A control follows its twin or the settings; nothing is to be stored.
+    bool m_bUpdating =
+        false; // A control follows its twin or the settings; nothing is to be stored.
 };

@@ -4,8 +4,7 @@
 
 #include <QIntValidator>
 
-CDlgGo::CDlgGo(QWidget *pParent)
-    : QDialog(pParent), m_pUi(new Ui::CDlgGo)
+CDlgGo::CDlgGo(QWidget *pParent) : QDialog(pParent), m_pUi(new Ui::CDlgGo)
 {
     m_pUi->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);

@@ -33,8 +33,7 @@ CommentToggle toggleOf(const CommentSelection &selection, const CommentMarkers &
         toggle.action = CommentToggle::Unwrap;
         toggle.nEndLength = markers.strEnd.length();
         // Where the two overlap, as in "/*/", nothing outside of the selection may go with them.
-        toggle.nStartLength
-            = qMin(markers.strStart.length(), strText.length() - toggle.nEndLength);
+        toggle.nStartLength = qMin(markers.strStart.length(), strText.length() - toggle.nEndLength);
         return toggle;
     }
     const bool bSingle = !markers.strSingle.isEmpty();

@@ -84,8 +84,8 @@ int replaceEverywhere(QTextCursor *pEdit, const CLineSearch &search, const QStri
     // in the first column; all others at the last character. Empty matches tell the difference.
     int nOffset = bUp ? block.length() - 1 : 0;
     while (block.isValid()) {
-        const LineReplacement replacement
-            = replaceInLine(search, block.text(), nOffset, strReplace);
+        const LineReplacement replacement =
+            replaceInLine(search, block.text(), nOffset, strReplace);
         nCount += replacement.nMatches;
         if (!replacement.lstEdits.isEmpty()) {
             applyToBlock(pEdit, block, replacement, strReplace,

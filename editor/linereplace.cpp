@@ -13,10 +13,10 @@ class CForwardReplacer
 {
 public:
     CForwardReplacer(const CLineSearch &search, const QString &strLine, const QString &strReplace)
-        : m_search(search)
-        , m_strReplace(strReplace)
-        , m_strBuffer(strLine.constData(), strLine.length())
-        , m_strView(QString::fromRawData(m_strBuffer.constData(), m_strBuffer.length()))
+        : m_search(search),
+          m_strReplace(strReplace),
+          m_strBuffer(strLine.constData(), strLine.length()),
+          m_strView(QString::fromRawData(m_strBuffer.constData(), m_strBuffer.length()))
     {
     }
 

@@ -1,9 +1,9 @@
 #include "editor/linesearch.h"
 
 CLineSearch::CLineSearch(const QString &strText, const SearchOptions &options)
-    : m_strText(strText)
-    , m_options(options)
-    , m_case(options.bMatchCase ? Qt::CaseSensitive : Qt::CaseInsensitive)
+    : m_strText(strText),
+      m_options(options),
+      m_case(options.bMatchCase ? Qt::CaseSensitive : Qt::CaseInsensitive)
 {
     if (options.bRegExp)
         m_regExp = QRegExp(strText, m_case, QRegExp::RegExp);
@@ -49,7 +49,7 @@ bool CLineSearch::passesWordTest(const QString &strLine, const LineMatch &match)
     if (!m_options.bWholeWord)
         return true;
     const bool bBefore = match.nStart > 0 && strLine.at(match.nStart - 1).isLetterOrNumber();
-    const bool bAfter
-        = match.end() < strLine.length() && strLine.at(match.end()).isLetterOrNumber();
+    const bool bAfter =
+        match.end() < strLine.length() && strLine.at(match.end()).isLetterOrNumber();
     return !bBefore && !bAfter;
 }

@@ -8,5 +8,6 @@
 bool declaresParameterEntities(const QString &strText);
 
 // The position from which on there are too many entities, declared or used; -1 when they stay
-// within some ten million characters in all. Errs on the safe side, never on the other. Linear time.
+// within some ten million characters in all. Errs on the safe side, never on the other. Linear
+// time.
 int excessiveEntityPosition(const QString &strText);

@@ -45,8 +45,8 @@ int deepModelPosition(const QString &strText)
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED // The reader is the one that QDomDocument uses inside.
 
-// Stops the reader at the element that lies too deep.
-class CDepthHandler : public QXmlDefaultHandler
+    // Stops the reader at the element that lies too deep.
+    class CDepthHandler : public QXmlDefaultHandler
 {
 public:
     bool startElement(const QString &, const QString &, const QString &,
@@ -65,7 +65,8 @@ public:
     bool fatalError(const QXmlParseException &exception) override
     {
         if (m_bTooDeep) {
-            m_result.strMessage = message(QT_TRANSLATE_NOOP("XmlGuard", "elements nest too deeply"));
+            m_result.strMessage =
+                message(QT_TRANSLATE_NOOP("XmlGuard", "elements nest too deeply"));
             m_result.nLine = exception.lineNumber();
             m_result.nColumn = exception.columnNumber();
         }

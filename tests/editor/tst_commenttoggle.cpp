@@ -1,0 +1,187 @@
+#include "editor/commenttoggle.h"
+
+#include <QRandomGenerator>
+#include <QRegExp>
+#include <QtTest>
+
+namespace {
+
+const CommentMarkers g_cpp {"//", "/*", "*/"};
+const CommentMarkers g_onlyLine {"#", "", ""};
+const CommentMarkers g_onlyBlock {"", "<!--", "-->"};
+
+CommentSelection wholeLines(const QStringList &lstLines)
+{
+    return {lstLines.join(QChar(QChar::ParagraphSeparator)), lstLines, QString(), QString()};
+}
+
+// The order of the tests, told in one expression each.
+CommentToggle::Action literalAction(const CommentSelection &selection,
+                                    const CommentMarkers &markers)
+{
+    if (selection.strText.startsWith(markers.strStart)
+        && selection.strText.endsWith(markers.strEnd))
+        return CommentToggle::Unwrap;
+    if (!markers.strSingle.isEmpty()) {
+        bool bEvery = true;
+        for (const QString &strLine : selection.lstLines) {
+            if (QRegExp("^\\s*" + markers.strSingle).indexIn(strLine) < 0)
+                bEvery = false;
+        }
+        if (bEvery)
+            return CommentToggle::Uncomment;
+    }
+    const QRegExp nonSpace("[^\\s]");
+    const bool bWhole =
+        nonSpace.indexIn(selection.strPrefix) < 0 && nonSpace.indexIn(selection.strSuffix) < 0;
+    if (markers.strStart.isEmpty() || (!markers.strSingle.isEmpty() && bWhole))
+        return CommentToggle::CommentLines;
+    return CommentToggle::Wrap;
+}
+
+} // namespace
+
+class tst_CommentToggle : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void wholeLines_getTheLineMarker();
+    void commentedLines_loseMarkerAndIndentation();
+    void oneUncommentedLine_keepsAllCommented();
+    void partOfALine_isWrapped();
+    void blanksAroundTheSelection_areStillWholeLines();
+    void wrappedSelection_isUnwrapped();
+    void enclosedTest_comesFirst();
+    void languageWithoutBlockMarkers_neverToggles();
+    void blockEndWithoutStart_commentsLines();
+    void languageWithoutLineMarker_wrapsWholeLines();
+    void overlappingMarkers_stayInsideTheSelection();
+    void lineMarker_isAnExpressionAsItStands();
+    void invalidExpression_matchesNothing();
+    void randomSelections_takeTheLiteralAction();
+};
+
+void tst_CommentToggle::wholeLines_getTheLineMarker()
+{
+    const CommentToggle toggle = toggleOf(wholeLines({"a", "  b", ""}), g_cpp);
+    QCOMPARE(toggle.action, CommentToggle::CommentLines);
+}
+
+void tst_CommentToggle::commentedLines_loseMarkerAndIndentation()
+{
+    const CommentToggle toggle = toggleOf(wholeLines({"//a", "  // b", "\t//"}), g_cpp);
+    QCOMPARE(toggle.action, CommentToggle::Uncomment);
+    QCOMPARE(toggle.lstLengths, QVector<int>({2, 4, 3}));
+}
+
+void tst_CommentToggle::oneUncommentedLine_keepsAllCommented()
+{
+    QCOMPARE(toggleOf(wholeLines({"//a", "b"}), g_cpp).action, CommentToggle::CommentLines);
+    QCOMPARE(toggleOf(wholeLines({"//a", ""}), g_cpp).action, CommentToggle::CommentLines);
+}
+
+void tst_CommentToggle::partOfALine_isWrapped()
+{
+    QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, g_cpp).action, CommentToggle::Wrap);
+    QCOMPARE(toggleOf({"b", {"a b"}, "a ", ""}, g_cpp).action, CommentToggle::Wrap);
+    QCOMPARE(toggleOf({"b", {"b c"}, "", " c"}, g_cpp).action, CommentToggle::Wrap);
+}
+
+void tst_CommentToggle::blanksAroundTheSelection_areStillWholeLines()
+{
+    QCOMPARE(toggleOf({"b", {"\tb  "}, "\t", "  "}, g_cpp).action, CommentToggle::CommentLines);
+}
+
+void tst_CommentToggle::wrappedSelection_isUnwrapped()
+{
+    const CommentToggle toggle = toggleOf({"/*b*/", {"a /*b*/"}, "a ", ""}, g_cpp);
+    QCOMPARE(toggle.action, CommentToggle::Unwrap);
+    QCOMPARE(toggle.nStartLength, 2);
+    QCOMPARE(toggle.nEndLength, 2);
+}
+
+void tst_CommentToggle::enclosedTest_comesFirst()
+{
+    // Each line is a line comment, too, when "/" is the line marker.
+    const CommentMarkers markers {"/", "/*", "*/"};
+    QCOMPARE(toggleOf(wholeLines({"/*a", "/b*/"}), markers).action, CommentToggle::Unwrap);
+}
+
+void tst_CommentToggle::languageWithoutBlockMarkers_neverToggles()
+{
+    for (const QString &strLine : {QString("a"), QString("# a"), QString(" ")}) {
+        const CommentToggle toggle = toggleOf(wholeLines({strLine}), g_onlyLine);
+        QCOMPARE(toggle.action, CommentToggle::Unwrap);
+        QCOMPARE(toggle.nStartLength + toggle.nEndLength, 0);
+    }
+}
+
+void tst_CommentToggle::blockEndWithoutStart_commentsLines()
+{
+    const CommentMarkers markers {"#", "", "end"};
+    QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, markers).action, CommentToggle::CommentLines);
+}
+
+void tst_CommentToggle::languageWithoutLineMarker_wrapsWholeLines()
+{
+    QCOMPARE(toggleOf(wholeLines({"<a/>", "<b/>"}), g_onlyBlock).action, CommentToggle::Wrap);
+}
+
+void tst_CommentToggle::overlappingMarkers_stayInsideTheSelection()
+{
+    const CommentToggle toggle = toggleOf({"/*/", {"x/*/y"}, "x", "y"}, g_cpp);
+    QCOMPARE(toggle.action, CommentToggle::Unwrap);
+    QCOMPARE(toggle.nEndLength + toggle.nStartLength, 3);
+    const CommentMarkers python {"#", "\"\"\"", "\"\"\""};
+    const CommentToggle quotes = toggleOf({"\"\"\"", {"\"\"\"x"}, "", "x"}, python);
+    QCOMPARE(quotes.nEndLength + quotes.nStartLength, 3);
+}
+
+void tst_CommentToggle::lineMarker_isAnExpressionAsItStands()
+{
+    const CommentMarkers dots {"..", "/*", "*/"};
+    const CommentToggle toggle = toggleOf(wholeLines({"abc"}), dots);
+    QCOMPARE(toggle.action, CommentToggle::Uncomment);
+    QCOMPARE(toggle.lstLengths, QVector<int>({2}));
+    // An alternative may match further on; everything up to its end goes.
+    const CommentMarkers alternatives {"x|c", "/*", "*/"};
+    QCOMPARE(toggleOf(wholeLines({"abc"}), alternatives).lstLengths, QVector<int>({3}));
+}
+
+void tst_CommentToggle::invalidExpression_matchesNothing()
+{
+    const CommentMarkers lua {"--[[", "/*", "*/"};
+    QCOMPARE(toggleOf(wholeLines({"--[[ a"}), lua).action, CommentToggle::CommentLines);
+}
+
+void tst_CommentToggle::randomSelections_takeTheLiteralAction()
+{
+    const QStringList lstTokens {"//", "/*", "*/", "#", " ", "\t", "a", "\n", "-->", "<!--"};
+    const QVector<CommentMarkers> lstMarkers {g_cpp,           g_onlyLine,         g_onlyBlock,
+                                              {"#", "", "*/"}, {"..", "/*", "*/"}, {"", "", ""}};
+    QRandomGenerator random(7);
+    QSet<int> seen;
+    for (int i = 0; i < 20000; ++i) {
+        QString strDocument;
+        for (int n = random.bounded(1, 10); n > 0; --n)
+            strDocument.append(lstTokens.at(random.bounded(lstTokens.size())));
+        const int nStart = random.bounded(strDocument.length());
+        const int nEnd = random.bounded(nStart + 1, strDocument.length() + 1);
+        const int nFirst = nStart == 0 ? 0 : strDocument.lastIndexOf('\n', nStart - 1) + 1;
+        const int nLineEnd = strDocument.indexOf('\n', nEnd);
+        const int nLast = nLineEnd < 0 ? strDocument.length() : nLineEnd;
+        const CommentSelection selection {
+            strDocument.mid(nStart, nEnd - nStart).replace('\n', QChar(QChar::ParagraphSeparator)),
+            strDocument.mid(nFirst, nLast - nFirst).split('\n'),
+            strDocument.mid(nFirst, nStart - nFirst), strDocument.mid(nEnd, nLast - nEnd)};
+        const CommentMarkers &markers = lstMarkers.at(random.bounded(lstMarkers.size()));
+        const CommentToggle toggle = toggleOf(selection, markers);
+        QCOMPARE(toggle.action, literalAction(selection, markers));
+        seen.insert(toggle.action);
+    }
+    QCOMPARE(seen.size(), 4);
+}
+
+QTEST_GUILESS_MAIN(tst_CommentToggle)
+#include "tst_commenttoggle.moc"
