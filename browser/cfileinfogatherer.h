@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QMutex>
+#include <QStringList>
+#include <QThread>
+#include <QWaitCondition>
+
+#include <atomic>
+
+// Lists folders on a thread of its own, so that a slow disk never blocks the windows.
+//
+// fetch() asks for one folder; with sub-folder scanning on, the pass goes on breadth-first through
+// every folder it met, one in 100 ms. A pass ends when nothing is left or after stop(). All
+// functions belong to the GUI thread, the signals come from the reader's. The owner stops and waits
+// for a running pass before it destroys the reader.
+class CFileInfoGatherer : public QThread
+{
+    Q_OBJECT
+
+public:
+    explicit CFileInfoGatherer(QObject *pParent = nullptr);
+
+    void setShowDrives(bool bVal);
+    void setDirsOnly(bool bVal);
+    void setSkipHidden(bool bVal);
+    void setScanSubDirs(bool bVal) { m_bScanSubDirs = bVal; }
+    bool showDrives() const;
+    bool dirsOnly() const;
+    bool skipHidden() const;
+    bool scanSubDirs() const { return m_bScanSubDirs; }
+    const QFileIconProvider &iconProvider() const { return m_iconProvider; }
+
+    // Asks for the entries of a folder; the empty path stands for the drives. While a pass runs,
+    // this only ends that pass: see isFetchMissed().
+    void fetch(const QString &strPath);
+
+    // True when the last fetch() found a pass running, which it ended, so that its folder still
+    // waits for a fetch() that finds the reader idle.
+    bool isFetchMissed() const;
+
+    void stop();
+
+    // Asks a running pass to end and waits for that, at most 5000 ms. Returns at once when a stop
+    // was asked for already.
+    void stopAndWait();
+
+signals:
+    // The entries of a folder, unsorted and, after a stop, not all of them.
+    void newListOfFiles2(QString directory, QFileInfoList lstFileInfo);
+    void directoryLoaded(QString path);
+
+protected:
+    void run() override;
+
+private:
+    bool flag(const bool &bMember) const;
+    void setFlag(bool *pMember, bool bVal);
+    bool takeNext(QString *pDirectory);
+    void listDirectory(const QString &strDirectory);
+    void listDrives();
+    QFileInfoList readEntries(const QString &strDirectory);
+
+    QString m_strPath;
+    QStringList m_lstPaths; // Only run() and what it calls touch it.
+    mutable QMutex m_mutex;
+    QWaitCondition m_condition;
+    QFileIconProvider m_iconProvider; // For the model, on the GUI thread.
+    std::atomic<bool> m_bAbort = true; // Also true while idle.
+    bool m_bShowDrives = false;
+    bool m_bDirsOnly = false;
+    bool m_bSkipHidden = false;
+    std::atomic<bool> m_bScanSubDirs = true;
+    bool m_bFetchMissed = false;
+};

@@ -1,0 +1,166 @@
+#include "browser/cfilesystemmodel.h"
+
+#include "browser/fileorder.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEvent>
+
+namespace {
+
+const int g_nReaderLimit = 5000; // Milliseconds.
+
+CFileNode *findBelow(CFileNode *pNode, const QString &strPath)
+{
+    if (pNode->m_strPath == strPath)
+        return pNode;
+    for (CFileNode *pChild : qAsConst(pNode->m_lstChildren)) {
+        if (CFileNode *pFound = findBelow(pChild, strPath))
+            return pFound;
+    }
+    return nullptr;
+}
+
+void numberRows(CFileNode *pParent, int nFrom)
+{
+    for (int n = nFrom; n < pParent->m_lstChildren.size(); ++n)
+        pParent->m_lstChildren.at(n)->m_nRow = n;
+}
+
+} // namespace
+
+CFileSystemModel::CFileSystemModel(QObject *pParent)
+    : QAbstractItemModel(pParent), m_pGatherer(std::make_unique<CFileInfoGatherer>())
+{
+    qRegisterMetaType<QFileInfoList>("QFileInfoList");
+    m_pGatherer->setShowDrives(true);
+    m_pGatherer->setSkipHidden(true);
+    m_pGatherer->setDirsOnly(false);
+    connect(m_pGatherer.get(), &CFileInfoGatherer::newListOfFiles2, this,
+            &CFileSystemModel::onNewListOfFiles);
+    connect(m_pGatherer.get(), &QThread::finished, this, &CFileSystemModel::onReaderFinished);
+}
+
+CFileSystemModel::~CFileSystemModel()
+{
+    const QDeadlineTimer deadline(g_nReaderLimit);
+    m_pGatherer->disconnect(this);
+    removeRootChildren();
+    m_pGatherer->stopAndWait();
+    if (!m_pGatherer->wait(deadline)) {
+        // To destroy a running thread would end the program, to wait on would freeze it.
+        CFileInfoGatherer *pStuck = m_pGatherer.release();
+        connect(pStuck, &QThread::finished, pStuck, &QObject::deleteLater);
+    }
+}
+
+void CFileSystemModel::setRootPath(const QString &strPath, bool bFetch)
+{
+    // A finished listing still in the event queue belongs to the old rows. For the same folder it
+    // would show every entry twice.
+    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+    removeRootChildren();
+    const QFileInfo info(strPath);
+    const bool bFile = info.isFile();
+    m_strCurrentFile = bFile ? info.fileName() : QString();
+    m_root.setPath(bFile ? info.absolutePath() : strPath);
+    if (bFetch)
+        m_pGatherer->fetch(m_root.m_strPath);
+}
+
+void CFileSystemModel::onReaderFinished()
+{
+    if (!m_pGatherer->isRunning() && m_pGatherer->isFetchMissed())
+        emit fetchMissed();
+}
+
+void CFileSystemModel::removeRootChildren()
+{
+    if (m_root.m_lstChildren.isEmpty())
+        return;
+    beginRemoveRows(QModelIndex(), 0, m_root.m_lstChildren.size() - 1);
+    const QList<CFileNode *> lstChildren = m_root.m_lstChildren;
+    m_root.m_lstChildren.clear();
+    endRemoveRows();
+    qDeleteAll(lstChildren);
+}
+
+void CFileSystemModel::onNewListOfFiles(QString strPath, QFileInfoList lstFileInfos)
+{
+    if (lstFileInfos.isEmpty())
+        return;
+    CFileNode *pParent = findNode(strPath);
+    if (!pParent)
+        return;
+    QList<CFileNode *> lstNodes;
+    lstNodes.reserve(lstFileInfos.size());
+    const QFileInfoList lstSorted = sortedFileInfos(lstFileInfos);
+    for (const QFileInfo &info : lstSorted) {
+        auto *pNode = new CFileNode;
+        pNode->setFileInfo(info);
+        pNode->m_pParent = pParent;
+        lstNodes.append(pNode);
+    }
+    const int nFirst = pParent->m_lstChildren.size();
+    beginInsertRows(indexOf(pParent), nFirst, nFirst + lstNodes.size() - 1);
+    pParent->m_lstChildren += lstNodes;
+    numberRows(pParent, nFirst);
+    endInsertRows();
+    emit directoryLoaded(strPath);
+}
+
+void CFileSystemModel::refreshNode(CFileNode *pNode)
+{
+    pNode->m_fileInfo.refresh();
+    pNode->m_icon = QIcon();
+    const QModelIndex first = indexOf(pNode);
+    if (first.isValid())
+        emit dataChanged(first, indexOf(pNode, m_nColumns - 1));
+}
+
+void CFileSystemModel::insertNode(CFileNode *pNode, CFileNode *pParent, int nRow)
+{
+    CFileNode *pOwner = pParent ? pParent : &m_root;
+    beginInsertRows(indexOf(pOwner), nRow, nRow);
+    pNode->m_pParent = pOwner;
+    pOwner->m_lstChildren.insert(nRow, pNode);
+    numberRows(pOwner, nRow);
+    endInsertRows();
+}
+
+void CFileSystemModel::appendNode(CFileNode *pNode, CFileNode *pParent)
+{
+    insertNode(pNode, pParent, (pParent ? pParent : &m_root)->m_lstChildren.size());
+}
+
+void CFileSystemModel::removeNode(CFileNode *pNode)
+{
+    CFileNode *pParent = pNode->m_pParent;
+    if (!pParent)
+        return; // The root stays.
+    const int nRow = pNode->m_nRow;
+    beginRemoveRows(indexOf(pParent), nRow, nRow);
+    pParent->m_lstChildren.removeAt(nRow);
+    numberRows(pParent, nRow);
+    endRemoveRows();
+    delete pNode;
+}
+
+CFileNode *CFileSystemModel::findNode(const QString &strPath)
+{
+    return findBelow(&m_root, strPath);
+}
+
+void CFileSystemModel::setColumnCount(int nColumns)
+{
+    beginResetModel();
+    m_nColumns = nColumns;
+    endResetModel();
+}
+
+QModelIndex CFileSystemModel::indexOf(const CFileNode *pNode, int nColumn) const
+{
+    if (!pNode || pNode == &m_root)
+        return {};
+    return createIndex(pNode->m_nRow, nColumn, const_cast<CFileNode *>(pNode));
+}

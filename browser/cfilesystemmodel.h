@@ -1,0 +1,82 @@
+#pragma once
+
+#include "browser/cfileinfogatherer.h"
+#include "browser/cfilenode.h"
+
+#include <QAbstractItemModel>
+
+#include <memory>
+
+// The entries of one folder, as its own reader thread (see CFileInfoGatherer) delivers them.
+//
+// A tree: listings are put below the node of their path and are never merged with what is there;
+// only setRootPath() clears. GUI thread only.
+class CFileSystemModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    explicit CFileSystemModel(QObject *pParent = nullptr);
+    // Waits for the reader, at most 5000 ms. A reader that a dead network disk holds longer than
+    // that is left behind.
+    ~CFileSystemModel() override;
+
+    // Shows a folder, or a file's folder and remembers the file's name. The empty path stands for
+    // the drives.
+    void setRootPath(const QString &strPath, bool bFetch);
+    QString rootPath() const { return m_root.m_strPath; }
+    CFileNode *rootNode() { return &m_root; }
+    QString currentFile() const { return m_strCurrentFile; }
+
+    void setShowDrives(bool bVal) { m_pGatherer->setShowDrives(bVal); }
+    void setDirsOnly(bool bVal) { m_pGatherer->setDirsOnly(bVal); }
+    void setSkipHidden(bool bVal) { m_pGatherer->setSkipHidden(bVal); }
+    void setScanSubDirs(bool bVal) { m_pGatherer->setScanSubDirs(bVal); }
+    bool showDrives() const { return m_pGatherer->showDrives(); }
+    bool dirsOnly() const { return m_pGatherer->dirsOnly(); }
+    bool skipHidden() const { return m_pGatherer->skipHidden(); }
+    bool scanSubDirs() const { return m_pGatherer->scanSubDirs(); }
+    void stop() { m_pGatherer->stop(); }
+
+    QIcon iconOf(const QFileInfo &info) const;
+    void refreshNode(CFileNode *pNode);
+    // Both take the node over. A null parent stands for the root.
+    void insertNode(CFileNode *pNode, CFileNode *pParent, int nRow);
+    void appendNode(CFileNode *pNode, CFileNode *pParent);
+    void removeNode(CFileNode *pNode);
+    CFileNode *findNode(const QString &strPath);
+    // The node of an index, null for an invalid one.
+    CFileNode *nodeOf(const QModelIndex &index) const;
+
+    void setColumnCount(int nColumns);
+
+    QModelIndex index(int nRow, int nColumn, const QModelIndex &parent = {}) const override;
+    QModelIndex parent(const QModelIndex &index) const override;
+    using QObject::parent;
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int nRole = Qt::DisplayRole) const override;
+    QVariant headerData(int nSection, Qt::Orientation orientation,
+                        int nRole = Qt::DisplayRole) const override;
+
+signals:
+    void directoryLoaded(QString path);
+    // The reader is idle again although the last setRootPath() found it busy: the folder it asked
+    // for waits to be asked for once more.
+    void fetchMissed();
+
+public slots:
+    void onNewListOfFiles(QString strPath, QFileInfoList lstFileInfos);
+
+private:
+    void onReaderFinished();
+    void removeRootChildren();
+    QModelIndex indexOf(const CFileNode *pNode, int nColumn = 0) const;
+    QVariant displayData(const CFileNode &node, int nColumn) const;
+    QIcon shownIcon(CFileNode *pNode) const;
+
+    CFileNode m_root;
+    std::unique_ptr<CFileInfoGatherer> m_pGatherer;
+    int m_nColumns = 1;
+    QString m_strCurrentFile;
+};

@@ -1,0 +1,121 @@
+#include "browser/cfilesystemmodel.h"
+
+#include "app/commonhelpers.h"
+#include "app/plaintext.h"
+
+#include <QBrush>
+#include <QDateTime>
+
+CFileNode *CFileSystemModel::nodeOf(const QModelIndex &index) const
+{
+    return index.isValid() ? static_cast<CFileNode *>(index.internalPointer()) : nullptr;
+}
+
+QModelIndex CFileSystemModel::index(int nRow, int nColumn, const QModelIndex &parent) const
+{
+    const CFileNode *pNode = parent.isValid() ? nodeOf(parent) : &m_root;
+    if (!pNode || nRow < 0 || nRow >= pNode->m_lstChildren.size() || nColumn < 0
+        || nColumn >= m_nColumns)
+        return {};
+    return createIndex(nRow, nColumn, pNode->m_lstChildren.at(nRow));
+}
+
+QModelIndex CFileSystemModel::parent(const QModelIndex &index) const
+{
+    const CFileNode *pNode = nodeOf(index);
+    return pNode ? indexOf(pNode->m_pParent) : QModelIndex();
+}
+
+int CFileSystemModel::rowCount(const QModelIndex &parent) const
+{
+    const CFileNode *pNode = nodeOf(parent);
+    return (pNode ? pNode : &m_root)->m_lstChildren.size();
+}
+
+int CFileSystemModel::columnCount(const QModelIndex &) const
+{
+    return m_nColumns;
+}
+
+QVariant CFileSystemModel::data(const QModelIndex &index, int nRole) const
+{
+    CFileNode *pNode = nodeOf(index);
+    if (!pNode)
+        return {};
+    switch (nRole) {
+    case Qt::DisplayRole:
+        return displayData(*pNode, index.column());
+    case Qt::DecorationRole:
+        return index.column() == 0 ? QVariant(shownIcon(pNode)) : QVariant();
+    case Qt::ToolTipRole:
+        return plainToolTip(pNode->m_strPath);
+    case Qt::ForegroundRole:
+        switch (pNode->m_nState) {
+        case 2:
+            return QBrush(Qt::blue);
+        case 3:
+            return QBrush(Qt::darkRed);
+        case 4:
+            return QBrush(Qt::red);
+        default:
+            return {};
+        }
+    default:
+        return {};
+    }
+}
+
+QVariant CFileSystemModel::displayData(const CFileNode &node, int nColumn) const
+{
+    const QFileInfo &info = node.m_fileInfo;
+    switch (nColumn) {
+    case 0:
+        if (info.isRoot())
+            return node.m_strPath;
+        return info.bundleName().isEmpty() ? info.fileName() : info.bundleName();
+    case 1:
+        return info.isFile() ? QVariant(info.suffix()) : QVariant();
+    case 2:
+        return info.isFile() ? QVariant(getSizeText(info.size())) : QVariant();
+    case 3:
+        return getDateText(info.lastModified());
+    default:
+        return {};
+    }
+}
+
+// A desktop's icons may hang on a file's content, which takes a look into the file: only what is
+// shown is looked up.
+QIcon CFileSystemModel::shownIcon(CFileNode *pNode) const
+{
+    if (pNode->m_icon.isNull()) {
+        pNode->m_icon = pNode->m_fileInfo.exists() ? iconOf(pNode->m_fileInfo)
+                                                   : QIcon(QStringLiteral(":/res/link_un.png"));
+    }
+    return pNode->m_icon;
+}
+
+QIcon CFileSystemModel::iconOf(const QFileInfo &info) const
+{
+    return m_pGatherer->iconProvider().icon(info);
+}
+
+QVariant CFileSystemModel::headerData(int nSection, Qt::Orientation orientation, int nRole) const
+{
+    if (nRole == Qt::DecorationRole || nRole == Qt::TextAlignmentRole)
+        return int(Qt::AlignLeft);
+    if (nRole != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return QAbstractItemModel::headerData(nSection, orientation, nRole);
+    switch (nSection) {
+    case 0:
+        return tr("Name");
+    case 1:
+        return tr("Ext. Name");
+    case 2:
+        return tr("Size");
+    case 3:
+        return tr("Date Modified");
+    default:
+        return {};
+    }
+}

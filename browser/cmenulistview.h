@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QListView>
+#include <QMenu>
+#include <QStringList>
+
+// A list view with a context menu made from a list of texts. The menu is the same whatever lies
+// under the pointer; the owner acts on the selection.
+class CMenuListView : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit CMenuListView(QWidget *pParent = nullptr);
+
+    // The menu's entries from top to bottom; "separator" makes a separator. An empty list means no
+    // menu.
+    void setActions(const QStringList &lstActions);
+
+signals:
+    // The text of the entry that was chosen.
+    void clickAction(QString strText);
+
+public slots:
+    void onClickAction();
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *pEvent) override;
+
+private:
+    QStringList m_lstActions;
+    QMenu m_menuActions;
+};

@@ -1,0 +1,182 @@
+#include "browser/cwidgetfilelist.h"
+
+#include "app/csettings.h"
+#include "browser/cfilesystemmodel.h"
+#include "browser/cmenulistview.h"
+#include "browser/flatbutton.h"
+
+#include <QComboBox>
+#include <QCompleter>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+CWidgetFileList::CWidgetFileList(QWidget *pParent)
+    : QWidget(pParent),
+      m_strActExplore(tr("Open position of file/folder")),
+      m_strActOpenDefault(tr("Open file/folder by default application"))
+{
+    auto *pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(0);
+    pLayout->addLayout(createBar());
+    createList();
+    pLayout->addWidget(m_pListView);
+    m_timerSelection.setInterval(200);
+    connect(&m_timerSelection, &QTimer::timeout, this,
+            &CWidgetFileList::onTimeOutFileSelectionChanged);
+}
+
+CWidgetFileList::~CWidgetFileList()
+{
+    m_pModel->stop();
+}
+
+QBoxLayout *CWidgetFileList::createBar()
+{
+    auto *pBtnRefresh = createFlatButton(QStringLiteral(":/res/refresh.png"), tr("Refresh"), this);
+    connect(pBtnRefresh, &QPushButton::clicked, this, &CWidgetFileList::onRefresh);
+    m_pBtnUpper = createFlatButton(QStringLiteral(":/res/upper.png"), tr("Upper"), this);
+    connect(m_pBtnUpper, &QPushButton::clicked, this, &CWidgetFileList::onUpper);
+    createFolderBox();
+    auto *pBtnBrowse =
+        createFlatButton(QStringLiteral(":/res/folder_explore.png"), tr("Browse..."), this);
+    connect(pBtnBrowse, &QPushButton::clicked, this, &CWidgetFileList::onFolderBrowse);
+
+    auto *pBar = new QHBoxLayout;
+    pBar->setContentsMargins(0, 0, 0, 0);
+    pBar->setSpacing(3);
+    pBar->addWidget(pBtnRefresh);
+    pBar->addWidget(m_pBtnUpper);
+    pBar->addWidget(m_pComboFolder, 1);
+    pBar->addWidget(pBtnBrowse);
+    return pBar;
+}
+
+void CWidgetFileList::createFolderBox()
+{
+    m_pComboFolder = new QComboBox(this);
+    m_pComboFolder->setEditable(true);
+    m_pComboFolder->setInsertPolicy(QComboBox::NoInsert);
+    // Long paths must not set the width of the dock.
+    m_pComboFolder->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_pComboFolder->setMinimumContentsLength(8);
+    m_pComboFolder->setAccessibleName(tr("Folder"));
+    // The box's own completer would make another folder of the history out of a path typed whole.
+    m_pComboFolder->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    m_pComboFolder->completer()->setCaseSensitivity(Qt::CaseSensitive);
+    // Choosing the entry that is already the current one is only `activated`.
+    const auto pIndexChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
+    connect(m_pComboFolder, pIndexChanged, this, &CWidgetFileList::onBoxEntry);
+    const auto pActivated = QOverload<int>::of(&QComboBox::activated);
+    connect(m_pComboFolder, pActivated, this, &CWidgetFileList::onBoxEntry);
+    connect(m_pComboFolder->lineEdit(), &QLineEdit::returnPressed, this,
+            &CWidgetFileList::onComboFolderReturn);
+}
+
+void CWidgetFileList::createList()
+{
+    m_pListView = new CMenuListView(this);
+    m_pListView->setAccessibleName(tr("Folder Browser"));
+    m_pListView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_pListView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_pListView->setActions({m_strActExplore, m_strActOpenDefault});
+    // A huge folder is laid out a hundred rows at a time, with the event loop in between. The
+    // scroll bar counts pixels, because meanwhile it has no rows to count.
+    m_pListView->setLayoutMode(QListView::Batched);
+    m_pListView->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_pListView->installEventFilter(this);
+    connect(m_pListView, &QAbstractItemView::doubleClicked, this,
+            &CWidgetFileList::onDbClickListItem);
+    connect(m_pListView, &CMenuListView::clickAction, this, &CWidgetFileList::onClickAction);
+
+    m_pModel = new CFileSystemModel(m_pListView);
+    m_pModel->setScanSubDirs(false);
+    m_pListView->setModel(m_pModel);
+    connect(m_pListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &CWidgetFileList::onFileSelectionChanged);
+    // A click faster than the reader leaves it without the last folder.
+    connect(m_pModel, &CFileSystemModel::fetchMissed, this,
+            [this] { m_pModel->setRootPath(m_strChosen, true); });
+}
+
+QString CWidgetFileList::rootPath() const
+{
+    return m_pModel->rootPath();
+}
+
+void CWidgetFileList::setRootPath(const QString &strPath)
+{
+    const QScopedValueRollback<bool> setting(m_bSettingPath, true);
+    const QString strNative = QDir::toNativeSeparators(strPath);
+    emit rootPathChanged(strNative);
+    const bool bKnown = m_pComboFolder->findText(strNative, Qt::MatchExactly) >= 0;
+    m_pComboFolder->setEditText(strNative);
+    listFolder(strNative);
+    if (!bKnown)
+        m_pComboFolder->insertItem(0, strNative);
+}
+
+// Leaves the history alone.
+void CWidgetFileList::enterFolder(const QString &strPath)
+{
+    const QString strNative = QDir::toNativeSeparators(strPath);
+    m_pComboFolder->setEditText(strNative);
+    listFolder(strNative);
+}
+
+void CWidgetFileList::listFolder(const QString &strPath)
+{
+    m_strChosen = strPath;
+    m_pModel->setRootPath(strPath, true);
+}
+
+// The box tells of one choice up to twice, and once more when the keyboard leaves it.
+void CWidgetFileList::onBoxEntry(int nIndex)
+{
+    const QString strPath = m_pComboFolder->itemText(nIndex);
+    if (strPath != m_strChosen)
+        onComboFolderIdxChanged(strPath);
+}
+
+void CWidgetFileList::onComboFolderIdxChanged(const QString &str)
+{
+    if (!m_bSettingPath)
+        setRootPath(str);
+}
+
+void CWidgetFileList::onComboFolderReturn()
+{
+    setRootPath(m_pComboFolder->lineEdit()->text());
+}
+
+void CWidgetFileList::onRefresh()
+{
+    setRootPath(m_pComboFolder->lineEdit()->text());
+}
+
+void CWidgetFileList::onUpper()
+{
+    QDir dir(rootPath());
+    dir.cdUp();
+    // Where native separators are not Qt's own, a root never compares equal and is listed again;
+    // so it is everywhere.
+    if (dir.absolutePath() == rootPath() && !dir.isRoot())
+        return;
+    enterFolder(dir.absolutePath());
+}
+
+void CWidgetFileList::onFolderBrowse()
+{
+    const QString strStart = rootPath().isEmpty() ? g_pSettings->getLastPathFileName() : rootPath();
+    const QString strFolder = QFileDialog::getExistingDirectory(
+        this, tr("Select a folder"), strStart, QFileDialog::ShowDirsOnly);
+    if (strFolder.isEmpty())
+        return;
+    g_pSettings->setLastPathFileName(strFolder);
+    g_pSettings->save();
+    setRootPath(strFolder);
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+class CFileSystemModel;
+class CMenuListView;
+class QBoxLayout;
+class QComboBox;
+class QModelIndex;
+class QPushButton;
+
+// The folder browser: a bar with Refresh, Upper, a folder box with history and Browse..., above a
+// list of the current folder's entries. The owner sets the first folder.
+class CWidgetFileList : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CWidgetFileList(QWidget *pParent = nullptr);
+    ~CWidgetFileList() override;
+
+    // Absolute, native separators; empty before the first setRootPath() and for the drives.
+    QString rootPath() const;
+    bool listHasFocus() const;
+    // Opens the selected files, and enters the first of the selected folders.
+    void openSelection();
+
+signals:
+    void dbClickFile(QString strPath);
+    void rootPathChanged(QString strPath);
+    // The first selected entry, once the selection has rested for 200 ms.
+    void fileSelectionChanged(QString strPath);
+
+public slots:
+    void onRefresh();
+    void onFolderBrowse();
+    void onDbClickListItem(const QModelIndex &idx);
+    void onFileSelectionChanged();
+    void onComboFolderIdxChanged(const QString &str);
+    void onComboFolderReturn();
+    void onUpper();
+    // Shows a folder and is the one place that feeds the box's history.
+    void setRootPath(const QString &strPath);
+    void exploreFile();
+    void openFileByDefault();
+    void onClickAction(const QString &str);
+    void onTimeOutFileSelectionChanged();
+
+protected:
+    bool eventFilter(QObject *pWatched, QEvent *pEvent) override;
+
+private:
+    QBoxLayout *createBar();
+    void createFolderBox();
+    void createList();
+    void onBoxEntry(int nIndex);
+    void enterFolder(const QString &strPath);
+    void listFolder(const QString &strPath);
+    static bool isListKey(int nKey);
+    bool handleListKey(int nKey);
+    QString firstSelectedPath() const;
+
+    bool m_bSettingPath = false;
+    CMenuListView *m_pListView = nullptr;
+    QPushButton *m_pBtnUpper = nullptr;
+    QComboBox *m_pComboFolder = nullptr;
+    CFileSystemModel *m_pModel = nullptr;
+    QTimer m_timerSelection;
+    QString m_strActExplore;
+    QString m_strActOpenDefault;
+    QString m_strChosen; // The folder last chosen, by whichever way.
+};

@@ -1,0 +1,16 @@
+#include "browser/flatbutton.h"
+
+#include "app/commonhelpers.h"
+
+#include <QIcon>
+#include <QPushButton>
+
+QPushButton *createFlatButton(const QString &strIcon, const QString &strText, QWidget *pParent)
+{
+    auto *pButton = new QPushButton(QIcon(strIcon), QString(), pParent);
+    pButton->setFlat(true);
+    pButton->setToolTip(strText);
+    pButton->setAccessibleName(strText);
+    setButtonStyle(pButton, QStringLiteral("blue"));
+    return pButton;
+}

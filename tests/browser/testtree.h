@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+// A temporary folder with what a test puts into it, removed with it.
+class CTestTree
+{
+public:
+    QString path(const QString &strName = QString()) const
+    {
+        return strName.isEmpty() ? m_dir.path() : m_dir.filePath(strName);
+    }
+
+    QString addFile(const QString &strName, const QByteArray &data = QByteArray()) const
+    {
+        QFile file(path(strName));
+        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
+            qFatal("cannot write %s", qPrintable(file.fileName()));
+        return file.fileName();
+    }
+
+    QString addFolder(const QString &strName) const
+    {
+        if (!QDir(m_dir.path()).mkpath(strName))
+            qFatal("cannot make %s", qPrintable(strName));
+        return path(strName);
+    }
+
+    void addFiles(int nCount) const
+    {
+        for (int n = 0; n < nCount; ++n)
+            addFile(QStringLiteral("file%1.txt").arg(n, 5, 10, QLatin1Char('0')));
+    }
+
+    QString addLink(const QString &strName, const QString &strTarget) const
+    {
+        if (!QFile::link(strTarget, path(strName)))
+            qFatal("cannot link %s", qPrintable(strName));
+        return path(strName);
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
