@@ -1,46 +1,13 @@
 #include "highlight/chighlightrules.h"
 
+#include "highlight/fixedrules.h"
+
 #include <QBrush>
 #include <QColor>
 
-namespace {
-
-const char *const pszNumber =
-    R"(((((0[xX])|#)[a-fA-F0-9]+)|([\+\-]{0,1}\d+([.]\d*){0,1}([eE][\+\-]{0,1}\d*){0,1})))";
-const char *const pszOperator = R"((([\+\-\*\/\~\^\!]{1,2})|([*\/+-\!\^~><]{0,1}={1,3})))";
-const char *const pszQuoteEnd = R"((^|[^\\])(\\\\)*")";
-const char *const pszApostropheEnd = R"((^|[^\\])(\\\\)*')";
-const char *const pszContinuation = R"(\\s*$)";
-
-QString escapedStars(const QString &str)
+CHighlightRules::CHighlightRules() : m_strSingleLine(QStringLiteral("//"))
 {
-    return QString(str).replace(QLatin1Char('*'), QLatin1String("\\*"));
-}
-
-bool isUsable(const QRegExp &rx)
-{
-    return !rx.isEmpty() && rx.isValid();
-}
-
-int find(const QRegExp &rx, const QString &strText, int nFrom)
-{
-    return isUsable(rx) ? rx.indexIn(strText, nFrom) : -1;
-}
-
-void addAll(const QRegExp &rx, CHighlightRules::Role role, const QString &strText,
-            CHighlightRules::Line *pLine)
-{
-    for (int n = rx.indexIn(strText); n >= 0 && rx.matchedLength() > 0;
-         n = rx.indexIn(strText, n + rx.matchedLength())) {
-        pLine->lstRanges.push_back({n, rx.matchedLength(), role});
-    }
-}
-
-} // namespace
-
-CHighlightRules::CHighlightRules()
-    : m_strSingleLine(QStringLiteral("//")), m_rxSingleLine(m_strSingleLine)
-{
+    m_comments.setSingleLine(m_strSingleLine);
 }
 
 CHighlightRules::CHighlightRules(const QVariantMap &mapDefinition)
@@ -50,9 +17,8 @@ CHighlightRules::CHighlightRules(const QVariantMap &mapDefinition)
     const QVariantMap mapHighlighting = mapDefinition.value(QStringLiteral("highlighting")).toMap();
     const QVariantMap mapKeywords = mapGeneral.value(QStringLiteral("keywords")).toMap();
     m_strLanguage = mapLanguage.value(QStringLiteral("name")).toString();
-    m_caseSensitivity = mapKeywords.value(QStringLiteral("casesensitive")).toBool()
-        ? Qt::CaseSensitive
-        : Qt::CaseInsensitive;
+    const bool bSensitive = mapKeywords.value(QStringLiteral("casesensitive")).toBool();
+    m_keywords = CKeywordMatcher(bSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
     readComments(mapGeneral.value(QStringLiteral("comments")).toList());
     readContexts(mapHighlighting.value(QStringLiteral("contexts")).toList());
     readKeywords(mapHighlighting);
@@ -60,20 +26,25 @@ CHighlightRules::CHighlightRules(const QVariantMap &mapDefinition)
 
 void CHighlightRules::readComments(const QVariantList &lstComments)
 {
+    // Of a pattern only the stars are escaped; the rest is syntax.
+    const auto escaped = [](QString str) {
+        return str.replace(QLatin1Char('*'), QLatin1String("\\*"));
+    };
     for (const QVariant &comment : lstComments) {
-        const QVariantMap map = comment.toMap();
-        const QString strName = map.value(QStringLiteral("name")).toString().toLower();
-        const QString strStart = map.value(QStringLiteral("start")).toString();
-        const QString strEnd = map.value(QStringLiteral("end")).toString();
-        if (strName == QLatin1String("singleline") && !strStart.isEmpty()) {
+        const QVariantMap mapComment = comment.toMap();
+        const QString strName = mapComment.value(QStringLiteral("name")).toString().toLower();
+        const QString strStart = mapComment.value(QStringLiteral("start")).toString();
+        const QString strEnd = mapComment.value(QStringLiteral("end")).toString();
+        if (strStart.isEmpty()) {
+            continue;
+        }
+        if (strName == QLatin1String("singleline")) {
             m_strSingleLine = strStart;
-            m_rxSingleLine = QRegExp(strStart);
-        } else if (strName == QLatin1String("multiline") && !strStart.isEmpty()
-                   && !strEnd.isEmpty()) {
+            m_comments.setSingleLine(strStart);
+        } else if (strName == QLatin1String("multiline") && !strEnd.isEmpty()) {
             m_strMultiLineStart = strStart;
             m_strMultiLineEnd = strEnd;
-            m_rxMultiLineStart = QRegExp(escapedStars(strStart));
-            m_rxMultiLineEnd = QRegExp(escapedStars(strEnd));
+            m_comments.setMultiLine(escaped(strStart), escaped(strEnd));
         }
     }
 }
@@ -83,151 +54,97 @@ void CHighlightRules::readContexts(const QVariantList &lstContexts)
     for (const QVariant &context : lstContexts) {
         const QVariantMap mapContext = context.toMap();
         const QString strName = mapContext.value(QStringLiteral("name")).toString();
-        QRegExp *pPattern = strName == QLatin1String("El Open") ? &m_rxTagOpen
-            : strName == QLatin1String("El Close")              ? &m_rxTagClose
-                                                                : nullptr;
+        const bool bOpen = strName == QLatin1String("El Open");
+        if (!bOpen && strName != QLatin1String("El Close")) {
+            continue;
+        }
         const QVariantList lstChildren = mapContext.value(QStringLiteral("children")).toList();
         for (const QVariant &child : lstChildren) {
             const QVariantMap mapChild = child.toMap();
-            if (pPattern && mapChild.value(QStringLiteral("tag")) == QLatin1String("DetectChar")) {
-                *pPattern = QRegExp(mapChild.value(QStringLiteral("char")).toString());
+            if (mapChild.value(QStringLiteral("tag")).toString() == QLatin1String("DetectChar")) {
+                const CLinePattern pattern(mapChild.value(QStringLiteral("char")).toString());
+                (bOpen ? m_tagOpen : m_tagClose) = pattern;
             }
         }
     }
-    if (m_rxTagOpen.isEmpty() || m_rxTagClose.isEmpty()) {
-        m_rxTagOpen = m_rxTagClose = QRegExp();
+    if (m_tagOpen.isEmpty() || m_tagClose.isEmpty()) {
+        m_tagOpen = m_tagClose = CLinePattern();
     }
 }
 
 void CHighlightRules::readKeywords(const QVariantMap &mapHighlighting)
 {
     for (auto it = mapHighlighting.begin(); it != mapHighlighting.end(); ++it) {
+        const bool bPatterns = it.key() == QLatin1String("reg_exp");
         const QStringList lstItems = it.value().toStringList();
         for (const QString &strRaw : lstItems) {
             const QString strItem = strRaw.trimmed();
             if (strItem.isEmpty()) {
                 continue;
             }
-            const QString strPattern = it.key() == QLatin1String("reg_exp")
-                ? strItem
-                : QLatin1String("\\b") + escapedStars(strItem) + QLatin1String("\\b");
-            const QRegExp rx(strPattern, m_caseSensitivity);
-            if (rx.isValid()) {
-                m_lstKeywords.push_back(rx);
+            if (bPatterns) {
+                m_keywords.addPattern(strItem);
+            } else {
+                m_keywords.addWord(strItem);
             }
         }
     }
 }
 
-bool CHighlightRules::highlight(const QString &strText, int nPreviousState, Line *pLine,
+bool CHighlightRules::highlight(const QString &strText, int nPreviousState, HighlightLine *pLine,
                                 const AbortCheck &isAborted) const
 {
     pLine->lstRanges.clear();
     pLine->nState = 0;
-    if (strText.isEmpty()) {
-        pLine->nState = qMax(0, nPreviousState);
-        return !(isAborted && isAborted());
-    }
     if (isAborted && isAborted()) {
         return false;
     }
-    addAll(QRegExp(QLatin1String(pszNumber)), Role::Number, strText, pLine);
-    addAll(QRegExp(QLatin1String(pszOperator)), Role::Operator, strText, pLine);
+    if (strText.isEmpty()) {
+        pLine->nState = qMax(0, nPreviousState);
+        return true;
+    }
+    addNumbers(strText, &pLine->lstRanges);
+    addOperators(strText, &pLine->lstRanges);
     if (!addKeywords(strText, nPreviousState, pLine, isAborted)) {
         return false;
     }
-    addComments(strText, nPreviousState, pLine);
+    m_comments.scan(strText, nPreviousState, pLine);
     return true;
 }
 
-bool CHighlightRules::addKeywords(const QString &strText, int nPreviousState, Line *pLine,
+bool CHighlightRules::addKeywords(const QString &strText, int nPreviousState, HighlightLine *pLine,
                                   const AbortCheck &isAborted) const
 {
-    const bool bRegions = !m_rxTagOpen.isEmpty();
-    const bool bInside = bRegions && nPreviousState > 0 && (nPreviousState & InsideTag);
-    int nStart = !bRegions || bInside ? 0 : find(m_rxTagOpen, strText, 0);
-    int nEnd = bRegions ? find(m_rxTagClose, strText, 0) : -1;
+    CKeywordMatcher::CSearch search(m_keywords, strText);
+    if (m_tagOpen.isEmpty()) {
+        return search.addMatches(0, -1, &pLine->lstRanges, isAborted);
+    }
+    const bool bInside = nPreviousState > 0 && (nPreviousState & HighlightState::InsideTag);
+    int nStart = bInside ? 0 : m_tagOpen.indexIn(strText, 0);
+    int nEnd = m_tagClose.indexIn(strText, 0);
     while (nStart >= 0) {
-        for (const QRegExp &rx : m_lstKeywords) {
-            if (isAborted && isAborted()) {
-                return false;
-            }
-            for (int n = rx.indexIn(strText, nStart);
-                 n >= 0 && rx.matchedLength() > 0 && (nEnd < 0 || n <= nEnd);
-                 n = rx.indexIn(strText, n + rx.matchedLength())) {
-                pLine->lstRanges.push_back({n, rx.matchedLength(), Role::Keyword});
-            }
+        if (!search.addMatches(nStart, nEnd, &pLine->lstRanges, isAborted)) {
+            return false;
         }
         if (nEnd < 0) {
-            pLine->nState |= bRegions ? InsideTag : 0;
+            pLine->nState |= HighlightState::InsideTag;
             return true;
         }
-        nStart = find(m_rxTagOpen, strText, nEnd + 1);
-        nEnd = find(m_rxTagClose, strText, nEnd + 1);
+        // An opening that lies ahead is still the next one.
+        if (nStart <= nEnd) {
+            nStart = m_tagOpen.indexIn(strText, nEnd + 1);
+        }
+        nEnd = m_tagClose.indexIn(strText, nEnd + 1);
     }
     return true;
 }
 
-void CHighlightRules::addComments(const QString &strText, int nPreviousState, Line *pLine) const
+QTextCharFormat CHighlightRules::format(HighlightRole role)
 {
-    const int nSize = strText.size();
-    int nAt = 0;
-    const auto add = [&](int nStart, int nEnd, Role role) {
-        pLine->lstRanges.push_back({nStart, nEnd - nStart, role});
-        nAt = nEnd;
-    };
-    const auto continuesLine = [&] {
-        return QRegExp(QLatin1String(pszContinuation)).indexIn(strText) >= 0;
-    };
-    const auto addUpTo = [&](int nStart, int nFrom, const QRegExp &rxEnd, Role role, State state,
-                             QRegExp::CaretMode caret) {
-        const int nEnd = isUsable(rxEnd) ? rxEnd.indexIn(strText, nFrom, caret) : -1;
-        if (nEnd < 0) {
-            pLine->nState |= state;
-        }
-        add(nStart, nEnd < 0 ? nSize : nEnd + rxEnd.matchedLength(), role);
-    };
-    const int nOpen = qMax(0, nPreviousState);
-    const QRegExp rxQuoteEnd {QLatin1String(pszQuoteEnd)};
-    if ((nOpen & SingleLineComment) && (nOpen & Continued)) {
-        add(0, nSize, Role::Comment);
-        pLine->nState |= continuesLine() ? SingleLineComment | Continued : 0;
-    } else if (nOpen & MultiLineComment) {
-        addUpTo(0, 0, m_rxMultiLineEnd, Role::Comment, MultiLineComment, QRegExp::CaretAtZero);
-    } else if (nOpen & DoubleQuoted) {
-        addUpTo(0, 0, rxQuoteEnd, Role::String, DoubleQuoted, QRegExp::CaretAtZero);
-    } else if (nOpen & SingleQuoted) {
-        addUpTo(0, 0, QRegExp(QLatin1String(pszApostropheEnd)), Role::String, SingleQuoted,
-                QRegExp::CaretAtZero);
-    }
-    while (nAt < nSize) {
-        const int nLine = find(m_rxSingleLine, strText, nAt);
-        const int nMulti = find(m_rxMultiLineStart, strText, nAt);
-        const int nQuote = strText.indexOf(QLatin1Char('"'), nAt);
-        const auto before = [](int n, int nOther) { return n >= 0 && (nOther < 0 || n < nOther); };
-        if (before(nLine, nMulti) && before(nLine, nQuote)) {
-            add(nLine, nSize, Role::Comment);
-            pLine->nState |= SingleLineComment | (continuesLine() ? int(Continued) : 0);
-        } else if (before(nMulti, nLine) && before(nMulti, nQuote)) {
-            const int nFrom = nAt;
-            addUpTo(nMulti, nMulti + m_rxMultiLineStart.matchedLength(), m_rxMultiLineEnd,
-                    Role::Comment, MultiLineComment, QRegExp::CaretAtZero);
-            if (nAt == nFrom) {
-                return;
-            }
-        } else if (before(nQuote, nLine) && before(nQuote, nMulti)) {
-            addUpTo(nQuote, nQuote + 1, rxQuoteEnd, Role::String, DoubleQuoted,
-                    QRegExp::CaretAtOffset);
-        } else {
-            return;
-        }
-    }
-}
-
-QTextCharFormat CHighlightRules::format(Role role)
-{
+    // Keyword, comment, string, number, operator.
     static const char *const arrColours[] = {"#8000FF", "#008000", "#008000", "#0000FF", "#ffaa00"};
     QTextCharFormat format;
-    format.setForeground(QBrush(QColor(QLatin1String(arrColours[int(role)])), Qt::SolidPattern));
+    const QColor colour(QLatin1String(arrColours[int(role)]));
+    format.setForeground(QBrush(colour, Qt::SolidPattern));
     return format;
 }

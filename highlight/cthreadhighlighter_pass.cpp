@@ -18,18 +18,18 @@ struct CThreadHighlighter::Pass
 
 namespace {
 
-QList<QTextLayout::FormatRange> toFormatRanges(const std::vector<CHighlightRules::Range> &lst)
+QList<QTextLayout::FormatRange> toFormatRanges(const std::vector<HighlightRange> &lst)
 {
     static const QTextCharFormat arrFormats[] = {
-        CHighlightRules::format(CHighlightRules::Role::Keyword),
-        CHighlightRules::format(CHighlightRules::Role::Comment),
-        CHighlightRules::format(CHighlightRules::Role::String),
-        CHighlightRules::format(CHighlightRules::Role::Number),
-        CHighlightRules::format(CHighlightRules::Role::Operator),
+        CHighlightRules::format(HighlightRole::Keyword),
+        CHighlightRules::format(HighlightRole::Comment),
+        CHighlightRules::format(HighlightRole::String),
+        CHighlightRules::format(HighlightRole::Number),
+        CHighlightRules::format(HighlightRole::Operator),
     };
     QList<QTextLayout::FormatRange> lstResult;
     lstResult.reserve(int(lst.size()));
-    for (const CHighlightRules::Range &range : lst) {
+    for (const HighlightRange &range : lst) {
         lstResult.append({range.nStart, range.nLength, arrFormats[int(range.role)]});
     }
     return lstResult;
@@ -110,7 +110,7 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch 
     const auto isSelectionAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
     std::vector<HighlightResult> lstResults;
     std::vector<CLineStore::Done> lstDone;
-    CHighlightRules::Line coloured;
+    HighlightLine coloured;
     int nState = batch.nStateBefore;
     bool bChanged = false; // the state in front of this line is not the one it was computed with
     bool bSyntax = pass.bSyntax;

@@ -1,0 +1,177 @@
+#include "highlight/ccommentscanner.h"
+
+namespace {
+
+using Line = HighlightLine;
+using Role = HighlightRole;
+
+// Appends a range, unless it is empty, and returns its end.
+int addRange(int nStart, int nEnd, Role role, Line *pLine)
+{
+    if (nEnd > nStart) {
+        pLine->lstRanges.push_back({nStart, nEnd - nStart, role});
+    }
+    return nEnd;
+}
+
+// Colours up to nEnd, or to the end of the line, which then stays open.
+int addOpenRange(int nStart, int nEnd, int nSize, Role role, HighlightState::Bit state, Line *pLine)
+{
+    if (nEnd < 0) {
+        pLine->nState |= state;
+    }
+    return addRange(nStart, nEnd < 0 ? nSize : nEnd, role, pLine);
+}
+
+// Whether the line matches \\s*$, which is a backslash and any number of the letter s.
+bool continuesNextLine(const QString &strText)
+{
+    int n = strText.size() - 1;
+    while (n >= 0 && strText.at(n) == QLatin1Char('s')) {
+        --n;
+    }
+    return n >= 0 && strText.at(n) == QLatin1Char('\\');
+}
+
+// Whether (\\\\)*" matches at nFrom: pairs of backslashes, then the quote. Its end, or -1.
+int endOfEscapedQuote(const QString &strText, int nFrom, QChar chQuote)
+{
+    int n = nFrom;
+    while (n + 1 < strText.size() && strText.at(n) == QLatin1Char('\\')
+           && strText.at(n + 1) == QLatin1Char('\\')) {
+        n += 2;
+    }
+    return n < strText.size() && strText.at(n) == chQuote ? n + 1 : -1;
+}
+
+// The end of the first match of (^|[^\\])(\\\\)*" from nFrom on, with "^" standing for nFrom; -1
+// when there is none. The longest match counts: of two quotes at nFrom itself the second one
+// closes, because the first may also be the character in front of it.
+int endOfQuoted(const QString &strText, int nFrom, QChar chQuote)
+{
+    const int nAtOnce = endOfEscapedQuote(strText, nFrom, chQuote);
+    if (nAtOnce >= 0) {
+        const bool bQuoteFirst = strText.at(nFrom) == chQuote;
+        return bQuoteFirst ? qMax(nAtOnce, endOfEscapedQuote(strText, nFrom + 1, chQuote))
+                           : nAtOnce;
+    }
+    for (int nQuote = strText.indexOf(chQuote, nFrom); nQuote >= 0;
+         nQuote = strText.indexOf(chQuote, nQuote + 1)) {
+        int n = nQuote;
+        while (n > nFrom && strText.at(n - 1) == QLatin1Char('\\')) {
+            --n;
+        }
+        if ((nQuote - n) % 2 == 0) {
+            return nQuote + 1;
+        }
+    }
+    return -1;
+}
+
+// Where the next of one kind of start lies. A match ahead stays the first one from any position
+// before it, so that the line is searched through only once.
+class CNextStart
+{
+public:
+    template<typename Find> int from(int nAt, Find find)
+    {
+        if (!m_bSearched || (m_nStart >= 0 && m_nStart < nAt)) {
+            m_nStart = find(nAt);
+            m_bSearched = true;
+        }
+        return m_nStart;
+    }
+
+private:
+    int m_nStart = -1;
+    bool m_bSearched = false;
+};
+
+bool isBefore(int nStart, int nOther)
+{
+    return nStart >= 0 && (nOther < 0 || nStart < nOther);
+}
+
+} // namespace
+
+void CCommentScanner::setSingleLine(const QString &strStart)
+{
+    m_singleLine = CLinePattern(strStart);
+}
+
+void CCommentScanner::setMultiLine(const QString &strStart, const QString &strEnd)
+{
+    m_multiLineStart = CLinePattern(strStart);
+    m_multiLineEnd = CLinePattern(strEnd);
+}
+
+int CCommentScanner::endOfComment(const QString &strText, int nFrom) const
+{
+    const int nEnd = m_multiLineEnd.indexIn(strText, nFrom);
+    return nEnd < 0 ? -1 : nEnd + m_multiLineEnd.matchedLength();
+}
+
+int CCommentScanner::continueLineBefore(const QString &strText, int nPreviousState,
+                                        Line *pLine) const
+{
+    const int nOpen = qMax(0, nPreviousState);
+    const int nSize = strText.size();
+    constexpr int nContinuedComment = HighlightState::SingleLineComment | HighlightState::Continued;
+    if ((nOpen & nContinuedComment) == nContinuedComment) {
+        pLine->nState |= continuesNextLine(strText) ? nContinuedComment : 0;
+        return addRange(0, nSize, Role::Comment, pLine);
+    }
+    if (nOpen & HighlightState::MultiLineComment) {
+        return addOpenRange(0, endOfComment(strText, 0), nSize, Role::Comment,
+                            HighlightState::MultiLineComment, pLine);
+    }
+    if (nOpen & HighlightState::DoubleQuoted) {
+        return addOpenRange(0, endOfQuoted(strText, 0, QLatin1Char('"')), nSize, Role::String,
+                            HighlightState::DoubleQuoted, pLine);
+    }
+    // Nothing here opens a single-quoted string; a state that says so is honoured all the same.
+    if (nOpen & HighlightState::SingleQuoted) {
+        return addOpenRange(0, endOfQuoted(strText, 0, QLatin1Char('\'')), nSize, Role::String,
+                            HighlightState::SingleQuoted, pLine);
+    }
+    return 0;
+}
+
+// Of the starts ahead only one that lies strictly before the others counts: where two begin at the
+// same place the rest of the line stays as it is.
+void CCommentScanner::scan(const QString &strText, int nPreviousState, Line *pLine) const
+{
+    const int nSize = strText.size();
+    CNextStart nextLine;
+    CNextStart nextMulti;
+    CNextStart nextQuote;
+    int nAt = continueLineBefore(strText, nPreviousState, pLine);
+    while (nAt < nSize) {
+        const int nLine =
+            nextLine.from(nAt, [&](int n) { return m_singleLine.indexIn(strText, n); });
+        const int nMulti =
+            nextMulti.from(nAt, [&](int n) { return m_multiLineStart.indexIn(strText, n); });
+        const int nQuote =
+            nextQuote.from(nAt, [&](int n) { return strText.indexOf(QLatin1Char('"'), n); });
+        if (isBefore(nLine, nMulti) && isBefore(nLine, nQuote)) {
+            pLine->nState |= HighlightState::SingleLineComment
+                | (continuesNextLine(strText) ? int(HighlightState::Continued) : 0);
+            nAt = addRange(nLine, nSize, Role::Comment, pLine);
+        } else if (isBefore(nMulti, nLine) && isBefore(nMulti, nQuote)) {
+            // The length of a match that was found earlier on is asked again.
+            m_multiLineStart.indexIn(strText, nMulti);
+            const int nInside = nMulti + m_multiLineStart.matchedLength();
+            const int nEnd = addOpenRange(nMulti, endOfComment(strText, nInside), nSize,
+                                          Role::Comment, HighlightState::MultiLineComment, pLine);
+            if (nEnd == nAt) {
+                return; // patterns that match nothing lead nowhere
+            }
+            nAt = nEnd;
+        } else if (isBefore(nQuote, nLine) && isBefore(nQuote, nMulti)) {
+            nAt = addOpenRange(nQuote, endOfQuoted(strText, nQuote + 1, QLatin1Char('"')), nSize,
+                               Role::String, HighlightState::DoubleQuoted, pLine);
+        } else {
+            return;
+        }
+    }
+}

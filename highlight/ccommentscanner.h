@@ -1,0 +1,25 @@
+#pragma once
+
+#include "highlight/clinepattern.h"
+#include "highlight/highlightline.h"
+
+// Comments and strings: the part of the rules that runs on from line to line.
+class CCommentScanner
+{
+public:
+    // Patterns, not escaped any further; an empty start means that there is no such comment.
+    void setSingleLine(const QString &strStart);
+    void setMultiLine(const QString &strStart, const QString &strEnd);
+
+    // Appends the ranges of comments and strings and sets the state bits that they leave.
+    void scan(const QString &strText, int nPreviousState, HighlightLine *pLine) const;
+
+private:
+    // Both give the position behind the comment or string; endOfComment() -1 when it stays open.
+    int continueLineBefore(const QString &strText, int nPreviousState, HighlightLine *pLine) const;
+    int endOfComment(const QString &strText, int nFrom) const;
+
+    CLinePattern m_singleLine;
+    CLinePattern m_multiLineStart;
+    CLinePattern m_multiLineEnd;
+};

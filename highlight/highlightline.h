@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtGlobal>
+#include <functional>
+#include <vector>
+
+// What the highlighting rules say about one line of text.
+
+enum class HighlightRole : quint8 { Keyword, Comment, String, Number, Operator };
+
+struct HighlightRange
+{
+    int nStart; // in UTF-16 code units from the start of the line
+    int nLength;
+    HighlightRole role;
+};
+
+// Bits of the state at the end of a line, which is what the next line starts with. Before the first
+// line it is -1. The numbers are those of the blocks' user states.
+struct HighlightState
+{
+    enum Bit {
+        SingleLineComment = 1,
+        MultiLineComment = 2,
+        DoubleQuoted = 4,
+        SingleQuoted = 8,
+        InsideTag = 16,
+        Continued = 32,
+    };
+};
+
+struct HighlightLine
+{
+    std::vector<HighlightRange> lstRanges; // in drawing order: a later range covers an earlier one
+    int nState = 0;
+};
+
+// Asked now and then during long work; true abandons it. May be empty.
+using AbortCheck = std::function<bool()>;

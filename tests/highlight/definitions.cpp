@@ -1,0 +1,90 @@
+#include "highlight/definitions.h"
+
+namespace {
+
+QVariantMap comment(const QString &strName, const QString &strStart, const QString &strEnd)
+{
+    return {{"name", strName}, {"start", strStart}, {"end", strEnd}};
+}
+
+QVariantMap context(const QString &strName, const QString &strChar)
+{
+    const QVariantMap mapChild {{"tag", "DetectChar"}, {"char", strChar}, {"char1", QString()}};
+    return {{"name", strName}, {"children", QVariantList {mapChild}}};
+}
+
+} // namespace
+
+QVariantMap TestDefinition::toMap() const
+{
+    QVariantMap mapHighlighting;
+    for (auto it = mapLists.begin(); it != mapLists.end(); ++it) {
+        mapHighlighting.insert(it.key(), it.value());
+    }
+    if (!strTagOpen.isEmpty() || !strTagClose.isEmpty()) {
+        mapHighlighting.insert(
+            "contexts",
+            QVariantList {context("El Open", strTagOpen), context("El Close", strTagClose)});
+    }
+    const QVariantMap mapKeywords {{"casesensitive", bCaseSensitive ? "1" : "false"}};
+    const QVariantList lstComments {comment("singleLine", strSingleLine, QString()),
+                                    comment("MultiLine", strMultiLineStart, strMultiLineEnd)};
+    return {{"language", QVariantMap {{"name", "Test"}, {"extensions", "*.test"}}},
+            {"general", QVariantMap {{"keywords", mapKeywords}, {"comments", lstComments}}},
+            {"highlighting", mapHighlighting}};
+}
+
+QMap<QString, QVariantMap> nastyDefinitions()
+{
+    const QStringList lstWords {"if", "IF", "int", "for", "a", "b", "xx", "if", "end", "end if"};
+    const QStringList lstOdd {"a-a",     "x+y",    "c++",    "b.c",    "#if", "a*", "k",  "kk",
+                              "ss",      "\u00e9", "\u03c3", "\u03c2", "x?",  "-a", "a ", "s\\",
+                              "int|for", "(a|ab)", "[x",     "\u0301", "$x",  "_"};
+    const QStringList lstPatterns {"[A-Z]\\w*",
+                                   "\\ba\\w*(?=\\()",
+                                   "#\\s*if",
+                                   "->|=>|::",
+                                   "x*",
+                                   "^\\s*#\\w+",
+                                   "(a|ab)(c|b)?",
+                                   "e$",
+                                   "\\d+(?!\\.)",
+                                   "[\\[\\]]+",
+                                   "k|s",
+                                   "\"[^\"]*\"",
+                                   "(b)\\1",
+                                   "\\x0061+",
+                                   "[^a-z]{2,}x",
+                                   "a{0}b",
+                                   "(?:if|IF){1,2}",
+                                   "@{2}",
+                                   "[",
+                                   "\\b",
+                                   "if(?!int)",
+                                   "[a\\-z]=",
+                                   "%[di]|&[^;]+;",
+                                   "\\W-",
+                                   "a{,2}-"};
+    const QMap<QString, QStringList> mapAll {
+        {"a", lstWords}, {"odd", lstOdd}, {"reg_exp", lstPatterns}, {"z", {"int", "x", "IF"}}};
+    return {
+        {"empty", QVariantMap()},
+        {"like C", TestDefinition {"//", "/*", "*/", "", "", true, {{"k", lstWords}}}.toMap()},
+        {"everything", TestDefinition {"//", "/*", "*/", "", "", true, mapAll}.toMap()},
+        {"everything, any case", TestDefinition {"//", "/*", "*/", "", "", false, mapAll}.toMap()},
+        {"tags", TestDefinition {"", "<!--", "-->", "<", ">", false, mapAll}.toMap()},
+        {"tags, sensitive", TestDefinition {"#", "", "", "<", ">", true, mapAll}.toMap()},
+        {"long tags", TestDefinition {"", "", "", "a+|<", "--?>|>>|b", false, mapAll}.toMap()},
+        {"tags that match nothing", TestDefinition {"", "", "", "x*", ">", true, mapAll}.toMap()},
+        {"invalid tag end", TestDefinition {"", "", "", "<", "[", true, mapAll}.toMap()},
+        {"tie", TestDefinition {"--", "--\\[\\[", "\\]\\]", "", "", true, mapAll}.toMap()},
+        {"invalid start", TestDefinition {"--", "--[[", "]]", "", "", true, mapAll}.toMap()},
+        {"quote starts", TestDefinition {"\"\"", "'", "'", "", "", true, mapAll}.toMap()},
+        {"pattern starts",
+         TestDefinition {"^\\s*#|//", "/+\\s*b", "b+|$", "", "", false, mapAll}.toMap()},
+        {"starts of no length", TestDefinition {"", "x?", "s?", "", "", true, mapAll}.toMap()},
+        {"line start of no length",
+         TestDefinition {"(?=/)", "<", ">", "", "", true, mapAll}.toMap()},
+        {"same start and end", TestDefinition {"\\b#", "\\*", "\\*", "", "", true, mapAll}.toMap()},
+    };
+}

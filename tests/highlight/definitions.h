@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QVariant>
+
+// Parsed definitions as the registry gives them, made in memory.
+
+struct TestDefinition
+{
+    QString strSingleLine;
+    QString strMultiLineStart;
+    QString strMultiLineEnd;
+    QString strTagOpen;
+    QString strTagClose;
+    bool bCaseSensitive = true;
+    QMap<QString, QStringList> mapLists;
+
+    QVariantMap toMap() const;
+};
+
+QMap<QString, QVariantMap> nastyDefinitions();
