@@ -116,6 +116,14 @@ bool CLineStore::isEdited() const
     return m_bEdited;
 }
 
+bool CLineStore::isComplete() const
+{
+    const QMutexLocker locker(&m_mutex);
+    return m_lstUnderWay.empty()
+        && std::all_of(m_lstChunks.begin(), m_lstChunks.end(),
+                       [](const Chunk &chunk) { return chunk.nStale == 0; });
+}
+
 void CLineStore::confirm(uint nVersion, int nCount)
 {
     const QMutexLocker locker(&m_mutex);

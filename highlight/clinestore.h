@@ -52,6 +52,8 @@ public:
     void markAllStale();
     // Whether there was an edit since a pass was last finished.
     bool isEdited() const;
+    // Whether every line has its result and all of them have arrived.
+    bool isComplete() const;
     // The nCount results that were committed first have arrived, or nothing when the version is
     // old.
     void confirm(uint nVersion, int nCount);

@@ -1,42 +1,462 @@
-#include "highlight/cthreadhighlighter.h"
+#include "highlight/definitions.h"
+#include "highlight/highlightededitor.h"
 
+#include <QElapsedTimer>
+#include <QPlainTextDocumentLayout>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextCursor>
-
-namespace {
-
-// Connects a document with its highlighter as an editor does.
-struct Editor
-{
-    CTextDocument document;
-    CThreadHighlighter *pHighlighter = new CThreadHighlighter(&document);
-
-    Editor()
-    {
-        QObject::connect(&document, &QTextDocument::contentsChange, pHighlighter,
-                         &CThreadHighlighter::stopThread, Qt::QueuedConnection);
-        QObject::connect(&document, &QTextDocument::contentsChanged, pHighlighter,
-                         &CThreadHighlighter::rehighlight, Qt::QueuedConnection);
-    }
-};
-
-} // namespace
 
 class tst_ThreadHighlighter : public QObject
 {
     Q_OBJECT
 private slots:
+    void signals_areDeclaredAsDocumented();
     void newText_isColoured();
+    void accessors_followTheDefinition();
+    void definition_recoloursEveryBlock();
+
+    void keystroke_recoloursItsLineOnly();
+    void openedComment_recoloursWhatFollows();
+    void requestWithoutEdit_doesEveryBlock();
+    void stateIsWritten_beforeTheResultIsSeen();
+    void results_carryTheVersionOfTheText();
+    void editDuringAPass_onlyCurrentResultsCome();
+    void cleared_isColouredAgain();
+    void clearedFormats_comeBackWithTheNextRequest();
+
+    void word_isMarkedInAnyCase();
+    void word_shorterThanThreeClearsTheMarks_data();
+    void word_shorterThanThreeClearsTheMarks();
+    void word_blanksAroundItCount();
+    void word_everyBlockGetsAResult();
+    void word_sameAgainDoesNothing();
+    void word_changedDuringAPassIsMarkedAfterwards();
+    void word_marksStayAfterAnEdit();
+
+    void stop_endsThePassAndNothingStartsBeforeARequest();
+    void stop_keepsTheSelectionForTheNextRequest();
+    void requests_atTheEndOfARunAreNotLost();
+    void wait_withoutEventLoopReturns();
+    void destruction_inTheMiddleOfAPassIsClean_data();
+    void destruction_inTheMiddleOfAPassIsClean();
+    void resultsInFlight_doNotStarveTheEventLoop();
 };
+
+namespace {
+
+QString manyLines(int nLines)
+{
+    return QString("int value = 12; /* text */ \"string\" // comment\n").repeated(nLines);
+}
+
+QList<int> marksIn(const QTextBlock &block)
+{
+    QList<int> lst;
+    const auto lstFormats = block.layout()->formats();
+    for (const QTextLayout::FormatRange &range : lstFormats) {
+        if (range.format.intProperty(QTextFormat::UserProperty) == 1) {
+            lst.append(range.start);
+        }
+    }
+    return lst;
+}
+
+QVariantMap likeC()
+{
+    TestDefinition definition;
+    definition.strSingleLine = "//";
+    definition.strMultiLineStart = "/*";
+    definition.strMultiLineEnd = "*/";
+    definition.mapLists = {{"k", {"int", "if"}}};
+    return definition.toMap();
+}
+
+QSet<int> linesOf(const QSignalSpy &spy)
+{
+    QSet<int> set;
+    for (const QList<QVariant> &lstArguments : spy) {
+        set.insert(lstArguments.at(1).value<QTextBlock>().blockNumber());
+    }
+    return set;
+}
+
+} // namespace
+
+void tst_ThreadHighlighter::signals_areDeclaredAsDocumented()
+{
+    const QMetaObject &meta = CThreadHighlighter::staticMetaObject;
+    for (const char *pszName : {"blockFormatChanged", "selectedChanged"}) {
+        const QByteArray arrSignature =
+            QByteArray(pszName) + "(uint,QTextBlock,QList<QTextLayout::FormatRange>)";
+        const int nIndex = meta.indexOfSignal(arrSignature);
+        QVERIFY2(nIndex >= 0, arrSignature.constData());
+        QCOMPARE(meta.method(nIndex).parameterNames(), QList<QByteArray>({"nVer", "tb", "lst"}));
+    }
+    QVERIFY(meta.indexOfSlot("rehighlight()") >= 0);
+    QVERIFY(meta.indexOfSlot("stopThread()") >= 0);
+}
 
 void tst_ThreadHighlighter::newText_isColoured()
 {
-    Editor editor;
+    HighlightedEditor editor;
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
-    editor.document.setPlainText(QStringLiteral("int a = 1;\n\nb // c"));
-    QTRY_COMPARE(spy.count(), 3);
+    editor.document.setPlainText("int a = 1;\n\nb // c");
+    QVERIFY(editor.settle());
+    QCOMPARE(spy.count(), 3);
+    QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
     QCOMPARE(editor.document.firstBlock().layout()->formats().size(), 2);
+}
+
+void tst_ThreadHighlighter::accessors_followTheDefinition()
+{
+    HighlightedEditor editor;
+    QCOMPARE(editor.pHighlighter->languageName(), QString());
+    QCOMPARE(editor.pHighlighter->singleLineComment(), QString("//"));
+    editor.pHighlighter->setDefinition(likeC());
+    QCOMPARE(editor.pHighlighter->languageName(), QString("Test"));
+    QCOMPARE(editor.pHighlighter->multiLineCommentStart(), QString("/*"));
+    QCOMPARE(editor.pHighlighter->multiLineCommentEnd(), QString("*/"));
+    editor.pHighlighter->setDefinition(QVariantMap());
+    QCOMPARE(editor.pHighlighter->languageName(), QString());
+    QCOMPARE(editor.pHighlighter->singleLineComment(), QString());
+}
+
+void tst_ThreadHighlighter::definition_recoloursEveryBlock()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("/* int\nint */\nint");
+    QVERIFY(editor.settle());
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    editor.pHighlighter->setDefinition(likeC());
+    QVERIFY(!editor.pHighlighter->isRunning());
+    QVERIFY(editor.settle());
+    QCOMPARE(spy.count(), 3);
+    QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
+}
+
+void tst_ThreadHighlighter::keystroke_recoloursItsLineOnly()
+{
+    HighlightedEditor editor;
+    editor.pHighlighter->setDefinition(likeC());
+    editor.document.setPlainText("int a\nint b\nint c");
+    QVERIFY(editor.settle());
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    QTextCursor(editor.document.findBlockByNumber(1)).insertText("1");
+    QVERIFY(editor.settle());
+    QCOMPARE(linesOf(spy), QSet<int>({1}));
+    spy.clear();
+    QTextCursor(editor.document.findBlockByNumber(1)).insertText("x\ny\n");
+    QVERIFY(editor.settle());
+    QCOMPARE(linesOf(spy), QSet<int>({1, 2, 3}));
+    QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
+}
+
+void tst_ThreadHighlighter::openedComment_recoloursWhatFollows()
+{
+    HighlightedEditor editor;
+    editor.pHighlighter->setDefinition(likeC());
+    editor.document.setPlainText("int a\nint b\n*/\nint c\nint d");
+    QVERIFY(editor.settle());
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    QTextCursor(editor.document.firstBlock()).insertText("/*");
+    QVERIFY(editor.settle());
+    QCOMPARE(linesOf(spy), QSet<int>({0, 1, 2}));
+    editor.document.undo();
+    QVERIFY(editor.settle());
+    QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
+}
+
+void tst_ThreadHighlighter::requestWithoutEdit_doesEveryBlock()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("a\nb\nc");
+    QVERIFY(editor.settle());
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    editor.pHighlighter->rehighlight();
+    QVERIFY(editor.settle());
+    QCOMPARE(spy.count(), 3);
+}
+
+void tst_ThreadHighlighter::stateIsWritten_beforeTheResultIsSeen()
+{
+    HighlightedEditor editor;
+    editor.pHighlighter->setDefinition(likeC());
+    editor.document.setPlainText("/*\n\na");
+    QList<int> lstStates;
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&](uint, const QTextBlock &block) { lstStates.append(block.userState()); });
+    QVERIFY(editor.settle());
+    QCOMPARE(lstStates, QList<int>({2, 2, 2}));
+}
+
+void tst_ThreadHighlighter::results_carryTheVersionOfTheText()
+{
+    HighlightedEditor editor;
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    editor.document.setPlainText("a");
+    QTextCursor(editor.document.firstBlock()).insertText("b");
+    QVERIFY(editor.settle());
+    QVERIFY(!spy.isEmpty());
+    QCOMPARE(spy.last().at(0).toUInt(), editor.document.version());
+}
+
+void tst_ThreadHighlighter::editDuringAPass_onlyCurrentResultsCome()
+{
+    HighlightedEditor editor;
+    editor.pHighlighter->setDefinition(likeC());
+    editor.document.setPlainText(manyLines(5000));
+    bool bOld = false;
+    int nResults = 0;
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&](uint nVersion) {
+                bOld = bOld || nVersion != editor.document.version();
+                ++nResults;
+            });
+    for (int n = 0; n < 30; ++n) {
+        const int nBefore = nResults;
+        QTRY_VERIFY(nResults > nBefore || editor.document.lines()->isComplete());
+        QTextCursor(editor.document.findBlockByNumber(n * 100)).insertText("\n/*");
+    }
+    QVERIFY(editor.settle());
+    QVERIFY(!bOld);
+    QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
+}
+
+// clear() stops the pass and asks for none.
+void tst_ThreadHighlighter::cleared_isColouredAgain()
+{
+    HighlightedEditor editor;
+    QPlainTextEdit widget;
+    widget.setDocument(&editor.document);
+    widget.setPlainText("/* a\nb");
+    widget.clear();
+    QVERIFY(editor.settle());
+    QCOMPARE(editor.document.firstBlock().userState(), 0);
+    QTextCursor(&editor.document).insertText("1");
+    QVERIFY(editor.settle());
+    QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
+}
+
+void tst_ThreadHighlighter::clearedFormats_comeBackWithTheNextRequest()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("1\n2\n3");
+    QVERIFY(editor.settle());
+    editor.document.clearAdditionalFormats();
+    QTextCursor(&editor.document).insertText("4");
+    QVERIFY(editor.settle());
+    QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
+}
+
+void tst_ThreadHighlighter::word_isMarkedInAnyCase()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc ABC xAbCx\nab c\nabcabc");
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(editor.settle());
+    QCOMPARE(marksIn(editor.document.findBlockByNumber(0)), QList<int>({0, 4, 9}));
+    QCOMPARE(marksIn(editor.document.findBlockByNumber(1)), QList<int>());
+    QCOMPARE(marksIn(editor.document.findBlockByNumber(2)), QList<int>({0, 3}));
+    const QTextLayout::FormatRange range = editor.document.firstBlock().layout()->formats().last();
+    QCOMPARE(range.length, 3);
+    QCOMPARE(range.format.background().color(), QColor("#DD9BFF9B"));
+    QCOMPARE(range.format.background().color().alpha(), 0xDD);
+    QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
+}
+
+void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::newRow("nothing") << "";
+    QTest::newRow("two letters") << "ab";
+    QTest::newRow("two letters and blanks") << "  ab  ";
+    QTest::newRow("only blanks") << "     ";
+}
+
+void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks()
+{
+    QFETCH(QString, word);
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc  ab  ab     x");
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(editor.settle());
+    QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>({0}));
+    editor.pHighlighter->setSelectedWord(word);
+    QVERIFY(editor.settle());
+    QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>());
+}
+
+void tst_ThreadHighlighter::word_blanksAroundItCount()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc abc abcabc abc ");
+    editor.pHighlighter->setSelectedWord(" abc ");
+    QVERIFY(editor.settle());
+    QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>({3, 14}));
+}
+
+void tst_ThreadHighlighter::word_everyBlockGetsAResult()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc\n\nx");
+    QVERIFY(editor.settle());
+    QSignalSpy spySyntax(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    QSignalSpy spyWord(editor.pHighlighter, &CThreadHighlighter::selectedChanged);
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(editor.settle());
+    QCOMPARE(spyWord.count(), 3);
+    QCOMPARE(spySyntax.count(), 0);
+}
+
+void tst_ThreadHighlighter::word_sameAgainDoesNothing()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc");
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(editor.settle());
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(!editor.pHighlighter->isRunning());
+    editor.pHighlighter->setSelectedWord("abcd");
+    editor.pHighlighter->setSelectedWord("ab");
+    QVERIFY(editor.settle());
+    editor.pHighlighter->setSelectedWord("x");
+    QVERIFY(!editor.pHighlighter->isRunning());
+}
+
+void tst_ThreadHighlighter::word_changedDuringAPassIsMarkedAfterwards()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText(manyLines(3000));
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::selectedChanged);
+    editor.pHighlighter->setSelectedWord("value");
+    QVERIFY(spy.wait());
+    editor.pHighlighter->setSelectedWord("string");
+    QVERIFY(editor.settle());
+    for (QTextBlock block = editor.document.begin(); block.isValid(); block = block.next()) {
+        QCOMPARE(marksIn(block), block.text().isEmpty() ? QList<int>() : QList<int>({28}));
+    }
+}
+
+void tst_ThreadHighlighter::word_marksStayAfterAnEdit()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("x abc\nabc");
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(editor.settle());
+    QTextCursor cursor(editor.document.lastBlock());
+    cursor.movePosition(QTextCursor::EndOfBlock);
+    cursor.insertText(" abc");
+    QVERIFY(editor.settle());
+    QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>({2}));
+    QCOMPARE(marksIn(editor.document.lastBlock()), QList<int>({0}));
+}
+
+void tst_ThreadHighlighter::stop_endsThePassAndNothingStartsBeforeARequest()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText(manyLines(20000));
+    QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+    QVERIFY(spy.wait());
+    editor.pHighlighter->stopThread();
+    QVERIFY(editor.pHighlighter->wait(5000));
+    QVERIFY(!editor.document.lines()->isComplete());
+    QSignalSpy spyWord(editor.pHighlighter, &CThreadHighlighter::selectedChanged);
+    editor.pHighlighter->setSelectedWord("value");
+    QTRY_VERIFY(!editor.pHighlighter->isRunning());
+    QCoreApplication::processEvents();
+    QCOMPARE(spyWord.count(), 0);
+    editor.pHighlighter->rehighlight();
+    QVERIFY(editor.settle());
+    QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
+}
+
+void tst_ThreadHighlighter::stop_keepsTheSelectionForTheNextRequest()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc");
+    QVERIFY(editor.settle());
+    editor.pHighlighter->stopThread();
+    editor.pHighlighter->setSelectedWord("abc");
+    QVERIFY(editor.pHighlighter->wait(5000));
+    editor.pHighlighter->rehighlight();
+    QVERIFY(editor.settle());
+    QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>({0}));
+}
+
+// The thread ends while the next request comes, again and again; each request has to have its pass.
+void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText("abc");
+    QVERIFY(editor.settle());
+    int nResults = 0;
+    connect(editor.pHighlighter, &CThreadHighlighter::selectedChanged, &editor.document,
+            [&] { ++nResults; });
+    for (int n = 0; n < 2000; ++n) {
+        nResults = 0;
+        editor.pHighlighter->setSelectedWord(n % 2 ? "abc" : "abcd");
+        QElapsedTimer timer;
+        timer.start();
+        while (nResults == 0 && timer.elapsed() < 5000) {
+            QCoreApplication::processEvents();
+        }
+        QVERIFY2(nResults > 0, qPrintable(QString("request %1 was lost").arg(n)));
+    }
+}
+
+void tst_ThreadHighlighter::wait_withoutEventLoopReturns()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText(manyLines(50000));
+    editor.pHighlighter->rehighlight();
+    QVERIFY(editor.pHighlighter->wait(30000));
+    QVERIFY(editor.settle());
+    QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
+}
+
+void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean_data()
+{
+    QTest::addColumn<bool>("bHighlighterFirst");
+    QTest::newRow("the document with its highlighter") << false;
+    QTest::newRow("the highlighter first") << true;
+}
+
+void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean()
+{
+    QFETCH(bool, bHighlighterFirst);
+    for (int n = 0; n < 10; ++n) {
+        HighlightedEditor editor;
+        editor.document.setPlainText(manyLines(5000));
+        editor.pHighlighter->setSelectedWord("value");
+        QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
+        if (n % 2) {
+            QVERIFY(spy.wait());
+        } else {
+            QCoreApplication::sendPostedEvents();
+        }
+        if (bHighlighterFirst) {
+            delete editor.pHighlighter;
+            QCoreApplication::processEvents();
+        }
+    }
+}
+
+// Posted events are delivered to the last one; results must not come as an endless row of them.
+void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
+{
+    HighlightedEditor editor;
+    editor.document.setPlainText(manyLines(30000));
+    QElapsedTimer timer;
+    qint64 nLongest = 0;
+    while (!editor.document.lines()->isComplete()) {
+        timer.start();
+        QCoreApplication::sendPostedEvents();
+        nLongest = qMax(nLongest, timer.elapsed());
+        QCoreApplication::processEvents();
+    }
+    QVERIFY2(nLongest < 200, qPrintable(QString("%1 ms").arg(nLongest)));
 }
 
 QTEST_MAIN(tst_ThreadHighlighter)

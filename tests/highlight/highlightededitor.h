@@ -1,0 +1,30 @@
+#pragma once
+
+#include "highlight/cliteralrules.h"
+#include "highlight/cthreadhighlighter.h"
+
+// A document with its highlighter, connected as an editor connects them.
+struct HighlightedEditor
+{
+    CTextDocument document;
+    CThreadHighlighter *pHighlighter = new CThreadHighlighter(&document);
+
+    HighlightedEditor()
+    {
+        QObject::connect(&document, &QTextDocument::contentsChange, pHighlighter,
+                         &CThreadHighlighter::stopThread, Qt::QueuedConnection);
+        QObject::connect(&document, &QTextDocument::contentsChanged, pHighlighter,
+                         &CThreadHighlighter::rehighlight, Qt::QueuedConnection);
+    }
+
+    // Runs the event loop until no pass runs, every result has arrived and nothing more comes;
+    // false when that takes more than nMs.
+    bool settle(int nMs = 20000);
+};
+
+// The first block whose state or syntax ranges are not those that the literal rules give for the
+// text of the document; an empty text when there is none.
+QString firstDifference(const QTextDocument &document, const CLiteralRules &rules);
+
+// The ranges as additional formats, as a block carries them.
+QVector<QTextLayout::FormatRange> toFormats(const HighlightLine &line);

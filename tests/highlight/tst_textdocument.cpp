@@ -1,0 +1,305 @@
+#include "highlight/clinestore.h"
+#include "highlight/ctextdocument.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPlainTextDocumentLayout>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextCursor>
+
+class tst_TextDocument : public QObject
+{
+    Q_OBJECT
+private slots:
+    void newDocument_hasPlainTextLayoutAndVersionZero();
+    void everyEdit_countsTheVersion();
+    void currentResult_replacesSyntaxRanges();
+    void marks_comeBehindSyntaxRangesAndStay();
+    void onlyBitZero_makesAMark();
+    void resultOfOldVersion_isDropped();
+    void resultForRemovedBlock_isIgnored();
+    void result_marksTheBlockDirty();
+    void results_neverTouchUndoOrModified();
+    void clearAdditionalFormats_removesAllRanges();
+    void clearAdditionalFormats_ofAnEmptyDocumentDoesNothing();
+    void collectedResults_areShownTogether();
+    void lines_followEveryEdit_data();
+    void lines_followEveryEdit();
+    void lines_followRandomEdits();
+};
+
+namespace {
+
+using Ranges = QList<QTextLayout::FormatRange>;
+
+QTextLayout::FormatRange range(int nStart, int nProperty = 0)
+{
+    QTextLayout::FormatRange result {nStart, 1, QTextCharFormat()};
+    result.format.setForeground(Qt::red);
+    if (nProperty) {
+        result.format.setProperty(QTextFormat::UserProperty, nProperty);
+    }
+    return result;
+}
+
+QList<int> startsIn(const QTextBlock &block)
+{
+    QList<int> lst;
+    const auto lstFormats = block.layout()->formats();
+    for (const QTextLayout::FormatRange &format : lstFormats) {
+        lst.append(format.start);
+    }
+    return lst;
+}
+
+QStringList linesOf(const QTextDocument &document)
+{
+    QStringList lst;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        lst.append(block.text());
+    }
+    return lst;
+}
+
+QStringList storedLines(const CTextDocument &document)
+{
+    QStringList lst;
+    for (int n = 0; n < document.lines()->count(); ++n) {
+        lst.append(document.lines()->text(n));
+    }
+    return lst;
+}
+
+} // namespace
+
+void tst_TextDocument::newDocument_hasPlainTextLayoutAndVersionZero()
+{
+    const CTextDocument document(nullptr);
+    QVERIFY(qobject_cast<QPlainTextDocumentLayout *>(document.documentLayout()));
+    QCOMPARE(document.version(), 0u);
+    QCOMPARE(storedLines(document), QStringList(QString()));
+}
+
+void tst_TextDocument::everyEdit_countsTheVersion()
+{
+    CTextDocument document;
+    QSignalSpy spy(&document, &QTextDocument::contentsChange);
+    QTextCursor cursor(&document);
+    cursor.insertText("a");
+    QCOMPARE(document.version(), 1u);
+    cursor.insertText("b\nc");
+    document.undo();
+    document.redo();
+    document.setPlainText("x");
+    document.clear();
+    QCOMPARE(document.version(), uint(spy.count()));
+    document.onContentsChange();
+    QCOMPARE(document.version(), uint(spy.count()) + 1);
+}
+
+void tst_TextDocument::currentResult_replacesSyntaxRanges()
+{
+    CTextDocument document;
+    document.setPlainText("abc");
+    const QTextBlock block = document.firstBlock();
+    document.onHighlightBlock(document.version(), block, {range(2), range(0)});
+    QCOMPARE(startsIn(block), QList<int>({2, 0}));
+    document.onHighlightBlock(document.version(), block, {range(1)});
+    QCOMPARE(startsIn(block), QList<int>({1}));
+    document.onHighlightBlock(document.version(), block, Ranges());
+    QCOMPARE(startsIn(block), QList<int>());
+}
+
+void tst_TextDocument::marks_comeBehindSyntaxRangesAndStay()
+{
+    CTextDocument document;
+    document.setPlainText("abcdef");
+    const QTextBlock block = document.firstBlock();
+    document.onHighlightSelected(document.version(), block, {range(4, 1), range(5, 1)});
+    document.onHighlightBlock(document.version(), block, {range(1), range(0)});
+    QCOMPARE(startsIn(block), QList<int>({1, 0, 4, 5}));
+    document.onHighlightBlock(document.version(), block, {range(2)});
+    QCOMPARE(startsIn(block), QList<int>({2, 4, 5}));
+    document.onHighlightSelected(document.version(), block, {range(3, 1)});
+    QCOMPARE(startsIn(block), QList<int>({2, 3}));
+    document.onHighlightSelected(document.version(), block, Ranges());
+    QCOMPARE(startsIn(block), QList<int>({2}));
+}
+
+void tst_TextDocument::onlyBitZero_makesAMark()
+{
+    CTextDocument document;
+    document.setPlainText("abcdef");
+    const QTextBlock block = document.firstBlock();
+    document.onHighlightBlock(document.version(), block, {range(0, 2), range(1, 3), range(2, 4)});
+    document.onHighlightSelected(document.version(), block, {range(5, 1)});
+    QCOMPARE(startsIn(block), QList<int>({0, 2, 5}));
+}
+
+void tst_TextDocument::resultOfOldVersion_isDropped()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef");
+    const uint nVersion = document.version();
+    document.onHighlightBlock(nVersion, document.firstBlock(), {range(1)});
+    QTextCursor(document.lastBlock()).insertText("x");
+    document.onHighlightBlock(nVersion, document.firstBlock(), {range(2)});
+    document.onHighlightSelected(nVersion, document.firstBlock(), {range(0, 1)});
+    document.onHighlightBlock(nVersion + 2, document.firstBlock(), {range(2)});
+    QCOMPARE(startsIn(document.firstBlock()), QList<int>({1}));
+}
+
+void tst_TextDocument::resultForRemovedBlock_isIgnored()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef");
+    const QTextBlock block = document.lastBlock();
+    document.setPlainText(QString());
+    document.onHighlightBlock(document.version(), block, {range(0)});
+    document.onHighlightBlock(document.version(), QTextBlock(), {range(0)});
+    QCOMPARE(startsIn(document.firstBlock()), QList<int>());
+}
+
+void tst_TextDocument::result_marksTheBlockDirty()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef");
+    // Whether a block or everything is announced is the layout's choice.
+    QSignalSpy spyOne(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock);
+    QSignalSpy spyAll(document.documentLayout(), &QAbstractTextDocumentLayout::update);
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    QCOMPARE(spyOne.count() + spyAll.count(), 1);
+    document.onHighlightSelected(document.version(), document.lastBlock(), {range(0, 1)});
+    QCOMPARE(spyOne.count() + spyAll.count(), 2);
+}
+
+void tst_TextDocument::results_neverTouchUndoOrModified()
+{
+    CTextDocument document;
+    document.setPlainText("abc");
+    document.setModified(false);
+    QSignalSpy spy(&document, &QTextDocument::contentsChange);
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    document.onHighlightSelected(document.version(), document.firstBlock(), {range(0, 1)});
+    document.clearAdditionalFormats();
+    QVERIFY(!document.isModified());
+    QVERIFY(!document.isUndoAvailable());
+    QCOMPARE(spy.count(), 0);
+}
+
+void tst_TextDocument::clearAdditionalFormats_removesAllRanges()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef");
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    document.onHighlightSelected(document.version(), document.lastBlock(), {range(0, 1)});
+    document.clearAdditionalFormats();
+    QCOMPARE(startsIn(document.firstBlock()), QList<int>());
+    QCOMPARE(startsIn(document.lastBlock()), QList<int>());
+}
+
+void tst_TextDocument::clearAdditionalFormats_ofAnEmptyDocumentDoesNothing()
+{
+    CTextDocument document;
+    document.clearAdditionalFormats();
+    QCOMPARE(document.version(), 0u);
+    QVERIFY(!document.isModified());
+    QCOMPARE(document.blockCount(), 1);
+}
+
+void tst_TextDocument::collectedResults_areShownTogether()
+{
+    CTextDocument document;
+    document.setPlainText("a\nb\nc\nd\ne");
+    QSignalSpy spyOne(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock);
+    QSignalSpy spyAll(document.documentLayout(), &QAbstractTextDocumentLayout::update);
+    document.beginResults();
+    for (const int nLine : {0, 1, 2, 4}) {
+        document.onHighlightBlock(document.version(), document.findBlockByNumber(nLine),
+                                  {range(0)});
+    }
+    document.endResults();
+    QCOMPARE(spyOne.count() + spyAll.count(), 2);
+    for (const int nLine : {0, 1, 2, 4}) {
+        QCOMPARE(startsIn(document.findBlockByNumber(nLine)), QList<int>({0}));
+    }
+}
+
+void tst_TextDocument::lines_followEveryEdit_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("letter at the start") << 0 << 0 << "x";
+    QTest::newRow("letter at the end") << 11 << 11 << "x";
+    QTest::newRow("new line at the start") << 0 << 0 << "\n";
+    QTest::newRow("new line at the end") << 11 << 11 << "\n";
+    QTest::newRow("new line inside") << 5 << 5 << "\n";
+    QTest::newRow("many lines") << 5 << 5 << "1\n2\n3\n4\n5";
+    QTest::newRow("join two lines") << 3 << 4 << "";
+    QTest::newRow("remove a line") << 4 << 8 << "";
+    QTest::newRow("remove all") << 0 << 11 << "";
+    QTest::newRow("replace across lines") << 2 << 9 << "x\ny";
+}
+
+void tst_TextDocument::lines_followEveryEdit()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(QString, text);
+    CTextDocument document;
+    document.setPlainText("abc\ndef\nghi");
+    QTextCursor cursor(&document);
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    cursor.insertText(text);
+    QCOMPARE(storedLines(document), linesOf(document));
+    document.undo();
+    QCOMPARE(storedLines(document), QStringList({"abc", "def", "ghi"}));
+    document.redo();
+    QCOMPARE(storedLines(document), linesOf(document));
+}
+
+void tst_TextDocument::lines_followRandomEdits()
+{
+    QRandomGenerator random(42);
+    CTextDocument document;
+    const QString strMany = QString("line of text\n").repeated(1500);
+    for (int n = 0; n < 1500; ++n) {
+        QTextCursor cursor(&document);
+        cursor.setPosition(random.bounded(document.characterCount()));
+        const int nKind = random.bounded(100);
+        if (nKind < 40) {
+            cursor.insertText(QString("x\n").repeated(random.bounded(4)) + "y");
+        } else if (nKind < 70) {
+            const int nEnd = cursor.position() + random.bounded(60);
+            cursor.setPosition(qMin(nEnd, document.characterCount() - 1), QTextCursor::KeepAnchor);
+            cursor.removeSelectedText();
+        } else if (nKind < 80) {
+            document.undo();
+        } else if (nKind < 85) {
+            document.redo();
+        } else if (nKind < 90) {
+            cursor.beginEditBlock();
+            cursor.insertText("a\nb");
+            cursor.movePosition(QTextCursor::Start);
+            cursor.insertText("\n");
+            cursor.movePosition(QTextCursor::End);
+            cursor.deletePreviousChar();
+            cursor.endEditBlock();
+        } else if (nKind < 92) {
+            cursor.insertText(strMany.left(random.bounded(strMany.size())));
+        } else if (nKind < 93) {
+            document.setPlainText(strMany.left(random.bounded(strMany.size())));
+        } else if (nKind < 94) {
+            document.clear();
+        }
+        if (n % 10 == 0 || n > 1490) {
+            QCOMPARE(storedLines(document), linesOf(document));
+        }
+    }
+}
+
+QTEST_MAIN(tst_TextDocument)
+#include "tst_textdocument.moc"
