@@ -1,0 +1,165 @@
+#include "web/charset.h"
+#include "web/chtmlscanner.h"
+
+#include <QTest>
+
+class tst_Charset : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void declareUtf8_data();
+    void declareUtf8();
+    void declareUtf8_twice_changesNothingMore_data() { declareUtf8_data(); }
+    void declareUtf8_twice_changesNothingMore();
+    void scanner_givesTagsOutsideRawTextAndComments_data();
+    void scanner_givesTagsOutsideRawTextAndComments();
+    void scanner_readsAttributes();
+};
+
+void tst_Charset::declareUtf8_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("expected");
+
+    const auto change = [](const char *szRow, const char *szHtml, const char *szExpected) {
+        QTest::newRow(szRow) << QString::fromUtf8(szHtml) << QString::fromUtf8(szExpected);
+    };
+    const auto keep = [&](const char *szRow, const char *szHtml) { change(szRow, szHtml, szHtml); };
+
+    keep("empty", "");
+    keep("none declared", "<html><head></head><body>é</body></html>");
+    keep("utf-8 already", "<meta charset=\"utf-8\">");
+    keep("UTF-8 as spelled", "<meta charset='UTF-8'>");
+    keep("utf8 without a hyphen", "<meta charset=utf8>");
+    keep("content-type without charset", "<meta http-equiv=Content-Type content=\"text/html\">");
+    keep("content without http-equiv", "<meta name=x content=\"text/html; charset=gb2312\">");
+    keep("another http-equiv", "<meta http-equiv=refresh content=\"1; charset=gb2312\">");
+    keep("in a comment", "<!-- <meta charset=gb2312> -->");
+    keep("in a script", "<script>'<meta charset=gb2312>'</script>");
+    keep("in a style", "<style>/* <meta charset=gb2312> */</style>");
+    keep("in a text area", "<textarea><meta charset=gb2312></textarea>");
+    keep("in a title", "<title><meta charset=gb2312></title>");
+    keep("in an attribute", "<p title=\"<meta charset=gb2312>\">x</p>");
+    keep("not a tag", "a < meta charset=gb2312>");
+    keep("empty value", "<meta charset=\"\">");
+    keep("longer name", "<metal charset=gb2312>");
+    keep("xml declares utf-8", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><html>");
+    keep("xml declares nothing", "<?xml version=\"1.0\"?><html>");
+    keep("unfinished tag", "<meta charset");
+
+    change("double quotes", "<meta charset=\"gb2312\">", "<meta charset=\"utf-8\">");
+    change("single quotes", "<meta charset='latin1'>", "<meta charset='utf-8'>");
+    change("no quotes", "<meta charset=Shift_JIS>", "<meta charset=utf-8>");
+    change("no quotes, self-closing", "<meta charset=Shift_JIS />", "<meta charset=utf-8 />");
+    change("upper case", "<META CHARSET=\"GBK\">", "<META CHARSET=\"utf-8\">");
+    change("blanks around", "<meta  charset = \"gbk\" >", "<meta  charset = \"utf-8\" >");
+    change("other attributes", "<meta id=a charset=gbk class=b>",
+           "<meta id=a charset=utf-8 class=b>");
+    change("http-equiv", "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=gb2312\">",
+           "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=utf-8\">");
+    change("http-equiv behind content",
+           "<meta content='text/html;charset=big5' http-equiv=content-type>",
+           "<meta content='text/html;charset=utf-8' http-equiv=content-type>");
+    change("quotes within content",
+           "<meta http-equiv=\"content-type\" content=\"text/html; charset='euc-jp'\">",
+           "<meta http-equiv=\"content-type\" content=\"text/html; charset='utf-8'\">");
+    change("more behind the charset",
+           "<meta http-equiv=\"content-type\" content=\"text/html; charset=euc-jp; x=y\">",
+           "<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8; x=y\">");
+    change("two declarations", "<meta charset=gbk><meta charset=big5>",
+           "<meta charset=utf-8><meta charset=utf-8>");
+    change("behind a comment with a quote", "<!-- don't --><meta charset=gbk>",
+           "<!-- don't --><meta charset=utf-8>");
+    change("behind a script", "<script>if (a<b) '</p>'</script><meta charset=gbk>",
+           "<script>if (a<b) '</p>'</script><meta charset=utf-8>");
+    change("behind the shortest comment", "<!--><meta charset=gbk>", "<!--><meta charset=utf-8>");
+    change("xml declaration", "<?xml version=\"1.0\" encoding=\"gb2312\"?><html>",
+           "<?xml version=\"1.0\" encoding=\"utf-8\"?><html>");
+    change("text around is kept", "<p>é</p><meta charset=gbk>\n<p>中</p>",
+           "<p>é</p><meta charset=utf-8>\n<p>中</p>");
+}
+
+void tst_Charset::declareUtf8()
+{
+    QFETCH(QString, html);
+    QFETCH(QString, expected);
+    QCOMPARE(::declareUtf8(html), expected);
+}
+
+void tst_Charset::declareUtf8_twice_changesNothingMore()
+{
+    QFETCH(QString, html);
+    const QString strOnce = ::declareUtf8(html);
+    QCOMPARE(::declareUtf8(strOnce), strOnce);
+}
+
+void tst_Charset::scanner_givesTagsOutsideRawTextAndComments_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("tags");
+
+    QTest::newRow("none") << "text"
+                          << "";
+    QTest::newRow("nested") << "<a><B></b></a>"
+                            << "a b /b /a";
+    QTest::newRow("doctype") << "<!DOCTYPE html><p>"
+                             << "p";
+    QTest::newRow("comment with tags") << "<p><!-- <a> > --><b>"
+                                       << "p b";
+    QTest::newRow("open comment") << "<p><!-- <a>"
+                                  << "p";
+    QTest::newRow("script") << "<script><p></scriptx></SCRIPT ><b>"
+                            << "script /script b";
+    QTest::newRow("script to the end") << "<script><p>"
+                                       << "script";
+    QTest::newRow("plaintext") << "<plaintext><p></plaintext>"
+                               << "plaintext";
+    QTest::newRow("less-than sign") << "1 < 2 <= 3 <p>"
+                                    << "p";
+    QTest::newRow("slash in the tag") << "<br/><hr / >"
+                                      << "br hr";
+    QTest::newRow("quoted bracket") << "<p a='>' b=\">\"><b>"
+                                    << "p b";
+    QTest::newRow("end of text") << "<"
+                                 << "";
+    QTest::newRow("end in a name") << "<p"
+                                   << "p";
+    QTest::newRow("end in a value") << "<p a=\"x"
+                                    << "p";
+}
+
+void tst_Charset::scanner_givesTagsOutsideRawTextAndComments()
+{
+    QFETCH(QString, html);
+    QFETCH(QString, tags);
+    QStringList lstTags;
+    CHtmlScanner scanner(html);
+    while (scanner.next())
+        lstTags.append(scanner.tag().m_strName);
+    QCOMPARE(lstTags.join(QLatin1Char(' ')), tags);
+}
+
+void tst_Charset::scanner_readsAttributes()
+{
+    const QString strHtml = QStringLiteral("<p A=1 b='two' c = \"\" d e=/x/ a=2>");
+    CHtmlScanner scanner(strHtml);
+    QVERIFY(scanner.next());
+    const SHtmlTag &tag = scanner.tag();
+    const auto value = [&](const QString &strName) {
+        const SHtmlAttribute *pAttribute = tag.attribute(strName);
+        return pAttribute ? strHtml.mid(pAttribute->m_nValue, pAttribute->m_nLength)
+                          : QStringLiteral("(none)");
+    };
+    QCOMPARE(value(QStringLiteral("a")), QStringLiteral("1"));
+    QCOMPARE(value(QStringLiteral("b")), QStringLiteral("two"));
+    QCOMPARE(value(QStringLiteral("c")), QString());
+    QCOMPARE(value(QStringLiteral("d")), QString());
+    QCOMPARE(value(QStringLiteral("e")), QStringLiteral("/x/"));
+    QCOMPARE(value(QStringLiteral("f")), QStringLiteral("(none)"));
+    QCOMPARE(tag.m_nStart, 0);
+    QCOMPARE(tag.m_nEnd, strHtml.size());
+}
+
+QTEST_GUILESS_MAIN(tst_Charset)
+#include "tst_charset.moc"

@@ -1,0 +1,159 @@
+#include "web/cpagenetwork.h"
+#include "web/localresources.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+class tst_LocalResources : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void mayReadLocal_data();
+    void mayReadLocal();
+    void linkOutOfTheSite_isRefused();
+    void deviceAndFolder_areRefused();
+    void siteFolder_stopsBelowHome();
+    void network_data();
+    void network();
+
+private:
+    static void touch(const QString &strPath);
+};
+
+void tst_LocalResources::touch(const QString &strPath)
+{
+    QDir().mkpath(QFileInfo(strPath).path());
+    QFile file(strPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("x");
+}
+
+void tst_LocalResources::mayReadLocal_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("allowed");
+
+    const char *szPage = "place/site/pages/page.html";
+    QTest::newRow("the page itself") << szPage << "place/site/pages/page.html" << true;
+    QTest::newRow("beside the page") << szPage << "place/site/pages/a.png" << true;
+    QTest::newRow("below the page") << szPage << "place/site/pages/img/deep/a.png" << true;
+    QTest::newRow("one folder up") << szPage << "place/site/css/a.css" << true;
+    QTest::newRow("two folders up") << szPage << "place/common/a.css" << true;
+    QTest::newRow("three folders up") << szPage << "other/a.css" << false;
+    QTest::newRow("missing") << szPage << "place/site/pages/none.png" << false;
+    QTest::newRow("hidden file") << szPage << "place/site/pages/.secret" << false;
+    QTest::newRow("in a hidden folder") << szPage << "place/site/.git/config" << false;
+    QTest::newRow("page without folder") << ""
+                                         << "place/site/pages/a.png" << false;
+    QTest::newRow("page in a missing folder") << "nowhere/page.html"
+                                              << "other/a.css" << false;
+    QTest::newRow("not above the shared folder") << "other/page.html"
+                                                 << "place/common/a.css" << false;
+}
+
+void tst_LocalResources::mayReadLocal()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, file);
+    QFETCH(bool, allowed);
+
+    // The folder for temporary files is one that sites share, so it ends the way up.
+    const QByteArray arrOldTemp = qgetenv("TMPDIR");
+    QTemporaryDir folder;
+    qputenv("TMPDIR", QFile::encodeName(folder.path()));
+    for (const char *szFile :
+         {"place/site/pages/page.html", "place/site/pages/a.png", "place/site/pages/img/deep/a.png",
+          "place/site/css/a.css", "place/common/a.css", "other/a.css", "place/site/pages/.secret",
+          "place/site/.git/config"})
+        touch(folder.filePath(QLatin1String(szFile)));
+
+    const QString strPage = page.isEmpty() ? QString() : folder.filePath(page);
+    const bool bAllowed = ::mayReadLocal(strPage, folder.filePath(file));
+    qputenv("TMPDIR", arrOldTemp);
+    QCOMPARE(bAllowed, allowed);
+}
+
+void tst_LocalResources::linkOutOfTheSite_isRefused()
+{
+    QTemporaryDir folder;
+    QTemporaryDir folderElsewhere;
+    touch(folder.filePath(QStringLiteral("page.html")));
+    touch(folderElsewhere.filePath(QStringLiteral("secret")));
+    const QString strLink = folder.filePath(QStringLiteral("link.png"));
+    QVERIFY(QFile::link(folderElsewhere.filePath(QStringLiteral("secret")), strLink));
+    QVERIFY(!::mayReadLocal(folder.filePath(QStringLiteral("page.html")), strLink));
+}
+
+void tst_LocalResources::deviceAndFolder_areRefused()
+{
+    QTemporaryDir folder;
+    touch(folder.filePath(QStringLiteral("sub/page.html")));
+    const QString strPage = folder.filePath(QStringLiteral("sub/page.html"));
+    QVERIFY(!::mayReadLocal(strPage, folder.filePath(QStringLiteral("sub"))));
+    QVERIFY(!::mayReadLocal(QStringLiteral("/dev/page.html"), QStringLiteral("/dev/zero")));
+}
+
+void tst_LocalResources::siteFolder_stopsBelowHome()
+{
+    QDir dirHome = QDir::home();
+    QVERIFY(dirHome.mkpath(QStringLiteral("site/pages")));
+    const QString strHome = QFileInfo(dirHome.path()).canonicalFilePath();
+    QCOMPARE(siteFolder(strHome + QStringLiteral("/site/pages/a.html")),
+             QString(strHome + QStringLiteral("/site")));
+    QCOMPARE(siteFolder(strHome + QStringLiteral("/site/a.html")),
+             QString(strHome + QStringLiteral("/site")));
+    QCOMPARE(siteFolder(strHome + QStringLiteral("/a.html")), strHome);
+    QCOMPARE(siteFolder(strHome + QStringLiteral("/site/")),
+             QString(strHome + QStringLiteral("/site")));
+}
+
+void tst_LocalResources::network_data()
+{
+    QTest::addColumn<QString>("document");
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<bool>("allowed");
+
+    QTest::newRow("local page, web") << "file:///site/a.html"
+                                     << "http://host/x.png" << false;
+    QTest::newRow("local page, secure web") << "file:///site/a.html"
+                                            << "https://host/x.png" << false;
+    QTest::newRow("local page, ftp") << "file:///site/a.html"
+                                     << "ftp://host/x.png" << false;
+    QTest::newRow("local page, data") << "file:///site/a.html"
+                                      << "data:image/gif;base64,x" << true;
+    QTest::newRow("local page, system file") << "file:///site/a.html"
+                                             << "file:///etc/passwd" << false;
+    QTest::newRow("local page, file of a host") << "file:///site/a.html"
+                                                << "file://host/share/x" << false;
+    QTest::newRow("text, web") << "about:blank"
+                               << "http://host/x.png" << false;
+    QTest::newRow("text, system file") << "about:blank"
+                                       << "file:///etc/passwd" << false;
+    QTest::newRow("nothing yet, web") << ""
+                                      << "http://host/x.png" << false;
+    QTest::newRow("web page, web") << "http://host/"
+                                   << "https://cdn/x.png" << true;
+    QTest::newRow("web page, file") << "http://host/"
+                                    << "file:///etc/passwd" << false;
+    QTest::newRow("web page, ftp") << "http://host/"
+                                   << "ftp://host/x" << false;
+    QTest::newRow("device as the document") << "file:///dev/zero"
+                                            << "file:///dev/zero" << false;
+}
+
+void tst_LocalResources::network()
+{
+    QFETCH(QString, document);
+    QFETCH(QString, url);
+    QFETCH(bool, allowed);
+    CPageNetwork network;
+    network.setDocument(QUrl(document));
+    QCOMPARE(network.isAllowed(QUrl(url)), allowed);
+}
+
+QTEST_GUILESS_MAIN(tst_LocalResources)
+#include "tst_localresources.moc"

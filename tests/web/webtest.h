@@ -1,0 +1,76 @@
+#pragma once
+
+#include "app/csettings.h"
+#include "web/ceditwebview.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWebElement>
+#include <QWebFrame>
+
+// Settings in memory of this process only, and a temporary folder: one for each test case.
+class CWebCase
+{
+public:
+    CWebCase() : m_settings(QStringLiteral("Quillan Tests"), QStringLiteral("web"))
+    {
+        m_settings.clear();
+        m_settings.read();
+        g_pSettings = &m_settings;
+    }
+    ~CWebCase() { g_pSettings = nullptr; }
+
+    QString path(const QString &strName) const { return m_folder.filePath(strName); }
+    QString write(const QString &strName, const QByteArray &data) const
+    {
+        QFile file(path(strName));
+        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
+            qFatal("cannot write a test file");
+        return file.fileName();
+    }
+
+    CSettings m_settings;
+    QTemporaryDir m_folder;
+};
+
+inline QByteArray contentOf(const QString &strPath)
+{
+    QFile file(strPath);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// True once the page has been loaded, whether with success or not.
+inline bool loadAndWait(CEditWebView *pPage, const QString &strPath)
+{
+    QSignalSpy spy(pPage, &QWebView::loadFinished);
+    return pPage->loadFile(strPath) && (!spy.isEmpty() || spy.wait());
+}
+
+inline QString textOf(const CEditWebView *pPage)
+{
+    return pPage->page()->mainFrame()->toPlainText();
+}
+
+// Marks the page modified on every change, as the window does.
+inline void followChanges(CEditWebView *pPage)
+{
+    QObject::connect(pPage->page(), &QWebPage::contentsChanged, pPage,
+                     [pPage] { pPage->setModified(true); });
+}
+
+inline QVariant run(const CEditWebView *pPage, const QString &strScript)
+{
+    return pPage->page()->mainFrame()->documentElement().evaluateJavaScript(strScript);
+}
+
+// Selects the whole content of the first element that matches.
+inline void selectElement(CEditWebView *pPage, const QString &strSelector)
+{
+    run(pPage,
+        QStringLiteral("var r = document.createRange();"
+                       "r.selectNodeContents(document.querySelector('%1'));"
+                       "getSelection().removeAllRanges(); getSelection().addRange(r)")
+            .arg(strSelector));
+}

@@ -1,0 +1,213 @@
+#include "web/ceditwebview.h"
+
+#include "app/commonhelpers.h"
+#include "web/charset.h"
+#include "web/csafepage.h"
+#include "web/localresources.h"
+#include "web/markup.h"
+
+#include <QContextMenuEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QTextDocument>
+#include <QTimer>
+#include <QWebElement>
+#include <QWebFrame>
+#include <QWebHistory>
+
+CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
+{
+    setPage(new CSafePage(this));
+    setEditable(true);
+    connect(this, &QWebView::loadStarted, this, &CEditWebView::onLoadStarted);
+    connect(this, &QWebView::loadFinished, this, &CEditWebView::onLoadFinished);
+    connect(page(), &QWebPage::contentsChanged, this, &CEditWebView::onEditPageContentChanged);
+    connect(page(), &QWebPage::selectionChanged, this,
+            [this] { enterFrame(page()->currentFrame()); });
+    // Queued: the question may run an event loop, which the web view must not be waiting for.
+    connect(safePage(), &CSafePage::linkFollowed, this, &CEditWebView::followLink,
+            Qt::QueuedConnection);
+    buildMenu();
+    createSourceEdit();
+}
+
+CEditWebView::~CEditWebView()
+{
+    stop();
+    if (m_pSourceEdit) {
+        m_pSourceEdit->disconnect(this);
+        m_pSourceEdit->setPageEditor(nullptr);
+        delete m_pSourceEdit;
+    }
+}
+
+CSafePage *CEditWebView::safePage() const
+{
+    return static_cast<CSafePage *>(page());
+}
+
+void CEditWebView::buildMenu()
+{
+    m_menuContext.addAction(tr("Copy"), this, &CEditWebView::onCopy);
+    m_menuContext.addAction(tr("Cut"), this, &CEditWebView::onCut);
+    m_menuContext.addAction(tr("Paste"), this, &CEditWebView::onPaste);
+    m_menuContext.addSeparator();
+    m_menuContext.addAction(tr("Refresh"), this, &CEditWebView::onRefresh);
+    m_menuContext.addSeparator();
+    m_menuContext.addAction(tr("Open file position"), this, &CEditWebView::onOpenFilePosition);
+}
+
+void CEditWebView::createSourceEdit()
+{
+    m_pSourceEdit = new CHighlightEdit(this);
+    m_pSourceEdit->setPageEditor(this);
+    m_pSourceEdit->setCodecName(QStringLiteral("UTF-8"));
+    m_pSourceEdit->hide();
+    connect(m_pSourceEdit, &QObject::destroyed, this, &QObject::deleteLater);
+}
+
+void CEditWebView::setModified(bool bModified)
+{
+    m_bModified = bModified;
+    if (m_pSourceEdit)
+        m_pSourceEdit->setModified(bModified);
+}
+
+QString CEditWebView::getTitle() const
+{
+    QString strTitle = title();
+    if (strTitle.isEmpty())
+        strTitle = QFileInfo(m_strFilePath).fileName();
+    if (strTitle.isEmpty())
+        strTitle = tr("Untitled");
+    if (m_bModified)
+        strTitle += QLatin1Char('*');
+    return strTitle;
+}
+
+void CEditWebView::setFilePath(const QString &strPath)
+{
+    m_strFilePath = strPath;
+    m_urlNamed = url();
+    if (m_pSourceEdit)
+        m_pSourceEdit->setPathFileName(strPath);
+}
+
+QIcon CEditWebView::icon() const
+{
+    const QWebElementCollection lstLinks = page()->mainFrame()->findAllElements(
+        QStringLiteral("link[rel~=icon], link[rel~=ICON], link[rel~=Icon]"));
+    for (const QWebElement &link : lstLinks) {
+        const QUrl urlIcon =
+            page()->mainFrame()->baseUrl().resolved(QUrl(link.attribute(QStringLiteral("href"))));
+        const QString strFile = urlIcon.toLocalFile();
+        if (urlIcon.isLocalFile() && mayReadLocal(url().toLocalFile(), strFile))
+            return QIcon(QPixmap(strFile));
+    }
+    return QIcon();
+}
+
+QString CEditWebView::toHtml() const
+{
+    return repairSerialised(page()->mainFrame()->toHtml());
+}
+
+QByteArray CEditWebView::htmlForSaving() const
+{
+    return declareUtf8(toHtml()).toUtf8();
+}
+
+void CEditWebView::showSource(bool bShow)
+{
+    m_bSourceShown = bShow;
+    if (bShow)
+        clearFocus();
+    m_pSourceEdit->setVisible(bShow);
+    if (bShow) {
+        m_pSourceEdit->setModified(m_bModified);
+        pushSource();
+    }
+}
+
+void CEditWebView::applySource(const QString &strHtml)
+{
+    if (m_pSourceEdit->isModified())
+        m_bModified = true;
+    if (m_pSourceEdit->document()->revision() != m_nPushedRevision) {
+        const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
+        setHtml(strHtml, bOwn ? QUrl::fromLocalFile(m_strFilePath) : url());
+    }
+}
+
+// In a tab of its own the source editor is not visible while another tab is current, but a page
+// that finishes loading then has to reach it all the same.
+bool CEditWebView::isSourceShown() const
+{
+    return m_pSourceEdit && (m_pSourceEdit->isVisible() || m_bSourceShown);
+}
+
+// Keeps the source's modified flag. It is put back here and not by the loader's timer, so that a
+// key typed right after stays an edit; and nobody hears of it, as nothing was typed.
+void CEditWebView::pushSource()
+{
+    const bool bModified = m_pSourceEdit->isModified();
+    {
+        const QSignalBlocker blocker(m_pSourceEdit);
+        m_pSourceEdit->setTextData(toHtml().toUtf8(), false);
+        m_pSourceEdit->setModified(bModified);
+    }
+    m_pSourceEdit->updateLineNumberAreaWidth();
+    m_pSourceEdit->update();
+    m_nPushedRevision = m_pSourceEdit->document()->revision();
+}
+
+void CEditWebView::onLoadStarted()
+{
+    m_bModifiedBeforeLoad = m_bModified;
+}
+
+void CEditWebView::onLoadFinished(bool bOk)
+{
+    m_bLoadFailed = !bOk;
+    enterFrame(page()->mainFrame());
+    setModified(m_bModifiedBeforeLoad);
+    if (isSourceShown())
+        pushSource();
+}
+
+void CEditWebView::onEditPageContentChanged()
+{
+    applyPendingFontSize();
+    if (isSourceShown())
+        pushSource();
+}
+
+void CEditWebView::onRefresh()
+{
+    reload();
+}
+
+void CEditWebView::onCopy()
+{
+    triggerPageAction(QWebPage::Copy, false);
+}
+
+void CEditWebView::onCut()
+{
+    triggerPageAction(QWebPage::Cut, false);
+}
+
+void CEditWebView::onPaste()
+{
+    triggerPageAction(QWebPage::Paste, false);
+}
+
+void CEditWebView::onSelectAll()
+{
+    triggerPageAction(QWebPage::SelectAll, false);
+}
+
+void CEditWebView::onOpenFilePosition()
+{
+    openFilePosition(m_strFilePath);
+}

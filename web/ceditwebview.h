@@ -1,0 +1,178 @@
+#pragma once
+
+#include "editor/chighlightedit.h"
+
+#include <QMenu>
+#include <QPointer>
+#include <QWebView>
+
+#include <functional>
+
+class CSafePage;
+
+// The visual editor of an HTML page: the rendered page itself is edited. Its twin, the source
+// editor, shows the page's HTML.
+//
+// Ownership: the page owns its source editor, also while a tab widget has taken the source editor
+// in the page's place and so become its parent. To close a document, delete the page editor
+// (CHighlightEdit::pageEditor() gives it), whichever of the two is shown. A source editor that is
+// deleted first takes its page along as soon as the event loop runs.
+//
+// Nothing in the page runs, and a page of this disk asks nobody on the network (see csafepage.h,
+// cpagenetwork.h). Needs g_pSettings. GUI thread only.
+class CEditWebView : public QWebView
+{
+    Q_OBJECT
+
+public:
+    explicit CEditWebView(QWidget *pParent = nullptr);
+    ~CEditWebView() override;
+
+    // Document.
+    void setModified(bool bModified);
+    bool isModified() const { return m_bModified; }
+    // The text for the tab: title of the page, else file name, else "Untitled"; "*" when modified.
+    QString getTitle() const;
+    QString selectedHtml() const { return QWebView::selectedHtml(); }
+    // Also says that what is shown now is that file's content.
+    void setFilePath(const QString &strPath);
+    QString filePath() const { return m_strFilePath; }
+    // The icon that the page names, when it is a file of the page's site; else null.
+    QIcon icon() const;
+
+    // Loading. None of these marks the page modified; all but applySource() end in loadFinished().
+    // False when the file cannot be read: then nothing happens. Otherwise takes the path over.
+    bool loadFile(const QString &strPath);
+    void setUrl(const QUrl &url);
+    void setHtml(const QString &strHtml, const QUrl &urlBase = QUrl());
+    // Reads the document's file again, or the address that is shown instead of it. False when the
+    // file cannot be read: the page stays as it was, and statusMessage() says so.
+    bool reload();
+    void back();
+    void forward();
+    bool canGoBack() const;
+    bool canGoForward() const;
+    // False while the view shows another address (a followed link), or failed to load the file:
+    // saving would then overwrite the file with something else.
+    bool showsOwnFile() const;
+    // Asked before a modified page is left for another; true once it was saved or may be lost.
+    // Without a question a modified page is not left.
+    void setLeaveQuestion(const std::function<bool()> &question) { m_leaveQuestion = question; }
+    void setLinksFollowed(bool bFollowed) { m_bLinksFollowed = bFollowed; }
+
+    // The document as HTML, with doctype and leading comments. Stable: read and serialised again it
+    // is the same text.
+    QString toHtml() const;
+    // UTF-8; a declaration of another encoding is changed, none is added.
+    QByteArray htmlForSaving() const;
+
+    // Source view.
+    CHighlightEdit *sourceEdit() const { return m_pSourceEdit; }
+    // Call with true before the source editor takes the page's place.
+    void showSource(bool bShow);
+    // The edited source becomes the page, which is modified when the source is. When nothing was
+    // typed in the source, the page stays as it is, with caret and undo history.
+    void applySource(const QString &strHtml);
+
+    // Editing; works on the selection.
+    // Runs a command with the page editable: while Control is held, it is not.
+    void runEditable(const std::function<void()> &command);
+    void triggerEdit(QWebPage::WebAction action);
+    void insertHtml(const QString &strHtml);
+    bool isBold() const;
+    bool isItalic() const;
+    bool isUnderline() const;
+    QString fontName() const;
+    // In points, without a unit: "12", "10.5".
+    QString fontSize() const;
+    // Invalid when unknown; without a background of its own, a colour with alpha 0.
+    QColor foreColor() const;
+    QColor backColor() const;
+    void setFontName(const QString &strFamily);
+    // Points, or with the unit "pt" or "px". Anything else changes nothing.
+    void setFontSize(const QString &strSize);
+    // Any notation of CSS. What is no colour changes nothing.
+    void setForeColor(const QString &strColor);
+    void setBackColor(const QString &strColor);
+    // Invalid over no link.
+    QUrl urlUnderPos(QMouseEvent *pEvent) const;
+
+    // Search, with the find options of the settings. With "search up" off the page is searched
+    // backward and with it on forward.
+    bool findPageText(const QString &strText, bool bFromEdge);
+    // The other direction for this one call.
+    bool findPageTextReverse(const QString &strText, bool bFromEdge);
+    // Always forward from the selection, whatever the options say. The replacement is HTML.
+    bool replacePageText(const QString &strText, const QString &strReplacement);
+    // From the start, with "search up" from the end: then nothing is replaced. Always true.
+    bool replaceAllPageText(const QString &strText, const QString &strReplacement);
+
+signals:
+    void overUrl(const QString &strUrl);
+    void modifiedChanged(bool bModified);
+    void focusIn();
+    // One line for the status bar.
+    void statusMessage(const QString &strText);
+
+public slots:
+    void onLoadStarted();
+    void onLoadFinished(bool bOk);
+    void onEditPageContentChanged();
+    void onRefresh();
+    void onCopy();
+    void onCut();
+    void onPaste();
+    void onSelectAll();
+    void onOpenFilePosition();
+
+protected:
+    bool event(QEvent *pEvent) override;
+    void mousePressEvent(QMouseEvent *pEvent) override;
+    void mouseMoveEvent(QMouseEvent *pEvent) override;
+    void keyPressEvent(QKeyEvent *pEvent) override;
+    void keyReleaseEvent(QKeyEvent *pEvent) override;
+    void focusInEvent(QFocusEvent *pEvent) override;
+    void focusOutEvent(QFocusEvent *pEvent) override;
+    void contextMenuEvent(QContextMenuEvent *pEvent) override;
+    void dragEnterEvent(QDragEnterEvent *pEvent) override;
+    void dragMoveEvent(QDragMoveEvent *pEvent) override;
+    void dropEvent(QDropEvent *pEvent) override;
+    bool focusNextPrevChild(bool bNext) override;
+
+private:
+    CSafePage *safePage() const;
+    void buildMenu();
+    void createSourceEdit();
+    bool isSourceShown() const;
+    void pushSource();
+
+    bool showsOwnAddress() const;
+    bool mayLeave();
+    void followLink(const QUrl &url);
+
+    void setEditable(bool bEditable);
+    void enterFrame(const QWebFrame *pFrame);
+    QVariant evaluate(const QString &strScript) const;
+    QVariant queryState(const QString &strCommand) const;
+    QString queryValue(const QString &strCommand) const;
+    void command(const QString &strName, const QString &strValue);
+    void applyPendingFontSize();
+    void moveToSearchEdge();
+
+    bool m_bModified = false;
+    bool m_bModifiedBeforeLoad = false;
+    QString m_strFilePath;
+    QPointer<CHighlightEdit> m_pSourceEdit;
+    QMenu m_menuContext;
+
+    QUrl m_urlNamed; // The address shown when the file path was set.
+    bool m_bLoadFailed = false;
+    bool m_bLinksFollowed = true;
+    std::function<bool()> m_leaveQuestion;
+    bool m_bSourceShown = false;
+    int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
+    bool m_bControlDown = false;
+    bool m_bInSubframe = false;
+    bool m_bHandlingKey = false;
+    QString m_strPendingFontSize; // For the next typed text, as CSS; empty for none.
+};

@@ -1,0 +1,139 @@
+// Keys, mouse, focus, drag and drop.
+#include "web/ceditwebview.h"
+
+#include <QContextMenuEvent>
+#include <QMimeData>
+#include <QWebFrame>
+
+#include <algorithm>
+
+namespace {
+
+bool hasLocalFiles(const QMimeData *pMimeData)
+{
+    const QList<QUrl> lstUrls = pMimeData->urls();
+    return std::any_of(lstUrls.cbegin(), lstUrls.cend(),
+                       [](const QUrl &url) { return url.isLocalFile(); });
+}
+
+// Leaves files to the window, which opens them; the page itself would go to them.
+template<typename Event> bool leaveToWindow(Event *pEvent)
+{
+    if (!hasLocalFiles(pEvent->mimeData()))
+        return false;
+    pEvent->ignore();
+    return true;
+}
+
+} // namespace
+
+bool CEditWebView::event(QEvent *pEvent)
+{
+    const bool bOuter = m_bHandlingKey;
+    m_bHandlingKey = pEvent->type() == QEvent::KeyPress;
+    const bool bDone = QWebView::event(pEvent);
+    m_bHandlingKey = bOuter;
+    return bDone;
+}
+
+// A web view moves the focus on by sending the page a Tab key, which an editable page takes for
+// typed text. Without a key having been pressed (the view is being hidden), the widget's own way is
+// taken.
+bool CEditWebView::focusNextPrevChild(bool bNext)
+{
+    return m_bHandlingKey ? QWebView::focusNextPrevChild(bNext)
+                          : QWidget::focusNextPrevChild(bNext);
+}
+
+// While Control is held the page is not editable, so that its links can be clicked.
+void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
+{
+    if (pEvent->key() == Qt::Key_Control) {
+        m_bControlDown = true;
+        setEditable(false);
+    } else if (m_bControlDown && pEvent->modifiers().testFlag(Qt::ControlModifier)) {
+        // Moving by words, deleting words, paste, and AltGr where it comes as Control and Alt.
+        runEditable([=] { QWebView::keyPressEvent(pEvent); });
+        return;
+    }
+    QWebView::keyPressEvent(pEvent);
+}
+
+void CEditWebView::keyReleaseEvent(QKeyEvent *pEvent)
+{
+    if (pEvent->key() == Qt::Key_Control) {
+        m_bControlDown = false;
+        setEditable(!m_bInSubframe);
+    }
+    QWebView::keyReleaseEvent(pEvent);
+}
+
+void CEditWebView::focusInEvent(QFocusEvent *pEvent)
+{
+    QWebView::focusInEvent(pEvent);
+    emit focusIn();
+}
+
+void CEditWebView::focusOutEvent(QFocusEvent *pEvent)
+{
+    QWebView::focusOutEvent(pEvent);
+    if (!m_bControlDown)
+        return;
+    // The release will go elsewhere.
+    m_bControlDown = false;
+    setEditable(!m_bInSubframe);
+}
+
+// A frame's document is another file: what were typed there could not be saved.
+void CEditWebView::enterFrame(const QWebFrame *pFrame)
+{
+    const bool bInSubframe = pFrame && pFrame != page()->mainFrame();
+    if (bInSubframe == m_bInSubframe || (bInSubframe && !page()->isContentEditable()))
+        return;
+    m_bInSubframe = bInSubframe;
+    if (!m_bControlDown)
+        setEditable(!bInSubframe);
+}
+
+void CEditWebView::mousePressEvent(QMouseEvent *pEvent)
+{
+    enterFrame(page()->frameAt(pEvent->pos()));
+    QWebView::mousePressEvent(pEvent);
+}
+
+void CEditWebView::mouseMoveEvent(QMouseEvent *pEvent)
+{
+    QWebView::mouseMoveEvent(pEvent);
+    const QUrl url = urlUnderPos(pEvent);
+    if (url.isValid())
+        emit overUrl(url.toString());
+}
+
+QUrl CEditWebView::urlUnderPos(QMouseEvent *pEvent) const
+{
+    const QUrl url = page()->mainFrame()->hitTestContent(pEvent->pos()).linkUrl();
+    return url.isEmpty() ? QUrl() : url;
+}
+
+void CEditWebView::contextMenuEvent(QContextMenuEvent *pEvent)
+{
+    m_menuContext.popup(mapToGlobal(pEvent->pos()));
+}
+
+void CEditWebView::dragEnterEvent(QDragEnterEvent *pEvent)
+{
+    if (!leaveToWindow(pEvent))
+        QWebView::dragEnterEvent(pEvent);
+}
+
+void CEditWebView::dragMoveEvent(QDragMoveEvent *pEvent)
+{
+    if (!leaveToWindow(pEvent))
+        QWebView::dragMoveEvent(pEvent);
+}
+
+void CEditWebView::dropEvent(QDropEvent *pEvent)
+{
+    if (!leaveToWindow(pEvent))
+        QWebView::dropEvent(pEvent);
+}

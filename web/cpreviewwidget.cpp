@@ -1,0 +1,192 @@
+#include "web/cpreviewwidget.h"
+
+#include "app/commonhelpers.h"
+#include "editor/chighlightedit.h"
+#include "web/ceditwebview.h"
+#include "web/cimagewidget.h"
+#include "web/csafepage.h"
+
+#include <QContextMenuEvent>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QImageReader>
+
+namespace {
+
+constexpr qint64 c_nMaxTextBytes = 500000;
+
+bool isPage(const QString &strSuffix)
+{
+    return strSuffix == QLatin1String("htm") || strSuffix == QLatin1String("html");
+}
+
+} // namespace
+
+CPreviewWidget::CPreviewWidget(QWidget *pParent)
+    : QWidget(pParent), m_pActOpenPosition(m_menuContext.addAction(tr("Open position of file")))
+{
+    auto *pLayout = new QHBoxLayout(this);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(0);
+    connect(m_pActOpenPosition, &QAction::triggered, this, &CPreviewWidget::onClickAction);
+}
+
+void CPreviewWidget::clearPreview()
+{
+    deleteTextView();
+    if (m_pImage) {
+        m_pImage->hide();
+        m_pImage->clearImage();
+    }
+    if (m_pWebFile) {
+        m_pWebFile->hide();
+        m_pWebFile->stop();
+        m_pFilePage->navigate([this] { m_pWebFile->setHtml(QString()); });
+    }
+    if (m_pWebText) {
+        m_pWebText->hide();
+        m_pWebText->setHtml(QString(), QUrl());
+    }
+    updateTitle();
+}
+
+void CPreviewWidget::previewFile(const QString &strPath)
+{
+    const QFileInfo info(strPath);
+    if (info.exists() && !info.isDir()) {
+        m_strFile = strPath;
+        clearPreview();
+        const QString strSuffix = info.suffix().toLower();
+        if (isPage(strSuffix)) {
+            showPage(strPath);
+        } else if (QImageReader::supportedImageFormats().contains(strSuffix.toLatin1())) {
+            imageView()->show();
+            imageView()->setImageFile(strPath);
+        } else {
+            showText(strPath);
+        }
+    }
+    updateTitle();
+}
+
+void CPreviewWidget::setFile(const QString &strPath, bool bLoad)
+{
+    const QFileInfo info(strPath);
+    if (!info.exists() || info.isDir())
+        return;
+    m_strFile = strPath;
+    if (bLoad)
+        previewFile(strPath);
+    updateTitle();
+}
+
+void CPreviewWidget::previewHtml(const QString &strHtml, const QUrl &urlBase)
+{
+    clearPreview();
+    webTextView()->show();
+    webTextView()->setHtml(strHtml, urlBase);
+    updateTitle();
+}
+
+void CPreviewWidget::previewSvg(const QString &strSvg)
+{
+    clearPreview();
+    imageView()->show();
+    imageView()->setSvgText(strSvg);
+}
+
+void CPreviewWidget::onClickAction()
+{
+    if (sender() == m_pActOpenPosition && !m_strFile.isEmpty())
+        openFilePosition(m_strFile);
+}
+
+void CPreviewWidget::contextMenuEvent(QContextMenuEvent *pEvent)
+{
+    m_pActOpenPosition->setEnabled(!m_strFile.isEmpty());
+    m_menuContext.popup(mapToGlobal(pEvent->pos()));
+}
+
+void CPreviewWidget::updateTitle()
+{
+    auto *pDock = qobject_cast<QDockWidget *>(parent());
+    if (!pDock)
+        return;
+    QString strTitle = tr("Preview");
+    if (!m_strFile.isEmpty())
+        strTitle += QStringLiteral("(%1)").arg(QFileInfo(m_strFile).fileName());
+    pDock->setWindowTitle(strTitle);
+}
+
+// The window opens what is dropped here; a view would show it itself.
+void CPreviewWidget::addView(QWidget *pView)
+{
+    pView->setAcceptDrops(false);
+    layout()->addWidget(pView);
+}
+
+CImageWidget *CPreviewWidget::imageView()
+{
+    if (!m_pImage) {
+        m_pImage = new CImageWidget(this);
+        addView(m_pImage);
+    }
+    return m_pImage;
+}
+
+QWebView *CPreviewWidget::webFileView()
+{
+    if (!m_pWebFile) {
+        m_pWebFile = new QWebView(this);
+        m_pFilePage = new CSafePage(m_pWebFile);
+        m_pWebFile->setPage(m_pFilePage);
+        m_pWebFile->setContextMenuPolicy(Qt::NoContextMenu); // Ours shows instead.
+        addView(m_pWebFile);
+    }
+    return m_pWebFile;
+}
+
+CEditWebView *CPreviewWidget::webTextView()
+{
+    if (!m_pWebText) {
+        m_pWebText = new CEditWebView(this);
+        m_pWebText->page()->setContentEditable(false);
+        m_pWebText->setLinksFollowed(false);
+        m_pWebText->setContextMenuPolicy(Qt::NoContextMenu);
+        addView(m_pWebText);
+    }
+    return m_pWebText;
+}
+
+void CPreviewWidget::showPage(const QString &strPath)
+{
+    webFileView()->show();
+    if (QFileInfo(strPath).isReadable())
+        m_pFilePage->navigate([&] { m_pWebFile->load(QUrl::fromLocalFile(strPath)); });
+}
+
+void CPreviewWidget::showText(const QString &strPath)
+{
+    deleteTextView();
+    m_pText = new CHighlightEdit(this);
+    m_pText->setReadOnly(true);
+    m_pText->setContextMenuPolicy(Qt::NoContextMenu);
+    addView(m_pText);
+    m_pText->show();
+    QFile file(strPath);
+    if (!QFileInfo(strPath).isFile() || !file.open(QIODevice::ReadOnly)) // A pipe never ends.
+        return;
+    m_pText->setPathFileName(strPath);
+    m_pText->setTextData(file.read(c_nMaxTextBytes), false);
+    file.close();
+    if (m_definition)
+        m_pText->setDefinition(m_definition(strPath));
+}
+
+void CPreviewWidget::deleteTextView()
+{
+    delete m_pText;
+    m_pText = nullptr;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QMenu>
+#include <QUrl>
+#include <QVariantMap>
+#include <QWidget>
+
+#include <functional>
+
+class CEditWebView;
+class CHighlightEdit;
+class CImageWidget;
+class CSafePage;
+class QWebView;
+
+// The preview dock's content: one file, HTML text or SVG text at a time, read-only. Links and
+// scripts of what is shown do nothing, and nothing is asked from the network. What cannot be read
+// shows as empty.
+class CPreviewWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // The language definition for a path; an empty map for none.
+    using DefinitionFunction = std::function<QVariantMap(const QString &)>;
+
+    explicit CPreviewWidget(QWidget *pParent = nullptr);
+
+    void setDefinitionFunction(const DefinitionFunction &function) { m_definition = function; }
+
+    // Shows nothing; the file stays known.
+    void clearPreview();
+    // A folder or missing file only updates the dock's title. Of text at most 500000 bytes are
+    // read.
+    void previewFile(const QString &strPath);
+    // Makes an existing file the one that the dock's title names, and shows it when bLoad is set.
+    void setFile(const QString &strPath, bool bLoad);
+    void previewHtml(const QString &strHtml, const QUrl &urlBase);
+    void previewSvg(const QString &strSvg);
+    // Empty for none.
+    QString file() const { return m_strFile; }
+
+public slots:
+    void onClickAction();
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *pEvent) override;
+
+private:
+    void updateTitle();
+    void addView(QWidget *pView);
+    CImageWidget *imageView();
+    QWebView *webFileView();
+    CEditWebView *webTextView();
+    void showPage(const QString &strPath);
+    void showText(const QString &strPath);
+    void deleteTextView();
+
+    QString m_strFile;
+    CImageWidget *m_pImage = nullptr;
+    CHighlightEdit *m_pText = nullptr;
+    QWebView *m_pWebFile = nullptr;
+    CEditWebView *m_pWebText = nullptr;
+    QMenu m_menuContext;
+    QAction *m_pActOpenPosition;
+    CSafePage *m_pFilePage = nullptr; // Of m_pWebFile.
+    DefinitionFunction m_definition;
+};

@@ -1,0 +1,84 @@
+#include "web/csafepage.h"
+
+#include "web/cpagenetwork.h"
+
+#include <QNetworkRequest>
+#include <QWebFrame>
+#include <QWebSettings>
+
+CSafePage::CSafePage(QObject *pParent) : QWebPage(pParent), m_pNetwork(new CPageNetwork(this))
+{
+    setNetworkAccessManager(m_pNetwork);
+    restrictSettings();
+    connect(this, &QWebPage::loadStarted, this, [this] { m_bLoading = true; });
+    connect(this, &QWebPage::loadFinished, this, [this] { m_bLoading = false; });
+}
+
+void CSafePage::restrictSettings()
+{
+    settings()->setDefaultTextEncoding(QStringLiteral("utf-8"));
+    static const QWebSettings::WebAttribute arrOff[] = {
+        QWebSettings::JavascriptEnabled,
+        QWebSettings::JavaEnabled,
+        QWebSettings::PluginsEnabled,
+        QWebSettings::MediaEnabled,
+        QWebSettings::JavascriptCanOpenWindows,
+        QWebSettings::JavascriptCanAccessClipboard,
+        QWebSettings::LocalContentCanAccessRemoteUrls,
+        QWebSettings::DnsPrefetchEnabled,
+        QWebSettings::HyperlinkAuditingEnabled,
+        QWebSettings::ErrorPageEnabled,
+        QWebSettings::OfflineStorageDatabaseEnabled,
+        QWebSettings::OfflineWebApplicationCacheEnabled,
+        QWebSettings::LocalStorageEnabled};
+    for (const QWebSettings::WebAttribute attribute : arrOff)
+        settings()->setAttribute(attribute, false);
+    settings()->setAttribute(QWebSettings::PrivateBrowsingEnabled, true);
+    // A document that was saved and is gone back to has to come from the disk, not from memory.
+    QWebSettings::setMaximumPagesInCache(0);
+    QWebSettings::setObjectCacheCapacities(0, 0, 0);
+}
+
+void CSafePage::navigate(const std::function<void()> &load)
+{
+    // The web view asks for permission before the call returns.
+    const bool bOuter = m_bNavigating;
+    m_bNavigating = true;
+    load();
+    m_bNavigating = bOuter;
+}
+
+bool CSafePage::supportsExtension(Extension extension) const
+{
+    return extension != ErrorPageExtension && QWebPage::supportsExtension(extension);
+}
+
+bool CSafePage::acceptNavigationRequest(QWebFrame *pFrame, const QNetworkRequest &request,
+                                        NavigationType type)
+{
+    const QUrl url = request.url();
+    if (pFrame && pFrame != mainFrame())
+        return m_pNetwork->isAllowed(url) || url.scheme() == QLatin1String("about");
+    if (m_bNavigating || isRedirect(url)) {
+        m_pNetwork->setDocument(url);
+        return true;
+    }
+    if (type != NavigationTypeLinkClicked || isContentEditable())
+        return false;
+    if (pFrame && isWithinDocument(url))
+        return true;
+    emit linkFollowed(url);
+    return false;
+}
+
+// Only a server may send the reader on, and only to another one.
+bool CSafePage::isRedirect(const QUrl &url) const
+{
+    return m_bLoading && url.scheme().startsWith(QLatin1String("http"))
+        && m_pNetwork->document().scheme().startsWith(QLatin1String("http"));
+}
+
+bool CSafePage::isWithinDocument(const QUrl &url) const
+{
+    return url.hasFragment() && url.matches(mainFrame()->url(), QUrl::RemoveFragment);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QUrl>
+#include <QWebPage>
+
+#include <functional>
+
+class CPageNetwork;
+
+// A page on which nothing of the document's own runs: no scripts, plug-ins, Java or media, no
+// network for a local document, no error pages, no window of its own. It goes to another address
+// only within navigate() or after a click, never by itself.
+class CSafePage : public QWebPage
+{
+    Q_OBJECT
+
+public:
+    explicit CSafePage(QObject *pParent = nullptr);
+
+    // Runs a load, reload or step in the history.
+    void navigate(const std::function<void()> &load);
+    CPageNetwork *network() const { return m_pNetwork; }
+    bool supportsExtension(Extension extension) const override;
+
+signals:
+    // A click on a link to another document; only signalled while the page is not editable, as a
+    // click in an editable page sets the caret. Nothing is loaded yet.
+    void linkFollowed(const QUrl &url);
+
+protected:
+    bool acceptNavigationRequest(QWebFrame *pFrame, const QNetworkRequest &request,
+                                 NavigationType type) override;
+
+private:
+    void restrictSettings();
+    bool isRedirect(const QUrl &url) const;
+    bool isWithinDocument(const QUrl &url) const;
+
+    CPageNetwork *m_pNetwork;
+    bool m_bNavigating = false;
+    bool m_bLoading = false;
+};

@@ -1,0 +1,107 @@
+#include "web/pagescript.h"
+
+#include "web/markup.h"
+
+namespace {
+
+constexpr char c_szMarked[] = "'font[size=\"7\"], [style*=\"-webkit-xxx-large\"]'";
+
+QString call(const QString &strFunction, const QString &strArguments)
+{
+    return QStringLiteral("Document.prototype.%1.call(document, %2)")
+        .arg(strFunction, strArguments);
+}
+
+// "size" holds the CSS length.
+QString resize(const QString &strElement)
+{
+    return QStringLiteral("%1.removeAttribute('size'); %1.style.fontSize = size;").arg(strElement);
+}
+
+QString function(const QString &strBody, const QString &strCss)
+{
+    return QStringLiteral("(function(size) { %1 })(%2)").arg(strBody, scriptString(strCss));
+}
+
+} // namespace
+
+namespace PageScript {
+
+QString execute(const QString &strCommand, const QString &strValue)
+{
+    return call(QStringLiteral("execCommand"),
+                QStringLiteral("'%1', false, ").arg(strCommand) + scriptString(strValue));
+}
+
+QString executeStyled(const QString &strCommand, const QString &strValue)
+{
+    return execute(QStringLiteral("styleWithCSS"), QStringLiteral("true")) % QLatin1Char(';')
+        % execute(strCommand, strValue) % QLatin1Char(';')
+        % execute(QStringLiteral("styleWithCSS"), QStringLiteral("false"));
+}
+
+QString queryState(const QString &strCommand)
+{
+    return call(QStringLiteral("queryCommandState"), scriptString(strCommand));
+}
+
+QString queryValue(const QString &strCommand)
+{
+    return call(QStringLiteral("queryCommandValue"), scriptString(strCommand));
+}
+
+QString isCaret()
+{
+    return QStringLiteral("getSelection().isCollapsed");
+}
+
+QString fontPixels()
+{
+    return QStringLiteral("(function() {"
+                          "  var s = getSelection();"
+                          "  if (!s.rangeCount) return 0;"
+                          "  var r = s.getRangeAt(0), n = r.startContainer;"
+                          "  if (n.nodeType == 1 && n.childNodes[r.startOffset])"
+                          "    n = n.childNodes[r.startOffset];"
+                          "  if (n.nodeType != 1) n = n.parentNode;"
+                          "  return n && n.nodeType == 1"
+                          "    ? parseFloat(getComputedStyle(n).fontSize) : 0;"
+                          "})()");
+}
+
+QString setFontSize(const QString &strCss)
+{
+    const QString strMarked = call(QStringLiteral("querySelectorAll"), QLatin1String(c_szMarked));
+    const QString strBody =
+        QStringLiteral("var before = Array.prototype.slice.call(%1), i; %2;"
+                       "var all = %1, s = getSelection();"
+                       "for (i = 0; i < all.length; ++i)"
+                       "  if (before.indexOf(all[i]) < 0 || s.containsNode(all[i], false)) { %3 }")
+            .arg(strMarked, executeStyled(QStringLiteral("fontSize"), QStringLiteral("7")),
+                 resize(QStringLiteral("all[i]")));
+    return function(strBody, strCss);
+}
+
+QString markTyping()
+{
+    return executeStyled(QStringLiteral("fontSize"), QStringLiteral("7"));
+}
+
+QString sizeTyped(const QString &strCss)
+{
+    const QString strBody =
+        QStringLiteral("var n = getSelection().anchorNode;"
+                       "while (n && !(n.nodeType == 1 && n.webkitMatchesSelector(%1)))"
+                       "  n = n.parentNode;"
+                       "if (n) { %2 }")
+            .arg(QLatin1String(c_szMarked), resize(QStringLiteral("n")));
+    return function(strBody, strCss);
+}
+
+QString ensureCaret()
+{
+    return QStringLiteral("if (!getSelection().rangeCount)"
+                          "  getSelection().collapse(this.querySelector('body') || this, 0)");
+}
+
+} // namespace PageScript
