@@ -151,6 +151,7 @@ private:
     void followLink(const QUrl &url);
 
     void setEditable(bool bEditable);
+    void formatByKey(QKeyEvent *pEvent);
     void enterFrame(const QWebFrame *pFrame);
     QVariant evaluate(const QString &strScript) const;
     QVariant queryState(const QString &strCommand) const;

@@ -53,10 +53,24 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
         setEditable(false);
     } else if (m_bControlDown && pEvent->modifiers().testFlag(Qt::ControlModifier)) {
         // Moving by words, deleting words, paste, and AltGr where it comes as Control and Alt.
-        runEditable([=] { QWebView::keyPressEvent(pEvent); });
+        runEditable([=] {
+            formatByKey(pEvent);
+            QWebView::keyPressEvent(pEvent);
+        });
         return;
     }
     QWebView::keyPressEvent(pEvent);
+}
+
+// The keys that every editor has and the web view lacks.
+void CEditWebView::formatByKey(QKeyEvent *pEvent)
+{
+    if (pEvent->matches(QKeySequence::Bold))
+        triggerPageAction(QWebPage::ToggleBold, false);
+    else if (pEvent->matches(QKeySequence::Italic))
+        triggerPageAction(QWebPage::ToggleItalic, false);
+    else if (pEvent->matches(QKeySequence::Underline))
+        triggerPageAction(QWebPage::ToggleUnderline, false);
 }
 
 void CEditWebView::keyReleaseEvent(QKeyEvent *pEvent)

@@ -23,6 +23,8 @@ private slots:
     void control_makesReadOnlyWhileHeld();
     void controlWithAnotherKey_isACommand_data();
     void controlWithAnotherKey_isACommand();
+    void boldWithControlHeld_isThatOfTheTypedText_data();
+    void boldWithControlHeld_isThatOfTheTypedText();
     void altGr_typesAlthoughControlIsDown();
     void focusLostWithControlDown_isEditableAgain();
     void focusIn_isSignalled();
@@ -100,7 +102,6 @@ void tst_PageKeys::controlWithAnotherKey_isACommand_data()
     QTest::newRow("paste") << int(Qt::Key_V) << "one two threepasted";
     QTest::newRow("delete a word") << int(Qt::Key_Backspace) << "one two";
     QTest::newRow("undo") << int(Qt::Key_Z) << "one two three";
-    QTest::newRow("bold") << int(Qt::Key_B) << "one two three";
 }
 
 void tst_PageKeys::controlWithAnotherKey_isACommand()
@@ -111,7 +112,31 @@ void tst_PageKeys::controlWithAnotherKey_isACommand()
     QTest::keyClick(m_pView, Qt::Key(key), Qt::ControlModifier); // Presses Control, too.
     QVERIFY(m_pView->page()->isContentEditable());
     QCOMPARE(textOf(m_pView).section(QLatin1Char('\n'), 0, 0).trimmed(), expected);
-    QCOMPARE(m_pView->isBold(), key == Qt::Key_B);
+}
+
+void tst_PageKeys::boldWithControlHeld_isThatOfTheTypedText_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("key of the page") << true;
+    QTest::newRow("action of the window") << false;
+}
+
+void tst_PageKeys::boldWithControlHeld_isThatOfTheTypedText()
+{
+    QFETCH(bool, byKey);
+    QTest::keyPress(m_pView, Qt::Key_Control);
+    if (byKey) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_B, Qt::ControlModifier, QStringLiteral("\x02"));
+        QApplication::sendEvent(m_pView, &event);
+    } else {
+        m_pView->triggerEdit(QWebPage::ToggleBold);
+    }
+    QVERIFY(!m_pView->page()->isContentEditable());
+    QTest::keyRelease(m_pView, Qt::Key_Control);
+    QVERIFY(m_pView->isBold());
+    QTest::keyClicks(m_pView, QStringLiteral("xy"));
+    QVERIFY2(m_pView->toHtml().contains(QLatin1String("three<b>xy</b>")),
+             qPrintable(m_pView->toHtml()));
 }
 
 void tst_PageKeys::altGr_typesAlthoughControlIsDown()
