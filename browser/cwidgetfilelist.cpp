@@ -6,7 +6,6 @@
 #include "browser/flatbutton.h"
 
 #include <QComboBox>
-#include <QCompleter>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -33,6 +32,8 @@ CWidgetFileList::CWidgetFileList(QWidget *pParent)
 CWidgetFileList::~CWidgetFileList()
 {
     m_pModel->stop();
+    // As a child of the view it would go, and tell of its rows going, after most of the view.
+    delete m_pModel;
 }
 
 QBoxLayout *CWidgetFileList::createBar()
@@ -66,8 +67,7 @@ void CWidgetFileList::createFolderBox()
     m_pComboFolder->setMinimumContentsLength(8);
     m_pComboFolder->setAccessibleName(tr("Folder"));
     // The box's own completer would make another folder of the history out of a path typed whole.
-    m_pComboFolder->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    m_pComboFolder->completer()->setCaseSensitivity(Qt::CaseSensitive);
+    m_pComboFolder->setCompleter(nullptr);
     // Choosing the entry that is already the current one is only `activated`.
     const auto pIndexChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(m_pComboFolder, pIndexChanged, this, &CWidgetFileList::onBoxEntry);
@@ -75,6 +75,7 @@ void CWidgetFileList::createFolderBox()
     connect(m_pComboFolder, pActivated, this, &CWidgetFileList::onBoxEntry);
     connect(m_pComboFolder->lineEdit(), &QLineEdit::returnPressed, this,
             &CWidgetFileList::onComboFolderReturn);
+    m_pComboFolder->lineEdit()->installEventFilter(this);
 }
 
 void CWidgetFileList::createList()

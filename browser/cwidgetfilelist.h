@@ -8,6 +8,7 @@ class CFileSystemModel;
 class CMenuListView;
 class QBoxLayout;
 class QComboBox;
+class QKeyEvent;
 class QModelIndex;
 class QPushButton;
 
@@ -58,8 +59,8 @@ private:
     void onBoxEntry(int nIndex);
     void enterFolder(const QString &strPath);
     void listFolder(const QString &strPath);
-    static bool isListKey(int nKey);
-    bool handleListKey(int nKey);
+    bool claimListKey(QKeyEvent *pKey);
+    bool handleListKey(const QKeyEvent &key);
     QString firstSelectedPath() const;
 
     bool m_bSettingPath = false;

@@ -1,4 +1,4 @@
-// The list of entries: its selection, double clicks, keys and context menu.
+// The list of entries: its selection, double clicks and context menu.
 #include "browser/cwidgetfilelist.h"
 
 #include "app/commonhelpers.h"
@@ -6,7 +6,6 @@
 #include "browser/cmenulistview.h"
 
 #include <QDesktopServices>
-#include <QKeyEvent>
 #include <QUrl>
 
 bool CWidgetFileList::listHasFocus() const
@@ -87,37 +86,4 @@ void CWidgetFileList::openFileByDefault()
     const QString strPath = firstSelectedPath();
     if (!strPath.isEmpty())
         QDesktopServices::openUrl(QUrl::fromLocalFile(strPath));
-}
-
-bool CWidgetFileList::eventFilter(QObject *pWatched, QEvent *pEvent)
-{
-    const bool bOverride = pEvent->type() == QEvent::ShortcutOverride;
-    if (pWatched != m_pListView || (!bOverride && pEvent->type() != QEvent::KeyPress))
-        return QWidget::eventFilter(pWatched, pEvent);
-    const auto *pKey = static_cast<QKeyEvent *>(pEvent);
-    if ((pKey->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
-        return false;
-    // A shortcut of the window on the same key must not take it from the list.
-    if (bOverride && isListKey(pKey->key()))
-        pEvent->accept();
-    return !bOverride && handleListKey(pKey->key());
-}
-
-bool CWidgetFileList::isListKey(int nKey)
-{
-    return nKey == Qt::Key_Return || nKey == Qt::Key_Enter || nKey == Qt::Key_Backspace
-        || nKey == Qt::Key_F5;
-}
-
-bool CWidgetFileList::handleListKey(int nKey)
-{
-    if (!isListKey(nKey))
-        return false;
-    if (nKey == Qt::Key_Backspace)
-        onUpper();
-    else if (nKey == Qt::Key_F5)
-        onRefresh();
-    else
-        openSelection();
-    return true;
 }

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QList>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 // What a message box said.
