@@ -103,7 +103,7 @@ void CHighlightEdit::buildMenu()
     m_pActToggleComment = m_menu.addAction(tr("Toggle Comment"));
     m_pActToggleComment->setShortcut(QKeySequence(QStringLiteral("Ctrl+/")));
     m_pActToggleComment->setShortcutVisibleInContextMenu(true);
-    // connect(m_pActToggleComment, &QAction::triggered, this, &CHighlightEdit::toggleComment);
+    connect(m_pActToggleComment, &QAction::triggered, this, &CHighlightEdit::toggleComment);
     m_menu.addSeparator();
     m_menu.addAction(tr("Refresh"), this, &CHighlightEdit::onRefresh);
     m_menu.addSeparator();

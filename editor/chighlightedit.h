@@ -80,8 +80,14 @@ public:
     // pCursor null: works on the editor's own cursor; else on that cursor and leaves the view
     // alone. bFromEnd: starts at the document's start (searching up, end) instead of at the
     // selection.
+    // The options are those of g_pSettings. Reaching an end, finding nothing and the number of
+    // replacements are signalled; a wrapped search works on the editor's own cursor.
     bool find(const QString &text, bool bFromEnd, QTextCursor *pCursor);
+    // From the selection on, once, against the direction that the settings give.
+    bool findPrevious(const QString &text);
+    // Replaces the selection if it is a match; selects the next match in any case.
     bool replace(const QString &findText, const QString &replaceText, QTextCursor *pCursor);
+    // In the whole document, without wrapping, as one step of undo. True if anything was found.
     bool replaceAll(const QString &findText, const QString &replaceText);
     // Lines count from 1; false when there is no such line.
     bool goToLine(int nLine);
@@ -108,10 +114,11 @@ public slots:
     void onTimeoutKeepModified();
     void onRefresh();
     void onOpenFilePosition();
-    // bool toggleComment();  // comes with chighlightedit_comment.cpp
+    // False without a selection or a highlighter.
+    bool toggleComment();
 
 protected:
-    // void keyPressEvent(QKeyEvent *pEvent) override;  // comes with chighlightedit_keys.cpp
+    void keyPressEvent(QKeyEvent *pEvent) override;
     bool event(QEvent *pEvent) override;
     void contextMenuEvent(QContextMenuEvent *pEvent) override;
     void paintEvent(QPaintEvent *pEvent) override;
@@ -129,6 +136,15 @@ private:
     QFont gutterFont() const;
     void showText(const QString &strText);
     QString plainText() const;
+    bool isSeveralLinesSelected() const;
+    void indentSelection(bool bOutdent);
+    void indentNewLine();
+    bool typePair(const QString &strTyped);
+    void selectRange(int nStart, int nEnd, bool bCursorAtStart);
+    void selectLines(const QTextBlock &first, const QTextBlock &last, bool bCursorAtStart);
+    bool findWrapped(const QString &strText, bool bAllSearched);
+    int replaceMatches(const QString &strFind, const QString &strReplace, QTextCursor *pCursor);
+    void goToBlock(int nBlock);
 
     bool m_bLockFontSize = false;
     bool m_bKeepModified = false;

@@ -32,21 +32,19 @@ public:
 
     // The line's one candidate, seen from nOffset on (searching up: from nOffset back; -1 is the
     // line's last character), where it is not empty and passes the whole-word test. A candidate
-    // that fails gives no match: the rest of the line is not tried.
+    // that fails gives no match: the rest of the line is not tried. A whole word is one that no
+    // letter or digit touches; the underscore separates words here.
     LineMatch find(const QString &strLine, int nOffset) const;
 
     // True when the text matches all of strSelected, which stands alone: what a regular expression
     // demands of its surroundings cannot be met.
     bool matchesExactly(const QString &strSelected) const;
 
-    // True when options() do not ask for whole words, or no letter or digit touches the range.
-    // The underscore separates words here.
-    bool passesWordTest(const QString &strLine, const LineMatch &match) const;
-
     // How many characters behind the start of a match decide about it; -1 when any may.
     int reach() const { return m_options.bRegExp ? -1 : m_strText.length(); }
 
 private:
+    bool passesWordTest(const QString &strLine, const LineMatch &match) const;
     LineMatch candidate(const QString &strLine, int nOffset) const;
 
     QString m_strText;

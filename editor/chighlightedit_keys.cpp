@@ -1,0 +1,128 @@
+#include "editor/chighlightedit.h"
+
+#include "editor/indentation.h"
+
+#include <QKeyEvent>
+#include <QTextBlock>
+
+namespace {
+
+bool isEnter(const QKeyEvent *pEvent)
+{
+    return pEvent->key() == Qt::Key_Enter || pEvent->key() == Qt::Key_Return;
+}
+
+bool isDeadKey(const QKeyEvent *pEvent)
+{
+    return pEvent->key() >= Qt::Key_Dead_Grave && pEvent->key() <= Qt::Key_Dead_Longsolidusoverlay;
+}
+
+// The keypad's Enter carries a modifier of its own.
+bool isPlainOrShifted(const QKeyEvent *pEvent)
+{
+    Qt::KeyboardModifiers modifiers = pEvent->modifiers() & ~Qt::ShiftModifier;
+    if (isEnter(pEvent))
+        modifiers &= ~Qt::KeypadModifier;
+    return modifiers == Qt::NoModifier;
+}
+
+QTextBlock lastSelectedBlock(const QTextCursor &cursor)
+{
+    return cursor.document()->findBlock(qMax(cursor.selectionEnd() - 1, 0));
+}
+
+} // namespace
+
+void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
+{
+    const bool bPlainOrShifted = isPlainOrShifted(pEvent);
+    const bool bTab = pEvent->key() == Qt::Key_Tab || pEvent->key() == Qt::Key_Backtab;
+    if (bTab && bPlainOrShifted && !isReadOnly() && isSeveralLinesSelected()) {
+        indentSelection(pEvent->modifiers() & Qt::ShiftModifier);
+        pEvent->accept();
+        return;
+    }
+    if (bPlainOrShifted && !isReadOnly() && !isDeadKey(pEvent) && typePair(pEvent->text())) {
+        pEvent->accept();
+        return;
+    }
+    if (!isEnter(pEvent) || !bPlainOrShifted) {
+        QPlainTextEdit::keyPressEvent(pEvent);
+        return;
+    }
+    // With Shift the base class would put a line separator into the text, which no source file
+    // should hold; it begins a line like Enter alone.
+    QKeyEvent enter(pEvent->type(), pEvent->key(), pEvent->modifiers() & ~Qt::ShiftModifier,
+                    pEvent->text(), pEvent->isAutoRepeat(), ushort(pEvent->count()));
+    QPlainTextEdit::keyPressEvent(&enter);
+    pEvent->setAccepted(enter.isAccepted());
+    if (!isReadOnly())
+        indentNewLine();
+}
+
+bool CHighlightEdit::isSeveralLinesSelected() const
+{
+    const QTextCursor cursor = textCursor();
+    return cursor.hasSelection()
+        && document()->findBlock(cursor.selectionStart()) != lastSelectedBlock(cursor);
+}
+
+void CHighlightEdit::indentSelection(bool bOutdent)
+{
+    QTextCursor cursor = textCursor();
+    const QTextBlock first = document()->findBlock(cursor.selectionStart());
+    const QTextBlock last = lastSelectedBlock(cursor);
+    const bool bCursorInLast = cursor.block() == last;
+
+    QTextCursor edit(first);
+    edit.beginEditBlock();
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
+        edit.setPosition(block.position());
+        if (!bOutdent) {
+            edit.insertText(QStringLiteral("\t"));
+        } else if (const int nLength = outdentLength(block.text())) {
+            edit.setPosition(block.position() + nLength, QTextCursor::KeepAnchor);
+            edit.removeSelectedText();
+        }
+        if (block == last)
+            break;
+    }
+    edit.endEditBlock();
+    selectLines(first, last, bCursorInLast);
+}
+
+// Enter has begun a line. What is added is undone together with it.
+void CHighlightEdit::indentNewLine()
+{
+    QTextCursor cursor = textCursor();
+    const QTextBlock previous = cursor.block().previous();
+    if (!previous.isValid())
+        return;
+    const QString strBlanks = leadingBlanks(previous.text());
+    const bool bBrace = endsWithOpeningBrace(previous.text());
+    if (strBlanks.isEmpty() && !bBrace)
+        return;
+    cursor.joinPreviousEditBlock();
+    cursor.insertText(strBlanks);
+    if (bBrace) {
+        cursor.setPosition(previous.position() + previous.length() - 1);
+        cursor.insertBlock();
+        cursor.insertText(strBlanks + QLatin1Char('\t'));
+    }
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+}
+
+// An opening bracket or quote comes with its closing one, as one step of undo; that is why the base
+// class does not type the first. False for any other text.
+bool CHighlightEdit::typePair(const QString &strTyped)
+{
+    const QChar closer = closingCharacter(strTyped);
+    if (closer.isNull())
+        return false;
+    QTextCursor cursor = textCursor();
+    cursor.insertText(strTyped + closer);
+    cursor.movePosition(QTextCursor::PreviousCharacter);
+    setTextCursor(cursor);
+    return true;
+}

@@ -1,0 +1,158 @@
+#include "editor/chighlightedit.h"
+
+#include "app/csettings.h"
+#include "editor/documentsearch.h"
+
+#include <QScopedValueRollback>
+#include <QTextBlock>
+
+namespace {
+
+SearchOptions searchOptions()
+{
+    SearchOptions options;
+    options.bMatchCase = g_pSettings->m_bFindMatchCase;
+    options.bWholeWord = g_pSettings->m_bFindMatchWholeWord;
+    options.bSearchUp = g_pSettings->m_bFindSearchUp;
+    options.bRegExp = g_pSettings->m_bFindUseRegularExpression;
+    return options;
+}
+
+bool selectionMatches(const QTextCursor &cursor, const CLineSearch &search)
+{
+    if (!search.matchesExactly(cursor.selectedText()))
+        return false;
+    const QTextDocument *pDocument = cursor.document();
+    return !search.options().bWholeWord
+        || (!pDocument->characterAt(cursor.selectionStart() - 1).isLetterOrNumber()
+            && !pDocument->characterAt(cursor.selectionEnd()).isLetterOrNumber());
+}
+
+} // namespace
+
+bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCursor)
+{
+    if (text.isEmpty())
+        return false;
+    QTextCursor cursor = pCursor ? *pCursor : textCursor();
+    const CLineSearch search(text, searchOptions());
+    const bool bUp = search.options().bSearchUp;
+    const int nStart = searchStart(cursor, bUp, bFromEnd);
+    const DocumentMatch match = findFrom(document(), search, nStart);
+    if (match.isValid()) {
+        const int nMatch = match.block.position() + match.range.nStart;
+        cursor.setPosition(nMatch);
+        cursor.setPosition(nMatch + match.range.nLength, QTextCursor::KeepAnchor);
+        if (pCursor)
+            *pCursor = cursor;
+        else
+            setTextCursor(cursor); // Makes it visible.
+        return true;
+    }
+    const bool bWrap = g_pSettings->m_bFindWrapSearch && !bFromEnd;
+    if (bWrap && findWrapped(text, nStart == (bUp ? documentEnd(document()) : 0)))
+        return true;
+    emit cannotFound();
+    return false;
+}
+
+// The second pass starts at the other end; there is none when the first one began there. An end is
+// told as reached even when something is found behind it.
+bool CHighlightEdit::findWrapped(const QString &strText, bool bAllSearched)
+{
+    const bool bFound = !bAllSearched && find(strText, true, nullptr);
+    if (g_pSettings->m_bFindSearchUp)
+        emit findToTop();
+    else
+        emit findToBottom();
+    return bFound;
+}
+
+bool CHighlightEdit::findPrevious(const QString &text)
+{
+    const QScopedValueRollback<bool> up(g_pSettings->m_bFindSearchUp,
+                                        !g_pSettings->m_bFindSearchUp);
+    return find(text, false, nullptr);
+}
+
+bool CHighlightEdit::replace(const QString &findText, const QString &replaceText,
+                             QTextCursor *pCursor)
+{
+    if (findText.isEmpty())
+        return false;
+    QTextCursor cursor = pCursor ? *pCursor : textCursor();
+    const CLineSearch search(findText, searchOptions());
+    if (cursor.hasSelection() && selectionMatches(cursor, search)) {
+        const int nStart = cursor.selectionStart();
+        cursor.insertText(replaceText);
+        cursor.setPosition(search.options().bSearchUp ? nStart : nStart + replaceText.length());
+        if (pCursor)
+            *pCursor = cursor;
+        else
+            setTextCursor(cursor);
+    }
+    return find(findText, false, pCursor);
+}
+
+bool CHighlightEdit::replaceAll(const QString &findText, const QString &replaceText)
+{
+    int nCount = 0;
+    {
+        const QScopedValueRollback<bool> wrap(g_pSettings->m_bFindWrapSearch, false);
+        QTextCursor cursor = textCursor();
+        cursor.beginEditBlock();
+        nCount = replaceMatches(findText, replaceText, &cursor);
+        cursor.endEditBlock();
+    }
+    emit replaceNum(nCount);
+    return nCount > 0;
+}
+
+// Signals once that nothing more is found, as the last of all single searches would.
+int CHighlightEdit::replaceMatches(const QString &strFind, const QString &strReplace,
+                                   QTextCursor *pCursor)
+{
+    if (strFind.isEmpty())
+        return 0;
+    int nCount = 0;
+    if (holdsBlockEnd(strReplace)) {
+        for (bool bFound = find(strFind, true, pCursor); bFound; ++nCount)
+            bFound = replace(strFind, strReplace, pCursor);
+        return nCount;
+    }
+    const CLineSearch search(strFind, searchOptions());
+    nCount = replaceEverywhere(pCursor, search, strReplace, textCursor());
+    emit cannotFound();
+    return nCount;
+}
+
+bool CHighlightEdit::goToLine(int nLine)
+{
+    if (nLine < 1 || nLine > blockCount())
+        return false;
+    setCenterOnScroll(true);
+    goToBlock(nLine - 1);
+    setCenterOnScroll(false);
+    return true;
+}
+
+void CHighlightEdit::goToBlock(int nBlock)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(document()->findBlockByNumber(nBlock).position());
+    setTextCursor(cursor);
+}
+
+void CHighlightEdit::selectRange(int nStart, int nEnd, bool bCursorAtStart)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(bCursorAtStart ? nEnd : nStart);
+    cursor.setPosition(bCursorAtStart ? nStart : nEnd, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+void CHighlightEdit::selectLines(const QTextBlock &first, const QTextBlock &last,
+                                 bool bCursorAtStart)
+{
+    selectRange(first.position(), last.position() + last.length() - 1, bCursorAtStart);
+}

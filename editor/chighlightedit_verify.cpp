@@ -1,0 +1,76 @@
+#include "editor/chighlightedit.h"
+
+#include "editor/contentformat.h"
+
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QTextBlock>
+
+namespace {
+
+// Language names are compared exactly.
+bool isJson(const QString &strLanguage)
+{
+    return strLanguage == QLatin1String("JSON");
+}
+
+bool isFormattedXml(const QString &strLanguage)
+{
+    return strLanguage == QLatin1String("XML") || strLanguage == QLatin1String("SVG");
+}
+
+bool isVerifiedXml(const QString &strLanguage)
+{
+    return isFormattedXml(strLanguage) || strLanguage == QLatin1String("HTML");
+}
+
+} // namespace
+
+bool CHighlightEdit::canVerifyValid() const
+{
+    return m_pHighlighter && (isVerifiedXml(languageName()) || isJson(languageName()));
+}
+
+bool CHighlightEdit::canFormatting() const
+{
+    return m_pHighlighter && (isFormattedXml(languageName()) || isJson(languageName()));
+}
+
+bool CHighlightEdit::verifyValid()
+{
+    if (!m_pHighlighter)
+        return false;
+    QString strFailure;
+    if (isVerifiedXml(languageName())) {
+        const ParseResult result = parseXml(plainText());
+        if (!result.isGood()) {
+            strFailure = tr("Line %1, Column %2: %3")
+                             .arg(result.nLine)
+                             .arg(result.nColumn)
+                             .arg(result.strMessage);
+        }
+    } else if (isJson(languageName())) {
+        // Never empty: the parser has words for success, too, and they are shown.
+        strFailure = jsonErrorText(plainText());
+    }
+    if (strFailure.isEmpty())
+        return true;
+    QMessageBox::warning(this, tr("Fail to verify valid"), strFailure, QMessageBox::Ok);
+    return false;
+}
+
+bool CHighlightEdit::formatting()
+{
+    if (!m_pHighlighter || !verifyValid())
+        return false;
+    if (!canFormatting())
+        return true;
+    const int nLine = textCursor().blockNumber();
+    const int nScroll = verticalScrollBar()->value();
+    // Not as an edit: undo starts again.
+    showText(isJson(languageName()) ? formattedJson(plainText()) : formattedXml(plainText()));
+    setModified(true);
+    goToBlock(qMin(nLine, blockCount() - 1));
+    verticalScrollBar()->setValue(nScroll);
+    return true;
+}

@@ -1,0 +1,345 @@
+#include "editor/chighlightedit.h"
+
+#include "withsettings.h"
+
+#include <QInputMethodEvent>
+#include <QtTest>
+
+class tst_Keys : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void tab_indentsEverySelectedLine();
+    void tab_swapsTheSelectionsEnds_data();
+    void tab_swapsTheSelectionsEnds();
+    void tab_isOneUndoStep();
+    void backtab_removesOneStepFromEachLine();
+    void backtab_withoutShift_indents();
+    void tab_inOneLine_replacesTheSelection();
+    void tab_overALineWithItsEnd_isNoBlock();
+    void tab_leavesTheLineBehindTheSelectionAlone();
+    void tab_withControl_isNoIndentation();
+    void opener_getsItsCloser_data();
+    void opener_getsItsCloser();
+    void closer_isTypedOnceMore();
+    void opener_overASelection_replacesIt();
+    void pair_isUndoneAtOnce();
+    void opener_withControl_isNotPaired();
+    void inputMethod_isNotPaired();
+    void deadKey_isNotPaired();
+    void enter_copiesTheIndentation_data();
+    void enter_copiesTheIndentation();
+    void enter_behindABrace_opensABlock();
+    void enter_behindABraceAndBlanks_opensABlock();
+    void enter_beforeAClosingBrace_opensABlockAllTheSame();
+    void enter_inTheMiddle_looksAtTheLineEnded();
+    void enter_isUndoneWithItsIndentation();
+    void shiftEnter_beginsALine();
+    void controlEnter_isLeftToTheBaseClass();
+    void readOnlyEditor_isNotChanged();
+
+private:
+    void select(int nAnchor, int nPosition)
+    {
+        QTextCursor cursor = m_pEdit->textCursor();
+        cursor.setPosition(nAnchor);
+        cursor.setPosition(nPosition, QTextCursor::KeepAnchor);
+        m_pEdit->setTextCursor(cursor);
+    }
+    void show(const QString &strText)
+    {
+        m_pEdit->setPlainText(strText);
+        m_pEdit->moveCursor(QTextCursor::End);
+    }
+    // The text with "|" at the cursor and "^" at the other end of a selection.
+    QString state() const
+    {
+        const QTextCursor cursor = m_pEdit->textCursor();
+        QString strText = m_pEdit->toPlainText();
+        if (cursor.position() >= cursor.anchor())
+            strText.insert(cursor.position(), '|');
+        if (cursor.hasSelection())
+            strText.insert(cursor.anchor(), '^');
+        if (cursor.position() < cursor.anchor())
+            strText.insert(cursor.position(), '|');
+        return strText;
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(m_pEdit.get(), key, modifiers);
+    }
+
+    std::unique_ptr<WithSettings> m_pSettings;
+    std::unique_ptr<CHighlightEdit> m_pEdit;
+};
+
+void tst_Keys::init()
+{
+    m_pSettings = std::make_unique<WithSettings>();
+    m_pEdit = std::make_unique<CHighlightEdit>();
+}
+
+void tst_Keys::cleanup()
+{
+    m_pEdit.reset();
+    m_pSettings.reset();
+}
+
+void tst_Keys::tab_indentsEverySelectedLine()
+{
+    show("a\n\n  b\nc");
+    select(0, 5);
+    press(Qt::Key_Tab);
+    QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\t\n\t  b\nc"));
+}
+
+void tst_Keys::tab_swapsTheSelectionsEnds_data()
+{
+    QTest::addColumn<int>("anchor");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("cursor in the last line") << 1 << 4 << "|\tab\n\tcd^\nef";
+    QTest::newRow("cursor in the first line") << 4 << 1 << "^\tab\n\tcd|\nef";
+    QTest::newRow("cursor behind the last line") << 0 << 6 << "^\tab\n\tcd|\nef";
+}
+
+void tst_Keys::tab_swapsTheSelectionsEnds()
+{
+    QFETCH(int, anchor);
+    QFETCH(int, position);
+    QFETCH(QString, after);
+    show("ab\ncd\nef");
+    select(anchor, position);
+    press(Qt::Key_Tab);
+    QCOMPARE(state(), after);
+}
+
+void tst_Keys::tab_isOneUndoStep()
+{
+    show("a\nb\nc");
+    m_pEdit->selectAll();
+    press(Qt::Key_Tab);
+    m_pEdit->undo();
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\nb\nc"));
+}
+
+void tst_Keys::backtab_removesOneStepFromEachLine()
+{
+    show("  a\n\tb\n      c\nd");
+    m_pEdit->selectAll();
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\nb\n  c\nd"));
+    show("  a\n\tb");
+    m_pEdit->selectAll();
+    press(Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\nb"));
+}
+
+void tst_Keys::backtab_withoutShift_indents()
+{
+    show("a\nb");
+    m_pEdit->selectAll();
+    press(Qt::Key_Backtab);
+    QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\tb"));
+}
+
+void tst_Keys::tab_inOneLine_replacesTheSelection()
+{
+    show("abc");
+    select(1, 2);
+    press(Qt::Key_Tab);
+    QCOMPARE(state(), QString("a\t|c"));
+}
+
+void tst_Keys::tab_overALineWithItsEnd_isNoBlock()
+{
+    show("abc\nd");
+    select(0, 4); // The last selected character is the first line's end.
+    press(Qt::Key_Tab);
+    QCOMPARE(state(), QString("\t|d"));
+}
+
+void tst_Keys::tab_leavesTheLineBehindTheSelectionAlone()
+{
+    show("a\nb\nc");
+    select(0, 4);
+    press(Qt::Key_Tab);
+    QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\tb\nc"));
+}
+
+void tst_Keys::tab_withControl_isNoIndentation()
+{
+    show("a\nb");
+    m_pEdit->selectAll();
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    QVERIFY(!m_pEdit->toPlainText().contains("\ta"));
+}
+
+void tst_Keys::opener_getsItsCloser_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("parenthesis") << "(" << int(Qt::ShiftModifier) << "x(|)";
+    QTest::newRow("brace") << "{" << int(Qt::ShiftModifier) << "x{|}";
+    QTest::newRow("square bracket") << "[" << int(Qt::NoModifier) << "x[|]";
+    QTest::newRow("double quote") << "\"" << int(Qt::ShiftModifier) << "x\"|\"";
+    QTest::newRow("single quote") << "'" << int(Qt::NoModifier) << "x'|'";
+    QTest::newRow("letter") << "a" << int(Qt::NoModifier) << "xa|";
+    QTest::newRow("closing parenthesis") << ")" << int(Qt::ShiftModifier) << "x)|";
+}
+
+void tst_Keys::opener_getsItsCloser()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, modifiers);
+    QFETCH(QString, after);
+    show("x");
+    QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_unknown, typed,
+                        Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(state(), after);
+}
+
+void tst_Keys::closer_isTypedOnceMore()
+{
+    show("");
+    QTest::keyClicks(m_pEdit.get(), "()");
+    QCOMPARE(state(), QString("()|)"));
+}
+
+void tst_Keys::opener_overASelection_replacesIt()
+{
+    show("abc");
+    select(1, 2);
+    QTest::keyClicks(m_pEdit.get(), "(");
+    QCOMPARE(state(), QString("a(|)c"));
+}
+
+void tst_Keys::pair_isUndoneAtOnce()
+{
+    show("x ");
+    QTest::keyClicks(m_pEdit.get(), "(");
+    QCOMPARE(state(), QString("x (|)"));
+    m_pEdit->undo();
+    QCOMPARE(m_pEdit->toPlainText(), QString("x "));
+}
+
+void tst_Keys::opener_withControl_isNotPaired()
+{
+    show("x");
+    QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_BracketLeft, QString("["),
+                        Qt::ControlModifier | Qt::AltModifier);
+    QVERIFY(!m_pEdit->toPlainText().contains(']'));
+}
+
+void tst_Keys::inputMethod_isNotPaired()
+{
+    show("x");
+    QInputMethodEvent event;
+    event.setCommitString("(");
+    QApplication::sendEvent(m_pEdit.get(), &event);
+    QCOMPARE(state(), QString("x(|"));
+}
+
+void tst_Keys::deadKey_isNotPaired()
+{
+    show("x");
+    QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_Dead_Acute, QString("'"),
+                        Qt::NoModifier);
+    QVERIFY(!m_pEdit->toPlainText().contains("''"));
+}
+
+void tst_Keys::enter_copiesTheIndentation_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("return") << int(Qt::Key_Return) << int(Qt::NoModifier);
+    QTest::newRow("keypad") << int(Qt::Key_Enter) << int(Qt::KeypadModifier);
+    QTest::newRow("keypad with shift")
+        << int(Qt::Key_Enter) << int(Qt::KeypadModifier | Qt::ShiftModifier);
+}
+
+void tst_Keys::enter_copiesTheIndentation()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    show(" \t x");
+    press(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(state(), QString(" \t x\n \t |"));
+    show("x");
+    press(Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(state(), QString("x\n|"));
+}
+
+void tst_Keys::enter_behindABrace_opensABlock()
+{
+    show("    if {");
+    press(Qt::Key_Return);
+    QCOMPARE(state(), QString("    if {\n    \t|\n    "));
+}
+
+void tst_Keys::enter_behindABraceAndBlanks_opensABlock()
+{
+    show("{ \t");
+    press(Qt::Key_Return);
+    QCOMPARE(state(), QString("{ \t\n\t|\n"));
+}
+
+void tst_Keys::enter_beforeAClosingBrace_opensABlockAllTheSame()
+{
+    show("  {}");
+    select(3, 3);
+    press(Qt::Key_Return);
+    QCOMPARE(state(), QString("  {\n  \t|\n  }"));
+}
+
+void tst_Keys::enter_inTheMiddle_looksAtTheLineEnded()
+{
+    show("  ab{");
+    select(3, 3);
+    press(Qt::Key_Return);
+    QCOMPARE(state(), QString("  a\n  |b{"));
+}
+
+void tst_Keys::enter_isUndoneWithItsIndentation()
+{
+    show("    if {");
+    press(Qt::Key_Return);
+    m_pEdit->undo();
+    QCOMPARE(m_pEdit->toPlainText(), QString("    if {"));
+    m_pEdit->redo();
+    QCOMPARE(m_pEdit->toPlainText(), QString("    if {\n    \t\n    "));
+}
+
+void tst_Keys::shiftEnter_beginsALine()
+{
+    show("  x");
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(state(), QString("  x\n  |"));
+    QCOMPARE(m_pEdit->blockCount(), 2);
+}
+
+void tst_Keys::controlEnter_isLeftToTheBaseClass()
+{
+    show("  x");
+    press(Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_pEdit->toPlainText(), QString("  x"));
+}
+
+void tst_Keys::readOnlyEditor_isNotChanged()
+{
+    show("  a\nb{");
+    m_pEdit->setReadOnly(true);
+    press(Qt::Key_Return);
+    QTest::keyClicks(m_pEdit.get(), "(");
+    m_pEdit->selectAll();
+    press(Qt::Key_Tab);
+    QCOMPARE(m_pEdit->toPlainText(), QString("  a\nb{"));
+}
+
+QTEST_MAIN(tst_Keys)
+#include "tst_keys.moc"

@@ -1,0 +1,173 @@
+#include "editor/chighlightedit.h"
+
+#include "definitions.h"
+#include "withsettings.h"
+
+#include <QtTest>
+
+class tst_ToggleComment : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void noSelection_doesNothing();
+    void threeWholeLines_toggleThereAndBack();
+    void cursorAtTheStart_staysThere();
+    void partOfALine_isWrappedAndUnwrapped();
+    void wholeLinesWithoutALineMarker_areWrapped();
+    void onlyALineMarker_changesNothing();
+    void overlappingMarkers_takeNothingElseAway();
+    void endOfSelectionInTheFirstColumn_countsThatLine();
+    void toggling_isOneUndoStep();
+    void markers_goToTheDebugLog();
+    void sixtyThousandLines_areToggled();
+
+private:
+    void show(const QString &strText, int nAnchor, int nPosition)
+    {
+        m_pEdit->setPlainText(strText);
+        QTextCursor cursor = m_pEdit->textCursor();
+        cursor.setPosition(nAnchor);
+        cursor.setPosition(nPosition, QTextCursor::KeepAnchor);
+        m_pEdit->setTextCursor(cursor);
+    }
+    QPair<int, int> selection() const
+    {
+        return {m_pEdit->textCursor().anchor(), m_pEdit->textCursor().position()};
+    }
+
+    std::unique_ptr<WithSettings> m_pSettings;
+    std::unique_ptr<CHighlightEdit> m_pEdit;
+};
+
+using Ends = QPair<int, int>;
+
+void tst_ToggleComment::init()
+{
+    m_pSettings = std::make_unique<WithSettings>();
+    m_pEdit = std::make_unique<CHighlightEdit>();
+    m_pEdit->setDefinition(languageDefinition("C++", "//", "/*", "*/"));
+}
+
+void tst_ToggleComment::cleanup()
+{
+    m_pEdit.reset();
+    m_pSettings.reset();
+}
+
+void tst_ToggleComment::noSelection_doesNothing()
+{
+    show("abc", 1, 1);
+    QVERIFY(!m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("abc"));
+}
+
+void tst_ToggleComment::threeWholeLines_toggleThereAndBack()
+{
+    show("a\n  b\nc\nd", 0, 7);
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("//a\n//  b\n//c\nd"));
+    QCOMPARE(selection(), Ends(0, 13));
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\n  b\nc\nd"));
+    show("  //a\n\t// b", 0, 11);
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\n b"));
+    QCOMPARE(selection(), Ends(0, 4));
+}
+
+void tst_ToggleComment::cursorAtTheStart_staysThere()
+{
+    show("a\nb", 3, 0);
+    m_pEdit->toggleComment();
+    QCOMPARE(selection(), Ends(7, 0));
+    m_pEdit->toggleComment();
+    QCOMPARE(selection(), Ends(3, 0));
+}
+
+void tst_ToggleComment::partOfALine_isWrappedAndUnwrapped()
+{
+    show("a bc d", 2, 4);
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("a /*bc*/ d"));
+    QCOMPARE(m_pEdit->textCursor().selectedText(), QString("/*bc*/"));
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("a bc d"));
+    QCOMPARE(m_pEdit->textCursor().selectedText(), QString("bc"));
+    show("a bc d", 4, 2);
+    m_pEdit->toggleComment();
+    QCOMPARE(selection(), Ends(8, 2));
+}
+
+void tst_ToggleComment::wholeLinesWithoutALineMarker_areWrapped()
+{
+    m_pEdit->setDefinition(languageDefinition("XML", "", "<!--", "-->"));
+    show("<a/>\n<b/>", 0, 9);
+    m_pEdit->toggleComment();
+    QCOMPARE(m_pEdit->toPlainText(), QString("<!--<a/>\n<b/>-->"));
+    m_pEdit->toggleComment();
+    QCOMPARE(m_pEdit->toPlainText(), QString("<a/>\n<b/>"));
+}
+
+void tst_ToggleComment::onlyALineMarker_changesNothing()
+{
+    m_pEdit->setDefinition(languageDefinition("Makefile", "#"));
+    show("a\n# b", 0, 5);
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\n# b"));
+    QVERIFY(!m_pEdit->isModified());
+    QVERIFY(!m_pEdit->document()->isUndoAvailable());
+    QCOMPARE(selection(), Ends(0, 5));
+}
+
+void tst_ToggleComment::overlappingMarkers_takeNothingElseAway()
+{
+    show("x/*/yz", 1, 4);
+    QVERIFY(m_pEdit->toggleComment());
+    QCOMPARE(m_pEdit->toPlainText(), QString("xyz"));
+}
+
+void tst_ToggleComment::endOfSelectionInTheFirstColumn_countsThatLine()
+{
+    show("a\nb", 0, 2);
+    m_pEdit->toggleComment();
+    // The last line is not wholly selected: "b" stands behind the selection.
+    QCOMPARE(m_pEdit->toPlainText(), QString("/*a\n*/b"));
+}
+
+void tst_ToggleComment::toggling_isOneUndoStep()
+{
+    show("a\nb\nc", 0, 5);
+    m_pEdit->toggleComment();
+    m_pEdit->undo();
+    QCOMPARE(m_pEdit->toPlainText(), QString("a\nb\nc"));
+    show("a bc d", 2, 4);
+    m_pEdit->toggleComment();
+    m_pEdit->undo();
+    QCOMPARE(m_pEdit->toPlainText(), QString("a bc d"));
+}
+
+void tst_ToggleComment::markers_goToTheDebugLog()
+{
+    show("a", 0, 1);
+    QTest::ignoreMessage(QtDebugMsg, "strSingleComment: \"//\"");
+    QTest::ignoreMessage(QtDebugMsg, "strMultiCommentStart: \"/*\"");
+    m_pEdit->toggleComment();
+}
+
+void tst_ToggleComment::sixtyThousandLines_areToggled()
+{
+    const QString strText = QString("x\n").repeated(60000);
+    m_pEdit->setPlainText(strText);
+    m_pEdit->selectAll();
+    m_pEdit->toggleComment();
+    QCOMPARE(m_pEdit->toPlainText(), QString("//x\n").repeated(60000) + "//");
+    m_pEdit->toggleComment();
+    QCOMPARE(m_pEdit->toPlainText(), strText);
+}
+
+QTEST_MAIN(tst_ToggleComment)
+#include "tst_togglecomment.moc"
