@@ -9,19 +9,23 @@
 
 CSingleApp::CSingleApp(QObject *pParent, const QString &strKey) : QObject(pParent)
 {
-    Platform::releaseDeadSegment(strKey);
     m_memory.setKey(strKey);
-    if (m_memory.attach(QSharedMemory::ReadWrite)) {
-        m_bRunning = true;
-        return;
+    // Twice: another start may create the mailbox between the attempts, and a dead segment can only
+    // be found once the file that its key is made from is there, which an attempt to create leaves.
+    for (int nAttempt = 0; nAttempt < 2; ++nAttempt) {
+        Platform::releaseDeadSegment(strKey);
+        if (m_memory.attach(QSharedMemory::ReadWrite)) {
+            m_bRunning = true;
+            return;
+        }
+        if (m_memory.create(Mailbox::g_nSize, QSharedMemory::ReadWrite)) {
+            clearMailbox();
+            connect(&m_timer, &QTimer::timeout, this, &CSingleApp::onCheckForMessage);
+            m_timer.start(1000);
+            return;
+        }
     }
-    if (!m_memory.create(Mailbox::g_nSize, QSharedMemory::ReadWrite)) {
-        qDebug("Unable to create single instance.");
-        return;
-    }
-    clearMailbox();
-    connect(&m_timer, &QTimer::timeout, this, &CSingleApp::onCheckForMessage);
-    m_timer.start(1000);
+    qDebug("Unable to create single instance.");
 }
 
 bool CSingleApp::sendMessage(const QString &strText)

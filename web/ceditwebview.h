@@ -70,6 +70,7 @@ public:
     CHighlightEdit *sourceEdit() const { return m_pSourceEdit; }
     // Call with true before the source editor takes the page's place.
     void showSource(bool bShow);
+    bool isSourceShown() const;
     // The edited source becomes the page, which is modified when the source is. When nothing was
     // typed in the source, the page stays as it is, with caret and undo history.
     void applySource(const QString &strHtml);
@@ -143,7 +144,6 @@ private:
     CSafePage *safePage() const;
     void buildMenu();
     void createSourceEdit();
-    bool isSourceShown() const;
     void pushSource();
 
     bool showsOwnAddress() const;
