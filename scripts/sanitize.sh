@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# All tests under the address and undefined-behaviour sanitizers.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+mkdir -p build
+if ! { cmake --preset asan && cmake --build --preset asan; } >build/asan-build.log 2>&1; then
+    tail -n 40 build/asan-build.log
+    exit 1
+fi
+# Leaks are not counted: Qt, WebKit and the font libraries keep what they have until the end.
+export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
+ctest --preset asan --parallel "$(nproc)" "$@"
