@@ -1,0 +1,47 @@
+#include "mainwindow/cfiledropfilter.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
+#include <QWidget>
+
+CFileDropFilter::CFileDropFilter(QWidget *pWindow) : QObject(pWindow), m_pWindow(pWindow)
+{
+    qApp->installEventFilter(this);
+}
+
+QStringList CFileDropFilter::localFiles(const QMimeData *pData)
+{
+    QStringList lstFiles;
+    if (!pData)
+        return lstFiles;
+    const QList<QUrl> lstUrls = pData->urls();
+    for (const QUrl &url : lstUrls) {
+        if (url.isLocalFile())
+            lstFiles.append(url.toLocalFile());
+    }
+    return lstFiles;
+}
+
+bool CFileDropFilter::eventFilter(QObject *pObject, QEvent *pEvent)
+{
+    const QEvent::Type type = pEvent->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
+        return false;
+    const auto *pWidget = qobject_cast<QWidget *>(pObject);
+    if (!pWidget || pWidget->window() != m_pWindow)
+        return false;
+    auto *pDrop = static_cast<QDropEvent *>(pEvent); // The base of all three.
+    const QStringList lstFiles = localFiles(pDrop->mimeData());
+    if (lstFiles.isEmpty())
+        return false;
+    pDrop->setDropAction(Qt::CopyAction);
+    pDrop->accept();
+    if (type == QEvent::Drop) {
+        // Not inside the drag, whose source waits: opening may ask the user something.
+        QTimer::singleShot(0, this, [this, lstFiles] { emit filesDropped(lstFiles); });
+    }
+    return true;
+}

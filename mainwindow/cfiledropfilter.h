@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class QMimeData;
+class QWidget;
+
+// Takes drags of local files for a whole window. Its children would otherwise take them first: a
+// text editor inserts their URLs as text, a page goes there. Drags of text pass untouched.
+class CFileDropFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CFileDropFilter(QWidget *pWindow);
+
+    // The local files among the URLs, in order.
+    static QStringList localFiles(const QMimeData *pData);
+
+signals:
+    void filesDropped(QStringList lstFiles);
+
+protected:
+    bool eventFilter(QObject *pObject, QEvent *pEvent) override;
+
+private:
+    QWidget *m_pWindow; // Not owned.
+};

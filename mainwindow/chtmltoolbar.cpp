@@ -1,0 +1,145 @@
+#include "mainwindow/chtmltoolbar.h"
+
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFontComboBox>
+#include <QFontDatabase>
+#include <QMenu>
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+struct SNamedColor
+{
+    const char *szName;
+    const char *szColor;
+};
+
+const SNamedColor g_colors[] = {
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Black"), "#000000"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Gray"), "#808080"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Red"), "#ff0000"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Orange"), "#ff8000"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Yellow"), "#ffff00"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Green"), "#008000"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Blue"), "#0000ff"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "Purple"), "#800080"},
+    {QT_TRANSLATE_NOOP("CHtmlToolBar", "White"), "#ffffff"},
+};
+
+QIcon swatch(const QColor &clr)
+{
+    QPixmap pixmap(16, 16);
+    pixmap.fill(clr);
+    QPainter painter(&pixmap);
+    painter.setPen(QColor(128, 128, 128));
+    painter.drawRect(0, 0, 15, 15);
+    return QIcon(pixmap);
+}
+
+// The button's own drawing with a bar of the colour along its foot.
+QIcon underlined(const QString &strIcon, const QColor &clr)
+{
+    QIcon icon;
+    for (const int nScale : {1, 2}) {
+        QPixmap pixmap = QIcon(strIcon).pixmap(QSize(24, 24) * nScale);
+        pixmap.setDevicePixelRatio(1);
+        pixmap =
+            pixmap.scaled(24 * nScale, 24 * nScale, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        QPainter painter(&pixmap);
+        const QRect bar(2 * nScale, 19 * nScale, 20 * nScale, 4 * nScale);
+        painter.fillRect(bar, clr.alpha() == 0 ? QColor(Qt::white) : clr);
+        painter.setPen(QColor(128, 128, 128));
+        painter.drawRect(bar);
+        painter.end();
+        pixmap.setDevicePixelRatio(nScale);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace
+
+CHtmlToolBar::CHtmlToolBar(QToolBar *pToolBar)
+    : QObject(pToolBar),
+      m_pFontBox(new QFontComboBox(pToolBar)),
+      m_pSizeBox(new QComboBox(pToolBar))
+{
+    m_pFontBox->setObjectName(QStringLiteral("comboFont"));
+    m_pFontBox->setToolTip(tr("Font"));
+    m_pFontBox->setAccessibleName(tr("Font"));
+    pToolBar->addWidget(m_pFontBox);
+
+    m_pSizeBox->setObjectName(QStringLiteral("comboSize"));
+    m_pSizeBox->setToolTip(tr("Font Size"));
+    m_pSizeBox->setAccessibleName(tr("Font Size"));
+    m_pSizeBox->setEditable(true);
+    m_pSizeBox->setInsertPolicy(QComboBox::NoInsert);
+    const QList<int> lstSizes = QFontDatabase::standardSizes();
+    for (const int nSize : lstSizes)
+        m_pSizeBox->addItem(QString::number(nSize));
+    pToolBar->addWidget(m_pSizeBox);
+
+    m_text.strIcon = QStringLiteral(":/res/24/text_color.png");
+    m_back.strIcon = QStringLiteral(":/res/24/back_color.png");
+    addColorButton(pToolBar, &m_text, QStringLiteral("actionText_Color"), tr("Text Color"),
+                   &CHtmlToolBar::textColorChosen);
+    addColorButton(pToolBar, &m_back, QStringLiteral("actionBack_Color"), tr("Background Color"),
+                   &CHtmlToolBar::backColorChosen);
+}
+
+void CHtmlToolBar::addColorButton(QToolBar *pToolBar, SColorButton *pColor, const QString &strName,
+                                  const QString &strToolTip, void (CHtmlToolBar::*pSignal)(QColor))
+{
+    auto *pMenu = new QMenu(pToolBar);
+    for (const SNamedColor &color : g_colors) {
+        const QColor clr(QLatin1String(color.szColor));
+        connect(pMenu->addAction(swatch(clr), tr(color.szName)), &QAction::triggered, this,
+                [this, pSignal, clr] { emit(this->*pSignal)(clr); });
+    }
+    pMenu->addSeparator();
+    connect(pMenu->addAction(tr("More Colors...")), &QAction::triggered, this,
+            [this, pSignal, pColor, pToolBar, strToolTip] {
+                const QColor clr =
+                    QColorDialog::getColor(pColor->clrChosen, pToolBar->window(), strToolTip);
+                if (clr.isValid())
+                    emit(this->*pSignal)(clr);
+            });
+
+    QAction *pAction = pToolBar->addAction(QIcon(pColor->strIcon), strToolTip);
+    pAction->setObjectName(strName);
+    pAction->setMenu(pMenu);
+    connect(pAction, &QAction::triggered, this,
+            [this, pSignal, pColor] { emit(this->*pSignal)(pColor->clrChosen); });
+    pColor->pButton = qobject_cast<QToolButton *>(pToolBar->widgetForAction(pAction));
+    pColor->pButton->setPopupMode(QToolButton::MenuButtonPopup);
+}
+
+void CHtmlToolBar::showFont(const QString &strName, const QString &strSize)
+{
+    const QSignalBlocker blockFont(m_pFontBox);
+    const QSignalBlocker blockSize(m_pSizeBox);
+    m_pFontBox->setEditText(strName);
+    m_pSizeBox->setCurrentIndex(m_pSizeBox->findText(strSize));
+    m_pSizeBox->setEditText(strSize);
+}
+
+void CHtmlToolBar::showColors(const QColor &clrText, const QColor &clrBack)
+{
+    showColor(m_text, clrText);
+    showColor(m_back, clrBack);
+}
+
+void CHtmlToolBar::setChosenColors(const QColor &clrText, const QColor &clrBack)
+{
+    m_text.clrChosen = clrText;
+    m_back.clrChosen = clrBack;
+}
+
+void CHtmlToolBar::showColor(const SColorButton &color, const QColor &clr)
+{
+    color.pButton->defaultAction()->setIcon(underlined(color.strIcon, clr));
+}

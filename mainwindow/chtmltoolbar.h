@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+
+class QComboBox;
+class QFont;
+class QFontComboBox;
+class QToolBar;
+class QToolButton;
+
+// Font box, size box and the two colour buttons of the HTML toolbar, which owns them.
+//
+// A colour button applies the colour it shows; its menu offers common colours and a dialog. What is
+// shown for the caret's place is set without any signal.
+class CHtmlToolBar : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CHtmlToolBar(QToolBar *pToolBar);
+
+    QFontComboBox *fontBox() const { return m_pFontBox; }
+    QComboBox *sizeBox() const { return m_pSizeBox; }
+
+    void showFont(const QString &strName, const QString &strSize);
+    void showColors(const QColor &clrText, const QColor &clrBack);
+    // The colours that the buttons apply.
+    void setChosenColors(const QColor &clrText, const QColor &clrBack);
+
+signals:
+    void textColorChosen(QColor clr);
+    void backColorChosen(QColor clr);
+
+private:
+    struct SColorButton
+    {
+        QToolButton *pButton = nullptr;
+        QString strIcon;
+        QColor clrChosen;
+    };
+
+    void addColorButton(QToolBar *pToolBar, SColorButton *pColor, const QString &strName,
+                        const QString &strToolTip, void (CHtmlToolBar::*pSignal)(QColor));
+    static void showColor(const SColorButton &color, const QColor &clr);
+
+    QFontComboBox *m_pFontBox;
+    QComboBox *m_pSizeBox;
+    SColorButton m_text;
+    SColorButton m_back;
+};

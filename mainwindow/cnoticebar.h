@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QStringList>
+#include <QToolBar>
+
+#include <functional>
+
+class QLabel;
+
+// One thing to tell the user about a document, or about the program, without stopping the work.
+struct SNotice
+{
+    struct SChoice
+    {
+        QString strText;
+        std::function<void()> chosen;
+    };
+
+    QString strText; // Empty: nothing to tell.
+    QList<SChoice> lstChoices;
+};
+
+// The bar above the documents that shows a notice: its text as it stands, a button per choice and
+// one that closes the bar.
+class CNoticeBar : public QToolBar
+{
+    Q_OBJECT
+
+public:
+    explicit CNoticeBar(QWidget *pParent);
+
+    // Replaces what is shown; an empty notice hides the bar.
+    void show(const SNotice &notice);
+    QString text() const;
+
+signals:
+    // The user closed the bar without a choice.
+    void dismissed();
+
+private:
+    QLabel *m_pLabel;
+    QList<QAction *> m_lstButtons;
+    QAction *m_pEnd;
+};

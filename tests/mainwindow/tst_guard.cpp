@@ -1,0 +1,209 @@
+#include "cwindowfixture.h"
+
+#include "mainwindow/cfilewatch.h"
+#include "mainwindow/cnoticebar.h"
+
+#include <QDirIterator>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace {
+
+QString draftFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/recovery";
+}
+
+int draftsOnDisk()
+{
+    int nCount = 0;
+    QDirIterator it(draftFolder(), QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        nCount += QFileInfo(it.next()).fileName() == "lock" ? 0 : 1;
+    return nCount;
+}
+
+CNoticeBar *bar(CWindowFixture &f)
+{
+    return f.window().findChild<CNoticeBar *>();
+}
+
+void press(CWindowFixture &f, const QString &strText)
+{
+    const auto lstButtons = bar(f)->findChildren<QPushButton *>();
+    for (QPushButton *pButton : lstButtons) {
+        if (pButton->text() == strText) {
+            pButton->click();
+            return;
+        }
+    }
+    QFAIL(qPrintable("no button " + strText));
+}
+
+void write(const QString &strPath, const QByteArray &data)
+{
+    QFile file(strPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(data), qint64(data.size()));
+}
+
+} // namespace
+
+class TestGuard : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QDir(draftFolder()).removeRecursively(); }
+
+    void unsavedTextOfAnEndedProgram_isRecovered()
+    {
+        QTemporaryDir folder;
+        const QString strPath = folder.filePath("a.cpp");
+        write(strPath, "disk");
+        {
+            CWindowFixture f;
+            f.window().openFile(strPath);
+            f.editor()->insertPlainText(QString::fromUtf8("mine é "));
+            f.action("actionNewText")->trigger();
+            f.editor()->insertPlainText("untitled text");
+        } // Ends as Exit does: nobody was asked.
+        QCOMPARE(draftsOnDisk(), 2);
+        {
+            CWindowFixture f;
+            QTRY_VERIFY(bar(f)->text().contains("a.cpp"));
+            QVERIFY(bar(f)->text().contains("Untitled"));
+            press(f, "Recover");
+            QCOMPARE(f.tabs().count(), 2);
+            QTRY_COMPARE(bar(f)->text(), QString());
+            const int nIndex = CDocument(f.tabs().widget(0)).path() == strPath ? 0 : 1;
+            const CDocument document(f.tabs().widget(nIndex));
+            QCOMPARE(document.path(), strPath);
+            QVERIFY(document.isModified());
+            QCOMPARE(document.editor()->toPlainText(), QString::fromUtf8("mine é disk"));
+            QCOMPARE(document.editor()->languageName(),
+                     CDocument(f.tabs().widget(nIndex)).editor()->languageName());
+            QCOMPARE(CWindowFixture::content(strPath), QByteArray("disk"));
+            QCOMPARE(draftsOnDisk(), 2); // Theirs, written anew before the old ones went.
+            QVERIFY(f.settings().getRecentFileList().isEmpty());
+        }
+    }
+
+    void discarded_isNotOfferedAgain()
+    {
+        {
+            CWindowFixture f;
+            f.action("actionNewText")->trigger();
+            f.editor()->insertPlainText("x");
+        }
+        {
+            CWindowFixture f;
+            QTRY_VERIFY(!bar(f)->text().isEmpty());
+            press(f, "Discard");
+            QTRY_COMPARE(draftsOnDisk(), 0);
+            QCOMPARE(f.tabs().count(), 0);
+        }
+        CWindowFixture f;
+        QCoreApplication::processEvents();
+        QCOMPARE(bar(f)->text(), QString());
+    }
+
+    void draft_goesWithSaveUndoAndNo_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *szHow : {"save", "undo", "no"})
+            QTest::newRow(szHow) << QString::fromLatin1(szHow);
+    }
+
+    void draft_goesWithSaveUndoAndNo()
+    {
+        QFETCH(QString, how);
+        CWindowFixture f;
+        f.window().openFile(f.file("a.txt", "old"));
+        f.editor()->insertPlainText("x");
+        QTRY_COMPARE_WITH_TIMEOUT(draftsOnDisk(), 1, 10000);
+        CBoxAnswer answer({QMessageBox::No});
+        if (how == "save")
+            QVERIFY(f.window().on_actionSave_triggered());
+        else if (how == "undo")
+            f.action("actionUndo")->trigger();
+        else
+            f.window().onTabCloseRequested(0);
+        QTRY_COMPARE(draftsOnDisk(), 0);
+    }
+
+    void fileChangedOutside_raisesOneBarWithRefresh()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        f.window().openFile(strPath);
+        f.window().openFile(f.file("b.txt"));
+        write(strPath, "changed outside");
+        f.tabs().setCurrentIndex(0);
+        QTRY_VERIFY(bar(f)->text().contains(strPath));
+        f.tabs().setCurrentIndex(1);
+        QCOMPARE(bar(f)->text(), QString());
+        f.tabs().setCurrentIndex(0);
+        press(f, "Refresh");
+        QCOMPARE(f.editor()->toPlainText(), QStringLiteral("changed outside"));
+        QTRY_COMPARE(bar(f)->text(), QString());
+    }
+
+    void ownSave_raisesNoBar()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        f.window().openFile(strPath);
+        f.editor()->insertPlainText("longer ");
+        QVERIFY(f.window().on_actionSave_triggered());
+        QSignalSpy spy(f.window().findChild<CFileWatch *>(), &CFileWatch::changed);
+        QVERIFY(!spy.wait(1000));
+        QCOMPARE(bar(f)->text(), QString());
+    }
+
+    void saveOverAChangedFile_asksInTheBarFirst()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        f.window().openFile(strPath);
+        f.editor()->insertPlainText("mine ");
+        write(strPath, "theirs, and longer");
+        QVERIFY(!f.window().on_actionSave_triggered());
+        QCOMPARE(f.content(strPath), QByteArray("theirs, and longer"));
+        QVERIFY(bar(f)->text().contains(strPath));
+        press(f, "Overwrite");
+        QCOMPARE(f.content(strPath), QByteArray("mine old"));
+        QVERIFY(!f.window().currentDocument().isModified());
+        QTRY_COMPARE(bar(f)->text(), QString());
+    }
+
+    void deletedFile_isWrittenAgainBySave()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        f.window().openFile(strPath);
+        QVERIFY(QFile::remove(strPath));
+        QTRY_VERIFY(bar(f)->text().contains(strPath));
+        QVERIFY(f.window().on_actionSave_triggered());
+        QCOMPARE(f.content(strPath), QByteArray("old"));
+    }
+
+    void unrecognisedDataWithZeroBytes_isNotCutBySave()
+    {
+        CWindowFixture f;
+        // No codec accepts it: a lone continuation byte and an unfinished sequence around a zero.
+        const QByteArray data("seen\0\xff\xfe\x80\x81 hidden \xff", 20);
+        const QString strPath = f.file("a.bin", data);
+        f.window().openFile(strPath);
+        if (!f.editor()->codecName().isEmpty())
+            QSKIP("the codec library here decodes anything");
+        QVERIFY(!f.label("labelMessage").isEmpty());
+        f.editor()->insertPlainText("x");
+        QVERIFY(!f.window().on_actionSave_triggered());
+        QCOMPARE(f.content(strPath), data);
+        QVERIFY(bar(f)->text().contains(strPath));
+    }
+};
+
+QTEST_MAIN(TestGuard)
+#include "tst_guard.moc"
