@@ -163,6 +163,7 @@ private:
     QAction *m_pActPaste = nullptr;
     QAction *m_pActToggleComment = nullptr;
     int m_nReturnFormat;
+    int m_nLinesToCome = 0; // Of the text about to be set.
     CStandIns m_standIns;
     CEditWebView *m_pPageEditor = nullptr;
 };

@@ -92,7 +92,13 @@ QString CHighlightEdit::getText() const
 // Undo starts again.
 void CHighlightEdit::showText(const QString &strText)
 {
-    setPlainText(m_standIns.hide(strText));
+    const QString strShown = m_standIns.hide(strText);
+    // The gutter takes its width beforehand: a view that changes its width lays out every block.
+    m_nLinesToCome = lineCount(strShown);
+    updateLineNumberAreaWidth();
+    setPlainText(strShown);
+    m_nLinesToCome = 0;
+    updateLineNumberAreaWidth();
 }
 
 // Unlike toPlainText(), keeps no-break spaces and line separators.

@@ -30,7 +30,8 @@ QFont CHighlightEdit::gutterFont() const
 int CHighlightEdit::lineNumberAreaWidth() const
 {
     const int nDigitWidth = QFontMetrics(gutterFont()).horizontalAdvance(QLatin1Char('9'));
-    return 2 * (g_pSettings->getTextFontSize() / 2) + digits(blockCount()) * nDigitWidth;
+    const int nDigits = digits(qMax(blockCount(), m_nLinesToCome));
+    return 2 * (g_pSettings->getTextFontSize() / 2) + nDigits * nDigitWidth;
 }
 
 void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
@@ -64,7 +65,10 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
 
 void CHighlightEdit::updateLineNumberAreaWidth(int)
 {
-    setViewportMargins(lineNumberAreaWidth(), 0, 0, 0);
+    // Setting margins anew lays everything out anew, equal or not.
+    const QMargins margins(lineNumberAreaWidth(), 0, 0, 0);
+    if (viewportMargins() != margins)
+        setViewportMargins(margins);
 }
 
 void CHighlightEdit::updateLineNumberArea(QRect rect, int dy)

@@ -1,5 +1,6 @@
 #include "editor/lineendings.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -59,4 +60,11 @@ QString withLineEnds(const QString &strText, int nReturnFormat)
         break;
     }
     return strResult;
+}
+
+int lineCount(const QString &strText)
+{
+    const int nLf = int(std::count(strText.cbegin(), strText.cend(), QLatin1Char('\n')));
+    const int nCr = int(std::count(strText.cbegin(), strText.cend(), QLatin1Char('\r')));
+    return 1 + nLf + nCr - (nCr > 0 ? strText.count(QLatin1String("\r\n")) : 0);
 }

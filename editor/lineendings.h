@@ -21,3 +21,6 @@ int detectReturnFormat(const QByteArray &data, int nPrevious);
 
 // The text with every CR LF, CR and LF as the style's line end; unchanged for an unknown style.
 QString withLineEnds(const QString &strText, int nReturnFormat);
+
+// The number of lines of a text with any line ends: one more than it has line ends.
+int lineCount(const QString &strText);

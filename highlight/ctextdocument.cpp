@@ -7,6 +7,9 @@
 
 namespace {
 
+// Walking that many blocks costs more than copying the whole text and looking for its line ends.
+constexpr int nLinesToCopyAtOnce = 1000;
+
 bool isMark(const QTextLayout::FormatRange &range)
 {
     return range.format.intProperty(QTextFormat::UserProperty) & 1;
@@ -48,6 +51,17 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
         nFirst = 0;
         nNew = blockCount();
         nOld = m_pLines->count();
+    }
+    if (nNew > nLinesToCopyAtOnce && nNew > blockCount() / 2) {
+        const QString strText = toRawText();
+        int nAt = block.position();
+        m_pLines->replace(nFirst, nOld, nNew, [&strText, &nAt] {
+            const int nEnd = strText.indexOf(QChar::ParagraphSeparator, nAt);
+            const QString strLine = strText.mid(nAt, nEnd < 0 ? -1 : nEnd - nAt);
+            nAt += strLine.size() + 1;
+            return strLine;
+        });
+        return;
     }
     m_pLines->replace(nFirst, nOld, nNew, [&block] {
         const QString strText = block.text();

@@ -3,6 +3,7 @@
 
 #include <QRandomGenerator>
 #include <QTest>
+#include <QTextDocument>
 
 namespace {
 
@@ -31,6 +32,7 @@ private slots:
     void conversion_data();
     void conversion();
     void conversion_leavesNoOtherLineEnd();
+    void lineCount_isThatOfADocument();
 
     void standIns_areNotNeededForOrdinaryText();
     void standIns_takeThePlaceOfParagraphAndFrameMarks();
@@ -124,6 +126,18 @@ void TestLineEndings::conversion_leavesNoOtherLineEnd()
     }
 }
 
+void TestLineEndings::lineCount_isThatOfADocument()
+{
+    QRandomGenerator random(22);
+    for (int n = 0; n < 3000; ++n) {
+        QString strText;
+        for (int nLeft = random.bounded(12); nLeft > 0; --nLeft)
+            strText += QLatin1Char("\r\na"[random.bounded(3)]);
+        QTextDocument document(strText);
+        QCOMPARE(lineCount(strText), document.blockCount());
+    }
+}
+
 void TestLineEndings::standIns_areNotNeededForOrdinaryText()
 {
     CStandIns standIns;
@@ -169,5 +183,5 @@ void TestLineEndings::standIns_giveUpOnlyWhenEveryCharacterIsTaken()
     QCOMPARE(standIns.restore(strText), strText);
 }
 
-QTEST_GUILESS_MAIN(TestLineEndings)
+QTEST_MAIN(TestLineEndings)
 #include "tst_lineendings.moc"

@@ -1,0 +1,155 @@
+// Time and peak memory from start to window, and for opening C++ text, of this editor beside a bare
+// QPlainTextEdit. The programs take turns, so that a busy machine is unfair to neither; the middle
+// value of all rounds counts. Needs a display with a window manager:
+//
+//     scripts/private-run.sh --display build/bench/bench/startup/bench_startup [ROUNDS]
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+struct Sample
+{
+    qint64 nMicroseconds = 0;
+    int nPeak = 0; // KiB, when the window or the text was there.
+    int nPeakAtRest = 0; // KiB, when all work was done.
+};
+
+struct Program
+{
+    const char *szName;
+    QString strPath;
+    QList<Sample> lstSamples;
+};
+
+int peakMemory(qint64 nProcess)
+{
+    QFile file(QStringLiteral("/proc/%1/status").arg(nProcess));
+    file.open(QIODevice::ReadOnly);
+    const QList<QByteArray> lstLines = file.readAll().split('\n');
+    for (const QByteArray &line : lstLines) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').first().toInt();
+    }
+    return 0;
+}
+
+// From the start of the process until the window manager has its window.
+Sample startEmpty(const QString &strProgram)
+{
+    QProcess watcher; // Writes a line whenever the list of windows changes.
+    watcher.start(QStringLiteral("xprop"), {"-root", "-spy", "_NET_CLIENT_LIST"});
+    watcher.waitForReadyRead();
+    watcher.readAll();
+
+    QProcess program;
+    QElapsedTimer timer;
+    timer.start();
+    program.start(strProgram, QStringList());
+    Sample sample;
+    while (watcher.waitForReadyRead(20000) && !watcher.readAll().contains("0x")) { }
+    sample.nMicroseconds = timer.nsecsElapsed() / 1000;
+    sample.nPeak = peakMemory(program.processId());
+    program.waitForFinished(700); // Nothing ends it; what it does at rest goes on.
+    sample.nPeakAtRest = peakMemory(program.processId());
+    program.terminate();
+    program.waitForFinished();
+    watcher.terminate();
+    watcher.waitForFinished();
+    return sample;
+}
+
+Sample openFile(const QString &strProgram, const QString &strFile)
+{
+    QProcess program;
+    program.start(strProgram, {strFile});
+    program.waitForFinished(-1);
+    const QList<QByteArray> lstWords = program.readAllStandardOutput().trimmed().split(' ');
+    return {lstWords.value(0).toLongLong(), lstWords.value(1).toInt(), lstWords.value(2).toInt()};
+}
+
+// Our own sources, again and again.
+QString writeText(const QDir &dir, int nMegabytes)
+{
+    QByteArray sources;
+    for (const char *szFolder : {"app", "editor", "highlight"}) {
+        QDirIterator it(QStringLiteral(QUILLAN_SOURCE_DIR "/") + QLatin1String(szFolder),
+                        {QStringLiteral("*.cpp")}, QDir::Files);
+        while (it.hasNext()) {
+            QFile file(it.next());
+            file.open(QIODevice::ReadOnly);
+            sources += file.readAll();
+        }
+    }
+    QFile file(dir.filePath(QStringLiteral("%1.cpp").arg(nMegabytes)));
+    file.open(QIODevice::WriteOnly);
+    while (file.size() < qint64(nMegabytes) * 1000000)
+        file.write(sources);
+    return file.fileName();
+}
+
+template<class Member> auto middle(QList<Sample> lstSamples, Member member)
+{
+    std::sort(lstSamples.begin(), lstSamples.end(),
+              [member](const Sample &a, const Sample &b) { return a.*member < b.*member; });
+    return lstSamples.at(lstSamples.size() / 2).*member;
+}
+
+void printRow(const char *szWhat, const Program &program, const Program &bare)
+{
+    const double dTime = middle(program.lstSamples, &Sample::nMicroseconds) / 1000.0;
+    const double dBare = middle(bare.lstSamples, &Sample::nMicroseconds) / 1000.0;
+    std::printf("| %s | %s | %.0f | %.2f | %.0f | %.0f |\n", szWhat, program.szName, dTime,
+                dTime / dBare, middle(program.lstSamples, &Sample::nPeak) / 1024.0,
+                middle(program.lstSamples, &Sample::nPeakAtRest) / 1024.0);
+    std::fflush(stdout);
+}
+
+template<class Run>
+void measure(const char *szWhat, QList<Program> lstPrograms, int nRounds, const Run &run)
+{
+    for (int n = 0; n < nRounds; ++n) {
+        for (Program &program : lstPrograms)
+            program.lstSamples.append(run(program.strPath));
+    }
+    for (const Program &program : qAsConst(lstPrograms))
+        printRow(szWhat, program, lstPrograms.first());
+}
+
+} // namespace
+
+int main(int nArgc, char **ppArgv)
+{
+    QCoreApplication app(nArgc, ppArgv);
+    const int nRounds =
+        qMax(1, QCoreApplication::arguments().value(1, QStringLiteral("5")).toInt());
+    const QDir dir(QCoreApplication::applicationDirPath());
+    const QTemporaryDir folder;
+    const QList<Program> lstOpening = {
+        {"bare QPlainTextEdit", dir.filePath(QStringLiteral("startup_bare")), {}},
+        {"editor", dir.filePath(QStringLiteral("startup_editor")), {}}};
+    QList<Program> lstStarting = lstOpening;
+    const QString strWhole = QStringLiteral(QUILLAN_BINARY_DIR "/quillan");
+    if (QFile::exists(strWhole))
+        lstStarting.append({"whole program", strWhole, {}});
+
+    std::puts("| what | program | ms | times bare | peak MiB | peak MiB at rest |");
+    std::puts("|---|---|---|---|---|---|");
+    measure("empty start", lstStarting, 2 * nRounds, startEmpty);
+    for (const int nMegabytes : {1, 10, 50}) {
+        const QString strFile = writeText(QDir(folder.path()), nMegabytes);
+        const QByteArray what = "open " + QByteArray::number(nMegabytes) + " MB";
+        measure(what.constData(), lstOpening, nRounds,
+                [&strFile](const QString &strProgram) { return openFile(strProgram, strFile); });
+    }
+    return 0;
+}
