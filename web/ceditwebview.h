@@ -148,6 +148,7 @@ private:
 
     bool showsOwnAddress() const;
     bool mayLeave();
+    void step(QWebPage::WebAction action);
     void followLink(const QUrl &url);
 
     void setEditable(bool bEditable);

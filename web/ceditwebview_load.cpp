@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QWebHistory>
+#include <QWebSettings>
 
 namespace {
 
@@ -69,7 +70,7 @@ void CEditWebView::back()
     if (!canGoBack() || !mayLeave())
         return;
     if (history()->canGoBack())
-        safePage()->navigate([this] { triggerPageAction(QWebPage::Back, false); });
+        step(QWebPage::Back);
     else
         setUrl(QUrl::fromLocalFile(m_strFilePath));
 }
@@ -77,7 +78,15 @@ void CEditWebView::back()
 void CEditWebView::forward()
 {
     if (canGoForward() && mayLeave())
-        safePage()->navigate([this] { triggerPageAction(QWebPage::Forward, false); });
+        step(QWebPage::Forward);
+}
+
+// The file may have been saved since it was shown; what another view keeps of it in memory is
+// older.
+void CEditWebView::step(QWebPage::WebAction action)
+{
+    QWebSettings::clearMemoryCaches();
+    safePage()->navigate([=] { triggerPageAction(action, false); });
 }
 
 // A page that was typed and saved has no place in the history, but its file can be gone back to.

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QImageReader>
+#include <QWebFrame>
 
 namespace {
 
@@ -84,9 +85,14 @@ void CPreviewWidget::setFile(const QString &strPath, bool bLoad)
 
 void CPreviewWidget::previewHtml(const QString &strHtml, const QUrl &urlBase)
 {
+    QWebFrame *pFrame = webTextView()->page()->mainFrame();
+    // While the document is typed, the place that is being looked at stays in sight.
+    const bool bSame = webTextView()->isVisible() && webTextView()->url() == urlBase;
+    const QPoint posScroll = bSame ? pFrame->scrollPosition() : QPoint();
     clearPreview();
     webTextView()->show();
     webTextView()->setHtml(strHtml, urlBase);
+    pFrame->setScrollPosition(posScroll);
     updateTitle();
 }
 

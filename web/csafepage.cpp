@@ -34,9 +34,7 @@ void CSafePage::restrictSettings()
     for (const QWebSettings::WebAttribute attribute : arrOff)
         settings()->setAttribute(attribute, false);
     settings()->setAttribute(QWebSettings::PrivateBrowsingEnabled, true);
-    // A document that was saved and is gone back to has to come from the disk, not from memory.
-    QWebSettings::setMaximumPagesInCache(0);
-    QWebSettings::setObjectCacheCapacities(0, 0, 0);
+    QWebSettings::setMaximumPagesInCache(0); // See CEditWebView::step().
 }
 
 void CSafePage::navigate(const std::function<void()> &load)

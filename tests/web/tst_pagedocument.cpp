@@ -49,6 +49,7 @@ private slots:
     void refreshOfAVanishedFile_keepsThePage();
     void refreshAfterSaveAs_readsTheNewFile();
     void refreshOfANewPage_doesNothing();
+    void backToASavedFile_showsWhatWasSaved_data();
     void backToASavedFile_showsWhatWasSaved();
     void foreignAddress_isNotTheDocument();
     void saveAsOfAForeignAddress_makesItTheDocument();
@@ -57,6 +58,9 @@ private slots:
     void linkToAnAnchor_staysTheDocument();
     void back_asksWhenModified();
     void icon_isThePagesOwn();
+    void openingAgain_showsWhatWasSaved();
+    void deepNestingAndLongLines_areTaken_data();
+    void deepNestingAndLongLines_areTaken();
     void pageThatNeverEndsLoading_closesCleanly();
 };
 
@@ -621,12 +625,23 @@ void tst_PageDocument::refreshOfANewPage_doesNothing()
     QCOMPARE(textOf(&view), QStringLiteral("typed"));
 }
 
+void tst_PageDocument::backToASavedFile_showsWhatWasSaved_data()
+{
+    QTest::addColumn<bool>("twice");
+    QTest::newRow("shown once") << false;
+    QTest::newRow("another view shows the old one") << true;
+}
+
 void tst_PageDocument::backToASavedFile_showsWhatWasSaved()
 {
+    QFETCH(bool, twice);
     const CWebCase c;
     CEditWebView view;
+    CEditWebView viewOther;
     const QString strPath = c.write(QStringLiteral("a.html"), page("old"));
     const QString strOther = c.write(QStringLiteral("b.html"), page("other"));
+    if (twice)
+        QVERIFY(loadAndWait(&viewOther, strPath));
     QVERIFY(loadAndWait(&view, strPath));
     view.setUrl(QUrl::fromLocalFile(strOther));
     QTRY_COMPARE(textOf(&view), QStringLiteral("other"));
@@ -777,6 +792,48 @@ void tst_PageDocument::icon_isThePagesOwn()
                         c.write(QStringLiteral("c.html"),
                                 page("x", "<link rel=icon href='/usr/share/pixmaps/x.png'>"))));
     QVERIFY(view.icon().isNull());
+}
+
+void tst_PageDocument::openingAgain_showsWhatWasSaved()
+{
+    const CWebCase c;
+    CEditWebView view;
+    CEditWebView viewOther;
+    const QString strPath = c.write(QStringLiteral("a.html"), page("old"));
+    QVERIFY(loadAndWait(&viewOther, strPath));
+    c.write(QStringLiteral("a.html"), page("saved"));
+    QVERIFY(loadAndWait(&view, strPath));
+    QCOMPARE(textOf(&view), QStringLiteral("saved"));
+    QVERIFY(viewOther.reload());
+    QTRY_COMPARE(textOf(&viewOther), QStringLiteral("saved"));
+}
+
+void tst_PageDocument::deepNestingAndLongLines_areTaken_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("nested blocks") << QByteArray("<div>").repeated(3000);
+    QTest::newRow("nested spans") << QByteArray("<span>").repeated(3000) + "x";
+    QTest::newRow("nested tables") << QByteArray("<table><tr><td>").repeated(1000);
+    QTest::newRow("open comment") << "<!--" + QByteArray("<meta charset=x>").repeated(100000);
+    QTest::newRow("open tags") << QByteArray("<a b=\"").repeated(100000);
+    QTest::newRow("many declarations") << QByteArray("<meta charset=gbk>").repeated(20000);
+}
+
+void tst_PageDocument::deepNestingAndLongLines_areTaken()
+{
+    QFETCH(QByteArray, content);
+    const CWebCase c;
+    QElapsedTimer timer;
+    timer.start();
+    CEditWebView view;
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), content)));
+    view.resize(400, 300);
+    view.show();
+    view.grab();
+    QVERIFY(!view.htmlForSaving().isEmpty());
+    view.showSource(true);
+    view.applySource(content);
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void tst_PageDocument::pageThatNeverEndsLoading_closesCleanly()

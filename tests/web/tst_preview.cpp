@@ -27,6 +27,7 @@ private slots:
     void clearing_keepsTheFileAndTheTitle();
     void htmlText_isRenderedAndNotEditable();
     void htmlText_becomesEditableByControl();
+    void htmlTextShownAgain_keepsItsPlace();
     void svgText_isDrawn();
     void viewsAreKept_theTextViewIsNot();
     void onlyOneViewIsVisible();
@@ -210,6 +211,19 @@ void tst_Preview::htmlText_becomesEditableByControl()
     auto *pView = m_pPreview->findChild<CEditWebView *>();
     QTest::keyClick(pView, Qt::Key_Control);
     QVERIFY(pView->page()->isContentEditable());
+}
+
+void tst_Preview::htmlTextShownAgain_keepsItsPlace()
+{
+    const QUrl url = QUrl::fromLocalFile(m_pCase->path(QStringLiteral("a.html")));
+    const QString strHtml = QStringLiteral("<p style='height:3000px'>text");
+    m_pPreview->previewHtml(strHtml, url);
+    QWebFrame *pFrame = m_pPreview->findChild<CEditWebView *>()->page()->mainFrame();
+    pFrame->setScrollPosition(QPoint(0, 1000));
+    m_pPreview->previewHtml(strHtml + QStringLiteral(" more"), url);
+    QCOMPARE(pFrame->scrollPosition(), QPoint(0, 1000));
+    m_pPreview->previewHtml(strHtml, QUrl::fromLocalFile(m_pCase->path(QStringLiteral("b.html"))));
+    QCOMPARE(pFrame->scrollPosition(), QPoint(0, 0));
 }
 
 void tst_Preview::svgText_isDrawn()

@@ -1,0 +1,157 @@
+// How long the page editor lets its user wait. Prints a table; see docs/performance.md.
+#include "app/csettings.h"
+#include "web/ceditwebview.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextStream>
+#include <QWebElement>
+#include <QWebFrame>
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+namespace {
+
+QByteArray pageOf(int nBytes)
+{
+    const QByteArray paragraph =
+        "<p>Some words of an <b>ordinary</b> paragraph, <a href=\"#\">a link</a> "
+        "and <span style=\"color: blue\">a colour</span>.</p>\n"
+        "<table><tr><td>1</td><td>2</td></tr></table>\n";
+    return "<!DOCTYPE html><html><head><title>Page</title></head><body>\n"
+        + paragraph.repeated(nBytes / paragraph.size()) + "</body></html>\n";
+}
+
+double milliseconds(const std::function<void()> &action)
+{
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    return timer.nsecsElapsed() / 1e6;
+}
+
+// Median and worst of several runs.
+void report(const QString &strWhat, int nRuns, const std::function<double()> &run)
+{
+    std::vector<double> arrTimes;
+    for (int i = 0; i < nRuns; ++i)
+        arrTimes.push_back(run());
+    std::sort(arrTimes.begin(), arrTimes.end());
+    QTextStream(stdout) << QStringLiteral("| %1 | %2 | %3 |\n")
+                               .arg(strWhat)
+                               .arg(arrTimes[arrTimes.size() / 2], 0, 'f', 1)
+                               .arg(arrTimes.back(), 0, 'f', 1);
+}
+
+void load(CEditWebView &view, const QString &strPath)
+{
+    QSignalSpy spy(&view, &QWebView::loadFinished);
+    view.loadFile(strPath);
+    if (spy.isEmpty())
+        spy.wait(60000);
+    view.grab();
+}
+
+double openToPainted(const QString &strPath)
+{
+    CEditWebView view;
+    view.resize(1000, 700);
+    view.show();
+    return milliseconds([&] { load(view, strPath); });
+}
+
+void caretToStart(CEditWebView &view)
+{
+    view.setFocus();
+    view.page()->mainFrame()->documentElement().evaluateJavaScript(
+        QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 4)"));
+}
+
+double keystroke(CEditWebView &view)
+{
+    return milliseconds([&] {
+        QTest::keyClick(&view, Qt::Key_X);
+        view.grab(QRect(0, 0, 1000, 50));
+    });
+}
+
+void measure(const QString &strSize, const QString &strPath)
+{
+    const auto row = [&](const char *szWhat) {
+        return QLatin1String(szWhat) + QStringLiteral(", ") + strSize;
+    };
+    report(row("open to painted"), 5, [&] { return openToPainted(strPath); });
+
+    CEditWebView view;
+    view.resize(1000, 700);
+    view.show();
+    load(view, strPath);
+    caretToStart(view);
+    report(row("keystroke, source hidden"), 50, [&] { return keystroke(view); });
+    report(row("toolbar state at the caret"), 50, [&] {
+        return milliseconds([&] {
+            view.isBold() | view.isItalic() | view.isUnderline();
+            view.fontName() + view.fontSize();
+            view.foreColor() == view.backColor();
+        });
+    });
+    report(row("Control pressed and released"), 20, [&] {
+        return milliseconds([&] {
+            QTest::keyClick(&view, Qt::Key_Control);
+            view.grab(QRect(0, 0, 1000, 50));
+        });
+    });
+    report(row("bytes to save"), 10, [&] { return milliseconds([&] { view.htmlForSaving(); }); });
+    report(row("page to source"), 5, [&] {
+        view.showSource(false);
+        return milliseconds([&] {
+            view.showSource(true);
+            view.sourceEdit()->grab();
+        });
+    });
+    report(row("keystroke, source shown"), 10, [&] { return keystroke(view); });
+    const auto back = [&] {
+        return milliseconds([&] {
+            view.applySource(view.sourceEdit()->getText());
+            view.showSource(false);
+            view.grab();
+        });
+    };
+    report(row("source to page, nothing typed"), 5, [&] {
+        view.showSource(true);
+        return back();
+    });
+    report(row("source to page, edited"), 5, [&] {
+        view.showSource(true);
+        view.sourceEdit()->textCursor().insertText(QStringLiteral(" "));
+        return back();
+    });
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    CSettings settings(QStringLiteral("Quillan Benchmarks"), QStringLiteral("page"));
+    g_pSettings = &settings;
+    QTemporaryDir folder;
+    QTextStream(stdout) << "| step | median, ms | worst, ms |\n|---|---|---|\n";
+    for (const int nKilobytes : {100, 1000}) {
+        const QString strPath = folder.filePath(QStringLiteral("%1.html").arg(nKilobytes));
+        QFile file(strPath);
+        if (!file.open(QIODevice::WriteOnly))
+            return 1;
+        file.write(pageOf(nKilobytes * 1000));
+        file.close();
+        measure(QStringLiteral("%1 KB").arg(nKilobytes), strPath);
+    }
+    g_pSettings = nullptr;
+    return 0;
+}
