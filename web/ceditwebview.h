@@ -72,7 +72,8 @@ public:
     void showSource(bool bShow);
     bool isSourceShown() const;
     // The edited source becomes the page, which is modified when the source is. When nothing was
-    // typed in the source, the page stays as it is, with caret and undo history.
+    // typed in the source, the page stays as it is, with caret and undo history. Best called after
+    // showSource(false), as a source still shown is refreshed from the new page.
     void applySource(const QString &strHtml);
 
     // Editing; works on the selection.

@@ -73,8 +73,13 @@ QString declareUtf8(const QString &strHtml)
         nCopied = range.m_nStart + range.m_nLength;
     };
     change(declaredByXml(strHtml));
+    // Most pages declare once, at their start. The walk ends where no other declaration can follow.
+    const int nLast = strHtml.lastIndexOf(QLatin1String("charset"), -1, Qt::CaseInsensitive);
     CHtmlScanner scanner(strHtml);
-    while (scanner.next())
+    while (nLast >= 0 && scanner.next()) {
         change(declaredIn(strHtml, scanner.tag()));
+        if (scanner.tag().m_nStart > nLast)
+            break;
+    }
     return nCopied == 0 ? strHtml : QString(strResult + strHtml.midRef(nCopied));
 }

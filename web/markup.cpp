@@ -33,6 +33,11 @@ QString unescaped(QString strText)
 
 QString mendElements(const QString &strHtml)
 {
+    // Most pages have none of these, and to walk over all tags takes far longer.
+    static const QRegularExpression regExpAny(
+        QStringLiteral("<(?:pre|textarea|listing|iframe|noembed|noframes|plaintext)[ >]"));
+    if (!strHtml.contains(regExpAny))
+        return strHtml;
     QString strResult;
     int nCopied = 0;
     CHtmlScanner scanner(strHtml);

@@ -84,7 +84,7 @@ double keystroke(CEditWebView &view)
 void measure(const QString &strSize, const QString &strPath)
 {
     const auto row = [&](const char *szWhat) {
-        return QLatin1String(szWhat) + QStringLiteral(", ") + strSize;
+        return QStringLiteral("%1, %2").arg(QLatin1String(szWhat), strSize);
     };
     report(row("open to painted"), 5, [&] { return openToPainted(strPath); });
 
@@ -96,9 +96,10 @@ void measure(const QString &strSize, const QString &strPath)
     report(row("keystroke, source hidden"), 50, [&] { return keystroke(view); });
     report(row("toolbar state at the caret"), 50, [&] {
         return milliseconds([&] {
-            view.isBold() | view.isItalic() | view.isUnderline();
-            view.fontName() + view.fontSize();
-            view.foreColor() == view.backColor();
+            const bool bStyled = view.isBold() || view.isItalic() || view.isUnderline();
+            const QString strFont = view.fontName() + view.fontSize();
+            if (bStyled || strFont.isEmpty() || view.foreColor() == view.backColor())
+                qFatal("the plain text at the caret was expected");
         });
     });
     report(row("Control pressed and released"), 20, [&] {
@@ -118,8 +119,8 @@ void measure(const QString &strSize, const QString &strPath)
     report(row("keystroke, source shown"), 10, [&] { return keystroke(view); });
     const auto back = [&] {
         return milliseconds([&] {
-            view.applySource(view.sourceEdit()->getText());
             view.showSource(false);
+            view.applySource(view.sourceEdit()->getText());
             view.grab();
         });
     };

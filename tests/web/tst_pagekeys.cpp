@@ -255,9 +255,9 @@ void tst_PageKeys::tabSwap_losesNothing()
         pSource->setFocus();
     };
     const auto toPage = [&] {
-        m_pView->applySource(pSource->getText());
         m_pTabs->removeTab(0);
         m_pView->showSource(false);
+        m_pView->applySource(pSource->getText());
         m_pTabs->insertTab(0, m_pView, QStringLiteral("page"));
         m_pTabs->setCurrentIndex(0);
         m_pView->setFocus();
