@@ -2,6 +2,444 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en">
 <context>
+    <name>CDlgFind</name>
+    <message>
+        <source>Find</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Find what:</source>
+        <translation>検索する文字列:</translation>
+    </message>
+    <message>
+        <source>Find what</source>
+        <translation>検索する文字列</translation>
+    </message>
+    <message>
+        <source>Match whole word only</source>
+        <translation>単語単位で検索する</translation>
+    </message>
+    <message>
+        <source>Match case</source>
+        <translation>大文字と小文字を区別する</translation>
+    </message>
+    <message>
+        <source>Use regular expression</source>
+        <translation>正規表現を使う</translation>
+    </message>
+    <message>
+        <source>Search up</source>
+        <translation>上方向に検索する</translation>
+    </message>
+    <message>
+        <source>Wrap search</source>
+        <translation>循環して検索する</translation>
+    </message>
+    <message>
+        <source>Auto close after click &quot;Find Next&quot;</source>
+        <translation>「次を検索」を押したら閉じる</translation>
+    </message>
+    <message>
+        <source>Thransparent</source>
+        <translation>不透明度</translation>
+    </message>
+    <message>
+        <source>Opacity in percent while the window is inactive</source>
+        <translation>ウィンドウが非アクティブのときの不透明度 (%)</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置換</translation>
+    </message>
+    <message>
+        <source>Replace with:</source>
+        <translation>置換後の文字列:</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>置換後の文字列</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>次を検索</translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation>すべて置換</translation>
+    </message>
+    <message>
+        <source>Find: the top has been reached.</source>
+        <translation>検索: 先頭に達しました。</translation>
+    </message>
+    <message>
+        <source>Find: the end has been reached.</source>
+        <translation>検索: 末尾に達しました。</translation>
+    </message>
+    <message>
+        <source>Find: the string cannot be found.</source>
+        <translation>検索: 文字列が見つかりません。</translation>
+    </message>
+    <message>
+        <source>Replace All: %1 item has been replaced.</source>
+        <translation>すべて置換: %1 件を置換しました。</translation>
+    </message>
+    <message>
+        <source>Replace All: %1 items have been replaced.</source>
+        <translation>すべて置換: %1 件を置換しました。</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgGo</name>
+    <message>
+        <source>Go to Line</source>
+        <translation>指定行へ移動</translation>
+    </message>
+    <message>
+        <source>Line:</source>
+        <translation>行番号:</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>行番号</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>CDocumentGuard</name>
+    <message>
+        <source>Only the beginning of %1 could be read. Saving cuts the file.</source>
+        <translation>%1 は先頭部分しか読み込めませんでした。保存するとファイルが切り詰められます。</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>上書き</translation>
+    </message>
+    <message>
+        <source>Another program has changed %1.</source>
+        <translation>%1 が別のプログラムによって変更されました。</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>%1 is no longer there. Saving writes it again.</source>
+        <translation>%1 は存在しなくなりました。保存すると作り直されます。</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>Left unsaved when the program last ended: %1</source>
+        <translation>前回の終了時に保存されていません: %1</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+</context>
+<context>
+    <name>CEditWebView</name>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Open file position</source>
+        <translation>ファイルの場所を開く</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>Cannot open file(%1).</source>
+        <translation>ファイル(%1)を開けません。</translation>
+    </message>
+</context>
+<context>
+    <name>CFileSystemModel</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Ext. Name</source>
+        <translation>拡張子</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>更新日時</translation>
+    </message>
+</context>
+<context>
+    <name>CHighlightEdit</name>
+    <message>
+        <source>Text editor</source>
+        <translation>テキスト エディター</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Toggle Comment</source>
+        <translation>コメントの切り替え</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Open file position</source>
+        <translation>ファイルの場所を開く</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>row: %1, col: %2, sel: %3</source>
+        <translation>行: %1, 列: %2, 選択: %3</translation>
+    </message>
+    <message>
+        <source>Fail to open file</source>
+        <translation>ファイルを開けませんでした</translation>
+    </message>
+    <message>
+        <source>Fail to open file(%1).</source>
+        <translation>ファイル(%1)を開けませんでした。</translation>
+    </message>
+    <message>
+        <source>Cannot open file(%1).</source>
+        <translation>ファイル(%1)を開けません。</translation>
+    </message>
+    <message>
+        <source>Line %1, Column %2: %3</source>
+        <translation>%1 行 %2 列: %3</translation>
+    </message>
+    <message>
+        <source>Fail to verify valid</source>
+        <translation>検証エラー</translation>
+    </message>
+</context>
+<context>
+    <name>CHtmlToolBar</name>
+    <message>
+        <source>Black</source>
+        <translation>黒</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>灰色</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>赤</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>オレンジ</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>黄</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>緑</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>青</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>紫</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>白</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>フォント</translation>
+    </message>
+    <message>
+        <source>Font Size</source>
+        <translation>フォント サイズ</translation>
+    </message>
+    <message>
+        <source>Text Color</source>
+        <translation>文字の色</translation>
+    </message>
+    <message>
+        <source>Background Color</source>
+        <translation>背景色</translation>
+    </message>
+    <message>
+        <source>More Colors...</source>
+        <translation>その他の色...</translation>
+    </message>
+</context>
+<context>
+    <name>CImageWidget</name>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+</context>
+<context>
+    <name>CNoticeBar</name>
+    <message>
+        <source>Notice</source>
+        <translation>お知らせ</translation>
+    </message>
+    <message>
+        <source>Close this notice</source>
+        <translation>このお知らせを閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>CPreviewWidget</name>
+    <message>
+        <source>Open position of file</source>
+        <translation>ファイルの場所を開く</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+</context>
+<context>
+    <name>CStatusLabels</name>
+    <message>
+        <source>Col, Row and Selected</source>
+        <translation>列、行、選択文字数</translation>
+    </message>
+    <message>
+        <source>Program Language</source>
+        <translation>プログラミング言語</translation>
+    </message>
+    <message>
+        <source>Return Format</source>
+        <translation>改行コード</translation>
+    </message>
+    <message>
+        <source>Text Codec</source>
+        <translation>文字コード</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFavorFileList</name>
+    <message>
+        <source>No selected folder</source>
+        <translation>フォルダーが選択されていません</translation>
+    </message>
+    <message>
+        <source>Please select a folder on Folder Browser.</source>
+        <translation>フォルダー ブラウザーでフォルダーを選択してください。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFavoriteFolder</name>
+    <message>
+        <source>Open position of file/folder</source>
+        <translation>ファイル/フォルダーの場所を開く</translation>
+    </message>
+    <message>
+        <source>Main Folder List</source>
+        <translation>お気に入りフォルダー</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>No selected folder</source>
+        <translation>フォルダーが選択されていません</translation>
+    </message>
+    <message>
+        <source>Please select a favor folder on Main Folder List to remove.</source>
+        <translation>お気に入りフォルダーの一覧で、削除するフォルダーを選択してください。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFileList</name>
+    <message>
+        <source>Open position of file/folder</source>
+        <translation>ファイル/フォルダーの場所を開く</translation>
+    </message>
+    <message>
+        <source>Open file/folder by default application</source>
+        <translation>ファイル/フォルダーを既定のアプリで開く</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>最新の情報に更新</translation>
+    </message>
+    <message>
+        <source>Upper</source>
+        <translation>上のフォルダーへ</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>Folder Browser</source>
+        <translation>フォルダー ブラウザー</translation>
+    </message>
+    <message>
+        <source>Select a folder</source>
+        <translation>フォルダーの選択</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>File</source>
@@ -18,6 +456,352 @@
     <message>
         <source>Save</source>
         <translation>保存</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>書式</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Text Codec</source>
+        <translation>文字コード</translation>
+    </message>
+    <message>
+        <source>Return Format</source>
+        <translation>改行コード</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>Main ToolBar</source>
+        <translation>メイン ツールバー</translation>
+    </message>
+    <message>
+        <source>HTML ToolBar</source>
+        <translation>HTML ツールバー</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>バージョン情報</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>名前を付けて保存...</translation>
+    </message>
+    <message>
+        <source>Save All</source>
+        <translation>すべて保存</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>太字</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>下線</translation>
+    </message>
+    <message>
+        <source>Left to Right</source>
+        <translation>左から右</translation>
+    </message>
+    <message>
+        <source>Right to Left</source>
+        <translation>右から左</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>やり直し</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>New HTML</source>
+        <translation>新しい HTML</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Find...</source>
+        <translation>検索...</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>New Text</source>
+        <translation>新しいテキスト</translation>
+    </message>
+    <message>
+        <source>Unknown Format</source>
+        <translation>不明な形式</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>SwapHtml</source>
+        <translation>HTML 表示の切り替え</translation>
+    </message>
+    <message>
+        <source>Switch html and source</source>
+        <translation>HTML ページとソースを切り替え</translation>
+    </message>
+    <message>
+        <source>Verify Valid</source>
+        <translation>妥当性の検証</translation>
+    </message>
+    <message>
+        <source>Verify Valid of content</source>
+        <translation>内容の妥当性を検証</translation>
+    </message>
+    <message>
+        <source>Formatting</source>
+        <translation>整形</translation>
+    </message>
+    <message>
+        <source>Line Wrap</source>
+        <translation>行の折り返し</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>次を検索</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>前を検索</translation>
+    </message>
+    <message>
+        <source>Toggle Comment</source>
+        <translation>コメントの切り替え</translation>
+    </message>
+    <message>
+        <source>Color Dialog</source>
+        <translation>色の選択</translation>
+    </message>
+    <message>
+        <source>Go to Line...</source>
+        <translation>指定行へ移動...</translation>
+    </message>
+    <message>
+        <source>Replace...</source>
+        <translation>置換...</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置換</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Windows</translation>
+    </message>
+    <message>
+        <source>Unix</source>
+        <translation>Unix</translation>
+    </message>
+    <message>
+        <source>OSX</source>
+        <translation>OSX</translation>
+    </message>
+    <message>
+        <source>Open position of file</source>
+        <translation>ファイルの場所を開く</translation>
+    </message>
+    <message>
+        <source>About %1</source>
+        <translation>%1 について</translation>
+    </message>
+    <message>
+        <source>Made by the Quillan developers.</source>
+        <translation>制作: Quillan 開発者</translation>
+    </message>
+    <message>
+        <source>New file</source>
+        <translation>新しいファイル</translation>
+    </message>
+    <message>
+        <source>Fail to open file</source>
+        <translation>ファイルを開けませんでした</translation>
+    </message>
+    <message>
+        <source>Fail to open file(%1).</source>
+        <translation>ファイル(%1)を開けませんでした。</translation>
+    </message>
+    <message>
+        <source>(Untitled)</source>
+        <translation>(無題)</translation>
+    </message>
+    <message>
+        <source>Only the beginning can be shown: the file holds zero bytes.</source>
+        <translation>先頭部分のみ表示しています: ファイルに NUL 文字が含まれています。</translation>
+    </message>
+    <message>
+        <source>The file is read-only.</source>
+        <translation>このファイルは読み取り専用です。</translation>
+    </message>
+    <message>
+        <source>File Modified</source>
+        <translation>ファイルの変更</translation>
+    </message>
+    <message>
+        <source>Are you sure to refresh and discard the modification?</source>
+        <translation>変更を破棄して再読み込みしますか?</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>ファイルを読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>Page modified</source>
+        <translation>ページの変更</translation>
+    </message>
+    <message>
+        <source>File modified</source>
+        <translation>ファイルの変更</translation>
+    </message>
+    <message>
+        <source>Do you save the modified page?</source>
+        <translation>変更したページを保存しますか?</translation>
+    </message>
+    <message>
+        <source>Do you save the modified file?</source>
+        <translation>変更したファイルを保存しますか?</translation>
+    </message>
+    <message>
+        <source>The format of the content is good.</source>
+        <translation>内容の形式は正しいです。</translation>
+    </message>
+    <message>
+        <source>Open files</source>
+        <translation>ファイルを開く</translation>
+    </message>
+    <message>
+        <source>Web file (*.html *.htm *.css *.js); All files(*.*)</source>
+        <translation>Web ファイル (*.html *.htm *.css *.js); すべてのファイル(*.*)</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(なし)</translation>
+    </message>
+    <message>
+        <source>Fail to save file</source>
+        <translation>ファイルを保存できませんでした</translation>
+    </message>
+    <message>
+        <source>Cannot open file(%1).</source>
+        <translation>ファイル(%1)を開けません。</translation>
+    </message>
+    <message>
+        <source>Save file</source>
+        <translation>ファイルの保存</translation>
+    </message>
+    <message>
+        <source>All files(*.*)</source>
+        <translation>すべてのファイル(*.*)</translation>
+    </message>
+    <message>
+        <source>Cannot open file&quot;%1&quot;.</source>
+        <translation>ファイル「%1」を開けません。</translation>
+    </message>
+    <message>
+        <source>Unknown Language</source>
+        <translation>不明な言語</translation>
+    </message>
+    <message>
+        <source>Switch to html source edit</source>
+        <translation>HTML ソースの編集に切り替え</translation>
+    </message>
+    <message>
+        <source>Switch to html page edit</source>
+        <translation>HTML ページの編集に切り替え</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+    <message>
+        <source>Folder Browser</source>
+        <translation>フォルダー ブラウザー</translation>
+    </message>
+</context>
+<context>
+    <name>XmlGuard</name>
+    <message>
+        <source>elements nest too deeply</source>
+        <translation>要素の入れ子が深すぎます</translation>
+    </message>
+    <message>
+        <source>declarations nest too deeply</source>
+        <translation>宣言の入れ子が深すぎます</translation>
+    </message>
+    <message>
+        <source>entities expand to too much text</source>
+        <translation>実体を展開した文字列が長すぎます</translation>
+    </message>
+</context>
+<context>
+    <name>commonhelpers</name>
+    <message>
+        <source>%1 TB</source>
+        <translation>%1 TB</translation>
+    </message>
+    <message>
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <source>%1 KB</source>
+        <translation>%1 KB</translation>
+    </message>
+    <message>
+        <source>%1 B</source>
+        <translation>%1 B</translation>
     </message>
 </context>
 </TS>

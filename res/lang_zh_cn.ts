@@ -2,6 +2,444 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CDlgFind</name>
+    <message>
+        <source>Find</source>
+        <translation>查找</translation>
+    </message>
+    <message>
+        <source>Find what:</source>
+        <translation>查找内容：</translation>
+    </message>
+    <message>
+        <source>Find what</source>
+        <translation>查找内容</translation>
+    </message>
+    <message>
+        <source>Match whole word only</source>
+        <translation>全字匹配</translation>
+    </message>
+    <message>
+        <source>Match case</source>
+        <translation>区分大小写</translation>
+    </message>
+    <message>
+        <source>Use regular expression</source>
+        <translation>使用正则表达式</translation>
+    </message>
+    <message>
+        <source>Search up</source>
+        <translation>向上查找</translation>
+    </message>
+    <message>
+        <source>Wrap search</source>
+        <translation>循环查找</translation>
+    </message>
+    <message>
+        <source>Auto close after click &quot;Find Next&quot;</source>
+        <translation>单击“查找下一个”后自动关闭</translation>
+    </message>
+    <message>
+        <source>Thransparent</source>
+        <translation>不透明度</translation>
+    </message>
+    <message>
+        <source>Opacity in percent while the window is inactive</source>
+        <translation>窗口未激活时的不透明度（百分比）</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Replace with:</source>
+        <translation>替换为：</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>替换为</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>查找下一个</translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation>全部替换</translation>
+    </message>
+    <message>
+        <source>Find: the top has been reached.</source>
+        <translation>查找：已到达文件开头。</translation>
+    </message>
+    <message>
+        <source>Find: the end has been reached.</source>
+        <translation>查找：已到达文件末尾。</translation>
+    </message>
+    <message>
+        <source>Find: the string cannot be found.</source>
+        <translation>查找：未找到指定的文本。</translation>
+    </message>
+    <message>
+        <source>Replace All: %1 item has been replaced.</source>
+        <translation>全部替换：已替换 %1 处。</translation>
+    </message>
+    <message>
+        <source>Replace All: %1 items have been replaced.</source>
+        <translation>全部替换：已替换 %1 处。</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgGo</name>
+    <message>
+        <source>Go to Line</source>
+        <translation>转到行</translation>
+    </message>
+    <message>
+        <source>Line:</source>
+        <translation>行号：</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>行号</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>转到</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>CDocumentGuard</name>
+    <message>
+        <source>Only the beginning of %1 could be read. Saving cuts the file.</source>
+        <translation>只能读取 %1 的开头部分。保存将截断该文件。</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>覆盖</translation>
+    </message>
+    <message>
+        <source>Another program has changed %1.</source>
+        <translation>%1 已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>%1 is no longer there. Saving writes it again.</source>
+        <translation>%1 已不存在。保存将重新写入该文件。</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>Left unsaved when the program last ended: %1</source>
+        <translation>上次程序结束时未保存：%1</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>丢弃</translation>
+    </message>
+</context>
+<context>
+    <name>CEditWebView</name>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>Open file position</source>
+        <translation>打开文件所在位置</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>Cannot open file(%1).</source>
+        <translation>无法打开文件(%1)。</translation>
+    </message>
+</context>
+<context>
+    <name>CFileSystemModel</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Ext. Name</source>
+        <translation>扩展名</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>修改日期</translation>
+    </message>
+</context>
+<context>
+    <name>CHighlightEdit</name>
+    <message>
+        <source>Text editor</source>
+        <translation>文本编辑器</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Toggle Comment</source>
+        <translation>切换注释</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>Open file position</source>
+        <translation>打开文件所在位置</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>row: %1, col: %2, sel: %3</source>
+        <translation>行: %1, 列: %2, 选中: %3</translation>
+    </message>
+    <message>
+        <source>Fail to open file</source>
+        <translation>打开文件失败</translation>
+    </message>
+    <message>
+        <source>Fail to open file(%1).</source>
+        <translation>打开文件(%1)失败。</translation>
+    </message>
+    <message>
+        <source>Cannot open file(%1).</source>
+        <translation>无法打开文件(%1)。</translation>
+    </message>
+    <message>
+        <source>Line %1, Column %2: %3</source>
+        <translation>第 %1 行，第 %2 列：%3</translation>
+    </message>
+    <message>
+        <source>Fail to verify valid</source>
+        <translation>验证失败</translation>
+    </message>
+</context>
+<context>
+    <name>CHtmlToolBar</name>
+    <message>
+        <source>Black</source>
+        <translation>黑色</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>灰色</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红色</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>橙色</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>黄色</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿色</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝色</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>紫色</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>白色</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Font Size</source>
+        <translation>字号</translation>
+    </message>
+    <message>
+        <source>Text Color</source>
+        <translation>文字颜色</translation>
+    </message>
+    <message>
+        <source>Background Color</source>
+        <translation>背景颜色</translation>
+    </message>
+    <message>
+        <source>More Colors...</source>
+        <translation>其他颜色...</translation>
+    </message>
+</context>
+<context>
+    <name>CImageWidget</name>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+</context>
+<context>
+    <name>CNoticeBar</name>
+    <message>
+        <source>Notice</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>Close this notice</source>
+        <translation>关闭此通知</translation>
+    </message>
+</context>
+<context>
+    <name>CPreviewWidget</name>
+    <message>
+        <source>Open position of file</source>
+        <translation>打开文件所在位置</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+</context>
+<context>
+    <name>CStatusLabels</name>
+    <message>
+        <source>Col, Row and Selected</source>
+        <translation>列、行与选中字符数</translation>
+    </message>
+    <message>
+        <source>Program Language</source>
+        <translation>编程语言</translation>
+    </message>
+    <message>
+        <source>Return Format</source>
+        <translation>换行符格式</translation>
+    </message>
+    <message>
+        <source>Text Codec</source>
+        <translation>文本编码</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFavorFileList</name>
+    <message>
+        <source>No selected folder</source>
+        <translation>未选择文件夹</translation>
+    </message>
+    <message>
+        <source>Please select a folder on Folder Browser.</source>
+        <translation>请在文件夹浏览器中选择一个文件夹。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFavoriteFolder</name>
+    <message>
+        <source>Open position of file/folder</source>
+        <translation>打开文件/文件夹所在位置</translation>
+    </message>
+    <message>
+        <source>Main Folder List</source>
+        <translation>常用文件夹</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>No selected folder</source>
+        <translation>未选择文件夹</translation>
+    </message>
+    <message>
+        <source>Please select a favor folder on Main Folder List to remove.</source>
+        <translation>请在常用文件夹列表中选择要移除的文件夹。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFileList</name>
+    <message>
+        <source>Open position of file/folder</source>
+        <translation>打开文件/文件夹所在位置</translation>
+    </message>
+    <message>
+        <source>Open file/folder by default application</source>
+        <translation>用默认程序打开文件/文件夹</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Upper</source>
+        <translation>上一级</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览...</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Folder Browser</source>
+        <translation>文件夹浏览器</translation>
+    </message>
+    <message>
+        <source>Select a folder</source>
+        <translation>选择文件夹</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>File</source>
@@ -18,6 +456,352 @@
     <message>
         <source>Save</source>
         <translation>保存</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Text Codec</source>
+        <translation>文本编码</translation>
+    </message>
+    <message>
+        <source>Return Format</source>
+        <translation>换行符格式</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>视图</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>Main ToolBar</source>
+        <translation>主工具栏</translation>
+    </message>
+    <message>
+        <source>HTML ToolBar</source>
+        <translation>HTML 工具栏</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>另存为...</translation>
+    </message>
+    <message>
+        <source>Save All</source>
+        <translation>全部保存</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>粗体</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>下划线</translation>
+    </message>
+    <message>
+        <source>Left to Right</source>
+        <translation>从左到右</translation>
+    </message>
+    <message>
+        <source>Right to Left</source>
+        <translation>从右到左</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>New HTML</source>
+        <translation>新建 HTML</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Find...</source>
+        <translation>查找...</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>查找</translation>
+    </message>
+    <message>
+        <source>New Text</source>
+        <translation>新建文本</translation>
+    </message>
+    <message>
+        <source>Unknown Format</source>
+        <translation>未知格式</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>SwapHtml</source>
+        <translation>切换 HTML 视图</translation>
+    </message>
+    <message>
+        <source>Switch html and source</source>
+        <translation>在 HTML 页面与源代码之间切换</translation>
+    </message>
+    <message>
+        <source>Verify Valid</source>
+        <translation>验证有效性</translation>
+    </message>
+    <message>
+        <source>Verify Valid of content</source>
+        <translation>验证内容的有效性</translation>
+    </message>
+    <message>
+        <source>Formatting</source>
+        <translation>格式化</translation>
+    </message>
+    <message>
+        <source>Line Wrap</source>
+        <translation>自动换行</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>查找下一个</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>查找上一个</translation>
+    </message>
+    <message>
+        <source>Toggle Comment</source>
+        <translation>切换注释</translation>
+    </message>
+    <message>
+        <source>Color Dialog</source>
+        <translation>选择颜色</translation>
+    </message>
+    <message>
+        <source>Go to Line...</source>
+        <translation>转到行...</translation>
+    </message>
+    <message>
+        <source>Replace...</source>
+        <translation>替换...</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Windows</translation>
+    </message>
+    <message>
+        <source>Unix</source>
+        <translation>Unix</translation>
+    </message>
+    <message>
+        <source>OSX</source>
+        <translation>OSX</translation>
+    </message>
+    <message>
+        <source>Open position of file</source>
+        <translation>打开文件所在位置</translation>
+    </message>
+    <message>
+        <source>About %1</source>
+        <translation>关于 %1</translation>
+    </message>
+    <message>
+        <source>Made by the Quillan developers.</source>
+        <translation>由 Quillan 开发者制作。</translation>
+    </message>
+    <message>
+        <source>New file</source>
+        <translation>新文件</translation>
+    </message>
+    <message>
+        <source>Fail to open file</source>
+        <translation>打开文件失败</translation>
+    </message>
+    <message>
+        <source>Fail to open file(%1).</source>
+        <translation>打开文件(%1)失败。</translation>
+    </message>
+    <message>
+        <source>(Untitled)</source>
+        <translation>(无标题)</translation>
+    </message>
+    <message>
+        <source>Only the beginning can be shown: the file holds zero bytes.</source>
+        <translation>只能显示开头部分：文件含有零字节。</translation>
+    </message>
+    <message>
+        <source>The file is read-only.</source>
+        <translation>该文件为只读。</translation>
+    </message>
+    <message>
+        <source>File Modified</source>
+        <translation>文件已修改</translation>
+    </message>
+    <message>
+        <source>Are you sure to refresh and discard the modification?</source>
+        <translation>确定要重新加载并放弃所做的修改吗？</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>无法读取文件：%1</translation>
+    </message>
+    <message>
+        <source>Page modified</source>
+        <translation>页面已修改</translation>
+    </message>
+    <message>
+        <source>File modified</source>
+        <translation>文件已修改</translation>
+    </message>
+    <message>
+        <source>Do you save the modified page?</source>
+        <translation>是否保存已修改的页面？</translation>
+    </message>
+    <message>
+        <source>Do you save the modified file?</source>
+        <translation>是否保存已修改的文件？</translation>
+    </message>
+    <message>
+        <source>The format of the content is good.</source>
+        <translation>内容格式正确。</translation>
+    </message>
+    <message>
+        <source>Open files</source>
+        <translation>打开文件</translation>
+    </message>
+    <message>
+        <source>Web file (*.html *.htm *.css *.js); All files(*.*)</source>
+        <translation>Web 文件 (*.html *.htm *.css *.js); 所有文件(*.*)</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(空)</translation>
+    </message>
+    <message>
+        <source>Fail to save file</source>
+        <translation>保存文件失败</translation>
+    </message>
+    <message>
+        <source>Cannot open file(%1).</source>
+        <translation>无法打开文件(%1)。</translation>
+    </message>
+    <message>
+        <source>Save file</source>
+        <translation>保存文件</translation>
+    </message>
+    <message>
+        <source>All files(*.*)</source>
+        <translation>所有文件(*.*)</translation>
+    </message>
+    <message>
+        <source>Cannot open file&quot;%1&quot;.</source>
+        <translation>无法打开文件“%1”。</translation>
+    </message>
+    <message>
+        <source>Unknown Language</source>
+        <translation>未知语言</translation>
+    </message>
+    <message>
+        <source>Switch to html source edit</source>
+        <translation>切换到 HTML 源代码编辑</translation>
+    </message>
+    <message>
+        <source>Switch to html page edit</source>
+        <translation>切换到 HTML 页面编辑</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>Folder Browser</source>
+        <translation>文件夹浏览器</translation>
+    </message>
+</context>
+<context>
+    <name>XmlGuard</name>
+    <message>
+        <source>elements nest too deeply</source>
+        <translation>元素嵌套过深</translation>
+    </message>
+    <message>
+        <source>declarations nest too deeply</source>
+        <translation>声明嵌套过深</translation>
+    </message>
+    <message>
+        <source>entities expand to too much text</source>
+        <translation>实体展开后的文本过长</translation>
+    </message>
+</context>
+<context>
+    <name>commonhelpers</name>
+    <message>
+        <source>%1 TB</source>
+        <translation>%1 TB</translation>
+    </message>
+    <message>
+        <source>%1 GB</source>
+        <translation>%1 GB</translation>
+    </message>
+    <message>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <source>%1 KB</source>
+        <translation>%1 KB</translation>
+    </message>
+    <message>
+        <source>%1 B</source>
+        <translation>%1 B</translation>
     </message>
 </context>
 </TS>
