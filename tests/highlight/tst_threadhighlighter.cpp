@@ -394,7 +394,7 @@ void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
     int nResults = 0;
     connect(editor.pHighlighter, &CThreadHighlighter::selectedChanged, &editor.document,
             [&] { ++nResults; });
-    for (int n = 0; n < 2000; ++n) {
+    for (int n = 0; n < 500; ++n) {
         nResults = 0;
         editor.pHighlighter->setSelectedWord(n % 2 ? "abc" : "abcd");
         QElapsedTimer timer;
