@@ -20,16 +20,16 @@ void CKeywordMatcher::addWord(const QString &strItem)
 
 void CKeywordMatcher::addPattern(const QString &strPattern)
 {
-    const QRegExp rx(strPattern, m_sensitivity);
-    if (rx.isValid()) {
-        m_lstPatterns.push_back({m_nRules++, rx, RequiredCharacters(strPattern, m_sensitivity)});
+    const CLinePattern pattern(strPattern, m_sensitivity);
+    if (pattern.isValid()) {
+        m_lstPatterns.push_back({m_nRules++, pattern});
     }
 }
 
 CKeywordMatcher::CSearch::CSearch(const CKeywordMatcher &matcher, const QString &strText)
     : m_matcher(matcher),
       m_strText(strText),
-      m_mask(matcher.m_lstPatterns.empty() ? CharacterMask() : characterMask(strText)),
+      m_symbols(matcher.m_lstPatterns.empty() ? SymbolSet() : symbolsIn(strText)),
       m_lstNext(matcher.m_lstPatterns.size())
 {
 }
@@ -43,7 +43,7 @@ bool CKeywordMatcher::CSearch::addMatches(int nStart, int nEnd,
         m_matcher.m_table.find(m_strText, nStart, nEnd, &m_lstHits);
     }
     for (size_t n = 0; n < m_matcher.m_lstPatterns.size(); ++n) {
-        if (!m_matcher.m_lstPatterns[n].required.mayMatch(m_mask)) {
+        if (!m_matcher.m_lstPatterns[n].pattern.mayMatch(m_symbols)) {
             continue;
         }
         if (isAborted && isAborted()) {
@@ -71,12 +71,12 @@ bool CKeywordMatcher::CSearch::addMatches(int nStart, int nEnd,
 // many regions is not searched to its end for each of them.
 void CKeywordMatcher::CSearch::addPatternMatches(size_t nPattern, int nStart, int nEnd)
 {
-    const Pattern &pattern = m_matcher.m_lstPatterns[nPattern];
+    const auto &[nRule, pattern] = m_matcher.m_lstPatterns[nPattern];
     Next &next = m_lstNext[nPattern];
-    const auto search = [&](int nFrom) {
+    const auto search = [&next, &pattern = pattern, this](int nFrom) {
         next.nFrom = nFrom;
-        next.nStart = pattern.rx.indexIn(m_strText, nFrom);
-        next.nLength = pattern.rx.matchedLength();
+        next.nStart = pattern.indexIn(m_strText, nFrom);
+        next.nLength = pattern.matchedLength();
     };
     const bool bKnown =
         next.nFrom >= 0 && next.nFrom <= nStart && (next.nStart < 0 || next.nStart >= nStart);
@@ -84,7 +84,7 @@ void CKeywordMatcher::CSearch::addPatternMatches(size_t nPattern, int nStart, in
         search(nStart);
     }
     while (next.nStart >= 0 && next.nLength > 0 && (nEnd < 0 || next.nStart <= nEnd)) {
-        m_lstHits.push_back({pattern.nRule, next.nStart, next.nLength});
+        m_lstHits.push_back({nRule, next.nStart, next.nLength});
         search(next.nStart + next.nLength);
     }
 }

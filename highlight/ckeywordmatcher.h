@@ -1,10 +1,9 @@
 #pragma once
 
 #include "highlight/ckeywordtable.h"
+#include "highlight/clinepattern.h"
 #include "highlight/highlightline.h"
-#include "highlight/requiredcharacters.h"
 
-#include <QRegExp>
 #include <vector>
 
 // The keywords and patterns of a definition, numbered as they were added. One walk over the words
@@ -45,7 +44,7 @@ public:
 
         const CKeywordMatcher &m_matcher;
         const QString &m_strText;
-        const CharacterMask m_mask;
+        const SymbolSet m_symbols;
         std::vector<Next> m_lstNext;
         std::vector<KeywordHit> m_lstHits;
     };
@@ -54,8 +53,7 @@ private:
     struct Pattern
     {
         int nRule;
-        QRegExp rx;
-        RequiredCharacters required;
+        CLinePattern pattern;
     };
 
     CKeywordTable m_table;

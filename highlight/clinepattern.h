@@ -1,28 +1,54 @@
 #pragma once
 
+#include "highlight/cpatternautomaton.h"
+#include "highlight/requiredcharacters.h"
+
 #include <QRegExp>
 #include <QString>
+#include <optional>
 
-// A case-sensitive pattern of a definition, such as the start of a comment. Most are plain text and
-// searched for as such; the others are a QRegExp. One that is not valid is found nowhere.
-// Not to be used by two threads at a time: QRegExp keeps its last match.
+// A pattern of a definition. It finds what QRegExp finds, which is the authority, but plain text is
+// searched for as such and most other patterns are run by a state machine; QRegExp itself does the
+// rest. A pattern that is not valid is found nowhere.
+// Not to be used by two threads at a time.
 class CLinePattern
 {
 public:
     CLinePattern() = default;
-    explicit CLinePattern(const QString &strPattern);
+    explicit CLinePattern(const QString &strPattern,
+                          Qt::CaseSensitivity sensitivity = Qt::CaseSensitive);
 
     bool isEmpty() const { return m_bEmpty; }
-    // The first match from nFrom on, -1 when there is none. "^" stands for the start of the line.
+    bool isValid() const { return m_bValid; }
+    // Whether a line with these characters can hold a match.
+    bool mayMatch(const SymbolSet &line) const { return m_required.areIn(line); }
+    // The first match from nFrom on and in it the longest; -1 when there is none. "^" stands for
+    // the start of the line.
     int indexIn(const QString &strText, int nFrom) const;
-    // Of the match found last, in UTF-16 code units; may be 0 for a QRegExp.
-    int matchedLength() const;
+    // Of the match found last, in UTF-16 code units; may be 0.
+    int matchedLength() const { return m_nLength; }
 
-    // The text that a QRegExp pattern stands for if it is plain; a null string when it is not.
+    // The text that a pattern stands for if it is plain; a null string when it is not.
     static QString plainText(const QString &strPattern);
 
 private:
+    void makeAutomaton() const;
+    int indexOfPlain(const QString &strText, int nFrom) const;
+    int indexByAutomaton(const QString &strText, int nFrom) const;
+    bool isDoubtful(CPatternAutomaton &automaton) const;
+    int endOfMatch(const QString &strText, int nStart) const;
+
     bool m_bEmpty = true;
-    QString m_strPlain; // empty: m_rx decides
+    bool m_bValid = true;
+    Qt::CaseSensitivity m_sensitivity = Qt::CaseSensitive;
+    RequiredCharacters m_required;
+    QString m_strPlain;
+    // The pattern, and the lookahead at its end if it has one.
+    mutable std::optional<CPatternAutomaton> m_automaton;
+    mutable std::optional<CPatternAutomaton> m_ahead;
+    mutable bool m_bAheadIsNegative = false;
+    mutable bool m_bAutomatonMade = false;
     QRegExp m_rx;
+    mutable int m_nLength = -1;
+    mutable std::vector<int> m_lstEnds;
 };

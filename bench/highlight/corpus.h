@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+// Real text of one language, collected from files of this machine.
+struct Corpus
+{
+    QString strName;
+    QString strFileName; // decides the definition
+    QStringList lstLines;
+    qint64 nBytes = 0;
+    bool bRepeated = false; // there was not enough of it
+    qint64 nBytesOnce = 0; // how much there was then
+
+    QString text() const { return lstLines.join(QLatin1Char('\n')); }
+    // The first lines, up to nMaxBytes.
+    Corpus head(qint64 nMaxBytes) const;
+};
+
+// Empty lines when the folders hold no such files.
+Corpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
+               const QStringList &lstPatterns, qint64 nBytes);
