@@ -136,7 +136,7 @@ void tst_HighlightRulesRandom::realSources_equalTheLiteralRules()
     const QMap<QString, QVariantMap> mapDefinitions = nastyDefinitions();
     QStringList lstLines;
     QDirIterator it(folder, {pattern}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext() && lstLines.size() < 1000) {
+    while (it.hasNext() && lstLines.size() < 600) {
         lstLines += linesOf(it.next(), 100);
     }
     if (lstLines.size() < 100) {
@@ -160,7 +160,7 @@ void tst_HighlightRulesRandom::samples_equalTheLiteralRulesUnderEveryDefinition(
     QStringList lstLines;
     for (const QFileInfo &info : lstSamples) {
         if (info.suffix() != QLatin1String("expected")) {
-            lstLines += linesOf(info.absoluteFilePath(), 15);
+            lstLines += linesOf(info.absoluteFilePath(), 8);
         }
     }
     while (itDefinition.hasNext()) {
