@@ -11,6 +11,7 @@
 #include <QTextStream>
 #include <QWebElement>
 #include <QWebFrame>
+#include <QWebSettings>
 
 #include <algorithm>
 #include <functional>
@@ -66,6 +67,21 @@ double openToPainted(const QString &strPath)
     return milliseconds([&] { load(view, strPath); });
 }
 
+// The floor: the toolkit's own view, without anything of ours.
+double openToPaintedBare(const QString &strPath)
+{
+    QWebView view;
+    view.settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
+    view.resize(1000, 700);
+    view.show();
+    return milliseconds([&] {
+        QSignalSpy spy(&view, &QWebView::loadFinished);
+        view.setUrl(QUrl::fromLocalFile(strPath));
+        spy.wait(60000);
+        view.grab();
+    });
+}
+
 void caretToStart(CEditWebView &view)
 {
     view.setFocus();
@@ -87,6 +103,7 @@ void measure(const QString &strSize, const QString &strPath)
         return QStringLiteral("%1, %2").arg(QLatin1String(szWhat), strSize);
     };
     report(row("open to painted"), 5, [&] { return openToPainted(strPath); });
+    report(row("the same in a bare web view"), 5, [&] { return openToPaintedBare(strPath); });
 
     CEditWebView view;
     view.resize(1000, 700);
