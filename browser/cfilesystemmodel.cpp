@@ -1,7 +1,5 @@
 #include "browser/cfilesystemmodel.h"
 
-#include "browser/fileorder.h"
-
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEvent>
@@ -30,12 +28,22 @@ void numberRows(CFileNode *pParent, int nFrom)
 } // namespace
 
 CFileSystemModel::CFileSystemModel(QObject *pParent)
-    : QAbstractItemModel(pParent), m_pGatherer(std::make_unique<CFileInfoGatherer>())
+    : QAbstractItemModel(pParent),
+      m_pGatherer(std::make_unique<CFileInfoGatherer>()),
+      m_pPrepared(std::make_shared<CPreparedListings>())
 {
     qRegisterMetaType<QFileInfoList>("QFileInfoList");
     m_pGatherer->setShowDrives(true);
     m_pGatherer->setSkipHidden(true);
     m_pGatherer->setDirsOnly(false);
+    // First on the reader's thread, then here. The lambda keeps what it fills alive: a stuck reader
+    // may outlive the model.
+    connect(
+        m_pGatherer.get(), &CFileInfoGatherer::newListOfFiles2, m_pGatherer.get(),
+        [pPrepared = m_pPrepared](const QString &, const QFileInfoList &lstFileInfos) {
+            pPrepared->prepare(lstFileInfos);
+        },
+        Qt::DirectConnection);
     connect(m_pGatherer.get(), &CFileInfoGatherer::newListOfFiles2, this,
             &CFileSystemModel::onNewListOfFiles);
     connect(m_pGatherer.get(), &QThread::finished, this, &CFileSystemModel::onReaderFinished);
@@ -59,6 +67,7 @@ void CFileSystemModel::setRootPath(const QString &strPath, bool bFetch)
     // A finished listing still in the event queue belongs to the old rows. For the same folder it
     // would show every entry twice.
     QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+    m_pPrepared->clear();
     removeRootChildren();
     const QFileInfo info(strPath);
     const bool bFile = info.isFile();
@@ -87,23 +96,17 @@ void CFileSystemModel::removeRootChildren()
 
 void CFileSystemModel::onNewListOfFiles(QString strPath, QFileInfoList lstFileInfos)
 {
-    if (lstFileInfos.isEmpty())
-        return;
-    CFileNode *pParent = findNode(strPath);
+    FileNodes nodes = m_pPrepared->take(lstFileInfos);
+    CFileNode *pParent = nodes.empty() ? nullptr : findNode(strPath);
     if (!pParent)
         return;
-    QList<CFileNode *> lstNodes;
-    lstNodes.reserve(lstFileInfos.size());
-    const QFileInfoList lstSorted = sortedFileInfos(lstFileInfos);
-    for (const QFileInfo &info : lstSorted) {
-        auto *pNode = new CFileNode;
-        pNode->setFileInfo(info);
-        pNode->m_pParent = pParent;
-        lstNodes.append(pNode);
-    }
     const int nFirst = pParent->m_lstChildren.size();
-    beginInsertRows(indexOf(pParent), nFirst, nFirst + lstNodes.size() - 1);
-    pParent->m_lstChildren += lstNodes;
+    beginInsertRows(indexOf(pParent), nFirst, nFirst + int(nodes.size()) - 1);
+    pParent->m_lstChildren.reserve(nFirst + int(nodes.size()));
+    for (std::unique_ptr<CFileNode> &pNode : nodes) {
+        pNode->m_pParent = pParent;
+        pParent->m_lstChildren.append(pNode.release());
+    }
     numberRows(pParent, nFirst);
     endInsertRows();
     emit directoryLoaded(strPath);

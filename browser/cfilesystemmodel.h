@@ -2,6 +2,7 @@
 
 #include "browser/cfileinfogatherer.h"
 #include "browser/cfilenode.h"
+#include "browser/filelisting.h"
 
 #include <QAbstractItemModel>
 
@@ -77,6 +78,7 @@ private:
 
     CFileNode m_root;
     std::unique_ptr<CFileInfoGatherer> m_pGatherer;
+    std::shared_ptr<CPreparedListings> m_pPrepared;
     int m_nColumns = 1;
     QString m_strCurrentFile;
 };

@@ -1,5 +1,5 @@
 #include "app/commonhelpers.h"
-#include "browser/fileorder.h"
+#include "browser/filelisting.h"
 #include "browser/testtree.h"
 
 #include <QRandomGenerator>
@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-class tst_fileorder : public QObject
+class tst_filelisting : public QObject
 {
     Q_OBJECT
 
@@ -15,6 +15,7 @@ private slots:
     void foldersComeBeforeFiles();
     void equalNames_keepTheirOrder();
     void randomListings_equalAStableSort();
+    void preparedNodes_belongToTheirListing();
 };
 
 static QStringList paths(const QFileInfoList &lstInfos)
@@ -31,7 +32,7 @@ static QFileInfoList literalSort(QFileInfoList lstInfos)
     return lstInfos;
 }
 
-void tst_fileorder::foldersComeBeforeFiles()
+void tst_filelisting::foldersComeBeforeFiles()
 {
     const CTestTree tree;
     tree.addFile(QStringLiteral("a"));
@@ -44,7 +45,7 @@ void tst_fileorder::foldersComeBeforeFiles()
                           tree.path(QStringLiteral("a"))}));
 }
 
-void tst_fileorder::equalNames_keepTheirOrder()
+void tst_filelisting::equalNames_keepTheirOrder()
 {
     const QFileInfoList lst {QFileInfo(QStringLiteral("/x/B")), QFileInfo(QStringLiteral("/x/b")),
                              QFileInfo(QStringLiteral("/x/a")), QFileInfo(QStringLiteral("/y/B"))};
@@ -55,7 +56,7 @@ void tst_fileorder::equalNames_keepTheirOrder()
 
 // Few letters, so that many names are equal but for case; letters whose lower case is longer, and
 // pairs outside the basic plane.
-void tst_fileorder::randomListings_equalAStableSort()
+void tst_filelisting::randomListings_equalAStableSort()
 {
     const CTestTree tree;
     const QStringList lstLetters {QStringLiteral("a"),
@@ -85,5 +86,25 @@ void tst_fileorder::randomListings_equalAStableSort()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_fileorder)
-#include "tst_fileorder.moc"
+void tst_filelisting::preparedNodes_belongToTheirListing()
+{
+    const QFileInfoList lstFirst {QFileInfo(QStringLiteral("/x/b")),
+                                  QFileInfo(QStringLiteral("/x/a"))};
+    const QFileInfoList lstEqual {QFileInfo(QStringLiteral("/x/b")),
+                                  QFileInfo(QStringLiteral("/x/a"))};
+    CPreparedListings prepared;
+    prepared.prepare(lstEqual);
+    prepared.prepare(lstFirst);
+    for (int n = 0; n < 2; ++n) { // Prepared the first time, made on the spot the second.
+        const FileNodes nodes = prepared.take(lstFirst);
+        QCOMPARE(nodes.size(), size_t(2));
+        QCOMPARE(nodes.at(0)->m_strPath, QStringLiteral("/x/a"));
+        QCOMPARE(nodes.at(1)->m_strPath, QStringLiteral("/x/b"));
+        QVERIFY(!nodes.at(0)->m_pParent);
+    }
+    prepared.clear();
+    QVERIFY(prepared.take({}).empty());
+}
+
+QTEST_GUILESS_MAIN(tst_filelisting)
+#include "tst_filelisting.moc"
