@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+class QFileInfo;
 class QObject;
 
 // Everything that differs between systems. Each function stands once in platform_unix.cpp and once
@@ -22,6 +23,10 @@ void quitOnTermination(QObject *pParent);
 
 // Shows the file, selected, in a file manager window. The request does not block.
 bool revealFile(const QString &strPath);
+
+// Names what the desktop's icon of a file hangs on: files of one kind have one icon. Empty where
+// each file must be asked for.
+QString fileIconKind(const QFileInfo &info);
 
 // True when replacing the file by a renamed copy would lose what hangs on it: further hard links,
 // a foreign owner or group, a device or pipe.

@@ -8,6 +8,7 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
+#include <QMimeDatabase>
 #include <QSharedMemory>
 #include <QSocketNotifier>
 #include <QUrl>
@@ -90,6 +91,18 @@ bool Platform::revealFile(const QString &strPath)
         pWatcher->deleteLater();
     });
     return true;
+}
+
+QString Platform::fileIconKind(const QFileInfo &info)
+{
+    // A desktop's icon is that of the MIME type, which the name alone decides where exactly one
+    // type claims it; else the content does. Without a desktop it matters whether it is a link.
+    if (!info.isFile())
+        return QString();
+    const QList<QMimeType> lstTypes = QMimeDatabase().mimeTypesForFileName(info.fileName());
+    if (lstTypes.size() != 1)
+        return QString();
+    return (info.isSymLink() ? QLatin1Char('@') : QLatin1Char('=')) + lstTypes.first().name();
 }
 
 bool Platform::mustWriteInPlace(const QString &strPath)

@@ -41,6 +41,13 @@ bool Platform::revealFile(const QString &strPath)
     return process.startDetached();
 }
 
+QString Platform::fileIconKind(const QFileInfo &)
+{
+    // Programs and links carry icons of their own, folders may. Qt looks an icon up when it is
+    // painted, and once for each suffix where that is enough.
+    return QString();
+}
+
 bool Platform::mustWriteInPlace(const QString &strPath)
 {
     const QString strNative = QDir::toNativeSeparators(strPath);

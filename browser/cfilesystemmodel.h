@@ -5,6 +5,7 @@
 #include "browser/filelisting.h"
 
 #include <QAbstractItemModel>
+#include <QHash>
 
 #include <memory>
 
@@ -39,6 +40,7 @@ public:
     bool scanSubDirs() const { return m_pGatherer->scanSubDirs(); }
     void stop() { m_pGatherer->stop(); }
 
+    // The file icon provider's answer, asked for once for each kind of file.
     QIcon iconOf(const QFileInfo &info) const;
     void refreshNode(CFileNode *pNode);
     // Both take the node over. A null parent stands for the root.
@@ -79,6 +81,7 @@ private:
     CFileNode m_root;
     std::unique_ptr<CFileInfoGatherer> m_pGatherer;
     std::shared_ptr<CPreparedListings> m_pPrepared;
+    mutable QHash<QString, QIcon> m_icons; // By kind of file.
     int m_nColumns = 1;
     QString m_strCurrentFile;
 };

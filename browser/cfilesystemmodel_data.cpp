@@ -2,6 +2,7 @@
 
 #include "app/commonhelpers.h"
 #include "app/plaintext.h"
+#include "app/platform.h"
 
 #include <QBrush>
 #include <QDateTime>
@@ -97,7 +98,13 @@ QIcon CFileSystemModel::shownIcon(CFileNode *pNode) const
 
 QIcon CFileSystemModel::iconOf(const QFileInfo &info) const
 {
-    return m_pGatherer->iconProvider().icon(info);
+    const QString strKind = Platform::fileIconKind(info);
+    if (strKind.isEmpty())
+        return m_pGatherer->iconProvider().icon(info);
+    QIcon &icon = m_icons[strKind];
+    if (icon.isNull())
+        icon = m_pGatherer->iconProvider().icon(info);
+    return icon;
 }
 
 QVariant CFileSystemModel::headerData(int nSection, Qt::Orientation orientation, int nRole) const
