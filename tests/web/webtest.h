@@ -74,3 +74,15 @@ inline void selectElement(CEditWebView *pPage, const QString &strSelector)
                        "getSelection().removeAllRanges(); getSelection().addRange(r)")
             .arg(strSelector));
 }
+
+inline QByteArray page(const QByteArray &body, const QByteArray &head = QByteArray())
+{
+    return "<!DOCTYPE html><html><head>" + head + "</head><body>" + body + "</body></html>";
+}
+
+// At the start of the page.
+inline void typeText(CEditWebView *pPage, const QString &strText)
+{
+    run(pPage, QStringLiteral("getSelection().collapse(document.body, 0)"));
+    pPage->insertHtml(strText);
+}

@@ -1,0 +1,246 @@
+#include "webtest.h"
+
+#include "editor/chighlightedit.h"
+
+#include <QTextCodec>
+
+// The page and its twin, the source editor.
+class tst_PageSource : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sourceIsHidden_untilShown();
+    void hiddenSource_isNotTouchedByEdits();
+    void shownSource_followsThePage();
+    void pushingIntoTheSource_signalsNoModification_data();
+    void pushingIntoTheSource_signalsNoModification();
+    void sourceHasAlwaysUtf8();
+    void keyRightAfterShowingTheSource_staysAnEdit();
+    void swapWithoutTyping_changesNothing();
+    void swapWithTyping_takesTheTextOver();
+    void swapBackOfAForeignEncoding_keepsTheText();
+    void sourceInAnotherTab_isFilledWhenTheLoadEnds();
+    void deletingThePage_deletesASourceThatMovedAway();
+    void deletingTheSource_deletesThePage();
+    void deletingTheCommonParent_isClean();
+};
+
+void tst_PageSource::sourceIsHidden_untilShown()
+{
+    const CWebCase c;
+    CEditWebView view;
+    view.show();
+    QCOMPARE(view.sourceEdit()->pageEditor(), &view);
+    QCOMPARE(view.sourceEdit()->parentWidget(), &view);
+    QVERIFY(view.sourceEdit()->isHidden());
+    view.setHtml(QStringLiteral("<p>x</p>"));
+    view.showSource(true);
+    QVERIFY(view.sourceEdit()->isVisible());
+    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+    view.showSource(false);
+    QVERIFY(view.sourceEdit()->isHidden());
+}
+
+void tst_PageSource::hiddenSource_isNotTouchedByEdits()
+{
+    const CWebCase c;
+    CEditWebView view;
+    view.show();
+    view.setHtml(QStringLiteral("<p>x</p>"));
+    const int nRevision = view.sourceEdit()->document()->revision();
+    typeText(&view, QStringLiteral("typed"));
+    QCOMPARE(view.sourceEdit()->document()->revision(), nRevision);
+    QVERIFY(view.sourceEdit()->getText().isEmpty());
+    view.showSource(true);
+    QVERIFY(view.sourceEdit()->getText().contains(QLatin1String("typed")));
+}
+
+void tst_PageSource::shownSource_followsThePage()
+{
+    const CWebCase c;
+    CEditWebView view;
+    view.show();
+    view.showSource(true);
+    typeText(&view, QStringLiteral("typed"));
+    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+    view.setHtml(QStringLiteral("<p>loaded</p>"));
+    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+}
+
+void tst_PageSource::pushingIntoTheSource_signalsNoModification_data()
+{
+    QTest::addColumn<bool>("modified");
+    QTest::newRow("clean") << false;
+    QTest::newRow("modified") << true;
+}
+
+void tst_PageSource::pushingIntoTheSource_signalsNoModification()
+{
+    QFETCH(bool, modified);
+    const CWebCase c;
+    CEditWebView view;
+    view.setHtml(QStringLiteral("<p>x</p>"));
+    view.setModified(modified);
+    QSignalSpy spyModified(view.sourceEdit(), &QPlainTextEdit::modificationChanged);
+    QSignalSpy spyText(view.sourceEdit(), &QPlainTextEdit::textChanged);
+    view.showSource(true);
+    emit view.page()->contentsChanged();
+    QTest::qWait(30); // Longer than the loader's timer.
+    QCOMPARE(spyModified.count(), 0);
+    QCOMPARE(spyText.count(), 0);
+    QCOMPARE(view.sourceEdit()->isModified(), modified);
+    QCOMPARE(view.isModified(), modified);
+}
+
+void tst_PageSource::sourceHasAlwaysUtf8()
+{
+    const CWebCase c;
+    CEditWebView view;
+    QCOMPARE(view.sourceEdit()->codecName(), QStringLiteral("UTF-8"));
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), "<p>plain ASCII")));
+    view.showSource(true);
+    QCOMPARE(view.sourceEdit()->codecName(), QStringLiteral("UTF-8"));
+    view.setHtml(QStringLiteral("<p>中文"));
+    QCOMPARE(view.sourceEdit()->codecName(), QStringLiteral("UTF-8"));
+    QVERIFY(view.sourceEdit()->getText().contains(QStringLiteral("中文")));
+}
+
+void tst_PageSource::keyRightAfterShowingTheSource_staysAnEdit()
+{
+    const CWebCase c;
+    CEditWebView view;
+    view.setHtml(QStringLiteral("<p>x</p>"));
+    view.showSource(true);
+    QTest::keyClick(view.sourceEdit(), Qt::Key_A);
+    QVERIFY(view.sourceEdit()->isModified());
+    QTest::qWait(30); // Longer than the loader's timer.
+    QVERIFY(view.sourceEdit()->isModified());
+}
+
+void tst_PageSource::swapWithoutTyping_changesNothing()
+{
+    const CWebCase c;
+    CEditWebView view;
+    followChanges(&view);
+    QVERIFY(loadAndWait(&view,
+                        c.write(QStringLiteral("a.html"),
+                                page("<p>a&nbsp;b \xE2\x80\xA8 <b>c</b></p><pre>\n\nx</pre>"))));
+    const QString strBefore = view.toHtml();
+    QSignalSpy spy(&view, &QWebView::loadStarted);
+    for (int i = 0; i < 3; ++i) {
+        view.showSource(true);
+        QVERIFY(!view.sourceEdit()->isModified());
+        view.applySource(view.sourceEdit()->getText());
+        view.showSource(false);
+        QVERIFY(!view.isModified());
+    }
+    QCOMPARE(view.toHtml(), strBefore);
+    QVERIFY(spy.isEmpty());
+
+    // An edit of the page survives, and stays to be undone.
+    typeText(&view, QStringLiteral("typed"));
+    view.showSource(true);
+    QVERIFY(view.sourceEdit()->isModified());
+    view.applySource(view.sourceEdit()->getText());
+    view.showSource(false);
+    QVERIFY(view.isModified());
+    QVERIFY(view.toHtml().contains(QLatin1String("typed")));
+    view.triggerEdit(QWebPage::Undo);
+    QCOMPARE(view.toHtml(), strBefore);
+}
+
+void tst_PageSource::swapWithTyping_takesTheTextOver()
+{
+    const CWebCase c;
+    CEditWebView view;
+    followChanges(&view);
+    const QString strPath = c.write(QStringLiteral("a.html"), page("<p>x</p><img src=a.png>"));
+    QVERIFY(loadAndWait(&view, strPath));
+    view.showSource(true);
+    QTextCursor cursor = view.sourceEdit()->document()->find(QStringLiteral("x</p>"));
+    cursor.insertText(QStringLiteral("xy&nbsp;</p>"));
+    QVERIFY(view.sourceEdit()->isModified());
+    view.applySource(view.sourceEdit()->getText());
+    view.showSource(false);
+    QVERIFY(view.isModified());
+    QVERIFY(view.sourceEdit()->isModified());
+    QVERIFY(view.toHtml().contains(QLatin1String("<p>xy&nbsp;</p>")));
+    QCOMPARE(view.url(), QUrl::fromLocalFile(strPath));
+    QVERIFY(view.showsOwnFile());
+    view.showSource(true);
+    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+}
+
+void tst_PageSource::swapBackOfAForeignEncoding_keepsTheText()
+{
+    const CWebCase c;
+    CEditWebView view;
+    const QString strHtml = QStringLiteral("<meta charset=gb2312><p>中文</p>");
+    const QString strPath =
+        c.write(QStringLiteral("a.html"), QTextCodec::codecForName("GB2312")->fromUnicode(strHtml));
+    QVERIFY(loadAndWait(&view, strPath));
+    view.showSource(true);
+    view.sourceEdit()->appendPlainText(QStringLiteral("<p>é</p>"));
+    view.applySource(view.sourceEdit()->getText());
+    QVERIFY(textOf(&view).contains(QStringLiteral("中文")));
+    QVERIFY(textOf(&view).contains(QStringLiteral("é")));
+    // The file itself is still the old one.
+    QSignalSpy spy(&view, &QWebView::loadFinished);
+    QVERIFY(view.reload());
+    QVERIFY(spy.wait());
+    QCOMPARE(textOf(&view).trimmed(), QStringLiteral("中文"));
+}
+
+void tst_PageSource::sourceInAnotherTab_isFilledWhenTheLoadEnds()
+{
+    const CWebCase c;
+    QWidget tab;
+    CEditWebView view;
+    view.showSource(true);
+    view.sourceEdit()->setParent(&tab); // Not the current tab: not visible.
+    QVERIFY(!view.sourceEdit()->isVisible());
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), page("<p>x</p>"))));
+    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+}
+
+void tst_PageSource::deletingThePage_deletesASourceThatMovedAway()
+{
+    const CWebCase c;
+    QWidget tab;
+    auto *pView = new CEditWebView;
+    QPointer<CHighlightEdit> pSource = pView->sourceEdit();
+    pSource->setParent(&tab);
+    delete pView;
+    QVERIFY(!pSource);
+}
+
+void tst_PageSource::deletingTheSource_deletesThePage()
+{
+    const CWebCase c;
+    QWidget tab;
+    QPointer<CEditWebView> pView = new CEditWebView(&tab);
+    pView->sourceEdit()->setParent(&tab);
+    delete pView->sourceEdit();
+    QTRY_VERIFY(!pView);
+}
+
+void tst_PageSource::deletingTheCommonParent_isClean()
+{
+    const CWebCase c;
+    for (const bool bSourceFirst : {false, true}) {
+        auto *pTab = new QWidget;
+        QPointer<CEditWebView> pView = new CEditWebView;
+        QPointer<CHighlightEdit> pSource = pView->sourceEdit();
+        if (bSourceFirst)
+            pSource->setParent(pTab);
+        pView->setParent(pTab);
+        pSource->setParent(pTab);
+        delete pTab;
+        QVERIFY(!pView);
+        QVERIFY(!pSource);
+    }
+}
+
+QTEST_MAIN(tst_PageSource)
+#include "tst_pagesource.moc"
