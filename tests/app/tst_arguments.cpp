@@ -1,0 +1,109 @@
+#include "app/arguments.h"
+
+#include <QtTest>
+
+class tst_arguments : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void arguments_becomePaths_data();
+    void arguments_becomePaths();
+    void paths_becomeAMessage_data();
+    void paths_becomeAMessage();
+    void message_isSplit_data();
+    void message_isSplit();
+    void anyPath_survivesTheHandOver();
+};
+
+void tst_arguments::arguments_becomePaths_data()
+{
+    QTest::addColumn<QList<QByteArray>>("arguments");
+    QTest::addColumn<QStringList>("paths");
+    using Bytes = QList<QByteArray>;
+    QTest::newRow("nothing at all") << Bytes() << QStringList();
+    QTest::newRow("program only") << Bytes {"quillan"} << QStringList();
+    QTest::newRow("trimmed") << Bytes {"q", " \ta b.txt\n"}
+                             << QStringList(QStringLiteral("a b.txt"));
+    QTest::newRow("empty ones left out") << Bytes {"q", "", "a", "   ", "b"}
+                                         << QStringList({QStringLiteral("a"), QStringLiteral("b")});
+    QTest::newRow("quotes kept") << Bytes {"q", "\"a\""} << QStringList(QStringLiteral("\"a\""));
+    QTest::newRow("local encoding")
+        << Bytes {"q", QStringLiteral("ä").toLocal8Bit()} << QStringList(QStringLiteral("ä"));
+}
+
+void tst_arguments::arguments_becomePaths()
+{
+    QFETCH(QList<QByteArray>, arguments);
+    QFETCH(QStringList, paths);
+    QCOMPARE(pathsFromArguments(arguments), paths);
+}
+
+void tst_arguments::paths_becomeAMessage_data()
+{
+    QTest::addColumn<QStringList>("paths");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("none") << QStringList() << QString();
+    QTest::newRow("one with a blank")
+        << QStringList(QStringLiteral("a b.txt")) << QStringLiteral("\"a b.txt\"");
+    QTest::newRow("two") << QStringList({QStringLiteral("a"), QStringLiteral("b")})
+                         << QStringLiteral("\"a\" \"b\"");
+    QTest::newRow("already quoted")
+        << QStringList(QStringLiteral("\"a\"")) << QStringLiteral("\"a\"");
+    QTest::newRow("only begins with a quote")
+        << QStringList(QStringLiteral("\"a")) << QStringLiteral("\"a");
+    QTest::newRow("ends with a quote")
+        << QStringList(QStringLiteral("a\"")) << QStringLiteral("\"a\"\"");
+}
+
+void tst_arguments::paths_becomeAMessage()
+{
+    QFETCH(QStringList, paths);
+    QFETCH(QString, message);
+    QCOMPARE(messageFromPaths(paths), message);
+}
+
+void tst_arguments::message_isSplit_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QStringList>("paths");
+    const auto row = [](const char *szName, const char *szMessage, const QStringList &lstPaths) {
+        QTest::newRow(szName) << QString::fromUtf8(szMessage) << lstPaths;
+    };
+    const QString a = QStringLiteral("a");
+    const QString b = QStringLiteral("b");
+    row("empty", "", {});
+    row("one blank", " ", {QString()});
+    row("one word", "a", {a});
+    row("words", "a b", {a, b});
+    row("blanks between words", "a   b ", {a, b, QString()});
+    row("quoted", "\"a\"", {a, QString()});
+    row("quoted with blanks", "\" a b \"", {QStringLiteral(" a b "), QString()});
+    row("two quoted", "\"a\" \"b\"", {a, b, QString()});
+    row("empty quotes", "\"\"", {QString(), QString()});
+    row("quote inside a word", "a\"b c\"", {QStringLiteral("ab c"), QString()});
+    row("word behind quotes", "\"a\"b", {a, b});
+    row("open quote", "\"a b", {QStringLiteral("a b")});
+    row("open quote is trimmed", "\" a ", {a});
+    row("tab is no separator", "a\tb", {QStringLiteral("a\tb")});
+    row("tab is trimmed", "\ta ", {a, QString()});
+}
+
+void tst_arguments::message_isSplit()
+{
+    QFETCH(QString, message);
+    QFETCH(QStringList, paths);
+    QCOMPARE(pathsFromMessage(message), paths);
+}
+
+void tst_arguments::anyPath_survivesTheHandOver()
+{
+    const QStringList lstPaths {QStringLiteral("/a b/ä.txt"), QStringLiteral("C:\\dir\\file"),
+                                QStringLiteral("/two\nlines"), QStringLiteral("/100%1")};
+    QStringList lstReceived = pathsFromMessage(messageFromPaths(lstPaths));
+    lstReceived.removeAll(QString());
+    QCOMPARE(lstReceived, lstPaths);
+}
+
+QTEST_GUILESS_MAIN(tst_arguments)
+#include "tst_arguments.moc"
