@@ -9,6 +9,8 @@
 #include <QSaveFile>
 #include <QUuid>
 
+#include <cstring>
+
 namespace {
 
 const char g_szLock[] = "lock";
@@ -21,6 +23,25 @@ std::unique_ptr<QLockFile> lockFolder(const QString &strFolder)
     return pLock->tryLock(0) ? std::move(pLock) : nullptr;
 }
 
+// False for what UTF-8 cannot hold or would take for a mark: a lone surrogate, a leading U+FEFF.
+bool survivesUtf8(const QString &strText)
+{
+    return strText.isValidUtf16() && !strText.startsWith(QChar(QChar::ByteOrderMark));
+}
+
+QByteArray unitsOf(const QString &strText)
+{
+    return QByteArray(reinterpret_cast<const char *>(strText.utf16()),
+                      strText.size() * int(sizeof(QChar)));
+}
+
+QString textFromUnits(const QByteArray &units)
+{
+    QString strText(units.size() / int(sizeof(QChar)), Qt::Uninitialized);
+    std::memcpy(strText.data(), units.constData(), size_t(strText.size()) * sizeof(QChar));
+    return strText;
+}
+
 void makePrivate(const QString &strFolder)
 {
     QFile::setPermissions(strFolder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -30,13 +51,16 @@ void makePrivate(const QString &strFolder)
 
 QByteArray draftToBytes(const SDraft &draft)
 {
+    const bool bUtf8 = survivesUtf8(draft.strText);
     const QJsonObject header = {
         {QStringLiteral("format"), QLatin1String(g_szFormat)},
         {QStringLiteral("path"), draft.strPath},
         {QStringLiteral("page"), draft.bPage},
         {QStringLiteral("returnFormat"), draft.nReturnFormat},
+        {QStringLiteral("units"), !bUtf8},
     };
-    return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n' + draft.strText.toUtf8();
+    return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n'
+        + (bUtf8 ? draft.strText.toUtf8() : unitsOf(draft.strText));
 }
 
 bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft)
@@ -51,8 +75,10 @@ bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft)
     pDraft->strPath = header.value(QStringLiteral("path")).toString();
     pDraft->bPage = header.value(QStringLiteral("page")).toBool();
     pDraft->nReturnFormat = nFormat >= 0 && nFormat <= 2 ? nFormat : 1;
-    // With its length: a text may hold zero characters.
-    pDraft->strText = QString::fromUtf8(bytes.constData() + nEnd + 1, bytes.size() - nEnd - 1);
+    const QByteArray text = bytes.mid(nEnd + 1);
+    pDraft->strText = header.value(QStringLiteral("units")).toBool()
+        ? textFromUnits(text)
+        : QString::fromUtf8(text.constData(), text.size()); // A text may hold zero characters.
     return true;
 }
 

@@ -17,7 +17,8 @@ struct SDraft
     QString strText;
 };
 
-// A draft as bytes: a line of JSON that describes it, then its text, UTF-8.
+// A draft as bytes: a line of JSON that describes it, then its text: UTF-8, or, where that would
+// change it, its UTF-16 units as they lie in memory.
 QByteArray draftToBytes(const SDraft &draft);
 
 // False for bytes that are no draft.

@@ -1,5 +1,7 @@
 #include "app/csettings.h"
 
+#include "app/settingsfile.h"
+
 #include <QVector>
 
 #include <limits>
@@ -94,11 +96,18 @@ QVariant stored(const QColor &clr)
     return clr.name();
 }
 
+// To be called before QSettings reads the file; gives the application's name back.
+QString nameWithSafeFile(const QString &strOrganization, const QString &strApplication)
+{
+    dropStreamedValues(strOrganization, strApplication);
+    return strApplication;
+}
+
 } // namespace
 
 CSettings::CSettings(const QString &strOrganization, const QString &strApplication,
                      QObject *pParent)
-    : QSettings(strOrganization, strApplication, pParent)
+    : QSettings(strOrganization, nameWithSafeFile(strOrganization, strApplication), pParent)
 {
     read();
 }

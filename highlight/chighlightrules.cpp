@@ -144,7 +144,7 @@ QTextCharFormat CHighlightRules::format(HighlightRole role)
     // Keyword, comment, string, number, operator.
     static const char *const arrColours[] = {"#8000FF", "#008000", "#008000", "#0000FF", "#ffaa00"};
     QTextCharFormat format;
-    const QColor colour(QLatin1String(arrColours[int(role)]));
+    const QColor colour {QLatin1String(arrColours[int(role)])};
     format.setForeground(QBrush(colour, Qt::SolidPattern));
     return format;
 }

@@ -35,6 +35,23 @@ private slots:
         QVERIFY(after.bPage);
     }
 
+    void textThatIsNoProperUnicode_comesBackAsItWas_data()
+    {
+        QTest::addColumn<QString>("strText");
+        QTest::newRow("lone high surrogate") << QString("a" + QString(QChar(0xD83D)));
+        QTest::newRow("lone low surrogate") << QString(QString(QChar(0xDE00)) + "\nb");
+        QTest::newRow("mark in front") << QString(QString(QChar(0xFEFF)) + "a");
+        QTest::newRow("mark in reverse") << QString(QString(QChar(0xFFFE)) + "a");
+    }
+
+    void textThatIsNoProperUnicode_comesBackAsItWas()
+    {
+        QFETCH(QString, strText);
+        SDraft after;
+        QVERIFY(draftFromBytes(draftToBytes(draft(strText)), &after));
+        QCOMPARE(after.strText, strText);
+    }
+
     void otherBytes_areNoDraft_data()
     {
         QTest::addColumn<QByteArray>("bytes");

@@ -1,0 +1,87 @@
+#include "app/settingsfile.h"
+
+#include "app/filewriter.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+namespace {
+
+bool isDigit(const QByteArray &bytes, int n, int nBase)
+{
+    const char c = n < bytes.size() ? bytes.at(n) : ' ';
+    return (c >= '0' && c < '0' + qMin(nBase, 10))
+        || (nBase == 16 && ((c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F')));
+}
+
+// The character of the escape whose digits begin at *pPosition, which moves behind them.
+char numberedCharacter(const QByteArray &bytes, int *pPosition, int nBase)
+{
+    const int nStart = *pPosition;
+    while (isDigit(bytes, *pPosition, nBase))
+        ++*pPosition;
+    return char(bytes.mid(nStart, *pPosition - nStart).right(4).toUInt(nullptr, nBase));
+}
+
+// As the values will read: escapes resolved as QSettings does it, quotes gone.
+QByteArray unescaped(const QByteArray &bytes)
+{
+    QByteArray result;
+    for (int n = 0; n < bytes.size();) {
+        const char c = bytes.at(n++);
+        if (c == '"')
+            continue;
+        if (c != '\\' || n == bytes.size()) {
+            result.append(c);
+        } else if (bytes.at(n) == 'x') {
+            result.append(numberedCharacter(bytes, &++n, 16));
+        } else if (isDigit(bytes, n, 8)) {
+            result.append(numberedCharacter(bytes, &n, 8));
+        } else {
+            // A blank or a sign; none of them occurs in what is looked for. Others vanish.
+            if (QByteArray("abfnrtv\"?'\\").contains(bytes.at(n)))
+                result.append('\\');
+            ++n;
+        }
+    }
+    return result;
+}
+
+bool holdsStream(const QByteArray &ini)
+{
+    static const QRegularExpression s_start(
+        QStringLiteral("(?:^|[=,\\s])@(?:Variant|DateTime)\\("));
+    return s_start.match(QString::fromLatin1(unescaped(ini))).hasMatch();
+}
+
+} // namespace
+
+QByteArray withoutStreamedValues(const QByteArray &ini)
+{
+    if (!holdsStream(ini))
+        return ini;
+    QByteArrayList lstKept;
+    const QList<QByteArray> lstLines = ini.split('\n');
+    for (const QByteArray &line : lstLines) {
+        if (!holdsStream(line))
+            lstKept.append(line);
+    }
+    const QByteArray kept = lstKept.join('\n');
+    return holdsStream(kept) ? QByteArray() : kept;
+}
+
+void dropStreamedValues(const QString &strOrganization, const QString &strApplication)
+{
+    const QString strPath = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QLatin1Char('/') + strOrganization + QLatin1Char('/') + strApplication
+        + QLatin1String(".conf");
+    QFile file(strPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray ini = file.readAll();
+    file.close();
+    const QByteArray kept = withoutStreamedValues(ini);
+    if (kept != ini)
+        writeFile(strPath, kept);
+}
