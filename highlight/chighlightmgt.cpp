@@ -22,15 +22,20 @@ QString attribute(const QDomNode &node, const char *pszName)
     return node.toElement().attribute(QLatin1String(pszName));
 }
 
-// A null element when the file cannot be read or is not well-formed.
-QDomElement readRoot(const QString &strPath, QDomDocument *pDocument)
+// Empty when the file cannot be read.
+QByteArray readFile(const QString &strPath)
 {
     QFile file(strPath);
-    if (strPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)
-        || !pDocument->setContent(file.readAll())) {
-        return QDomElement();
+    if (strPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        return QByteArray();
     }
-    return pDocument->documentElement();
+    return file.readAll();
+}
+
+// A null element when the bytes are not well-formed.
+QDomElement readRoot(const QByteArray &bytes, QDomDocument *pDocument)
+{
+    return pDocument->setContent(bytes) ? pDocument->documentElement() : QDomElement();
 }
 
 QVariantList parseComments(const QDomNode &nodeComments)
@@ -120,7 +125,7 @@ void CHighlightMgt::scan(const QDir &dir)
         dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
     for (const QFileInfo &info : lstFiles) {
         QDomDocument document;
-        const QDomElement root = readRoot(info.absoluteFilePath(), &document);
+        const QDomElement root = readRoot(readFile(info.absoluteFilePath()), &document);
         if (root.isNull()) {
             continue;
         }
@@ -163,8 +168,13 @@ QVariantMap CHighlightMgt::definitionForName(const QString &strName) const
 
 QVariantMap CHighlightMgt::parse(const QString &strPath)
 {
+    return parseBytes(readFile(strPath));
+}
+
+QVariantMap CHighlightMgt::parseBytes(const QByteArray &bytes)
+{
     QDomDocument document;
-    const QDomElement root = readRoot(strPath, &document);
+    const QDomElement root = readRoot(bytes, &document);
     if (root.isNull()) {
         return QVariantMap();
     }

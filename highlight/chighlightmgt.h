@@ -33,6 +33,8 @@ public:
     // Reads a definition file: "language", "general" and "highlighting", as far as the file has
     // them; empty when it cannot be read or is not well-formed XML.
     static QVariantMap parse(const QString &strPath);
+    // The same for the bytes of such a file.
+    static QVariantMap parseBytes(const QByteArray &bytes);
 
 private:
     void scan(const QDir &dir);

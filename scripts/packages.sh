@@ -12,7 +12,8 @@ PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
 # To run every test and check.
 PACKAGES_TEST="
 $PACKAGES_DISPLAY
-dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils clang-format clang-tidy python3 valgrind"
+dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils clang-format clang-tidy python3 valgrind
+clang-14 libclang-rt-14-dev"
 
 # To measure: peers for the benchmarks only.
 PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"

@@ -1,0 +1,37 @@
+// Files in the recovery folder, whoever wrote them, and our own drafts read back.
+
+#include "app/cdraftstore.h"
+#include "fuzz/fuzzing.h"
+
+namespace {
+
+bool isSame(const SDraft &one, const SDraft &two)
+{
+    return one.strPath == two.strPath && one.bPage == two.bPage
+        && one.nReturnFormat == two.nReturnFormat && one.strText == two.strText;
+}
+
+void checkRoundTrip(const SDraft &draft)
+{
+    SDraft read;
+    require(draftFromBytes(draftToBytes(draft), &read), "our own drafts are drafts");
+    require(isSame(read, draft), "a draft comes back as it was");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
+{
+    SDraft draft;
+    if (draftFromBytes(bytesOf(pData, nSize), &draft)) {
+        require(draft.nReturnFormat >= 0 && draft.nReturnFormat <= 2, "a known line-ending style");
+        checkRoundTrip(draft);
+    }
+    draft = SDraft();
+    draft.strText = unitsOf(pData, nSize);
+    draft.strPath = textOf(bytesOf(pData, qMin(nSize, size_t(200))));
+    draft.bPage = nSize % 2;
+    draft.nReturnFormat = int(nSize % 3);
+    checkRoundTrip(draft);
+    return 0;
+}

@@ -1,0 +1,54 @@
+// Any bytes opened as a text file: codec, characters and line ends. The first byte chooses the
+// codec that the document has so far.
+
+#include "app/textcodecs.h"
+#include "editor/cstandins.h"
+#include "editor/lineendings.h"
+#include "fuzz/fuzzing.h"
+
+#include <QTextCodec>
+
+namespace {
+
+QString codecNameOf(uint8_t nChoice)
+{
+    const char *const arrNames[] = {"",          "UTF-8",       "UTF-16",       "UTF-32",
+                                    "Shift_JIS", "GB18030",     "EUC-JP",       "ISO-8859-1",
+                                    "Big5",      "ISO-2022-JP", "no such codec"};
+    return QLatin1String(arrNames[nChoice % (sizeof arrNames / sizeof *arrNames)]);
+}
+
+void checkLineEnds(const QString &strText, int nFormat)
+{
+    for (int nStyle = ReturnFormatWindows; nStyle <= ReturnFormatOsx; ++nStyle) {
+        const QString strOnce = withLineEnds(strText, nStyle);
+        require(withLineEnds(strOnce, nStyle) == strOnce, "changing line ends twice changes once");
+        require(withLineEnds(strOnce, nFormat) == withLineEnds(strText, nFormat),
+                "no line is lost or made by changing line ends");
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
+{
+    if (nSize == 0)
+        return 0;
+    const QByteArray data = bytesOf(pData + 1, nSize - 1);
+    const QString strName = codecNameForData(codecNameOf(*pData), data);
+    const QTextCodec *const pCodec = codecForName(strName);
+    const QString strText = decodeText(pCodec, data);
+
+    const int nFormat = detectReturnFormat(data, ReturnFormatUnix);
+    require(nFormat >= ReturnFormatWindows && nFormat <= ReturnFormatOsx, "a known style");
+    checkLineEnds(strText, nFormat);
+
+    CStandIns standIns;
+    const QString strHidden = standIns.hide(strText);
+    require(standIns.restore(strHidden) == strText, "stand-ins give the text back");
+
+    const bool bMark = data.startsWith("\xEF\xBB\xBF");
+    if (strName == QLatin1String("UTF-8") && isMultiByteUtf8(data) && !bMark)
+        require(pCodec->fromUnicode(strText) == data, "UTF-8 is saved as it was");
+    return 0;
+}

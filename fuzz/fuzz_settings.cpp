@@ -1,0 +1,56 @@
+// A settings file full of nonsense: whatever it says, the settings are within their bounds, and
+// what is written instead reads back the same.
+
+#include "app/csettings.h"
+#include "fuzz/fuzzing.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QStandardPaths>
+
+namespace {
+
+void requireBounds(const CSettings &settings)
+{
+    require(settings.getTextFontSize() >= 3 && settings.getTextFontSize() <= 100, "font size");
+    require(settings.m_nFindTransparent >= 20 && settings.m_nFindTransparent <= 100, "opacity");
+    require(settings.getTextColor().isValid(), "text colour");
+    require(settings.getBackColor().isValid(), "background colour");
+}
+
+QString settingsFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QLatin1String("/fuzz");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *pArgc, char ***pArgv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QGuiApplication s_app(*pArgc, *pArgv);
+    return QDir().mkpath(settingsFolder()) ? 0 : 1;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
+{
+    // A name of its own each time, past the cache of the settings class.
+    static int s_nRun = 0;
+    const QString strName = QString::number(++s_nRun);
+    QFile file(settingsFolder() + QLatin1Char('/') + strName + QLatin1String(".conf"));
+    require(file.open(QIODevice::WriteOnly), "a place for the file");
+    file.write(bytesOf(pData, nSize));
+    file.close();
+
+    CSettings settings(QStringLiteral("fuzz"), strName);
+    requireBounds(settings);
+    settings.save();
+    const QStringList lstRecent = settings.getRecentFileList();
+    settings.read();
+    requireBounds(settings);
+    require(settings.getRecentFileList() == lstRecent, "lists read back as they were written");
+    file.remove();
+    return 0;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "fuzz/fuzzing.h"
+#include "highlight/chighlightrules.h"
+#include "tests/highlight/cliteralrules.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+// One definition's rules as the program has them and as they read literally; both have to say the
+// same of every line.
+class CSameRules
+{
+public:
+    explicit CSameRules(const QVariantMap &mapDefinition)
+        : m_rules(mapDefinition), m_literal(mapDefinition)
+    {
+    }
+
+    void check(const QStringList &lstLines) const
+    {
+        int nState = -1;
+        for (const QString &strLine : lstLines)
+            nState = check(strLine, nState);
+    }
+
+private:
+    int check(const QString &strLine, int nState) const
+    {
+        HighlightLine line;
+        require(m_rules.highlight(strLine, nState, &line), "nothing abandons the line");
+        for (const HighlightRange &range : line.lstRanges) {
+            require(range.nStart >= 0 && range.nLength >= 0
+                        && range.nStart + range.nLength <= strLine.size(),
+                    "ranges lie within the line");
+        }
+        require(isSame(line, m_literal.highlight(strLine, nState)), "the rules as they read");
+        return line.nState;
+    }
+
+    static bool isSame(const HighlightLine &one, const HighlightLine &two)
+    {
+        const auto isSameRange = [](const HighlightRange &a, const HighlightRange &b) {
+            return a.nStart == b.nStart && a.nLength == b.nLength && a.role == b.role;
+        };
+        return one.nState == two.nState
+            && std::equal(one.lstRanges.begin(), one.lstRanges.end(), two.lstRanges.begin(),
+                          two.lstRanges.end(), isSameRange);
+    }
+
+    CHighlightRules m_rules;
+    CLiteralRules m_literal;
+};
