@@ -164,3 +164,10 @@ QString decodeText(const QTextCodec *pCodec, const QByteArray &data)
         return QString::fromLatin1(data.constData(), data.size()); // Zero bytes are characters.
     return pCodec->toUnicode(data);
 }
+
+bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &strText)
+{
+    if (!pCodec && data.contains('\0'))
+        return false;
+    return strText.isValidUtf16() && (pCodec || !strText.contains(QChar::ReplacementCharacter));
+}

@@ -40,5 +40,9 @@ QString codecNameForData(const QString &strCurrent, const QByteArray &data);
 // The data as text; without a codec, the bytes before the first zero byte as UTF-8.
 QString decodeText(const QTextCodec *pCodec, const QByteArray &data);
 
+// False when the text that the data was decoded to cannot be written without loss: bytes behind a
+// zero byte were left out, or what came out is not valid UTF-16, as happens with binary data.
+bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &strText);
+
 // The codec of that name; null for an unknown or empty name.
 QTextCodec *codecForName(const QString &strName);

@@ -27,7 +27,7 @@ void CDocumentGuard::documentSaved(const CDocument &document, const QString &str
 {
     if (strOldPath != document.path() && m_paths.keys(strOldPath).size() <= 1)
         m_watch.forget(strOldPath);
-    m_cutShort.remove(document.key());
+    m_notWhole.remove(document.key());
     documentOpened(document);
     m_drafts.documentClosed(document);
     setNotice(document.key(), SNotice());
@@ -48,7 +48,7 @@ void CDocumentGuard::documentClosed(const CDocument &document)
     if (!strPath.isEmpty() && m_paths.keys(strPath).isEmpty())
         m_watch.forget(strPath);
     m_notices.remove(pKey);
-    m_cutShort.remove(pKey);
+    m_notWhole.remove(pKey);
     m_saveAnyway.remove(pKey);
 }
 
@@ -58,9 +58,9 @@ void CDocumentGuard::currentChanged(const CDocument &document)
     showNotice();
 }
 
-void CDocumentGuard::setCutShort(const CDocument &document)
+void CDocumentGuard::setNotWhole(const CDocument &document)
 {
-    m_cutShort.insert(document.key());
+    m_notWhole.insert(document.key());
 }
 
 bool CDocumentGuard::maySave(const CDocument &document)
@@ -71,9 +71,9 @@ bool CDocumentGuard::maySave(const CDocument &document)
     SNotice notice;
     if (m_watch.isChanged(document.path()) && QFileInfo::exists(document.path()))
         notice = changedNotice(document.path());
-    else if (m_cutShort.contains(pKey))
-        notice.strText = tr("Only the beginning of %1 could be read. Saving cuts the file.")
-                             .arg(document.path());
+    else if (m_notWhole.contains(pKey))
+        notice.strText =
+            tr("Not all of %1 can be shown as text. Saving loses the rest.").arg(document.path());
     else
         return true;
     notice.lstChoices.prepend({tr("Overwrite"), [this, pKey] {

@@ -29,8 +29,8 @@ public:
     void documentClosed(const CDocument &document);
     void currentChanged(const CDocument &document);
 
-    // The editor shows only the beginning of its file; saving would cut it.
-    void setCutShort(const CDocument &document);
+    // Not all of the file can be shown; saving would lose the rest.
+    void setNotWhole(const CDocument &document);
 
     // False: the bar has asked the user, whose answer may be saveWanted().
     bool maySave(const CDocument &document);
@@ -59,7 +59,7 @@ private:
     CDraftKeeper m_drafts;
     QHash<QObject *, QString> m_paths; // The watched file of each document.
     QHash<QObject *, SNotice> m_notices;
-    QSet<QObject *> m_cutShort;
+    QSet<QObject *> m_notWhole;
     QSet<QObject *> m_saveAnyway; // The user has answered for the next save.
     SNotice m_recovery; // Shown where the current document has nothing to tell.
     QObject *m_pCurrent = nullptr;

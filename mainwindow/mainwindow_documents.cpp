@@ -2,6 +2,7 @@
 
 #include "app/csettings.h"
 #include "app/plaintext.h"
+#include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
 #include "mainwindow/cdocumentguard.h"
 #include "mainwindow/ctabwidget.h"
@@ -14,6 +15,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QScopedValueRollback>
+#include <QTextDocument>
 
 namespace {
 
@@ -192,9 +194,9 @@ void MainWindow::openText(const QString &strPath)
     unsetCursor();
     pEditor->setFocus();
     m_pGuard->documentOpened(currentDocument());
-    if (pEditor->codecName().isEmpty() && bytes.contains('\0')) {
-        m_pGuard->setCutShort(currentDocument());
-        showStatusMessage(tr("Only the beginning can be shown: the file holds zero bytes."));
+    if (!isWholeText(codecForName(pEditor->codecName()), bytes, pEditor->document()->toRawText())) {
+        m_pGuard->setNotWhole(currentDocument());
+        showStatusMessage(tr("The file is not all text: not all of it can be shown."));
     } else if (!QFileInfo(strPath).isWritable()) {
         showStatusMessage(tr("The file is read-only."));
     }
