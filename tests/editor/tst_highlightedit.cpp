@@ -15,6 +15,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <ctime>
 
 namespace {
 
@@ -193,7 +194,7 @@ private slots:
     void band_liesBehindTheCursorsLine();
     void band_spansAllOfAWrappedLine();
     void band_isGoneWhenTheCursorIsOutOfSight();
-    void millionLines_paintAsFastAsAFew();
+    void manyLines_paintAsFastAsAFew();
 
     void statusText_atTheStart();
     void statusText_countsRowsFromOneAndColumnsFromZero();
@@ -476,33 +477,29 @@ void TestHighlightEdit::band_isGoneWhenTheCursorIsOutOfSight()
         QCOMPARE(image.pixelColor(image.width() - 2, y), QColor(Qt::white));
 }
 
-void TestHighlightEdit::millionLines_paintAsFastAsAFew()
+void TestHighlightEdit::manyLines_paintAsFastAsAFew()
 {
     WithSettings settings;
     Editor edit;
     edit.resize(400, 300);
-    edit.setPlainText(QString(1000000, QLatin1Char('\n')));
+    edit.setPlainText(QString(300000, QLatin1Char('\n')));
     edit.show();
     QVERIFY(QTest::qWaitForWindowExposed(&edit));
     const auto paintTimes = [&edit](int nFirstLine) {
         edit.verticalScrollBar()->setValue(nFirstLine);
         edit.gutter()->grab();
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t nBefore = std::clock(); // Others on the machine do not count.
         for (int n = 0; n < 20; ++n) {
             edit.gutter()->grab();
             edit.viewport()->grab();
         }
-        return timer.nsecsElapsed();
+        return std::clock() - nBefore;
     };
-    // The cursor is at the top: the band is a million lines away.
-    const qint64 nTop = paintTimes(0);
-    const qint64 nBottom = paintTimes(999000);
-    QVERIFY2(nBottom < 4 * nTop + 20000000,
-             qPrintable(QStringLiteral("%1 ns at the top, %2 ns "
-                                       "at the bottom")
-                            .arg(nTop)
-                            .arg(nBottom)));
+    // The cursor stays at the top: the band is many lines away.
+    const std::clock_t nTop = paintTimes(0);
+    const std::clock_t nBottom = paintTimes(299000);
+    QVERIFY2(nBottom < 3 * nTop + CLOCKS_PER_SEC / 50,
+             qPrintable(QStringLiteral("%1 at the top, %2 at the bottom").arg(nTop).arg(nBottom)));
 }
 
 void TestHighlightEdit::statusText_atTheStart()
