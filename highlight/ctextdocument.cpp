@@ -4,11 +4,38 @@
 
 #include <QPlainTextDocumentLayout>
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace {
 
 // Walking that many blocks costs more than copying the whole text and looking for its line ends.
 constexpr int nLinesToCopyAtOnce = 1000;
+
+// What Qt's layout of one line can take without a pause that is felt: its time grows with the
+// length, and faster than the number of ranges.
+constexpr int nMaxColouredLength = 100000;
+constexpr int nMaxRanges = 8000;
+
+using Ranges = QVector<QTextLayout::FormatRange>;
+
+// The ranges that begin in the first part of a line, as far as that many can be shown.
+Ranges shownRanges(const Ranges &lst)
+{
+    if (lst.size() <= nMaxRanges) {
+        return lst;
+    }
+    std::vector<int> lstStarts;
+    for (const QTextLayout::FormatRange &range : lst) {
+        lstStarts.push_back(range.start);
+    }
+    std::nth_element(lstStarts.begin(), lstStarts.begin() + nMaxRanges, lstStarts.end());
+    const int nLimit = lstStarts[nMaxRanges];
+    Ranges lstShown;
+    std::copy_if(lst.begin(), lst.end(), std::back_inserter(lstShown),
+                 [nLimit](const QTextLayout::FormatRange &range) { return range.start < nLimit; });
+    return lstShown;
+}
 
 bool isMark(const QTextLayout::FormatRange &range)
 {
@@ -88,18 +115,21 @@ void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
     if (!pLayout) {
         return;
     }
-    QVector<QTextLayout::FormatRange> lstRanges = pLayout->formats();
-    if (lstRanges.isEmpty() && lst.isEmpty()) {
-        return;
-    }
     const auto isReplaced = [kind](const QTextLayout::FormatRange &range) {
         return isMark(range) == (kind == SelectedWordMark);
     };
-    lstRanges.erase(std::remove_if(lstRanges.begin(), lstRanges.end(), isReplaced),
-                    lstRanges.end());
+    const Ranges lstBefore = pLayout->formats();
+    Ranges lstRanges;
+    lstRanges.reserve(lstBefore.size() + lst.size());
+    std::remove_copy_if(lstBefore.begin(), lstBefore.end(), std::back_inserter(lstRanges),
+                        isReplaced);
     const int nAt = kind == SyntaxRange ? 0 : lstRanges.size();
     lstRanges.insert(nAt, lst.size(), QTextLayout::FormatRange());
     std::copy(lst.begin(), lst.end(), lstRanges.begin() + nAt);
+    lstRanges = tb.length() > nMaxColouredLength ? Ranges() : shownRanges(lstRanges);
+    if (lstRanges == lstBefore) {
+        return; // most blocks of a pass that marks a word
+    }
 
     if (tb.position() != m_nDirtyEnd) {
         flushDirty();

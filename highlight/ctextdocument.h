@@ -13,7 +13,9 @@ class CLineStore;
 // is current. They are additional formats of the block's layout: the text, the undo history and the
 // modified flag never change. A range whose format has bit 0 of QTextFormat::UserProperty set is a
 // mark of the selected word, any other a syntax range; the two kinds are replaced apart.
-// GUI thread only, except lines(), which is meant for another thread.
+// Of a line that Qt could lay out with its ranges only in a pause that is felt, just the first part
+// is coloured, and of one of 100,000 characters or more nothing. GUI thread only, except lines(),
+// which is meant for another thread.
 class CTextDocument : public QTextDocument
 {
     Q_OBJECT

@@ -21,6 +21,9 @@ private slots:
     void resultForRemovedBlock_isIgnored();
     void result_marksTheBlockDirty();
     void results_neverTouchUndoOrModified();
+    void lineWithTooManyRanges_isColouredInItsFirstPart();
+    void lineTooLong_isNotColoured();
+    void sameRangesAgain_leaveTheBlockAlone();
     void clearAdditionalFormats_removesAllRanges();
     void clearAdditionalFormats_ofAnEmptyDocumentDoesNothing();
     void collectedResults_areShownTogether();
@@ -186,6 +189,50 @@ void tst_TextDocument::results_neverTouchUndoOrModified()
     QVERIFY(!document.isModified());
     QVERIFY(!document.isUndoAvailable());
     QCOMPARE(spy.count(), 0);
+}
+
+// In the order of the ranges, which is not that of their places.
+void tst_TextDocument::lineWithTooManyRanges_isColouredInItsFirstPart()
+{
+    CTextDocument document;
+    document.setPlainText(QString(30000, 'x'));
+    Ranges lst;
+    for (const int nRemainder : {1, 0}) {
+        for (int n = nRemainder; n < 20000; n += 2) {
+            lst.append(range(n));
+        }
+    }
+    document.onHighlightBlock(document.version(), document.firstBlock(), lst);
+    const QList<int> lstStarts = startsIn(document.firstBlock());
+    QCOMPARE(lstStarts.size(), 8000);
+    QCOMPARE(lstStarts.first(), 1);
+    QCOMPARE(lstStarts.last(), 7998);
+    QCOMPARE(*std::max_element(lstStarts.begin(), lstStarts.end()), 7999);
+}
+
+void tst_TextDocument::lineTooLong_isNotColoured()
+{
+    CTextDocument document;
+    document.setPlainText(QString(99999, 'x') + "\n" + QString(100000, 'x'));
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    document.onHighlightBlock(document.version(), document.lastBlock(), {range(0)});
+    QCOMPARE(startsIn(document.firstBlock()), QList<int>({0}));
+    QCOMPARE(startsIn(document.lastBlock()), QList<int>());
+    QTextCursor(document.firstBlock()).insertText("x");
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    QCOMPARE(startsIn(document.firstBlock()), QList<int>());
+}
+
+void tst_TextDocument::sameRangesAgain_leaveTheBlockAlone()
+{
+    CTextDocument document;
+    document.setPlainText("abc");
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    QSignalSpy spyOne(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock);
+    QSignalSpy spyAll(document.documentLayout(), &QAbstractTextDocumentLayout::update);
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    document.onHighlightSelected(document.version(), document.firstBlock(), Ranges());
+    QCOMPARE(spyOne.count() + spyAll.count(), 0);
 }
 
 void tst_TextDocument::clearAdditionalFormats_removesAllRanges()
