@@ -49,9 +49,7 @@ bool CDocument::isModified() const
 
 bool CDocument::canSave() const
 {
-    if (m_kind == Kind::Page)
-        return m_pPage->showsOwnFile();
-    return m_pEditor;
+    return m_pPage ? m_pPage->showsOwnFile() : m_pEditor != nullptr;
 }
 
 QByteArray CDocument::bytesToSave() const

@@ -153,6 +153,8 @@ void MainWindow::updateActions()
     const CHighlightEdit *pEditor = document.editor();
     const bool bSearchable = pEditor || document.page();
     m_pUi->actionSave->setEnabled(document.canSave());
+    if (document.page() && !document.canSave())
+        showStatusMessage(tr("This is another page than the document's file: Save As keeps it."));
     m_pUi->actionSave_As->setEnabled(bSearchable);
     m_pUi->actionSave_All->setEnabled(false);
     m_pUi->actionRefresh->setEnabled(!document.path().isEmpty());

@@ -211,6 +211,7 @@ private:
     CDlgGo *m_pDlgGo = nullptr; // The same.
     QTimer m_timerPreview;
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
+    bool m_bBrowserWasHidden = false;
     bool m_bLoading = false; // While a document is being created or loaded.
 };
 

@@ -123,7 +123,7 @@ void MainWindow::showPageColor(const QColor &clr, bool bBackground)
     if (document.kind() != CDocument::Kind::Page)
         return;
     if (bBackground) {
-        document.page()->setBackColor(clr.name());
+        document.page()->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent") : clr.name());
         g_pSettings->setBackColor(clr);
     } else {
         document.page()->setForeColor(clr.name());
@@ -148,9 +148,9 @@ void MainWindow::on_actionSwapHtml_triggered()
             pPage->showSource(true);
             swapTabWidget(m_pTabs->currentIndex(), pPage->sourceEdit());
         } else {
+            pPage->showSource(false);
             pPage->applySource(pPage->sourceEdit()->getText());
             swapTabWidget(m_pTabs->currentIndex(), pPage);
-            pPage->showSource(false);
         }
     }
     g_pSettings->setIsHtmlText(bToSource);

@@ -62,7 +62,7 @@ void MainWindow::setupDocks()
             &MainWindow::onRootPathChanged);
     connect(m_pBrowser, &CWidgetFavorFileList::fileSelectionChanged, this,
             &MainWindow::onFileSelectionChanged);
-    m_pBrowser->installEventFilter(this);
+    m_pBrowser->installEventFilter(this); // See eventFilter().
     m_pBrowser->setRootPath(startFolder());
 
     // What one types is previewed when the typing pauses.
@@ -78,10 +78,10 @@ void MainWindow::previewCurrentDocument()
         return;
     const QString strLanguage = pEditor->languageName();
     if (strLanguage == QLatin1String("HTML"))
-        m_pPreview->previewHtml(pEditor->toPlainText(),
+        m_pPreview->previewHtml(pEditor->getText(),
                                 QUrl::fromLocalFile(pEditor->pathFileName()));
     else if (strLanguage == QLatin1String("SVG"))
-        m_pPreview->previewSvg(pEditor->toPlainText());
+        m_pPreview->previewSvg(pEditor->getText());
 }
 
 void MainWindow::onDockPreviewChanged(bool bVisible)
@@ -105,6 +105,10 @@ void MainWindow::onFileSelectionChanged(const QString &strPath)
 
 bool MainWindow::eventFilter(QObject *pObject, QEvent *pEvent)
 {
-    // A browser that appears again shows what its folder holds now.
+    // A browser that was hidden shows what its folder holds now.
+    if (pObject == m_pBrowser && pEvent->type() == QEvent::Hide)
+        m_bBrowserWasHidden = true;
+    if (pObject == m_pBrowser && pEvent->type() == QEvent::Show && m_bBrowserWasHidden)
+        m_pBrowser->setRootPath(m_pBrowser->rootPath());
     return QMainWindow::eventFilter(pObject, pEvent);
 }
