@@ -1,4 +1,5 @@
 #include "mainwindow/actionicons.h"
+#include "res/icons.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -49,17 +50,10 @@ const SActionIcon g_icons[] = {
 
 } // namespace
 
-QIcon actionIcon(const QString &strName)
-{
-    QIcon icon(QStringLiteral(":/res/%1.png").arg(strName));
-    icon.addFile(QStringLiteral(":/res/24/%1.png").arg(strName));
-    return icon;
-}
-
 void setActionIcons(QMainWindow *pWindow)
 {
     for (const SActionIcon &entry : g_icons) {
         auto *pAction = pWindow->findChild<QAction *>(QLatin1String(entry.szAction));
-        pAction->setIcon(actionIcon(QLatin1String(entry.szIcon)));
+        pAction->setIcon(drawnIcon(QLatin1String(entry.szIcon)));
     }
 }

@@ -2,9 +2,9 @@
 
 #include "app/csettings.h"
 #include "editor/chighlightedit.h"
-#include "mainwindow/actionicons.h"
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/ctabwidget.h"
+#include "res/icons.h"
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
 
@@ -44,12 +44,12 @@ void MainWindow::updatePageActions(const CDocument &document)
     m_pUi->actionItalic->setChecked(pPage && pPage->isItalic());
     m_pUi->actionUnderline->setChecked(pPage && pPage->isUnderline());
     if (pPage) {
-        m_pUi->actionSwapHtml->setIcon(actionIcon(QStringLiteral("switch_back")));
+        m_pUi->actionSwapHtml->setIcon(drawnIcon(QStringLiteral("switch_back")));
         m_pUi->actionSwapHtml->setToolTip(tr("Switch to html source edit"));
         m_pHtmlTools->showFont(pPage->fontName(), pPage->fontSize());
         m_pHtmlTools->showColors(pPage->foreColor(), pPage->backColor());
     } else if (document.page()) {
-        m_pUi->actionSwapHtml->setIcon(actionIcon(QStringLiteral("switch_fore")));
+        m_pUi->actionSwapHtml->setIcon(drawnIcon(QStringLiteral("switch_fore")));
         m_pUi->actionSwapHtml->setToolTip(tr("Switch to html page edit"));
     }
 }

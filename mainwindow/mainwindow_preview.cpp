@@ -4,7 +4,7 @@
 #include "browser/cwidgetfavorfilelist.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
-#include "mainwindow/actionicons.h"
+#include "res/icons.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"
 
@@ -32,7 +32,7 @@ QDockWidget *addDock(QMainWindow *pWindow, const QString &strName, const QString
     pDock->setObjectName(strName);
     pDock->setWidget(pPanel);
     pWindow->addDockWidget(area, pDock);
-    pDock->toggleViewAction()->setIcon(actionIcon(strIcon));
+    pDock->toggleViewAction()->setIcon(drawnIcon(strIcon));
     return pDock;
 }
 
