@@ -105,22 +105,10 @@ QVariantMap parseHighlighting(const QDomNode &nodeHighlighting)
     return map;
 }
 
-} // namespace
-
-CHighlightMgt::CHighlightMgt(QObject *pParent) : QObject(pParent)
+// The registry table of a folder. Any thread.
+QMap<QString, QVariant> scanFolder(const QDir &dir)
 {
-    QDir dir(QCoreApplication::applicationDirPath());
-    dir.cd(QStringLiteral("highlighter"));
-    scan(dir);
-}
-
-CHighlightMgt::CHighlightMgt(const QString &strFolder, QObject *pParent) : QObject(pParent)
-{
-    scan(QDir(strFolder));
-}
-
-void CHighlightMgt::scan(const QDir &dir)
-{
+    QMap<QString, QVariant> mapTable;
     const QFileInfoList lstFiles =
         dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
     for (const QFileInfo &info : lstFiles) {
@@ -132,17 +120,44 @@ void CHighlightMgt::scan(const QDir &dir)
         const QStringList lstPatterns =
             attribute(root, "extensions").split(QLatin1Char(';'), Qt::KeepEmptyParts);
         const QString strBaseName = info.baseName();
-        m_mapTable.insert(strBaseName,
-                          QVariantMap {{QStringLiteral("path"), info.absoluteFilePath()},
-                                       {QStringLiteral("extension"), lstPatterns},
-                                       {QStringLiteral("name"), attribute(root, "name")},
-                                       {QStringLiteral("file_base_name"), strBaseName}});
+        mapTable.insert(strBaseName,
+                        QVariantMap {{QStringLiteral("path"), info.absoluteFilePath()},
+                                     {QStringLiteral("extension"), lstPatterns},
+                                     {QStringLiteral("name"), attribute(root, "name")},
+                                     {QStringLiteral("file_base_name"), strBaseName}});
     }
+    return mapTable;
+}
+
+QDir programFolder()
+{
+    QDir dir(QCoreApplication::applicationDirPath());
+    dir.cd(QStringLiteral("highlighter"));
+    return dir;
+}
+
+} // namespace
+
+CHighlightMgt::CHighlightMgt(QObject *pParent)
+    : QObject(pParent), m_scan(std::async(std::launch::async, scanFolder, programFolder()))
+{
+}
+
+CHighlightMgt::CHighlightMgt(const QString &strFolder, QObject *pParent)
+    : QObject(pParent), m_mapTable(scanFolder(QDir(strFolder)))
+{
+}
+
+const QMap<QString, QVariant> &CHighlightMgt::table() const
+{
+    if (m_scan.valid())
+        m_mapTable = m_scan.get();
+    return m_mapTable;
 }
 
 QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
 {
-    for (const QVariant &entry : m_mapTable) {
+    for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
         const QStringList lstPatterns = mapEntry.value(QStringLiteral("extension")).toStringList();
         for (const QString &strPattern : lstPatterns) {
@@ -157,7 +172,7 @@ QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
 
 QVariantMap CHighlightMgt::definitionForName(const QString &strName) const
 {
-    for (const QVariant &entry : m_mapTable) {
+    for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
         if (mapEntry.value(QStringLiteral("name")).toString() == strName) {
             return parse(mapEntry.value(QStringLiteral("path")).toString());

@@ -4,8 +4,7 @@
 #include <QObject>
 #include <QString>
 #include <QVariant>
-
-class QDir;
+#include <future>
 
 // The registry of language definition files. It is built once from a folder and keeps a small entry
 // per file; every lookup reads and parses the file again, so that an edited file counts at once.
@@ -22,7 +21,7 @@ public:
     // One entry per file under the file's base name, in the order in which lookups search it. An
     // entry is a QVariantMap: "path" (absolute), "extension" (list of wildcard patterns), "name"
     // (shown to the user), "file_base_name".
-    const QMap<QString, QVariant> &table() const { return m_mapTable; }
+    const QMap<QString, QVariant> &table() const;
 
     // The definition whose patterns match the whole of strFileName, letter case ignored; empty when
     // there is none. Give the bare file name: a pattern without "*" does not match a path.
@@ -37,7 +36,8 @@ public:
     static QVariantMap parseBytes(const QByteArray &bytes);
 
 private:
-    void scan(const QDir &dir);
-
-    QMap<QString, QVariant> m_mapTable;
+    // The program's own folder is read on a thread, while the program builds its window; the first
+    // look at the table waits for it.
+    mutable std::future<QMap<QString, QVariant>> m_scan;
+    mutable QMap<QString, QVariant> m_mapTable;
 };

@@ -31,22 +31,22 @@ MainWindow::MainWindow(QWidget *pParent)
 {
     qRegisterMetaType<QTextBlock>("QTextBlock");
     qRegisterMetaType<QList<QTextLayout::FormatRange>>("QList<QTextLayout::FormatRange>");
+    m_pHighlightMgt = new CHighlightMgt(this); // First: it reads its files meanwhile.
     m_pUi->setupUi(this);
     setActionIcons(this);
     m_pUi->mainToolBar->setIconSize(QSize(24, 24));
     m_pUi->htmlToolBar->setIconSize(QSize(24, 24));
     setAcceptDrops(true);
-    m_pHighlightMgt = new CHighlightMgt(this);
     m_pStatus = new CStatusLabels(statusBar());
     m_pStatus->onTextFontSize(g_pSettings->getTextFontSize());
     setupTabs();
     setupGuard();
     setupDocks();
     setupHtmlToolBar();
-    setupLanguageMenu();
     setupTextCodecMenu();
     setupShortcuts();
     setupConnections();
+    setupLanguageMenu();
     m_pUi->actionLine_Wrap->setChecked(g_pSettings->getLineWrap());
     updateRecentFiles();
     restoreState(g_pSettings->getFrameState());

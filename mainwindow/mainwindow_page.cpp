@@ -123,7 +123,8 @@ void MainWindow::showPageColor(const QColor &clr, bool bBackground)
     if (document.kind() != CDocument::Kind::Page)
         return;
     if (bBackground) {
-        document.page()->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent") : clr.name());
+        document.page()->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent")
+                                                       : clr.name());
         g_pSettings->setBackColor(clr);
     } else {
         document.page()->setForeColor(clr.name());

@@ -78,8 +78,7 @@ void MainWindow::previewCurrentDocument()
         return;
     const QString strLanguage = pEditor->languageName();
     if (strLanguage == QLatin1String("HTML"))
-        m_pPreview->previewHtml(pEditor->getText(),
-                                QUrl::fromLocalFile(pEditor->pathFileName()));
+        m_pPreview->previewHtml(pEditor->getText(), QUrl::fromLocalFile(pEditor->pathFileName()));
     else if (strLanguage == QLatin1String("SVG"))
         m_pPreview->previewSvg(pEditor->getText());
 }

@@ -127,8 +127,9 @@ void tst_HighlightMgt::missingFolder_programFolderIsScanned()
     file.write(definition("Fallback", "*.fallback"));
     file.close();
     const CHighlightMgt registry(nullptr);
+    const bool bFound = registry.table().contains("tst_highlightmgt_fallback");
     QVERIFY(file.remove());
-    QVERIFY(registry.table().contains("tst_highlightmgt_fallback"));
+    QVERIFY(bFound);
 }
 
 void tst_HighlightMgt::lookupByFile_firstBaseNameWins()
