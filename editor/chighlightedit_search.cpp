@@ -1,6 +1,7 @@
 #include "editor/chighlightedit.h"
 
 #include "app/csettings.h"
+#include "editor/documentreplace.h"
 #include "editor/documentsearch.h"
 
 #include <QScopedValueRollback>
@@ -40,9 +41,8 @@ bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCurs
     const int nStart = searchStart(cursor, bUp, bFromEnd);
     const DocumentMatch match = findFrom(document(), search, nStart);
     if (match.isValid()) {
-        const int nMatch = match.block.position() + match.range.nStart;
-        cursor.setPosition(nMatch);
-        cursor.setPosition(nMatch + match.range.nLength, QTextCursor::KeepAnchor);
+        cursor.setPosition(match.nStart);
+        cursor.setPosition(match.nStart + match.nLength, QTextCursor::KeepAnchor);
         if (pCursor)
             *pCursor = cursor;
         else
@@ -121,7 +121,7 @@ int CHighlightEdit::replaceMatches(const QString &strFind, const QString &strRep
         return nCount;
     }
     const CLineSearch search(strFind, searchOptions());
-    nCount = replaceEverywhere(pCursor, search, strReplace, textCursor());
+    nCount = CDocumentReplacer(pCursor, search, strReplace, textCursor()).run();
     emit cannotFound();
     return nCount;
 }

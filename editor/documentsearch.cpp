@@ -1,11 +1,8 @@
 #include "editor/documentsearch.h"
 
-#include "editor/linereplace.h"
-
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-
-#include <algorithm>
 
 int searchStart(const QTextCursor &cursor, bool bSearchUp, bool bFromEnd)
 {
@@ -20,89 +17,74 @@ int searchStart(const QTextCursor &cursor, bool bSearchUp, bool bFromEnd)
 
 int documentEnd(const QTextDocument *pDocument)
 {
-    const QTextBlock last = pDocument->lastBlock();
-    return last.position() + last.length() - 1;
-}
-
-DocumentMatch findFrom(const QTextDocument *pDocument, const CLineSearch &search, int nStart)
-{
-    const bool bUp = search.options().bSearchUp;
-    DocumentMatch match;
-    if (nStart < 0)
-        return match;
-    QTextBlock block = pDocument->findBlock(nStart);
-    int nOffset = nStart - block.position();
-    while (block.isValid()) {
-        match.range = search.find(block.text(), nOffset);
-        if (match.isValid()) {
-            match.block = block;
-            return match;
-        }
-        block = bUp ? block.previous() : block.next();
-        nOffset = bUp ? -1 : 0;
-    }
-    return match;
+    return pDocument->characterCount() - 1;
 }
 
 namespace {
 
-void select(QTextCursor *pEdit, int nStart, int nLength)
+// Read and searched first, so that near matches come at once whatever the document's length.
+const int g_nNearLength = 32 * 1024;
+
+// Lines of the document, joined by paragraph separators.
+struct LineRun
 {
-    pEdit->setPosition(nStart);
-    pEdit->setPosition(nStart + nLength, QTextCursor::KeepAnchor);
+    int nStart = 0; // Of the first line, in the document.
+    QString strText;
+};
+
+LineRun readNear(QTextDocument *pDocument, int nPosition, bool bUp)
+{
+    const int nFrom = bUp ? qMax(nPosition - g_nNearLength, 0) : nPosition;
+    const int nTo = bUp ? nPosition : qMin(nPosition + g_nNearLength, documentEnd(pDocument));
+    const QTextBlock last = pDocument->findBlock(nTo);
+    LineRun run;
+    run.nStart = pDocument->findBlock(nFrom).position();
+    QTextCursor cursor(pDocument);
+    cursor.setPosition(run.nStart);
+    cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
+    run.strText = cursor.selectedText();
+    return run;
 }
 
-void applyToBlock(QTextCursor *pEdit, const QTextBlock &block, const LineReplacement &replacement,
-                  const QString &strReplace, bool bOneByOne)
+// The lines on the far side of the near ones. One copy of the text takes a tenth of the time that
+// asking each block for its text would.
+LineRun readFar(const QTextDocument *pDocument, const LineRun &nearby, bool bUp)
 {
-    const int nBlock = block.position();
-    // With the format given, the cursor need not look up the one in force at each place.
-    const QTextCharFormat format;
-    if (!bOneByOne) {
-        select(pEdit, nBlock, block.length() - 1);
-        pEdit->insertText(replacement.strText, format);
-        return;
+    LineRun run;
+    run.nStart = bUp ? 0 : nearby.nStart + nearby.strText.length() + 1;
+    run.strText = pDocument->toRawText();
+    if (bUp)
+        run.strText.truncate(nearby.nStart - 1);
+    else
+        run.strText.remove(0, run.nStart);
+    return run;
+}
+
+DocumentMatch findInRun(const CLineSearch &search, const LineRun &run, int nOffset)
+{
+    const RunMatch found = search.findInRun(run.strText, nOffset);
+    DocumentMatch match;
+    if (found.isValid()) {
+        match.nStart = run.nStart + found.nLineStart + found.match.nStart;
+        match.nLength = found.match.nLength;
     }
-    for (const LineMatch &edit : replacement.lstEdits) {
-        select(pEdit, nBlock + edit.nStart, edit.nLength);
-        pEdit->insertText(strReplace, format);
-    }
+    return match;
 }
 
 } // namespace
 
-int replaceEverywhere(QTextCursor *pEdit, const CLineSearch &search, const QString &strReplace,
-                      const QTextCursor &keep)
+DocumentMatch findFrom(QTextDocument *pDocument, const CLineSearch &search, int nStart)
 {
+    const int nEnd = documentEnd(pDocument);
+    if (nStart < 0 || nStart > nEnd)
+        return DocumentMatch();
     const bool bUp = search.options().bSearchUp;
-    const QTextDocument *pDocument = pEdit->document();
-    const QTextBlock keepPosition = pDocument->findBlock(keep.position());
-    const QTextBlock keepAnchor = pDocument->findBlock(keep.anchor());
-    int nCount = 0;
-    QTextBlock block = bUp ? pDocument->lastBlock() : pDocument->begin();
-    // The first search upwards starts behind the last line's text, as does one that follows a match
-    // in the first column; all others at the last character. Empty matches tell the difference.
-    int nOffset = bUp ? block.length() - 1 : 0;
-    while (block.isValid()) {
-        const LineReplacement replacement =
-            replaceInLine(search, block.text(), nOffset, strReplace);
-        nCount += replacement.nMatches;
-        if (!replacement.lstEdits.isEmpty()) {
-            applyToBlock(pEdit, block, replacement, strReplace,
-                         block == keepPosition || block == keepAnchor);
-        }
-        block = bUp ? block.previous() : block.next();
-        nOffset = !bUp ? 0 : replacement.bAtLineStart ? block.length() - 1 : -1;
-    }
-    return nCount;
-}
-
-bool holdsBlockEnd(const QString &strText)
-{
-    // Qt takes these for ends of paragraphs and frames.
-    static const ushort s_arrEnds[] = {'\n', '\r', 0x2029, 0xfdd0, 0xfdd1};
-    return std::any_of(strText.cbegin(), strText.cend(), [](QChar c) {
-        return std::find(std::begin(s_arrEnds), std::end(s_arrEnds), c.unicode())
-            != std::end(s_arrEnds);
-    });
+    const LineRun nearby = readNear(pDocument, nStart, bUp);
+    const DocumentMatch match = findInRun(search, nearby, nStart - nearby.nStart);
+    const bool bAllRead =
+        bUp ? nearby.nStart == 0 : nearby.nStart + nearby.strText.length() == nEnd;
+    if (match.isValid() || bAllRead)
+        return match;
+    // Upwards, -1 is the last line's last character.
+    return findInRun(search, readFar(pDocument, nearby, bUp), bUp ? -1 : 0);
 }

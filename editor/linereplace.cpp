@@ -29,7 +29,7 @@ public:
             match = m_search.find(m_strView, m_nTaken);
         }
         m_result.strText.append(m_strView.constData() + m_nTaken, m_strView.length() - m_nTaken);
-        return m_result;
+        return std::move(m_result);
     }
 
 private:
@@ -96,12 +96,9 @@ LineReplacement replaceUpwards(const CLineSearch &search, QString strLine, LineM
 
 } // namespace
 
-LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine, int nOffset,
-                              const QString &strReplace)
+LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine,
+                              const LineMatch &first, const QString &strReplace)
 {
-    const LineMatch first = search.find(strLine, nOffset);
-    if (!first.isValid())
-        return LineReplacement();
     if (search.options().bSearchUp)
         return replaceUpwards(search, strLine, first, strReplace);
     return CForwardReplacer(search, strLine, strReplace).run(first);

@@ -15,9 +15,11 @@ struct LineReplacement
     bool bAtLineStart = false; // Searching up: the last match began in the line's first column.
 };
 
-// Replaces what one search after another finds from nOffset on, each going on where the one before
-// ended: behind the inserted text, or searching up before it. A match that would not match without
-// its surroundings is counted and passed over, as replacing a selection does. Time is linear in the
-// line's length, but for regular expressions searched upwards.
-LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine, int nOffset,
-                              const QString &strReplace);
+// Replaces the first match and then what one search after another finds, each going on where the
+// one before ended: behind the inserted text, or searching up before it. A match that would not
+// match without its surroundings is counted and passed over, as replacing a selection does. Time is
+// linear in the line's length, but for regular expressions searched upwards.
+//
+// first is what the search finds in the line, and valid.
+LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine,
+                              const LineMatch &first, const QString &strReplace);

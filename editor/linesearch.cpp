@@ -7,6 +7,8 @@ CLineSearch::CLineSearch(const QString &strText, const SearchOptions &options)
 {
     if (options.bRegExp)
         m_regExp = QRegExp(strText, m_case, QRegExp::RegExp);
+    else
+        m_matcher = QStringMatcher(strText, m_case);
 }
 
 LineMatch CLineSearch::find(const QString &strLine, int nOffset) const
@@ -22,17 +24,24 @@ LineMatch CLineSearch::candidate(const QString &strLine, int nOffset) const
         match.nStart = m_options.bSearchUp ? m_regExp.lastIndexIn(strLine, nOffset)
                                            : m_regExp.indexIn(strLine, nOffset);
         match.nLength = m_regExp.matchedLength();
-    } else if (m_options.bSearchUp) {
-        // QString::lastIndexOf() finds nothing at all from the position behind the last character,
-        // which is where a search from a line's end starts.
-        const int nFrom = nOffset >= strLine.length() ? -1 : nOffset;
-        match.nStart = strLine.lastIndexOf(m_strText, nFrom, m_case);
-        match.nLength = m_strText.length();
     } else {
-        match.nStart = strLine.indexOf(m_strText, nOffset, m_case);
+        match.nStart = plainIndex(strLine, nOffset);
         match.nLength = m_strText.length();
     }
     return match.nLength > 0 ? match : LineMatch();
+}
+
+int CLineSearch::plainIndex(const QString &strText, int nOffset) const
+{
+    if (m_options.bSearchUp) {
+        // QString::lastIndexOf() finds nothing at all from the position behind the last character,
+        // which is where a search from a line's end starts.
+        const int nFrom = nOffset >= strText.length() ? -1 : nOffset;
+        return strText.lastIndexOf(m_strText, nFrom, m_case);
+    }
+    // For a single character QString has a faster way than the matcher.
+    return m_strText.length() == 1 ? strText.indexOf(m_strText, nOffset, m_case)
+                                   : m_matcher.indexIn(strText, nOffset);
 }
 
 bool CLineSearch::matchesExactly(const QString &strSelected) const
@@ -44,12 +53,85 @@ bool CLineSearch::matchesExactly(const QString &strSelected) const
     return strSelected.length() == m_strText.length() && strSelected.startsWith(m_strText, m_case);
 }
 
-bool CLineSearch::passesWordTest(const QString &strLine, const LineMatch &match) const
+bool CLineSearch::passesWordTest(const QString &strText, const LineMatch &match) const
 {
     if (!m_options.bWholeWord)
         return true;
-    const bool bBefore = match.nStart > 0 && strLine.at(match.nStart - 1).isLetterOrNumber();
+    const bool bBefore = match.nStart > 0 && strText.at(match.nStart - 1).isLetterOrNumber();
     const bool bAfter =
-        match.end() < strLine.length() && strLine.at(match.end()).isLetterOrNumber();
+        match.end() < strText.length() && strText.at(match.end()).isLetterOrNumber();
     return !bBefore && !bAfter;
+}
+
+RunMatch CLineSearch::findInRun(const QString &strRun, int nOffset) const
+{
+    return m_options.bRegExp ? findExpressionInRun(strRun, nOffset)
+                             : findPlainInRun(strRun, nOffset);
+}
+
+namespace {
+
+int lineStart(const QString &strRun, int nPosition)
+{
+    return nPosition == 0 ? 0 : strRun.lastIndexOf(QChar::ParagraphSeparator, nPosition - 1) + 1;
+}
+
+int lineEnd(const QString &strRun, int nPosition)
+{
+    const int nEnd = strRun.indexOf(QChar::ParagraphSeparator, nPosition);
+    return nEnd < 0 ? strRun.length() : nEnd;
+}
+
+} // namespace
+
+// A plain text crosses no end of a line, so that all lines are searched at once.
+RunMatch CLineSearch::findPlainInRun(const QString &strRun, int nOffset) const
+{
+    RunMatch result;
+    if (m_strText.contains(QChar::ParagraphSeparator))
+        return result;
+    while (nOffset <= strRun.length()) {
+        const LineMatch match {plainIndex(strRun, nOffset), m_strText.length()};
+        if (!match.isValid())
+            break;
+        const int nStart = lineStart(strRun, match.nStart);
+        const int nEnd = lineEnd(strRun, match.end());
+        if (passesWordTest(strRun, match)) {
+            result.nLineStart = nStart;
+            result.nLineLength = nEnd - nStart;
+            result.match = {match.nStart - nStart, match.nLength};
+            break;
+        }
+        if (m_options.bSearchUp && nStart == 0)
+            break;
+        nOffset = m_options.bSearchUp ? nStart - 1 : nEnd + 1;
+    }
+    return result;
+}
+
+RunMatch CLineSearch::findExpressionInRun(const QString &strRun, int nOffset) const
+{
+    RunMatch result;
+    const int nPosition = nOffset < 0 ? strRun.length() : nOffset;
+    int nStart = lineStart(strRun, nPosition);
+    int nEnd = lineEnd(strRun, nPosition);
+    int nInLine = nOffset < 0 ? -1 : nOffset - nStart;
+    for (;;) {
+        result.nLineStart = nStart;
+        result.nLineLength = nEnd - nStart;
+        // Without a copy: the expression is done with the characters before the run goes away.
+        result.match =
+            find(QString::fromRawData(strRun.constData() + nStart, nEnd - nStart), nInLine);
+        if (result.isValid() || (m_options.bSearchUp ? nStart == 0 : nEnd == strRun.length()))
+            return result;
+        if (m_options.bSearchUp) {
+            nEnd = nStart - 1;
+            nStart = lineStart(strRun, nEnd);
+            nInLine = -1;
+        } else {
+            nStart = nEnd + 1;
+            nEnd = lineEnd(strRun, nStart);
+            nInLine = 0;
+        }
+    }
 }

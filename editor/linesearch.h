@@ -2,6 +2,7 @@
 
 #include <QRegExp>
 #include <QString>
+#include <QStringMatcher>
 
 // How a text is searched for.
 struct SearchOptions
@@ -21,6 +22,15 @@ struct LineMatch
     int end() const { return nStart + nLength; }
 };
 
+// A match in a run: whole lines joined by paragraph separators, as a text cursor selects them.
+struct RunMatch
+{
+    int nLineStart = 0; // Of the line that holds the match, in the run.
+    int nLineLength = 0;
+    LineMatch match; // In that line.
+    bool isValid() const { return match.isValid(); }
+};
+
 // The search for one text within single lines. Reentrant, but one object serves one thread.
 class CLineSearch
 {
@@ -36,6 +46,11 @@ public:
     // letter or digit touches; the underscore separates words here.
     LineMatch find(const QString &strLine, int nOffset) const;
 
+    // The same for line after line of a run, from nOffset in it, which may be the end of a line;
+    // searching up, line before line, and -1 is the run's last character. Only the line that holds
+    // nOffset is searched in part.
+    RunMatch findInRun(const QString &strRun, int nOffset) const;
+
     // True when the text matches all of strSelected, which stands alone: what a regular expression
     // demands of its surroundings cannot be met.
     bool matchesExactly(const QString &strSelected) const;
@@ -44,11 +59,15 @@ public:
     int reach() const { return m_options.bRegExp ? -1 : m_strText.length(); }
 
 private:
-    bool passesWordTest(const QString &strLine, const LineMatch &match) const;
     LineMatch candidate(const QString &strLine, int nOffset) const;
+    int plainIndex(const QString &strText, int nOffset) const;
+    bool passesWordTest(const QString &strText, const LineMatch &match) const;
+    RunMatch findPlainInRun(const QString &strRun, int nOffset) const;
+    RunMatch findExpressionInRun(const QString &strRun, int nOffset) const;
 
     QString m_strText;
     SearchOptions m_options;
     Qt::CaseSensitivity m_case;
+    QStringMatcher m_matcher;
     mutable QRegExp m_regExp; // Remembers its last match, hence one thread.
 };

@@ -74,6 +74,7 @@ private slots:
     void selection_matchesExactlyOrNotAtAll_data();
     void selection_matchesExactlyOrNotAtAll();
     void candidates_equalTheLiteralSearch();
+    void runs_areSearchedLineByLine();
     void replacements_equalTheLiteralLoop_data();
     void replacements_equalTheLiteralLoop();
     void editsOneByOne_giveTheSameLine();
@@ -192,6 +193,51 @@ void tst_LineSearch::candidates_equalTheLiteralSearch()
     }
 }
 
+void tst_LineSearch::runs_areSearchedLineByLine()
+{
+    QRandomGenerator random(13);
+    int nFound = 0;
+    for (int i = 0; i < 20000; ++i) {
+        QStringList lstLines;
+        for (int n = random.bounded(1, 6); n > 0; --n)
+            lstLines.append(random.bounded(3) ? randomLine(&random) : QString());
+        const QString strRun = lstLines.join(QChar(QChar::ParagraphSeparator));
+        const int nOptions = random.bounded(16);
+        const bool bUp = nOptions & Up;
+        const QString strText = pick(&random, nOptions & RegExp ? patterns() : plainTexts());
+        const int nOffset =
+            bUp ? random.bounded(-1, strRun.length() + 1) : random.bounded(strRun.length() + 1);
+        const CLineSearch search(strText, optionsOf(nOptions));
+        // Where the lines stand, and the one that the search starts in.
+        int nLine = bUp && nOffset < 0 ? lstLines.size() - 1 : 0;
+        QVector<int> lstStarts {0};
+        for (int n = 0; n + 1 < lstLines.size(); ++n) {
+            lstStarts.append(lstStarts.last() + lstLines.at(n).length() + 1);
+            if (nOffset >= lstStarts.last())
+                nLine = n + 1;
+        }
+        int nInLine = nOffset < 0 ? -1 : nOffset - lstStarts.at(nLine);
+        LineMatch expected;
+        while (nLine >= 0 && nLine < lstLines.size()) {
+            expected = search.find(lstLines.at(nLine), nInLine);
+            if (expected.isValid())
+                break;
+            nLine += bUp ? -1 : 1;
+            nInLine = bUp ? -1 : 0;
+        }
+        const RunMatch result = search.findInRun(strRun, nOffset);
+        QCOMPARE(result.isValid(), expected.isValid());
+        if (!expected.isValid())
+            continue;
+        ++nFound;
+        QCOMPARE(result.nLineStart, lstStarts.at(nLine));
+        QCOMPARE(result.nLineLength, lstLines.at(nLine).length());
+        QCOMPARE(result.match.nStart, expected.nStart);
+        QCOMPARE(result.match.nLength, expected.nLength);
+    }
+    QVERIFY(nFound > 5000);
+}
+
 void tst_LineSearch::replacements_equalTheLiteralLoop_data()
 {
     QTest::addColumn<int>("options");
@@ -216,7 +262,9 @@ void tst_LineSearch::replacements_equalTheLiteralLoop()
         const QString strExpected = literalReplaceInLine(strLine, strText, nOffset, strReplace,
                                                          literalOptionsOf(options), &nCount);
         const CLineSearch search(strText, optionsOf(options));
-        const LineReplacement result = replaceInLine(search, strLine, nOffset, strReplace);
+        const LineMatch first = search.find(strLine, nOffset);
+        const LineReplacement result =
+            first.isValid() ? replaceInLine(search, strLine, first, strReplace) : LineReplacement();
         const QString strResult = result.lstEdits.isEmpty() ? strLine : result.strText;
         if (strResult != strExpected || result.nMatches != nCount) {
             QFAIL(qPrintable(QStringLiteral("'%1' by '%2' in '%3': '%4', %5 instead of '%6', %7")
@@ -239,8 +287,10 @@ void tst_LineSearch::editsOneByOne_giveTheSameLine()
         const QString strReplace = pick(&random, replacements());
         QString strLine = randomLine(&random);
         const CLineSearch search(strText, optionsOf(nOptions));
-        const LineReplacement result =
-            replaceInLine(search, strLine, nOptions & Up ? -1 : 0, strReplace);
+        const LineMatch first = search.find(strLine, nOptions & Up ? -1 : 0);
+        if (!first.isValid())
+            continue;
+        const LineReplacement result = replaceInLine(search, strLine, first, strReplace);
         for (const LineMatch &edit : result.lstEdits)
             strLine.replace(edit.nStart, edit.nLength, strReplace);
         if (!result.lstEdits.isEmpty())
@@ -275,9 +325,10 @@ void tst_LineSearch::oneLongLine_takesLinearTime()
     const int nLength = 1000 * 1000;
     QElapsedTimer timer;
     timer.start();
-    const LineReplacement result =
-        replaceInLine(CLineSearch(text, optionsOf(options)), QString(nLength, QLatin1Char('a')),
-                      options & Up ? -1 : 0, replace);
+    const QString strLine(nLength, QLatin1Char('a'));
+    const CLineSearch search(text, optionsOf(options));
+    const LineMatch first = search.find(strLine, options & Up ? -1 : 0);
+    const LineReplacement result = replaceInLine(search, strLine, first, replace);
     QCOMPARE(result.nMatches, nLength);
     QCOMPARE(result.strText, QString(nLength * replace.length(), QLatin1Char('a')));
     // Quadratic time would be hours.
