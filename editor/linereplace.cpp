@@ -39,7 +39,7 @@ private:
         strDone.append(m_strView.constData() + m_nTaken, match.nStart - m_nTaken);
         const QChar *pMatch = m_strView.constData() + match.nStart;
         m_nTaken = match.end();
-        if (!m_search.matchesExactly(QString::fromRawData(pMatch, match.nLength))) {
+        if (!matchesAlone(pMatch, match.nLength)) {
             strDone.append(pMatch, match.nLength);
             return;
         }
@@ -49,6 +49,13 @@ private:
             startAnew();
         else
             m_strBuffer[m_nStart + m_nTaken - 1] = strDone.at(strDone.length() - 1);
+    }
+
+    // Only an expression can ask for more than the match itself.
+    bool matchesAlone(const QChar *pMatch, int nLength) const
+    {
+        return !m_search.options().bRegExp
+            || m_search.matchesExactly(QString::fromRawData(pMatch, nLength));
     }
 
     void startAnew()

@@ -267,8 +267,7 @@ void tst_Replace::randomReplacements_equalTheLiteralOnes()
     QRandomGenerator random(options + 1);
     for (int i = 0; i < 120; ++i) {
         QString strText;
-        // Now and then more than is read from the document at once.
-        for (int n = i % 20 == 1 ? 9000 : random.bounded(50); n > 0; --n)
+        for (int n = random.bounded(50); n > 0; --n)
             strText.append(strAlphabet.at(random.bounded(strAlphabet.length())));
         CLiteralSearch literal(strText);
         literal.options = literalOptions(options);
