@@ -2,6 +2,7 @@
 #include "app/clangmgt.h"
 #include "app/csettings.h"
 #include "app/csingleapp.h"
+#include "app/ctranslators.h"
 #include "app/platform.h"
 #include "mainwindow/mainwindow.h"
 #include "res/icons.h"
@@ -9,20 +10,12 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QLocale>
-#include <QTranslator>
 
 #include <memory>
 
 namespace {
 
 const char g_szOrganization[] = "Tavrel Software";
-
-void loadTranslator(QTranslator *pTranslator, const char *szPrefix, const QString &strLocale)
-{
-    const QString strFile = QLatin1String(szPrefix) + strLocale + QLatin1String(".qm");
-    if (pTranslator->load(strFile, QStringLiteral(":/")))
-        QCoreApplication::installTranslator(pTranslator);
-}
 
 int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList &lstPaths)
 {
@@ -35,10 +28,7 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const QString strLocale = QLocale::system().name().toLower();
-    QTranslator translators[3];
-    loadTranslator(&translators[0], "lang_", strLocale);
-    loadTranslator(&translators[1], "qt_", strLocale);
-    loadTranslator(&translators[2], "base_", strLocale); // Names no catalogue of ours.
+    const CTranslators translators(strLocale);
 
     const auto pLangMgt = std::make_unique<CLangMgt>(nullptr);
     g_pLangMgt = pLangMgt.get();

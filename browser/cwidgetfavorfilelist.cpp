@@ -16,6 +16,7 @@ CWidgetFavorFileList::CWidgetFavorFileList(QWidget *pParent) : QWidget(pParent)
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(0);
     pLayout->addWidget(pSplitter);
+    setFocusProxy(m_pFileList->focusProxy());
 
     connect(m_pFavorite, &CWidgetFavoriteFolder::clickAdd, this,
             &CWidgetFavorFileList::onAddFavorFolder);

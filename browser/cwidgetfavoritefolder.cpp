@@ -20,9 +20,15 @@ CWidgetFavoriteFolder::CWidgetFavoriteFolder(QWidget *pParent)
 {
     const QString strTitle = tr("Main Folder List");
     auto *pLabel = new QLabel(QLatin1Char(' ') + strTitle, this);
+    pLabel->setObjectName(QStringLiteral("labelFavorites"));
     pLabel->setStyleSheet(QStringLiteral("QLabel{background-color:#ccc;}"));
+    // Dark on that light in every desktop palette.
+    QPalette palLabel = pLabel->palette();
+    palLabel.setColor(QPalette::WindowText, Qt::black);
+    pLabel->setPalette(palLabel);
     createList();
     m_pListFolders->setAccessibleName(strTitle);
+    pLabel->setBuddy(m_pListFolders);
 
     auto *pLayout = new QVBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);

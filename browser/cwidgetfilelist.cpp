@@ -24,6 +24,7 @@ CWidgetFileList::CWidgetFileList(QWidget *pParent)
     pLayout->addLayout(createBar());
     createList();
     pLayout->addWidget(m_pListView);
+    setFocusProxy(m_pListView);
     m_timerSelection.setInterval(200);
     connect(&m_timerSelection, &QTimer::timeout, this,
             &CWidgetFileList::onTimeOutFileSelectionChanged);
@@ -66,6 +67,7 @@ void CWidgetFileList::createFolderBox()
     m_pComboFolder->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_pComboFolder->setMinimumContentsLength(8);
     m_pComboFolder->setAccessibleName(tr("Folder"));
+    m_pComboFolder->lineEdit()->setAccessibleName(tr("Folder"));
     // The box's own completer would make another folder of the history out of a path typed whole.
     m_pComboFolder->setCompleter(nullptr);
     // Choosing the entry that is already the current one is only `activated`.

@@ -48,6 +48,7 @@ void CDlgFind::prepareBoxes()
         pBox->setInsertPolicy(QComboBox::NoInsert);
         // Completion would turn "Abc" into an "abc" searched for before.
         pBox->setCompleter(nullptr);
+        pBox->lineEdit()->setAccessibleName(pBox->accessibleName());
     }
     // What is searched for is read from the Find tab's box: a press of Replace must not act on an
     // older text than the one just entered beside it.

@@ -4,8 +4,10 @@
 #include <QComboBox>
 #include <QFontComboBox>
 #include <QFontDatabase>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolBar>
 #include <QToolButton>
@@ -71,12 +73,14 @@ CHtmlToolBar::CHtmlToolBar(QToolBar *pToolBar)
     m_pFontBox->setObjectName(QStringLiteral("comboFont"));
     m_pFontBox->setToolTip(tr("Font"));
     m_pFontBox->setAccessibleName(tr("Font"));
+    m_pFontBox->lineEdit()->setAccessibleName(tr("Font"));
     pToolBar->addWidget(m_pFontBox);
 
     m_pSizeBox->setObjectName(QStringLiteral("comboSize"));
     m_pSizeBox->setToolTip(tr("Font Size"));
     m_pSizeBox->setAccessibleName(tr("Font Size"));
     m_pSizeBox->setEditable(true);
+    m_pSizeBox->lineEdit()->setAccessibleName(tr("Font Size"));
     m_pSizeBox->setInsertPolicy(QComboBox::NoInsert);
     const QList<int> lstSizes = QFontDatabase::standardSizes();
     for (const int nSize : lstSizes)
@@ -116,6 +120,11 @@ void CHtmlToolBar::addColorButton(QToolBar *pToolBar, SColorButton *pColor, cons
             [this, pSignal, pColor] { emit(this->*pSignal)(pColor->clrChosen); });
     pColor->pButton = qobject_cast<QToolButton *>(pToolBar->widgetForAction(pAction));
     pColor->pButton->setPopupMode(QToolButton::MenuButtonPopup);
+    // Buttons of tool bars are left out by Tab, and their menus open by the mouse alone.
+    pColor->pButton->setFocusPolicy(Qt::TabFocus);
+    auto *pOpenMenu = new QShortcut(QKeySequence(QStringLiteral("Alt+Down")), pColor->pButton);
+    pOpenMenu->setContext(Qt::WidgetShortcut);
+    connect(pOpenMenu, &QShortcut::activated, pColor->pButton, &QToolButton::showMenu);
 }
 
 void CHtmlToolBar::showFont(const QString &strName, const QString &strSize)

@@ -18,6 +18,7 @@ CNoticeBar::CNoticeBar(QWidget *pParent)
     m_pLabel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addWidget(m_pLabel);
     m_pEnd = addAction(QIcon(QStringLiteral(":/res/close.png")), tr("Close this notice"));
+    widgetForAction(m_pEnd)->setFocusPolicy(Qt::TabFocus);
     connect(m_pEnd, &QAction::triggered, this, &CNoticeBar::dismissed);
     hide();
 }
@@ -30,11 +31,17 @@ void CNoticeBar::show(const SNotice &notice)
     }
     m_lstButtons.clear();
     m_pLabel->setText(notice.strText);
+    QWidget *pLast = nullptr;
     for (const SNotice::SChoice &choice : notice.lstChoices) {
         auto *pButton = new QPushButton(choice.strText);
         connect(pButton, &QPushButton::clicked, this, choice.chosen);
         m_lstButtons.append(insertWidget(m_pEnd, pButton));
+        if (pLast)
+            setTabOrder(pLast, pButton);
+        pLast = pButton;
     }
+    if (pLast)
+        setTabOrder(pLast, widgetForAction(m_pEnd));
     setVisible(!notice.strText.isEmpty());
 }
 

@@ -72,6 +72,7 @@ void MainWindow::setupTabs()
 {
     m_pTabs = new CTabWidget(this);
     m_pTabs->setObjectName(QStringLiteral("tabWidget"));
+    m_pTabs->setAccessibleName(tr("Documents"));
     m_pTabs->setTabsClosable(true);
     m_pTabs->setMovable(true);
     m_pTabs->setDocumentMode(true);
@@ -109,6 +110,8 @@ void MainWindow::setupShortcuts()
     };
     addKey("Ctrl+Tab", [step] { step(1); });
     addKey("Ctrl+Shift+Tab", [step] { step(-1); });
+    addKey("F6", [this] { stepPane(1); });
+    addKey("Shift+F6", [this] { stepPane(-1); });
     addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 }
 

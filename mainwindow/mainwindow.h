@@ -19,6 +19,7 @@ class CEditWebView;
 class CHighlightEdit;
 class CHighlightMgt;
 class CHtmlToolBar;
+class CNoticeBar;
 class CPreviewWidget;
 class CStatusLabels;
 class CTabWidget;
@@ -196,11 +197,13 @@ private:
     // mainwindow_preview.cpp
     void setupDocks();
     void previewCurrentDocument();
+    void stepPane(int nBy);
 
     std::unique_ptr<Ui::MainWindow> m_pUi;
     CTabWidget *m_pTabs = nullptr;
     CHighlightMgt *m_pHighlightMgt = nullptr;
     CDocumentGuard *m_pGuard = nullptr;
+    CNoticeBar *m_pNotice = nullptr;
     CStatusLabels *m_pStatus = nullptr;
     CHtmlToolBar *m_pHtmlTools = nullptr;
     CPreviewWidget *m_pPreview = nullptr;

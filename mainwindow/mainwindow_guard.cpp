@@ -14,10 +14,10 @@
 void MainWindow::setupGuard()
 {
     addToolBarBreak(Qt::TopToolBarArea);
-    auto *pBar = new CNoticeBar(this);
-    addToolBar(Qt::TopToolBarArea, pBar);
+    m_pNotice = new CNoticeBar(this);
+    addToolBar(Qt::TopToolBarArea, m_pNotice);
     const QDir dataFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    m_pGuard = new CDocumentGuard(dataFolder.filePath(QStringLiteral("recovery")), pBar, this);
+    m_pGuard = new CDocumentGuard(dataFolder.filePath(QStringLiteral("recovery")), m_pNotice, this);
     connect(m_pGuard, &CDocumentGuard::saveWanted, this, &MainWindow::on_actionSave_triggered);
     connect(m_pGuard, &CDocumentGuard::refreshWanted, this,
             &MainWindow::on_actionRefresh_triggered);

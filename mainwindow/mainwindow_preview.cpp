@@ -4,6 +4,9 @@
 #include "browser/cwidgetfavorfilelist.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
+#include "mainwindow/cnoticebar.h"
+#include "mainwindow/ctabwidget.h"
+#include "mainwindow/panes.h"
 #include "res/icons.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"
@@ -11,6 +14,8 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
+#include <QTabBar>
+#include <QToolBar>
 #include <QUrl>
 
 namespace {
@@ -110,4 +115,15 @@ bool MainWindow::eventFilter(QObject *pObject, QEvent *pEvent)
     if (pObject == m_pBrowser && pEvent->type() == QEvent::Show && m_bBrowserWasHidden)
         m_pBrowser->setRootPath(m_pBrowser->rootPath());
     return QMainWindow::eventFilter(pObject, pEvent);
+}
+
+void MainWindow::stepPane(int nBy)
+{
+    QList<QWidget *> lstPanes = {m_pBrowser, m_pPreview, m_pNotice, m_pUi->htmlToolBar};
+    if (m_pTabs->count() > 0) {
+        lstPanes.prepend(m_pTabs->tabBar());
+        lstPanes.prepend(m_pTabs->currentWidget());
+    }
+    if (QWidget *pPane = nextPane(lstPanes, focusWidget(), nBy))
+        focusPane(pPane);
 }

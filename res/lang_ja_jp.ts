@@ -87,6 +87,10 @@
         <source>Replace All: %1 items have been replaced.</source>
         <translation>すべて置換: %1 件を置換しました。</translation>
     </message>
+    <message>
+        <source>Find and replace</source>
+        <translation>検索と置換</translation>
+    </message>
 </context>
 <context>
     <name>CDlgGo</name>
@@ -113,10 +117,6 @@
 </context>
 <context>
     <name>CDocumentGuard</name>
-    <message>
-        <source>Only the beginning of %1 could be read. Saving cuts the file.</source>
-        <translation>%1 は先頭部分しか読み込めませんでした。保存するとファイルが切り詰められます。</translation>
-    </message>
     <message>
         <source>Overwrite</source>
         <translation>上書き</translation>
@@ -149,6 +149,10 @@
         <source>Discard</source>
         <translation>破棄</translation>
     </message>
+    <message>
+        <source>Not all of %1 can be shown as text. Saving loses the rest.</source>
+        <translation>%1 にはテキストとして表示できない部分があります。保存するとその部分は失われます。</translation>
+    </message>
 </context>
 <context>
     <name>CEditWebView</name>
@@ -179,6 +183,10 @@
     <message>
         <source>Cannot open file(%1).</source>
         <translation>ファイル(%1)を開けません。</translation>
+    </message>
+    <message>
+        <source>Page editor</source>
+        <translation>ページ エディター</translation>
     </message>
 </context>
 <context>
@@ -674,10 +682,6 @@
         <translation>(無題)</translation>
     </message>
     <message>
-        <source>Only the beginning can be shown: the file holds zero bytes.</source>
-        <translation>先頭部分のみ表示しています: ファイルに NUL 文字が含まれています。</translation>
-    </message>
-    <message>
         <source>The file is read-only.</source>
         <translation>このファイルは読み取り専用です。</translation>
     </message>
@@ -764,6 +768,18 @@
     <message>
         <source>Folder Browser</source>
         <translation>フォルダー ブラウザー</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>ドキュメント</translation>
+    </message>
+    <message>
+        <source>This is another page than the document&apos;s file: Save As keeps it.</source>
+        <translation>文書のファイルとは別のページです。保存するには「名前を付けて保存」を使ってください。</translation>
+    </message>
+    <message>
+        <source>The file is not all text: not all of it can be shown.</source>
+        <translation>このファイルはテキストだけではないため、すべては表示できません。</translation>
     </message>
 </context>
 <context>

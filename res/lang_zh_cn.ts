@@ -87,6 +87,10 @@
         <source>Replace All: %1 items have been replaced.</source>
         <translation>全部替换：已替换 %1 处。</translation>
     </message>
+    <message>
+        <source>Find and replace</source>
+        <translation>查找和替换</translation>
+    </message>
 </context>
 <context>
     <name>CDlgGo</name>
@@ -113,10 +117,6 @@
 </context>
 <context>
     <name>CDocumentGuard</name>
-    <message>
-        <source>Only the beginning of %1 could be read. Saving cuts the file.</source>
-        <translation>只能读取 %1 的开头部分。保存将截断该文件。</translation>
-    </message>
     <message>
         <source>Overwrite</source>
         <translation>覆盖</translation>
@@ -149,6 +149,10 @@
         <source>Discard</source>
         <translation>丢弃</translation>
     </message>
+    <message>
+        <source>Not all of %1 can be shown as text. Saving loses the rest.</source>
+        <translation>%1 并非全部都能显示为文本。保存将丢失其余内容。</translation>
+    </message>
 </context>
 <context>
     <name>CEditWebView</name>
@@ -179,6 +183,10 @@
     <message>
         <source>Cannot open file(%1).</source>
         <translation>无法打开文件(%1)。</translation>
+    </message>
+    <message>
+        <source>Page editor</source>
+        <translation>页面编辑器</translation>
     </message>
 </context>
 <context>
@@ -674,10 +682,6 @@
         <translation>(无标题)</translation>
     </message>
     <message>
-        <source>Only the beginning can be shown: the file holds zero bytes.</source>
-        <translation>只能显示开头部分：文件含有零字节。</translation>
-    </message>
-    <message>
         <source>The file is read-only.</source>
         <translation>该文件为只读。</translation>
     </message>
@@ -764,6 +768,18 @@
     <message>
         <source>Folder Browser</source>
         <translation>文件夹浏览器</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>文档</translation>
+    </message>
+    <message>
+        <source>This is another page than the document&apos;s file: Save As keeps it.</source>
+        <translation>这不是该文档文件的页面：可用“另存为”保存。</translation>
+    </message>
+    <message>
+        <source>The file is not all text: not all of it can be shown.</source>
+        <translation>该文件并非纯文本：无法全部显示。</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,7 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
 {
     setPage(new CSafePage(this));
     setEditable(true);
+    setAccessibleName(tr("Page editor"));
     connect(this, &QWebView::loadStarted, this, &CEditWebView::onLoadStarted);
     connect(this, &QWebView::loadFinished, this, &CEditWebView::onLoadFinished);
     connect(page(), &QWebPage::contentsChanged, this, &CEditWebView::onEditPageContentChanged);

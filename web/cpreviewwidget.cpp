@@ -148,6 +148,7 @@ QWebView *CPreviewWidget::webFileView()
         m_pWebFile = new QWebView(this);
         m_pFilePage = new CSafePage(m_pWebFile);
         m_pWebFile->setPage(m_pFilePage);
+        m_pWebFile->setAccessibleName(tr("Preview"));
         m_pWebFile->setContextMenuPolicy(Qt::NoContextMenu); // Ours shows instead.
         addView(m_pWebFile);
     }
@@ -159,6 +160,7 @@ CEditWebView *CPreviewWidget::webTextView()
     if (!m_pWebText) {
         m_pWebText = new CEditWebView(this);
         m_pWebText->page()->setContentEditable(false);
+        m_pWebText->setAccessibleName(tr("Preview"));
         m_pWebText->setLinksFollowed(false);
         m_pWebText->setContextMenuPolicy(Qt::NoContextMenu);
         addView(m_pWebText);
@@ -178,6 +180,7 @@ void CPreviewWidget::showText(const QString &strPath)
     deleteTextView();
     m_pText = new CHighlightEdit(this);
     m_pText->setReadOnly(true);
+    m_pText->setAccessibleName(tr("Preview"));
     m_pText->setContextMenuPolicy(Qt::NoContextMenu);
     addView(m_pText);
     m_pText->show();
