@@ -1,6 +1,5 @@
 #include "highlight/clinestore.h"
 
-#include <QMutexLocker>
 #include <algorithm>
 #include <iterator>
 
@@ -62,13 +61,13 @@ CLineStore::CLineStore() : m_lstChunks(1), m_nCount(1)
 
 int CLineStore::count() const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     return m_nCount;
 }
 
 QString CLineStore::text(int nLine) const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     const Position at = locate(nLine);
     const Chunk &chunk = m_lstChunks[at.nChunk];
     return chunk.strText.mid(chunk.offset(at.nLine), chunk.lst[at.nLine].nLength);
@@ -76,7 +75,7 @@ QString CLineStore::text(int nLine) const
 
 void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QString()> &nextLine)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     voidResultsUnderWay();
     // The line behind the edit was computed with this state; it stays valid if the state comes
     // again.
@@ -92,7 +91,7 @@ void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QSt
 
 void CLineStore::touch()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     voidResultsUnderWay();
     m_bEdited = true;
     m_nVersion.fetch_add(1, std::memory_order_release);
@@ -100,7 +99,7 @@ void CLineStore::touch()
 
 void CLineStore::markAllStale()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     for (Chunk &chunk : m_lstChunks) {
         for (Entry &entry : chunk.lst) {
             entry.bStale = true;
@@ -112,13 +111,13 @@ void CLineStore::markAllStale()
 
 bool CLineStore::isEdited() const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     return m_bEdited;
 }
 
 bool CLineStore::isComplete() const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     return m_lstUnderWay.empty()
         && std::all_of(m_lstChunks.begin(), m_lstChunks.end(),
                        [](const Chunk &chunk) { return chunk.nStale == 0; });
@@ -126,7 +125,7 @@ bool CLineStore::isComplete() const
 
 void CLineStore::confirm(uint nVersion, int nCount)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     if (nVersion == version()) {
         m_lstUnderWay.erase(m_lstUnderWay.begin(), m_lstUnderWay.begin() + nCount);
     }
@@ -134,7 +133,7 @@ void CLineStore::confirm(uint nVersion, int nCount)
 
 CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     Batch batch;
     if (nVersion != version() || nFrom >= m_nCount) {
         return batch;
@@ -181,7 +180,7 @@ CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) c
 
 bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     if (nVersion != version() || nGeneration != generation()) {
         return false;
     }
@@ -202,7 +201,7 @@ bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<Done>
 
 void CLineStore::finishPass(uint nVersion)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     if (nVersion == version()) {
         m_bEdited = false;
     }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QMutex>
 #include <QString>
 #include <atomic>
 #include <deque>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 // A copy of a document's lines for the highlighter's thread, with what is known of each line's
@@ -101,7 +101,7 @@ private:
     void insert(int nFirst, int nCount, const std::function<QString()> &nextLine);
     void splitBehind(const Position &at);
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     std::vector<Chunk> m_lstChunks;
     int m_nCount = 0;
     std::deque<int> m_lstUnderWay; // lines whose results were committed and not yet confirmed

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QList>
-#include <QMutex>
 #include <QTextLayout>
-#include <QWaitCondition>
+#include <condition_variable>
 #include <deque>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 // What the highlighter's thread found out about one line.
@@ -38,8 +38,8 @@ public:
     void wake();
 
 private:
-    mutable QMutex m_mutex;
-    QWaitCondition m_roomMade;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_roomMade;
     std::deque<HighlightResult> m_lst;
     size_t m_nBound;
 };

@@ -2,8 +2,6 @@
 
 #include "highlight/chighlightrules.h"
 
-#include <QMutexLocker>
-
 CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
     : QThread(pDocument),
       m_pDocument(pDocument),
@@ -39,7 +37,7 @@ void CThreadHighlighter::setDefinition(const QVariantMap &mapDefinition)
 {
     auto pRules = std::make_shared<const CHighlightRules>(mapDefinition);
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> locker(m_mutex);
         m_pRules.swap(pRules);
     }
     m_pLines->markAllStale();
@@ -50,7 +48,7 @@ void CThreadHighlighter::setSelectedWord(const QString &strWord)
 {
     const QString strNew = strWord.trimmed().size() < 3 ? QString() : strWord;
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> locker(m_mutex);
         if (strNew == m_strWord) {
             return;
         }
@@ -89,7 +87,7 @@ void CThreadHighlighter::rehighlight()
         m_pLines->markAllStale();
     }
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> locker(m_mutex);
         m_bSyntaxRestart = true;
         m_bSyntaxWanted = true;
         m_bStop = false;
@@ -108,7 +106,7 @@ void CThreadHighlighter::stopThread()
 void CThreadHighlighter::startIfIdle()
 {
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> locker(m_mutex);
         if (m_bActive) {
             return;
         }

@@ -4,12 +4,12 @@
 #include "highlight/cresultqueue.h"
 #include "highlight/ctextdocument.h"
 
-#include <QMutex>
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
 #include <atomic>
 #include <memory>
+#include <mutex>
 
 class CHighlightRules;
 
@@ -83,8 +83,9 @@ private:
     std::shared_ptr<CLineStore> m_pLines;
     CResultQueue m_queue;
 
-    // Guards the rules, the word and whether the worker may still see a request.
-    mutable QMutex m_mutex;
+    // Guards the rules, the word and whether the worker may still see a request. Of the standard
+    // library, as in the parts below, because ThreadSanitizer sees through it.
+    mutable std::mutex m_mutex;
     std::shared_ptr<const CHighlightRules> m_pRules;
     QString m_strWord;
     bool m_bActive = false;

@@ -3,8 +3,6 @@
 #include "highlight/cselectedword.h"
 #include "highlight/cthreadhighlighter.h"
 
-#include <QMutexLocker>
-
 struct CThreadHighlighter::Pass
 {
     uint nVersion = 0;
@@ -48,7 +46,7 @@ void CThreadHighlighter::run()
 
 void CThreadHighlighter::beginPass(Pass *pPass)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     m_bActive = true;
     if (m_bSyntaxRestart) {
         m_bSyntaxWanted = true;
@@ -89,7 +87,7 @@ void CThreadHighlighter::runPass(Pass *pPass)
 void CThreadHighlighter::takeRules(Pass *pPass) const
 {
     pPass->nGeneration = m_pLines->generation();
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     pPass->pRules = m_pRules;
     if (pPass->word.text() != m_strWord) {
         pPass->word = CSelectedWord(m_strWord);
@@ -147,7 +145,7 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch 
 // anew.
 bool CThreadHighlighter::endPass(const Pass &pass)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> locker(m_mutex);
     if (!m_bStop && (m_bSyntaxRestart || m_bSelectionRestart)) {
         m_bSyntaxWanted = false;
         m_bSelectionWanted = false;

@@ -2,7 +2,6 @@
 #include "highlight/cthreadhighlighter.h"
 
 #include <QElapsedTimer>
-#include <QMutexLocker>
 
 namespace {
 
@@ -67,7 +66,7 @@ void CThreadHighlighter::deliverSome(const std::vector<HighlightResult> &lst)
 void CThreadHighlighter::repeatSelection()
 {
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> locker(m_mutex);
         m_bSelectionWanted = true;
         m_bSelectionRestart = true;
     }

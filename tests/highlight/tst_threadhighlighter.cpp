@@ -182,7 +182,9 @@ void tst_ThreadHighlighter::requestWithoutEdit_doesEveryBlock()
 void tst_ThreadHighlighter::stateIsWritten_beforeTheResultIsSeen()
 {
     HighlightedEditor editor;
+    // The definition asks for a pass of its own.
     editor.pHighlighter->setDefinition(likeC());
+    QVERIFY(editor.settle());
     editor.document.setPlainText("/*\n\na");
     QList<int> lstStates;
     connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
