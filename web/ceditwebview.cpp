@@ -17,7 +17,7 @@
 
 CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
 {
-    setPage(new CSafePage(this));
+    (new CSafePage(this))->showIn(this);
     setEditable(true);
     setAccessibleName(tr("Page editor"));
     connect(this, &QWebView::loadStarted, this, &CEditWebView::onLoadStarted);

@@ -147,7 +147,7 @@ QWebView *CPreviewWidget::webFileView()
     if (!m_pWebFile) {
         m_pWebFile = new QWebView(this);
         m_pFilePage = new CSafePage(m_pWebFile);
-        m_pWebFile->setPage(m_pFilePage);
+        m_pFilePage->showIn(m_pWebFile);
         m_pWebFile->setAccessibleName(tr("Preview"));
         m_pWebFile->setContextMenuPolicy(Qt::NoContextMenu); // Ours shows instead.
         addView(m_pWebFile);

@@ -3,8 +3,10 @@
 #include "web/cpagenetwork.h"
 
 #include <QNetworkRequest>
+#include <QStyle>
 #include <QWebFrame>
 #include <QWebSettings>
+#include <QWebView>
 
 CSafePage::CSafePage(QObject *pParent) : QWebPage(pParent), m_pNetwork(new CPageNetwork(this))
 {
@@ -12,6 +14,15 @@ CSafePage::CSafePage(QObject *pParent) : QWebPage(pParent), m_pNetwork(new CPage
     restrictSettings();
     connect(this, &QWebPage::loadStarted, this, [this] { m_bLoading = true; });
     connect(this, &QWebPage::loadFinished, this, [this] { m_bLoading = false; });
+}
+
+void CSafePage::showIn(QWebView *pView)
+{
+    QPalette pal = pView->style()->standardPalette();
+    pal.setColor(QPalette::Base, Qt::white);
+    pal.setColor(QPalette::Text, Qt::black);
+    pView->setPage(this);
+    pView->setPalette(pal); // The view hands it to its page, now and after every change.
 }
 
 void CSafePage::restrictSettings()

@@ -6,6 +6,7 @@
 #include <functional>
 
 class CPageNetwork;
+class QWebView;
 
 // A page on which nothing of the document's own runs: no scripts, plug-ins, Java or media, no
 // network for a local document, no error pages, no window of its own. It goes to another address
@@ -16,6 +17,10 @@ class CSafePage : public QWebPage
 
 public:
     explicit CSafePage(QObject *pParent = nullptr);
+
+    // Makes this the view's page and has it painted as its author saw it, on white: a page that
+    // names no colours of its own is black, which a dark desktop would show on black.
+    void showIn(QWebView *pView);
 
     // Runs a load, reload or step in the history.
     void navigate(const std::function<void()> &load);

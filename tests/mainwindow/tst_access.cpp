@@ -22,6 +22,7 @@
 #include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWebView>
 
 namespace {
 
@@ -137,6 +138,8 @@ private slots:
     void noticeBar_buttonsAreReachedByKey();
     void texts_haveContrast_data();
     void texts_haveContrast();
+    void pages_haveContrast_data() { texts_haveContrast_data(); }
+    void pages_haveContrast();
 
 private:
     QPalette m_palLight;
@@ -422,6 +425,24 @@ void TestAccess::texts_haveContrast()
         QVERIFY2(dRatio >= 4.5,
                  qPrintable(QStringLiteral("%1: %2").arg(describe(pText)).arg(dRatio)));
     }
+}
+
+// A page that names no colours, in the editor and in the preview.
+void TestAccess::pages_haveContrast()
+{
+    QFETCH(bool, bDark);
+    if (bDark)
+        QApplication::setPalette(darkPalette());
+    CWindowFixture fixture;
+    MainWindow &window = fixture.window();
+    window.resize(1200, 800);
+    const QString strPath = fixture.file("a.html", "<h1>MMMMMM</h1>");
+    window.openFile(strPath);
+    window.onFileSelectionChanged(strPath);
+    QTRY_COMPARE(window.findChildren<QWebView *>().size(), 2);
+    const QList<QWebView *> lstViews = window.findChildren<QWebView *>();
+    for (QWebView *pView : lstViews)
+        QTRY_VERIFY2(Contrast::ofText(pView) >= 4.5, qPrintable(describe(pView)));
 }
 
 QTEST_MAIN(TestAccess)
