@@ -37,6 +37,10 @@ CDlgFind::CDlgFind(QWidget *pParent) : QDialog(pParent), m_pUi(new Ui::CDlgFind)
     prepareBoxes();
     loadOptions();
     connectButtons();
+    // The form has measured its first page before the texts were set, and would measure it again
+    // only when it is shown: the dialog would begin too narrow on the other page and jump.
+    m_pUi->gridLayout_find->invalidate();
+    m_pUi->verticalLayout_find->invalidate();
 }
 
 CDlgFind::~CDlgFind() = default;

@@ -48,6 +48,7 @@ private slots:
     void setFindText_survivesShowFind();
     void showFind_focusesTheBox();
     void showReplace_focusesTheBox();
+    void changeOfTab_keepsTheWidth();
     void messages_areThoseOfTheSearch();
     void message_isNeverMarkup();
     void inactiveDialog_isTranslucent();
@@ -420,6 +421,18 @@ void tst_DlgFind::showReplace_focusesTheBox()
     QVERIFY(QTest::qWaitForWindowActive(m_pDialog.get()));
     QCOMPARE(child<QTabWidget>("tabWidget")->currentIndex(), 1);
     QTRY_VERIFY(child<QComboBox>("comboBox_replace_find")->hasFocus());
+}
+
+void tst_DlgFind::changeOfTab_keepsTheWidth()
+{
+    m_pDialog->showReplace();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pDialog.get()));
+    const int nWidth = m_pDialog->width();
+    m_pDialog->showFind();
+    QTRY_VERIFY(child<QComboBox>("comboBox_find")->isVisible());
+    QCoreApplication::processEvents();
+    QCOMPARE(m_pDialog->width(), nWidth);
+    QVERIFY(nWidth >= m_pDialog->sizeHint().width());
 }
 
 void tst_DlgFind::messages_areThoseOfTheSearch()
