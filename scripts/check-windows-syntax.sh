@@ -6,8 +6,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-compiler=x86_64-w64-mingw32-g++
-command -v "$compiler" >/dev/null || { echo "Missing: $compiler (g++-mingw-w64-x86-64)" >&2; exit 1; }
+# With POSIX threads, as Qt for MinGW is built; the other variant lacks parts of the library.
+compiler=x86_64-w64-mingw32-g++-posix
+command -v "$compiler" >/dev/null || { echo "Missing: $compiler (g++-mingw-w64-x86-64-posix)" >&2; exit 1; }
 qmake=$(command -v qmake || echo /usr/lib/qt5/bin/qmake)
 headers=$("$qmake" -query QT_INSTALL_HEADERS)
 uic=$("$qmake" -query QT_HOST_BINS)/uic

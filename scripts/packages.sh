@@ -20,4 +20,4 @@ PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
 
 # To check what no test program can: the Linux package, the Windows branches, the drawings.
 PACKAGES_CHECK="
-dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64"
+dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix"
