@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QVBoxLayout>
 
 CWidgetFileList::CWidgetFileList(QWidget *pParent)
@@ -87,6 +88,9 @@ void CWidgetFileList::createList()
     m_pListView->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pListView->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_pListView->setActions({m_strActExplore, m_strActOpenDefault});
+    // The style's own size for lists is larger than some of the icons: names would not line up.
+    const int nIconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    m_pListView->setIconSize(QSize(nIconSize, nIconSize));
     // A huge folder is laid out a hundred rows at a time, with the event loop in between. The
     // scroll bar counts pixels, because meanwhile it has no rows to count.
     m_pListView->setLayoutMode(QListView::Batched);

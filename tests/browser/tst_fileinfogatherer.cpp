@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <mutex>
+
 // A reader whose signals are recorded on its own thread, in the order they are emitted.
 class CRecordedReader : public CFileInfoGatherer
 {
@@ -13,7 +15,7 @@ public:
         connect(
             this, &CFileInfoGatherer::newListOfFiles2, this,
             [this](const QString &strPath, const QFileInfoList &lst) {
-                const QMutexLocker locker(&m_recordMutex);
+                const std::lock_guard<std::mutex> guard(m_recordMutex);
                 QStringList lstNames;
                 for (const QFileInfo &info : lst)
                     lstNames.append(info.fileName().isEmpty() ? info.filePath() : info.fileName());
@@ -24,7 +26,7 @@ public:
         connect(
             this, &CFileInfoGatherer::directoryLoaded, this,
             [this](const QString &strPath) {
-                const QMutexLocker locker(&m_recordMutex);
+                const std::lock_guard<std::mutex> guard(m_recordMutex);
                 m_lstLoaded.append(strPath);
             },
             Qt::DirectConnection);
@@ -37,24 +39,24 @@ public:
 
     QStringList directories() const
     {
-        const QMutexLocker locker(&m_recordMutex);
+        const std::lock_guard<std::mutex> guard(m_recordMutex);
         return m_lstDirectories;
     }
     QStringList loaded() const
     {
-        const QMutexLocker locker(&m_recordMutex);
+        const std::lock_guard<std::mutex> guard(m_recordMutex);
         return m_lstLoaded;
     }
     QStringList names(int n) const
     {
-        const QMutexLocker locker(&m_recordMutex);
+        const std::lock_guard<std::mutex> guard(m_recordMutex);
         QStringList lst = m_lstNames.value(n);
         lst.sort();
         return lst;
     }
 
 private:
-    mutable QMutex m_recordMutex;
+    mutable std::mutex m_recordMutex; // Of the kind that the thread sanitizer knows.
     QStringList m_lstDirectories;
     QStringList m_lstLoaded;
     QList<QStringList> m_lstNames;
