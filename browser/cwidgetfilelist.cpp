@@ -5,6 +5,7 @@
 #include "browser/cmenulistview.h"
 #include "browser/flatbutton.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
@@ -123,8 +124,13 @@ void CWidgetFileList::setRootPath(const QString &strPath)
     const bool bKnown = m_pComboFolder->findText(strNative, Qt::MatchExactly) >= 0;
     m_pComboFolder->setEditText(strNative);
     listFolder(strNative);
-    if (!bKnown)
-        m_pComboFolder->insertItem(0, strNative);
+    if (bKnown)
+        return;
+    m_pComboFolder->insertItem(0, strNative);
+    // The history opens as wide as its paths, however narrow the panel is.
+    QAbstractItemView *pHistory = m_pComboFolder->view();
+    const int nScrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    pHistory->setMinimumWidth(qMin(pHistory->sizeHintForColumn(0) + nScrollBar, 700));
 }
 
 // Leaves the history alone.
