@@ -136,7 +136,7 @@ void CEditWebView::applySource(const QString &strHtml)
         m_bModified = true;
     if (m_pSourceEdit->document()->revision() != m_nPushedRevision) {
         const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
-        setHtml(strHtml, bOwn ? QUrl::fromLocalFile(m_strFilePath) : url());
+        setHtml(strHtml, bOwn ? fileUrl() : url());
     }
 }
 

@@ -148,6 +148,7 @@ private:
     void pushSource();
 
     bool showsOwnAddress() const;
+    QUrl fileUrl() const;
     bool mayLeave();
     void step(QWebPage::WebAction action);
     void followLink(const QUrl &url);

@@ -34,8 +34,15 @@ bool CEditWebView::loadFile(const QString &strPath)
     if (!isReadable(strPath))
         return false;
     setFilePath(strPath);
-    setUrl(QUrl::fromLocalFile(strPath));
+    setUrl(fileUrl());
     return true;
+}
+
+// A name given on the command line may be relative, which an address cannot be.
+QUrl CEditWebView::fileUrl() const
+{
+    const QFileInfo info(m_strFilePath);
+    return QUrl::fromLocalFile(info.isRelative() ? info.absoluteFilePath() : m_strFilePath);
 }
 
 void CEditWebView::setUrl(const QUrl &url)
@@ -53,7 +60,7 @@ bool CEditWebView::reload()
     const bool bOwn = showsOwnAddress();
     if (bOwn && m_strFilePath.isEmpty())
         return true;
-    const QUrl urlRead = bOwn ? QUrl::fromLocalFile(m_strFilePath) : url();
+    const QUrl urlRead = bOwn ? fileUrl() : url();
     if (urlRead.isLocalFile() && !isReadable(urlRead.toLocalFile())) {
         emit statusMessage(tr("Cannot open file(%1).").arg(urlRead.toLocalFile()));
         return false;
@@ -72,7 +79,7 @@ void CEditWebView::back()
     if (history()->canGoBack())
         step(QWebPage::Back);
     else
-        setUrl(QUrl::fromLocalFile(m_strFilePath));
+        setUrl(fileUrl());
 }
 
 void CEditWebView::forward()
@@ -108,7 +115,7 @@ bool CEditWebView::showsOwnFile() const
 bool CEditWebView::showsOwnAddress() const
 {
     return isSameDocument(url(), m_urlNamed)
-        || (!m_strFilePath.isEmpty() && isSameDocument(url(), QUrl::fromLocalFile(m_strFilePath)));
+        || (!m_strFilePath.isEmpty() && isSameDocument(url(), fileUrl()));
 }
 
 bool CEditWebView::mayLeave()

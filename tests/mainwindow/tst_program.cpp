@@ -114,6 +114,17 @@ private slots:
         QCOMPARE(home.recentFiles().size(), 1);
     }
 
+    void pageNamedFromItsFolder_isShown()
+    {
+        CHome home;
+        home.file("page.html", "<title>Garden</title><p>text</p>");
+        const QString strBefore = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(home.path(".")));
+        const QProcess *pProcess = home.start({"page.html"});
+        QDir::setCurrent(strBefore);
+        QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(Garden)"), 20000);
+    }
+
     void laterStarts_handTheirFilesOver()
     {
         CHome home;
