@@ -52,7 +52,8 @@ bool holdsStream(const QByteArray &ini)
 {
     static const QRegularExpression s_start(
         QStringLiteral("(?:^|[=,\\s])@(?:Variant|DateTime)\\("));
-    return s_start.match(QString::fromLatin1(unescaped(ini))).hasMatch();
+    const QByteArray text = unescaped(ini);
+    return s_start.match(QString::fromLatin1(text.constData(), text.size())).hasMatch();
 }
 
 } // namespace
