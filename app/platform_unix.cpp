@@ -13,6 +13,7 @@
 #include <QSocketNotifier>
 #include <QUrl>
 
+#include <climits>
 #include <csignal>
 
 #include <fcntl.h>
@@ -107,9 +108,14 @@ QString Platform::fileIconKind(const QFileInfo &info)
 
 bool Platform::mustWriteInPlace(const QString &strPath)
 {
+    const QByteArray path = QFile::encodeName(strPath);
     struct stat info = {};
-    if (stat(QFile::encodeName(strPath).constData(), &info) != 0)
+    if (stat(path.constData(), &info) != 0)
         return false;
+    // The copy gets a name of its own at first, a dot and six characters longer.
+    const int nNameLength = path.size() - path.lastIndexOf('/') - 1;
+    if (nNameLength + 7 > NAME_MAX)
+        return true;
     return !S_ISREG(info.st_mode) || info.st_nlink > 1 || info.st_uid != geteuid()
         || info.st_gid != getegid();
 }

@@ -100,6 +100,8 @@ private slots:
     void existingFile_isReplaced_data();
     void existingFile_isReplaced();
     void nothingIsLeftBesideTheFile();
+    void longestName_isWritten_data();
+    void longestName_isWritten();
     void permissions_areKept_data();
     void permissions_areKept();
     void foreignGroup_isKept();
@@ -200,6 +202,25 @@ void TestFileWriter::nothingIsLeftBesideTheFile()
     QVERIFY(writeFile(path("file"), "new"));
     QCOMPARE(QDir(m_pFolder->path()).entryList(QDir::Files | QDir::Hidden),
              QStringList {QStringLiteral("file")});
+}
+
+// The copy that replaces a file has a longer name.
+void TestFileWriter::longestName_isWritten_data()
+{
+    QTest::addColumn<int>("nLength");
+    for (const int nLength : {247, 248, 249, 254, 255})
+        QTest::addRow("%d bytes", nLength) << nLength;
+}
+
+void TestFileWriter::longestName_isWritten()
+{
+    QFETCH(int, nLength);
+    const QString strPath = path(QByteArray(nLength, 'x').constData());
+    QVERIFY(writeFile(strPath, "new"));
+    QCOMPARE(contents(strPath), QByteArray("new"));
+    QVERIFY(writeFile(strPath, "newer"));
+    QCOMPARE(contents(strPath), QByteArray("newer"));
+    QCOMPARE(QDir(m_pFolder->path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
 void TestFileWriter::permissions_areKept_data()
