@@ -1,7 +1,10 @@
 #include "app/csettings.h"
 
+#include "app/filewriter.h"
 #include "app/settingsfile.h"
 
+#include <QFileInfo>
+#include <QTemporaryFile>
 #include <QVector>
 
 #include <limits>
@@ -130,8 +133,22 @@ void CSettings::read()
     }
 }
 
+// QSettings replaces a file by its beginning when the disk is full (see writeAll()). So as much is
+// written beside it first.
+bool CSettings::hasRoomOnDisk() const
+{
+    const QFileInfo info(fileName());
+    if (!info.isFile()) // Nothing to lose, or the registry of Windows.
+        return true;
+    const int nMargin = 0x4000; // Bytes by which the settings may grow.
+    QTemporaryFile probe(fileName() + QLatin1String(".XXXXXX"));
+    return probe.open() && writeAll(&probe, QByteArray(int(info.size()) + nMargin, ' '));
+}
+
 void CSettings::write()
 {
+    if (!hasRoomOnDisk())
+        return;
     for (const SKey &key : keys()) {
         std::visit(
             [&](auto pMember) { setValue(QLatin1String(key.szName), stored(this->*pMember)); },

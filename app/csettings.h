@@ -10,7 +10,8 @@
 //
 // Every key is mirrored in a plain member. All are read at construction; setters change the member
 // only, and nothing reaches the disk before write() or save(), which the destructor calls once
-// more. A stored value that cannot be read as its type counts as absent. GUI thread only.
+// more; on a full disk the file stays as it is. A stored value that cannot be read as its type
+// counts as absent. GUI thread only.
 class CSettings : public QSettings
 {
     Q_OBJECT
@@ -70,6 +71,8 @@ signals:
     void textFontSizeChanged(int nVal);
 
 private:
+    bool hasRoomOnDisk() const;
+
     QString m_strLoc;
 };
 

@@ -33,13 +33,13 @@ bool replaceFile(QSaveFile *pFile, const QByteArray &data)
 
 bool overwrite(QFile *pFile, const QByteArray &data)
 {
-    return pFile->seek(0) && writeAll(pFile, data) && pFile->flush() && pFile->resize(data.size());
+    return pFile->seek(0) && writeAll(pFile, data) && pFile->resize(data.size());
 }
 
 bool writeInPlace(QFile *pFile, const QByteArray &data)
 {
     if (pFile->isSequential()) // A pipe or a terminal: nothing there to keep.
-        return writeAll(pFile, data) && pFile->flush();
+        return writeAll(pFile, data);
     const QByteArray old = pFile->readAll();
     if (data.size() > old.size() && !Platform::reserveFileSpace(pFile->handle(), data.size())) {
         pFile->resize(old.size());
@@ -69,7 +69,10 @@ bool writeAll(QIODevice *pDevice, const QByteArray &data)
             return false;
         nDone += nWritten;
     }
-    return true;
+    // QSaveFile::commit() overlooks what fails on the way out of the buffer, and would put the
+    // beginning of a small file in the place of the old one.
+    auto *pFile = qobject_cast<QFileDevice *>(pDevice);
+    return !pFile || pFile->flush();
 }
 
 bool writeFile(const QString &strPath, const QByteArray &data, QString *pError)

@@ -14,5 +14,5 @@ class QIODevice;
 // failure.
 bool writeFile(const QString &strPath, const QByteArray &data, QString *pError = nullptr);
 
-// All bytes to the device, or false.
+// All bytes to the device and through its buffer, or false.
 bool writeAll(QIODevice *pDevice, const QByteArray &data);
