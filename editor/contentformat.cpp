@@ -1,7 +1,5 @@
 #include "editor/contentformat.h"
 
-#include "editor/xmlguard.h"
-
 #include <QDomDocument>
 #include <QJsonDocument>
 

@@ -1,17 +1,10 @@
 #pragma once
 
+#include "app/xmlguard.h"
+
 #include <QString>
 
 // Checking and laying out of document contents, without a widget.
-
-// What a parser says of a text.
-struct ParseResult
-{
-    QString strMessage; // Empty: the text parses.
-    int nLine = 0; // Counts from 1.
-    int nColumn = 0; // Counts from 1.
-    bool isGood() const { return strMessage.isEmpty(); }
-};
 
 // The text as XML, without namespace processing. Reads no other file. A text made to exhaust stack,
 // memory or time (see xmlguard.h) is refused with a message of its own.

@@ -1,5 +1,7 @@
 #include "highlight/chighlightmgt.h"
 
+#include "app/xmlguard.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QDomDocument>
@@ -32,10 +34,11 @@ QByteArray readFile(const QString &strPath)
     return file.readAll();
 }
 
-// A null element when the bytes are not well-formed.
+// A null element when the bytes are not well-formed, or made to exhaust the parser.
 QDomElement readRoot(const QByteArray &bytes, QDomDocument *pDocument)
 {
-    return pDocument->setContent(bytes) ? pDocument->documentElement() : QDomElement();
+    return guardXml(bytes).isGood() && pDocument->setContent(bytes) ? pDocument->documentElement()
+                                                                    : QDomElement();
 }
 
 QVariantList parseComments(const QDomNode &nodeComments)

@@ -1,6 +1,6 @@
-#include "editor/xmlguard.h"
+#include "app/xmlguard.h"
 
-#include "editor/xmlentities.h"
+#include "app/xmlentities.h"
 
 #include <QCoreApplication>
 #include <QXmlDefaultHandler>
@@ -95,6 +95,13 @@ ParseResult checkDepth(const QString &strText)
     return handler.result();
 }
 
+QString decoded(const QByteArray &bytes)
+{
+    QXmlInputSource source;
+    source.setData(bytes);
+    return source.data();
+}
+
 QT_WARNING_POP
 
 } // namespace
@@ -112,4 +119,9 @@ ParseResult guardXml(const QString &strText)
                          QT_TRANSLATE_NOOP("XmlGuard", "entities expand to too much text"));
     }
     return checkDepth(strText);
+}
+
+ParseResult guardXml(const QByteArray &bytes)
+{
+    return guardXml(decoded(bytes));
 }

@@ -1,6 +1,15 @@
 #pragma once
 
-#include "editor/contentformat.h"
+#include <QString>
+
+// What a parser says of a text.
+struct ParseResult
+{
+    QString strMessage; // Empty: the text parses.
+    int nLine = 0; // Counts from 1.
+    int nColumn = 0; // Counts from 1.
+    bool isGood() const { return strMessage.isEmpty(); }
+};
 
 // Refuses XML that would exhaust the parser, before it is parsed into a tree.
 //
@@ -10,6 +19,8 @@
 // time. The result is good for every document within g_nMaxXmlDepth levels whose entities stay
 // reasonable; other errors are left for the parser to find.
 ParseResult guardXml(const QString &strText);
+// The same for a file's bytes, in the encoding that they declare.
+ParseResult guardXml(const QByteArray &bytes);
 
 // As other XML parsers have it. A level of the serialiser takes about 1 KB of stack, of which a
 // main thread on Windows has 1 MB.

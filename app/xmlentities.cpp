@@ -1,4 +1,4 @@
-#include "editor/xmlentities.h"
+#include "app/xmlentities.h"
 
 #include <QHash>
 
