@@ -1,105 +1,10 @@
 // The program as a whole: real processes, real windows, the settings file they leave.
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
-#include <QSettings>
-#include <QTemporaryDir>
+#include "cprogramhome.h"
+
 #include <QtTest>
 
 #include <csignal>
-#include <memory>
-#include <vector>
-
-namespace {
-
-const char g_szProgram[] = QUILLAN_BINARY_DIR "/quillan";
-
-// One start of the program, with a settings folder and a mailbox that the cases do not share.
-class CHome
-{
-public:
-    CHome()
-    {
-        m_environment = QProcessEnvironment::systemEnvironment();
-        m_environment.insert("HOME", m_folder.path());
-        m_environment.insert("XDG_CONFIG_HOME", m_folder.filePath("config"));
-        m_environment.insert("XDG_DATA_HOME", m_folder.filePath("data"));
-        m_environment.insert("TMPDIR", m_folder.path());
-    }
-
-    ~CHome()
-    {
-        for (const auto &pProcess : m_lstProcesses) {
-            // In order, so that no segment stays behind in the system.
-            pProcess->terminate();
-            if (!pProcess->waitForFinished(5000))
-                pProcess->kill();
-            pProcess->waitForFinished();
-        }
-    }
-
-    QProcess *start(const QStringList &lstArguments)
-    {
-        m_lstProcesses.push_back(std::make_unique<QProcess>());
-        QProcess *pProcess = m_lstProcesses.back().get();
-        pProcess->setProcessEnvironment(m_environment);
-        pProcess->setProcessChannelMode(QProcess::MergedChannels);
-        pProcess->start(QString::fromLatin1(g_szProgram), lstArguments);
-        return pProcess;
-    }
-
-    QString path(const QString &strName) const { return m_folder.filePath(strName); }
-
-    QString file(const QString &strName, const QByteArray &data = "text\n") const
-    {
-        QFile file(m_folder.filePath(strName));
-        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
-            qFatal("cannot make %s", qPrintable(file.fileName()));
-        return file.fileName();
-    }
-
-    QStringList recentFiles() const
-    {
-        const QString strConf = m_folder.filePath("config/Tavrel Software/quillan.conf");
-        return QSettings(strConf, QSettings::IniFormat).value("m_lstRecentFiles").toStringList();
-    }
-
-    QVariant setting(const char *szKey) const
-    {
-        const QString strConf = m_folder.filePath("config/Tavrel Software/quillan.conf");
-        return QSettings(strConf, QSettings::IniFormat).value(QLatin1String(szKey));
-    }
-
-private:
-    QTemporaryDir m_folder;
-    QProcessEnvironment m_environment;
-    std::vector<std::unique_ptr<QProcess>> m_lstProcesses;
-};
-
-QString run(const QString &strProgram, const QStringList &lstArguments)
-{
-    QProcess process;
-    process.start(strProgram, lstArguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
-}
-
-// The titles of the process's visible windows.
-QStringList windowTitles(const QProcess *pProcess)
-{
-    QStringList lstTitles;
-    const QString strPid = QString::number(pProcess->processId());
-    const QStringList lstIds =
-        run("xdotool", {"search", "--onlyvisible", "--all", "--pid", strPid, "--name", "Quillan"})
-            .split('\n', Qt::SkipEmptyParts);
-    for (const QString &strId : lstIds)
-        lstTitles.append(run("xdotool", {"getwindowname", strId}));
-    return lstTitles;
-}
-
-} // namespace
 
 class TestProgram : public QObject
 {
@@ -108,7 +13,7 @@ class TestProgram : public QObject
 private slots:
     void start_showsItsFile()
     {
-        CHome home;
+        CProgramHome home;
         const QProcess *pProcess = home.start({home.file("a.txt")});
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(a.txt)"), 20000);
         QCOMPARE(home.recentFiles().size(), 1);
@@ -127,7 +32,7 @@ private slots:
 
     void laterStarts_handTheirFilesOver()
     {
-        CHome home;
+        CProgramHome home;
         const QStringList lstNames = {"one.txt", "with blank.txt", "it's.txt",
                                       QString::fromUtf8("日本語 é.txt")};
         const QProcess *pFirst = home.start({});
@@ -150,7 +55,7 @@ private slots:
 
     void messageBeyondTheMailbox_isDroppedAndHarmsNothing()
     {
-        CHome home;
+        CProgramHome home;
         const QProcess *pFirst = home.start({});
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pFirst), QStringList("Quillan"), 20000);
         QProcess *pHuge = home.start({QString(70000, 'x')});
@@ -163,7 +68,7 @@ private slots:
 
     void killedInstance_doesNotBlockTheNextStart()
     {
-        CHome home;
+        CProgramHome home;
         QProcess *pFirst = home.start({home.file("first.txt")});
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pFirst), QStringList("Quillan(first.txt)"), 20000);
         pFirst->kill();
@@ -185,7 +90,7 @@ private slots:
     void endedBySignal_writesSettingsAndFreesTheMailbox()
     {
         QFETCH(int, signal);
-        CHome home;
+        CProgramHome home;
         QProcess *pFirst = home.start({});
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pFirst), QStringList("Quillan"), 20000);
         QVERIFY(!home.setting("m_arrFrameState").isValid());

@@ -15,6 +15,7 @@ struct SBox
     QString strText;
     QMessageBox::StandardButtons buttons;
     QMessageBox::StandardButton defaultButton;
+    Qt::TextFormat format;
 };
 
 // Answers every message box that opens while the object lives with the next of the given buttons
@@ -41,7 +42,7 @@ private:
             ? pBox->standardButton(pBox->defaultButton())
             : QMessageBox::NoButton;
         m_lstBoxes.append({pBox->icon(), pBox->windowTitle(), pBox->text(), pBox->standardButtons(),
-                           defaultButton});
+                           defaultButton, pBox->textFormat()});
         const int nAnswer = qMin(m_lstBoxes.size(), m_lstAnswers.size()) - 1;
         pBox->button(m_lstAnswers.at(nAnswer))->click();
     }
