@@ -120,13 +120,15 @@ void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
     };
     const Ranges lstBefore = pLayout->formats();
     Ranges lstRanges;
-    lstRanges.reserve(lstBefore.size() + lst.size());
-    std::remove_copy_if(lstBefore.begin(), lstBefore.end(), std::back_inserter(lstRanges),
-                        isReplaced);
-    const int nAt = kind == SyntaxRange ? 0 : lstRanges.size();
-    lstRanges.insert(nAt, lst.size(), QTextLayout::FormatRange());
-    std::copy(lst.begin(), lst.end(), lstRanges.begin() + nAt);
-    lstRanges = tb.length() > nMaxColouredLength ? Ranges() : shownRanges(lstRanges);
+    if (tb.length() <= nMaxColouredLength) {
+        lstRanges.reserve(lstBefore.size() + lst.size());
+        std::remove_copy_if(lstBefore.begin(), lstBefore.end(), std::back_inserter(lstRanges),
+                            isReplaced);
+        const int nAt = kind == SyntaxRange ? 0 : lstRanges.size();
+        lstRanges.insert(nAt, lst.size(), QTextLayout::FormatRange());
+        std::copy(lst.begin(), lst.end(), lstRanges.begin() + nAt);
+        lstRanges = shownRanges(lstRanges);
+    }
     if (lstRanges == lstBefore) {
         return; // most blocks of a pass that marks a word
     }
