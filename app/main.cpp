@@ -19,6 +19,7 @@ const char g_szOrganization[] = "Tavrel Software";
 
 int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList &lstPaths)
 {
+    Platform::quitOnTermination(pApp);
     QCoreApplication::setOrganizationName(QLatin1String(g_szOrganization));
     QCoreApplication::setOrganizationDomain(QStringLiteral("quillan.example"));
     QCoreApplication::setApplicationName(
@@ -44,7 +45,6 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
     pMainWindow->showMaximized();
     if (!lstPaths.isEmpty())
         pMainWindow->parseArguments(lstPaths);
-    Platform::quitOnTermination(pApp);
     return QCoreApplication::exec();
 }
 

@@ -61,10 +61,10 @@ void Platform::quitOnTermination(QObject *pParent)
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, g_arrSignalSockets) != 0)
         return;
     auto *pNotifier = new QSocketNotifier(g_arrSignalSockets[1], QSocketNotifier::Read, pParent);
-    QObject::connect(pNotifier, &QSocketNotifier::activated, pParent, [pNotifier] {
-        pNotifier->setEnabled(false);
-        QCoreApplication::exit(0);
-    });
+    // The byte stays unread: a signal that comes before exec() ends a box that is open, and then
+    // exec() itself.
+    QObject::connect(pNotifier, &QSocketNotifier::activated, pParent,
+                     [] { QCoreApplication::exit(0); });
     struct sigaction action = {};
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;
