@@ -2,6 +2,9 @@
 
 #include "app/xmlentities.h"
 
+// The reader is the one that QDomDocument uses inside.
+QT_WARNING_DISABLE_DEPRECATED
+
 #include <QCoreApplication>
 #include <QXmlDefaultHandler>
 
@@ -42,11 +45,8 @@ int deepModelPosition(const QString &strText)
     return -1;
 }
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_DEPRECATED // The reader is the one that QDomDocument uses inside.
-
-    // Stops the reader at the element that lies too deep.
-    class CDepthHandler : public QXmlDefaultHandler
+// Stops the reader at the element that lies too deep.
+class CDepthHandler : public QXmlDefaultHandler
 {
 public:
     bool startElement(const QString &, const QString &, const QString &,
@@ -101,8 +101,6 @@ QString decoded(const QByteArray &bytes)
     source.setData(bytes);
     return source.data();
 }
-
-QT_WARNING_POP
 
 } // namespace
 

@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QRegExp>
 
+#include <algorithm>
+
 namespace {
 
 // The first child of that name, letter case ignored; a null node when there is none.
@@ -34,11 +36,22 @@ QByteArray readFile(const QString &strPath)
     return file.readAll();
 }
 
+// In any encoding: an angle bracket, behind blanks or a byte-order mark. Where the definitions have
+// no folder of their own, programs of many MB lie among them, which are not worth decoding.
+bool beginsAsXml(const QByteArray &bytes)
+{
+    const QByteArray skipped = QByteArrayLiteral("\xef\xbb\xbf\xfe\xff\0 \t\r\n");
+    const auto begin =
+        std::find_if_not(bytes.cbegin(), bytes.cend(), [&](char c) { return skipped.contains(c); });
+    return begin != bytes.cend() && *begin == '<';
+}
+
 // A null element when the bytes are not well-formed, or made to exhaust the parser.
 QDomElement readRoot(const QByteArray &bytes, QDomDocument *pDocument)
 {
-    return guardXml(bytes).isGood() && pDocument->setContent(bytes) ? pDocument->documentElement()
-                                                                    : QDomElement();
+    const bool bGood =
+        beginsAsXml(bytes) && guardXml(bytes).isGood() && pDocument->setContent(bytes);
+    return bGood ? pDocument->documentElement() : QDomElement();
 }
 
 QVariantList parseComments(const QDomNode &nodeComments)

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextCodec>
 
 class tst_HighlightMgt : public QObject
 {
@@ -27,6 +28,8 @@ private slots:
     void parse_laterListReplacesEarlier();
     void parse_listAndContextsCollide();
     void parse_nodesThatAreNoElementsCount();
+    void parse_readsEveryEncoding_data();
+    void parse_readsEveryEncoding();
     void parse_failure_isEmpty_data();
     void parse_failure_isEmpty();
 };
@@ -307,11 +310,36 @@ void tst_HighlightMgt::parse_nodesThatAreNoElementsCount()
     QCOMPARE(lstContexts.at(1).toMap().value("children").toList(), QVariantList {mapEmptyChild});
 }
 
+void tst_HighlightMgt::parse_readsEveryEncoding_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    const QString strText = QString::fromUtf8("<language name='\u8a00\u8a9e'/>");
+    const QByteArray declaration = "<?xml version='1.0' encoding='Shift_JIS'?>";
+    const auto encoded = [&](const char *szCodec, QTextCodec::ConversionFlags flags) {
+        QTextCodec::ConverterState state(flags);
+        return QTextCodec::codecForName(szCodec)->fromUnicode(strText.constData(), strText.size(),
+                                                              &state);
+    };
+    QTest::newRow("UTF-8") << strText.toUtf8();
+    QTest::newRow("UTF-8 with a mark") << QByteArray("\xef\xbb\xbf") + strText.toUtf8();
+    QTest::newRow("behind blanks") << QByteArray("\r\n\t ") + strText.toUtf8();
+    QTest::newRow("UTF-16 with a mark") << encoded("UTF-16", QTextCodec::DefaultConversion);
+    QTest::newRow("declared") << declaration + encoded("Shift_JIS", QTextCodec::IgnoreHeader);
+}
+
+void tst_HighlightMgt::parse_readsEveryEncoding()
+{
+    QFETCH(QByteArray, contents);
+    QCOMPARE(nameOf(parseText(contents)), QString::fromUtf8("\u8a00\u8a9e"));
+}
+
 void tst_HighlightMgt::parse_failure_isEmpty_data()
 {
     QTest::addColumn<QByteArray>("contents");
     QTest::newRow("empty file") << QByteArray();
     QTest::newRow("not well-formed") << QByteArray("<language><general></language>");
+    QTest::newRow("a program") << QByteArray("\x7f"
+                                             "ELF<language/>");
     QTest::newRow("no element") << QByteArray("<?xml version='1.0'?><!-- nothing -->");
 }
 
