@@ -138,8 +138,8 @@ void CHtmlToolBar::showFont(const QString &strName, const QString &strSize)
 
 void CHtmlToolBar::showColors(const QColor &clrText, const QColor &clrBack)
 {
-    showColor(m_text, clrText);
-    showColor(m_back, clrBack);
+    showColor(&m_text, clrText);
+    showColor(&m_back, clrBack);
 }
 
 void CHtmlToolBar::setChosenColors(const QColor &clrText, const QColor &clrBack)
@@ -148,7 +148,10 @@ void CHtmlToolBar::setChosenColors(const QColor &clrText, const QColor &clrBack)
     m_back.clrChosen = clrBack;
 }
 
-void CHtmlToolBar::showColor(const SColorButton &color, const QColor &clr)
+void CHtmlToolBar::showColor(SColorButton *pColor, const QColor &clr)
 {
-    color.pButton->defaultAction()->setIcon(underlined(color.strIcon, clr));
+    if (pColor->clrShown == clr) // Asked with each move of the caret; drawing takes longer.
+        return;
+    pColor->clrShown = clr;
+    pColor->pButton->defaultAction()->setIcon(underlined(pColor->strIcon, clr));
 }

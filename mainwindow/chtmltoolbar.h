@@ -39,11 +39,12 @@ private:
         QToolButton *pButton = nullptr;
         QString strIcon;
         QColor clrChosen;
+        QColor clrShown; // Invalid: none yet.
     };
 
     void addColorButton(QToolBar *pToolBar, SColorButton *pColor, const QString &strName,
                         const QString &strToolTip, void (CHtmlToolBar::*pSignal)(QColor));
-    static void showColor(const SColorButton &color, const QColor &clr);
+    static void showColor(SColorButton *pColor, const QColor &clr);
 
     QFontComboBox *m_pFontBox;
     QComboBox *m_pSizeBox;
