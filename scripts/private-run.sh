@@ -34,7 +34,7 @@ if [ "$display" = yes ]; then
     openbox >/dev/null 2>&1 &
     pids+=($!)
     # The window manager is there once it has named itself on the root window.
-    for _ in $(seq 100); do
+    for _ in $(seq 400); do
         xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
         sleep 0.05
     done

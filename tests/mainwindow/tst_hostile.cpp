@@ -100,6 +100,13 @@ private slots:
         f.editor()->insertPlainText("more ");
         QVERIFY(f.window().on_actionSave_triggered());
         QCOMPARE(CWindowFixture::content(strPath), QByteArray("more text\n"));
+
+        auto *pDock = f.window().findChild<QDockWidget *>("Preview");
+        pDock->show();
+        f.window().onFileSelectionChanged(strPath);
+        const QString strTitle = plainWindowTitle(withoutMnemonic(strName));
+        QTRY_VERIFY(pDock->windowTitle().contains(strTitle)
+                    || pDock->windowTitle().contains(strName));
         verifyLabelsArePlain(&f.window(), strName);
     }
 
@@ -122,21 +129,6 @@ private slots:
         QCOMPARE(answer.boxes().size(), 1);
         QVERIFY(answer.boxes().constFirst().strText.contains(strPath));
         QCOMPARE(answer.boxes().constFirst().format, Qt::PlainText);
-    }
-
-    void fileName_inThePreview_showsAsItIs_data() { addNames(); }
-    void fileName_inThePreview_showsAsItIs()
-    {
-        QFETCH(QString, strName);
-        CWindowFixture f;
-        auto *pDock = f.window().findChild<QDockWidget *>("Preview");
-        pDock->show();
-        const QString strPath = f.file(strName);
-        f.window().onFileSelectionChanged(strPath);
-        QTRY_VERIFY(pDock->windowTitle().contains(plainWindowTitle(withoutMnemonic(strName)))
-                    || pDock->windowTitle().contains(strName));
-        verifyLabelsArePlain(&f.window(), strName);
-        settle();
     }
 
     void names_inTheBrowser_showAsTheyAre()
@@ -298,7 +290,7 @@ private slots:
     void settingsOfNonsense_startAllTheSame_data()
     {
         QTest::addColumn<int>("nSeed");
-        for (int nSeed = 1; nSeed <= 10; ++nSeed)
+        for (int nSeed = 1; nSeed <= 5; ++nSeed)
             QTest::addRow("seed %d", nSeed) << nSeed;
     }
 

@@ -21,7 +21,7 @@ private slots:
 
     void pageNamedFromItsFolder_isShown()
     {
-        CHome home;
+        CProgramHome home;
         home.file("page.html", "<title>Garden</title><p>text</p>");
         const QString strBefore = QDir::currentPath();
         QVERIFY(QDir::setCurrent(home.path(".")));
