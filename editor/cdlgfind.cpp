@@ -1,6 +1,7 @@
 #include "editor/cdlgfind.h"
 
 #include "app/csettings.h"
+#include "editor/windowplace.h"
 
 #include "ui_cdlgfind.h"
 
@@ -8,6 +9,7 @@
 #include <QHideEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 namespace {
 
@@ -125,6 +127,15 @@ void CDlgFind::present(int nTab)
     show();
     raise();
     activateWindow();
+}
+
+void CDlgFind::uncover(const QRect &spot)
+{
+    if (!isVisible())
+        return;
+    const QPoint place = placeBeside(frameGeometry(), spot, screen()->availableGeometry());
+    if (place != pos())
+        move(place);
 }
 
 void CDlgFind::on_tabWidget_currentChanged(int index)

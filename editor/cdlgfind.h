@@ -33,6 +33,9 @@ public:
     void showFind();
     void showReplace();
 
+    // Moves out of the way when the dialog lies over the spot (in the screen's coordinates).
+    void uncover(const QRect &spot);
+
     // Plain text for the message line, green or (an error) red.
     void showInfo(const QString &strText, bool bError);
     void clearInfo();

@@ -1,8 +1,8 @@
 #include "editor/chighlightedit.h"
 
+#include "app/plaintext.h"
 #include "editor/contentformat.h"
 
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 
@@ -55,7 +55,7 @@ bool CHighlightEdit::verifyValid()
     }
     if (strFailure.isEmpty())
         return true;
-    QMessageBox::warning(this, tr("Fail to verify valid"), strFailure, QMessageBox::Ok);
+    showMessage(this, QMessageBox::Warning, tr("Fail to verify valid"), strFailure);
     return false;
 }
 

@@ -36,6 +36,15 @@ QString selectedLine(const CDocument &document)
     return bOneLine ? strText : QString();
 }
 
+// In the screen's coordinates.
+QRect selectedSpot(const CHighlightEdit &edit)
+{
+    QTextCursor start = edit.textCursor();
+    start.setPosition(start.selectionStart());
+    const QRect spot = edit.cursorRect(start).united(edit.cursorRect(edit.textCursor()));
+    return {edit.viewport()->mapToGlobal(spot.topLeft()), spot.size()};
+}
+
 } // namespace
 
 CDlgFind *MainWindow::findDialog()
@@ -110,6 +119,7 @@ void MainWindow::onFindNext()
     if (CHighlightEdit *pEditor = document.editor()) {
         const CWaitCursor wait(pEditor);
         bFound = pEditor->find(strText, false, nullptr);
+        findDialog()->uncover(selectedSpot(*pEditor));
     } else if (CEditWebView *pPage = document.page()) {
         bFound = pPage->findPageText(strText, false);
         if (!bFound && !strText.isEmpty())
@@ -128,6 +138,7 @@ void MainWindow::onReplace()
     if (CHighlightEdit *pEditor = document.editor()) {
         const CWaitCursor wait(pEditor);
         pEditor->replace(strFind, strReplace, nullptr);
+        findDialog()->uncover(selectedSpot(*pEditor));
     } else if (CEditWebView *pPage = document.page()) {
         if (!strFind.isEmpty() && !pPage->replacePageText(strFind, strReplace))
             onCannotFound();

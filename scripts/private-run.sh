@@ -31,7 +31,8 @@ if [ "$display" = yes ]; then
     read -r number <"$base/display"
     export DISPLAY=":$number" QT_QPA_PLATFORM=xcb
     unset WAYLAND_DISPLAY
-    openbox >/dev/null 2>&1 &
+    # Should it end, another takes its place.
+    while sleep 0.1; do openbox; done >/dev/null 2>&1 &
     pids+=($!)
     # The window manager is there once it has named itself on the root window.
     for _ in $(seq 400); do

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTabWidget>
@@ -49,6 +50,7 @@ private slots:
     void showFind_focusesTheBox();
     void showReplace_focusesTheBox();
     void changeOfTab_keepsTheWidth();
+    void dialogOverTheMatch_makesWay();
     void messages_areThoseOfTheSearch();
     void message_isNeverMarkup();
     void inactiveDialog_isTranslucent();
@@ -433,6 +435,20 @@ void tst_DlgFind::changeOfTab_keepsTheWidth()
     QCoreApplication::processEvents();
     QCOMPARE(m_pDialog->width(), nWidth);
     QVERIFY(nWidth >= m_pDialog->sizeHint().width());
+}
+
+void tst_DlgFind::dialogOverTheMatch_makesWay()
+{
+    CDlgFind &dialog = *m_pDialog;
+    dialog.showFind();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    const QPoint before = dialog.pos();
+    dialog.uncover(QRect(dialog.frameGeometry().bottomRight() + QPoint(10, 10), QSize(50, 15)));
+    QCOMPARE(dialog.pos(), before);
+    const QRect spot(dialog.frameGeometry().center(), QSize(50, 15));
+    dialog.uncover(spot);
+    QTRY_VERIFY(!dialog.frameGeometry().intersects(spot));
+    QVERIFY(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
 }
 
 void tst_DlgFind::messages_areThoseOfTheSearch()
