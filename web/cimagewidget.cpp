@@ -1,6 +1,9 @@
 #include "web/cimagewidget.h"
 
+#include "web/svgimages.h"
+
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
@@ -20,12 +23,26 @@ QImage readImage(QImageReader &reader)
     return reader.read();
 }
 
+QImage readSvg(const QByteArray &svg)
+{
+    QByteArray safe = withoutLinkedImages(svg);
+    QBuffer buffer(&safe);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, "SVG");
+    return readImage(reader);
+}
+
 QImage readImageFile(const QString &strPath)
 {
     const QFileInfo info(strPath);
     if (!info.isFile()) // A pipe or a device would never end.
         return QImage();
-    QImageReader reader(strPath, info.suffix().toUpper().toLatin1());
+    const QByteArray format = info.suffix().toUpper().toLatin1();
+    if (format == "SVG") {
+        QFile file(strPath);
+        return file.open(QIODevice::ReadOnly) ? readSvg(file.readAll()) : QImage();
+    }
+    QImageReader reader(strPath, format);
     return readImage(reader);
 }
 
@@ -46,11 +63,7 @@ void CImageWidget::setImageFile(const QString &strPath)
 void CImageWidget::setSvgText(const QString &strText)
 {
     clearImage();
-    QByteArray svg = strText.toUtf8();
-    QBuffer buffer(&svg);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, "SVG");
-    setImage(readImage(reader));
+    setImage(readSvg(strText.toUtf8()));
 }
 
 void CImageWidget::clearImage()

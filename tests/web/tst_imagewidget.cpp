@@ -1,5 +1,5 @@
 #include "web/cimagewidget.h"
-
+#include <QBuffer>
 #include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -19,6 +19,9 @@ private slots:
     void brokenImage_isPlainWhite();
     void svgText_replacesTheFile();
     void svgWithExternalEntity_readsNothing();
+    void svgWithLinkedImages_opensNone_data();
+    void svgWithLinkedImages_opensNone();
+    void svgWithItsOwnImage_showsIt();
     void clearImage_forgetsPathAndImage();
     void transparentImage_liesOnWhite();
     void reload_readsTheFileAgain();
@@ -189,6 +192,50 @@ void tst_ImageWidget::svgWithExternalEntity_readsNothing()
         strLaughs
         + QStringLiteral("]><svg xmlns='http://www.w3.org/2000/svg'><text>&a19;</text></svg>"));
     QVERIFY(timer.elapsed() < 2000);
+}
+
+void tst_ImageWidget::svgWithLinkedImages_opensNone_data()
+{
+    QTest::addColumn<QString>("image");
+    QTest::newRow("link") << "<image xlink:href='%1' width='50' height='50'/>";
+    QTest::newRow("no prefix") << "<image href='%1' width='50' height='50'></image>";
+    QTest::newRow("other prefix") << "<s:image x:href='%1' width='50' height='50'/>";
+}
+
+void tst_ImageWidget::svgWithLinkedImages_opensNone()
+{
+    QFETCH(QString, image);
+    const QTemporaryDir folder;
+    const QString strPicture = writeImage(folder, QStringLiteral("a.png"), QSize(50, 50));
+    const QString strSvg =
+        QString("<svg xmlns='http://www.w3.org/2000/svg' width='100' height='100'>"
+                + image.arg(strPicture) + "<rect width='20' height='20' fill='blue'/></svg>");
+    CImageWidget widget;
+    widget.resize(100, 100);
+    widget.setSvgText(strSvg);
+    QCOMPARE(drawnRect(widget), QRect(0, 0, 20, 20));
+    writeFile(folder.filePath("a.svg"), strSvg.toUtf8());
+    widget.setImageFile(folder.filePath("a.svg"));
+    QCOMPARE(drawnRect(widget), QRect(0, 0, 20, 20));
+}
+
+void tst_ImageWidget::svgWithItsOwnImage_showsIt()
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    QVERIFY(buffer.open(QIODevice::WriteOnly));
+    QImage image(50, 50, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(&buffer, "PNG"));
+    CImageWidget widget;
+    widget.resize(100, 100);
+    widget.setSvgText(QString("<svg xmlns='http://www.w3.org/2000/svg' "
+                              "xmlns:xlink='http://www.w3.org/1999/xlink' width='100' height='100'>"
+                              "<style>.a { fill: blue }</style><g><image width='50' height='50' "
+                              "xlink:href='data:image/png;base64,"
+                              + QString::fromLatin1(png.toBase64())
+                              + "'/></g><rect class='a' x='60' width='10' height='10'/></svg>"));
+    QCOMPARE(drawnRect(widget), QRect(0, 0, 70, 50));
 }
 
 void tst_ImageWidget::clearImage_forgetsPathAndImage()
