@@ -6,9 +6,9 @@
 #include "app/cdraftstore.h"
 #include "app/csettings.h"
 #include "app/filewriter.h"
+#include "support/files.h"
 
 #include <QDirIterator>
-#include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -36,19 +36,6 @@ public:
 private:
     rlimit m_before = {};
 };
-
-QByteArray contents(const QString &strPath)
-{
-    QFile file(strPath);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
-}
-
-void put(const QString &strPath, const QByteArray &data)
-{
-    QFile file(strPath);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(data), qint64(data.size()));
-}
 
 const int g_nOldSize = 3000;
 const int g_nNewSize = 9000;

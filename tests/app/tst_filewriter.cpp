@@ -1,7 +1,7 @@
 #include "app/filewriter.h"
+#include "support/files.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -14,19 +14,6 @@
 namespace {
 
 const int g_nNobody = 65534;
-
-QByteArray contents(const QString &strPath)
-{
-    QFile file(strPath);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
-}
-
-void put(const QString &strPath, const QByteArray &data)
-{
-    QFile file(strPath);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(data), qint64(data.size()));
-}
 
 struct stat statOf(const QString &strPath)
 {

@@ -1,9 +1,9 @@
 // A file is shown by asking the file manager on a session bus of the test's own.
 #include "app/commonhelpers.h"
+#include "support/curlcatcher.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
-#include <QDesktopServices>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -28,20 +28,6 @@ public slots:
         if (m_bFail)
             sendErrorReply(QDBusError::Failed, QStringLiteral("no"));
     }
-};
-
-// Stands for the desktop's programs.
-class CUrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    CUrlCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
-    ~CUrlCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-    QList<QUrl> m_lstUrls;
-
-public slots:
-    void open(const QUrl &url) { m_lstUrls.append(url); }
 };
 
 class tst_reveal : public QObject

@@ -7,9 +7,9 @@
 #include "browser/cwidgetfilelist.h"
 #include "browser/testtree.h"
 #include "support/boxanswer.h"
+#include "support/curlcatcher.h"
 
 #include <QComboBox>
-#include <QDesktopServices>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -221,19 +221,6 @@ void tst_widgetfavorfilelist::destruction_storesTheListInMemory()
     }
     QCOMPARE(m_pSettings->getFavorFolders(), m_lstFour);
 }
-
-class CUrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    CUrlCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
-    ~CUrlCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-    QList<QUrl> m_lstUrls;
-
-public slots:
-    void open(const QUrl &url) { m_lstUrls.append(url); }
-};
 
 void tst_widgetfavorfilelist::reveal_opensTheFirstSelected()
 {

@@ -4,11 +4,11 @@
 #include "browser/cwidgetfilelist.h"
 #include "browser/testtree.h"
 #include "support/boxanswer.h"
+#include "support/curlcatcher.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QContextMenuEvent>
-#include <QDesktopServices>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -481,20 +481,6 @@ void tst_widgetfilelist::openSelection_opensFilesAndFirstFolder()
     panel.openSelection(); // Nothing is selected any more.
     QCOMPARE(panel.rootPath(), strB);
 }
-
-// Takes the place of the desktop's programs.
-class CUrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    CUrlCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
-    ~CUrlCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-    QList<QUrl> m_lstUrls;
-
-public slots:
-    void open(const QUrl &url) { m_lstUrls.append(url); }
-};
 
 void tst_widgetfilelist::contextMenu_actsOnTheSelection()
 {

@@ -6,7 +6,7 @@
 #include <QMimeData>
 
 // Commands on the selection, queries of its format.
-class tst_PageEditing : public QObject
+class tst_PageEditing : public CPageTest
 {
     Q_OBJECT
 
@@ -32,31 +32,6 @@ private slots:
     void textDirection_isSet();
     void undoAndRedo_followThePage();
     void cutCopyPaste_workWhileControlIsHeld();
-
-private:
-    CWebCase *m_pCase = nullptr;
-    CEditWebView *m_pView = nullptr;
-
-private slots:
-    void init()
-    {
-        m_pCase = new CWebCase;
-        m_pView = new CEditWebView;
-        m_pView->resize(400, 300);
-        m_pView->show();
-    }
-    void cleanup()
-    {
-        delete m_pView;
-        delete m_pCase;
-    }
-
-private:
-    QString body() const
-    {
-        return m_pView->page()->mainFrame()->findFirstElement(QStringLiteral("body")).toInnerXml();
-    }
-    void set(const QString &strHtml) { m_pView->setHtml(strHtml); }
 };
 
 void tst_PageEditing::boldItalicUnderline_areSetAndShown_data()

@@ -1,7 +1,7 @@
 #include "webtest.h"
 
 // Find and replace in the rendered page.
-class tst_PageSearch : public QObject
+class tst_PageSearch : public CPageTest
 {
     Q_OBJECT
 
@@ -12,31 +12,6 @@ private slots:
     void replace_takesHtmlAndIgnoresTheOptions();
     void replaceAll_replacesEverything_data();
     void replaceAll_replacesEverything();
-
-private:
-    CWebCase *m_pCase = nullptr;
-    CEditWebView *m_pView = nullptr;
-
-private slots:
-    void init()
-    {
-        m_pCase = new CWebCase;
-        m_pView = new CEditWebView;
-        m_pView->resize(400, 300);
-        m_pView->show();
-    }
-    void cleanup()
-    {
-        delete m_pView;
-        delete m_pCase;
-    }
-
-private:
-    QString body() const
-    {
-        return m_pView->page()->mainFrame()->findFirstElement(QStringLiteral("body")).toInnerXml();
-    }
-    void set(const QString &strHtml) { m_pView->setHtml(strHtml); }
 };
 
 void tst_PageSearch::find_followsTheOptions_data()

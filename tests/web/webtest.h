@@ -86,3 +86,33 @@ inline void typeText(CEditWebView *pPage, const QString &strText)
     run(pPage, QStringLiteral("getSelection().collapse(document.body, 0)"));
     pPage->insertHtml(strText);
 }
+
+// Tests of one page each, in a view of its own.
+class CPageTest : public QObject
+{
+    Q_OBJECT
+
+protected:
+    QString body() const
+    {
+        return m_pView->page()->mainFrame()->findFirstElement(QStringLiteral("body")).toInnerXml();
+    }
+    void set(const QString &strHtml) { m_pView->setHtml(strHtml); }
+
+    CWebCase *m_pCase = nullptr;
+    CEditWebView *m_pView = nullptr;
+
+private slots:
+    void init()
+    {
+        m_pCase = new CWebCase;
+        m_pView = new CEditWebView;
+        m_pView->resize(400, 300);
+        m_pView->show();
+    }
+    void cleanup()
+    {
+        delete m_pView;
+        delete m_pCase;
+    }
+};
