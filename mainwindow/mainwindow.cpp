@@ -6,6 +6,7 @@
 #include "browser/cwidgetfavorfilelist.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
+#include "highlight/ctextdocument.h"
 #include "mainwindow/actionicons.h"
 #include "mainwindow/cdocumentguard.h"
 #include "mainwindow/cfiledropfilter.h"
@@ -21,8 +22,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QShortcut>
-#include <QTextBlock>
-#include <QTextLayout>
 
 MainWindow *g_pMainWindow = nullptr;
 
