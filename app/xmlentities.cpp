@@ -7,7 +7,7 @@ namespace {
 const QLatin1String g_strDeclaration("<!ENTITY");
 const int g_nMaxDeclarations = 2000; // Qt's parser takes time in the square of their number.
 const int g_nMaxEntityLength = 4096; // Qt's parser refuses longer ones that hold references.
-const qint64 g_nMaxExpansion = 10 * 1000 * 1000;
+const int g_nMaxExpansion = 10 * 1000 * 1000;
 
 int skipSpace(const QString &strText, int nPosition)
 {

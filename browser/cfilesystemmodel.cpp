@@ -94,6 +94,7 @@ void CFileSystemModel::removeRootChildren()
     qDeleteAll(lstChildren);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): as the queued signal carries them.
 void CFileSystemModel::onNewListOfFiles(QString strPath, QFileInfoList lstFileInfos)
 {
     FileNodes nodes = m_pPrepared->take(lstFileInfos);

@@ -28,7 +28,7 @@ QString formattedXml(const QString &strText)
 
 QString jsonErrorText(const QString &strText)
 {
-    QJsonParseError error;
+    QJsonParseError error = {};
     QJsonDocument::fromJson(strText.toUtf8(), &error);
     return error.errorString();
 }

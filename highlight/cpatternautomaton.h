@@ -62,7 +62,7 @@ private:
     bool m_bUsable = true;
     bool m_bDoubt = false;
     // Symbols that the pattern does not tell apart share a class; the last class is the line's end.
-    int m_arrClass[SymbolCount];
+    int m_arrClass[SymbolCount] = {};
     std::vector<int> m_lstSymbolOfClass;
     SymbolSet m_mayStart;
     std::vector<State> m_lstStates;

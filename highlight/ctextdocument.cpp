@@ -84,19 +84,20 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
         int nAt = block.position();
         m_pLines->replace(nFirst, nOld, nNew, [&strText, &nAt] {
             const int nEnd = strText.indexOf(QChar::ParagraphSeparator, nAt);
-            const QString strLine = strText.mid(nAt, nEnd < 0 ? -1 : nEnd - nAt);
+            QString strLine = strText.mid(nAt, nEnd < 0 ? -1 : nEnd - nAt);
             nAt += strLine.size() + 1;
             return strLine;
         });
         return;
     }
     m_pLines->replace(nFirst, nOld, nNew, [&block] {
-        const QString strText = block.text();
+        QString strText = block.text();
         block = block.next();
         return strText;
     });
 }
 
+// NOLINTBEGIN(performance-unnecessary-value-param): as the queued signals carry them.
 void CTextDocument::onHighlightBlock(uint nVer, QTextBlock tb, QList<QTextLayout::FormatRange> lst)
 {
     replaceRanges(SyntaxRange, nVer, tb, lst);
@@ -107,6 +108,7 @@ void CTextDocument::onHighlightSelected(uint nVer, QTextBlock tb,
 {
     replaceRanges(SelectedWordMark, nVer, tb, lst);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
                                   const QList<QTextLayout::FormatRange> &lst)

@@ -236,7 +236,7 @@ PatternNode CPatternReader::readClass()
             if (!readClassMember(&chTo) || chTo < chFrom) {
                 return giveUp();
             }
-            for (int n = chFrom; n <= chTo; ++n) {
+            for (int n = uchar(chFrom); n <= uchar(chTo); ++n) {
                 set.set(size_t(n));
             }
         }
@@ -303,7 +303,7 @@ PatternNode CPatternReader::symbol(const SymbolSet &set) const
 
 SymbolSet CPatternReader::only(char ch) const
 {
-    return SymbolSet().set(size_t(ch));
+    return SymbolSet().set(uchar(ch));
 }
 
 SymbolSet CPatternReader::withBothCases(SymbolSet set) const

@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 CDocumentGuard::CDocumentGuard(const QString &strFolder, CNoticeBar *pBar, QObject *pParent)
     : QObject(pParent), m_pBar(pBar), m_watch(this), m_drafts(strFolder, this)
 {
@@ -25,7 +27,8 @@ void CDocumentGuard::documentOpened(const CDocument &document)
 
 void CDocumentGuard::documentSaved(const CDocument &document, const QString &strOldPath)
 {
-    if (strOldPath != document.path() && m_paths.keys(strOldPath).size() <= 1)
+    if (strOldPath != document.path()
+        && std::count(m_paths.cbegin(), m_paths.cend(), strOldPath) <= 1)
         m_watch.forget(strOldPath);
     m_notWhole.remove(document.key());
     documentOpened(document);
@@ -45,7 +48,7 @@ void CDocumentGuard::documentClosed(const CDocument &document)
     QObject *pKey = document.key();
     m_drafts.documentClosed(document);
     const QString strPath = m_paths.take(pKey);
-    if (!strPath.isEmpty() && m_paths.keys(strPath).isEmpty())
+    if (!strPath.isEmpty() && std::count(m_paths.cbegin(), m_paths.cend(), strPath) == 0)
         m_watch.forget(strPath);
     m_notices.remove(pKey);
     m_notWhole.remove(pKey);

@@ -31,12 +31,12 @@ void CEditWebView::setEditable(bool bEditable)
         body.removeAttribute(strStyle);
 }
 
-void CEditWebView::runEditable(const std::function<void()> &run)
+void CEditWebView::runEditable(const std::function<void()> &command)
 {
     const bool bEditable = page()->isContentEditable();
     if (!m_bInSubframe)
         setEditable(true);
-    run();
+    command();
     setEditable(bEditable);
 }
 

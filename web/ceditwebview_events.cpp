@@ -41,8 +41,9 @@ bool CEditWebView::event(QEvent *pEvent)
 // taken.
 bool CEditWebView::focusNextPrevChild(bool bNext)
 {
-    return m_bHandlingKey ? QWebView::focusNextPrevChild(bNext)
-                          : QWidget::focusNextPrevChild(bNext);
+    if (m_bHandlingKey)
+        return QWebView::focusNextPrevChild(bNext);
+    return QWidget::focusNextPrevChild(bNext); // NOLINT(bugprone-parent-virtual-call): see above.
 }
 
 // While Control is held the page is not editable, so that its links can be clicked.
