@@ -1,16 +1,51 @@
 #!/usr/bin/env bash
-# clang-tidy over the program's sources, as .clang-tidy says; with --clazy also clazy.
-set -euo pipefail
+# clang-tidy over the program's sources, as .clang-tidy says: lint.sh [--clazy] [FOLDER]...
+# Fails when anything is found. With --clazy it is clazy instead: a second opinion, to be weighed.
+# The sources of a folder are read as one (a unity build), in a fifth of the time; what is local to
+# a file therefore needs a name of its own in its folder.
+set -uo pipefail
 cd "$(dirname "$0")/.."
-mkdir -p build
-cmake --preset lint >build/lint.log
-# The forms, meta-object code and resources that the sources include.
-cmake --build build/lint --target help | sed -n 's/^\([a-z_]*_autogen\):.*/\1/p' |
-    grep '^quillan' | xargs cmake --build build/lint --target >>build/lint.log
+tool=(clang-tidy --quiet)
+# Two habits of ours are left out: slots connected by name, and getters among the slots.
+clazy=level1,no-connect-by-name,no-const-signal-or-slot
+[ "${1-}" = --clazy ] && { tool=(clazy-standalone "-checks=$clazy"); shift; }
+folders=("$@")
+# What takes longest comes first, so that the processors end together.
+[ ${#folders[@]} -gt 0 ] || folders=(mainwindow web browser editor highlight app)
 
-mapfile -t sources < <(git ls-files '*.cpp' | grep -E '^(app|highlight|editor|web|browser|mainwindow)/' | grep -v '_win\.cpp$')
-printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/lint 2>/dev/null
-if [ "${1-}" = --clazy ]; then
-    printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -n 4 clazy-standalone -p build/lint -checks=level1,no-range-loop-reference
+mkdir -p build
+# The preset builds the headers made of forms.
+if ! { cmake --preset lint && cmake --build --preset lint; } >build/lint.log 2>&1; then
+    tail -n 40 build/lint.log
+    echo "The headers do not build; the whole log is in build/lint.log."
+    exit 1
 fi
-echo "${#sources[@]} sources are clean."
+
+# One unit, its output in one piece; the number of warnings in system headers says nothing.
+check() {
+    local found status
+    found=$("${tool[@]}" -p build/lint "$1" 2>&1)
+    status=$?
+    grep -vE '^$|^[0-9]+ warnings? generated' <<<"$found"
+    return "$status"
+}
+
+units=()
+for folder in "${folders[@]}"; do
+    units+=("build/lint/$folder/CMakeFiles/quillan_$folder.dir/Unity/unity_0_cxx.cxx")
+    # main() belongs to no library.
+    [ "$folder" = app ] && units+=(build/lint/CMakeFiles/quillan.dir/Unity/unity_0_cxx.cxx)
+done
+
+pids=()
+for unit in "${units[@]}"; do
+    [ "$(jobs -rp | wc -l)" -lt "$(nproc)" ] || wait -n
+    check "$unit" &
+    pids+=($!)
+done
+failed=0
+for pid in "${pids[@]}"; do
+    wait "$pid" || failed=1
+done
+[ "$failed" -eq 0 ] && echo "${folders[*]}: clean."
+exit "$failed"

@@ -18,6 +18,8 @@ clang-14 libclang-rt-14-dev"
 # To measure: peers for the benchmarks only.
 PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
 
-# To check what no test program can: the Linux package, the Windows branches, the drawings.
+# To check what no test program can: the Linux package, the Windows branches, the drawings, and by
+# hand the use of Qt.
 PACKAGES_CHECK="
-dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix"
+dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix
+clazy"
