@@ -1,10 +1,14 @@
 #!/usr/bin/env bash
-# Builds the fuzz targets and runs each for a bounded time on the corpus: fuzz.sh [SECONDS [TARGET]...]
-# 20 seconds each and all targets by default. What a target fails on is kept in build/fuzz/findings,
-# and the last line counts the targets that failed.
+# Builds the fuzz targets and runs each on the corpus: fuzz.sh [--repeatable] [SECONDS [TARGET]...]
+# 20 seconds each and all targets by default, with inputs that are new every time and grow from those
+# of earlier runs. --repeatable tries the same 2000 inputs every time, or as many of the first of them
+# as the seconds allow, so that a run fails only for what changed in the program.
+# What a target fails on is kept in build/fuzz/findings; the last line counts the targets that failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 [ -w /dev/shm ] && export TMPDIR=/dev/shm # Thousands of small files a second are nothing for a disk.
+repeatable=no
+[ "${1-}" = --repeatable ] && { repeatable=yes; shift; }
 seconds=${1:-20}
 shift || true
 targets=("$@")
@@ -20,6 +24,13 @@ fi
 run() {
     local target=$1 grown=build/fuzz/grown/$1 options=()
     [ -f "fuzz/$target.dict" ] && options+=("-dict=fuzz/$target.dict")
+    if [ "$repeatable" = yes ]; then
+        # Neither earlier runs nor the clock nor the order in a hash may choose the next input.
+        grown=build/fuzz/repeated/$target
+        rm -rf "$grown"
+        options+=(-seed=1 -runs=2000 -reload=0)
+        export QT_HASH_SEED=0
+    fi
     mkdir -p "$grown" build/fuzz/findings
     # Memory that the libraries keep for good is not lost; what grows is found by the limit.
     ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
@@ -37,5 +48,5 @@ for target in "${targets[@]}"; do
         failed=$((failed + 1))
     fi
 done
-echo "Fuzzing: ${#targets[@]} targets for $seconds seconds each, $failed failed."
+echo "Fuzzing: ${#targets[@]} targets for up to $seconds seconds each, $failed failed."
 [ "$failed" -eq 0 ]
