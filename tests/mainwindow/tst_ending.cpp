@@ -1,5 +1,5 @@
 // Ending the program at any moment is clean, by key and by signal: while a large file is coloured,
-// a folder is listed, a page loads.
+// a folder is listed, a page loads, text is dragged.
 
 #include "cprogramhome.h"
 #include "largesource.h"
@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 
 class TestEnding : public QObject
@@ -46,7 +47,54 @@ private slots:
         QCOMPARE(pProcess->readAll(), QByteArray());
     }
 
+    // The drag waits for its drop in an event loop of its own, which must end, too.
+    void program_endedWhileTextIsDragged_endsCleanly()
+    {
+        CProgramHome home;
+        // As wide and high as any window, so that there is text wherever the mouse is put.
+        const QByteArray text = QByteArray("words ").repeated(60).append('\n').repeated(200);
+        const QString strPath = home.file("a.txt", text);
+        QProcess *pProcess = home.start({strPath});
+        QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(a.txt)"), 30000);
+        const QString strId =
+            run("xdotool", {"search", "--onlyvisible", "--name", "Quillan\\(a.txt\\)"});
+        run("xdotool",
+            {"windowactivate", "--sync", strId, "key", "ctrl+a", "mousemove", "800", "400",
+             "mousedown", "1"});
+        const int nWindows = windowsBeside(strId);
+        int nMoves = 0;
+        // What is dragged is shown in a window of its own.
+        QTRY_VERIFY_WITH_TIMEOUT(dragOn(++nMoves) && windowsBeside(strId) > nWindows, 30000);
+        ::kill(pid_t(pProcess->processId()), SIGTERM);
+        const bool bEnded = pProcess->waitForFinished(30000);
+        run("xdotool", {"mouseup", "1"});
+        QVERIFY(bEnded);
+        QCOMPARE(pProcess->exitStatus(), QProcess::NormalExit);
+        QCOMPARE(pProcess->exitCode(), 0);
+        QCOMPARE(pProcess->readAll(), QByteArray());
+        QFile file(strPath);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), text);
+    }
+
 private:
+    static bool dragOn(int nMoves)
+    {
+        run("xdotool", {"mousemove", QString::number(800 + nMoves % 50 * 5), "440"});
+        return true;
+    }
+
+    // How many windows the owner of this one shows: X numbers a client's windows within its range.
+    static int windowsBeside(const QString &strId)
+    {
+        const int nClientBits = 21;
+        const QStringList lstIds =
+            run("xdotool", {"search", "--onlyvisible", "--name", ""}).split('\n');
+        return int(std::count_if(lstIds.begin(), lstIds.end(), [&](const QString &str) {
+            return str.toULong() >> nClientBits == strId.toULong() >> nClientBits;
+        }));
+    }
+
     // What the program is to be busy with; gives the path to start it with.
     static QString prepare(const CProgramHome &home, const QString &strMoment)
     {
