@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -57,6 +56,11 @@ bool giveToOrdinaryUser(const QString &strPath)
         || chown(QFile::encodeName(strPath).constData(), g_nNobody, g_nNobody) == 0;
 }
 
+bool hasPrivateMounts()
+{
+    return geteuid() == 0 && QProcess::execute("unshare", {"--mount", "true"}) == 0;
+}
+
 // Arguments: mount point, place for a copy, this program, 1 for a hard link. The mount is seen by
 // the script alone, so the script compares.
 const char g_szFullDisk[] = R"SH(set -e
@@ -69,6 +73,23 @@ cp file "$2"
 [ "$(stat -c %s file)" = 30000 ]
 cat "$2" >file
 if "$3" --write "$1/file" 300000; then exit 2; fi
+cmp file "$2"
+[ "$(ls -A | grep -cvx second)" = 1 ]
+)SH";
+
+// The same arguments: a disk that turns read-only under an open file, as after an error of the
+// device.
+const char g_szReadOnlyDisk[] = R"SH(set -e
+mount -t tmpfs tmpfs "$1"
+cd "$1"
+head -c 20000 /dev/zero | tr '\0' o >file
+cp file "$2"
+[ "$4" = 0 ] || ln file second
+"$3" --write "$1/file" 20000
+cp file "$2"
+mount -o remount,ro "$1"
+if "$3" --write "$1/file" 300; then exit 2; fi
+if "$3" --write "$1/new" 300; then exit 3; fi
 cmp file "$2"
 [ "$(ls -A | grep -cvx second)" = 1 ]
 )SH";
@@ -108,6 +129,8 @@ private slots:
     void newFileInReadOnlyFolder_fails();
     void fullDisk_failsAndKeepsTheOldBytes_data();
     void fullDisk_failsAndKeepsTheOldBytes();
+    void readOnlyDisk_failsAndKeepsTheOldBytes_data();
+    void readOnlyDisk_failsAndKeepsTheOldBytes();
 
 private:
     QString path(const char *szName) const
@@ -115,6 +138,7 @@ private:
         return m_pFolder->filePath(QString::fromLatin1(szName));
     }
     void openFolderToEveryone();
+    int runWithPrivateMounts(const char *szScript, bool bHardLink) const;
 
     QScopedPointer<QTemporaryDir> m_pFolder;
 };
@@ -391,6 +415,14 @@ void TestFileWriter::newFileInReadOnlyFolder_fails()
     QVERIFY(!QFileInfo::exists(path("file")));
 }
 
+int TestFileWriter::runWithPrivateMounts(const char *szScript, bool bHardLink) const
+{
+    return QProcess::execute("unshare",
+                             {"--mount", "bash", "-c", QString::fromLatin1(szScript), "bash",
+                              m_pFolder->path(), QDir::temp().filePath("copy"),
+                              QCoreApplication::applicationFilePath(), QString::number(bHardLink)});
+}
+
 void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes_data()
 {
     QTest::addColumn<bool>("bHardLink"); // written in place then
@@ -401,20 +433,22 @@ void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes_data()
 void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes()
 {
     QFETCH(bool, bHardLink);
-    const QString strUnshare = QStandardPaths::findExecutable(QStringLiteral("unshare"));
-    const QStringList lstPrivate = {QStringLiteral("--mount")};
-    if (geteuid() != 0 || QProcess::execute(strUnshare, lstPrivate + QStringList("true")) != 0)
+    if (!hasPrivateMounts())
         QSKIP("Needs a mount namespace of its own.");
-    const QStringList lstArguments = lstPrivate
-        + QStringList {QStringLiteral("bash"),
-                       QStringLiteral("-c"),
-                       QString::fromLatin1(g_szFullDisk),
-                       QStringLiteral("bash"),
-                       m_pFolder->path(),
-                       QDir::temp().filePath(QStringLiteral("copy")),
-                       QCoreApplication::applicationFilePath(),
-                       QString::number(bHardLink)};
-    QCOMPARE(QProcess::execute(strUnshare, lstArguments), 0);
+    QCOMPARE(runWithPrivateMounts(g_szFullDisk, bHardLink), 0);
+}
+
+void TestFileWriter::readOnlyDisk_failsAndKeepsTheOldBytes_data()
+{
+    fullDisk_failsAndKeepsTheOldBytes_data();
+}
+
+void TestFileWriter::readOnlyDisk_failsAndKeepsTheOldBytes()
+{
+    QFETCH(bool, bHardLink);
+    if (!hasPrivateMounts())
+        QSKIP("Needs a mount namespace of its own.");
+    QCOMPARE(runWithPrivateMounts(g_szReadOnlyDisk, bHardLink), 0);
 }
 
 int main(int nArgc, char **ppArgv)
