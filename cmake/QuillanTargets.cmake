@@ -18,6 +18,9 @@ function(quillan_test name)
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
+  if(QUILLAN_SANITIZE)
+    math(EXPR ARG_TIMEOUT "${ARG_TIMEOUT} * 5") # Several times as slow, and on a shared machine.
+  endif()
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_compile_definitions(${name} PRIVATE
