@@ -195,9 +195,11 @@ void CHighlightEdit::onOpenFilePosition()
 
 bool CHighlightEdit::event(QEvent *pEvent)
 {
+    if (pEvent->type() != QEvent::KeyPress)
+        return QPlainTextEdit::event(pEvent);
     // Shift+Enter would put a line separator into the line, which ends no line in a file.
     const auto *pKey = static_cast<QKeyEvent *>(pEvent);
-    if (pEvent->type() != QEvent::KeyPress || !pKey->matches(QKeySequence::InsertLineSeparator))
+    if (!pKey->matches(QKeySequence::InsertLineSeparator))
         return QPlainTextEdit::event(pEvent);
     QKeyEvent enter(QEvent::KeyPress, pKey->key(), pKey->modifiers() & ~Qt::ShiftModifier,
                     pKey->text(), pKey->isAutoRepeat(), ushort(pKey->count()));
