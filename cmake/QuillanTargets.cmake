@@ -10,6 +10,7 @@ endfunction()
 # quillan_test(NAME [DISPLAY] [SOURCES …] [LINK …] [DEPENDS …] [TIMEOUT s]): builds NAME from
 # NAME.cpp (or SOURCES) and registers it. Every test gets a HOME, XDG_CONFIG_HOME and TMPDIR of its
 # own. It runs on the offscreen platform; with DISPLAY it runs under Xvfb and a window manager.
+# Its labels are its folder and, with DISPLAY, "display".
 function(quillan_test name)
   cmake_parse_arguments(ARG "DISPLAY" "TIMEOUT" "SOURCES;LINK;DEPENDS" ${ARGN})
   if(NOT ARG_SOURCES)
@@ -34,10 +35,11 @@ function(quillan_test name)
     set(runner "${runner};--display")
   endif()
   add_test(NAME ${name} COMMAND ${runner} $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+  get_filename_component(labels "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
   if(ARG_DISPLAY)
-    set_tests_properties(${name} PROPERTIES LABELS display)
+    list(APPEND labels display)
   endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${labels}")
 endfunction()
 
 # quillan_bench(NAME [SOURCES …] [LINK …]): a program of bench/, never part of a plain test run.

@@ -1,9 +1,17 @@
 #!/usr/bin/env bash
-# All tests under the address and undefined-behaviour sanitizers.
+# Tests under the address and undefined-behaviour sanitizers: sanitize.sh [FOLDER]..., folders of
+# tests/; without one, all.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+targets=(all)
+chosen=()
+if [ $# -gt 0 ]; then
+    targets=("${@/#/tests/}")
+    targets=("${targets[@]/%//all}")
+    chosen=(--label-regex "^($(IFS='|' && echo "$*"))\$")
+fi
 mkdir -p build
-if ! { cmake --preset asan && cmake --build --preset asan; } >build/asan-build.log 2>&1; then
+if ! { cmake --preset asan && cmake --build --preset asan --target "${targets[@]}"; } >build/asan-build.log 2>&1; then
     tail -n 40 build/asan-build.log
     exit 1
 fi
@@ -11,4 +19,4 @@ fi
 export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
 # As slow as the sanitizers are, a test that hangs still has an end (see TIMEOUT in cmake/).
 export QTEST_FUNCTION_TIMEOUT=550000
-ctest --preset asan --parallel "$(nproc)" "$@"
+ctest --preset asan --parallel "$(nproc)" "${chosen[@]}"
