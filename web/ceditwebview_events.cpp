@@ -29,10 +29,12 @@ template<typename Event> bool leaveToWindow(Event *pEvent)
 
 bool CEditWebView::event(QEvent *pEvent)
 {
+    const QPointer<CEditWebView> pThis(this); // Some events are the last.
     const bool bOuter = m_bHandlingKey;
     m_bHandlingKey = pEvent->type() == QEvent::KeyPress;
     const bool bDone = QWebView::event(pEvent);
-    m_bHandlingKey = bOuter;
+    if (pThis)
+        m_bHandlingKey = bOuter;
     return bDone;
 }
 

@@ -16,6 +16,12 @@ CSafePage::CSafePage(QObject *pParent) : QWebPage(pParent), m_pNetwork(new CPage
     connect(this, &QWebPage::loadFinished, this, [this] { m_bLoading = false; });
 }
 
+CSafePage::~CSafePage()
+{
+    // The base class ends a load that is under way, and says so when this part is gone.
+    disconnect(this, &QWebPage::loadFinished, this, nullptr);
+}
+
 void CSafePage::showIn(QWebView *pView)
 {
     QPalette pal = pView->style()->standardPalette();

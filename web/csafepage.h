@@ -17,6 +17,7 @@ class CSafePage : public QWebPage
 
 public:
     explicit CSafePage(QObject *pParent = nullptr);
+    ~CSafePage() override;
 
     // Makes this the view's page and has it painted as its author saw it, on white: a page that
     // names no colours of its own is black, which a dark desktop would show on black.
