@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QDirIterator>
 
+#include <chrono>
+
 namespace {
 
 // QFileInfo asks the disk when a value is first wanted and remembers the answer in what all copies
@@ -60,20 +62,20 @@ bool CFileInfoGatherer::isFetchMissed() const
 
 bool CFileInfoGatherer::flag(const bool &bMember) const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return bMember;
 }
 
 void CFileInfoGatherer::setFlag(bool *pMember, bool bVal)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     *pMember = bVal;
 }
 
 void CFileInfoGatherer::fetch(const QString &strPath)
 {
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         m_strPath = QDir::toNativeSeparators(strPath);
         // Under the same lock, so that a pass about to start either takes this path whole or is
         // known to have missed it.
@@ -85,24 +87,24 @@ void CFileInfoGatherer::fetch(const QString &strPath)
 
 void CFileInfoGatherer::stop()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_bAbort = true;
 }
 
 void CFileInfoGatherer::stopAndWait()
 {
-    const QMutexLocker locker(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     if (m_bAbort)
         return;
     m_bAbort = true;
-    m_condition.wait(&m_mutex, 5000);
+    m_condition.wait_for(lock, std::chrono::milliseconds(5000));
 }
 
 void CFileInfoGatherer::run()
 {
     QString strDirectory;
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         m_lstPaths.clear();
         strDirectory = m_strPath;
         m_bFetchMissed = false;
@@ -122,13 +124,13 @@ void CFileInfoGatherer::run()
 // idle then.
 bool CFileInfoGatherer::takeNext(QString *pDirectory)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_bAbort && !m_lstPaths.isEmpty()) {
         *pDirectory = m_lstPaths.takeFirst();
         return true;
     }
     m_bAbort = true;
-    m_condition.wakeOne();
+    m_condition.notify_one();
     return false;
 }
 

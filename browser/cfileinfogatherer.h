@@ -2,12 +2,12 @@
 
 #include <QFileIconProvider>
 #include <QFileInfo>
-#include <QMutex>
 #include <QStringList>
 #include <QThread>
-#include <QWaitCondition>
 
 #include <atomic>
+#include <condition_variable>
+#include <mutex>
 
 // Lists folders on a thread of its own, so that a slow disk never blocks the windows.
 //
@@ -64,8 +64,8 @@ private:
 
     QString m_strPath;
     QStringList m_lstPaths; // Only run() and what it calls touch it.
-    mutable QMutex m_mutex;
-    QWaitCondition m_condition;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_condition;
     QFileIconProvider m_iconProvider; // For the model, on the GUI thread.
     std::atomic<bool> m_bAbort = true; // Also true while idle.
     bool m_bShowDrives = false;
