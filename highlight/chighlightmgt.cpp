@@ -26,31 +26,31 @@ QString attribute(const QDomNode &node, const char *pszName)
     return node.toElement().attribute(QLatin1String(pszName));
 }
 
-// Empty when the file cannot be read.
-QByteArray readFile(const QString &strPath)
+// In any encoding: an angle bracket, behind blanks or a byte-order mark, as far as the bytes go.
+bool mayBeXml(const QByteArray &bytes)
+{
+    const QByteArray skipped = QByteArrayLiteral("\xef\xbb\xbf\xfe\xff\0 \t\r\n");
+    const auto begin =
+        std::find_if_not(bytes.cbegin(), bytes.cend(), [&](char c) { return skipped.contains(c); });
+    return begin == bytes.cend() || *begin == '<';
+}
+
+// Empty when the file cannot be read or is something else: where the definitions have no folder of
+// their own, programs of many MB lie among them, which are not worth reading.
+QByteArray readXml(const QString &strPath)
 {
     QFile file(strPath);
-    if (strPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (strPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)
+        || !mayBeXml(file.peek(1024))) {
         return QByteArray();
     }
     return file.readAll();
 }
 
-// In any encoding: an angle bracket, behind blanks or a byte-order mark. Where the definitions have
-// no folder of their own, programs of many MB lie among them, which are not worth decoding.
-bool beginsAsXml(const QByteArray &bytes)
-{
-    const QByteArray skipped = QByteArrayLiteral("\xef\xbb\xbf\xfe\xff\0 \t\r\n");
-    const auto begin =
-        std::find_if_not(bytes.cbegin(), bytes.cend(), [&](char c) { return skipped.contains(c); });
-    return begin != bytes.cend() && *begin == '<';
-}
-
 // A null element when the bytes are not well-formed, or made to exhaust the parser.
 QDomElement readRoot(const QByteArray &bytes, QDomDocument *pDocument)
 {
-    const bool bGood =
-        beginsAsXml(bytes) && guardXml(bytes).isGood() && pDocument->setContent(bytes);
+    const bool bGood = guardXml(bytes).isGood() && pDocument->setContent(bytes);
     return bGood ? pDocument->documentElement() : QDomElement();
 }
 
@@ -129,7 +129,7 @@ QMap<QString, QVariant> scanFolder(const QDir &dir)
         dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
     for (const QFileInfo &info : lstFiles) {
         QDomDocument document;
-        const QDomElement root = readRoot(readFile(info.absoluteFilePath()), &document);
+        const QDomElement root = readRoot(readXml(info.absoluteFilePath()), &document);
         if (root.isNull()) {
             continue;
         }
@@ -199,7 +199,7 @@ QVariantMap CHighlightMgt::definitionForName(const QString &strName) const
 
 QVariantMap CHighlightMgt::parse(const QString &strPath)
 {
-    return parseBytes(readFile(strPath));
+    return parseBytes(readXml(strPath));
 }
 
 QVariantMap CHighlightMgt::parseBytes(const QByteArray &bytes)
