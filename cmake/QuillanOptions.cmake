@@ -21,6 +21,11 @@ endif()
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  if(CMAKE_UNITY_BUILD) # Its tests have a precompiled header; see quillan_precompile().
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${CCACHE_PROGRAM}")
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+  endif()
 endif()
 
 # One place for the warnings; interface target, so that only our own code sees them.

@@ -27,6 +27,10 @@ function(quillan_test name)
   target_compile_definitions(${name} PRIVATE
     QUILLAN_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUILLAN_BINARY_DIR="${PROJECT_BINARY_DIR}")
   target_link_libraries(${name} PRIVATE ${ARG_LINK} Qt5::Test quillan_flags)
+  quillan_test_flags(${name})
+  if("${ARG_LINK}" MATCHES "quillan_(app|highlight|editor|web|browser|mainwindow)")
+    quillan_precompile(${name} ${CMAKE_MATCH_0})
+  endif()
   if(ARG_DEPENDS)
     add_dependencies(${name} ${ARG_DEPENDS})
   endif()
@@ -40,6 +44,41 @@ function(quillan_test name)
     list(APPEND labels display)
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${labels}")
+endfunction()
+
+# quillan_test_flags(NAME): where the address sanitizer watches the program, its tests go unwatched and
+# are built in half the time.
+function(quillan_test_flags name)
+  if(QUILLAN_SANITIZE MATCHES "address")
+    target_compile_options(${name} PRIVATE -O0 -fno-sanitize=all)
+    target_compile_definitions(${name} PRIVATE QUILLAN_ADDRESS_SANITIZER)
+  endif()
+endfunction()
+
+# quillan_precompile(NAME LIBRARY): in a unity build, which is made to be whole soon, lets the test of a
+# library use one precompiled header of Qt with all tests of the same modules of Qt; to read Qt takes
+# longest of all. One for those with pages, one for the others.
+function(quillan_precompile name library)
+  if(NOT CMAKE_UNITY_BUILD)
+    return()
+  endif()
+  set(base quillan_app)
+  if(library MATCHES "web|mainwindow")
+    set(base quillan_web)
+  endif()
+  set(owner precompiled_${base})
+  if(NOT TARGET ${owner})
+    file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/generated/empty.cpp" CONTENT "")
+    add_library(${owner} OBJECT "${PROJECT_BINARY_DIR}/generated/empty.cpp")
+    set_target_properties(${owner} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    quillan_test_flags(${owner})
+    target_link_libraries(${owner} PRIVATE ${base} Qt5::Test quillan_flags)
+    target_precompile_headers(${owner} PRIVATE <QtTest> <QtWidgets>)
+  endif()
+  target_precompile_headers(${name} REUSE_FROM ${owner})
+  # Almost empty, as the tests include their own meta-object code.
+  set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp"
+                              PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
 # quillan_bench(NAME [SOURCES …] [LINK …]): a program of bench/, never part of a plain test run.
