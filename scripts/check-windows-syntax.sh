@@ -35,5 +35,9 @@ sources=("$@")
 if [ ${#sources[@]} -eq 0 ]; then
     mapfile -t sources < <(find "${folders[@]}" -name '*.cpp' ! -name '*_unix.cpp' | sort)
 fi
-printf '%s\0' "${sources[@]}" | xargs -0 -n 1 -P "$(nproc)" "$compiler" "${flags[@]}"
+# The sources of a folder as one, so that Qt's headers are read once for all of them.
+for source in "${sources[@]}"; do
+    echo "#include \"$source\"" >>"$work/$(dirname "$source" | tr / _).cpp"
+done
+printf '%s\0' "$work"/*.cpp | xargs -0 -n 1 -P "$(nproc)" "$compiler" "${flags[@]}"
 echo "${#sources[@]} sources parse for Windows."
