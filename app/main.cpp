@@ -43,6 +43,7 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
     QObject::connect(pSingle, &CSingleApp::messageAvailable, pMainWindow.get(),
                      &MainWindow::parseArgument);
     pMainWindow->showMaximized();
+    Platform::restoreEnvironment();
     if (!lstPaths.isEmpty())
         pMainWindow->parseArguments(lstPaths);
     return QCoreApplication::exec();
@@ -54,6 +55,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    Platform::leaveOutOpenGl();
     QApplication app(argc, argv);
     QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath());
 

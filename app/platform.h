@@ -14,6 +14,14 @@ namespace Platform {
 // The program's arguments, its own name first, as local 8-bit strings.
 QList<QByteArray> processArguments(int nArgc, char **ppArgv);
 
+// Before the application object: Qt's X11 plug-in, which asks for OpenGL with the first window, is
+// told to do without. To load it takes as long as the bare start of a window, and nothing here
+// draws with it. A choice that the user made in the environment stays.
+void leaveOutOpenGl();
+
+// After the first window: the environment is again what the user gave, for programs started later.
+void restoreEnvironment();
+
 // Frees a shared segment that a crashed program left behind. Does not disturb a live owner.
 void releaseDeadSegment(const QString &strKey);
 

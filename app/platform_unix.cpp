@@ -33,6 +33,10 @@ void onSignal(int)
     Q_UNUSED(nWritten)
 }
 
+// See the documentation of Qt's X11 plug-in.
+const char g_szOpenGlChoice[] = "QT_XCB_GL_INTEGRATION";
+bool g_bOpenGlLeftOut = false;
+
 bool openFolderOf(const QString &strPath)
 {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(strPath).absolutePath()));
@@ -46,6 +50,20 @@ QList<QByteArray> Platform::processArguments(int nArgc, char **ppArgv)
     for (int n = 0; n < nArgc; ++n)
         lstArguments.append(ppArgv[n]);
     return lstArguments;
+}
+
+void Platform::leaveOutOpenGl()
+{
+    if (qEnvironmentVariableIsSet(g_szOpenGlChoice))
+        return;
+    g_bOpenGlLeftOut = qputenv(g_szOpenGlChoice, "none");
+}
+
+void Platform::restoreEnvironment()
+{
+    if (g_bOpenGlLeftOut)
+        qunsetenv(g_szOpenGlChoice);
+    g_bOpenGlLeftOut = false;
 }
 
 void Platform::releaseDeadSegment(const QString &strKey)

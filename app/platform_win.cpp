@@ -20,6 +20,13 @@ QList<QByteArray> Platform::processArguments(int, char **)
     return lstArguments;
 }
 
+void Platform::leaveOutOpenGl()
+{
+    // Qt loads it here when a window first asks for it.
+}
+
+void Platform::restoreEnvironment() { }
+
 void Platform::releaseDeadSegment(const QString &)
 {
     // The system frees a segment with its last owner.

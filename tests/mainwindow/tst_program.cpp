@@ -19,6 +19,20 @@ private slots:
         QCOMPARE(home.recentFiles().size(), 1);
     }
 
+    // It would double the time of a start.
+    void start_loadsNoOpenGl()
+    {
+        CProgramHome home;
+        const QProcess *pProcess = home.start({home.file("page.html", "<p>text</p>")});
+        QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(page.html)"), 20000);
+        QFile maps(QString("/proc/%1/maps").arg(pProcess->processId()));
+        QVERIFY(maps.open(QIODevice::ReadOnly));
+        const QByteArray libraries = maps.readAll();
+        QVERIFY(libraries.contains("libQt5XcbQpa"));
+        QVERIFY(!libraries.contains("xcbglintegrations"));
+        QVERIFY(!libraries.contains("libGLX_mesa"));
+    }
+
     void pageNamedFromItsFolder_isShown()
     {
         CProgramHome home;
