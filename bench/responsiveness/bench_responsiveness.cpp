@@ -1,6 +1,8 @@
 // How an editor feels with a very long document, beside a bare QPlainTextEdit. One case per run:
-//   million-ours, million-bare   1,000,000 lines of C++; the bare widget gets the same formats at
-//   once line-ours, line-bare         one line of JSON of 5 MB
+//   million-ours, million-bare   1,000,000 lines of C++; the bare one gets the same formats at once
+//
+//   line-ours, line-bare         one line of JSON of 5 MB
+//
 // Prints "name<TAB>figure" lines.
 #include "app/csettings.h"
 #include "corpus.h"
