@@ -20,5 +20,5 @@ export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=
 # As slow as the sanitizers are, a test that hangs still has an end (see TIMEOUT in cmake/).
 export QTEST_FUNCTION_TIMEOUT=550000
 # Four tests look at files alone and run no code of the program's.
-ctest --preset asan --parallel "$(nproc)" "${chosen[@]}" \
+ctest --preset asan --parallel "$(($(nproc) + 1))" "${chosen[@]}" \
     --exclude-regex '^tst_(definitions|documents_truth|launcher|translations)$'

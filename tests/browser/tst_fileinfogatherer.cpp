@@ -246,10 +246,11 @@ void tst_fileinfogatherer::stopInHugeFolder_deliversAPart()
         QThread::msleep(ulong(nDelay));
         reader.stop();
         QVERIFY(reader.wait());
-        QVERIFY(reader.directories().size() <= 1);
         QCOMPARE(reader.loaded(), reader.directories());
         const int nNames = reader.names(0).size();
         bPartial = nNames > 0 && nNames < 20001;
+        // A stop that comes late may meet the folder below.
+        QVERIFY(!bPartial || reader.directories() == QStringList(tree.path()));
     }
     QVERIFY(bPartial);
 }
