@@ -97,7 +97,7 @@ void CFileInfoGatherer::stopAndWait()
     if (m_bAbort)
         return;
     m_bAbort = true;
-    m_condition.wait_for(lock, std::chrono::milliseconds(5000));
+    m_condition.wait_for(lock, std::chrono::milliseconds(5000), [this] { return !m_bInPass; });
 }
 
 void CFileInfoGatherer::run()
@@ -109,6 +109,7 @@ void CFileInfoGatherer::run()
         strDirectory = m_strPath;
         m_bFetchMissed = false;
         m_bAbort = false;
+        m_bInPass = true;
     }
     do {
         if (m_bAbort)
@@ -130,6 +131,7 @@ bool CFileInfoGatherer::takeNext(QString *pDirectory)
         return true;
     }
     m_bAbort = true;
+    m_bInPass = false;
     m_condition.notify_one();
     return false;
 }

@@ -73,4 +73,5 @@ private:
     bool m_bSkipHidden = false;
     std::atomic<bool> m_bScanSubDirs = true;
     bool m_bFetchMissed = false;
+    bool m_bInPass = false; // A wait that the system ends early goes on until this is false.
 };

@@ -249,8 +249,8 @@ void tst_fileinfogatherer::stopInHugeFolder_deliversAPart()
         QCOMPARE(reader.loaded(), reader.directories());
         const int nNames = reader.names(0).size();
         bPartial = nNames > 0 && nNames < 20001;
-        // A stop that comes late may meet the folder below.
-        QVERIFY(!bPartial || reader.directories() == QStringList(tree.path()));
+        // A stop that comes behind the last entry may meet the folder below.
+        QVERIFY(nNames == 20001 || reader.directories().size() <= 1);
     }
     QVERIFY(bPartial);
 }
