@@ -290,7 +290,7 @@ private slots:
     void settingsOfNonsense_startAllTheSame_data()
     {
         QTest::addColumn<int>("nSeed");
-        for (int nSeed = 1; nSeed <= 5; ++nSeed)
+        for (int nSeed = 1; nSeed <= 10; ++nSeed)
             QTest::addRow("seed %d", nSeed) << nSeed;
     }
 
