@@ -9,17 +9,19 @@ libqt5webkit5-dev libqt5svg5 dbus fonts-dejavu-core"
 # To show it without a display.
 PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
 
-# To run every test and check.
+# To run every test.
 PACKAGES_TEST="
 $PACKAGES_DISPLAY
-dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils clang-format clang-tidy python3 valgrind
-clang-14 libclang-rt-14-dev"
+dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3"
+
+# To check what no test program can: the layout and the faults that tools find in sources, what others
+# write (fuzzing), the Linux package, the Windows branches, the drawings.
+PACKAGES_CHECK="
+clang-format clang-tidy clang-14 libclang-rt-14-dev
+dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix"
+
+# To look further by hand: memory errors, the use of Qt.
+PACKAGES_INSPECT="valgrind clazy"
 
 # To measure: peers for the benchmarks only.
 PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
-
-# To check what no test program can: the Linux package, the Windows branches, the drawings, and by
-# hand the use of Qt.
-PACKAGES_CHECK="
-dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix
-clazy"
