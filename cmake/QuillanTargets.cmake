@@ -55,9 +55,9 @@ function(quillan_test_flags name)
   endif()
 endfunction()
 
-# quillan_precompile(NAME LIBRARY): in a unity build, which is made to be whole soon, lets the test of a
-# library use one precompiled header of Qt with all tests of the same modules of Qt; to read Qt takes
-# longest of all. One for those with pages, one for the others.
+# quillan_precompile(NAME LIBRARY): in a unity build, which is for building everything at once, lets the
+# tests share a precompiled header of Qt, which takes longest to read. There are two, as its modules
+# define macros of their own: one for libraries with pages, one for the others.
 function(quillan_precompile name library)
   if(NOT CMAKE_UNITY_BUILD)
     return()
