@@ -3,6 +3,10 @@
 #include "mainwindow/cfilewatch.h"
 #include "mainwindow/cnoticebar.h"
 
+#ifdef Q_OS_LINUX
+#include "support/creadonlyfile.h"
+#endif
+
 #include <QDirIterator>
 #include <QPushButton>
 
@@ -197,6 +201,25 @@ private slots:
         press(f, "Overwrite");
         QVERIFY(f.content(strPath) != data);
     }
+
+#ifdef Q_OS_LINUX
+    void readOnlyFile_isSaidToBeSoAndStaysAsItIs()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("a.txt", "text\n");
+        const CReadOnlyFile readOnly(strPath);
+        if (!readOnly.isReadOnly())
+            QSKIP("Needs a mount of its own.");
+        f.window().openFile(strPath);
+        QCOMPARE(f.label("labelMessage"), QString("The file is read-only."));
+        f.editor()->insertPlainText("more ");
+        const CBoxAnswer answer({QMessageBox::Ok});
+        QVERIFY(!f.window().on_actionSave_triggered());
+        QCOMPARE(answer.boxes().size(), 1);
+        QVERIFY(f.editor()->document()->isModified());
+        QCOMPARE(f.content(strPath), QByteArray("text\n"));
+    }
+#endif
 };
 
 QTEST_MAIN(TestGuard)
