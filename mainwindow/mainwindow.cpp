@@ -12,6 +12,7 @@
 #include "mainwindow/cfiledropfilter.h"
 #include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctabwidget.h"
+#include "mainwindow/framestate.h"
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
 
@@ -48,7 +49,8 @@ MainWindow::MainWindow(QWidget *pParent)
     setupLanguageMenu();
     m_pUi->actionLine_Wrap->setChecked(g_pSettings->getLineWrap());
     updateRecentFiles();
-    restoreState(g_pSettings->getFrameState());
+    if (isFrameStateWhole(g_pSettings->getFrameState()))
+        restoreState(g_pSettings->getFrameState());
     clipboardDataChanged();
     refreshWindow();
 }

@@ -350,8 +350,8 @@ void TestAccess::colourMenus_openByKey()
     QVERIFY(QTest::qWaitForWindowActive(&window));
     auto *pTools = window.findChild<QToolBar *>("htmlToolBar");
     auto *pSize = window.findChild<QComboBox *>("comboSize");
-    // A narrow tool bar hides its end behind a button, where Tab does not go; the window manager grants
-    // the width in its own time.
+    // A narrow tool bar hides its end behind a button, where Tab does not go; the window manager
+    // grants the width in its own time.
     window.resize(1250, 800);
     for (const char *szAction : {"actionText_Color", "actionBack_Color"})
         QTRY_VERIFY(pTools->widgetForAction(fixture.action(szAction))->isVisible());
