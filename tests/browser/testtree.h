@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/manyfiles.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -28,11 +30,7 @@ public:
         return path(strName);
     }
 
-    void addFiles(int nCount) const
-    {
-        for (int n = 0; n < nCount; ++n)
-            addFile(QStringLiteral("file%1.txt").arg(n, 5, 10, QLatin1Char('0')));
-    }
+    void addFiles(int nCount) const { makeFiles(path(), nCount); }
 
     QString addLink(const QString &strName, const QString &strTarget) const
     {

@@ -315,7 +315,6 @@ void tst_fileinfogatherer::manyFetches_neverLoseTheLast()
     tree.addFiles(200);
     const QString strA = tree.addFolder(QStringLiteral("a"));
     const QString strB = tree.addFolder(QStringLiteral("b"));
-    tree.addFiles(20);
     for (int n = 0; n < 15; ++n) {
         CRecordedReader reader;
         reader.setScanSubDirs(n % 2 == 0);

@@ -3,6 +3,7 @@
 
 #include "cprogramhome.h"
 #include "largesource.h"
+#include "support/manyfiles.h"
 
 #include <QDir>
 #include <QTest>
@@ -103,8 +104,7 @@ private:
         if (strMoment == "listing") {
             const QString strFolder = home.path("many");
             QDir().mkpath(strFolder);
-            for (int n = 0; n < 20000; ++n)
-                home.file(QString("many/file %1.txt").arg(n), QByteArray());
+            makeFiles(strFolder, 20000);
             return strFolder;
         }
         QByteArray page = "<html><title>long</title><body>";
