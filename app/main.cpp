@@ -65,5 +65,9 @@ int main(int argc, char *argv[])
         single.sendMessage(messageFromPaths(lstPaths));
         return 0;
     }
-    return runFirstInstance(&app, &single, lstPaths);
+    const int nExitCode = runFirstInstance(&app, &single, lstPaths);
+    // What the windows left for later when they went, such as the network of a page with its
+    // thread.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return nExitCode;
 }

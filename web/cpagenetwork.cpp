@@ -3,8 +3,9 @@
 #include "web/localresources.h"
 
 #include <QFileInfo>
-#include <QNetworkReply>
 #include <QNetworkRequest>
+
+#include <utility>
 
 namespace {
 
@@ -27,7 +28,6 @@ public:
         setOpenMode(QIODevice::ReadOnly);
         setError(ContentAccessDenied, QStringLiteral("Refused"));
         setFinished(true);
-        QMetaObject::invokeMethod(this, &QNetworkReply::finished, Qt::QueuedConnection);
     }
     void abort() override { }
 
@@ -66,5 +66,25 @@ QNetworkReply *CPageNetwork::createRequest(Operation operation, const QNetworkRe
     if (bReading && isAllowed(request.url()))
         return QNetworkAccessManager::createRequest(operation, request, pData);
     emit refused(request.url());
-    return new CRefusal(operation, request, this);
+    auto *pRefusal = new CRefusal(operation, request, this);
+    refuse(pRefusal);
+    return pRefusal;
+}
+
+// The page hears of it from the event loop, once it knows the answer; of all at once, since an
+// answer with an event of its own looks through all events when it goes.
+void CPageNetwork::refuse(QNetworkReply *pRefusal)
+{
+    if (m_arrRefusals.isEmpty())
+        QMetaObject::invokeMethod(this, &CPageNetwork::finishRefusals, Qt::QueuedConnection);
+    m_arrRefusals.append(pRefusal);
+}
+
+void CPageNetwork::finishRefusals()
+{
+    const QVector<QPointer<QNetworkReply>> arrRefusals = std::exchange(m_arrRefusals, {});
+    for (const QPointer<QNetworkReply> &pRefusal : arrRefusals) {
+        if (pRefusal)
+            emit pRefusal->finished();
+    }
 }

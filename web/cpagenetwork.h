@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPointer>
 #include <QUrl>
+#include <QVector>
 
 // All that a shown page may fetch. A page of this disk gets files of its own site (see
 // localresources.h) and data URLs, and no network at all: neither images that tell a server that
@@ -28,6 +31,9 @@ protected:
 
 private:
     bool isFileAllowed(const QUrl &url) const;
+    void refuse(QNetworkReply *pRefusal);
+    void finishRefusals();
 
+    QVector<QPointer<QNetworkReply>> m_arrRefusals; // Of which the page does not know yet.
     QUrl m_urlDocument;
 };

@@ -20,6 +20,10 @@ CSafePage::~CSafePage()
 {
     // The base class ends a load that is under way, and says so when this part is gone.
     disconnect(this, &QWebPage::loadFinished, this, nullptr);
+    // Answers of a load that is cut off wait to be deleted, each with an event. The network goes
+    // after them: before, each would look through the events of all.
+    m_pNetwork->setParent(nullptr);
+    m_pNetwork->deleteLater();
 }
 
 void CSafePage::showIn(QWebView *pView)

@@ -3,6 +3,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QNetworkReply>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,6 +20,7 @@ private slots:
     void siteFolder_stopsBelowHome();
     void network_data();
     void network();
+    void refusals_areToldByTheEventLoop();
 
 private:
     static void touch(const QString &strPath);
@@ -153,6 +156,29 @@ void tst_LocalResources::network()
     CPageNetwork network;
     network.setDocument(QUrl(document));
     QCOMPARE(network.isAllowed(QUrl(url)), allowed);
+}
+
+void tst_LocalResources::refusals_areToldByTheEventLoop()
+{
+    CPageNetwork network;
+    network.setDocument(QUrl("file:///x/page.html"));
+    const QSignalSpy spyRefused(&network, &CPageNetwork::refused);
+    const QSignalSpy spyFinished(&network, &QNetworkAccessManager::finished);
+    QList<QNetworkReply *> lstReplies;
+    for (const char *szUrl : {"http://host/a.png", "http://host/b.png", "http://host/c.png"})
+        lstReplies.append(network.get(QNetworkRequest(QUrl(szUrl))));
+    QCOMPARE(spyRefused.size(), 3);
+    QCOMPARE(spyFinished.size(), 0);
+    delete lstReplies.takeAt(1); // As a page does that stops loading.
+    // What is asked for meanwhile is told, too.
+    connect(lstReplies.first(), &QNetworkReply::finished, this, [&network, &lstReplies] {
+        lstReplies.append(network.get(QNetworkRequest(QUrl("http://host/d.png"))));
+    });
+    QTRY_COMPARE(spyFinished.size(), 3);
+    for (const QNetworkReply *pReply : qAsConst(lstReplies)) {
+        QCOMPARE(pReply->error(), QNetworkReply::ContentAccessDenied);
+        QVERIFY(pReply->isFinished());
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_LocalResources)

@@ -29,6 +29,7 @@ private slots:
     void formIsNotSent();
     void localImageAndStyle_areShown();
     void followedWebPage_mayAskTheWeb();
+    void closedPage_takesItsNetworkWithIt();
     void linkWithTarget_opensHere();
     void linkToAnotherScheme_isNotFollowed_data();
     void linkToAnotherScheme_isNotFollowed();
@@ -314,6 +315,21 @@ void tst_PageSafety::followedWebPage_mayAskTheWeb()
     QVERIFY(view.canGoBack());
     view.back();
     QTRY_VERIFY(view.showsOwnFile());
+}
+
+void tst_PageSafety::closedPage_takesItsNetworkWithIt()
+{
+    QByteArray page = "<p>";
+    for (int n = 0; n < 200; ++n)
+        page += "<img src=\"missing" + QByteArray::number(n) + ".png\">";
+    auto pView = std::make_unique<CEditWebView>();
+    pView->resize(400, 300);
+    pView->show();
+    const QPointer<QNetworkAccessManager> pNetwork = pView->page()->networkAccessManager();
+    QVERIFY(pView->loadFile(m_pCase->write("page.html", page)));
+    QTRY_VERIFY(!pNetwork->findChildren<QNetworkReply *>().isEmpty());
+    pView.reset();
+    QTRY_VERIFY(!pNetwork);
 }
 
 void tst_PageSafety::linkWithTarget_opensHere()
