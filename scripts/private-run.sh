@@ -19,7 +19,7 @@ mkdir -p "$base/home/.config" "$base/tmp"
 mkdir -m 700 "$base/run"
 export HOME="$base/home" XDG_CONFIG_HOME="$base/home/.config" XDG_DATA_HOME="$base/home/.local/share" \
        XDG_CACHE_HOME="$base/home/.cache" XDG_RUNTIME_DIR="$base/run" TMPDIR="$base/tmp"
-export LC_ALL="${QUILLAN_TEST_LOCALE:-C.UTF-8}" QTEST_FUNCTION_TIMEOUT="${QTEST_FUNCTION_TIMEOUT:-110000}"
+export LC_ALL="${QUILLAN_TEST_LOCALE:-C.UTF-8}" QTEST_FUNCTION_TIMEOUT="${QTEST_FUNCTION_TIMEOUT:-280000}"
 # A session bus of the desktop must neither be asked nor waited for.
 export DBUS_SESSION_BUS_ADDRESS="${QUILLAN_TEST_BUS:-unix:path=$base/run/no-bus}"
 

@@ -18,7 +18,7 @@ fi
 # Leaks are not counted: Qt, WebKit and the font libraries keep what they have until the end.
 export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
 # As slow as the sanitizers are, a test that hangs still has an end (see TIMEOUT in cmake/).
-export QTEST_FUNCTION_TIMEOUT=550000
+export QTEST_FUNCTION_TIMEOUT=850000
 # Four tests look at files alone and run no code of the program's.
 ctest --preset asan --parallel "$(($(nproc) + 1))" "${chosen[@]}" \
     --exclude-regex '^tst_(definitions|documents_truth|launcher|translations)$'
