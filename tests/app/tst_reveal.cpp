@@ -142,7 +142,7 @@ void tst_reveal::silentFileManager_isNotWaitedFor()
     QElapsedTimer timer;
     timer.start();
     QVERIFY(openFilePosition(QStringLiteral("/tmp/a.txt")));
-    QVERIFY(timer.elapsed() < 1000);
+    QVERIFY(timer.elapsed() < 20000); // The bus gives an answer 25 seconds.
     QProcess::execute(QStringLiteral("kill"),
                       {QStringLiteral("-CONT"), QString::number(m_daemon.processId())});
 }

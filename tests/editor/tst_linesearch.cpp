@@ -3,7 +3,6 @@
 
 #include "literalreplace.h"
 
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -317,22 +316,19 @@ void tst_LineSearch::oneLongLine_takesLinearTime_data()
                                          << "" << int(RegExp);
 }
 
+// In quadratic time this would not end.
 void tst_LineSearch::oneLongLine_takesLinearTime()
 {
     QFETCH(QString, text);
     QFETCH(QString, replace);
     QFETCH(int, options);
     const int nLength = 1000 * 1000;
-    QElapsedTimer timer;
-    timer.start();
     const QString strLine(nLength, QLatin1Char('a'));
     const CLineSearch search(text, optionsOf(options));
     const LineMatch first = search.find(strLine, options & Up ? -1 : 0);
     const LineReplacement result = replaceInLine(search, strLine, first, replace);
     QCOMPARE(result.nMatches, nLength);
     QCOMPARE(result.strText, QString(nLength * replace.length(), QLatin1Char('a')));
-    // Quadratic time would be hours.
-    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
 }
 
 QTEST_GUILESS_MAIN(tst_LineSearch)

@@ -1,7 +1,7 @@
 #include "literalsearch.h"
+#include "support/processortime.h"
 #include "withsettings.h"
 
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
@@ -336,10 +336,9 @@ void tst_Replace::sixtyThousandLines_end()
     (*m_pSettings)->m_bFindUseRegularExpression = expression;
     m_pEdit->setPlainText(QString("x aa b a\n").repeated(nLines));
     place(10, 12);
-    QElapsedTimer timer;
-    timer.start();
+    const CProcessorTime time;
     QCOMPARE(m_pEdit->replaceAll(text, replace), count > 0);
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(time.elapsed() < 5000, qPrintable(QString::number(time.elapsed())));
     QCOMPARE(m_pLog->lst.last(), QStringLiteral("replaceNum %1").arg(count));
     QCOMPARE(m_pEdit->toPlainText(), QString(line + '\n').repeated(nLines));
     m_pEdit->undo();

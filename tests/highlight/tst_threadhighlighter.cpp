@@ -401,7 +401,7 @@ void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
         editor.pHighlighter->setSelectedWord(n % 2 ? "abc" : "abcd");
         QElapsedTimer timer;
         timer.start();
-        while (nResults == 0 && timer.elapsed() < 5000) {
+        while (nResults == 0 && timer.elapsed() < 30000) {
             QCoreApplication::processEvents();
         }
         QVERIFY2(nResults > 0, qPrintable(QString("request %1 was lost").arg(n)));
@@ -450,15 +450,16 @@ void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
 {
     HighlightedEditor editor;
     editor.document.setPlainText(manyLines(30000));
-    QElapsedTimer timer;
-    qint64 nLongest = 0;
+    int nInOneGo = 0;
+    int nMost = 0;
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&] { nMost = qMax(nMost, ++nInOneGo); });
     while (!editor.document.lines()->isComplete()) {
-        timer.start();
+        nInOneGo = 0;
         QCoreApplication::sendPostedEvents();
-        nLongest = qMax(nLongest, timer.elapsed());
         QCoreApplication::processEvents();
     }
-    QVERIFY2(nLongest < 200, qPrintable(QString("%1 ms").arg(nLongest)));
+    QVERIFY2(nMost < 15000, qPrintable(QString::number(nMost)));
 }
 
 QTEST_MAIN(tst_ThreadHighlighter)

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/processortime.h"
+
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QStringList>
 #include <QTimer>
@@ -39,18 +40,17 @@ private:
     QtMessageHandler m_previous;
 };
 
-// Measures for how long at most the event loop stood still while the object lives.
+// Measures for how much work at most the event loop stood still while the object lives.
 class CHeartbeat
 {
 public:
     CHeartbeat()
     {
-        m_sinceLast.start();
         QObject::connect(&m_timer, &QTimer::timeout, [this] { beat(); });
         m_timer.start(20);
     }
 
-    // Milliseconds, what is running now included.
+    // Milliseconds of the processors' time, what is running now included.
     qint64 longest()
     {
         beat();
@@ -61,7 +61,7 @@ private:
     void beat() { m_nLongest = qMax(m_nLongest, m_sinceLast.restart()); }
 
     QTimer m_timer;
-    QElapsedTimer m_sinceLast;
+    CProcessorTime m_sinceLast;
     qint64 m_nLongest = 0;
 };
 

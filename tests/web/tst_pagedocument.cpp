@@ -1,6 +1,7 @@
 #include "webtest.h"
 
 #include "editor/chighlightedit.h"
+#include "support/processortime.h"
 
 #include <QTextCodec>
 
@@ -325,8 +326,7 @@ void tst_PageDocument::deepNestingAndLongLines_areTaken()
 {
     QFETCH(QByteArray, content);
     const CWebCase c;
-    QElapsedTimer timer;
-    timer.start();
+    const CProcessorTime time;
     CEditWebView view;
     QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), content)));
     view.resize(400, 300);
@@ -335,7 +335,7 @@ void tst_PageDocument::deepNestingAndLongLines_areTaken()
     QVERIFY(!view.htmlForSaving().isEmpty());
     view.showSource(true);
     view.applySource(content);
-    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(time.elapsed() < 10000, qPrintable(QString::number(time.elapsed())));
 }
 
 QTEST_MAIN(tst_PageDocument)
