@@ -4,7 +4,7 @@
 PACKAGES_RUN="
 cmake ninja-build g++ ccache lld
 qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools qttranslations5-l10n
-libqt5webkit5-dev libqt5svg5 dbus fonts-dejavu-core"
+libqt5webkit5-dev zlib1g-dev libqt5svg5 dbus fonts-dejavu-core"
 
 # To show it without a display.
 PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
@@ -18,7 +18,8 @@ dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3"
 # write (fuzzing), the Linux package, the Windows branches, the drawings.
 PACKAGES_CHECK="
 clang-format clang-tidy clang-14 libclang-rt-14-dev
-dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix"
+dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix
+libz-mingw-w64-dev"
 
 # To look further by hand: memory errors, the use of Qt.
 PACKAGES_INSPECT="valgrind clazy"

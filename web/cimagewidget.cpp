@@ -1,5 +1,6 @@
 #include "web/cimagewidget.h"
 
+#include "web/gunzip.h"
 #include "web/svgimages.h"
 
 #include <QBuffer>
@@ -11,6 +12,9 @@
 #include <QStyleOption>
 
 namespace {
+
+// A compressed SVG of more bytes than this is none that anybody drew.
+constexpr int c_nMaxSvgBytes = 64 * 1024 * 1024;
 
 // A picture of more pixels than this (1 GiB in memory) is not worth stopping the program for.
 constexpr qint64 c_nMaxPixels = 256LL * 1024 * 1024;
@@ -25,7 +29,7 @@ QImage readImage(QImageReader &reader)
 
 QImage readSvg(const QByteArray &svg)
 {
-    QByteArray safe = withoutLinkedImages(svg);
+    QByteArray safe = withoutLinkedImages(isGzip(svg) ? gunzip(svg, c_nMaxSvgBytes) : svg);
     QBuffer buffer(&safe);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, "SVG");
@@ -38,7 +42,7 @@ QImage readImageFile(const QString &strPath)
     if (!info.isFile()) // A pipe or a device would never end.
         return QImage();
     const QByteArray format = info.suffix().toUpper().toLatin1();
-    if (format == "SVG") {
+    if (format == "SVG" || format == "SVGZ") {
         QFile file(strPath);
         return file.open(QIODevice::ReadOnly) ? readSvg(file.readAll()) : QImage();
     }

@@ -1,3 +1,4 @@
+#include "support/gzipped.h"
 #include "web/cimagewidget.h"
 #include <QBuffer>
 #include <QFile>
@@ -212,9 +213,15 @@ void tst_ImageWidget::svgWithLinkedImages_opensNone()
     widget.resize(100, 100);
     widget.setSvgText(strSvg);
     QCOMPARE(drawnRect(widget), QRect(0, 0, 20, 20));
-    writeFile(folder.filePath("a.svg"), strSvg.toUtf8());
-    widget.setImageFile(folder.filePath("a.svg"));
-    QCOMPARE(drawnRect(widget), QRect(0, 0, 20, 20));
+    for (const char *szName : {"a.svg", "a.svgz"}) {
+        const QString strPath = folder.filePath(szName);
+        writeFile(strPath, strSvg.toUtf8());
+        widget.setImageFile(strPath);
+        QCOMPARE(drawnRect(widget), QRect(0, 0, 20, 20));
+        writeFile(strPath, gzipped(strSvg.toUtf8()));
+        widget.setImageFile(strPath);
+        QCOMPARE(drawnRect(widget), QRect(0, 0, 20, 20));
+    }
 }
 
 void tst_ImageWidget::svgWithItsOwnImage_showsIt()

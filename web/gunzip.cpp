@@ -1,0 +1,36 @@
+#include "web/gunzip.h"
+
+#include <zlib.h>
+
+namespace {
+
+constexpr int c_nGzipOnly = 16; // Added to the window's size, see zlib's inflateInit2().
+constexpr int c_nChunk = 64 * 1024;
+
+} // namespace
+
+bool isGzip(const QByteArray &data)
+{
+    return data.startsWith("\x1f\x8b");
+}
+
+QByteArray gunzip(const QByteArray &data, int nMaxBytes)
+{
+    z_stream stream {};
+    if (inflateInit2(&stream, MAX_WBITS + c_nGzipOnly) != Z_OK)
+        return QByteArray();
+    QByteArray input = data; // Its own copy: zlib asks for a pointer that it might write through.
+    stream.next_in = reinterpret_cast<Bytef *>(input.data());
+    stream.avail_in = uInt(input.size());
+    QByteArray result;
+    QByteArray chunk(c_nChunk, Qt::Uninitialized);
+    int nStatus = Z_OK;
+    while (nStatus == Z_OK && result.size() <= nMaxBytes) {
+        stream.next_out = reinterpret_cast<Bytef *>(chunk.data());
+        stream.avail_out = c_nChunk;
+        nStatus = inflate(&stream, Z_NO_FLUSH); // Z_BUF_ERROR where the input ends too early.
+        result.append(chunk.constData(), c_nChunk - int(stream.avail_out));
+    }
+    inflateEnd(&stream);
+    return nStatus == Z_STREAM_END && result.size() <= nMaxBytes ? result : QByteArray();
+}
