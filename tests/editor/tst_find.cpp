@@ -1,10 +1,10 @@
+#include "editorcase.h"
 #include "literalsearch.h"
-#include "withsettings.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
 
-class tst_Find : public QObject
+class tst_Find : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -41,37 +41,19 @@ private slots:
     void randomSearches_equalTheLiteralOnes();
 
 private:
-    void place(int nAnchor, int nPosition)
-    {
-        QTextCursor cursor = m_pEdit->textCursor();
-        cursor.setPosition(nAnchor);
-        cursor.setPosition(nPosition, QTextCursor::KeepAnchor);
-        m_pEdit->setTextCursor(cursor);
-    }
-    QPair<int, int> selection() const
-    {
-        return {m_pEdit->textCursor().anchor(), m_pEdit->textCursor().position()};
-    }
-
-    std::unique_ptr<WithSettings> m_pSettings;
-    std::unique_ptr<CHighlightEdit> m_pEdit;
     std::unique_ptr<CSearchLog> m_pLog;
 };
 
-using Ends = QPair<int, int>;
-
 void tst_Find::init()
 {
-    m_pSettings = std::make_unique<WithSettings>();
-    m_pEdit = std::make_unique<CHighlightEdit>();
+    makeEditor();
     m_pLog = std::make_unique<CSearchLog>(m_pEdit.get());
 }
 
 void tst_Find::cleanup()
 {
     m_pLog.reset();
-    m_pEdit.reset();
-    m_pSettings.reset();
+    removeEditor();
 }
 
 void tst_Find::emptyText_doesNothing()

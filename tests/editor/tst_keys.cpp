@@ -1,11 +1,9 @@
-#include "editor/chighlightedit.h"
-
-#include "withsettings.h"
+#include "editorcase.h"
 
 #include <QInputMethodEvent>
 #include <QtTest>
 
-class tst_Keys : public QObject
+class tst_Keys : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -43,13 +41,6 @@ private slots:
     void readOnlyEditor_isNotChanged();
 
 private:
-    void select(int nAnchor, int nPosition)
-    {
-        QTextCursor cursor = m_pEdit->textCursor();
-        cursor.setPosition(nAnchor);
-        cursor.setPosition(nPosition, QTextCursor::KeepAnchor);
-        m_pEdit->setTextCursor(cursor);
-    }
     void show(const QString &strText)
     {
         m_pEdit->setPlainText(strText);
@@ -72,27 +63,22 @@ private:
     {
         QTest::keyClick(m_pEdit.get(), key, modifiers);
     }
-
-    std::unique_ptr<WithSettings> m_pSettings;
-    std::unique_ptr<CHighlightEdit> m_pEdit;
 };
 
 void tst_Keys::init()
 {
-    m_pSettings = std::make_unique<WithSettings>();
-    m_pEdit = std::make_unique<CHighlightEdit>();
+    makeEditor();
 }
 
 void tst_Keys::cleanup()
 {
-    m_pEdit.reset();
-    m_pSettings.reset();
+    removeEditor();
 }
 
 void tst_Keys::tab_indentsEverySelectedLine()
 {
     show("a\n\n  b\nc");
-    select(0, 5);
+    place(0, 5);
     press(Qt::Key_Tab);
     QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\t\n\t  b\nc"));
 }
@@ -113,7 +99,7 @@ void tst_Keys::tab_swapsTheSelectionsEnds()
     QFETCH(int, position);
     QFETCH(QString, after);
     show("ab\ncd\nef");
-    select(anchor, position);
+    place(anchor, position);
     press(Qt::Key_Tab);
     QCOMPARE(state(), after);
 }
@@ -150,7 +136,7 @@ void tst_Keys::backtab_withoutShift_indents()
 void tst_Keys::tab_inOneLine_replacesTheSelection()
 {
     show("abc");
-    select(1, 2);
+    place(1, 2);
     press(Qt::Key_Tab);
     QCOMPARE(state(), QString("a\t|c"));
 }
@@ -158,7 +144,7 @@ void tst_Keys::tab_inOneLine_replacesTheSelection()
 void tst_Keys::tab_overALineWithItsEnd_isNoBlock()
 {
     show("abc\nd");
-    select(0, 4); // The last selected character is the first line's end.
+    place(0, 4); // The last selected character is the first line's end.
     press(Qt::Key_Tab);
     QCOMPARE(state(), QString("\t|d"));
 }
@@ -166,7 +152,7 @@ void tst_Keys::tab_overALineWithItsEnd_isNoBlock()
 void tst_Keys::tab_leavesTheLineBehindTheSelectionAlone()
 {
     show("a\nb\nc");
-    select(0, 4);
+    place(0, 4);
     press(Qt::Key_Tab);
     QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\tb\nc"));
 }
@@ -214,7 +200,7 @@ void tst_Keys::closer_isTypedOnceMore()
 void tst_Keys::opener_overASelection_replacesIt()
 {
     show("abc");
-    select(1, 2);
+    place(1, 2);
     QTest::keyClicks(m_pEdit.get(), "(");
     QCOMPARE(state(), QString("a(|)c"));
 }
@@ -292,7 +278,7 @@ void tst_Keys::enter_behindABraceAndBlanks_opensABlock()
 void tst_Keys::enter_beforeAClosingBrace_opensABlockAllTheSame()
 {
     show("  {}");
-    select(3, 3);
+    place(3, 3);
     press(Qt::Key_Return);
     QCOMPARE(state(), QString("  {\n  \t|\n  }"));
 }
@@ -300,7 +286,7 @@ void tst_Keys::enter_beforeAClosingBrace_opensABlockAllTheSame()
 void tst_Keys::enter_inTheMiddle_looksAtTheLineEnded()
 {
     show("  ab{");
-    select(3, 3);
+    place(3, 3);
     press(Qt::Key_Return);
     QCOMPARE(state(), QString("  a\n  |b{"));
 }

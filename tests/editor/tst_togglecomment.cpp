@@ -1,11 +1,9 @@
-#include "editor/chighlightedit.h"
-
 #include "definitions.h"
-#include "withsettings.h"
+#include "editorcase.h"
 
 #include <QtTest>
 
-class tst_ToggleComment : public QObject
+class tst_ToggleComment : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -29,33 +27,19 @@ private:
     void show(const QString &strText, int nAnchor, int nPosition)
     {
         m_pEdit->setPlainText(strText);
-        QTextCursor cursor = m_pEdit->textCursor();
-        cursor.setPosition(nAnchor);
-        cursor.setPosition(nPosition, QTextCursor::KeepAnchor);
-        m_pEdit->setTextCursor(cursor);
+        place(nAnchor, nPosition);
     }
-    QPair<int, int> selection() const
-    {
-        return {m_pEdit->textCursor().anchor(), m_pEdit->textCursor().position()};
-    }
-
-    std::unique_ptr<WithSettings> m_pSettings;
-    std::unique_ptr<CHighlightEdit> m_pEdit;
 };
-
-using Ends = QPair<int, int>;
 
 void tst_ToggleComment::init()
 {
-    m_pSettings = std::make_unique<WithSettings>();
-    m_pEdit = std::make_unique<CHighlightEdit>();
+    makeEditor();
     m_pEdit->setDefinition(languageDefinition("C++", "//", "/*", "*/"));
 }
 
 void tst_ToggleComment::cleanup()
 {
-    m_pEdit.reset();
-    m_pSettings.reset();
+    removeEditor();
 }
 
 void tst_ToggleComment::noSelection_doesNothing()

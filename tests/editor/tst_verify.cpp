@@ -1,14 +1,12 @@
-#include "editor/chighlightedit.h"
-
 #include "definitions.h"
+#include "editorcase.h"
 #include "support/boxanswer.h"
-#include "withsettings.h"
 
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QtTest>
 
-class tst_Verify : public QObject
+class tst_Verify : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -50,21 +48,16 @@ private:
         cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor, nColumn);
         m_pEdit->setTextCursor(cursor);
     }
-
-    std::unique_ptr<WithSettings> m_pSettings;
-    std::unique_ptr<CHighlightEdit> m_pEdit;
 };
 
 void tst_Verify::init()
 {
-    m_pSettings = std::make_unique<WithSettings>();
-    m_pEdit = std::make_unique<CHighlightEdit>();
+    makeEditor();
 }
 
 void tst_Verify::cleanup()
 {
-    m_pEdit.reset();
-    m_pSettings.reset();
+    removeEditor();
 }
 
 void tst_Verify::languages_canBeVerifiedAndFormatted_data()
