@@ -179,6 +179,7 @@ private:
 
     // mainwindow_search.cpp
     CDlgFind *findDialog();
+    CDlgFind *findDialogForSelection();
     void searchAgain(bool bBackward);
     void showSearchMessage(const QString &strText);
 

@@ -58,22 +58,24 @@ CDlgFind *MainWindow::findDialog()
     return m_pDlgFind;
 }
 
-void MainWindow::on_actionFind_triggered()
+// The dialog, offering what is selected.
+CDlgFind *MainWindow::findDialogForSelection()
 {
     const QString strText = selectedLine(currentDocument());
     if (!strText.isEmpty())
         findDialog()->setFindText(strText);
     findDialog()->clearInfo();
-    findDialog()->showFind();
+    return findDialog();
+}
+
+void MainWindow::on_actionFind_triggered()
+{
+    findDialogForSelection()->showFind();
 }
 
 void MainWindow::on_actionReplace_triggered()
 {
-    const QString strText = selectedLine(currentDocument());
-    if (!strText.isEmpty())
-        findDialog()->setFindText(strText);
-    findDialog()->clearInfo();
-    findDialog()->showReplace();
+    findDialogForSelection()->showReplace();
 }
 
 void MainWindow::on_actionFind_Next_triggered()
