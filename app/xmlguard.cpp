@@ -25,13 +25,69 @@ ParseResult failureAt(const QString &strText, int nPosition, const char *pText)
     return result;
 }
 
+// Behind a comment or a processing instruction that begins at the position; the position itself
+// where none does.
+int behindRemark(const QString &strText, int nPosition)
+{
+    const QStringRef rest = strText.midRef(nPosition, 4);
+    if (rest != QLatin1String("<!--") && !rest.startsWith(QLatin1String("<?")))
+        return nPosition;
+    const bool bComment = rest.at(1) == QLatin1Char('!');
+    const QString strClose = bComment ? QStringLiteral("-->") : QStringLiteral("?>");
+    const int nClose = strText.indexOf(strClose, nPosition + (bComment ? 4 : 2));
+    return nClose < 0 ? strText.length() : nClose + strClose.length();
+}
+
+// Where the document type is declared: only remarks may stand before it. -1 where it is not.
+int doctypeStart(const QString &strText)
+{
+    int nPosition = 0;
+    while (nPosition < strText.length()) {
+        const int nBehind = behindRemark(strText, nPosition);
+        if (nBehind == nPosition && !strText.at(nPosition).isSpace())
+            break;
+        nPosition = qMax(nBehind, nPosition + 1);
+    }
+    return strText.midRef(nPosition).startsWith(QLatin1String("<!DOCTYPE")) ? nPosition : -1;
+}
+
+// Behind the declaration of the document type that begins at the position.
+int doctypeEnd(const QString &strText, int nPosition)
+{
+    bool bInSubset = false;
+    while (nPosition < strText.length()) {
+        const int nBehind = behindRemark(strText, nPosition);
+        if (nBehind > nPosition) {
+            nPosition = nBehind;
+            continue;
+        }
+        const QChar c = strText.at(nPosition);
+        if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
+            const int nClose = strText.indexOf(c, nPosition + 1);
+            nPosition = nClose < 0 ? strText.length() : nClose + 1;
+            continue;
+        }
+        if (c == QLatin1Char('[') || c == QLatin1Char(']'))
+            bInSubset = c == QLatin1Char('[');
+        else if (c == QLatin1Char('>') && !bInSubset)
+            return nPosition + 1;
+        ++nPosition;
+    }
+    return nPosition;
+}
+
 // Where a content model's brackets nest too deeply; -1 nowhere. A declaration ends at the next
-// angle bracket. A character reference of a parameter entity's value may be a bracket, too.
+// angle bracket. A character reference of a parameter entity's value may be a bracket, too; and
+// such an entity may hold what moves the end of the document type's declaration.
 int deepModelPosition(const QString &strText)
 {
+    const int nStart = doctypeStart(strText);
+    if (nStart < 0)
+        return -1;
     const bool bReferences = declaresParameterEntities(strText);
+    const int nEnd = bReferences ? strText.length() : doctypeEnd(strText, nStart);
     int nDepth = 0;
-    for (int i = strText.indexOf(QLatin1String("<!DOCTYPE")); i >= 0 && i < strText.length(); ++i) {
+    for (int i = nStart; i < nEnd; ++i) {
         const QChar c = strText.at(i);
         if (c == QLatin1Char('<') || c == QLatin1Char('>'))
             nDepth = 0;

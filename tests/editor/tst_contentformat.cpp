@@ -134,6 +134,17 @@ void tst_ContentFormat::hostileXml_isRefusedQuickly_data()
         << "<!DOCTYPE a [<!ENTITY l \"" + repeated("<b>", 1000) + "\">]><a>" + repeated("&l;", 100);
     QTest::newRow("deep content model")
         << "<!DOCTYPE a [<!ELEMENT a " + repeated("(", 200000) + "]><a/>";
+    const QString strDeep = "<!ELEMENT a " + repeated("(", 200000) + "]><a/>";
+    QTest::newRow("deep content model behind a comment that declares a type")
+        << "<?xml version=\"1.0\"?> <!-- <!DOCTYPE b> -->\n<!DOCTYPE a [" + strDeep;
+    QTest::newRow("deep content model behind ends in quotations")
+        << "<!DOCTYPE a [<!ENTITY b ']>\"'><!ENTITY c \"]>'\"> " + strDeep;
+    QTest::newRow("deep content model behind ends in remarks")
+        << "<!DOCTYPE a [<!-- ]>' --><?p ]>\" ?>" + strDeep;
+    QTest::newRow("deep content model behind a comment that seems to end at once")
+        << "<!DOCTYPE a [<!--> ]> -->" + strDeep;
+    QTest::newRow("deep content model behind an entity that ends the declaration")
+        << "<!DOCTYPE a [<!ENTITY % p \"'\"><!ENTITY b %p; ]> '> " + strDeep;
     QTest::newRow("deep content model out of an entity")
         << "<!DOCTYPE a [<!ENTITY % p \"<!ELEMENT a " + repeated("&#40;", 200000)
             + "\"> %p; ]><a/>";
@@ -161,6 +172,11 @@ void tst_ContentFormat::reasonableEntities_areAccepted_data()
     QTest::newRow("elements in an entity")
         << "<!DOCTYPE a [<!ENTITY br \"<br/>\">]><a>" + repeated("&br;", 3000) + "</a>";
     QTest::newRow("many brackets in the text") << "<!DOCTYPE a><a>" + repeated("(", 200) + "</a>";
+    QTest::newRow("very many brackets in the text")
+        << "<?xml version=\"1.0\"?>\n<!-- x --><!DOCTYPE a><a>" + repeated("(", 2000) + "</a>";
+    QTest::newRow("very many brackets behind declarations")
+        << "<!DOCTYPE a [<!-- ]>' --><?p ]>\" ?><!ENTITY b ']>\"'><!ENTITY c \"]>'\">]><a>"
+            + repeated("(", 2000) + "</a>";
     QTest::newRow("many character references")
         << "<!DOCTYPE a><a>" + repeated("&#20013;", 100000) + "</a>";
     QTest::newRow("a content model") << "<!DOCTYPE a [<!ELEMENT a ((b|c)*, d?)>]><a><d/></a>";
