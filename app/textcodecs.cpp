@@ -144,6 +144,18 @@ bool isMultiByteUtf8(const QByteArray &data)
     return state.invalidChars == 0 && state.remainingChars == 0;
 }
 
+QByteArray withoutCutUtf8(const QByteArray &data)
+{
+    for (int nBack = 1; nBack <= qMin(3, data.size()); ++nBack) {
+        const auto c = uchar(data.at(data.size() - nBack));
+        if ((c & 0xc0) == 0x80) // A byte within a character.
+            continue;
+        const int nLength = c >= 0xf0 ? 4 : c >= 0xe0 ? 3 : c >= 0xc0 ? 2 : 1;
+        return nLength > nBack ? data.chopped(nBack) : data;
+    }
+    return data;
+}
+
 QString codecNameForData(const QString &strCurrent, const QByteArray &data)
 {
     if (strCurrent.isEmpty())

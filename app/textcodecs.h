@@ -30,6 +30,10 @@ QStringList getCodecList();
 // True for strictly valid UTF-8 with at least one byte outside ASCII.
 bool isMultiByteUtf8(const QByteArray &data);
 
+// The first bytes of a file, without a last character that the cut went through: as UTF-8, the rest
+// would be invalid for it.
+QByteArray withoutCutUtf8(const QByteArray &data);
+
 // The codec to load a file with, when strCurrent (may be empty) is the one its editor has now.
 //
 // The one place every loader passes. A codec library may list multi-byte codecs before UTF-8 that

@@ -111,6 +111,7 @@ public:
 
 signals:
     void overUrl(const QString &strUrl);
+    void linkLeft(const QString &strUrl); // The mouse is no longer over it.
     void modifiedChanged(bool bModified);
     void focusIn();
     // One line for the status bar.
@@ -131,6 +132,7 @@ protected:
     bool event(QEvent *pEvent) override;
     void mousePressEvent(QMouseEvent *pEvent) override;
     void mouseMoveEvent(QMouseEvent *pEvent) override;
+    void leaveEvent(QEvent *pEvent) override;
     void keyPressEvent(QKeyEvent *pEvent) override;
     void keyReleaseEvent(QKeyEvent *pEvent) override;
     void focusInEvent(QFocusEvent *pEvent) override;
@@ -156,12 +158,14 @@ private:
     void setEditable(bool bEditable);
     void formatByKey(QKeyEvent *pEvent);
     void enterFrame(const QWebFrame *pFrame);
+    void setLinkUnderMouse(const QString &strUrl);
     QVariant evaluate(const QString &strScript) const;
     QVariant queryState(const QString &strCommand) const;
     QString queryValue(const QString &strCommand) const;
     void command(const QString &strName, const QString &strValue);
     void applyPendingFontSize();
     void moveToSearchEdge();
+    bool findAndFollow(const QString &strText, QWebPage::FindFlags flags);
 
     bool m_bModified = false;
     bool m_bModifiedBeforeLoad = false;
@@ -176,6 +180,8 @@ private:
     bool m_bSourceShown = false;
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
     bool m_bControlDown = false;
+    bool m_bEditableBeforeControl = true;
+    QString m_strLinkUnderMouse;
     bool m_bInSubframe = false;
     bool m_bHandlingKey = false;
     QString m_strPendingFontSize; // For the next typed text, as CSS; empty for none.

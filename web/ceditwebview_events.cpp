@@ -6,6 +6,7 @@
 #include <QWebFrame>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -52,9 +53,12 @@ bool CEditWebView::focusNextPrevChild(bool bNext)
 void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
 {
     if (pEvent->key() == Qt::Key_Control) {
+        if (!m_bControlDown)
+            m_bEditableBeforeControl = page()->isContentEditable();
         m_bControlDown = true;
         setEditable(false);
-    } else if (m_bControlDown && pEvent->modifiers().testFlag(Qt::ControlModifier)) {
+    } else if (m_bControlDown && m_bEditableBeforeControl
+               && pEvent->modifiers().testFlag(Qt::ControlModifier)) {
         // Moving by words, deleting words, paste, and AltGr where it comes as Control and Alt.
         runEditable([=] {
             formatByKey(pEvent);
@@ -122,8 +126,22 @@ void CEditWebView::mouseMoveEvent(QMouseEvent *pEvent)
 {
     QWebView::mouseMoveEvent(pEvent);
     const QUrl url = urlUnderPos(pEvent);
+    setLinkUnderMouse(url.isValid() ? url.toString() : QString());
     if (url.isValid())
         emit overUrl(url.toString());
+}
+
+void CEditWebView::leaveEvent(QEvent *pEvent)
+{
+    QWebView::leaveEvent(pEvent);
+    setLinkUnderMouse(QString());
+}
+
+void CEditWebView::setLinkUnderMouse(const QString &strUrl)
+{
+    const QString strOld = std::exchange(m_strLinkUnderMouse, strUrl);
+    if (strOld != strUrl && !strOld.isEmpty())
+        emit linkLeft(strOld);
 }
 
 QUrl CEditWebView::urlUnderPos(QMouseEvent *pEvent) const

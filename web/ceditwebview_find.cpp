@@ -20,7 +20,14 @@ bool CEditWebView::findPageText(const QString &strText, bool bFromEdge)
     flags.setFlag(QWebPage::FindCaseSensitively, g_pSettings->m_bFindMatchCase);
     flags.setFlag(QWebPage::FindWrapsAroundDocument, g_pSettings->m_bFindWrapSearch);
     flags.setFlag(QWebPage::FindAtWordBeginningsOnly, g_pSettings->m_bFindMatchWholeWord);
-    return page()->findText(strText, flags);
+    return findAndFollow(strText, flags);
+}
+
+bool CEditWebView::findAndFollow(const QString &strText, QWebPage::FindFlags flags)
+{
+    const bool bFound = page()->findText(strText, flags);
+    enterFrame(page()->currentFrame());
+    return bFound;
 }
 
 bool CEditWebView::findPageTextReverse(const QString &strText, bool bFromEdge)
@@ -33,8 +40,10 @@ bool CEditWebView::findPageTextReverse(const QString &strText, bool bFromEdge)
 
 bool CEditWebView::replacePageText(const QString &strText, const QString &strReplacement)
 {
-    if (!page()->findText(strText))
-        return false;
+    do {
+        if (!findAndFollow(strText, QWebPage::FindFlags()))
+            return false;
+    } while (m_bInSubframe); // What stands in a frame is another file.
     insertHtml(strReplacement);
     return true;
 }

@@ -46,6 +46,8 @@ QImage readImageFile(const QString &strPath)
         QFile file(strPath);
         return file.open(QIODevice::ReadOnly) ? readSvg(file.readAll()) : QImage();
     }
+    if (!QImageReader::supportedImageFormats().contains(format.toLower()))
+        return QImage(); // The reader would go by the content, past what is done for SVG.
     QImageReader reader(strPath, format);
     return readImage(reader);
 }

@@ -1,6 +1,8 @@
 #include "web/cpreviewwidget.h"
 
 #include "app/commonhelpers.h"
+#include "app/plaintext.h"
+#include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 #include "web/cimagewidget.h"
@@ -123,7 +125,8 @@ void CPreviewWidget::updateTitle()
     QString strTitle = tr("Preview");
     if (!m_strFile.isEmpty())
         strTitle += QStringLiteral("(%1)").arg(QFileInfo(m_strFile).fileName());
-    pDock->setWindowTitle(strTitle);
+    pDock->setWindowTitle(plainWindowTitle(strTitle));
+    pDock->toggleViewAction()->setText(withoutMnemonic(strTitle));
 }
 
 // The window opens what is dropped here; a view would show it itself.
@@ -188,7 +191,8 @@ void CPreviewWidget::showText(const QString &strPath)
     if (!QFileInfo(strPath).isFile() || !file.open(QIODevice::ReadOnly)) // A pipe never ends.
         return;
     m_pText->setPathFileName(strPath);
-    m_pText->setTextData(file.read(c_nMaxTextBytes), false);
+    const QByteArray bytes = file.read(c_nMaxTextBytes);
+    m_pText->setTextData(file.atEnd() ? bytes : withoutCutUtf8(bytes), false);
     file.close();
     if (m_definition)
         m_pText->setDefinition(m_definition(strPath));

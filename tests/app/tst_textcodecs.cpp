@@ -125,6 +125,9 @@ private slots:
     void utf8Check_acrossPieces_data();
     void utf8Check_acrossPieces();
 
+    void cutUtf8_losesItsLastPart_data();
+    void cutUtf8_losesItsLastPart();
+
     void loadingCodec_data();
     void loadingCodec();
 
@@ -401,6 +404,30 @@ void TestTextCodecs::utf8Check_acrossPieces()
         const QByteArray data = QByteArray(0x10000 - nBefore, 'a') + tail;
         QCOMPARE(isMultiByteUtf8(data), bSound);
     }
+}
+
+void TestTextCodecs::cutUtf8_losesItsLastPart_data()
+{
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<int>("left");
+    QTest::newRow("empty") << QByteArray() << 0;
+    QTest::newRow("ASCII") << QByteArray("abc") << 3;
+    QTest::newRow("two bytes, whole") << QByteArray("a\xC3\xA9") << 3;
+    QTest::newRow("two bytes, cut") << QByteArray("a\xC3") << 1;
+    QTest::newRow("three bytes, whole") << QByteArray("a\xE4\xB8\xAD") << 4;
+    QTest::newRow("three bytes, one of them") << QByteArray("a\xE4") << 1;
+    QTest::newRow("three bytes, two of them") << QByteArray("a\xE4\xB8") << 1;
+    QTest::newRow("four bytes, whole") << QByteArray("a\xF0\x9F\x98\x80") << 5;
+    QTest::newRow("four bytes, three of them") << QByteArray("a\xF0\x9F\x98") << 1;
+    QTest::newRow("no character's beginning") << QByteArray("\x80\x80\x80\x80") << 4;
+    QTest::newRow("shorter than a look back") << QByteArray("\xA9") << 1;
+}
+
+void TestTextCodecs::cutUtf8_losesItsLastPart()
+{
+    QFETCH(QByteArray, data);
+    QFETCH(int, left);
+    QCOMPARE(withoutCutUtf8(data), data.left(left));
 }
 
 void TestTextCodecs::loadingCodec_data()

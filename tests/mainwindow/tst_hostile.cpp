@@ -108,9 +108,9 @@ private slots:
         auto *pDock = f.window().findChild<QDockWidget *>("Preview");
         pDock->show();
         f.window().onFileSelectionChanged(strPath);
-        const QString strTitle = plainWindowTitle(withoutMnemonic(strName));
-        QTRY_VERIFY(pDock->windowTitle().contains(strTitle)
-                    || pDock->windowTitle().contains(strName));
+        const QString strTitle = "Preview(" + strName + ')';
+        QTRY_COMPARE(pDock->windowTitle(), plainWindowTitle(strTitle));
+        QCOMPARE(pDock->toggleViewAction()->text(), withoutMnemonic(strTitle));
         verifyLabelsArePlain(&f.window(), strName);
     }
 

@@ -219,8 +219,18 @@ void tst_PageKeys::hoveringALink_signalsIt()
              QUrl::fromLocalFile(m_pCase->path(QStringLiteral("b.html"))).toString());
     QMouseEvent off(QEvent::MouseMove, QPoint(300, 200), Qt::NoButton, Qt::NoButton,
                     Qt::NoModifier);
+    QSignalSpy spyLeft(m_pView, &CEditWebView::linkLeft);
     QApplication::sendEvent(m_pView, &off);
     QCOMPARE(spy.count(), 1);
+    QCOMPARE(spyLeft.count(), 1);
+    QCOMPARE(spyLeft.at(0).at(0), spy.at(0).at(0));
+    QApplication::sendEvent(m_pView, &off);
+    QCOMPARE(spyLeft.count(), 1);
+    // Out of the view with one move.
+    QApplication::sendEvent(m_pView, &over);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(m_pView, &leave);
+    QCOMPARE(spyLeft.count(), 2);
 }
 
 void tst_PageKeys::contextMenu_isOurs()

@@ -37,6 +37,8 @@ private slots:
     void droppedFile_isLeftToTheWindow();
     void failedLoad_isNotSaved();
     void typingInAFrame_isImpossible();
+    void findInAFrame_leavesItAsItIs();
+    void replaceInAFrame_goesOnBehindIt();
 
 private:
     QString server(const QString &strName) const
@@ -449,6 +451,45 @@ void tst_PageSafety::typingInAFrame_isImpossible()
             + QPoint(2, 5));
     QTest::keyClick(&view, Qt::Key_X);
     QVERIFY(textOf(&view).contains(QLatin1Char('x')) && view.isModified());
+}
+
+void tst_PageSafety::findInAFrame_leavesItAsItIs()
+{
+    m_pCase->write(QStringLiteral("b.html"), "<p>frame zebra");
+    CEditWebView view;
+    QVERIFY(loadAndWait(&view,
+                        m_pCase->write(QStringLiteral("a.html"),
+                                       "<p id=p>own text</p><iframe src='b.html'></iframe>")));
+    showLoaded(&view);
+    followChanges(&view);
+    view.setFocus();
+    QVERIFY(view.findPageTextReverse(QStringLiteral("zebra"), true));
+    QTest::keyClick(&view, Qt::Key_X);
+    QTest::keyClick(&view, Qt::Key_Backspace);
+    QCOMPARE(view.page()->mainFrame()->childFrames().first()->toPlainText(),
+             QStringLiteral("frame zebra"));
+    QVERIFY(!view.isModified());
+    // A match in the page itself can be typed over.
+    QVERIFY(view.findPageTextReverse(QStringLiteral("own"), true));
+    QTest::keyClick(&view, Qt::Key_X);
+    QVERIFY(textOf(&view).startsWith(QLatin1String("x text")) && view.isModified());
+}
+
+void tst_PageSafety::replaceInAFrame_goesOnBehindIt()
+{
+    m_pCase->write(QStringLiteral("b.html"), "<p>frame zebra");
+    CEditWebView view;
+    QVERIFY(loadAndWait(&view,
+                        m_pCase->write(QStringLiteral("a.html"),
+                                       "<p>one zebra</p><iframe src='b.html'></iframe>"
+                                       "<p>two zebra</p>")));
+    showLoaded(&view);
+    QVERIFY(view.replaceAllPageText(QStringLiteral("zebra"), QStringLiteral("lion")));
+    QVERIFY(textOf(&view).contains(QLatin1String("one lion")));
+    QVERIFY(textOf(&view).contains(QLatin1String("two lion")));
+    QCOMPARE(view.page()->mainFrame()->childFrames().first()->toPlainText(),
+             QStringLiteral("frame zebra"));
+    QVERIFY(!view.replacePageText(QStringLiteral("zebra"), QStringLiteral("lion")));
 }
 
 QTEST_MAIN(tst_PageSafety)

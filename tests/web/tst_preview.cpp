@@ -20,6 +20,8 @@ private slots:
     void folderOrMissingFile_keepsThePreview_data();
     void folderOrMissingFile_keepsThePreview();
     void largeText_isCut();
+    void largeText_isCutBetweenCharacters();
+    void nameWithSignsOfTheirOwn_isShownAsItIs();
     void textGetsItsLanguage();
     void unreadableText_isEmpty();
     void setFile_withoutLoading_onlyNamesIt();
@@ -27,6 +29,7 @@ private slots:
     void clearing_keepsTheFileAndTheTitle();
     void htmlText_isRenderedAndNotEditable();
     void htmlText_becomesEditableByControl();
+    void htmlText_isNotEditableWhileControlIsHeld();
     void htmlTextShownAgain_keepsItsPlace();
     void svgText_isDrawn();
     void viewsAreKept_theTextViewIsNot();
@@ -141,6 +144,28 @@ void tst_Preview::largeText_isCut()
     QCOMPARE(m_pPreview->findChild<CHighlightEdit *>()->getText().size(), 500000);
 }
 
+void tst_Preview::largeText_isCutBetweenCharacters()
+{
+    for (const char *szBefore : {"", "a", "ab"}) {
+        const QByteArray before(szBefore);
+        m_pPreview->previewFile(
+            m_pCase->write(QStringLiteral("a.txt"),
+                           before + QByteArray("\xE4\xB8\xAD\xE6\x96\x87").repeated(90000)));
+        const QString strText = m_pPreview->findChild<CHighlightEdit *>()->getText();
+        QCOMPARE(m_pPreview->findChild<CHighlightEdit *>()->codecName(), QStringLiteral("UTF-8"));
+        QCOMPARE(strText.size(), before.size() + (500000 - before.size()) / 3);
+        QVERIFY(!strText.contains(QChar::ReplacementCharacter));
+    }
+}
+
+void tst_Preview::nameWithSignsOfTheirOwn_isShownAsItIs()
+{
+    m_pPreview->previewFile(m_pCase->write(QStringLiteral("b[*]&c.txt"), "text"));
+    // As the frame shows it: the sign for "modified" doubled stands for itself.
+    QCOMPARE(title(), QStringLiteral("Preview(b[*][*]&c.txt)"));
+    QCOMPARE(m_pDock->toggleViewAction()->text(), QStringLiteral("Preview(b[*]&&c.txt)"));
+}
+
 void tst_Preview::textGetsItsLanguage()
 {
     QString strAsked;
@@ -211,6 +236,17 @@ void tst_Preview::htmlText_becomesEditableByControl()
     auto *pView = m_pPreview->findChild<CEditWebView *>();
     QTest::keyClick(pView, Qt::Key_Control);
     QVERIFY(pView->page()->isContentEditable());
+}
+
+void tst_Preview::htmlText_isNotEditableWhileControlIsHeld()
+{
+    m_pPreview->previewHtml(QStringLiteral("<p>one two three"), QUrl());
+    auto *pView = m_pPreview->findChild<CEditWebView *>();
+    pView->setFocus();
+    QTest::keyPress(pView, Qt::Key_Control);
+    QTest::keyClick(pView, Qt::Key_Backspace, Qt::ControlModifier);
+    QTest::keyClick(pView, Qt::Key_Delete, Qt::ControlModifier);
+    QCOMPARE(textOf(pView), QStringLiteral("one two three"));
 }
 
 void tst_Preview::htmlTextShownAgain_keepsItsPlace()
