@@ -44,12 +44,11 @@ bool CWidgetFavorFileList::hasFocusList() const
     return m_pFileList->listHasFocus() || m_pFavorite->listHasFocus();
 }
 
-void CWidgetFavorFileList::openSelection()
+bool CWidgetFavorFileList::openSelection()
 {
     if (m_pFileList->listHasFocus())
-        m_pFileList->openSelection();
-    else if (m_pFavorite->listHasFocus())
-        m_pFavorite->openSelection();
+        return m_pFileList->openSelection();
+    return m_pFavorite->listHasFocus() && m_pFavorite->openSelection();
 }
 
 void CWidgetFavorFileList::onAddFavorFolder()

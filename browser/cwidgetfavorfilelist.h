@@ -19,8 +19,8 @@ public:
     QString rootPath() const;
     // True when one of the two lists has the keyboard focus.
     bool hasFocusList() const;
-    // Opens what is selected in the list that has the keyboard focus.
-    void openSelection();
+    // Opens what is selected in the list that has the keyboard focus. False when nothing is.
+    bool openSelection();
 
 signals:
     void dbClickFile(QString strPath);

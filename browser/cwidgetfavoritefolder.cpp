@@ -110,16 +110,17 @@ void CWidgetFavoriteFolder::onDbClickItem(const QModelIndex &)
     openSelection();
 }
 
-void CWidgetFavoriteFolder::openSelection()
+bool CWidgetFavoriteFolder::openSelection()
 {
     const int nRow = firstSelectedRow();
     if (nRow < 0)
-        return;
+        return false;
     const QString strPath = m_pListFolders->item(nRow)->text();
     emit dbClickFolder(strPath);
     delete m_pListFolders->takeItem(nRow);
     addFolder(strPath);
     store(); // Also when it was taken off the top of two equal ones.
+    return true;
 }
 
 void CWidgetFavoriteFolder::onClickAction(const QString &str)
@@ -176,8 +177,7 @@ QStringList CWidgetFavoriteFolder::folders() const
 void CWidgetFavoriteFolder::store()
 {
     const QStringList lstFolders = folders();
-    if (g_pSettings->getFavorFolders() == lstFolders)
-        return;
-    g_pSettings->setFavorFolders(lstFolders);
+    if (g_pSettings->getFavorFolders() != lstFolders)
+        g_pSettings->setFavorFolders(lstFolders);
     g_pSettings->save();
 }

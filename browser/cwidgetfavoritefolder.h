@@ -22,8 +22,8 @@ public:
     // Puts a folder at the top, from further down or anew, and selects it.
     void addFolder(const QString &strPath);
     bool listHasFocus() const;
-    // Opens the first selected folder and moves it to the top.
-    void openSelection();
+    // Opens the first selected folder and moves it to the top. False when none is selected.
+    bool openSelection();
 
 signals:
     void clickAdd();

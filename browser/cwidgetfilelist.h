@@ -25,8 +25,9 @@ public:
     // Absolute, native separators; empty before the first setRootPath() and for the drives.
     QString rootPath() const;
     bool listHasFocus() const;
-    // Opens the selected files, and enters the first of the selected folders.
-    void openSelection();
+    // Opens the selected files, and enters the first of the selected folders. False when nothing is
+    // selected.
+    bool openSelection();
 
 signals:
     void dbClickFile(QString strPath);

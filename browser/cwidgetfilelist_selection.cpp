@@ -27,7 +27,7 @@ void CWidgetFileList::onDbClickListItem(const QModelIndex &idx)
         enterFolder(strPath);
 }
 
-void CWidgetFileList::openSelection()
+bool CWidgetFileList::openSelection()
 {
     QStringList lstFiles;
     QString strFolder;
@@ -44,6 +44,7 @@ void CWidgetFileList::openSelection()
         emit dbClickFile(strFile);
     if (!strFolder.isEmpty())
         enterFolder(strFolder);
+    return !lstIndexes.isEmpty();
 }
 
 void CWidgetFileList::onFileSelectionChanged()

@@ -74,8 +74,6 @@ void CDocument::setPath(const QString &strPath) const
         m_pPage->setFilePath(strPath); // Passes it on to its source editor.
     else if (m_pEditor)
         m_pEditor->setPathFileName(strPath);
-    else if (m_pImage)
-        m_pImage->setFilePath(strPath);
 }
 
 void CDocument::markSaved() const

@@ -81,7 +81,9 @@ void MainWindow::setupTabs()
     setCentralWidget(m_pTabs);
     m_pTabs->addMenuActions({tr("Open position of file")});
     m_pTabs->setStyleSheet(QStringLiteral("QTabWidget {background:#FDFDFD} QTabWidget::tab-bar {"
-                                          "left: 5px; /* move to the right by 5px */ }"));
+                                          "                                    "
+                                          "left: 5px; /* move to the right by 5px */"
+                                          "                                }"));
     connect(m_pTabs, &QTabWidget::currentChanged, this, &MainWindow::onTabCurrentChanged);
     connect(m_pTabs, &QTabWidget::tabCloseRequested, this, &MainWindow::onTabCloseRequested);
     connect(m_pTabs, &CTabWidget::emitMidButtonRelease, this, &MainWindow::onTabCloseRequested);

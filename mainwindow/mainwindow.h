@@ -113,6 +113,7 @@ public slots:
     void onWidgetFocusIn();
     void onLoadFinished(bool bOk);
     void onOverUrl(const QString &strUrl);
+    void onLinkLeft(const QString &strUrl);
 
     void onFindToTop();
     void onFindToBottom();

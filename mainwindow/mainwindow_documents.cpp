@@ -84,6 +84,7 @@ CEditWebView *MainWindow::addPageDocument()
     connect(pPage->page(), &QWebPage::contentsChanged, this, &MainWindow::onEditPageContentChanged);
     connect(pPage, &CEditWebView::modifiedChanged, this, &MainWindow::onModifiedChanged);
     connect(pPage, &CEditWebView::overUrl, this, &MainWindow::onOverUrl);
+    connect(pPage, &CEditWebView::linkLeft, this, &MainWindow::onLinkLeft);
     pPage->setLeaveQuestion([this, pPage] { return askBeforeClosing(CDocument(pPage)); });
     connect(pPage, &CEditWebView::statusMessage, this, &MainWindow::showStatusMessage);
     if (g_pSettings->getIsHtmlText())
@@ -155,6 +156,7 @@ void MainWindow::openPage(const QString &strPath)
         }
         m_pGuard->documentOpened(currentDocument());
     }
+    currentDocument().widget()->setFocus();
 }
 
 void MainWindow::openImage(const QString &strPath)

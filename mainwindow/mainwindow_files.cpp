@@ -56,10 +56,8 @@ void MainWindow::topWindow()
 
 void MainWindow::on_actionOpen_triggered()
 {
-    if (m_pBrowser->hasFocusList()) {
-        m_pBrowser->openSelection();
+    if (m_pBrowser->hasFocusList() && m_pBrowser->openSelection())
         return;
-    }
     const QStringList lstPaths =
         QFileDialog::getOpenFileNames(this, tr("Open files"), g_pSettings->getLastPathFileName(),
                                       tr("Web file (*.html *.htm *.css *.js); All files(*.*)"));

@@ -190,3 +190,9 @@ void MainWindow::onOverUrl(const QString &strUrl)
 {
     showStatusMessage(strUrl);
 }
+
+void MainWindow::onLinkLeft(const QString &strUrl)
+{
+    if (m_pStatus->message() == strUrl) // Another message may have come.
+        showStatusMessage(QString());
+}
