@@ -72,13 +72,16 @@ bool CDocumentGuard::maySave(const CDocument &document)
     if (m_saveAnyway.remove(pKey))
         return true;
     SNotice notice;
-    if (m_watch.isChanged(document.path()) && QFileInfo::exists(document.path()))
+    if (m_watch.isChanged(document.path()) && QFileInfo::exists(document.path())) {
         notice = changedNotice(document.path());
-    else if (m_notWhole.contains(pKey))
+        notice.strText = tr("Not saved: another program has changed %1.").arg(document.path());
+    } else if (m_notWhole.contains(pKey)) {
         notice.strText =
-            tr("Not all of %1 can be shown as text. Saving loses the rest.").arg(document.path());
-    else
+            tr("Not saved: not all of %1 can be shown as text, and saving loses the rest.")
+                .arg(document.path());
+    } else {
         return true;
+    }
     notice.lstChoices.prepend({tr("Overwrite"), [this, pKey] {
                                    m_saveAnyway.insert(pKey);
                                    emit saveWanted();

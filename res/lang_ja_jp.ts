@@ -150,8 +150,12 @@
         <translation>破棄</translation>
     </message>
     <message>
-        <source>Not all of %1 can be shown as text. Saving loses the rest.</source>
-        <translation>%1 にはテキストとして表示できない部分があります。保存するとその部分は失われます。</translation>
+        <source>Not saved: another program has changed %1.</source>
+        <translation>保存していません: %1 が別のプログラムによって変更されました。</translation>
+    </message>
+    <message>
+        <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
+        <translation>保存していません: %1 にはテキストとして表示できない部分があり、保存するとその部分は失われます。</translation>
     </message>
 </context>
 <context>

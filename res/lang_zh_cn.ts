@@ -150,8 +150,12 @@
         <translation>丢弃</translation>
     </message>
     <message>
-        <source>Not all of %1 can be shown as text. Saving loses the rest.</source>
-        <translation>%1 并非全部都能显示为文本。保存将丢失其余内容。</translation>
+        <source>Not saved: another program has changed %1.</source>
+        <translation>未保存：%1 已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
+        <translation>未保存：%1 并非全部都能显示为文本，保存将丢失其余内容。</translation>
     </message>
 </context>
 <context>
