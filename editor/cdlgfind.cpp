@@ -125,6 +125,7 @@ void CDlgFind::present(int nTab)
     on_tabWidget_currentChanged(nTab);
     setWindowOpacity(1.0);
     show();
+    setAttribute(Qt::WA_Moved); // It stays where it is; Qt would place it anew each time.
     raise();
     activateWindow();
 }

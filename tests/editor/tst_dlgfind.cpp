@@ -47,6 +47,7 @@ private slots:
     void textTypedOnTheReplaceTab_isTheFindText();
     void setFindText_selectsIt();
     void setFindText_survivesShowFind();
+    void shownAgain_standsWhereItWas();
     void showFind_focusesTheBox();
     void showReplace_focusesTheBox();
     void changeOfTab_keepsTheWidth();
@@ -396,6 +397,19 @@ void tst_DlgFind::setFindText_survivesShowFind()
     m_pDialog->setFindText("de");
     m_pDialog->showReplace();
     QCOMPARE(child<QComboBox>("comboBox_replace_find")->currentText(), QString("de"));
+}
+
+void tst_DlgFind::shownAgain_standsWhereItWas()
+{
+    m_pDialog->showFind();
+    QVERIFY(QTest::qWaitForWindowActive(m_pDialog.get()));
+    const QPoint posFirst = m_pDialog->pos();
+    for (int n = 0; n < 2; ++n) {
+        m_pDialog->hide();
+        m_pDialog->showReplace();
+        QVERIFY(QTest::qWaitForWindowActive(m_pDialog.get()));
+        QTRY_COMPARE(m_pDialog->pos(), posFirst);
+    }
 }
 
 void tst_DlgFind::showFind_focusesTheBox()
