@@ -1,5 +1,7 @@
 #include "app/plaintext.h"
 
+#include <QGridLayout>
+#include <QSpacerItem>
 #include <QTextDocument>
 
 QString withoutMnemonic(QString strText)
@@ -19,6 +21,18 @@ QString plainWindowTitle(QString strText)
     return strText.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 
+// A desktop cuts a title that its window is too narrow for.
+static void makeRoomForTitle(QMessageBox *pBox)
+{
+    const int nFrame = 120; // An icon, the buttons, a larger and bold type.
+    auto *pLayout = qobject_cast<QGridLayout *>(pBox->layout());
+    const int nTitle = pBox->fontMetrics().horizontalAdvance(pBox->windowTitle());
+    if (pLayout) {
+        pLayout->addItem(new QSpacerItem(nTitle + nFrame, 0), pLayout->rowCount(), 0, 1,
+                         pLayout->columnCount());
+    }
+}
+
 QMessageBox::StandardButton showMessage(QWidget *pParent, QMessageBox::Icon icon,
                                         const QString &strTitle, const QString &strText,
                                         QMessageBox::StandardButtons buttons,
@@ -27,5 +41,6 @@ QMessageBox::StandardButton showMessage(QWidget *pParent, QMessageBox::Icon icon
     QMessageBox box(icon, strTitle, strText, buttons, pParent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(defaultButton);
+    makeRoomForTitle(&box);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
