@@ -21,8 +21,10 @@ QString plainWindowTitle(QString strText)
     return strText.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 
+namespace {
+
 // A desktop cuts a title that its window is too narrow for.
-static void makeRoomForTitle(QMessageBox *pBox)
+void makeRoomForTitle(QMessageBox *pBox)
 {
     const int nFrame = 120; // An icon, the buttons, a larger and bold type.
     auto *pLayout = qobject_cast<QGridLayout *>(pBox->layout());
@@ -32,6 +34,8 @@ static void makeRoomForTitle(QMessageBox *pBox)
                          pLayout->columnCount());
     }
 }
+
+} // namespace
 
 QMessageBox::StandardButton showMessage(QWidget *pParent, QMessageBox::Icon icon,
                                         const QString &strTitle, const QString &strText,

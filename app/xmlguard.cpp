@@ -25,17 +25,23 @@ ParseResult failureAt(const QString &strText, int nPosition, const char *pText)
     return result;
 }
 
+// Behind the next of the closing signs; behind the text where there is none.
+int behind(const QString &strText, int nPosition, const QString &strClose)
+{
+    const int nClose = strText.indexOf(strClose, nPosition);
+    return nClose < 0 ? strText.length() : nClose + strClose.length();
+}
+
 // Behind a comment or a processing instruction that begins at the position; the position itself
 // where none does.
 int behindRemark(const QString &strText, int nPosition)
 {
     const QStringRef rest = strText.midRef(nPosition, 4);
-    if (rest != QLatin1String("<!--") && !rest.startsWith(QLatin1String("<?")))
-        return nPosition;
-    const bool bComment = rest.at(1) == QLatin1Char('!');
-    const QString strClose = bComment ? QStringLiteral("-->") : QStringLiteral("?>");
-    const int nClose = strText.indexOf(strClose, nPosition + (bComment ? 4 : 2));
-    return nClose < 0 ? strText.length() : nClose + strClose.length();
+    if (rest == QLatin1String("<!--"))
+        return behind(strText, nPosition + 4, QStringLiteral("-->"));
+    if (rest.startsWith(QLatin1String("<?")))
+        return behind(strText, nPosition + 2, QStringLiteral("?>"));
+    return nPosition;
 }
 
 // Where the document type is declared: only remarks may stand before it. -1 where it is not.
@@ -63,8 +69,7 @@ int doctypeEnd(const QString &strText, int nPosition)
         }
         const QChar c = strText.at(nPosition);
         if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
-            const int nClose = strText.indexOf(c, nPosition + 1);
-            nPosition = nClose < 0 ? strText.length() : nClose + 1;
+            nPosition = behind(strText, nPosition + 1, QString(c));
             continue;
         }
         if (c == QLatin1Char('[') || c == QLatin1Char(']'))

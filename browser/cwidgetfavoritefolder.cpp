@@ -119,7 +119,8 @@ bool CWidgetFavoriteFolder::openSelection()
     emit dbClickFolder(strPath);
     delete m_pListFolders->takeItem(nRow);
     addFolder(strPath);
-    store(); // Also when it was taken off the top of two equal ones.
+    if (g_pSettings->getFavorFolders() != folders()) // Its equal is at the top already.
+        store();
     return true;
 }
 
@@ -176,8 +177,6 @@ QStringList CWidgetFavoriteFolder::folders() const
 
 void CWidgetFavoriteFolder::store()
 {
-    const QStringList lstFolders = folders();
-    if (g_pSettings->getFavorFolders() != lstFolders)
-        g_pSettings->setFavorFolders(lstFolders);
+    g_pSettings->setFavorFolders(folders());
     g_pSettings->save();
 }

@@ -126,9 +126,10 @@ void CEditWebView::mouseMoveEvent(QMouseEvent *pEvent)
 {
     QWebView::mouseMoveEvent(pEvent);
     const QUrl url = urlUnderPos(pEvent);
-    setLinkUnderMouse(url.isValid() ? url.toString() : QString());
-    if (url.isValid())
-        emit overUrl(url.toString());
+    const QString strUrl = url.isValid() ? url.toString() : QString();
+    setLinkUnderMouse(strUrl);
+    if (!strUrl.isEmpty())
+        emit overUrl(strUrl);
 }
 
 void CEditWebView::leaveEvent(QEvent *pEvent)

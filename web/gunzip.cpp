@@ -1,5 +1,6 @@
 #include "web/gunzip.h"
 
+#define ZLIB_CONST // The input is only read.
 #include <zlib.h>
 
 namespace {
@@ -19,9 +20,8 @@ QByteArray gunzip(const QByteArray &data, int nMaxBytes)
     z_stream stream {};
     if (inflateInit2(&stream, MAX_WBITS + c_nGzipOnly) != Z_OK)
         return QByteArray();
-    QByteArray input = data; // Its own copy: zlib asks for a pointer that it might write through.
-    stream.next_in = reinterpret_cast<Bytef *>(input.data());
-    stream.avail_in = uInt(input.size());
+    stream.next_in = reinterpret_cast<const Bytef *>(data.constData());
+    stream.avail_in = uInt(data.size());
     QByteArray result;
     QByteArray chunk(c_nChunk, Qt::Uninitialized);
     int nStatus = Z_OK;

@@ -178,7 +178,7 @@ void tst_fileinfogatherer::linkLoop_isLeftByStop()
     reader.fetch(tree.path());
     QTRY_VERIFY(reader.directories().size() >= 3);
     reader.stopAndWait();
-    QVERIFY(reader.wait());
+    QVERIFY(reader.wait(30000));
 }
 
 void tst_fileinfogatherer::emptyPath_listsDrivesThenTheirRoots()
@@ -295,7 +295,7 @@ void tst_fileinfogatherer::stopAndWait_returnsWithinThePause()
     timer.start();
     reader.stopAndWait();
     QVERIFY2(timer.elapsed() < 4500, "the wake-up was lost");
-    QVERIFY(reader.wait());
+    QVERIFY(reader.wait(30000));
     QCOMPARE(reader.directories().size(), 1);
 }
 

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -62,6 +63,16 @@ public:
         if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
             qFatal("cannot make %s", qPrintable(file.fileName()));
         return file.fileName();
+    }
+
+    // The same with a picture.
+    QString image(const QString &strName) const
+    {
+        QImage image(3, 3, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        if (!image.save(path(strName)))
+            qFatal("cannot make %s", qPrintable(strName));
+        return path(strName);
     }
 
     static QByteArray content(const QString &strPath)

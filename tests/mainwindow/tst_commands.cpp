@@ -8,7 +8,6 @@
 #include "web/ceditwebview.h"
 
 #include <QDockWidget>
-#include <QImage>
 #include <QListView>
 #include <QMenu>
 
@@ -96,13 +95,11 @@ private slots:
     void tabs_showTheKindOfDocument()
     {
         CWindowFixture f;
-        QImage image(3, 3, QImage::Format_RGB32);
-        QVERIFY(image.save(f.path("i.png")));
         const QPair<QString, QString> arrKinds[] = {
             {f.file("a.txt"), ":/res/file_text.png"},
             {f.file("a.svg", "<svg/>"), ":/res/file_text_svg.png"},
             {f.file("a.html", "<p>x</p>"), ":/res/html_text.svg"},
-            {f.path("i.png"), ":/res/image.png"}};
+            {f.image("i.png"), ":/res/image.png"}};
         for (const auto &[strPath, strIcon] : arrKinds) {
             f.window().openFile(strPath);
             QCOMPARE(f.tabs().tabIcon(f.tabs().currentIndex()).pixmap(16).toImage(),
@@ -156,9 +153,7 @@ private slots:
     void saveAs_ofAnImage_leavesAnEmptyFile()
     {
         CWindowFixture f;
-        QImage image(3, 3, QImage::Format_RGB32);
-        QVERIFY(image.save(f.path("i.png")));
-        f.window().openFile(f.path("i.png"));
+        f.window().openFile(f.image("i.png"));
         const CFileDialogAnswer file({f.path("j.png")});
         QVERIFY(f.window().on_actionSave_As_triggered());
         QCOMPARE(CWindowFixture::content(f.path("j.png")), QByteArray());

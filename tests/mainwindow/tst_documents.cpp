@@ -1,7 +1,5 @@
 #include "cwindowfixture.h"
 
-#include <QImage>
-
 namespace {
 
 const auto g_yes = QMessageBox::Yes;
@@ -383,10 +381,7 @@ private slots:
     void imageAndPage_disableTheReturnFormats()
     {
         CWindowFixture f;
-        QImage image(3, 3, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        QVERIFY(image.save(f.path("i.png")));
-        for (const QString &strPath : {f.path("i.png"), f.file("p.html", "<p>x</p>")}) {
+        for (const QString &strPath : {f.image("i.png"), f.file("p.html", "<p>x</p>")}) {
             f.window().openFile(strPath);
             for (const char *szName : {"actionWindows", "actionUnix", "actionOSX"})
                 QVERIFY(!f.action(szName)->isEnabled());

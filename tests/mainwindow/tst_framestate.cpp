@@ -78,7 +78,9 @@ private slots:
     void cutState_isNotWhole()
     {
         QFETCH(QString, strHow);
+        QFETCH(bool, bShown);
         CFrame frame;
+        frame.setVisible(bShown);
         const QByteArray arrState = arranged(&frame, strHow);
         int nWhole = 0;
         for (int nLength = 0; nLength < arrState.size(); ++nLength)
@@ -104,7 +106,7 @@ private slots:
         QVERIFY(!isFrameStateWhole(arrState));
     }
 
-    // Every byte damaged in turn: what is taken for whole does no harm, as Qt is asked to show.
+    // Every byte damaged in turn: Qt gets what is taken for whole, and comes back.
     void damagedByte_doesNoHarm()
     {
         CFrame frame;

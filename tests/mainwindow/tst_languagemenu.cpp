@@ -5,7 +5,6 @@
 
 #include "highlight/chighlightmgt.h"
 
-#include <QImage>
 #include <QMenu>
 
 class TestLanguageMenu : public QObject
@@ -91,9 +90,7 @@ private slots:
     void image_hasNoLanguage()
     {
         CWindowFixture f;
-        QImage image(3, 3, QImage::Format_RGB32);
-        QVERIFY(image.save(f.path("i.png")));
-        f.window().openFile(f.path("i.png"));
+        f.window().openFile(f.image("i.png"));
         language(f, "Python")->trigger();
         QCOMPARE(f.label("labelLanguage"), QString());
     }

@@ -66,8 +66,8 @@ private slots:
     void damagedFile_isRefused()
     {
         const QByteArray file = gzipped(noise(300));
-        for (int nAt = 10; nAt < file.size();
-             ++nAt) { // Behind the header, of which little matters.
+        const int nHeader = 10; // Of which little matters.
+        for (int nAt = nHeader; nAt < file.size(); ++nAt) {
             QByteArray damaged = file;
             damaged[nAt] = char(damaged.at(nAt) ^ 0x55);
             QCOMPARE(gunzip(damaged, c_nMegabyte), QByteArray());

@@ -47,6 +47,7 @@ private:
     }
     QByteArray trap() const;
     void ctrlClick(CEditWebView *pView, const QString &strSelector);
+    void showWithFrame(CEditWebView *pView, const QByteArray &page, const QByteArray &frame);
 
     CWebCase *m_pCase = nullptr;
     QTcpServer *m_pServer = nullptr;
@@ -426,16 +427,20 @@ void tst_PageSafety::failedLoad_isNotSaved()
     QVERIFY(!view.toHtml().contains(QLatin1String("Error"), Qt::CaseInsensitive));
 }
 
+void tst_PageSafety::showWithFrame(CEditWebView *pView, const QByteArray &page,
+                                   const QByteArray &frame)
+{
+    m_pCase->write(QStringLiteral("b.html"), frame);
+    QVERIFY(loadAndWait(pView, m_pCase->write(QStringLiteral("a.html"), page)));
+    showLoaded(pView);
+    followChanges(pView);
+    pView->setFocus();
+}
+
 void tst_PageSafety::typingInAFrame_isImpossible()
 {
-    m_pCase->write(QStringLiteral("b.html"), "<p>frame text");
     CEditWebView view;
-    QVERIFY(loadAndWait(&view,
-                        m_pCase->write(QStringLiteral("a.html"),
-                                       "<p id=p>own text</p><iframe src='b.html'></iframe>")));
-    showLoaded(&view);
-    followChanges(&view);
-    view.setFocus();
+    showWithFrame(&view, "<p id=p>own text</p><iframe src='b.html'></iframe>", "<p>frame text");
     const QPoint pos =
         view.page()->mainFrame()->findFirstElement(QStringLiteral("iframe")).geometry().topLeft()
         + QPoint(20, 20);
@@ -455,14 +460,8 @@ void tst_PageSafety::typingInAFrame_isImpossible()
 
 void tst_PageSafety::findInAFrame_leavesItAsItIs()
 {
-    m_pCase->write(QStringLiteral("b.html"), "<p>frame zebra");
     CEditWebView view;
-    QVERIFY(loadAndWait(&view,
-                        m_pCase->write(QStringLiteral("a.html"),
-                                       "<p id=p>own text</p><iframe src='b.html'></iframe>")));
-    showLoaded(&view);
-    followChanges(&view);
-    view.setFocus();
+    showWithFrame(&view, "<p>own text</p><iframe src='b.html'></iframe>", "<p>frame zebra");
     QVERIFY(view.findPageTextReverse(QStringLiteral("zebra"), true));
     QTest::keyClick(&view, Qt::Key_X);
     QTest::keyClick(&view, Qt::Key_Backspace);
@@ -477,13 +476,9 @@ void tst_PageSafety::findInAFrame_leavesItAsItIs()
 
 void tst_PageSafety::replaceInAFrame_goesOnBehindIt()
 {
-    m_pCase->write(QStringLiteral("b.html"), "<p>frame zebra");
     CEditWebView view;
-    QVERIFY(loadAndWait(&view,
-                        m_pCase->write(QStringLiteral("a.html"),
-                                       "<p>one zebra</p><iframe src='b.html'></iframe>"
-                                       "<p>two zebra</p>")));
-    showLoaded(&view);
+    showWithFrame(&view, "<p>one zebra</p><iframe src='b.html'></iframe><p>two zebra</p>",
+                  "<p>frame zebra");
     QVERIFY(view.replaceAllPageText(QStringLiteral("zebra"), QStringLiteral("lion")));
     QVERIFY(textOf(&view).contains(QLatin1String("one lion")));
     QVERIFY(textOf(&view).contains(QLatin1String("two lion")));
