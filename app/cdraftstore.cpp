@@ -9,12 +9,25 @@
 #include <QSaveFile>
 #include <QUuid>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
 const char g_szLock[] = "lock";
 const char g_szFormat[] = "quillan-draft-1";
+
+// In the order of SDraft::Reason.
+const char *const g_arrReasons[] = {"unsaved",   "closed", "refreshed", "codec",
+                                    "formatted", "loaded", "deleted"};
+
+SDraft::Reason reasonOfName(const QString &strName)
+{
+    const auto itEnd = std::end(g_arrReasons);
+    const auto it = std::find(std::begin(g_arrReasons), itEnd, strName);
+    return it == itEnd ? SDraft::Reason::Unsaved : SDraft::Reason(it - std::begin(g_arrReasons));
+}
 
 std::unique_ptr<QLockFile> lockFolder(const QString &strFolder)
 {
@@ -42,6 +55,17 @@ QString textFromUnits(const QByteArray &units)
     return strText;
 }
 
+// What older drafts do not have.
+void readOrigin(const QJsonObject &header, SDraft *pDraft)
+{
+    pDraft->reason = reasonOfName(header.value(QStringLiteral("reason")).toString());
+    pDraft->nTime = qint64(qBound(0.0, header.value(QStringLiteral("time")).toDouble(), 1e15));
+    pDraft->began = fileStateFromJson(header.value(QStringLiteral("began")).toObject());
+    pDraft->codec = header.value(QStringLiteral("codec")).toString().toLatin1();
+    pDraft->bNotWhole = header.value(QStringLiteral("notWhole")).toBool();
+    pDraft->nCaret = qMax(0, header.value(QStringLiteral("caret")).toInt());
+}
+
 void makePrivate(const QString &strFolder)
 {
     QFile::setPermissions(strFolder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -58,6 +82,12 @@ QByteArray draftToBytes(const SDraft &draft)
         {QStringLiteral("page"), draft.bPage},
         {QStringLiteral("returnFormat"), draft.nReturnFormat},
         {QStringLiteral("units"), !bUtf8},
+        {QStringLiteral("reason"), QLatin1String(g_arrReasons[int(draft.reason)])},
+        {QStringLiteral("time"), double(draft.nTime)},
+        {QStringLiteral("began"), toJson(draft.began)},
+        {QStringLiteral("codec"), QString::fromLatin1(draft.codec)},
+        {QStringLiteral("notWhole"), draft.bNotWhole},
+        {QStringLiteral("caret"), draft.nCaret},
     };
     return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n'
         + (bUtf8 ? draft.strText.toUtf8() : unitsOf(draft.strText));
@@ -75,6 +105,7 @@ bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft)
     pDraft->strPath = header.value(QStringLiteral("path")).toString();
     pDraft->bPage = header.value(QStringLiteral("page")).toBool();
     pDraft->nReturnFormat = nFormat >= 0 && nFormat <= 2 ? nFormat : 1;
+    readOrigin(header, pDraft);
     const QByteArray text = bytes.mid(nEnd + 1);
     pDraft->strText = header.value(QStringLiteral("units")).toBool()
         ? textFromUnits(text)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/filestate.h"
+
 #include <QByteArray>
 #include <QLockFile>
 #include <QString>
@@ -15,6 +17,23 @@ struct SDraft
     bool bPage = false; // strText is the HTML of a page.
     int nReturnFormat = 1; // Line-ending style of a text.
     QString strText;
+
+    // Why there is a draft. Stored by name: new ones may be added anywhere.
+    enum class Reason {
+        Unsaved, // Left by the end of the program.
+        Closed, // Closed in the background.
+        Refreshed, // Replaced by what the file holds.
+        Codec, // Replaced by the same bytes read with another codec.
+        Formatted,
+        Loaded, // A page whose load ended after the user had typed.
+        Deleted, // The file is gone.
+    };
+    Reason reason = Reason::Unsaved;
+    qint64 nTime = 0; // Milliseconds since 1970 at which it was written.
+    SFileState began; // The file that the document was read from or last saved to, as it was then.
+    QByteArray codec; // By name; empty for the one a new document has.
+    bool bNotWhole = false; // The file held more than strText can give back.
+    int nCaret = 0; // UTF-16 units before the caret.
 };
 
 // A draft as bytes: a line of JSON that describes it, then its text: UTF-8, or, where that would

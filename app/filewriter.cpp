@@ -1,5 +1,6 @@
 #include "app/filewriter.h"
 
+#include "app/filestate.h"
 #include "app/platform.h"
 
 #include <QDir>
@@ -58,6 +59,24 @@ bool succeeded(bool bDone, const QFileDevice &file, QString *pError)
     return bDone;
 }
 
+bool writeTarget(const QString &strPath, const QByteArray &data, QString *pError)
+{
+    const QString strTarget = linkTarget(strPath);
+    const bool bLoop = QFileInfo(strTarget).isSymLink();
+    if (!bLoop && !Platform::mustWriteInPlace(strTarget)) {
+        QSaveFile file(strTarget);
+        if (file.open(QIODevice::WriteOnly))
+            return succeeded(replaceFile(&file, data), file, pError);
+        if (!QFileInfo::exists(strTarget))
+            return succeeded(false, file, pError);
+    }
+    QFile file(strTarget);
+    const bool bRegular = QFileInfo(strTarget).isFile();
+    const bool bOpen =
+        file.open(bRegular ? QIODevice::ReadWrite : QIODevice::WriteOnly | QIODevice::Unbuffered);
+    return succeeded(bOpen && writeInPlace(&file, data), file, pError);
+}
+
 } // namespace
 
 bool writeAll(QIODevice *pDevice, const QByteArray &data)
@@ -75,20 +94,12 @@ bool writeAll(QIODevice *pDevice, const QByteArray &data)
     return !pFile || pFile->flush();
 }
 
-bool writeFile(const QString &strPath, const QByteArray &data, QString *pError)
+bool writeFile(const QString &strPath, const QByteArray &data, QString *pError, SFileState *pState)
 {
-    const QString strTarget = linkTarget(strPath);
-    const bool bLoop = QFileInfo(strTarget).isSymLink();
-    if (!bLoop && !Platform::mustWriteInPlace(strTarget)) {
-        QSaveFile file(strTarget);
-        if (file.open(QIODevice::WriteOnly))
-            return succeeded(replaceFile(&file, data), file, pError);
-        if (!QFileInfo::exists(strTarget))
-            return succeeded(false, file, pError);
+    const bool bDone = writeTarget(strPath, data, pError);
+    if (pState) {
+        *pState = fileStateOf(strPath);
+        pState->hash = bDone ? hashOfContent(data) : QByteArray();
     }
-    QFile file(strTarget);
-    const bool bRegular = QFileInfo(strTarget).isFile();
-    const bool bOpen =
-        file.open(bRegular ? QIODevice::ReadWrite : QIODevice::WriteOnly | QIODevice::Unbuffered);
-    return succeeded(bOpen && writeInPlace(&file, data), file, pError);
+    return bDone;
 }

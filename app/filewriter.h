@@ -4,6 +4,7 @@
 #include <QString>
 
 class QIODevice;
+struct SFileState;
 
 // Puts the bytes into the file so that a failure at any moment leaves the old bytes as they were:
 // false then, and pError (may be null) holds the system's text.
@@ -12,7 +13,11 @@ class QIODevice;
 // a replacement would lose something (see Platform::mustWriteInPlace) or the folder takes no new
 // file, the file is written in place, its space reserved first and the old bytes put back on
 // failure.
-bool writeFile(const QString &strPath, const QByteArray &data, QString *pError = nullptr);
+//
+// pState (may be null) is set to the file as this call left it, also where it failed behind the
+// last byte: what another program writes a moment later differs from it.
+bool writeFile(const QString &strPath, const QByteArray &data, QString *pError = nullptr,
+               SFileState *pState = nullptr);
 
 // All bytes to the device and through its buffer, or false.
 bool writeAll(QIODevice *pDevice, const QByteArray &data);

@@ -1,0 +1,181 @@
+#include "app/filereader.h"
+
+#include "app/cdescriptor.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+
+#include <new>
+
+namespace {
+
+using Fault = SFileContent::Fault;
+
+const int g_nReadPiece = 1 << 20; // Bytes.
+
+class FileReader
+{
+    Q_DECLARE_TR_FUNCTIONS(FileReader)
+
+public:
+    static SFileContent failure(Fault fault, const SFileState &state = SFileState())
+    {
+        SFileContent content;
+        content.state = state;
+        content.fault = fault;
+        content.strError = text(fault);
+        return content;
+    }
+
+private:
+    static QString text(Fault fault)
+    {
+        switch (fault) {
+        case Fault::None:
+            return QString();
+        case Fault::CannotOpen:
+        case Fault::ReadError:
+            return Platform::errorText();
+        case Fault::NotAFile:
+            return tr("It is no ordinary file.");
+        case Fault::TooLarge:
+        case Fault::TooLargeAtAll:
+            return tr("The file is too large.");
+        case Fault::NoMemory:
+            return tr("There is not enough memory for the file.");
+        case Fault::Changing:
+            return tr("Another program keeps writing to the file.");
+        case Fault::Cancelled:
+            return tr("Reading was stopped.");
+        }
+        return QString();
+    }
+};
+
+// Nothing that can be found out without reading.
+Fault faultBefore(const SFileState &state, const SReadLimits &limits)
+{
+    if (state.nSize > g_nMaxReadable)
+        return Fault::TooLargeAtAll;
+    if (state.nSize > limits.nMaxSize)
+        return Fault::TooLarge;
+    const qint64 nMemory = state.nSize > g_nReadPiece ? Platform::availableMemory() : -1;
+    return nMemory >= 0 && state.nSize > nMemory / qMax(1, limits.nMemoryPerByte) ? Fault::NoMemory
+                                                                                  : Fault::None;
+}
+
+// Makes room for the next piece. The first room is for the whole file and one byte, which finds its
+// end; a file that grows meanwhile gets more.
+Fault makeRoom(QByteArray *pBytes, qint64 nDone, qint64 nExpected, qint64 nMaxSize)
+{
+    if (nDone < pBytes->size())
+        return Fault::None;
+    if (nDone > g_nMaxReadable)
+        return Fault::TooLargeAtAll;
+    if (nDone > nMaxSize)
+        return Fault::TooLarge;
+    const qint64 nMore = qMax(qint64(g_nReadPiece), nDone / 2);
+    const qint64 nSize = nDone == 0 && nExpected > 0 ? nExpected + 1 : nDone + nMore;
+    try {
+        pBytes->resize(int(qMin(nSize, qMin(nMaxSize, g_nMaxReadable) + 1)));
+    } catch (const std::bad_alloc &) {
+        return Fault::NoMemory;
+    }
+    return Fault::None;
+}
+
+Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteArray *pBytes)
+{
+    pBytes->clear();
+    qint64 nDone = 0;
+    for (;;) {
+        const Fault fault = makeRoom(pBytes, nDone, nExpected, limits.nMaxSize);
+        if (fault != Fault::None)
+            return fault;
+        const qint64 nRead = Platform::readSome(nHandle, pBytes->data() + nDone,
+                                                qMin(qint64(g_nReadPiece), pBytes->size() - nDone));
+        if (nRead < 0)
+            return Fault::ReadError;
+        if (nRead == 0)
+            break;
+        nDone += nRead;
+        if (limits.progress && !limits.progress(nDone, nExpected))
+            return Fault::Cancelled;
+    }
+    pBytes->resize(int(nDone));
+    return Fault::None;
+}
+
+// One opening and one reading. Changing where the file was not the same behind the reading.
+SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
+{
+    // Looked at before it is opened, too: to open a device can set it going.
+    const Platform::FileKind kind = Platform::kindOfPath(strPath);
+    if (kind != Platform::FileKind::Regular && kind != Platform::FileKind::Missing)
+        return FileReader::failure(Fault::NotAFile);
+    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
+    if (!file.isOpen())
+        return FileReader::failure(Fault::CannotOpen);
+    if (Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular)
+        return FileReader::failure(Fault::NotAFile);
+    SFileContent content;
+    content.state = fileStateOf(file.handle());
+    const bool bFresh = isFresh(content.state); // Now: a change may come while it is read.
+    Fault fault = faultBefore(content.state, limits);
+    if (fault == Fault::None)
+        fault = readBytes(file.handle(), content.state.nSize, limits, &content.bytes);
+    if (fault != Fault::None)
+        return FileReader::failure(fault, content.state);
+    const bool bSizeHolds =
+        Platform::isMadeUp(file.handle()) || content.bytes.size() == content.state.nSize;
+    if (fileStateOf(file.handle()) != content.state || !bSizeHolds)
+        content.fault = Fault::Changing;
+    if (bFresh)
+        content.state.hash = hashOfContent(content.bytes);
+    return content;
+}
+
+// Empty where the file cannot be read.
+QByteArray hashOfFile(const QString &strPath)
+{
+    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
+    QByteArray piece(g_nReadPiece, Qt::Uninitialized);
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    qint64 nRead = -1;
+    while (file.isOpen()
+           && (nRead = Platform::readSome(file.handle(), piece.data(), piece.size())) > 0)
+        hash.addData(piece.constData(), int(nRead));
+    return nRead == 0 ? hash.result() : QByteArray();
+}
+
+} // namespace
+
+SFileContent readFile(const QString &strPath, const SReadLimits &limits)
+{
+    const int nTries = 5;
+    SFileContent content;
+    for (int n = 0; n < nTries; ++n) {
+        content = readOnce(strPath, limits);
+        if (content.fault != Fault::Changing)
+            break;
+    }
+    if (content.fault == Fault::Changing)
+        content.strError = FileReader::failure(Fault::Changing).strError;
+    return content;
+}
+
+bool isFileUnchanged(const QString &strPath, SFileState *pState)
+{
+    const SFileState state = fileStateOf(strPath);
+    if (state != *pState)
+        return false;
+    if (!state.bExists || pState->hash.isEmpty())
+        return true;
+    const bool bSettled = !isFresh(state); // Before it is read.
+    if (Platform::kindOfPath(strPath) != Platform::FileKind::Regular
+        || hashOfFile(strPath) != pState->hash || fileStateOf(strPath) != state)
+        return false;
+    if (bSettled)
+        pState->hash.clear();
+    return true;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/filestate.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+
+// What a reader asks for. The defaults suit a small file of the program's own.
+struct SReadLimits
+{
+    // Bytes; a larger file is refused as TooLarge before any of it is read.
+    qint64 nMaxSize = qint64(16) << 20;
+    // Bytes of memory that each byte of the file will take in the end, the bytes themselves
+    // included. A text takes some ten times as much in an editor.
+    int nMemoryPerByte = 1;
+    // Called on the reading thread after each megabyte with the bytes read and those expected;
+    // false gives up. May be empty.
+    std::function<bool(qint64 nDone, qint64 nAll)> progress;
+};
+
+// What was read, and what the file was then.
+struct SFileContent
+{
+    enum class Fault {
+        None, // bytes is the whole file.
+        CannotOpen,
+        NotAFile, // A folder, a pipe, a device. Nothing of it was read.
+        TooLarge, // For nMaxSize: state.nSize tells how large; a second call may allow more.
+        TooLargeAtAll, // For what a QByteArray can hold.
+        NoMemory,
+        ReadError,
+        Changing, // Another program writes to it; bytes holds the last try, state its beginning.
+        Cancelled,
+    };
+
+    QByteArray bytes; // Empty with all faults but Changing.
+    // From the descriptor that was read, before the first byte. With a hash where it is fresh.
+    SFileState state;
+    Fault fault = Fault::None;
+    QString strError; // For the user, without the file's name. Empty: read whole.
+
+    bool isWhole() const { return fault == Fault::None; }
+};
+
+// The largest file that a call can read, in bytes.
+const qint64 g_nMaxReadable = 0x7fffffff - 0x1000;
+
+// Reads a regular file, all of it or none. Does not wait for pipes and devices, does not take an
+// error for an end, and does not allocate what is not there. Any thread; blocks while the disk
+// does.
+SFileContent readFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
+
+// True when the file is as the state says. Reads it where the state has a hash, which goes once the
+// times can be trusted.
+bool isFileUnchanged(const QString &strPath, SFileState *pState);

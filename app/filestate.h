@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QString>
+
+// What a file was at one moment: who it is, and by what a later look can tell that it was changed.
+// Times are nanoseconds since 1970. A value; any thread.
+struct SFileState
+{
+    bool bExists = false;
+    quint64 nDevice = 0;
+    quint64 nInode = 0;
+    qint64 nSize = 0; // Bytes.
+    qint64 nModifiedNs = 0; // Of the content.
+    qint64 nChangedNs = 0; // Of the content, the name or the permissions; 0 where unknown.
+    // SHA-1 of the content, where the times alone cannot be trusted: a file system's clock ticks
+    // slowly, and a second write within a tick leaves all other members as they are. Empty
+    // elsewhere.
+    QByteArray hash;
+};
+
+// Two files that do not exist are equal. Hashes count where both sides have one.
+bool operator==(const SFileState &one, const SFileState &two);
+bool operator!=(const SFileState &one, const SFileState &two);
+
+// True when both are one file on the disk, whatever was written to it meanwhile.
+bool isSameFile(const SFileState &one, const SFileState &two);
+
+// The state without a hash; links are followed. A file that cannot be looked at does not exist.
+SFileState fileStateOf(const QString &strPath);
+SFileState fileStateOf(int nHandle);
+
+// True when the file was changed so lately that a further change could leave the times as they are.
+bool isFresh(const SFileState &state);
+
+// What the hash of a state is made with.
+QByteArray hashOfContent(const QByteArray &bytes);
+
+// For drafts. Anything that is no state reads as a file that does not exist.
+QJsonObject toJson(const SFileState &state);
+SFileState fileStateFromJson(const QJsonObject &object);
