@@ -177,6 +177,14 @@ QString decodeText(const QTextCodec *pCodec, const QByteArray &data)
     return pCodec->toUnicode(data);
 }
 
+QByteArray encodeText(const QTextCodec *pCodec, const QString &strText)
+{
+    if (!pCodec)
+        return strText.toLatin1();
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return pCodec->fromUnicode(strText.constData(), strText.size(), &state);
+}
+
 bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &strText)
 {
     if (!pCodec && data.contains('\0'))

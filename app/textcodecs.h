@@ -44,6 +44,9 @@ QString codecNameForData(const QString &strCurrent, const QByteArray &data);
 // The data as text; without a codec, the bytes before the first zero byte as UTF-8.
 QString decodeText(const QTextCodec *pCodec, const QByteArray &data);
 
+// The bytes of the text in that codec, without a byte-order mark; without a codec Latin-1.
+QByteArray encodeText(const QTextCodec *pCodec, const QString &strText);
+
 // False when the text that the data was decoded to cannot be written without loss: bytes behind a
 // zero byte were left out, or what came out is not valid UTF-16, as happens with binary data.
 bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &strText);

@@ -11,6 +11,8 @@ class CEditWebView;
 class CLineNumberArea;
 class CTextDocument;
 class CThreadHighlighter;
+class QTextCodec;
+struct SFileContent;
 
 // The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
 // from a thread of its own, reading and writing of text files, search, editing aids.
@@ -60,10 +62,19 @@ public:
     // Reads the file again with the editor's codec; cursor line and scroll position stay. Shows a
     // box when that fails.
     void reload();
-    // Reads the same bytes in another codec; nothing happens for an unknown one.
+    // Shows the bytes of the file as reload() does.
+    void reloadData(const QByteArray &arrData);
+    // Reads the same bytes in another codec; nothing happens for an unknown one. The bytes are those
+    // that the text has in its codec, which may not hold all that was typed: see textReplacing().
     void setCodecName(const QString &strName);
+    // Shows the file's own bytes in another codec. The text counts as read, not as typed.
+    void readIn(const QString &strCodec, const QByteArray &arrData);
+    // Shows a text that was kept elsewhere, with every character it has. Modified.
+    void setRestoredText(const QString &strText, const QString &strCodec);
     // Empty: detected on the next load.
     QString codecName() const { return m_strCodecName; }
+    // False when some of the bytes last read could not be shown: what is written loses them.
+    bool isWhole() const { return m_bWhole; }
     // What lies on the disk is UTF-8 now, whatever it was read as.
     void markSavedAsUtf8();
     // See ReturnFormat.
@@ -71,6 +82,8 @@ public:
     void setReturnFormat(int nReturnFormat) { m_nReturnFormat = nReturnFormat; }
     // The text to write: every character that was opened or typed, line ends in the chosen style.
     QString getText() const;
+    // The same with LF for every line end.
+    QString rawText() const;
 
     int lineNumberAreaWidth() const;
     void lineNumberAreaPaintEvent(QPaintEvent *pEvent);
@@ -91,6 +104,8 @@ public:
     bool replaceAll(const QString &findText, const QString &replaceText);
     // Lines count from 1; false when there is no such line.
     bool goToLine(int nLine);
+    // In UTF-16 units from the text's start; behind the end it is the end.
+    void goToPosition(int nPosition);
 
     bool canVerifyValid() const;
     bool canFormatting() const;
@@ -104,6 +119,11 @@ signals:
     void findToBottom();
     void cannotFound();
     void replaceNum(int nVal);
+    // Something else is about to take the place of a text that was not saved, and undo will not
+    // bring it back.
+    void textReplacing();
+    // The editor has read its file again by itself.
+    void fileRead(const SFileContent &content);
 
 public slots:
     void updateLineNumberAreaWidth(int nBlockCount = 0);
@@ -134,8 +154,9 @@ private:
     void connectSignals();
     void buildMenu();
     QFont gutterFont() const;
+    void showBytes(const QTextCodec *pCodec, const QByteArray &arrData);
     void showText(const QString &strText);
-    QString plainText() const;
+    void warnOfReplacing();
     bool isSeveralLinesSelected() const;
     void indentSelection(bool bOutdent);
     void indentNewLine();
@@ -149,6 +170,7 @@ private:
     bool m_bLockFontSize = false;
     bool m_bKeepModified = false;
     bool m_bPathChanged = false;
+    bool m_bWhole = true;
     QString m_strPathFileName;
     QString m_strSuffix;
     QString m_strCodecName;

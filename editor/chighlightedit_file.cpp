@@ -1,14 +1,26 @@
 #include "editor/chighlightedit.h"
 
+#include "app/filereader.h"
 #include "app/plaintext.h"
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCodec>
 #include <QTimer>
+
+namespace {
+
+SFileContent readText(const QString &strPath)
+{
+    SReadLimits limits;
+    limits.nMaxSize = g_nMaxReadable;
+    return readFile(strPath, limits);
+}
+
+} // namespace
 
 void CHighlightEdit::setTextData(const QByteArray &arrData, bool bKeepModified)
 {
@@ -16,7 +28,7 @@ void CHighlightEdit::setTextData(const QByteArray &arrData, bool bKeepModified)
         m_bKeepModified = isModified();
     m_strCodecName = codecNameForData(m_strCodecName, arrData);
     m_nReturnFormat = detectReturnFormat(arrData, m_nReturnFormat);
-    showText(decodeText(codecForName(m_strCodecName), arrData));
+    showBytes(codecForName(m_strCodecName), arrData);
     if (bKeepModified)
         QTimer::singleShot(10, this, &CHighlightEdit::onTimeoutKeepModified);
 }
@@ -30,16 +42,22 @@ void CHighlightEdit::reload()
 {
     if (m_strPathFileName.isEmpty())
         return;
-    QFile file(m_strPathFileName);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const SFileContent content = readText(m_strPathFileName);
+    if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
                     tr("Fail to open file(%1).").arg(m_strPathFileName));
         return;
     }
+    warnOfReplacing();
+    reloadData(content.bytes);
+    emit fileRead(content);
+}
+
+void CHighlightEdit::reloadData(const QByteArray &arrData)
+{
     const int nLine = textCursor().blockNumber();
     const int nScroll = verticalScrollBar()->value();
-    setTextData(file.readAll(), false);
-    file.close();
+    setTextData(arrData, false);
 
     QTextBlock block = document()->findBlockByLineNumber(nLine);
     if (!block.isValid()) // The file has become shorter.
@@ -54,14 +72,25 @@ void CHighlightEdit::onRefresh()
 {
     if (m_strPathFileName.isEmpty())
         return;
-    QFile file(m_strPathFileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    const SFileContent content = readText(m_strPathFileName);
+    if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
                     tr("Cannot open file(%1).").arg(m_strPathFileName));
         return;
     }
-    // Always UTF-8, unlike reload().
-    showText(decodeText(nullptr, file.readAll()));
+    warnOfReplacing();
+    QBuffer buffer;
+    buffer.setData(content.bytes);
+    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
+    showBytes(nullptr, buffer.readAll()); // Always UTF-8, unlike reload().
+    emit fileRead(content);
+}
+
+// For steps that drop the text without having asked.
+void CHighlightEdit::warnOfReplacing()
+{
+    if (isModified())
+        emit textReplacing();
 }
 
 void CHighlightEdit::setCodecName(const QString &strName)
@@ -72,21 +101,54 @@ void CHighlightEdit::setCodecName(const QString &strName)
     if (!pNew)
         return;
     const QTextCodec *pOld = codecForName(m_strCodecName);
-    const QByteArray arrData = pOld ? pOld->fromUnicode(plainText()) : plainText().toLatin1();
+    const QString strText = rawText();
+    const QByteArray arrData = encodeText(pOld, strText);
+    if (decodeText(pOld, arrData) != strText)
+        warnOfReplacing();
     const bool bModified = isModified();
-    showText(pNew->toUnicode(arrData));
+    const bool bWhole = m_bWhole;
+    showBytes(pNew, arrData);
+    m_bWhole = m_bWhole && bWhole;
     m_strCodecName = strName;
     setModified(bModified); // The unsaved edits are still there.
+}
+
+void CHighlightEdit::readIn(const QString &strCodec, const QByteArray &arrData)
+{
+    m_strCodecName = strCodec;
+    showBytes(codecForName(strCodec), arrData);
+}
+
+void CHighlightEdit::setRestoredText(const QString &strText, const QString &strCodec)
+{
+    m_strCodecName = strCodec;
+    showText(strText);
+    setModified(true);
+}
+
+void CHighlightEdit::goToPosition(int nPosition)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(qBound(0, nPosition, document()->characterCount() - 1));
+    setTextCursor(cursor);
 }
 
 void CHighlightEdit::markSavedAsUtf8()
 {
     m_strCodecName = QStringLiteral("UTF-8");
+    m_bWhole = true;
 }
 
 QString CHighlightEdit::getText() const
 {
-    return withLineEnds(plainText(), m_nReturnFormat);
+    return withLineEnds(rawText(), m_nReturnFormat);
+}
+
+void CHighlightEdit::showBytes(const QTextCodec *pCodec, const QByteArray &arrData)
+{
+    const QString strText = decodeText(pCodec, arrData);
+    m_bWhole = isWholeText(pCodec, arrData, strText);
+    showText(strText);
 }
 
 // Undo starts again.
@@ -102,7 +164,7 @@ void CHighlightEdit::showText(const QString &strText)
 }
 
 // Unlike toPlainText(), keeps no-break spaces and line separators.
-QString CHighlightEdit::plainText() const
+QString CHighlightEdit::rawText() const
 {
     QString strText = document()->toRawText();
     strText.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));

@@ -42,7 +42,7 @@ bool CHighlightEdit::verifyValid()
         return false;
     QString strFailure;
     if (isVerifiedXml(languageName())) {
-        const ParseResult result = parseXml(plainText());
+        const ParseResult result = parseXml(rawText());
         if (!result.isGood()) {
             strFailure = tr("Line %1, Column %2: %3")
                              .arg(result.nLine)
@@ -51,7 +51,7 @@ bool CHighlightEdit::verifyValid()
         }
     } else if (isJson(languageName())) {
         // Never empty: the parser has words for success, too, and they are shown.
-        strFailure = jsonErrorText(plainText());
+        strFailure = jsonErrorText(rawText());
     }
     if (strFailure.isEmpty())
         return true;
@@ -67,8 +67,9 @@ bool CHighlightEdit::formatting()
         return true;
     const int nLine = textCursor().blockNumber();
     const int nScroll = verticalScrollBar()->value();
+    warnOfReplacing();
     // Not as an edit: undo starts again.
-    showText(isJson(languageName()) ? formattedJson(plainText()) : formattedXml(plainText()));
+    showText(isJson(languageName()) ? formattedJson(rawText()) : formattedXml(rawText()));
     setModified(true);
     goToBlock(qMin(nLine, blockCount() - 1));
     verticalScrollBar()->setValue(nScroll);

@@ -1,5 +1,7 @@
 #include "mainwindow/chtmltoolbar.h"
 
+#include "web/ceditwebview.h"
+
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFontComboBox>
@@ -125,6 +127,12 @@ void CHtmlToolBar::addColorButton(QToolBar *pToolBar, SColorButton *pColor, cons
     auto *pOpenMenu = new QShortcut(QKeySequence(QStringLiteral("Alt+Down")), pColor->pButton);
     pOpenMenu->setContext(Qt::WidgetShortcut);
     connect(pOpenMenu, &QShortcut::activated, pColor->pButton, &QToolButton::showMenu);
+}
+
+void CHtmlToolBar::showFormat(const CEditWebView &page)
+{
+    showFont(page.fontName(), page.fontSize());
+    showColors(page.foreColor(), page.backColor());
 }
 
 void CHtmlToolBar::showFont(const QString &strName, const QString &strSize)

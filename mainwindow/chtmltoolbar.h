@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QString>
 
+class CEditWebView;
 class QComboBox;
 class QFont;
 class QFontComboBox;
@@ -24,7 +25,8 @@ public:
     QFontComboBox *fontBox() const { return m_pFontBox; }
     QComboBox *sizeBox() const { return m_pSizeBox; }
 
-    void showFont(const QString &strName, const QString &strSize);
+    // What holds at the page's caret.
+    void showFormat(const CEditWebView &page);
     void showColors(const QColor &clrText, const QColor &clrBack);
     // The colours that the buttons apply.
     void setChosenColors(const QColor &clrText, const QColor &clrBack);
@@ -34,6 +36,7 @@ signals:
     void backColorChosen(QColor clr);
 
 private:
+    void showFont(const QString &strName, const QString &strSize);
     struct SColorButton
     {
         QToolButton *pButton = nullptr;

@@ -1,24 +1,10 @@
 #pragma once
 
-#include <QStringList>
+#include "document/notice.h"
+
 #include <QToolBar>
 
-#include <functional>
-
 class QLabel;
-
-// One thing to tell the user about a document, or about the program, without stopping the work.
-struct SNotice
-{
-    struct SChoice
-    {
-        QString strText;
-        std::function<void()> chosen;
-    };
-
-    QString strText; // Empty: nothing to tell.
-    QList<SChoice> lstChoices;
-};
 
 // The bar above the documents that shows a notice: its text as it stands, a button per choice and
 // one that closes the bar.

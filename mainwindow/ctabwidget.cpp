@@ -24,6 +24,20 @@ void CTabWidget::setPlainTabToolTip(int nIndex, const QString &strText)
     setTabToolTip(nIndex, plainToolTip(strText));
 }
 
+void CTabWidget::replaceWidget(QWidget *pOld, QWidget *pNew)
+{
+    const int nIndex = indexOf(pOld);
+    // The old one loses its focus first: a page that is hidden with it takes a tab key.
+    pOld->clearFocus();
+    const QString strText = tabText(nIndex);
+    const QString strToolTip = tabToolTip(nIndex);
+    const QIcon icon = tabIcon(nIndex);
+    removeTab(nIndex);
+    insertTab(nIndex, pNew, icon, strText);
+    setTabToolTip(nIndex, strToolTip);
+    setCurrentIndex(nIndex);
+}
+
 void CTabWidget::onClickAction()
 {
     if (const auto *pAction = qobject_cast<QAction *>(sender()))

@@ -20,6 +20,9 @@ public:
     void setPlainTabText(int nIndex, const QString &strText);
     void setPlainTabToolTip(int nIndex, const QString &strText);
 
+    // Puts another widget into the place of one; the tab stays as it is.
+    void replaceWidget(QWidget *pOld, QWidget *pNew);
+
 signals:
     // The tab under the pointer, -1 for none.
     void emitMidButtonRelease(int nIndex);

@@ -1,28 +1,30 @@
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
-#include "app/plaintext.h"
-#include "app/version.h"
 #include "browser/cwidgetfavorfilelist.h"
-#include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
-#include "highlight/ctextdocument.h"
 #include "mainwindow/actionicons.h"
-#include "mainwindow/cdocumentguard.h"
 #include "mainwindow/cfiledropfilter.h"
+#include "mainwindow/cformatmenus.h"
+#include "mainwindow/chtmltoolbar.h"
+#include "mainwindow/cnoticebar.h"
+#include "mainwindow/crecentmenu.h"
+#include "mainwindow/csearch.h"
+#include "mainwindow/csidepanels.h"
 #include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/framestate.h"
 #include "ui_mainwindow.h"
-#include "web/ceditwebview.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QDockWidget>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QMimeData>
 #include <QShortcut>
+#include <QStandardPaths>
+#include <QTextBlock>
+#include <QTextLayout>
 
 MainWindow *g_pMainWindow = nullptr;
 
@@ -40,15 +42,24 @@ MainWindow::MainWindow(QWidget *pParent)
     m_pStatus = new CStatusLabels(statusBar());
     m_pStatus->onTextFontSize(g_pSettings->getTextFontSize());
     setupTabs();
-    setupGuard();
-    setupDocks();
+    setupDocuments();
+    m_pPanels = new CSidePanels(this, m_pHighlightMgt);
+    m_pPanels->browser()->installEventFilter(this);
+    for (const QDockWidget *pDock : m_pPanels->docks()) {
+        m_pUi->menuView->addAction(pDock->toggleViewAction());
+        m_pUi->mainToolBar->addAction(pDock->toggleViewAction());
+    }
+    m_pPanels->start();
     setupHtmlToolBar();
-    setupTextCodecMenu();
+    m_pFormats = new CFormatMenus(m_pUi.get(), m_pHighlightMgt, m_pStatus, this);
+    m_pRecent = new CRecentMenu({m_pUi->actionRecent_File_1, m_pUi->actionRecent_File_2,
+                                 m_pUi->actionRecent_File_3, m_pUi->actionRecent_File_4,
+                                 m_pUi->actionRecent_File_5, m_pUi->actionRecent_File_6},
+                                this);
+    m_pSearch = new CSearch(this);
     setupShortcuts();
     setupConnections();
-    setupLanguageMenu();
     m_pUi->actionLine_Wrap->setChecked(g_pSettings->getLineWrap());
-    updateRecentFiles();
     if (isFrameStateWhole(g_pSettings->getFrameState()))
         restoreState(g_pSettings->getFrameState());
     clipboardDataChanged();
@@ -57,16 +68,14 @@ MainWindow::MainWindow(QWidget *pParent)
 
 MainWindow::~MainWindow()
 {
-    m_pGuard->flush(); // What the end of the program drops can be recovered.
     g_pSettings->setFrameState(saveState());
     // The views, docks and the clipboard signal while they go; nobody may answer any more.
     QApplication::clipboard()->disconnect(this);
-    for (QObject *pSender :
-         {static_cast<QObject *>(m_pTabs), static_cast<QObject *>(m_pDockPreview),
-          static_cast<QObject *>(m_pBrowser)})
-        pSender->disconnect(this);
-    while (m_pTabs->count() > 0)
-        CDocument(m_pTabs->widget(0)).destroy();
+    m_pTabs->disconnect(this);
+    m_pPanels->browser()->disconnect(this);
+    for (QDockWidget *pDock : m_pPanels->docks())
+        pDock->disconnect(this);
+    m_pDocuments->clear();
 }
 
 void MainWindow::setupTabs()
@@ -89,6 +98,28 @@ void MainWindow::setupTabs()
     connect(m_pTabs, &CTabWidget::emitMidButtonRelease, this, &MainWindow::onTabCloseRequested);
     connect(m_pTabs, &CTabWidget::clickAction, this, &MainWindow::onTabClickAction);
     connect(m_pTabs, &QTabWidget::tabBarDoubleClicked, this, &MainWindow::onTabDbClick);
+}
+
+void MainWindow::setupDocuments()
+{
+    addToolBarBreak(Qt::TopToolBarArea);
+    m_pNotice = new CNoticeBar(this);
+    addToolBar(Qt::TopToolBarArea, m_pNotice);
+    const QDir dataFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    m_pDocuments =
+        std::make_unique<CDocuments>(dataFolder.filePath(QStringLiteral("recovery")), nullptr);
+    CRecovery *pRecovery = &m_pDocuments->recovery();
+    connect(pRecovery, &CRecovery::noticeChanged, this, &MainWindow::showNotice);
+    connect(pRecovery, &CRecovery::recoverWanted, this, &MainWindow::recover);
+    connect(m_pNotice, &CNoticeBar::dismissed, this, [this, pRecovery] {
+        CDocument &document = currentDocument();
+        if (document.notice().strText.isEmpty())
+            pRecovery->dismiss();
+        else
+            document.dismissNotice();
+    });
+    // Not while the window is built: the bar would be counted into the stored frame state.
+    QTimer::singleShot(0, pRecovery, &CRecovery::offerAbandoned);
 }
 
 void MainWindow::setupShortcuts()
@@ -124,128 +155,7 @@ void MainWindow::setupConnections()
             &MainWindow::clipboardDataChanged);
     connect(g_pSettings, &CSettings::textFontSizeChanged, m_pStatus,
             &CStatusLabels::onTextFontSize);
+    connect(m_pSearch, &CSearch::message, this, &MainWindow::showStatusMessage);
     connect(new CFileDropFilter(this), &CFileDropFilter::filesDropped, this,
             &MainWindow::openFiles);
-}
-
-CDocument MainWindow::currentDocument() const
-{
-    return CDocument(m_pTabs->currentWidget());
-}
-
-void MainWindow::refreshWindow()
-{
-    updateTitle();
-    updateActions();
-    updateStatus();
-}
-
-void MainWindow::updateTitle()
-{
-    const CDocument document = currentDocument();
-    if (document.kind() == CDocument::Kind::None) {
-        setWindowTitle(QStringLiteral(QUILLAN_NAME));
-        return;
-    }
-    const QString strTitle = document.title();
-    m_pTabs->setPlainTabText(m_pTabs->currentIndex(), strTitle);
-    setWindowTitle(
-        plainWindowTitle(QStringLiteral("%1(%2)").arg(QStringLiteral(QUILLAN_NAME), strTitle)));
-}
-
-void MainWindow::updateActions()
-{
-    const CDocument document = currentDocument();
-    const CHighlightEdit *pEditor = document.editor();
-    const bool bSearchable = pEditor || document.page();
-    m_pUi->actionSave->setEnabled(document.canSave());
-    if (document.page() && !document.canSave())
-        showStatusMessage(tr("This is another page than the document's file: Save As keeps it."));
-    m_pUi->actionSave_As->setEnabled(bSearchable);
-    m_pUi->actionSave_All->setEnabled(false);
-    m_pUi->actionRefresh->setEnabled(!document.path().isEmpty());
-    for (QAction *pAction : {m_pUi->actionFind, m_pUi->actionFind_Next, m_pUi->actionFind_Previous,
-                             m_pUi->actionReplace})
-        pAction->setEnabled(bSearchable);
-    m_pUi->actionGo_to_Line->setEnabled(pEditor);
-    m_pUi->actionToggle_Comment->setEnabled(pEditor && pEditor->canToggleComment());
-    m_pUi->actionVerify_Valid->setEnabled(pEditor && pEditor->canVerifyValid());
-    m_pUi->actionFormatting->setEnabled(pEditor && pEditor->canFormatting());
-    m_pUi->actionColor_Dialog->setEnabled(bSearchable);
-    m_pUi->menuLanguage->setEnabled(pEditor);
-    // A page's source is UTF-8 always.
-    m_pUi->menuText_Codec->setEnabled(document.kind() == CDocument::Kind::Text);
-    updateEditActions(document);
-    updatePageActions(document);
-}
-
-void MainWindow::updateStatus()
-{
-    const CDocument document = currentDocument();
-    const CHighlightEdit *pEditor = document.editor();
-    m_pStatus->setCursorText(pEditor ? pEditor->getStatusText() : QString());
-    updateReturnFormat(document);
-    updateLanguage(document);
-}
-
-void MainWindow::showStatusMessage(const QString &strText)
-{
-    m_pStatus->setMessage(strText);
-}
-
-void MainWindow::onTabCurrentChanged(int)
-{
-    showStatusMessage(QString());
-    m_pGuard->currentChanged(currentDocument());
-    if (!m_bLoading)
-        refreshWindow();
-    m_timerPreview.start();
-}
-
-void MainWindow::onModifiedChanged()
-{
-    if (m_bLoading)
-        return;
-    m_pGuard->documentChanged(currentDocument());
-    refreshWindow();
-}
-
-void MainWindow::onSelectionChanged()
-{
-    if (m_bLoading)
-        return;
-    updateActions();
-    const CHighlightEdit *pEditor = currentDocument().editor();
-    m_pStatus->setCursorText(pEditor ? pEditor->getStatusText() : QString());
-}
-
-void MainWindow::onWidgetFocusIn()
-{
-    if (!m_bLoading)
-        updateActions();
-}
-
-void MainWindow::clipboardDataChanged()
-{
-    const QMimeData *pData = QApplication::clipboard()->mimeData();
-    m_pUi->actionPaste->setEnabled(pData && pData->hasText());
-}
-
-void MainWindow::on_actionAbout_triggered()
-{
-    QMessageBox::about(
-        this, tr("About %1").arg(QStringLiteral(QUILLAN_NAME)),
-        QStringLiteral("<h2>%1 %2</h2>")
-                .arg(QStringLiteral(QUILLAN_NAME), QStringLiteral(QUILLAN_VERSION))
-            + QStringLiteral("<p>%1</p>").arg(tr("Made by the Quillan developers.")));
-}
-
-void MainWindow::changeEvent(QEvent *pEvent)
-{
-    QMainWindow::changeEvent(pEvent);
-    if (pEvent->type() != QEvent::ActivationChange || !isActiveWindow() || !m_pGuard)
-        return;
-    // While another program had the focus, things may have changed that no signal told.
-    clipboardDataChanged();
-    m_pGuard->checkFiles();
 }

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "mainwindow/cdocument.h"
+#include "document/cdocuments.h"
 
 #include <QMainWindow>
-#include <QPointer>
-#include <QTimer>
 
 #include <memory>
 
@@ -12,25 +10,27 @@ namespace Ui {
 class MainWindow;
 }
 
-class CDlgFind;
-class CDlgGo;
-class CDocumentGuard;
 class CEditWebView;
+class CFormatMenus;
 class CHighlightEdit;
 class CHighlightMgt;
 class CHtmlToolBar;
 class CNoticeBar;
-class CPreviewWidget;
+class CPageDocument;
+class CRecentMenu;
+class CSearch;
+class CSidePanels;
 class CStatusLabels;
 class CTabWidget;
-class CWidgetFavorFileList;
-class QDockWidget;
-struct SDraft;
 
 // The single top-level window: wires actions, documents, docks and dialogs, and computes nothing.
-// By concern: mainwindow.cpp frame and states, _documents.cpp and _files.cpp the life of documents,
-// _edit.cpp editing commands, _format.cpp language, codec and line ends, _search.cpp find and go
-// to, _page.cpp HTML toolbar and page commands, _preview.cpp the docks.
+// By concern: mainwindow.cpp the frame, _states.cpp what it shows of the current document,
+// _documents.cpp new and opened documents, _open.cpp the ways by which files come in, _files.cpp
+// saving and reading again, _closing.cpp the questions before a document goes, _commands.cpp and
+// _page.cpp what menus and tool bars give to the current document, _panels.cpp docks and panes.
+//
+// A question on the screen belongs to the document it was asked about: its event loop may change the
+// current one.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -39,7 +39,8 @@ public:
     explicit MainWindow(QWidget *pParent = nullptr);
     ~MainWindow() override;
 
-    CDocument currentDocument() const;
+    // With no tab, the document that refuses everything.
+    CDocument &currentDocument() const;
     const CHighlightMgt *highlightMgt() const { return m_pHighlightMgt; }
 
 public slots:
@@ -141,82 +142,67 @@ protected:
 private:
     // mainwindow.cpp
     void setupTabs();
+    void setupDocuments();
     void setupShortcuts();
     void setupConnections();
     void refreshWindow();
     void updateTitle();
     void updateActions();
-    void updateEditActions(const CDocument &document);
-    void updatePageActions(const CDocument &document);
     void updateStatus();
+    void showNotice();
     void showStatusMessage(const QString &strText);
 
     // mainwindow_documents.cpp
-    CHighlightEdit *addTextDocument();
-    CEditWebView *addPageDocument();
+    void addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon);
+    CDocument *addTextDocument();
+    CPageDocument *addPageDocument();
     void connectEditor(CHighlightEdit *pEditor);
-    int indexOfPath(const QString &strPath) const;
+    void openText(const QString &strPath);
     void openPage(const QString &strPath);
     void openImage(const QString &strPath);
-    void openText(const QString &strPath);
-    void showTextFile(CHighlightEdit *pEditor, const QString &strPath);
-    bool askBeforeClosing(const CDocument &document);
-    bool closeTabForGood(int nIndex, bool *pYesToAll);
+    void showOpenFailure(const QString &strPath, const QString &strReason);
+    void nameTab(const CDocument &document);
+    void recover(const SDraft &draft);
 
     // mainwindow_files.cpp
+    bool saveDocument(CDocument *pDocument, bool bAnyway);
+    bool saveDocumentAs(CDocument *pDocument);
+    void refreshDocument(CDocument *pDocument);
+
+    // mainwindow_closing.cpp
+    enum class Leaving { Stays, Settled, Unsaved };
+    Leaving askBeforeClosing(CDocument *pDocument);
+    bool mayLeavePage(CDocument *pDocument);
+    bool closeForGood(CDocument *pDocument, bool *pYesToAll);
+
+    // mainwindow_open.cpp
     void openFiles(const QStringList &lstPaths);
-    void addRecentFile(const QString &strPath);
-    void updateRecentFiles();
     void openRecentFile(int nIndex);
-    void pointBrowserAt(const QString &strFolder);
 
-    // mainwindow_format.cpp
-    void setupLanguageMenu();
-    void setupTextCodecMenu();
-    void setReturnFormat(int nFormat);
-    void updateReturnFormat(const CDocument &document);
-    void updateLanguage(const CDocument &document);
-    void chooseLanguage(CHighlightEdit *pEditor, const QString &strFileName);
-
-    // mainwindow_search.cpp
-    CDlgFind *findDialog();
-    CDlgFind *findDialogForSelection();
-    void searchAgain(bool bBackward);
-    void showSearchMessage(const QString &strText);
+    // mainwindow_commands.cpp
+    void finish(const Result &result);
 
     // mainwindow_page.cpp
     void setupHtmlToolBar();
+    CEditWebView *shownPage() const;
     void pageCommand(int nWebAction);
-    void swapTabWidget(int nIndex, QWidget *pNew);
-    void showPageColor(const QColor &clr, bool bBackground);
+    void showPageColor(CDocument *pDocument, const QColor &clr, bool bBackground);
 
-    // mainwindow_guard.cpp
-    void setupGuard();
-    void recover(const SDraft &draft);
-    void recoverText(const SDraft &draft);
-    void recoverPage(const SDraft &draft);
-
-    // mainwindow_preview.cpp
-    void setupDocks();
-    void previewCurrentDocument();
+    // mainwindow_panels.cpp
     void stepPane(int nBy);
 
     std::unique_ptr<Ui::MainWindow> m_pUi;
     CTabWidget *m_pTabs = nullptr;
     CHighlightMgt *m_pHighlightMgt = nullptr;
-    CDocumentGuard *m_pGuard = nullptr;
+    std::unique_ptr<CDocuments> m_pDocuments;
     CNoticeBar *m_pNotice = nullptr;
     CStatusLabels *m_pStatus = nullptr;
     CHtmlToolBar *m_pHtmlTools = nullptr;
-    CPreviewWidget *m_pPreview = nullptr;
-    CWidgetFavorFileList *m_pBrowser = nullptr;
-    QDockWidget *m_pDockPreview = nullptr;
-    QDockWidget *m_pDockBrowser = nullptr;
-    CDlgFind *m_pDlgFind = nullptr; // Created on first use, kept.
-    CDlgGo *m_pDlgGo = nullptr; // The same.
-    QTimer m_timerPreview;
+    CFormatMenus *m_pFormats = nullptr;
+    CRecentMenu *m_pRecent = nullptr;
+    CSearch *m_pSearch = nullptr;
+    CSidePanels *m_pPanels = nullptr;
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
-    bool m_bBrowserWasHidden = false;
     bool m_bLoading = false; // While a document is being created or loaded.
 };
 

@@ -1,21 +1,19 @@
+// New and opened documents.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
 #include "app/plaintext.h"
-#include "app/textcodecs.h"
+#include "document/ceditordocument.h"
+#include "document/cimagedocument.h"
+#include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
-#include "mainwindow/cdocumentguard.h"
+#include "highlight/chighlightmgt.h"
 #include "mainwindow/ctabwidget.h"
-#include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
-#include "web/cimagewidget.h"
 
-#include <QCloseEvent>
-#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QScopedValueRollback>
-#include <QTextDocument>
 
 namespace {
 
@@ -31,6 +29,22 @@ bool isImageSuffix(const QString &strSuffix)
 
 } // namespace
 
+// The tab is there and current before the document has any content.
+void MainWindow::addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon)
+{
+    m_pDocuments->add(pDocument);
+    const int nIndex = m_pTabs->addTab(pDocument->widget(), QIcon(strIcon), strTitle);
+    m_pTabs->setTabToolTip(nIndex, tr("New file"));
+    m_pTabs->setCurrentIndex(nIndex);
+    connect(pDocument, &CDocument::widgetChanged, m_pTabs, &CTabWidget::replaceWidget);
+    connect(pDocument, &CDocument::noticeChanged, this, &MainWindow::showNotice);
+    connect(pDocument, &CDocument::reloaded, this, &MainWindow::onModifiedChanged);
+    connect(pDocument, &CDocument::saveWanted, this,
+            [this, pDocument] { saveDocument(pDocument, true); });
+    connect(pDocument, &CDocument::refreshWanted, this,
+            [this, pDocument] { refreshDocument(pDocument); });
+}
+
 void MainWindow::connectEditor(CHighlightEdit *pEditor)
 {
     connect(g_pSettings, &CSettings::textFontSizeChanged, pEditor, &CHighlightEdit::onTextFontSize);
@@ -45,39 +59,35 @@ void MainWindow::connectEditor(CHighlightEdit *pEditor)
     connect(pEditor, &CHighlightEdit::replaceNum, this, &MainWindow::onReplaceNum);
 }
 
-CHighlightEdit *MainWindow::addTextDocument()
+CDocument *MainWindow::addTextDocument()
 {
-    auto *pEditor = new CHighlightEdit(this);
+    auto *pDocument = new CEditorDocument(this);
+    CHighlightEdit *pEditor = pDocument->editor();
     pEditor->setModified(false);
     pEditor->setLineWrap(g_pSettings->getLineWrap());
-    const int nIndex =
-        m_pTabs->addTab(pEditor, QIcon(QStringLiteral(":/res/new_text.svg")), tr("New Text"));
-    m_pTabs->setTabToolTip(nIndex, tr("New file"));
-    m_pTabs->setCurrentIndex(nIndex);
+    addDocument(pDocument, tr("New Text"), QStringLiteral(":/res/new_text.svg"));
     connectEditor(pEditor);
-    return pEditor;
+    return pDocument;
 }
 
 void MainWindow::on_actionNewText_triggered()
 {
-    addTextDocument()->setFocus();
+    addTextDocument()->widget()->setFocus();
     refreshWindow();
 }
 
-CEditWebView *MainWindow::addPageDocument()
+CPageDocument *MainWindow::addPageDocument()
 {
-    auto *pPage = new CEditWebView(this);
+    auto *pDocument = new CPageDocument(this);
+    CEditWebView *pPage = pDocument->page();
     pPage->setModified(false);
-    const int nIndex =
-        m_pTabs->addTab(pPage, QIcon(QStringLiteral(":/res/new.png")), tr("New HTML"));
-    m_pTabs->setTabToolTip(nIndex, tr("New file"));
-    m_pTabs->setCurrentIndex(nIndex);
+    addDocument(pDocument, tr("New HTML"), QStringLiteral(":/res/new.png"));
 
     connect(pPage, &CEditWebView::focusIn, this, &MainWindow::onWidgetFocusIn);
     CHighlightEdit *pSource = pPage->sourceEdit();
     pSource->setLineWrap(g_pSettings->getLineWrap());
     connectEditor(pSource);
-    chooseLanguage(pSource, QStringLiteral("xxx.html"));
+    pSource->setDefinition(m_pHighlightMgt->definitionForFile(QStringLiteral("xxx.html")));
 
     connect(pPage, &QWebView::loadFinished, this, &MainWindow::onLoadFinished);
     connect(pPage, &QWebView::selectionChanged, this, &MainWindow::onSelectionChanged);
@@ -85,11 +95,11 @@ CEditWebView *MainWindow::addPageDocument()
     connect(pPage, &CEditWebView::modifiedChanged, this, &MainWindow::onModifiedChanged);
     connect(pPage, &CEditWebView::overUrl, this, &MainWindow::onOverUrl);
     connect(pPage, &CEditWebView::linkLeft, this, &MainWindow::onLinkLeft);
-    pPage->setLeaveQuestion([this, pPage] { return askBeforeClosing(CDocument(pPage)); });
     connect(pPage, &CEditWebView::statusMessage, this, &MainWindow::showStatusMessage);
+    pPage->setLeaveQuestion([this, pDocument] { return mayLeavePage(pDocument); });
     if (g_pSettings->getIsHtmlText())
-        on_actionSwapHtml_triggered();
-    return pPage;
+        pDocument->showSource(true);
+    return pDocument;
 }
 
 void MainWindow::on_actionNewHtml_triggered()
@@ -102,20 +112,10 @@ void MainWindow::on_actionNewHtml_triggered()
     refreshWindow();
 }
 
-int MainWindow::indexOfPath(const QString &strPath) const
-{
-    for (int n = 0; n < m_pTabs->count(); ++n) {
-        if (CDocument(m_pTabs->widget(n)).path() == strPath)
-            return n;
-    }
-    return -1;
-}
-
 void MainWindow::openFile(const QString &strPathFileName)
 {
-    const int nIndex = indexOfPath(strPathFileName);
-    if (nIndex >= 0) {
-        m_pTabs->setCurrentIndex(nIndex);
+    if (const CDocument *pDocument = m_pDocuments->withPath(strPathFileName)) {
+        m_pTabs->setCurrentWidget(pDocument->widget());
         return;
     }
     const QString strSuffix = QFileInfo(strPathFileName).suffix().toLower();
@@ -130,31 +130,18 @@ void MainWindow::openFile(const QString &strPathFileName)
 
 void MainWindow::openPage(const QString &strPath)
 {
-    // Asked before a tab is there: the page would show an error of its own under this path.
-    QFile file(strPath);
-    if (QFileInfo(strPath).isDir() || !file.open(QIODevice::ReadOnly)) {
-        showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
-                    tr("Fail to open file(%1).").arg(strPath));
+    // Read before a tab is there: the page would show an error of its own under this path.
+    const SFileContent content = CDocument::read(strPath);
+    if (!CDocument::isLoadable(content)) {
+        showOpenFailure(strPath, content.strError);
         return;
     }
-    file.close();
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        CEditWebView *pPage = addPageDocument();
-        const int nIndex = m_pTabs->currentIndex();
-        pPage->setFilePath(strPath);
-        pPage->loadFile(strPath);
-        if (currentDocument().kind() == CDocument::Kind::Page) {
-            pPage->setModified(false);
-            const QString strTitle = pPage->title();
-            m_pTabs->setPlainTabText(nIndex, strTitle.isEmpty() ? tr("(Untitled)") : strTitle);
-            const QIcon icon = pPage->icon();
-            m_pTabs->setTabIcon(
-                nIndex, icon.isNull() ? QIcon(QStringLiteral(":/res/html_text.svg")) : icon);
-        } else {
-            m_pTabs->setPlainTabText(nIndex, QFileInfo(strPath).fileName());
-        }
-        m_pGuard->documentOpened(currentDocument());
+        CPageDocument *pDocument = addPageDocument();
+        const Result result = pDocument->load(strPath, content);
+        showStatusMessage(result.text());
+        nameTab(*pDocument);
     }
     currentDocument().widget()->setFocus();
 }
@@ -162,160 +149,83 @@ void MainWindow::openPage(const QString &strPath)
 void MainWindow::openImage(const QString &strPath)
 {
     setCursor(Qt::WaitCursor);
-    auto *pImage = new CImageWidget(this);
-    pImage->setImageFile(strPath);
-    const int nIndex = m_pTabs->addTab(pImage, QIcon(QStringLiteral(":/res/image.png")), QString());
-    m_pTabs->setPlainTabText(nIndex, QFileInfo(strPath).fileName());
-    m_pTabs->setPlainTabToolTip(nIndex, strPath);
-    m_pTabs->setCurrentIndex(nIndex);
+    auto *pDocument = new CImageDocument(this);
+    pDocument->loadPicture(strPath);
+    addDocument(pDocument, QString(), QStringLiteral(":/res/image.png"));
+    nameTab(*pDocument);
     unsetCursor();
-    m_pGuard->documentOpened(currentDocument());
 }
 
 void MainWindow::openText(const QString &strPath)
 {
-    QFile file(strPath);
-    if (QFileInfo(strPath).isDir() || !file.open(QIODevice::ReadOnly)) {
-        showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
-                    tr("Fail to open file(%1).").arg(strPath));
+    const SFileContent content = CDocument::read(strPath);
+    if (!CDocument::isLoadable(content)) {
+        showOpenFailure(strPath, content.strError);
         return;
     }
     const QScopedValueRollback<bool> loading(m_bLoading, true);
-    CHighlightEdit *pEditor = addTextDocument();
+    CDocument *pDocument = addTextDocument();
+    CHighlightEdit *pEditor = pDocument->editor();
     // Made a second time for an opened file: each of these slots runs twice per signal.
     connect(g_pSettings, &CSettings::textFontSizeChanged, pEditor, &CHighlightEdit::onTextFontSize);
     connect(pEditor, &CHighlightEdit::modificationChanged, this, &MainWindow::onModifiedChanged);
     connect(pEditor, &CHighlightEdit::focusIn, this, &MainWindow::onWidgetFocusIn);
 
     setCursor(Qt::WaitCursor);
-    pEditor->setPathFileName(strPath);
-    const QByteArray bytes = file.readAll();
-    file.close();
-    pEditor->setTextData(bytes, false);
-    showTextFile(pEditor, strPath);
+    const Result result = pDocument->load(strPath, content);
+    showStatusMessage(result.text());
+    nameTab(*pDocument);
     unsetCursor();
     pEditor->setFocus();
-    m_pGuard->documentOpened(currentDocument());
-    if (!isWholeText(codecForName(pEditor->codecName()), bytes, pEditor->document()->toRawText())) {
-        m_pGuard->setNotWhole(currentDocument());
+    if (!pDocument->isWhole())
         showStatusMessage(tr("The file is not all text: not all of it can be shown."));
-    } else if (!QFileInfo(strPath).isWritable()) {
+    else if (!QFileInfo(strPath).isWritable())
         showStatusMessage(tr("The file is read-only."));
-    }
 }
 
-// Language, title and icon of a text that belongs to a file.
-void MainWindow::showTextFile(CHighlightEdit *pEditor, const QString &strPath)
+void MainWindow::showOpenFailure(const QString &strPath, const QString &strReason)
 {
-    pEditor->setPathFileName(strPath);
-    chooseLanguage(pEditor, strPath);
-    const int nIndex = m_pTabs->indexOf(pEditor);
+    showStatusMessage(strReason);
+    showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
+                tr("Fail to open file(%1).").arg(strPath));
+}
+
+// Name, tool tip, icon and language of a document that belongs to a file.
+void MainWindow::nameTab(const CDocument &document)
+{
+    const QString strPath = document.path();
+    const int nIndex = m_pTabs->indexOf(document.widget());
+    if (document.kind() == CDocument::Kind::Page) {
+        const CEditWebView *pPage = document.page();
+        m_pTabs->setPlainTabText(nIndex,
+                                 pPage->title().isEmpty() ? tr("(Untitled)") : pPage->title());
+        const QIcon icon = pPage->icon();
+        m_pTabs->setTabIcon(nIndex,
+                            icon.isNull() ? QIcon(QStringLiteral(":/res/html_text.svg")) : icon);
+        return; // The tool tip stays that of a new page.
+    }
     m_pTabs->setPlainTabText(nIndex, QFileInfo(strPath).fileName());
+    if (document.page())
+        return;
     m_pTabs->setPlainTabToolTip(nIndex, strPath);
-    m_pTabs->setCurrentIndex(nIndex);
-    const bool bSvg =
-        pEditor->suffix() == QLatin1String("svg") || pEditor->suffix() == QLatin1String("svgz");
-    m_pTabs->setTabIcon(nIndex,
-                        QIcon(bSvg ? QStringLiteral(":/res/file_text_svg.png")
-                                   : QStringLiteral(":/res/file_text.png")));
+    if (CHighlightEdit *pEditor = document.editor()) {
+        pEditor->setDefinition(m_pHighlightMgt->definitionForFile(QFileInfo(strPath).fileName()));
+        const bool bSvg =
+            pEditor->suffix() == QLatin1String("svg") || pEditor->suffix() == QLatin1String("svgz");
+        m_pTabs->setTabIcon(nIndex,
+                            QIcon(bSvg ? QStringLiteral(":/res/file_text_svg.png")
+                                       : QStringLiteral(":/res/file_text.png")));
+    }
 }
 
-void MainWindow::onEditPageContentChanged()
+void MainWindow::recover(const SDraft &draft)
 {
-    if (m_bLoading)
-        return;
-    if (const auto *pWebPage = qobject_cast<QWebPage *>(sender())) {
-        // A load changes the contents as well; the page puts its flag back when it has ended.
-        if (auto *pPage = qobject_cast<CEditWebView *>(pWebPage->view()))
-            pPage->setModified(true);
-        updateTitle();
+    {
+        const QScopedValueRollback<bool> loading(m_bLoading, true);
+        CDocument *pDocument = draft.bPage ? addPageDocument() : addTextDocument();
+        m_pDocuments->restore(pDocument, draft);
+        if (!draft.strPath.isEmpty())
+            nameTab(*pDocument);
     }
-    m_pGuard->documentChanged(currentDocument());
-    updateActions();
-    m_timerPreview.start();
-}
-
-void MainWindow::on_actionRefresh_triggered()
-{
-    const CDocument document = currentDocument();
-    if (document.isModified()) {
-        const auto answer = showMessage(this, QMessageBox::Warning, tr("File Modified"),
-                                        tr("Are you sure to refresh and discard the modification?"),
-                                        QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Yes);
-        if (answer != QMessageBox::Yes)
-            return;
-    }
-    if (document.reload())
-        m_pGuard->documentReloaded(document);
-    else
-        showStatusMessage(tr("The file cannot be read: %1").arg(document.path()));
     refreshWindow();
-}
-
-bool MainWindow::askBeforeClosing(const CDocument &document)
-{
-    if (!document.isModified())
-        return true;
-    const bool bPage = document.page();
-    const auto answer = showMessage(
-        this, QMessageBox::Warning, bPage ? tr("Page modified") : tr("File modified"),
-        bPage ? tr("Do you save the modified page?") : tr("Do you save the modified file?"),
-        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    if (answer == QMessageBox::Yes)
-        return on_actionSave_triggered(); // Deliberately the current document, whichever was asked
-                                          // for.
-    return answer == QMessageBox::No;
-}
-
-void MainWindow::onTabCloseRequested(int nIndex)
-{
-    const CDocument document(m_pTabs->widget(nIndex));
-    if (document.kind() == CDocument::Kind::None || !askBeforeClosing(document))
-        return;
-    m_pGuard->documentClosed(document);
-    document.destroy();
-    refreshWindow();
-}
-
-void MainWindow::closeEvent(QCloseEvent *pEvent)
-{
-    bool bYesToAll = false;
-    for (int n = m_pTabs->count() - 1; n >= 0; --n) {
-        if (!closeTabForGood(n, &bYesToAll)) {
-            pEvent->ignore();
-            return;
-        }
-    }
-    pEvent->accept();
-}
-
-bool MainWindow::closeTabForGood(int nIndex, bool *pYesToAll)
-{
-    const CDocument document(m_pTabs->widget(nIndex));
-    if (document.isModified()) {
-        m_pTabs->setCurrentIndex(nIndex);
-        if (!*pYesToAll) {
-            QString strText = tr("Do you save the modified file?");
-            if (!document.path().isEmpty())
-                strText += QStringLiteral("\n(%1)").arg(document.path());
-            const auto answer =
-                showMessage(this, QMessageBox::Warning, tr("File Modified"), strText,
-                            QMessageBox::YesToAll | QMessageBox::No | QMessageBox::Cancel,
-                            QMessageBox::YesToAll);
-            if (answer != QMessageBox::YesToAll && answer != QMessageBox::No)
-                return false;
-            *pYesToAll = answer == QMessageBox::YesToAll;
-        }
-        if (*pYesToAll && !on_actionSave_triggered())
-            return false;
-    }
-    m_pGuard->documentClosed(document);
-    document.destroy();
-    return true;
-}
-
-void MainWindow::onTabDbClick(int nIndex)
-{
-    if (nIndex < 0)
-        on_actionNewText_triggered();
 }

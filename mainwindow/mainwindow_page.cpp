@@ -1,10 +1,11 @@
+// What menus, keys and the HTML tool bar do with a page.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
-#include "editor/chighlightedit.h"
+#include "document/cpagedocument.h"
 #include "mainwindow/chtmltoolbar.h"
+#include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctabwidget.h"
-#include "res/icons.h"
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
 
@@ -25,40 +26,22 @@ void MainWindow::setupHtmlToolBar()
     connect(m_pHtmlTools->sizeBox()->lineEdit(), &QLineEdit::returnPressed, this,
             &MainWindow::onCurrentFontSizeChanged);
     connect(m_pHtmlTools, &CHtmlToolBar::textColorChosen, this,
-            [this](const QColor &clr) { showPageColor(clr, false); });
+            [this](const QColor &clr) { showPageColor(&currentDocument(), clr, false); });
     connect(m_pHtmlTools, &CHtmlToolBar::backColorChosen, this,
-            [this](const QColor &clr) { showPageColor(clr, true); });
+            [this](const QColor &clr) { showPageColor(&currentDocument(), clr, true); });
 }
 
-void MainWindow::updatePageActions(const CDocument &document)
+// The page editor while the page itself stands in the current tab; else null.
+CEditWebView *MainWindow::shownPage() const
 {
-    CEditWebView *pPage = document.kind() == CDocument::Kind::Page ? document.page() : nullptr;
-    m_pUi->htmlToolBar->setVisible(pPage);
-    for (QAction *pAction : {m_pUi->actionBold, m_pUi->actionItalic, m_pUi->actionUnderline,
-                             m_pUi->actionLeft_to_Right, m_pUi->actionRight_to_Left})
-        pAction->setEnabled(pPage);
-    m_pUi->actionBack->setEnabled(pPage && pPage->canGoBack());
-    m_pUi->actionForward->setEnabled(pPage && pPage->canGoForward());
-    m_pUi->actionSwapHtml->setEnabled(document.page());
-    m_pUi->actionBold->setChecked(pPage && pPage->isBold());
-    m_pUi->actionItalic->setChecked(pPage && pPage->isItalic());
-    m_pUi->actionUnderline->setChecked(pPage && pPage->isUnderline());
-    if (pPage) {
-        m_pUi->actionSwapHtml->setIcon(drawnIcon(QStringLiteral("switch_back")));
-        m_pUi->actionSwapHtml->setToolTip(tr("Switch to html source edit"));
-        m_pHtmlTools->showFont(pPage->fontName(), pPage->fontSize());
-        m_pHtmlTools->showColors(pPage->foreColor(), pPage->backColor());
-    } else if (document.page()) {
-        m_pUi->actionSwapHtml->setIcon(drawnIcon(QStringLiteral("switch_fore")));
-        m_pUi->actionSwapHtml->setToolTip(tr("Switch to html page edit"));
-    }
+    const CDocument &document = currentDocument();
+    return document.editor() ? nullptr : document.page();
 }
 
 void MainWindow::pageCommand(int nWebAction)
 {
-    const CDocument document = currentDocument();
-    if (document.kind() == CDocument::Kind::Page)
-        document.page()->triggerEdit(static_cast<QWebPage::WebAction>(nWebAction));
+    if (CEditWebView *pPage = shownPage())
+        pPage->triggerEdit(static_cast<QWebPage::WebAction>(nWebAction));
     updateActions();
 }
 
@@ -101,77 +84,52 @@ void MainWindow::on_actionForward_triggered()
 
 void MainWindow::onCurrentFontNameChanged()
 {
-    const CDocument document = currentDocument();
-    if (document.kind() != CDocument::Kind::Page)
-        return;
-    document.page()->setFontName(m_pHtmlTools->fontBox()->currentFont().family());
-    document.page()->setFocus();
+    if (CEditWebView *pPage = shownPage()) {
+        pPage->setFontName(m_pHtmlTools->fontBox()->currentFont().family());
+        pPage->setFocus();
+    }
 }
 
 void MainWindow::onCurrentFontSizeChanged()
 {
-    const CDocument document = currentDocument();
-    if (document.kind() != CDocument::Kind::Page)
-        return;
-    document.page()->setFontSize(m_pHtmlTools->sizeBox()->currentText());
-    document.page()->setFocus();
+    if (CEditWebView *pPage = shownPage()) {
+        pPage->setFontSize(m_pHtmlTools->sizeBox()->currentText());
+        pPage->setFocus();
+    }
 }
 
-void MainWindow::showPageColor(const QColor &clr, bool bBackground)
+void MainWindow::showPageColor(CDocument *pDocument, const QColor &clr, bool bBackground)
 {
-    const CDocument document = currentDocument();
-    if (document.kind() != CDocument::Kind::Page)
+    CEditWebView *pPage = pDocument->editor() ? nullptr : pDocument->page();
+    if (!pPage)
         return;
     if (bBackground) {
-        document.page()->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent")
-                                                       : clr.name());
+        pPage->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent") : clr.name());
         g_pSettings->setBackColor(clr);
     } else {
-        document.page()->setForeColor(clr.name());
+        pPage->setForeColor(clr.name());
         g_pSettings->setTextColor(clr);
     }
     g_pSettings->save();
     m_pHtmlTools->setChosenColors(g_pSettings->getTextColor(), g_pSettings->getBackColor());
-    document.page()->setFocus();
+    pPage->setFocus();
     updateActions();
 }
 
 void MainWindow::on_actionSwapHtml_triggered()
 {
-    const CDocument document = currentDocument();
-    CEditWebView *pPage = document.page();
-    if (!pPage)
+    auto *pDocument = qobject_cast<CPageDocument *>(&currentDocument());
+    if (!pDocument)
         return;
-    const bool bToSource = document.kind() == CDocument::Kind::Page;
+    const bool bToSource = !pDocument->editor();
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        if (bToSource) {
-            pPage->showSource(true);
-            swapTabWidget(m_pTabs->currentIndex(), pPage->sourceEdit());
-        } else {
-            pPage->showSource(false);
-            pPage->applySource(pPage->sourceEdit()->getText());
-            swapTabWidget(m_pTabs->currentIndex(), pPage);
-        }
+        pDocument->showSource(bToSource);
     }
     g_pSettings->setIsHtmlText(bToSource);
     g_pSettings->save();
-    currentDocument().widget()->setFocus();
-    if (!m_bLoading)
-        refreshWindow();
-}
-
-void MainWindow::swapTabWidget(int nIndex, QWidget *pNew)
-{
-    // The old one loses its focus first: a page that is hidden with it takes a tab key.
-    m_pTabs->widget(nIndex)->clearFocus();
-    const QString strText = m_pTabs->tabText(nIndex);
-    const QString strToolTip = m_pTabs->tabToolTip(nIndex);
-    const QIcon icon = m_pTabs->tabIcon(nIndex);
-    m_pTabs->removeTab(nIndex);
-    m_pTabs->insertTab(nIndex, pNew, icon, strText);
-    m_pTabs->setTabToolTip(nIndex, strToolTip);
-    m_pTabs->setCurrentIndex(nIndex);
+    pDocument->widget()->setFocus();
+    refreshWindow();
 }
 
 void MainWindow::onLoadFinished(bool)

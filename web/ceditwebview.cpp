@@ -1,6 +1,7 @@
 #include "web/ceditwebview.h"
 
 #include "app/commonhelpers.h"
+#include "app/filereader.h"
 #include "web/charset.h"
 #include "web/csafepage.h"
 #include "web/localresources.h"
@@ -185,7 +186,11 @@ void CEditWebView::onEditPageContentChanged()
 
 void CEditWebView::onRefresh()
 {
-    reload();
+    if (m_bModified)
+        emit textReplacing();
+    const SFileContent content = readFile(m_strFilePath);
+    if (reload() && showsOwnAddress())
+        emit fileRead(content);
 }
 
 void CEditWebView::onCopy()

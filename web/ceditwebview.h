@@ -9,6 +9,7 @@
 #include <functional>
 
 class CSafePage;
+struct SFileContent;
 
 // The visual editor of an HTML page: the rendered page itself is edited. Its twin, the source
 // editor, shows the page's HTML.
@@ -116,6 +117,10 @@ signals:
     void focusIn();
     // One line for the status bar.
     void statusMessage(const QString &strText);
+    // The file is about to be read again over edits that were not saved, and nobody was asked.
+    void textReplacing();
+    // The view has read its file again by itself.
+    void fileRead(const SFileContent &content);
 
 public slots:
     void onLoadStarted();

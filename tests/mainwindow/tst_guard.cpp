@@ -1,6 +1,5 @@
 #include "cwindowfixture.h"
 
-#include "mainwindow/cfilewatch.h"
 #include "mainwindow/cnoticebar.h"
 
 #ifdef Q_OS_LINUX
@@ -74,13 +73,13 @@ private slots:
             press(f, "Recover");
             QCOMPARE(f.tabs().count(), 2);
             QTRY_COMPARE(bar(f)->text(), QString());
-            const int nIndex = CDocument(f.tabs().widget(0)).path() == strPath ? 0 : 1;
-            const CDocument document(f.tabs().widget(nIndex));
+            f.tabs().setCurrentIndex(0);
+            if (f.window().currentDocument().path() != strPath)
+                f.tabs().setCurrentIndex(1);
+            const CDocument &document = f.window().currentDocument();
             QCOMPARE(document.path(), strPath);
             QVERIFY(document.isModified());
             QCOMPARE(document.editor()->toPlainText(), QString::fromUtf8("mine é disk"));
-            QCOMPARE(document.editor()->languageName(),
-                     CDocument(f.tabs().widget(nIndex)).editor()->languageName());
             QCOMPARE(CWindowFixture::content(strPath), QByteArray("disk"));
             QCOMPARE(draftsOnDisk(), 2); // Theirs, written anew before the old ones went.
             QVERIFY(f.settings().getRecentFileList().isEmpty());
@@ -154,7 +153,7 @@ private slots:
         f.window().openFile(strPath);
         f.editor()->insertPlainText("longer ");
         QVERIFY(f.window().on_actionSave_triggered());
-        QSignalSpy spy(f.window().findChild<CFileWatch *>(), &CFileWatch::changed);
+        QSignalSpy spy(&f.window().currentDocument(), &CDocument::noticeChanged);
         QVERIFY(!spy.wait(1000));
         QCOMPARE(bar(f)->text(), QString());
     }

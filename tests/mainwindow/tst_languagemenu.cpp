@@ -5,6 +5,7 @@
 
 #include "highlight/chighlightmgt.h"
 
+#include <QTextBlock>
 #include <QMenu>
 
 class TestLanguageMenu : public QObject

@@ -190,7 +190,7 @@ private:
 
     void save()
     {
-        const CDocument document = window().currentDocument();
+        const CDocument &document = window().currentDocument();
         if (document.path().isEmpty() || document.kind() == CDocument::Kind::Image)
             return;
         QByteArray expected;

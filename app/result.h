@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+// What became of a command: it is done, or it was refused with a text for the user. The text is
+// empty where the user knows already: the command was cancelled, had nothing to do, or its question
+// stands in the notice bar.
+class [[nodiscard]] Result
+{
+public:
+    static Result done() { return Result(true, QString()); }
+    static Result refused(const QString &strText = QString()) { return Result(false, strText); }
+    // For commands that either work or have nothing to do.
+    static Result doneIf(bool bDone) { return Result(bDone, QString()); }
+
+    bool isDone() const { return m_bDone; }
+    const QString &text() const { return m_strText; }
+
+private:
+    Result(bool bDone, const QString &strText) : m_bDone(bDone), m_strText(strText) { }
+
+    bool m_bDone;
+    QString m_strText;
+};

@@ -1,0 +1,202 @@
+#include "document/cdocument.h"
+
+#include "app/filewriter.h"
+
+#include <QScopedValueRollback>
+
+SFileContent CDocument::read(const QString &strPath)
+{
+    SReadLimits limits;
+    limits.nMaxSize = g_nMaxReadable;
+    limits.nMemoryPerByte = 12; // Bytes, text, blocks with their layouts, and the highlighter's copy.
+    return readFile(strPath, limits);
+}
+
+// While another program writes, what was read last is shown; that the file went on changing is told
+// when it is compared.
+bool CDocument::isLoadable(const SFileContent &content)
+{
+    return content.isWhole() || content.fault == SFileContent::Fault::Changing;
+}
+
+Result CDocument::load(const QString &strPath, const SFileContent &content)
+{
+    {
+        const QScopedValueRollback<bool> loading(m_bLoading, true);
+        const Result result = showContent(strPath, content);
+        if (!result.isDone())
+            return result;
+        noteState(content.state, isContentWhole(content));
+    }
+    emit loaded();
+    return Result::done();
+}
+
+Result CDocument::reload()
+{
+    const SFileContent content = read(path());
+    if (!isLoadable(content))
+        return Result::refused(tr("The file cannot be read: %1").arg(path()));
+    {
+        const QScopedValueRollback<bool> loading(m_bLoading, true);
+        const Result result = showAgain(content);
+        if (!result.isDone())
+            return result;
+    }
+    onFileRead(content);
+    return Result::done();
+}
+
+void CDocument::onFileRead(const SFileContent &content)
+{
+    noteState(content.state, isContentWhole(content));
+    emit reloaded();
+}
+
+Result CDocument::save()
+{
+    SNotice question = saveQuestion();
+    if (question.strText.isEmpty())
+        return write(path());
+    question.lstChoices.prepend({tr("Overwrite"), [this] { emit saveWanted(); }});
+    setNotice(Topic::Question, question);
+    return Result::refused();
+}
+
+Result CDocument::saveAnyway()
+{
+    return write(path());
+}
+
+Result CDocument::saveAs(const QString &strPath)
+{
+    return write(strPath);
+}
+
+Result CDocument::write(const QString &strPath)
+{
+    {
+        const QScopedValueRollback<bool> saving(m_bSaving, true);
+        QString strError;
+        SFileState state;
+        if (!writeFile(strPath, bytesToSave(), &strError, &state))
+            return Result::refused(strError);
+        if (strPath != path())
+            setPath(strPath);
+        if (strPath != path())
+            return Result::done(); // A picture, which is written nowhere and keeps its file.
+        markSaved();
+        noteState(state, true);
+    }
+    emit saved();
+    return Result::done();
+}
+
+// What was just read or written is what the document stands on: older notices are answered by it.
+void CDocument::noteState(const SFileState &state, bool bWhole)
+{
+    m_state = state;
+    m_bWhole = bWhole;
+    m_bChangeTold = false;
+    m_bSavedElsewhere = false;
+    clearNotice(Topic::Question);
+    clearNotice(Topic::Changed);
+}
+
+void CDocument::checkFile()
+{
+    if (path().isEmpty() || m_bLoading || m_bSaving || m_bChangeTold
+        || isFileUnchanged(path(), &m_state))
+        return;
+    m_bChangeTold = true;
+    setNotice(Topic::Changed, changedNotice());
+}
+
+void CDocument::checkFileAfterSaveElsewhere()
+{
+    if (path().isEmpty() || isFileUnchanged(path(), &m_state))
+        return;
+    m_bSavedElsewhere = true;
+    m_bChangeTold = false;
+    checkFile();
+}
+
+SNotice CDocument::changedNotice()
+{
+    SNotice notice;
+    if (!fileStateOf(path()).bExists) {
+        notice.strText = tr("%1 is no longer there. Saving writes it again.").arg(path());
+        return notice;
+    }
+    notice.strText = m_bSavedElsewhere ? tr("Another tab has saved %1.").arg(path())
+                                       : tr("Another program has changed %1.").arg(path());
+    notice.lstChoices.append({tr("Refresh"), [this] { emit refreshWanted(); }});
+    return notice;
+}
+
+// Empty when saving loses nothing.
+SNotice CDocument::saveQuestion()
+{
+    SNotice question;
+    if (fileStateOf(path()).bExists && !isFileUnchanged(path(), &m_state)) {
+        question = changedNotice();
+        question.strText = m_bSavedElsewhere
+            ? tr("Not saved: another tab has saved %1.").arg(path())
+            : tr("Not saved: another program has changed %1.").arg(path());
+    } else if (!m_bWhole) {
+        question.strText =
+            tr("Not saved: not all of %1 can be shown as text, and saving loses the rest.")
+                .arg(path());
+    }
+    return question;
+}
+
+SDraft CDocument::draft() const
+{
+    SDraft draft;
+    draft.strPath = path();
+    draft.began = m_state;
+    draft.bNotWhole = !m_bWhole;
+    fillDraft(&draft);
+    return draft;
+}
+
+void CDocument::restore(const SDraft &draft)
+{
+    {
+        const QScopedValueRollback<bool> loading(m_bLoading, true);
+        showDraft(draft);
+        noteState(draft.began, !draft.bNotWhole);
+    }
+    emit contentsChanged();
+    emit modifiedChanged(true);
+    checkFile(); // It may have changed since the draft was begun.
+}
+
+void CDocument::dropText(SDraft::Reason reason)
+{
+    if (!m_bLoading)
+        emit textDropping(reason);
+}
+
+SNotice CDocument::notice() const
+{
+    return m_mapNotices.isEmpty() ? SNotice() : m_mapNotices.first();
+}
+
+void CDocument::setNotice(Topic topic, const SNotice &notice)
+{
+    if (notice.strText.isEmpty()) {
+        if (m_mapNotices.remove(topic) == 0)
+            return;
+    } else {
+        m_mapNotices.insert(topic, notice);
+    }
+    emit noticeChanged();
+}
+
+void CDocument::dismissNotice()
+{
+    if (!m_mapNotices.isEmpty())
+        clearNotice(m_mapNotices.firstKey());
+}

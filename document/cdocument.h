@@ -1,0 +1,160 @@
+#pragma once
+
+#include "app/cdraftstore.h"
+#include "app/filereader.h"
+#include "app/filestate.h"
+#include "app/result.h"
+#include "document/notice.h"
+
+#include <QMap>
+#include <QObject>
+
+class CEditWebView;
+class CHighlightEdit;
+class CImageWidget;
+class QWidget;
+
+// An open document: its views, its file as it was last seen, what must be asked before it is saved,
+// and the commands that every kind of document answers. Text, page and picture are subclasses. This
+// class itself is the document of a window that has none: it refuses every command.
+//
+// Ownership: a document owns its views, also while a tab shows them. CDocuments owns the documents.
+// GUI thread only.
+class CDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    // What the tab shows.
+    enum class Kind {
+        None,
+        Text, // A code editor of its own.
+        Page, // The page editor.
+        Source, // The source editor of a page, standing in the page editor's tab.
+        Image,
+    };
+
+    // Notices, the most urgent first: only one of a document's notices is shown.
+    enum class Topic { Question, Changed, Dropped };
+
+    explicit CDocument(QObject *pParent = nullptr) : QObject(pParent) { }
+
+    virtual Kind kind() const { return Kind::None; }
+    virtual QWidget *widget() const { return nullptr; }
+    // The code editor that the tab shows: of a text or of a page's source; else null.
+    virtual CHighlightEdit *editor() const { return nullptr; }
+    // The page editor, also while its source stands in the tab; else null.
+    virtual CEditWebView *page() const { return nullptr; }
+    virtual CImageWidget *image() const { return nullptr; }
+
+    virtual QString path() const { return QString(); } // Empty for an untitled document.
+    virtual QString title() const { return QString(); } // Ends with "*" while modified.
+    virtual bool isModified() const { return false; }
+    // False for pictures, and for a page that shows another address than its file's.
+    virtual bool canSave() const { return false; }
+    bool isLoading() const { return m_bLoading; }
+    bool isSaving() const { return m_bSaving; }
+
+    // The file: each refusal leaves the document as it was.
+    // All of a file for a document. Pass on only what isLoadable().
+    static SFileContent read(const QString &strPath);
+    static bool isLoadable(const SFileContent &content);
+    // Shows what was read from the path.
+    Result load(const QString &strPath, const SFileContent &content);
+    // Reads the file again; what was typed since is dropped without a draft: ask first.
+    Result reload();
+    // Refused without a text when the notice bar asks the user first; see saveWanted().
+    Result save();
+    Result saveAnyway();
+    // Under a new path, whatever lies there.
+    Result saveAs(const QString &strPath);
+
+    // The file as it was when it was last read or written here.
+    const SFileState &fileState() const { return m_state; }
+    // False when saving would lose what could not be shown.
+    bool isWhole() const { return m_bWhole; }
+    // Looks whether the file is still as it was last seen, and raises a notice when it is not.
+    void checkFile();
+    // The same, when another tab has just written it.
+    void checkFileAfterSaveElsewhere();
+
+    // What a draft must hold to bring the document back.
+    SDraft draft() const;
+    // Takes over what a draft holds: modified, and beginning from the file that the draft began from.
+    void restore(const SDraft &draft);
+
+    // Editing commands. They answer whether they could do anything.
+    virtual Result undo();
+    virtual Result redo();
+    virtual Result cut();
+    virtual Result copy();
+    virtual Result paste();
+    virtual Result selectAll();
+    // The next match; bBackward: against the direction that the settings give.
+    virtual Result find(const QString &strText, bool bBackward);
+    virtual Result replace(const QString &strFind, const QString &strReplacement);
+    virtual Result replaceAll(const QString &strFind, const QString &strReplacement);
+    virtual QString selectedText() const;
+
+    // Only where the text is one: see CEditorDocument.
+    virtual Result setCodec(const QString &strName);
+    Result setReturnFormat(int nFormat);
+    virtual void setLineWrap(bool bWrap);
+
+    // What is to be told about this document now.
+    SNotice notice() const;
+    void setNotice(Topic topic, const SNotice &notice);
+    void clearNotice(Topic topic) { setNotice(topic, SNotice()); }
+    // The user closed the bar.
+    void dismissNotice();
+
+signals:
+    // The text or the picture changed, or may have.
+    void contentsChanged();
+    void modifiedChanged(bool bModified);
+    // Another widget stands for the document now.
+    void widgetChanged(QWidget *pOld, QWidget *pNew);
+    void loaded(); // For the first time.
+    void reloaded();
+    void saved();
+    // The user answered that the document shall be saved all the same.
+    void saveWanted();
+    void refreshWanted();
+    void noticeChanged();
+    // A step is about to drop text that was not saved and that nobody asked about. The text stands
+    // still in the document.
+    void textDropping(SDraft::Reason reason);
+    // The document goes: its text is saved or may be lost.
+    void closed();
+
+protected:
+    virtual QByteArray bytesToSave() const { return QByteArray(); }
+    virtual void setPath(const QString &) { }
+    // After the bytes have reached the disk.
+    virtual void markSaved() { }
+    virtual Result showContent(const QString &strPath, const SFileContent &content);
+    virtual Result showAgain(const SFileContent &content);
+    virtual bool isContentWhole(const SFileContent &) const { return true; }
+    virtual void fillDraft(SDraft *) const { }
+    virtual void showDraft(const SDraft &) { }
+
+    // The views have read the file anew by themselves.
+    void onFileRead(const SFileContent &content);
+    void dropText(SDraft::Reason reason);
+    // The document stands on the file as it is in that state.
+    void noteState(const SFileState &state, bool bWhole);
+    void setWhole(bool bWhole) { m_bWhole = bWhole; }
+
+private:
+    Result write(const QString &strPath);
+    SNotice saveQuestion();
+    SNotice changedNotice();
+
+    SFileState m_state;
+    QMap<Topic, SNotice> m_mapNotices;
+    bool m_bWhole = true;
+    bool m_bLoading = false;
+    bool m_bSaving = false;
+    bool m_bChangeTold = false;
+    bool m_bSavedElsewhere = false; // By another tab of this window.
+};

@@ -1,0 +1,125 @@
+// Commands of a document that shows a code editor; without one there is nothing to do.
+#include "document/cdocument.h"
+
+#include "editor/chighlightedit.h"
+
+namespace {
+
+// The wait cursor on a widget for as long as the object lives.
+class CWaitCursor
+{
+public:
+    explicit CWaitCursor(QWidget *pWidget) : m_pWidget(pWidget)
+    {
+        m_pWidget->setCursor(Qt::WaitCursor);
+    }
+    ~CWaitCursor() { m_pWidget->unsetCursor(); }
+    Q_DISABLE_COPY(CWaitCursor)
+
+private:
+    QWidget *m_pWidget;
+};
+
+Result runOn(CHighlightEdit *pEditor, void (QPlainTextEdit::*pCommand)())
+{
+    if (!pEditor)
+        return Result::refused();
+    (pEditor->*pCommand)();
+    return Result::done();
+}
+
+} // namespace
+
+Result CDocument::showContent(const QString &, const SFileContent &)
+{
+    return Result::refused();
+}
+
+Result CDocument::showAgain(const SFileContent &)
+{
+    return Result::refused();
+}
+
+Result CDocument::undo()
+{
+    return runOn(editor(), &QPlainTextEdit::undo);
+}
+
+Result CDocument::redo()
+{
+    return runOn(editor(), &QPlainTextEdit::redo);
+}
+
+Result CDocument::cut()
+{
+    return runOn(editor(), &QPlainTextEdit::cut);
+}
+
+Result CDocument::copy()
+{
+    return runOn(editor(), &QPlainTextEdit::copy);
+}
+
+Result CDocument::paste()
+{
+    return runOn(editor(), &QPlainTextEdit::paste);
+}
+
+Result CDocument::selectAll()
+{
+    return runOn(editor(), &QPlainTextEdit::selectAll);
+}
+
+Result CDocument::find(const QString &strText, bool bBackward)
+{
+    CHighlightEdit *pEditor = editor();
+    if (!pEditor)
+        return Result::refused();
+    const CWaitCursor wait(pEditor);
+    return Result::doneIf(bBackward ? pEditor->findPrevious(strText)
+                                    : pEditor->find(strText, false, nullptr));
+}
+
+Result CDocument::replace(const QString &strFind, const QString &strReplacement)
+{
+    CHighlightEdit *pEditor = editor();
+    if (!pEditor)
+        return Result::refused();
+    const CWaitCursor wait(pEditor);
+    return Result::doneIf(pEditor->replace(strFind, strReplacement, nullptr));
+}
+
+Result CDocument::replaceAll(const QString &strFind, const QString &strReplacement)
+{
+    CHighlightEdit *pEditor = editor();
+    if (!pEditor)
+        return Result::refused();
+    const CWaitCursor wait(pEditor);
+    return Result::doneIf(pEditor->replaceAll(strFind, strReplacement));
+}
+
+QString CDocument::selectedText() const
+{
+    return editor() ? editor()->textCursor().selectedText() : QString();
+}
+
+Result CDocument::setCodec(const QString &)
+{
+    return Result::refused();
+}
+
+Result CDocument::setReturnFormat(int nFormat)
+{
+    CHighlightEdit *pEditor = editor();
+    if (!pEditor || pEditor->returnFormat() == nFormat)
+        return Result::refused();
+    pEditor->setReturnFormat(nFormat);
+    pEditor->setModified(true); // What would be saved is no longer what lies on the disk.
+    return Result::done();
+}
+
+void CDocument::setLineWrap(bool bWrap)
+{
+    if (editor())
+        editor()->setLineWrap(bWrap);
+}

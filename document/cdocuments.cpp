@@ -1,0 +1,111 @@
+#include "document/cdocuments.h"
+
+namespace {
+
+// Closing it would lose what no file holds any more.
+bool isLastCopy(const CDocument &document)
+{
+    return document.canSave() && !document.isModified() && document.fileState().bExists
+        && !fileStateOf(document.path()).bExists;
+}
+
+} // namespace
+
+CDocuments::CDocuments(const QString &strFolder, QObject *pParent)
+    : QObject(pParent), m_drafts(strFolder, this), m_recovery(&m_drafts, this)
+{
+    connect(&m_watch, &CFileWatch::mayHaveChanged, this, &CDocuments::checkFiles);
+}
+
+CDocuments::~CDocuments()
+{
+    clear();
+}
+
+void CDocuments::clear()
+{
+    m_drafts.flush(); // What the end of the program drops can be recovered.
+    m_drafts.disconnect();
+    while (!m_lstDocuments.isEmpty())
+        delete m_lstDocuments.takeLast();
+}
+
+void CDocuments::add(CDocument *pDocument)
+{
+    m_lstDocuments.append(pDocument);
+    m_drafts.add(pDocument);
+    connect(pDocument, &CDocument::loaded, this, &CDocuments::watchFiles);
+    connect(pDocument, &CDocument::saved, this, [this, pDocument] { onSaved(pDocument); });
+    connect(pDocument, &CDocument::textDropping, this, [this, pDocument](SDraft::Reason reason) {
+        m_recovery.offerReplaced(pDocument, m_drafts.keep(*pDocument, reason));
+    });
+}
+
+void CDocuments::close(CDocument *pDocument)
+{
+    if (isLastCopy(*pDocument))
+        m_recovery.offerClosed(m_drafts.keep(*pDocument, SDraft::Reason::Deleted));
+    m_lstDocuments.removeOne(pDocument);
+    emit pDocument->closed();
+    delete pDocument;
+    watchFiles();
+}
+
+void CDocuments::closeDropping(CDocument *pDocument)
+{
+    if (pDocument->isModified())
+        m_recovery.offerClosed(m_drafts.keep(*pDocument, SDraft::Reason::Closed));
+    close(pDocument);
+}
+
+void CDocuments::restore(CDocument *pDocument, const SDraft &draft)
+{
+    pDocument->restore(draft);
+    m_drafts.adopt(pDocument, draft);
+    watchFiles();
+}
+
+CDocument &CDocuments::of(const QWidget *pWidget)
+{
+    for (CDocument *pDocument : qAsConst(m_lstDocuments)) {
+        if (pWidget && pDocument->widget() == pWidget)
+            return *pDocument;
+    }
+    return m_none;
+}
+
+CDocument *CDocuments::withPath(const QString &strPath) const
+{
+    for (CDocument *pDocument : m_lstDocuments) {
+        if (pDocument->path() == strPath)
+            return pDocument;
+    }
+    return nullptr;
+}
+
+void CDocuments::watchFiles()
+{
+    QStringList lstPaths;
+    for (const CDocument *pDocument : qAsConst(m_lstDocuments)) {
+        if (!pDocument->path().isEmpty())
+            lstPaths.append(pDocument->path());
+    }
+    m_watch.setFiles(lstPaths);
+}
+
+// The same file may stand in another tab, under this path or another spelling of it.
+void CDocuments::onSaved(const CDocument *pDocument)
+{
+    watchFiles();
+    for (CDocument *pOther : qAsConst(m_lstDocuments)) {
+        if (pOther != pDocument)
+            pOther->checkFileAfterSaveElsewhere();
+    }
+}
+
+void CDocuments::checkFiles()
+{
+    watchFiles();
+    for (CDocument *pDocument : qAsConst(m_lstDocuments))
+        pDocument->checkFile();
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "document/cdocument.h"
+#include "document/cdraftkeeper.h"
+#include "document/cfilewatch.h"
+#include "document/crecovery.h"
+
+#include <QList>
+#include <QObject>
+
+// The open documents of a window. Sees to it that nothing they hold is lost: keeps drafts of what is
+// modified, notices when a file changes on the disk, and offers what was dropped. Never opens a box.
+class CDocuments : public QObject
+{
+    Q_OBJECT
+
+public:
+    // strFolder: where the drafts lie.
+    CDocuments(const QString &strFolder, QObject *pParent);
+    ~CDocuments() override;
+
+    // Writes the drafts that are due and deletes the documents with their views.
+    void clear();
+
+    // Takes the document over.
+    void add(CDocument *pDocument);
+    // With its views. Its text is saved or may be lost; where it would be the last copy of a deleted
+    // file, it is kept as a draft and offered.
+    void close(CDocument *pDocument);
+    // The same for a document whose unsaved text nobody asked about: it is kept and offered.
+    void closeDropping(CDocument *pDocument);
+    // A document for a draft was added: gives it the draft's text.
+    void restore(CDocument *pDocument, const SDraft &draft);
+
+    const QList<CDocument *> &all() const { return m_lstDocuments; }
+    // The document that a tab's widget shows; for none (null) the one that refuses everything.
+    CDocument &of(const QWidget *pWidget);
+    // The first whose path is spelled exactly so; null for none.
+    CDocument *withPath(const QString &strPath) const;
+
+    // Compares every file with what is known of it; for places where the system tells nothing of
+    // changes, network drives for example.
+    void checkFiles();
+
+    CDraftKeeper &drafts() { return m_drafts; }
+    CRecovery &recovery() { return m_recovery; }
+
+private:
+    void watchFiles();
+    void onSaved(const CDocument *pDocument);
+
+    QList<CDocument *> m_lstDocuments; // In the order in which they were opened.
+    CDocument m_none;
+    CFileWatch m_watch;
+    CDraftKeeper m_drafts;
+    CRecovery m_recovery;
+};

@@ -1,0 +1,149 @@
+#include "document/cdraftkeeper.h"
+
+#include "document/cdocument.h"
+
+#include <QRunnable>
+
+#include <functional>
+
+namespace {
+
+const int g_nDelay = 3000; // Milliseconds after the last change.
+const int g_nLongestDelay = 20000; // And while the typing never pauses.
+
+class CStoreTask : public QRunnable
+{
+public:
+    explicit CStoreTask(std::function<void()> task) : m_task(std::move(task)) { }
+    void run() override { m_task(); }
+
+private:
+    std::function<void()> m_task;
+};
+
+} // namespace
+
+CDraftKeeper::CDraftKeeper(const QString &strFolder, QObject *pParent)
+    : QObject(pParent), m_store(strFolder)
+{
+    m_pool.setMaxThreadCount(1);
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &CDraftKeeper::writeDue);
+}
+
+CDraftKeeper::~CDraftKeeper()
+{
+    m_pool.waitForDone();
+}
+
+void CDraftKeeper::add(CDocument *pDocument)
+{
+    const auto changed = [this, pDocument] { onChanged(pDocument); };
+    connect(pDocument, &CDocument::contentsChanged, this, changed);
+    connect(pDocument, &CDocument::modifiedChanged, this, changed);
+    connect(pDocument, &CDocument::reloaded, this, changed);
+    const auto settled = [this, pDocument] { onSettled(pDocument); };
+    connect(pDocument, &CDocument::saved, this, settled);
+    connect(pDocument, &CDocument::closed, this, settled);
+    connect(pDocument, &QObject::destroyed, this,
+            [this, pDocument] { m_entries.remove(pDocument); });
+}
+
+void CDraftKeeper::adopt(CDocument *pDocument, const SDraft &draft)
+{
+    onSettled(pDocument);
+    m_entries[pDocument].strId = draft.strId;
+}
+
+void CDraftKeeper::onChanged(CDocument *pDocument)
+{
+    if (pDocument->isLoading())
+        return;
+    if (!pDocument->isModified()) {
+        onSettled(pDocument);
+        return;
+    }
+    m_entries[pDocument].bDue = true;
+    if (!m_sinceFirstChange.isValid())
+        m_sinceFirstChange.start();
+    const qint64 nLeft = g_nLongestDelay - m_sinceFirstChange.elapsed();
+    m_timer.start(int(qBound(qint64(0), nLeft, qint64(g_nDelay))));
+}
+
+// Saved, undone, or closed on the user's word: nothing is left to keep.
+void CDraftKeeper::onSettled(const CDocument *pDocument)
+{
+    const auto it = m_entries.find(pDocument);
+    if (it == m_entries.end())
+        return;
+    const QString strId = it->strId;
+    m_entries.erase(it);
+    if (!strId.isEmpty())
+        m_pool.start(new CStoreTask([this, strId] { m_store.remove(strId); }));
+}
+
+SDraft CDraftKeeper::keep(const CDocument &document, SDraft::Reason reason)
+{
+    SDraft draft = document.draft();
+    draft.strId = CDraftStore::newId();
+    draft.reason = reason;
+    write(draft);
+    return draft;
+}
+
+void CDraftKeeper::discard(const SDraft &draft)
+{
+    m_pool.start(new CStoreTask([this, strId = draft.strId] { m_store.remove(strId); }));
+}
+
+void CDraftKeeper::flush()
+{
+    m_timer.stop();
+    writeDue();
+    m_pool.waitForDone();
+}
+
+void CDraftKeeper::writeDue()
+{
+    m_sinceFirstChange.invalidate();
+    for (auto it = m_entries.begin(); it != m_entries.end(); ++it) {
+        if (it->bDue)
+            writeEntry(*it.key(), &it.value());
+    }
+}
+
+void CDraftKeeper::writeEntry(const CDocument &document, SEntry *pEntry)
+{
+    pEntry->bDue = false;
+    SDraft draft = document.draft();
+    if (pEntry->strId.isEmpty())
+        pEntry->strId = CDraftStore::newId();
+    draft.strId = pEntry->strId;
+    write(draft);
+}
+
+void CDraftKeeper::write(const SDraft &draft)
+{
+    m_pool.start(new CStoreTask([this, draft] {
+        const QString strFailure =
+            m_store.write(draft) ? QString() : tr("The draft could not be written.");
+        QMetaObject::invokeMethod(
+            this, [this, strId = draft.strId, strFailure] { onWritten(strId, strFailure); },
+            Qt::QueuedConnection);
+    }));
+}
+
+// What could not be written is tried again with the next round.
+void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
+{
+    if (!strFailure.isEmpty()) {
+        for (SEntry &entry : m_entries)
+            entry.bDue = entry.bDue || entry.strId == strId;
+        if (!m_timer.isActive())
+            m_timer.start(g_nLongestDelay);
+    }
+    const bool bWorked = isWorking();
+    m_strFailure = strFailure;
+    if (bWorked != isWorking())
+        emit workingChanged();
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/cdraftstore.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QObject>
+#include <QThreadPool>
+#include <QTimer>
+
+class CDocument;
+
+// Keeps a draft on the disk for every modified document, a few seconds after its last change and
+// off the thread on which the user types. Listens to the documents' signals.
+class CDraftKeeper : public QObject
+{
+    Q_OBJECT
+
+public:
+    CDraftKeeper(const QString &strFolder, QObject *pParent);
+    // Waits for the drafts that are being written.
+    ~CDraftKeeper() override;
+
+    void add(CDocument *pDocument);
+    // From now on the document stands for this draft, which lies on the disk already.
+    void adopt(CDocument *pDocument, const SDraft &draft);
+
+    // Keeps what the document holds now under a draft of its own, which no later save removes.
+    SDraft keep(const CDocument &document, SDraft::Reason reason);
+    void discard(const SDraft &draft);
+
+    // Writes what is due, now. For the end of the program, which may drop unsaved documents, and
+    // before anything that can end it.
+    void flush();
+
+    // What an earlier run left unsaved; see CDraftStore::takeAbandoned().
+    QVector<SDraft> takeAbandoned() { return m_store.takeAbandoned(); }
+
+    // False while drafts cannot be written; why() says why, in the system's words.
+    bool isWorking() const { return m_strFailure.isEmpty(); }
+    QString why() const { return m_strFailure; }
+
+signals:
+    // Drafts could be written and no longer can, or the other way round.
+    void workingChanged();
+
+private:
+    struct SEntry
+    {
+        QString strId; // Empty: no draft yet.
+        bool bDue = false;
+    };
+
+    void onChanged(CDocument *pDocument);
+    void onSettled(const CDocument *pDocument);
+    void writeDue();
+    void writeEntry(const CDocument &document, SEntry *pEntry);
+    void write(const SDraft &draft);
+    void onWritten(const QString &strId, const QString &strFailure);
+
+    CDraftStore m_store;
+    QHash<const CDocument *, SEntry> m_entries;
+    QString m_strFailure;
+    QTimer m_timer;
+    QElapsedTimer m_sinceFirstChange;
+    QThreadPool m_pool; // One thread: the writes of a draft stay in order.
+};

@@ -1,0 +1,112 @@
+#include "document/ceditordocument.h"
+
+#include "app/textcodecs.h"
+#include "editor/chighlightedit.h"
+
+CEditorDocument::CEditorDocument(QWidget *pViewParent) : m_pEditor(new CHighlightEdit(pViewParent))
+{
+    connect(m_pEditor, &QPlainTextEdit::modificationChanged, this, &CDocument::modifiedChanged);
+    connect(m_pEditor, &QPlainTextEdit::textChanged, this, &CDocument::contentsChanged);
+    connect(m_pEditor, &CHighlightEdit::textReplacing, this,
+            [this] { dropText(SDraft::Reason::Refreshed); });
+    connect(m_pEditor, &CHighlightEdit::fileRead, this, &CEditorDocument::onFileRead);
+}
+
+CEditorDocument::~CEditorDocument()
+{
+    m_pEditor->disconnect(this);
+    delete m_pEditor;
+}
+
+QWidget *CEditorDocument::widget() const
+{
+    return m_pEditor;
+}
+
+CHighlightEdit *CEditorDocument::editor() const
+{
+    return m_pEditor;
+}
+
+QString CEditorDocument::path() const
+{
+    return m_pEditor->pathFileName();
+}
+
+QString CEditorDocument::title() const
+{
+    return m_pEditor->getTitle();
+}
+
+bool CEditorDocument::isModified() const
+{
+    return m_pEditor->isModified();
+}
+
+QByteArray CEditorDocument::bytesToSave() const
+{
+    return m_pEditor->getText().toUtf8();
+}
+
+void CEditorDocument::setPath(const QString &strPath)
+{
+    m_pEditor->setPathFileName(strPath);
+}
+
+void CEditorDocument::markSaved()
+{
+    m_pEditor->markSavedAsUtf8();
+    m_pEditor->setModified(false);
+}
+
+Result CEditorDocument::showContent(const QString &strPath, const SFileContent &content)
+{
+    m_pEditor->setPathFileName(strPath);
+    m_pEditor->setTextData(content.bytes, false);
+    return Result::done();
+}
+
+Result CEditorDocument::showAgain(const SFileContent &content)
+{
+    m_pEditor->reloadData(content.bytes);
+    return Result::done();
+}
+
+bool CEditorDocument::isContentWhole(const SFileContent &) const
+{
+    return m_pEditor->isWhole();
+}
+
+Result CEditorDocument::setCodec(const QString &strName)
+{
+    if (!codecForName(strName) || strName == m_pEditor->codecName())
+        return Result::refused();
+    if (!isModified() && !path().isEmpty()) {
+        const SFileContent content = read(path());
+        // Another program's version is read by Refresh, not by the way.
+        if (content.isWhole() && content.state == fileState()) {
+            m_pEditor->readIn(strName, content.bytes);
+            setWhole(m_pEditor->isWhole());
+            return Result::done();
+        }
+    }
+    m_pEditor->setCodecName(strName);
+    setWhole(isWhole() && m_pEditor->isWhole());
+    return Result::done();
+}
+
+void CEditorDocument::fillDraft(SDraft *pDraft) const
+{
+    pDraft->nReturnFormat = m_pEditor->returnFormat();
+    pDraft->codec = m_pEditor->codecName().toLatin1();
+    pDraft->nCaret = m_pEditor->textCursor().position();
+    pDraft->strText = m_pEditor->rawText();
+}
+
+void CEditorDocument::showDraft(const SDraft &draft)
+{
+    m_pEditor->setPathFileName(draft.strPath);
+    m_pEditor->setRestoredText(draft.strText, QString::fromLatin1(draft.codec));
+    m_pEditor->setReturnFormat(draft.nReturnFormat);
+    m_pEditor->goToPosition(draft.nCaret);
+}

@@ -1,0 +1,43 @@
+#include "document/cimagedocument.h"
+
+#include "web/cimagewidget.h"
+
+CImageDocument::CImageDocument(QWidget *pViewParent) : m_pImage(new CImageWidget(pViewParent)) { }
+
+CImageDocument::~CImageDocument()
+{
+    delete m_pImage;
+}
+
+QWidget *CImageDocument::widget() const
+{
+    return m_pImage;
+}
+
+CImageWidget *CImageDocument::image() const
+{
+    return m_pImage;
+}
+
+QString CImageDocument::path() const
+{
+    return m_pImage->filePath();
+}
+
+QString CImageDocument::title() const
+{
+    return m_pImage->getTitle();
+}
+
+void CImageDocument::loadPicture(const QString &strPath)
+{
+    noteState(fileStateOf(strPath), true); // Before it is read: a later change is then noticed.
+    m_pImage->setImageFile(strPath);
+    emit loaded();
+}
+
+Result CImageDocument::showAgain(const SFileContent &)
+{
+    return m_pImage->reload() ? Result::done()
+                              : Result::refused(tr("The file cannot be read: %1").arg(path()));
+}

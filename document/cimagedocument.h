@@ -1,0 +1,30 @@
+#pragma once
+
+#include "document/cdocument.h"
+
+#include <QPointer>
+
+// A picture, which is looked at and never changed.
+class CImageDocument : public CDocument
+{
+    Q_OBJECT
+
+public:
+    explicit CImageDocument(QWidget *pViewParent);
+    ~CImageDocument() override;
+
+    Kind kind() const override { return Kind::Image; }
+    QWidget *widget() const override;
+    CImageWidget *image() const override;
+    QString path() const override;
+    QString title() const override;
+
+    // A file that holds no picture shows as an empty view: no refusal.
+    void loadPicture(const QString &strPath);
+
+protected:
+    Result showAgain(const SFileContent &content) override;
+
+private:
+    QPointer<CImageWidget> m_pImage;
+};

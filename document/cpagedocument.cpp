@@ -1,0 +1,132 @@
+#include "document/cpagedocument.h"
+
+#include "web/ceditwebview.h"
+#include "web/charset.h"
+
+CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
+{
+    const CHighlightEdit *pSource = m_pPage->sourceEdit();
+    connect(m_pPage->page(), &QWebPage::contentsChanged, this, &CPageDocument::onPageChanged);
+    connect(m_pPage, &CEditWebView::modifiedChanged, this, &CDocument::modifiedChanged);
+    connect(pSource, &QPlainTextEdit::modificationChanged, this, &CDocument::modifiedChanged);
+    connect(pSource, &QPlainTextEdit::textChanged, this, &CDocument::contentsChanged);
+    connect(m_pPage, &CEditWebView::textReplacing, this,
+            [this] { dropText(SDraft::Reason::Refreshed); });
+    connect(m_pPage, &CEditWebView::fileRead, this, &CPageDocument::onFileRead);
+    // A load puts the flag back when it ends, without a signal of its own.
+    connect(m_pPage, &QWebView::loadFinished, this,
+            [this] { emit modifiedChanged(isModified()); });
+}
+
+CPageDocument::~CPageDocument()
+{
+    // A page that is deleted while it loads says so; nobody is left to answer.
+    m_pPage->page()->disconnect(this);
+    m_pPage->sourceEdit()->disconnect(this);
+    m_pPage->disconnect(this);
+    delete m_pPage; // And its source editor with it.
+}
+
+QWidget *CPageDocument::widget() const
+{
+    return m_bSource ? static_cast<QWidget *>(m_pPage->sourceEdit()) : m_pPage;
+}
+
+CHighlightEdit *CPageDocument::editor() const
+{
+    return m_bSource ? m_pPage->sourceEdit() : nullptr;
+}
+
+CEditWebView *CPageDocument::page() const
+{
+    return m_pPage;
+}
+
+QString CPageDocument::path() const
+{
+    return m_pPage->filePath();
+}
+
+QString CPageDocument::title() const
+{
+    return m_bSource ? m_pPage->sourceEdit()->getTitle() : m_pPage->getTitle();
+}
+
+bool CPageDocument::isModified() const
+{
+    return m_pPage->isModified() || (m_bSource && m_pPage->sourceEdit()->isModified());
+}
+
+bool CPageDocument::canSave() const
+{
+    return m_pPage->showsOwnFile();
+}
+
+// A load changes the contents as well; the page puts its flag back when it has ended.
+void CPageDocument::onPageChanged()
+{
+    if (isLoading())
+        return;
+    m_pPage->setModified(true);
+    emit contentsChanged();
+}
+
+void CPageDocument::showSource(bool bSource)
+{
+    if (bSource == m_bSource)
+        return;
+    QWidget *pOld = widget();
+    m_pPage->showSource(bSource);
+    if (!bSource)
+        m_pPage->applySource(m_pPage->sourceEdit()->getText());
+    m_bSource = bSource;
+    emit widgetChanged(pOld, widget());
+}
+
+QByteArray CPageDocument::bytesToSave() const
+{
+    return m_bSource ? declareUtf8(m_pPage->sourceEdit()->getText()).toUtf8()
+                     : m_pPage->htmlForSaving();
+}
+
+void CPageDocument::setPath(const QString &strPath)
+{
+    m_pPage->setFilePath(strPath); // Passes it on to its source editor.
+}
+
+void CPageDocument::markSaved()
+{
+    m_pPage->setModified(false); // And that of its source editor.
+    m_pPage->sourceEdit()->markSavedAsUtf8();
+}
+
+Result CPageDocument::showContent(const QString &strPath, const SFileContent &)
+{
+    m_pPage->setFilePath(strPath);
+    if (!m_pPage->loadFile(strPath))
+        return Result::refused(tr("The file cannot be read: %1").arg(strPath));
+    if (!m_bSource)
+        m_pPage->setModified(false);
+    return Result::done();
+}
+
+Result CPageDocument::showAgain(const SFileContent &)
+{
+    return Result::doneIf(m_pPage->reload()); // Which says why in the status bar.
+}
+
+void CPageDocument::fillDraft(SDraft *pDraft) const
+{
+    pDraft->bPage = true;
+    pDraft->nReturnFormat = m_pPage->sourceEdit()->returnFormat();
+    pDraft->strText = m_bSource ? m_pPage->sourceEdit()->getText() : m_pPage->toHtml();
+}
+
+void CPageDocument::showDraft(const SDraft &draft)
+{
+    if (!draft.strPath.isEmpty())
+        m_pPage->setFilePath(draft.strPath);
+    m_pPage->setModified(true); // Before: the end of the load puts back what stood at its start.
+    m_pPage->setHtml(draft.strText, QUrl::fromLocalFile(draft.strPath));
+    m_pPage->setModified(true);
+}

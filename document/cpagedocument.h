@@ -1,0 +1,59 @@
+#pragma once
+
+#include "document/cdocument.h"
+
+#include <QPointer>
+
+#include <functional>
+
+// An HTML page: the page editor and, in its place, its source editor.
+class CPageDocument : public CDocument
+{
+    Q_OBJECT
+
+public:
+    explicit CPageDocument(QWidget *pViewParent);
+    ~CPageDocument() override;
+
+    Kind kind() const override { return m_bSource ? Kind::Source : Kind::Page; }
+    QWidget *widget() const override;
+    CHighlightEdit *editor() const override;
+    CEditWebView *page() const override;
+    QString path() const override;
+    QString title() const override;
+    bool isModified() const override;
+    bool canSave() const override;
+
+    // Changes between the page and its source; widgetChanged() tells when the other one can be
+    // shown.
+    void showSource(bool bSource);
+
+    // Without the source in front the commands are the page's.
+    Result undo() override;
+    Result redo() override;
+    Result cut() override;
+    Result copy() override;
+    Result paste() override;
+    Result selectAll() override;
+    Result find(const QString &strText, bool bBackward) override;
+    Result replace(const QString &strFind, const QString &strReplacement) override;
+    Result replaceAll(const QString &strFind, const QString &strReplacement) override;
+    QString selectedText() const override;
+    void setLineWrap(bool bWrap) override;
+
+protected:
+    QByteArray bytesToSave() const override;
+    void setPath(const QString &strPath) override;
+    void markSaved() override;
+    Result showContent(const QString &strPath, const SFileContent &content) override;
+    Result showAgain(const SFileContent &content) override;
+    void fillDraft(SDraft *pDraft) const override;
+    void showDraft(const SDraft &draft) override;
+
+private:
+    void onPageChanged();
+    Result run(int nWebAction);
+
+    QPointer<CEditWebView> m_pPage;
+    bool m_bSource = false; // Shown in the page's place.
+};

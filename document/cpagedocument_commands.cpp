@@ -1,0 +1,73 @@
+// Commands of a page. With the source in front they are those of its editor.
+#include "document/cpagedocument.h"
+
+#include "web/ceditwebview.h"
+
+Result CPageDocument::run(int nWebAction)
+{
+    m_pPage->triggerEdit(static_cast<QWebPage::WebAction>(nWebAction));
+    return Result::done();
+}
+
+Result CPageDocument::undo()
+{
+    return m_bSource ? CDocument::undo() : run(QWebPage::Undo);
+}
+
+Result CPageDocument::redo()
+{
+    return m_bSource ? CDocument::redo() : run(QWebPage::Redo);
+}
+
+Result CPageDocument::cut()
+{
+    return m_bSource ? CDocument::cut() : run(QWebPage::Cut);
+}
+
+Result CPageDocument::copy()
+{
+    return m_bSource ? CDocument::copy() : run(QWebPage::Copy);
+}
+
+Result CPageDocument::paste()
+{
+    return m_bSource ? CDocument::paste() : run(QWebPage::Paste);
+}
+
+Result CPageDocument::selectAll()
+{
+    return m_bSource ? CDocument::selectAll() : run(QWebPage::SelectAll);
+}
+
+Result CPageDocument::find(const QString &strText, bool bBackward)
+{
+    if (m_bSource)
+        return CDocument::find(strText, bBackward);
+    const bool bFound = bBackward ? m_pPage->findPageTextReverse(strText, false)
+                                  : m_pPage->findPageText(strText, false);
+    return Result::doneIf(bFound);
+}
+
+Result CPageDocument::replace(const QString &strFind, const QString &strReplacement)
+{
+    if (m_bSource)
+        return CDocument::replace(strFind, strReplacement);
+    return Result::doneIf(m_pPage->replacePageText(strFind, strReplacement));
+}
+
+Result CPageDocument::replaceAll(const QString &strFind, const QString &strReplacement)
+{
+    if (m_bSource)
+        return CDocument::replaceAll(strFind, strReplacement);
+    return Result::doneIf(m_pPage->replaceAllPageText(strFind, strReplacement));
+}
+
+QString CPageDocument::selectedText() const
+{
+    return m_bSource ? CDocument::selectedText() : m_pPage->selectedText();
+}
+
+void CPageDocument::setLineWrap(bool bWrap)
+{
+    m_pPage->sourceEdit()->setLineWrap(bWrap);
+}

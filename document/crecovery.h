@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/cdraftstore.h"
+#include "document/notice.h"
+
+#include <QList>
+#include <QObject>
+
+class CDocument;
+class CDraftKeeper;
+
+// Offers what would be lost otherwise: drafts that an earlier run left, and text that a step of this
+// run dropped. Each offer is a notice; unanswered, it comes again at the next start.
+class CRecovery : public QObject
+{
+    Q_OBJECT
+
+public:
+    // pKeeper is not owned.
+    CRecovery(CDraftKeeper *pKeeper, QObject *pParent);
+
+    // What an earlier run left, if anything.
+    void offerAbandoned();
+    // What a document held that is being closed.
+    void offerClosed(const SDraft &draft);
+    // What an open document held before its text was replaced. The offer is the document's notice.
+    void offerReplaced(CDocument *pDocument, const SDraft &draft);
+
+    // The offer that belongs to no open document; empty for none.
+    SNotice notice() const { return m_lstNotices.value(0); }
+    // The user closed the bar: the next offer is shown.
+    void dismiss();
+
+signals:
+    void noticeChanged();
+    // Open a document for the draft: it lies on the disk until that is saved.
+    void recoverWanted(SDraft draft);
+
+private:
+    void offer(const SNotice &notice);
+
+    CDraftKeeper *m_pKeeper;
+    QList<SNotice> m_lstNotices;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+
+class CDocument;
+class CHighlightMgt;
+class CStatusLabels;
+class MainWindow;
+
+namespace Ui {
+class MainWindow;
+}
+
+// The entries of the menus "Language", "Text Codec" and "Return Format": makes them, and shows for
+// a document which of them hold, in the menus and in the status bar.
+class CFormatMenus : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Everything is the window's and outlives this object.
+    CFormatMenus(Ui::MainWindow *pUi, const CHighlightMgt *pLanguages, CStatusLabels *pStatus,
+                 MainWindow *pWindow);
+
+    void show(const CDocument &document);
+
+private:
+    void addLanguages(MainWindow *pWindow);
+    void addCodecs(MainWindow *pWindow);
+    void showReturnFormat(const CDocument &document);
+    void showLanguage(const CDocument &document);
+    void showCodec(const CDocument &document);
+
+    Ui::MainWindow *m_pUi;
+    const CHighlightMgt *m_pLanguages;
+    CStatusLabels *m_pStatus;
+};

@@ -1,0 +1,155 @@
+#include "mainwindow/csearch.h"
+
+#include "app/csettings.h"
+#include "editor/cdlgfind.h"
+#include "editor/cdlggo.h"
+#include "editor/chighlightedit.h"
+#include "mainwindow/mainwindow.h"
+
+namespace {
+
+// In the screen's coordinates.
+QRect selectedSpot(const CHighlightEdit &edit)
+{
+    QTextCursor start = edit.textCursor();
+    start.setPosition(start.selectionStart());
+    const QRect spot = edit.cursorRect(start).united(edit.cursorRect(edit.textCursor()));
+    return {edit.viewport()->mapToGlobal(spot.topLeft()), spot.size()};
+}
+
+// One line's worth of selected text; a larger selection is a place to search, not a text to find.
+bool isOneLine(const QString &strText)
+{
+    return !strText.contains(QChar::ParagraphSeparator) && !strText.contains(QLatin1Char('\n'));
+}
+
+} // namespace
+
+CSearch::CSearch(MainWindow *pWindow) : QObject(pWindow), m_pWindow(pWindow) { }
+
+CDocument &CSearch::document() const
+{
+    return m_pWindow->currentDocument();
+}
+
+CDlgFind *CSearch::dialog()
+{
+    if (!m_pDlgFind) {
+        m_pDlgFind = new CDlgFind(m_pWindow);
+        connect(m_pDlgFind, &CDlgFind::emitFindNext, m_pWindow, &MainWindow::onFindNext);
+        connect(m_pDlgFind, &CDlgFind::emitReplace, m_pWindow, &MainWindow::onReplace);
+        connect(m_pDlgFind, &CDlgFind::emitReplaceAll, m_pWindow, &MainWindow::onReplaceAll);
+    }
+    return m_pDlgFind;
+}
+
+// The dialog, offering what is selected.
+CDlgFind *CSearch::dialogForSelection()
+{
+    const QString strText = document().selectedText();
+    if (!strText.isEmpty() && isOneLine(strText))
+        dialog()->setFindText(strText);
+    dialog()->clearInfo();
+    return dialog();
+}
+
+void CSearch::showFind()
+{
+    dialogForSelection()->showFind();
+}
+
+void CSearch::showReplace()
+{
+    dialogForSelection()->showReplace();
+}
+
+void CSearch::findAgain(bool bBackward)
+{
+    const QString strText = dialog()->getFindText();
+    if (strText.isEmpty()) { // Nothing to search for yet: ask.
+        showFind();
+        return;
+    }
+    dialog()->clearInfo();
+    emit message(QString());
+    // An editor tells a miss itself.
+    if (!document().find(strText, bBackward).isDone() && !document().editor())
+        tellMiss();
+}
+
+void CSearch::findNext()
+{
+    const QString strText = dialog()->getFindText();
+    dialog()->clearInfo();
+    const bool bFound = document().find(strText, false).isDone();
+    if (const CHighlightEdit *pEditor = document().editor())
+        dialog()->uncover(selectedSpot(*pEditor));
+    else if (!bFound && !strText.isEmpty())
+        tellMiss();
+    if (bFound && g_pSettings->m_bFindCloseAfterFindNext)
+        dialog()->hide();
+}
+
+void CSearch::replace()
+{
+    const QString strFind = dialog()->getFindText();
+    dialog()->clearInfo();
+    if (strFind.isEmpty() && !document().editor())
+        return;
+    const bool bFound = document().replace(strFind, dialog()->getReplaceText()).isDone();
+    if (const CHighlightEdit *pEditor = document().editor())
+        dialog()->uncover(selectedSpot(*pEditor));
+    else if (!bFound)
+        tellMiss();
+}
+
+void CSearch::replaceAll()
+{
+    const QString strFind = dialog()->getFindText();
+    dialog()->clearInfo();
+    // The number of replacements is signalled.
+    if (!strFind.isEmpty() || document().editor())
+        static_cast<void>(document().replaceAll(strFind, dialog()->getReplaceText()));
+}
+
+void CSearch::tellTop()
+{
+    dialog()->onFindToTop();
+    tell(CDlgFind::tr("Find: the top has been reached."));
+}
+
+void CSearch::tellBottom()
+{
+    dialog()->onFindToBottom();
+    tell(CDlgFind::tr("Find: the end has been reached."));
+}
+
+void CSearch::tellMiss()
+{
+    dialog()->onCannotFound();
+    tell(CDlgFind::tr("Find: the string cannot be found."));
+}
+
+void CSearch::tellReplaced(int nCount)
+{
+    dialog()->onReplaceNum(nCount);
+}
+
+void CSearch::tell(const QString &strText)
+{
+    // With the dialog open its own line tells; searched by key, nobody would see it there.
+    if (!dialog()->isVisible())
+        emit message(strText);
+}
+
+void CSearch::showGoToLine()
+{
+    if (!m_pDlgGo) {
+        m_pDlgGo = new CDlgGo(m_pWindow);
+        connect(m_pDlgGo, &CDlgGo::goToLine, m_pWindow, &MainWindow::onGoToLine);
+    }
+    m_pDlgGo->prepare();
+    m_pDlgGo->show();
+    m_pDlgGo->raise();
+    m_pDlgGo->activateWindow();
+}

@@ -1,0 +1,106 @@
+#include "mainwindow/csidepanels.h"
+
+#include "app/csettings.h"
+#include "browser/cwidgetfavorfilelist.h"
+#include "document/cdocument.h"
+#include "editor/chighlightedit.h"
+#include "highlight/chighlightmgt.h"
+#include "mainwindow/mainwindow.h"
+#include "res/icons.h"
+#include "web/cpreviewwidget.h"
+
+#include <QAction>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace {
+
+// The folder last used; at the very first start the home folder.
+QString startFolder()
+{
+    const QString strLast = g_pSettings->getLastPathFileName();
+    const QFileInfo info(strLast);
+    if (strLast.isEmpty() || !info.exists())
+        return QDir::homePath();
+    return info.isDir() ? strLast : info.absolutePath();
+}
+
+} // namespace
+
+CSidePanels::CSidePanels(MainWindow *pWindow, const CHighlightMgt *pLanguages)
+    : QObject(pWindow),
+      m_pWindow(pWindow),
+      m_pPreview(new CPreviewWidget(pWindow)),
+      m_pBrowser(new CWidgetFavorFileList(pWindow))
+{
+    m_pPreview->setDefinitionFunction([pLanguages](const QString &strPath) {
+        return pLanguages->definitionForFile(QFileInfo(strPath).fileName());
+    });
+    m_pDockPreview = addDock(QStringLiteral("Preview"), MainWindow::tr("Preview"), m_pPreview,
+                             Qt::RightDockWidgetArea, QStringLiteral("preview"));
+    m_pDockBrowser = addDock(QStringLiteral("Folder Browser"), MainWindow::tr("Folder Browser"),
+                             m_pBrowser, Qt::LeftDockWidgetArea, QStringLiteral("folder_explore"));
+    pWindow->resizeDocks({m_pDockBrowser, m_pDockPreview}, {240, 320}, Qt::Horizontal);
+    m_timerPreview.setSingleShot(true);
+    m_timerPreview.setInterval(300);
+    connect(&m_timerPreview, &QTimer::timeout, this, &CSidePanels::previewCurrentDocument);
+}
+
+void CSidePanels::start()
+{
+    connect(m_pDockPreview, &QDockWidget::visibilityChanged, m_pWindow,
+            &MainWindow::onDockPreviewChanged);
+    connect(m_pBrowser, &CWidgetFavorFileList::dbClickFile, m_pWindow, &MainWindow::openFile);
+    connect(m_pBrowser, &CWidgetFavorFileList::rootPathChanged, m_pWindow,
+            &MainWindow::onRootPathChanged);
+    connect(m_pBrowser, &CWidgetFavorFileList::fileSelectionChanged, m_pWindow,
+            &MainWindow::onFileSelectionChanged);
+    m_pBrowser->setRootPath(startFolder());
+}
+
+QDockWidget *CSidePanels::addDock(const QString &strName, const QString &strTitle, QWidget *pPanel,
+                                  Qt::DockWidgetArea area, const QString &strIcon)
+{
+    auto *pDock = new QDockWidget(strTitle, m_pWindow);
+    pDock->setObjectName(strName);
+    pDock->setWidget(pPanel);
+    m_pWindow->addDockWidget(area, pDock);
+    pDock->toggleViewAction()->setIcon(drawnIcon(strIcon));
+    return pDock;
+}
+
+void CSidePanels::previewCurrentDocument()
+{
+    const CHighlightEdit *pEditor = m_pWindow->currentDocument().editor();
+    if (!pEditor || !m_pDockPreview->isVisible())
+        return;
+    const QString strLanguage = pEditor->languageName();
+    if (strLanguage == QLatin1String("HTML"))
+        m_pPreview->previewHtml(pEditor->getText(), QUrl::fromLocalFile(pEditor->pathFileName()));
+    else if (strLanguage == QLatin1String("SVG"))
+        m_pPreview->previewSvg(pEditor->getText());
+}
+
+void CSidePanels::previewFile(const QString &strPath, bool bSelected)
+{
+    if (bSelected)
+        m_timerPreview.stop(); // The selection came last; it is what the user wants to see.
+    m_pPreview->setFile(strPath, m_pDockPreview->isVisible());
+}
+
+void CSidePanels::onPreviewVisible(bool bVisible)
+{
+    if (bVisible)
+        previewSoon();
+    else
+        m_pPreview->clearPreview();
+}
+
+void CSidePanels::onBrowserShown(bool bShown)
+{
+    if (bShown && m_bBrowserWasHidden)
+        m_pBrowser->setRootPath(m_pBrowser->rootPath());
+    m_bBrowserWasHidden = m_bBrowserWasHidden || !bShown;
+}

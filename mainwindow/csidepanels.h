@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QTimer>
+
+class CDocument;
+class CHighlightMgt;
+class CPreviewWidget;
+class CWidgetFavorFileList;
+class MainWindow;
+class QDockWidget;
+
+// The two docks beside the documents: folder browser and preview.
+class CSidePanels : public QObject
+{
+    Q_OBJECT
+
+public:
+    // pLanguages outlives this object.
+    CSidePanels(MainWindow *pWindow, const CHighlightMgt *pLanguages);
+    // Connects the panels to the window's slots, which may ask for this object.
+    void start();
+
+    CWidgetFavorFileList *browser() const { return m_pBrowser; }
+    CPreviewWidget *preview() const { return m_pPreview; }
+    QList<QDockWidget *> docks() const { return {m_pDockPreview, m_pDockBrowser}; }
+
+    // Shows what is typed once the typing pauses.
+    void previewSoon() { m_timerPreview.start(); }
+    // Shows that file or, for a folder, only its name.
+    void previewFile(const QString &strPath, bool bSelected);
+    void onPreviewVisible(bool bVisible);
+    // The window's part of an event of the browser: one that was hidden lists its folder anew.
+    void onBrowserShown(bool bShown);
+
+private:
+    QDockWidget *addDock(const QString &strName, const QString &strTitle, QWidget *pPanel,
+                         Qt::DockWidgetArea area, const QString &strIcon);
+    void previewCurrentDocument();
+
+    MainWindow *m_pWindow;
+    CPreviewWidget *m_pPreview;
+    CWidgetFavorFileList *m_pBrowser;
+    QDockWidget *m_pDockPreview;
+    QDockWidget *m_pDockBrowser;
+    QTimer m_timerPreview;
+    bool m_bBrowserWasHidden = false;
+};
