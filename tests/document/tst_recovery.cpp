@@ -1,0 +1,257 @@
+// What steps of the program drop, and what an end of the program leaves, comes back on request.
+#include "cdocumentsfixture.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QTextCodec>
+
+namespace {
+
+QStringList draftFiles(const CDocumentsFixture &f)
+{
+    QStringList lstFiles;
+    QDirIterator it(f.path("recovery"), QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString strFile = it.next();
+        if (QFileInfo(strFile).fileName() != "lock")
+            lstFiles.append(strFile);
+    }
+    return lstFiles;
+}
+
+// Recovers what the program offers into documents, as the window does.
+void recoverInto(CDocumentsFixture &f, QList<CDocument *> *pDocuments)
+{
+    QObject::connect(&f.documents().recovery(), &CRecovery::recoverWanted, &f.documents(),
+                     [&f, pDocuments](const SDraft &draft) {
+                         auto *pDocument = new CEditorDocument(nullptr);
+                         f.documents().add(pDocument);
+                         f.documents().restore(pDocument, draft);
+                         pDocuments->append(pDocument);
+                     });
+}
+
+} // namespace
+
+class TestRecovery : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void draft_overAFileThatHasChanged_raisesTheNotice_andSaveAsks()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        f.type(f.open(strPath), "mine ");
+        f.start();
+        f.write(strPath, "theirs");
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
+        QCOMPARE(lstDocuments.size(), 1);
+        CDocument *pDocument = lstDocuments.constFirst();
+        QVERIFY(pDocument->notice().strText.contains("Another program has changed"));
+        QVERIFY(!pDocument->save().isDone());
+        QCOMPARE(f.content(strPath), QByteArray("theirs"));
+        QCOMPARE(pDocument->editor()->toPlainText(), QString("mine old"));
+    }
+
+    void draft_overAnUnchangedFile_savesWithoutAQuestion()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        f.type(f.open(strPath), "mine ");
+        f.start();
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
+        QVERIFY(lstDocuments.constFirst()->save().isDone());
+        QCOMPARE(f.content(strPath), QByteArray("mine old"));
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), QStringList());
+    }
+
+    void everyCharacter_survivesRecovery_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("lone surrogate") << QString("a") + QChar(0xd800) + QString("b");
+        QTest::newRow("leading U+FEFF") << QString(QChar(0xfeff)) + QString("a");
+        QTest::newRow("zero") << QString("a") + QChar(0) + QString("b");
+        QTest::newRow("no-break space") << QString(QChar(0xa0)) + QString("x");
+        QTest::newRow("line separator") << QString("a") + QChar(0x2028) + QString("b");
+    }
+
+    void everyCharacter_survivesRecovery()
+    {
+        QFETCH(QString, text);
+        CDocumentsFixture f;
+        auto *pDocument = new CEditorDocument(nullptr);
+        f.documents().add(pDocument);
+        f.type(pDocument, text);
+        f.start();
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
+        QCOMPARE(lstDocuments.constFirst()->editor()->rawText(), text);
+        QVERIFY(lstDocuments.constFirst()->isModified());
+    }
+
+    void recovering_writesNothing_soAFullDiskLosesNothing()
+    {
+        CDocumentsFixture f;
+        f.type(f.open(f.file("a.txt", "old")), "mine ");
+        f.start();
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        const QStringList lstBefore = draftFiles(f);
+        QCOMPARE(lstBefore.size(), 1);
+        QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), lstBefore); // The document stands for the very same draft.
+        f.start(); // And it is offered again if the program ends now.
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(f.documents().recovery().notice().strText.contains("a.txt"));
+    }
+
+    void contextMenuRefresh_overUnsavedText_offersItAtOnce()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        CDocument *pDocument = f.open(strPath);
+        f.type(pDocument, "mine ");
+        pDocument->editor()->onRefresh();
+        QCOMPARE(pDocument->editor()->toPlainText(), QString("old"));
+        QVERIFY(pDocument->notice().strText.contains("a.txt"));
+        QVERIFY(choose(pDocument->notice(), "Restore"));
+        QCOMPARE(pDocument->editor()->toPlainText(), QString("mine old"));
+        QVERIFY(pDocument->isModified());
+        QCOMPARE(pDocument->notice().strText, QString());
+        QVERIFY(pDocument->save().isDone());
+        QCOMPARE(f.content(strPath), QByteArray("mine old"));
+    }
+
+    void restoring_keepsWhatWasTypedSince()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "first ");
+        pDocument->editor()->onRefresh();
+        f.type(pDocument, "second ");
+        QVERIFY(choose(pDocument->notice(), "Restore"));
+        QCOMPARE(pDocument->editor()->toPlainText(), QString("first old"));
+        QVERIFY(choose(pDocument->notice(), "Restore"));
+        QCOMPARE(pDocument->editor()->toPlainText(), QString("second old"));
+    }
+
+    void replacedText_thatNobodyAnswersFor_isOfferedAtTheNextStart()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        pDocument->editor()->onRefresh();
+        f.start();
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
+        QCOMPARE(lstDocuments.constFirst()->editor()->toPlainText(), QString("mine old"));
+    }
+
+    void discardedText_isGone()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        pDocument->editor()->onRefresh();
+        QVERIFY(choose(pDocument->notice(), "Discard"));
+        QCOMPARE(pDocument->notice().strText, QString());
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), QStringList());
+    }
+
+    void refreshThatWasAgreedTo_leavesNoDraft()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        QVERIFY(pDocument->reload().isDone()); // The window has asked.
+        QCOMPARE(pDocument->notice().strText, QString());
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), QStringList());
+    }
+
+    void closedWithUnsavedText_isOfferedAtOnce()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("notes.txt", "old"));
+        f.type(pDocument, "mine ");
+        f.documents().closeDropping(pDocument);
+        QCOMPARE(f.documents().recovery().notice().strText,
+                 QString("notes.txt was closed with unsaved changes."));
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        QVERIFY(choose(f.documents().recovery().notice(), "Restore"));
+        QCOMPARE(lstDocuments.constFirst()->editor()->toPlainText(), QString("mine old"));
+        QCOMPARE(f.documents().recovery().notice().strText, QString());
+    }
+
+    void closedOnTheUsersWord_leavesNoDraft()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f).size(), 1);
+        f.documents().close(pDocument);
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), QStringList());
+        QCOMPARE(f.documents().recovery().notice().strText, QString());
+    }
+
+    void closingTheLastCopyOfADeletedFile_keepsIt()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.txt", "the only copy");
+        CDocument *pDocument = f.open(strPath);
+        QVERIFY(QFile::remove(strPath));
+        f.documents().close(pDocument);
+        QVERIFY(f.documents().recovery().notice().strText.contains("no longer there"));
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        QVERIFY(choose(f.documents().recovery().notice(), "Restore"));
+        QVERIFY(lstDocuments.constFirst()->isModified());
+        QVERIFY(lstDocuments.constFirst()->save().isDone());
+        QCOMPARE(f.content(strPath), QByteArray("the only copy"));
+    }
+
+    void codecThatCannotHoldWhatWasTyped_offersIt()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "ascii "));
+        QCOMPARE(pDocument->editor()->codecName(), QString("US-ASCII"));
+        f.type(pDocument, QString::fromUtf8("日本 "));
+        QVERIFY(pDocument->setCodec("windows-1252").isDone());
+        QVERIFY(!pDocument->editor()->toPlainText().contains(QString::fromUtf8("日本")));
+        QVERIFY(choose(pDocument->notice(), "Restore"));
+        QCOMPARE(pDocument->editor()->toPlainText(), QString::fromUtf8("日本 ascii "));
+    }
+
+    void formatting_keepsTheUnsavedTextBefore()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.xml", "<a><b/></a>"));
+        pDocument->editor()->setDefinition(
+            {{"language", QVariantMap {{"name", "XML"}}}});
+        f.type(pDocument, "<!--mine-->");
+        QVERIFY(pDocument->editor()->formatting());
+        QVERIFY(choose(pDocument->notice(), "Restore"));
+        QCOMPARE(pDocument->editor()->toPlainText(), QString("<!--mine--><a><b/></a>"));
+    }
+};
+
+QTEST_MAIN(TestRecovery)
+#include "tst_recovery.moc"
