@@ -10,6 +10,30 @@
 
 namespace {
 
+bool isFullWidthSign(ushort u)
+{
+    return (u >= 0xFF01 && u <= 0xFF5E) || (u >= 0xFFE0 && u <= 0xFFE6);
+}
+
+// Characters that a wrong multi-byte codec tends to produce.
+bool isSuspicious(QChar c, FullWidthSigns signs)
+{
+    const ushort u = c.unicode();
+    if (u < 0x8000)
+        return false;
+    if (signs == FullWidthSigns::Allowed && isFullWidthSign(u))
+        return false;
+    const bool bNonCharacter = (u >= 0xFDD0 && u <= 0xFDEF) || (u & 0xFFFE) == 0xFFFE;
+    return bNonCharacter || c.isSymbol();
+}
+
+QString systemLocaleName()
+{
+    return QLocale::system().name().toLower();
+}
+
+} // namespace
+
 bool isAscii(const QByteArray &data)
 {
     unsigned char nBits = 0;
@@ -18,11 +42,9 @@ bool isAscii(const QByteArray &data)
     return nBits < 0x80;
 }
 
-// Codecs in which every ASCII byte is the character of that number, by their MIB number (IANA
-// character sets): US-ASCII, ISO 8859-1, UTF-8, GBK, GB18030. They need no decoder for ASCII.
 bool mapsAsciiToItself(const QTextCodec *pCodec)
 {
-    switch (pCodec->mibEnum()) {
+    switch (pCodec->mibEnum()) { // As IANA numbers character sets.
     case 3:
     case 4:
     case 106:
@@ -33,21 +55,6 @@ bool mapsAsciiToItself(const QTextCodec *pCodec)
         return false;
     }
 }
-
-// Characters that a wrong multi-byte codec tends to produce.
-bool isSuspicious(QChar c)
-{
-    const ushort u = c.unicode();
-    const bool bNonCharacter = (u >= 0xFDD0 && u <= 0xFDEF) || (u & 0xFFFE) == 0xFFFE;
-    return bNonCharacter || (u >= 0x8000 && c.isSymbol());
-}
-
-QString systemLocaleName()
-{
-    return QLocale::system().name().toLower();
-}
-
-} // namespace
 
 QTextCodec *codecForName(const QString &strName)
 {
@@ -91,15 +98,23 @@ QString detectCodecName(const QByteArray &data, const QString &strPreferred)
     return QString();
 }
 
-bool isValidDecoding(QTextCodec *pCodec, const QByteArray &data)
+bool isValidDecoding(QTextCodec *pCodec, const QByteArray &data, FullWidthSigns signs)
 {
     if (!pCodec)
         return false;
     if (mapsAsciiToItself(pCodec) && isAscii(data))
         return true;
     const std::unique_ptr<QTextDecoder> pDecoder(pCodec->makeDecoder());
-    const QString strText = pDecoder->toUnicode(data);
-    return !pDecoder->hasFailure() && std::none_of(strText.cbegin(), strText.cend(), isSuspicious);
+    // A wrong codec is found out within the first bytes, mostly.
+    int nPiece = 0x400;
+    for (int n = 0; n < data.size(); n += nPiece, nPiece = qMin(2 * nPiece, 0x10000)) {
+        const QString strText =
+            pDecoder->toUnicode(data.constData() + n, qMin(nPiece, data.size() - n));
+        const auto isWrong = [signs](QChar c) { return isSuspicious(c, signs); };
+        if (pDecoder->hasFailure() || std::any_of(strText.cbegin(), strText.cend(), isWrong))
+            return false;
+    }
+    return true;
 }
 
 QString getDefaultCodecName()
@@ -156,10 +171,33 @@ QByteArray withoutCutUtf8(const QByteArray &data)
     return data;
 }
 
+SDetectedCodec detectCodec(const QByteArray &data)
+{
+    const QString strLocale = systemLocaleName();
+    if (isMultiByteUtf8(data))
+        return {QStringLiteral("UTF-8"), true};
+    if (isAscii(data) && !hasEscapedCharacters(data))
+        return {detectCodecName(data), true};
+    const QString strWide = detectWideCodec(data);
+    if (!strWide.isEmpty())
+        return {strWide, true};
+    QTextCodec *pPreferred = codecForName(preferredCodecName(strLocale));
+    if (isValidDecoding(pPreferred, data))
+        return {QString::fromLatin1(pPreferred->name()), true};
+    const SDetectedCodec detected = detectLegacyCodec(data, strLocale);
+    if (!detected.strName.isEmpty())
+        return detected;
+    const QString strName = detectCodecName(data);
+    // Its text was looked at above, and is none.
+    const bool bWide =
+        strName.startsWith(QLatin1String("UTF-16")) || strName.startsWith(QLatin1String("UTF-32"));
+    return {bWide ? QString() : strName, false};
+}
+
 QString codecNameForData(const QString &strCurrent, const QByteArray &data)
 {
     if (strCurrent.isEmpty())
-        return isMultiByteUtf8(data) ? QStringLiteral("UTF-8") : detectCodecName(data);
+        return detectCodec(data).strName;
     // An ASCII file, say, that has become UTF-8 since it was opened.
     if (isMultiByteUtf8(data) && !isValidDecoding(codecForName(strCurrent), data))
         return QStringLiteral("UTF-8");
@@ -183,11 +221,4 @@ QByteArray encodeText(const QTextCodec *pCodec, const QString &strText)
         return strText.toLatin1();
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     return pCodec->fromUnicode(strText.constData(), strText.size(), &state);
-}
-
-bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &strText)
-{
-    if (!pCodec && data.contains('\0'))
-        return false;
-    return strText.isValidUtf16() && (pCodec || !strText.contains(QChar::ReplacementCharacter));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/codecdetection.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -18,8 +20,14 @@ QString detectCodecName(const QByteArray &data, const QString &strPreferred);
 // The codec that a lower-case locale name prefers; empty for most.
 QString preferredCodecName(const QString &strLocale);
 
-// False for a null codec, a decoding failure, or a result that looks like a wrong guess.
-bool isValidDecoding(QTextCodec *pCodec, const QByteArray &data);
+// Whether the full-width forms of "+", "=", "~", currency signs and others, of which East Asian
+// texts are full, count as the mark of a wrong guess.
+enum class FullWidthSigns { Suspicious, Allowed };
+
+// False for a null codec, a decoding failure, or a result that looks like a wrong guess. Reads only
+// as far as it must.
+bool isValidDecoding(QTextCodec *pCodec, const QByteArray &data,
+                     FullWidthSigns signs = FullWidthSigns::Suspicious);
 
 // The default codec of the system locale.
 QString getDefaultCodecName();
@@ -34,11 +42,17 @@ bool isMultiByteUtf8(const QByteArray &data);
 // would be invalid for it.
 QByteArray withoutCutUtf8(const QByteArray &data);
 
-// The codec to load a file with, when strCurrent (may be empty) is the one its editor has now.
+// The encoding of data of which nothing is known, for every loader: valid UTF-8, ASCII as
+// detectCodecName() says, UTF-16 and UTF-32, the locale's own codec if it decodes the data cleanly,
+// then what detectLegacyCodec() finds, at last detectCodecName(). Its name is empty when nothing
+// fits: the data is no text.
 //
-// The one place every loader passes. A codec library may list multi-byte codecs before UTF-8 that
-// decode most UTF-8 "cleanly" to nonsense, which saving would make permanent. So data that is
-// strictly valid UTF-8 is UTF-8, unless the current codec is set and decodes it cleanly.
+// The library's order alone would not do: it has multi-byte codecs before UTF-8 that decode most
+// UTF-8 and most single-byte text "cleanly" to nonsense, which saving would make permanent.
+SDetectedCodec detectCodec(const QByteArray &data);
+
+// The codec to load a file with, when strCurrent (may be empty) is the one its editor has now: it
+// stays, unless only UTF-8 decodes the data cleanly.
 QString codecNameForData(const QString &strCurrent, const QByteArray &data);
 
 // The data as text; without a codec, the bytes before the first zero byte as UTF-8.
@@ -47,9 +61,24 @@ QString decodeText(const QTextCodec *pCodec, const QByteArray &data);
 // The bytes of the text in that codec, without a byte-order mark; without a codec Latin-1.
 QByteArray encodeText(const QTextCodec *pCodec, const QString &strText);
 
-// False when the text that the data was decoded to cannot be written without loss: bytes behind a
-// zero byte were left out, or what came out is not valid UTF-16, as happens with binary data.
-bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &strText);
+// True when the text that decodeText() makes of the data gives all of the data again, but for a
+// byte-order mark, and can be written as UTF-8. Not so with undecodable bytes, a character cut off
+// at the end, lone surrogates, and, without a codec, bytes behind a zero byte. Reads only as far as
+// it must.
+bool isWholeText(const QTextCodec *pCodec, const QByteArray &data);
+
+// As above; the text is not looked at.
+inline bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &)
+{
+    return isWholeText(pCodec, data);
+}
+
+// True for US-ASCII, ISO 8859-1, UTF-8, GBK and GB18030: codecs in which every ASCII byte is the
+// character of that number, so that ASCII needs no decoder.
+bool mapsAsciiToItself(const QTextCodec *pCodec);
+
+// True without a byte above 0x7F.
+bool isAscii(const QByteArray &data);
 
 // The codec of that name; null for an unknown or empty name.
 QTextCodec *codecForName(const QString &strName);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+// The foreign letters (outside ASCII) of a language, as its files in old encodings use them.
+struct SLanguageLetters
+{
+    QString strLanguage; // The beginning of the names of its locales, in lower case.
+    QStringList lstCodecs; // In which its files come, the likelier first.
+    QString strLetters; // Lower case, the more frequent first.
+    // For the languages of many characters: the lead bytes of the everyday ones in lstCodecs. 0 for
+    // an alphabet.
+    int nFirstLead = 0;
+    int nLastLead = 0;
+
+    bool isAlphabet() const { return nFirstLead == 0; }
+};
+
+// Every language that the ranking of encodings knows.
+const std::vector<SLanguageLetters> &languageLetters();
