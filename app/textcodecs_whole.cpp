@@ -3,6 +3,7 @@
 
 #include <QTextCodec>
 #include <QTextEncoder>
+#include <QtEndian>
 
 #include <memory>
 
@@ -41,6 +42,28 @@ bool isWholeUtf8(const QByteArray &data)
     return isAscii(data) || isMultiByteUtf8(data);
 }
 
+// The codec library's encoder leaves zero bytes at the end for characters outside the first plane.
+QByteArray encodeUtf32(const QString &strText, bool bBigEndian)
+{
+    QByteArray data;
+    const QVector<uint> codes = strText.toUcs4();
+    for (const uint nCode : codes) {
+        const uint n = bBigEndian ? qToBigEndian(nCode) : qToLittleEndian(nCode);
+        data.append(reinterpret_cast<const char *>(&n), sizeof n);
+    }
+    return data;
+}
+
+// Without a byte-order mark.
+QByteArray encode(const QTextCodec *pCodec, const QString &strText)
+{
+    const QByteArray name = pCodec->name();
+    if (name.startsWith("UTF-32"))
+        return encodeUtf32(strText, name == "UTF-32BE");
+    const std::unique_ptr<QTextEncoder> pEncoder(pCodec->makeEncoder(QTextCodec::IgnoreHeader));
+    return pEncoder->fromUnicode(strText);
+}
+
 } // namespace
 
 bool isWholeText(const QTextCodec *pCodec, const QByteArray &data)
@@ -56,6 +79,5 @@ bool isWholeText(const QTextCodec *pCodec, const QByteArray &data)
         return false;
     const SByteOrderMark mark = byteOrderMark(pCodec, data);
     const QTextCodec *pEncoding = mark.szCodec ? QTextCodec::codecForName(mark.szCodec) : pCodec;
-    const std::unique_ptr<QTextEncoder> pEncoder(pEncoding->makeEncoder(QTextCodec::IgnoreHeader));
-    return pEncoder->fromUnicode(strText) == data.mid(mark.nBytes);
+    return encode(pEncoding, strText) == data.mid(mark.nBytes);
 }
