@@ -67,12 +67,6 @@ QByteArray encodeText(const QTextCodec *pCodec, const QString &strText);
 // it must.
 bool isWholeText(const QTextCodec *pCodec, const QByteArray &data);
 
-// As above; the text is not looked at.
-inline bool isWholeText(const QTextCodec *pCodec, const QByteArray &data, const QString &)
-{
-    return isWholeText(pCodec, data);
-}
-
 // True for US-ASCII, ISO 8859-1, UTF-8, GBK and GB18030: codecs in which every ASCII byte is the
 // character of that number, so that ASCII needs no decoder.
 bool mapsAsciiToItself(const QTextCodec *pCodec);

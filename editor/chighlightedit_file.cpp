@@ -146,9 +146,8 @@ QString CHighlightEdit::getText() const
 
 void CHighlightEdit::showBytes(const QTextCodec *pCodec, const QByteArray &arrData)
 {
-    const QString strText = decodeText(pCodec, arrData);
-    m_bWhole = isWholeText(pCodec, arrData, strText);
-    showText(strText);
+    m_bWhole = isWholeText(pCodec, arrData);
+    showText(decodeText(pCodec, arrData));
 }
 
 // Undo starts again.

@@ -9,7 +9,7 @@ const QByteArray g_broken = "caf\xe9 \x81\x8d\x8f \xff\xfe\xfd broken \xc3\x28\n
 
 } // namespace
 
-class TestEncodings : public QObject
+class TestWholeDocuments : public QObject
 {
     Q_OBJECT
 
@@ -107,5 +107,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEncodings)
-#include "tst_encodings.moc"
+QTEST_MAIN(TestWholeDocuments)
+#include "tst_wholedocuments.moc"
