@@ -7,6 +7,9 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <functional>
+#include <utility>
+
 // What a message box said.
 struct SBox
 {
@@ -23,8 +26,10 @@ struct SBox
 class CBoxAnswer
 {
 public:
-    explicit CBoxAnswer(QList<QMessageBox::StandardButton> lstAnswers = {QMessageBox::Ok})
-        : m_lstAnswers(std::move(lstAnswers))
+    // fnMeanwhile: what happens while the first box stands, before it is answered.
+    explicit CBoxAnswer(QList<QMessageBox::StandardButton> lstAnswers = {QMessageBox::Ok},
+                        std::function<void()> fnMeanwhile = {})
+        : m_lstAnswers(std::move(lstAnswers)), m_fnMeanwhile(std::move(fnMeanwhile))
     {
         QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
         m_timer.start(5);
@@ -43,11 +48,14 @@ private:
             : QMessageBox::NoButton;
         m_lstBoxes.append({pBox->icon(), pBox->windowTitle(), pBox->text(), pBox->standardButtons(),
                            defaultButton, pBox->textFormat()});
+        if (const auto fnMeanwhile = std::exchange(m_fnMeanwhile, nullptr))
+            fnMeanwhile();
         const int nAnswer = qMin(m_lstBoxes.size(), m_lstAnswers.size()) - 1;
         pBox->button(m_lstAnswers.at(nAnswer))->click();
     }
 
     QList<QMessageBox::StandardButton> m_lstAnswers;
+    std::function<void()> m_fnMeanwhile;
     QList<SBox> m_lstBoxes;
     QTimer m_timer;
 };
