@@ -27,6 +27,20 @@ QString startFolder()
     return info.isDir() ? strLast : info.absolutePath();
 }
 
+// A dock that begins to float hears of its place twice: as it is, and sometimes once more as the
+// corner of the screen, from the time when it was no window yet. That would be stored.
+void keepPlace(QDockWidget *pDock)
+{
+    const int nSettled = 500; // Milliseconds; the desktop has answered by then.
+    QTimer::singleShot(0, pDock, [pDock] {
+        const QPoint place = pDock->pos();
+        QTimer::singleShot(nSettled, pDock, [pDock, place] {
+            if (pDock->isFloating() && pDock->pos().isNull())
+                pDock->move(place);
+        });
+    });
+}
+
 } // namespace
 
 CSidePanels::CSidePanels(MainWindow *pWindow, const CHighlightMgt *pLanguages)
@@ -68,6 +82,10 @@ QDockWidget *CSidePanels::addDock(const QString &strName, const QString &strTitl
     pDock->setWidget(pPanel);
     m_pWindow->addDockWidget(area, pDock);
     pDock->toggleViewAction()->setIcon(drawnIcon(strIcon));
+    connect(pDock, &QDockWidget::topLevelChanged, this, [pDock](bool bFloats) {
+        if (bFloats)
+            keepPlace(pDock);
+    });
     return pDock;
 }
 

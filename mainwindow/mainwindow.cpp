@@ -68,7 +68,7 @@ MainWindow::MainWindow(QWidget *pParent)
 
 MainWindow::~MainWindow()
 {
-    g_pSettings->setFrameState(saveState());
+    g_pSettings->setFrameState(m_arrClosedState.isEmpty() ? saveState() : m_arrClosedState);
     // The views, docks and the clipboard signal while they go; nobody may answer any more.
     QApplication::clipboard()->disconnect(this);
     m_pTabs->disconnect(this);

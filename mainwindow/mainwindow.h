@@ -202,6 +202,7 @@ private:
     CRecentMenu *m_pRecent = nullptr;
     CSearch *m_pSearch = nullptr;
     CSidePanels *m_pPanels = nullptr;
+    QByteArray m_arrClosedState; // The layout as the window was closed; empty while it is open.
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
     bool m_bLoading = false; // While a document is being created or loaded.
 };

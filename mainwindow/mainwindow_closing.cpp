@@ -67,6 +67,7 @@ void MainWindow::closeEvent(QCloseEvent *pEvent)
             return;
         }
     }
+    m_arrClosedState = saveState(); // Docks that float are hidden with the window.
     pEvent->accept();
 }
 
