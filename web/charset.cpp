@@ -83,3 +83,20 @@ QString declareUtf8(const QString &strHtml)
     }
     return nCopied == 0 ? strHtml : QString(strResult + strHtml.midRef(nCopied));
 }
+
+QString declaredCharset(const QString &strHtml)
+{
+    const auto named = [&](SRange range) {
+        return strHtml.mid(range.m_nStart, range.m_nLength).trimmed();
+    };
+    const SRange rangeXml = declaredByXml(strHtml);
+    if (rangeXml.m_nLength > 0)
+        return named(rangeXml);
+    CHtmlScanner scanner(strHtml);
+    while (scanner.next()) {
+        const SRange range = declaredIn(strHtml, scanner.tag());
+        if (range.m_nLength > 0)
+            return named(range);
+    }
+    return QString();
+}

@@ -1,6 +1,7 @@
 #include "web/csafepage.h"
 
 #include "web/cpagenetwork.h"
+#include "web/pagecodec.h"
 
 #include <QNetworkRequest>
 #include <QStyle>
@@ -80,6 +81,7 @@ bool CSafePage::acceptNavigationRequest(QWebFrame *pFrame, const QNetworkRequest
         return m_pNetwork->isAllowed(url) || url.scheme() == QLatin1String("about");
     if (m_bNavigating || isRedirect(url)) {
         m_pNetwork->setDocument(url);
+        settings()->setDefaultTextEncoding(undeclaredCodecName(url));
         return true;
     }
     if (type != NavigationTypeLinkClicked || isContentEditable())

@@ -1,0 +1,81 @@
+#include "web/pagecodec.h"
+
+#include "app/textcodecs.h"
+#include "web/charset.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QTextCodec>
+#include <QUrl>
+
+namespace {
+
+// How far the web view looks for a declaration at least; ours are found within twice as much.
+constexpr int g_nHeadBytes = 2048;
+constexpr qint64 g_nMaxDetectedBytes = 8 << 20;
+
+const QString g_strUtf8 = QStringLiteral("UTF-8");
+
+QString markedCodecName(const QByteArray &page)
+{
+    if (page.startsWith("\xEF\xBB\xBF"))
+        return g_strUtf8;
+    if (page.startsWith("\xFF\xFE"))
+        return QStringLiteral("UTF-16LE");
+    if (page.startsWith("\xFE\xFF"))
+        return QStringLiteral("UTF-16BE");
+    return QString();
+}
+
+// What the name means in a page (WHATWG Encoding, 4.2 "names and labels"; HTML, 13.2.3.2).
+QString codecNameForLabel(const QString &strLabel)
+{
+    const QString strLower = strLabel.toLower();
+    // What declares itself in ASCII cannot be UTF-16.
+    if (strLower.startsWith(QLatin1String("utf-16"))
+        || strLower.startsWith(QLatin1String("utf-32")))
+        return g_strUtf8;
+    static const QHash<QString, QString> s_meanings = {
+        {QStringLiteral("us-ascii"), QStringLiteral("windows-1252")},
+        {QStringLiteral("ascii"), QStringLiteral("windows-1252")},
+        {QStringLiteral("iso-8859-1"), QStringLiteral("windows-1252")},
+        {QStringLiteral("latin1"), QStringLiteral("windows-1252")},
+        {QStringLiteral("iso-8859-9"), QStringLiteral("windows-1254")},
+        {QStringLiteral("iso-8859-11"), QStringLiteral("TIS-620")},
+        {QStringLiteral("utf8"), g_strUtf8}};
+    const QString strName = s_meanings.value(strLower, strLabel);
+    const QTextCodec *pCodec = codecForName(strName);
+    return pCodec ? QString::fromLatin1(pCodec->name()) : QString();
+}
+
+QString detectedCodecName(const QByteArray &page)
+{
+    const QString strName = isAscii(page) ? QString() : codecNameForData(QString(), page);
+    return strName.isEmpty() ? g_strUtf8 : strName;
+}
+
+} // namespace
+
+QString pageCodecName(const QByteArray &page)
+{
+    const QString strMarked = markedCodecName(page);
+    if (!strMarked.isEmpty())
+        return strMarked;
+    const QString strDeclared =
+        codecNameForLabel(declaredCharset(QString::fromLatin1(page.left(g_nHeadBytes))));
+    return strDeclared.isEmpty() ? detectedCodecName(page) : strDeclared;
+}
+
+bool isPageWhole(const QByteArray &page)
+{
+    return isWholeText(codecForName(pageCodecName(page)), page);
+}
+
+QString undeclaredCodecName(const QUrl &url)
+{
+    QFile file(url.toLocalFile());
+    if (!url.isLocalFile() || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        return g_strUtf8;
+    return detectedCodecName(withoutCutUtf8(file.read(g_nMaxDetectedBytes)));
+}
