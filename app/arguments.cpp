@@ -1,12 +1,30 @@
 #include "app/arguments.h"
 
-QStringList pathsFromArguments(const QList<QByteArray> &lstArguments)
+#include <QFileInfo>
+
+namespace {
+
+QString absolutePath(const QString &strPath, const QDir &folder)
+{
+    const QFileInfo info(folder, strPath);
+    if (QDir::isAbsolutePath(strPath) || !info.exists())
+        return strPath;
+    const QString strAbsolute = folder.absoluteFilePath(strPath);
+    // Without "." and "..", unless ".." leads on from where a link points to.
+    const QString strClean = QDir::cleanPath(strAbsolute);
+    const bool bSame = QFileInfo(strClean).canonicalFilePath() == info.canonicalFilePath();
+    return bSame ? strClean : strAbsolute;
+}
+
+} // namespace
+
+QStringList pathsFromArguments(const QList<QByteArray> &lstArguments, const QDir &folder)
 {
     QStringList lstPaths;
     for (const QByteArray &argument : lstArguments.mid(1)) {
         const QString strPath = QString::fromLocal8Bit(argument).trimmed();
         if (!strPath.isEmpty())
-            lstPaths.append(strPath);
+            lstPaths.append(absolutePath(strPath, folder));
     }
     return lstPaths;
 }

@@ -9,6 +9,10 @@ class tst_arguments : public QObject
 private slots:
     void arguments_becomePaths_data();
     void arguments_becomePaths();
+    void existingName_becomesAbsolute_data();
+    void existingName_becomesAbsolute();
+    void nameBehindALink_keepsItsMeaning();
+    void name_isLookedUpInTheCurrentFolder();
     void paths_becomeAMessage_data();
     void paths_becomeAMessage();
     void message_isSplit_data();
@@ -37,6 +41,84 @@ void tst_arguments::arguments_becomePaths()
     QFETCH(QList<QByteArray>, arguments);
     QFETCH(QStringList, paths);
     QCOMPARE(pathsFromArguments(arguments), paths);
+}
+
+void tst_arguments::existingName_becomesAbsolute_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<QString>("path"); // "@" stands for the folder of the start.
+    const auto row = [](const char *szArgument, const char *szPath) {
+        QTest::newRow(szArgument) << QString::fromUtf8(szArgument) << QString::fromUtf8(szPath);
+    };
+    row("a.txt", "@/a.txt");
+    row(" a.txt ", "@/a.txt");
+    row("./a.txt", "@/a.txt");
+    row("with blank ä.txt", "@/with blank ä.txt");
+    row("sub", "@/sub");
+    row("sub/", "@/sub");
+    row(".", "@");
+    row("sub/../a.txt", "@/a.txt");
+    row("sub/b.txt", "@/sub/b.txt");
+    row("missing.txt", "missing.txt");
+    row("./missing.txt", "./missing.txt");
+    row("b.txt", "b.txt");
+    row("\"a.txt\"", "\"a.txt\"");
+    row("-a.txt", "-a.txt");
+    row("@/a.txt", "@/a.txt");
+    row("@/./a.txt", "@/./a.txt");
+    row("@/missing.txt", "@/missing.txt");
+}
+
+namespace {
+
+void makeFile(const QString &strPath)
+{
+    QFile file(strPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+}
+
+} // namespace
+
+void tst_arguments::existingName_becomesAbsolute()
+{
+    QFETCH(QString, argument);
+    QFETCH(QString, path);
+    const QTemporaryDir folder;
+    const QDir dir(folder.path());
+    QVERIFY(dir.mkdir(QStringLiteral("sub")));
+    for (const char *szName : {"a.txt", "with blank ä.txt", "sub/b.txt"})
+        makeFile(dir.filePath(QString::fromUtf8(szName)));
+    argument.replace('@', folder.path());
+    path.replace('@', folder.path());
+    QCOMPARE(pathsFromArguments({"q", argument.toLocal8Bit()}, dir), QStringList(path));
+}
+
+void tst_arguments::nameBehindALink_keepsItsMeaning()
+{
+    const QTemporaryDir folder;
+    const QDir dir(folder.path());
+    QVERIFY(dir.mkpath(QStringLiteral("deep/target")));
+    makeFile(dir.filePath(QStringLiteral("deep/a.txt")));
+    makeFile(dir.filePath(QStringLiteral("a.txt")));
+    if (!QFile::link(dir.filePath(QStringLiteral("deep/target")),
+                     dir.filePath(QStringLiteral("link"))))
+        QSKIP("No links here.");
+    const QString strPath = pathsFromArguments({"q", "link/../a.txt"}, dir).value(0);
+    QVERIFY(QDir::isAbsolutePath(strPath));
+    QCOMPARE(QFileInfo(strPath).canonicalFilePath(),
+             QFileInfo(dir.filePath(QStringLiteral("deep/a.txt"))).canonicalFilePath());
+}
+
+void tst_arguments::name_isLookedUpInTheCurrentFolder()
+{
+    const QTemporaryDir folder;
+    makeFile(folder.filePath(QStringLiteral("a.txt")));
+    const QString strBefore = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.path()));
+    const QStringList lstPaths = pathsFromArguments({"q", "a.txt"});
+    const QString strFolder = QDir::currentPath();
+    QDir::setCurrent(strBefore);
+    QCOMPARE(lstPaths, QStringList(strFolder + "/a.txt"));
 }
 
 void tst_arguments::paths_becomeAMessage_data()

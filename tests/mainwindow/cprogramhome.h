@@ -34,12 +34,14 @@ public:
         }
     }
 
-    QProcess *start(const QStringList &lstArguments)
+    // From the given folder, or from that of the test.
+    QProcess *start(const QStringList &lstArguments, const QString &strFolder = QString())
     {
         m_lstProcesses.push_back(std::make_unique<QProcess>());
         QProcess *pProcess = m_lstProcesses.back().get();
         pProcess->setProcessEnvironment(m_environment);
         pProcess->setProcessChannelMode(QProcess::MergedChannels);
+        pProcess->setWorkingDirectory(strFolder);
         pProcess->start(QString::fromLatin1(g_szProgram), lstArguments);
         return pProcess;
     }

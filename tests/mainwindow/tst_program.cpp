@@ -44,6 +44,24 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(Garden)"), 20000);
     }
 
+    // The same name in two folders: each start means its own.
+    void nameFromAnotherFolder_isTheFileOfThatStart()
+    {
+        CProgramHome home;
+        const QDir dir(home.path("."));
+        QVERIFY(dir.mkdir("first") && dir.mkdir("later"));
+        home.file("first/a.txt");
+        home.file("later/a.txt");
+        const QProcess *pFirst = home.start({"a.txt"}, home.path("first"));
+        QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pFirst), QStringList("Quillan(a.txt)"), 20000);
+        QCOMPARE(home.recentFiles(), QStringList(home.path("first/a.txt")));
+        QProcess *pLater = home.start({"a.txt"}, home.path("later"));
+        QVERIFY(pLater->waitForFinished(20000));
+        QTRY_COMPARE_WITH_TIMEOUT(home.recentFiles(),
+                                  QStringList({home.path("later/a.txt"), home.path("first/a.txt")}),
+                                  20000);
+    }
+
     void laterStarts_handTheirFilesOver()
     {
         CProgramHome home;
