@@ -34,9 +34,21 @@ fi
 echo "Installing: ${missing[*]}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
-export DEBIAN_FRONTEND=noninteractive
-if ! { "${root[@]}" apt-get update -qq &&
-       "${root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+# Another package manager may be at work: up to ten minutes are waited for its locks. Updating the lists
+# knows no waiting of its own.
+patience=600
+apt() {
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C \
+        apt-get -qq -o "DPkg::Lock::Timeout=$patience" "$@" >"$log" 2>&1
+}
+update() {
+    local end=$((SECONDS + patience))
+    until apt update; do
+        grep -q 'Could not get lock' "$log" && [ "$SECONDS" -lt "$end" ] || return 1
+        sleep 3
+    done
+}
+if ! { update && apt install -y --no-install-recommends "${missing[@]}"; }; then
     tail -n 20 "$log" >&2
     echo "Could not install: ${missing[*]}" >&2
     exit 1
