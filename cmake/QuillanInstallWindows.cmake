@@ -22,8 +22,8 @@ else()
   message(STATUS "windeployqt was not found: the installed folder will lack Qt's libraries.")
 endif()
 
-# What the tool forgets: plug-ins that nothing links, with their library, and what QtWebKit, which is
-# not part of Qt's own distribution, brings along.
+# What the tool forgets: plug-ins that nothing links, with their library, what QtWebKit, which is not
+# part of Qt's own distribution, brings along, and uchardet.
 foreach(plugin imageformats/qsvg.dll iconengines/qsvgicon.dll)
   get_filename_component(folder "${plugin}" DIRECTORY)
   install(FILES "${qt_plugins}/${plugin}" DESTINATION "${folder}")
@@ -37,7 +37,7 @@ foreach(library Qt5Svg Qt5WebKit Qt5WebKitWidgets Qt5Network Qt5PrintSupport Qt5
 endforeach()
 file(GLOB webkit_needs "${qt_bins}/libxml2*.dll" "${qt_bins}/libxslt*.dll" "${qt_bins}/icu*.dll"
      "${qt_bins}/libicu*.dll" "${qt_bins}/sqlite3*.dll" "${qt_bins}/zlib*.dll"
-     "${qt_bins}/libjpeg*.dll" "${qt_bins}/libpng*.dll" "${qt_bins}/libwebp*.dll")
+     "${qt_bins}/*uchardet*.dll" "${qt_bins}/libjpeg*.dll" "${qt_bins}/libpng*.dll" "${qt_bins}/libwebp*.dll")
 if(webkit_needs)
   install(FILES ${webkit_needs} DESTINATION .)
 endif()

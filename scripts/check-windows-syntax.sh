@@ -30,6 +30,7 @@ flags=(-fsyntax-only -std=c++17 -Wall -Wextra -Wshadow -Werror -I. "-I$work" -DU
 for module in QtCore QtGui QtWidgets QtXml QtNetwork QtPrintSupport QtWebKit QtWebKitWidgets; do
     flags+=(-isystem "$headers/$module")
 done
+flags+=(-isystem "$(pkg-config --variable=includedir uchardet)/uchardet")
 
 sources=("$@")
 if [ ${#sources[@]} -eq 0 ]; then
