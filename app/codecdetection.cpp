@@ -135,7 +135,7 @@ SDetectedCodec detectLegacyCodec(const QByteArray &data, const QString &strLocal
         if (reading.nScore < g_nWorstByte * nForeign)
             break;
         if (isSound(reading.strCodec, data)) {
-            const bool bSure = reading.nScore >= g_nUsualByte * nForeign
+            const bool bSure = !data.contains('\0') && reading.nScore >= g_nUsualByte * nForeign
                 && reading.strText == lstReadings.constFirst().strText
                 && leadOfFirst(lstReadings) >= g_nSureLead;
             return {reading.strCodec, bSure};
