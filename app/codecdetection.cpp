@@ -13,11 +13,12 @@
 
 namespace {
 
+constexpr int g_nCutBytes = 64; // In less, half a character is rather the mark of a wrong guess.
 constexpr int g_nDetectorBytes = 0x10000;
 constexpr int g_nRankedBytes = 0x800;
 // From so many foreign bytes on, the detector is believed about encodings that the ranking does not
 // know.
-constexpr int g_nBelievedBytes = 40;
+constexpr int g_nBelievedBytes = 20;
 constexpr double g_nSureLead = 5; // A likelihood of more than 100 to 1.
 constexpr double g_nUsualByte = -4.5;
 constexpr double g_nWorstByte = -6; // A worse reading is of something that is no text.
@@ -60,7 +61,7 @@ QByteArray foreignLines(const QByteArray &data, int nLimit)
                                  .base();
         pAt = std::find_if(pForeign, data.cend(), isLineEnd);
         if (seen.addNew(pForeign, pAt) || lines.size() < nLimit / 2)
-            lines.append(pStart, int(pAt - pStart)).append('\n');
+            lines.append(pStart, int(pAt - pStart) + (pAt == data.cend() ? 0 : 1));
     }
     lines.truncate(nLimit);
     return lines;
@@ -73,17 +74,19 @@ QString askDetector(const QByteArray &sample)
     if (uchardet_handle_data(pDetector.get(), sample.constData(), size_t(sample.size())) != 0)
         return QString();
     uchardet_data_end(pDetector.get());
-    const QString strName = QString::fromLatin1(uchardet_get_charset(pDetector.get()));
-    // The codec library has another name for it.
-    return strName == QLatin1String("UHC") ? QStringLiteral("windows-949") : strName;
+    QByteArray name = uchardet_get_charset(pDetector.get());
+    if (name == "UHC") // The codec library has another name for it.
+        name = "windows-949";
+    const QTextCodec *pCodec = QTextCodec::codecForName(name);
+    return pCodec ? QString::fromLatin1(pCodec->name()) : QString();
 }
 
-// The last bytes may be the beginning of a character.
+// The last bytes of a file that was cut off may be the beginning of a character.
 bool givesBytesBack(const QTextCodec *pCodec, const QByteArray &data)
 {
-    const int nLongestCharacter = 4;
+    const int nAllowed = data.size() < g_nCutBytes ? 0 : 3;
     const QByteArray encoded = pCodec->fromUnicode(pCodec->toUnicode(data));
-    return data.startsWith(encoded) && data.size() - encoded.size() < nLongestCharacter;
+    return data.startsWith(encoded) && data.size() - encoded.size() <= nAllowed;
 }
 
 bool isSound(const QString &strCodec, const QByteArray &data)
