@@ -1,12 +1,16 @@
 #include "app/filewriter.h"
 
-#include "app/filestate.h"
+#include "app/cnewfile.h"
+#include "app/filereader.h"
+#include "app/inplacewriter.h"
 #include "app/platform.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QFile>
+#include <QFileDevice>
 #include <QFileInfo>
-#include <QSaveFile>
+
+#include <cerrno>
 
 namespace {
 
@@ -23,58 +27,68 @@ QString linkTarget(const QString &strPath)
     return info.filePath();
 }
 
-bool replaceFile(QSaveFile *pFile, const QByteArray &data)
+class FileWriter
 {
-    if (!writeAll(pFile, data)) {
-        pFile->cancelWriting();
-        return false;
+    Q_DECLARE_TR_FUNCTIONS(FileWriter)
+
+public:
+    enum class Outcome { Done, Failed, InPlaceInstead };
+
+    // By a finished copy.
+    static Outcome replace(const QString &strTarget, const QByteArray &data, QString *pError,
+                           SFileState *pState);
+
+private:
+    static Outcome failed(QString *pError)
+    {
+        *pError = Platform::errorText();
+        return Outcome::Failed;
     }
-    return pFile->commit();
-}
+};
 
-bool overwrite(QFile *pFile, const QByteArray &data)
+FileWriter::Outcome FileWriter::replace(const QString &strTarget, const QByteArray &data,
+                                        QString *pError, SFileState *pState)
 {
-    return pFile->seek(0) && writeAll(pFile, data) && pFile->resize(data.size());
-}
-
-bool writeInPlace(QFile *pFile, const QByteArray &data)
-{
-    if (pFile->isSequential()) // A pipe or a terminal: nothing there to keep.
-        return writeAll(pFile, data);
-    const QByteArray old = pFile->readAll();
-    if (data.size() > old.size() && !Platform::reserveFileSpace(pFile->handle(), data.size())) {
-        pFile->resize(old.size());
-        return false;
+    const bool bExists = QFileInfo::exists(strTarget);
+    const auto closedOr = [&] {
+        return bExists && Platform::isFolderClosed() ? Outcome::InPlaceInstead : failed(pError);
+    };
+    if (bExists && !QFileInfo(strTarget).isWritable()) {
+        errno = EACCES; // A folder that may be written must not make up for it.
+        return failed(pError);
     }
-    if (overwrite(pFile, data))
-        return true;
-    overwrite(pFile, old);
-    return false;
+    CNewFile file(strTarget);
+    // What hangs on the old file decides who may read the new one, and comes last.
+    if (!file.create(bExists ? Platform::FilePrivacy::OnlyMe : Platform::FilePrivacy::AsUsual))
+        return closedOr();
+    if (!file.write(data))
+        return failed(pError);
+    if (bExists && !Platform::carryOver(strTarget, file.handle()))
+        return Outcome::InPlaceInstead;
+    if (!file.sync()) {
+        *pError = tr("The disk did not keep what was written: %1").arg(Platform::errorText());
+        return Outcome::Failed;
+    }
+    if (!file.putInPlace())
+        return closedOr();
+    *pState = file.state();
+    pState->hash = hashOfContent(data);
+    if (Platform::syncFolder(QFileInfo(strTarget).absolutePath()))
+        return Outcome::Done;
+    *pError = tr("The folder may not have kept what was written: %1").arg(Platform::errorText());
+    return Outcome::Failed;
 }
 
-bool succeeded(bool bDone, const QFileDevice &file, QString *pError)
+bool writeTarget(const QString &strTarget, const QByteArray &data, QString *pError,
+                 SFileState *pState)
 {
-    if (!bDone && pError)
-        *pError = file.errorString();
-    return bDone;
-}
-
-bool writeTarget(const QString &strPath, const QByteArray &data, QString *pError)
-{
-    const QString strTarget = linkTarget(strPath);
     const bool bLoop = QFileInfo(strTarget).isSymLink();
     if (!bLoop && !Platform::mustWriteInPlace(strTarget)) {
-        QSaveFile file(strTarget);
-        if (file.open(QIODevice::WriteOnly))
-            return succeeded(replaceFile(&file, data), file, pError);
-        if (!QFileInfo::exists(strTarget))
-            return succeeded(false, file, pError);
+        const auto outcome = FileWriter::replace(strTarget, data, pError, pState);
+        if (outcome != FileWriter::Outcome::InPlaceInstead)
+            return outcome == FileWriter::Outcome::Done;
     }
-    QFile file(strTarget);
-    const bool bRegular = QFileInfo(strTarget).isFile();
-    const bool bOpen =
-        file.open(bRegular ? QIODevice::ReadWrite : QIODevice::WriteOnly | QIODevice::Unbuffered);
-    return succeeded(bOpen && writeInPlace(&file, data), file, pError);
+    return writeInPlace(strTarget, data, pError, pState);
 }
 
 } // namespace
@@ -88,18 +102,20 @@ bool writeAll(QIODevice *pDevice, const QByteArray &data)
             return false;
         nDone += nWritten;
     }
-    // QSaveFile::commit() overlooks what fails on the way out of the buffer, and would put the
-    // beginning of a small file in the place of the old one.
+    // What fails on the way out of the buffer is otherwise overlooked.
     auto *pFile = qobject_cast<QFileDevice *>(pDevice);
     return !pFile || pFile->flush();
 }
 
 bool writeFile(const QString &strPath, const QByteArray &data, QString *pError, SFileState *pState)
 {
-    const bool bDone = writeTarget(strPath, data, pError);
-    if (pState) {
-        *pState = fileStateOf(strPath);
-        pState->hash = bDone ? hashOfContent(data) : QByteArray();
-    }
+    Platform::surviveFailingWrites();
+    QString strError;
+    SFileState state = fileStateOf(strPath);
+    const bool bDone = writeTarget(linkTarget(strPath), data, &strError, &state);
+    if (!bDone && pError)
+        *pError = strError;
+    if (pState)
+        *pState = state;
     return bDone;
 }

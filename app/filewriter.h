@@ -7,12 +7,12 @@ class QIODevice;
 struct SFileState;
 
 // Puts the bytes into the file so that a failure at any moment leaves the old bytes as they were:
-// false then, and pError (may be null) holds the system's text.
+// false then, and pError (may be null) says what failed. True means that the disk has them. Any
+// thread.
 //
-// The file is replaced by a finished copy. Symbolic links are followed and permissions kept. Where
-// a replacement would lose something (see Platform::mustWriteInPlace) or the folder takes no new
-// file, the file is written in place, its space reserved first and the old bytes put back on
-// failure.
+// The file is replaced by a finished copy that carries all that hangs on it. Symbolic links are
+// followed. Where a replacement would lose something (see Platform::mustWriteInPlace), or the
+// folder takes no new file, the file is written in place (see inplacewriter.h).
 //
 // pState (may be null) is set to the file as this call left it, also where it failed behind the
 // last byte: what another program writes a moment later differs from it.

@@ -36,12 +36,12 @@ bool revealFile(const QString &strPath);
 // each file must be asked for.
 QString fileIconKind(const QFileInfo &info);
 
-// True when replacing the file by a renamed copy would lose what hangs on it: further hard links,
-// a foreign owner or group, a device or pipe.
+// True when replacing the file by a renamed copy would lose what hangs on it and no copy can carry:
+// further hard links, a foreign owner, a device or pipe.
 bool mustWriteInPlace(const QString &strPath);
 
 // Enlarges an open file to nSize bytes with the disk space really taken. False when the disk is
-// full.
+// full; the reason is in errorText().
 bool reserveFileSpace(int nHandle, qint64 nSize);
 
 // The line-ending style of new documents: 0 CR LF, 1 LF.

@@ -13,7 +13,7 @@
 #include <QSocketNotifier>
 #include <QUrl>
 
-#include <climits>
+#include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
@@ -130,17 +130,14 @@ bool Platform::mustWriteInPlace(const QString &strPath)
     struct stat info = {};
     if (stat(path.constData(), &info) != 0)
         return false;
-    // The copy gets a name of its own at first, a dot and six characters longer.
-    const int nNameLength = path.size() - path.lastIndexOf('/') - 1;
-    if (nNameLength + 7 > NAME_MAX)
-        return true;
-    return !S_ISREG(info.st_mode) || info.st_nlink > 1 || info.st_uid != geteuid()
-        || info.st_gid != getegid();
+    return !S_ISREG(info.st_mode) || info.st_nlink > 1 || info.st_uid != geteuid();
 }
 
 bool Platform::reserveFileSpace(int nHandle, qint64 nSize)
 {
-    return posix_fallocate(nHandle, 0, nSize) == 0;
+    const int nError = posix_fallocate(nHandle, 0, nSize);
+    errno = nError;
+    return nError == 0;
 }
 
 int Platform::defaultReturnFormat()

@@ -150,6 +150,13 @@ int Platform::openFile(const QString &strPath, FileAccess access)
     return nHandle;
 }
 
+int Platform::createFile(const QString &strPath, FilePrivacy privacy)
+{
+    return open(QFile::encodeName(strPath).constData(),
+                O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
+                privacy == FilePrivacy::OnlyMe ? 0600 : 0666);
+}
+
 bool Platform::closeFile(int nHandle)
 {
     // Closed even where it was interrupted: a second call could close somebody else's.

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <qt_windows.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -103,6 +104,13 @@ int Platform::openFile(const QString &strPath, FileAccess access)
                                                    : _O_RDWR;
     const QString strNative = QDir::toNativeSeparators(strPath);
     return _wopen(wide(strNative), nAccess | _O_BINARY | _O_NOINHERIT);
+}
+
+int Platform::createFile(const QString &strPath, FilePrivacy)
+{
+    const QString strNative = QDir::toNativeSeparators(strPath);
+    return _wopen(wide(strNative), _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
+                  _S_IREAD | _S_IWRITE);
 }
 
 bool Platform::closeFile(int nHandle)

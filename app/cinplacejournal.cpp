@@ -1,0 +1,225 @@
+#include "app/cinplacejournal.h"
+
+#include "app/cnewfile.h"
+#include "app/filereader.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStandardPaths>
+#include <QUuid>
+
+#include <cerrno>
+
+namespace {
+
+QString g_strJournalFolder;
+
+const char g_szCopy[] = ".old";
+const char g_szNote[] = ".note";
+
+QString journalFile(const QString &strId, const char *szEnding)
+{
+    return QDir(CInPlaceJournal::folder()).filePath(strId + QLatin1String(szEnding));
+}
+
+// Calls use(bytes) piece by piece, from where the file stands to its end. False when either failed.
+template<class Use> bool forEachPiece(int nHandle, const Use &use)
+{
+    QByteArray piece(1 << 20, Qt::Uninitialized);
+    for (;;) {
+        const qint64 nRead = Platform::readSome(nHandle, piece.data(), piece.size());
+        if (nRead <= 0)
+            return nRead == 0;
+        if (!use(piece.constData(), nRead))
+            return false;
+    }
+}
+
+// From the beginning of the one over the beginning of the other, which ends with the same byte.
+bool copyOver(int nFrom, int nTo, qint64 *pSize)
+{
+    *pSize = 0;
+    const auto put = [&](const char *p, qint64 n) {
+        *pSize += n;
+        return Platform::writeBytes(nTo, p, n);
+    };
+    return Platform::moveTo(nFrom, 0) && Platform::moveTo(nTo, 0) && forEachPiece(nFrom, put)
+        && Platform::resizeFile(nTo, *pSize) && Platform::syncFile(nTo);
+}
+
+// Empty where the file cannot be read.
+QByteArray hashOf(int nHandle)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    const auto add = [&](const char *p, qint64 n) {
+        hash.addData(p, int(n));
+        return true;
+    };
+    return Platform::moveTo(nHandle, 0) && forEachPiece(nHandle, add) ? hash.result()
+                                                                      : QByteArray();
+}
+
+struct SJournalNote
+{
+    SCutOffWriting writing;
+    qint64 nNewSize = 0;
+    QByteArray newHash;
+};
+
+bool readNote(const QString &strId, SJournalNote *pNote)
+{
+    const QJsonObject note =
+        QJsonDocument::fromJson(readFile(journalFile(strId, g_szNote)).bytes).object();
+    pNote->writing.strId = strId;
+    pNote->writing.strPath = note.value(QStringLiteral("path")).toString();
+    pNote->writing.strCopy = journalFile(strId, g_szCopy);
+    pNote->writing.nSize = qint64(note.value(QStringLiteral("oldSize")).toDouble(-1));
+    pNote->writing.nTime = qint64(note.value(QStringLiteral("time")).toDouble());
+    pNote->nNewSize = qint64(note.value(QStringLiteral("newSize")).toDouble(-1));
+    pNote->newHash =
+        QByteArray::fromHex(note.value(QStringLiteral("newHash")).toString().toLatin1());
+    return !pNote->writing.strPath.isEmpty() && pNote->writing.nSize >= 0;
+}
+
+// A copy whose note is missing belongs to a program that is about to write it, or to one that came
+// no further.
+bool isAbandoned(int nCopy)
+{
+    const qint64 nAge = 60000; // Milliseconds.
+    return fileStateOf(nCopy).nModifiedNs / 1000000 < QDateTime::currentMSecsSinceEpoch() - nAge;
+}
+
+// True when the file holds all the old bytes or all the new ones.
+bool isFileWhole(const SJournalNote &note, int nCopy)
+{
+    if (Platform::kindOfPath(note.writing.strPath) != Platform::FileKind::Regular)
+        return false;
+    const CDescriptor file(Platform::openFile(note.writing.strPath, Platform::FileAccess::Read));
+    if (!file.isOpen())
+        return false;
+    const qint64 nSize = fileStateOf(file.handle()).nSize;
+    if (nSize != note.nNewSize && nSize != note.writing.nSize)
+        return false;
+    const QByteArray hash = hashOf(file.handle());
+    return !hash.isEmpty()
+        && ((nSize == note.nNewSize && hash == note.newHash)
+            || (nSize == note.writing.nSize && hash == hashOf(nCopy)));
+}
+
+} // namespace
+
+void CInPlaceJournal::setFolder(const QString &strFolder)
+{
+    g_strJournalFolder = strFolder;
+}
+
+QString CInPlaceJournal::folder()
+{
+    if (!g_strJournalFolder.isEmpty())
+        return g_strJournalFolder;
+    const QDir data(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    return data.filePath(QStringLiteral("in-place"));
+}
+
+CInPlaceJournal::~CInPlaceJournal()
+{
+    if (!m_bKeep)
+        end();
+}
+
+bool CInPlaceJournal::begin(const QString &strPath, int nHandle, const QByteArray &newBytes)
+{
+    if (!QDir().mkpath(folder())) {
+        errno = EACCES;
+        return false;
+    }
+    QFile::setPermissions(folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_strId = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    m_copy = CDescriptor(
+        Platform::createFile(journalFile(m_strId, g_szCopy), Platform::FilePrivacy::OnlyMe));
+    if (!m_copy.isOpen())
+        return false;
+    Platform::lockFile(m_copy.handle());
+    return copyOver(nHandle, m_copy.handle(), &m_nSize) && writeNote(strPath, newBytes)
+        && Platform::syncFolder(folder());
+}
+
+bool CInPlaceJournal::writeNote(const QString &strPath, const QByteArray &newBytes) const
+{
+    const QJsonObject note = {
+        {QStringLiteral("path"), QFileInfo(strPath).absoluteFilePath()},
+        {QStringLiteral("time"), double(QDateTime::currentMSecsSinceEpoch())},
+        {QStringLiteral("oldSize"), double(m_nSize)},
+        {QStringLiteral("newSize"), double(newBytes.size())},
+        {QStringLiteral("newHash"), QString::fromLatin1(hashOfContent(newBytes).toHex())},
+    };
+    return writePrivateFile(journalFile(m_strId, g_szNote), QJsonDocument(note).toJson());
+}
+
+bool CInPlaceJournal::putBack(int nHandle)
+{
+    qint64 nSize = 0;
+    m_bKeep = !copyOver(m_copy.handle(), nHandle, &nSize) || nSize != m_nSize;
+    return !m_bKeep;
+}
+
+void CInPlaceJournal::end()
+{
+    const int nError = errno;
+    if (m_copy.isOpen()) {
+        // The note first: a copy without one is of no writing.
+        Platform::removeFile(journalFile(m_strId, g_szNote));
+        Platform::removeFile(journalFile(m_strId, g_szCopy));
+        m_copy.close();
+    }
+    errno = nError;
+}
+
+QVector<SCutOffWriting> CInPlaceJournal::cutOff()
+{
+    QVector<SCutOffWriting> lstWritings;
+    const QStringList lstNames =
+        QDir(folder()).entryList({QLatin1Char('*') + QLatin1String(g_szCopy)}, QDir::Files);
+    for (const QString &strName : lstNames) {
+        const QString strId = strName.chopped(int(sizeof g_szCopy) - 1);
+        const CDescriptor copy(
+            Platform::openFile(journalFile(strId, g_szCopy), Platform::FileAccess::ReadWrite));
+        if (!copy.isOpen() || Platform::lockFile(copy.handle()) == Platform::FileLock::AnothersNow)
+            continue; // Its program is running.
+        SJournalNote note;
+        const bool bNote = readNote(strId, &note);
+        note.writing.strId = strId;
+        // The note is written behind the copy, and the file behind both.
+        const bool bBegun = bNote && fileStateOf(copy.handle()).nSize == note.writing.nSize;
+        if (bBegun && !isFileWhole(note, copy.handle()))
+            lstWritings.append(note.writing);
+        else if (bNote || isAbandoned(copy.handle()))
+            forget(note.writing);
+    }
+    return lstWritings;
+}
+
+bool CInPlaceJournal::restore(const SCutOffWriting &writing, QString *pError)
+{
+    const CDescriptor copy(Platform::openFile(writing.strCopy, Platform::FileAccess::Read));
+    CDescriptor file(Platform::openFile(writing.strPath, Platform::FileAccess::ReadWrite));
+    qint64 nSize = 0;
+    const bool bReady = copy.isOpen() && file.isOpen()
+        && Platform::kindOfHandle(file.handle()) == Platform::FileKind::Regular;
+    if (!bReady || !copyOver(copy.handle(), file.handle(), &nSize) || !file.close()) {
+        *pError = Platform::errorText();
+        return false;
+    }
+    forget(writing);
+    return true;
+}
+
+void CInPlaceJournal::forget(const SCutOffWriting &writing)
+{
+    Platform::removeFile(journalFile(writing.strId, g_szNote));
+    Platform::removeFile(journalFile(writing.strId, g_szCopy));
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/cdescriptor.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+// What the program was writing in place when it was ended.
+struct SCutOffWriting
+{
+    QString strId;
+    QString strPath; // The file, which may now be a mixture of old and new bytes.
+    QString strCopy; // A file of this program's own with all the old bytes.
+    qint64 nSize = 0; // Of the copy.
+    qint64 nTime = 0; // Milliseconds since 1970.
+};
+
+// Keeps the old bytes of a file that has to be written in place, on the disk, until the new ones
+// are there. One object per writing. Any thread.
+class CInPlaceJournal
+{
+public:
+    CInPlaceJournal() = default;
+    ~CInPlaceJournal();
+    CInPlaceJournal(const CInPlaceJournal &) = delete;
+    CInPlaceJournal &operator=(const CInPlaceJournal &) = delete;
+
+    // Where the copies lie; before the first writing. Without it, "in-place" in the program's data.
+    static void setFolder(const QString &strFolder);
+    static QString folder();
+
+    // Copies the open file and waits for the disk. False, with the reason in
+    // Platform::errorText(), when there is no such copy.
+    bool begin(const QString &strPath, int nHandle, const QByteArray &newBytes);
+
+    // Gives the open file its old bytes back. Where that fails, too, the copy stays for the next
+    // start.
+    bool putBack(int nHandle);
+
+    // The new bytes are on the disk: the copy goes.
+    void end();
+
+    // What programs left that are no longer running. Files that turn out to be whole, old or new,
+    // are not among them. Reads files that are in question, so it takes as long as they are large.
+    static QVector<SCutOffWriting> cutOff();
+
+    // Gives the file its old bytes back and forgets the writing; false, and nothing forgotten,
+    // where that fails. The other leaves the file as it is.
+    static bool restore(const SCutOffWriting &writing, QString *pError);
+    static void forget(const SCutOffWriting &writing);
+
+private:
+    bool writeNote(const QString &strPath, const QByteArray &newBytes) const;
+
+    QString m_strId;
+    CDescriptor m_copy; // Locked while this program runs.
+    qint64 m_nSize = 0;
+    bool m_bKeep = false;
+};

@@ -1,0 +1,108 @@
+#include "app/platformfiles.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <cerrno>
+
+#include <io.h>
+#include <qt_windows.h>
+
+namespace {
+
+// The C library's numbers for what the system's own functions failed with.
+bool succeeded(BOOL bDone)
+{
+    if (bDone)
+        return true;
+    const DWORD nError = GetLastError();
+    errno = nError == ERROR_FILE_NOT_FOUND || nError == ERROR_PATH_NOT_FOUND ? ENOENT
+        : nError == ERROR_DISK_FULL                                          ? ENOSPC
+        : nError == ERROR_ACCESS_DENIED || nError == ERROR_SHARING_VIOLATION ? EACCES
+                                                                             : EIO;
+    return false;
+}
+
+const wchar_t *wideName(const QString &strNative)
+{
+    return reinterpret_cast<const wchar_t *>(strNative.utf16());
+}
+
+} // namespace
+
+bool Platform::writeBytes(int nHandle, const char *pData, qint64 nSize)
+{
+    const qint64 nAtOnce = 1 << 26;
+    while (nSize > 0) {
+        const int nWritten = _write(nHandle, pData, unsigned(std::min(nSize, nAtOnce)));
+        if (nWritten <= 0)
+            return false;
+        pData += nWritten;
+        nSize -= nWritten;
+    }
+    return true;
+}
+
+bool Platform::moveTo(int nHandle, qint64 nPosition)
+{
+    return _lseeki64(nHandle, nPosition, SEEK_SET) == nPosition;
+}
+
+bool Platform::resizeFile(int nHandle, qint64 nSize)
+{
+    return _chsize_s(nHandle, nSize) == 0;
+}
+
+bool Platform::syncFile(int nHandle)
+{
+    return _commit(nHandle) == 0;
+}
+
+bool Platform::syncFolder(const QString &)
+{
+    return true; // The system does it with the renaming.
+}
+
+bool Platform::renameFile(const QString &strFrom, const QString &strTo)
+{
+    const QString strOld = QDir::toNativeSeparators(strFrom);
+    const QString strNew = QDir::toNativeSeparators(strTo);
+    return succeeded(MoveFileExW(wideName(strOld), wideName(strNew),
+                                 MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+}
+
+bool Platform::removeFile(const QString &strPath)
+{
+    const QString strNative = QDir::toNativeSeparators(strPath);
+    return succeeded(DeleteFileW(wideName(strNative)));
+}
+
+bool Platform::carryOver(const QString &, int)
+{
+    return true; // Access lists come from the folder.
+}
+
+Platform::SPrivileges Platform::privilegesOf(int)
+{
+    return SPrivileges();
+}
+
+void Platform::restorePrivileges(int, const SPrivileges &) { }
+
+bool Platform::isFolderClosed()
+{
+    return errno == EACCES || errno == EPERM || errno == EROFS || errno == ENAMETOOLONG;
+}
+
+Platform::FileLock Platform::lockFile(int nHandle)
+{
+    OVERLAPPED range = {};
+    const auto hFile = reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
+    // Behind anything that is ever read.
+    range.OffsetHigh = 0x7fffffff;
+    return LockFileEx(hFile, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &range)
+        ? FileLock::Mine
+        : FileLock::AnothersNow;
+}
+
+void Platform::surviveFailingWrites() { }
