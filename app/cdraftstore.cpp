@@ -1,126 +1,118 @@
 #include "app/cdraftstore.h"
 
-#include "app/filewriter.h"
+#include "app/cnewfile.h"
+#include "app/filereader.h"
 
+#include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QSaveFile>
 #include <QUuid>
 
 #include <algorithm>
-#include <cstring>
-#include <iterator>
+#include <cerrno>
 
 namespace {
 
 const char g_szLock[] = "lock";
-const char g_szFormat[] = "quillan-draft-1";
+const char g_szKept[] = "kept";
+const qint64 g_nKeptFor = 24 * 60 * 60 * 1000; // Milliseconds.
 
-// In the order of SDraft::Reason.
-const char *const g_arrReasons[] = {"unsaved",   "closed", "refreshed", "codec",
-                                    "formatted", "loaded", "deleted"};
-
-SDraft::Reason reasonOfName(const QString &strName)
+QString lockPath(const QString &strFolder)
 {
-    const auto itEnd = std::end(g_arrReasons);
-    const auto it = std::find(std::begin(g_arrReasons), itEnd, strName);
-    return it == itEnd ? SDraft::Reason::Unsaved : SDraft::Reason(it - std::begin(g_arrReasons));
+    return QDir(strFolder).filePath(QLatin1String(g_szLock));
 }
 
-std::unique_ptr<QLockFile> lockFolder(const QString &strFolder)
+bool makePrivateFolder(const QString &strFolder)
 {
-    auto pLock = std::make_unique<QLockFile>(QDir(strFolder).filePath(QLatin1String(g_szLock)));
-    pLock->setStaleLockTime(0); // Only the end of its process frees it, however long that runs.
-    return pLock->tryLock(0) ? std::move(pLock) : nullptr;
-}
-
-// False for what UTF-8 cannot hold or would take for a mark: a lone surrogate, a leading U+FEFF.
-bool survivesUtf8(const QString &strText)
-{
-    return strText.isValidUtf16() && !strText.startsWith(QChar(QChar::ByteOrderMark));
-}
-
-QByteArray unitsOf(const QString &strText)
-{
-    return QByteArray(reinterpret_cast<const char *>(strText.utf16()),
-                      strText.size() * int(sizeof(QChar)));
-}
-
-QString textFromUnits(const QByteArray &units)
-{
-    QString strText(units.size() / int(sizeof(QChar)), Qt::Uninitialized);
-    std::memcpy(strText.data(), units.constData(), size_t(strText.size()) * sizeof(QChar));
-    return strText;
-}
-
-// What older drafts do not have.
-void readOrigin(const QJsonObject &header, SDraft *pDraft)
-{
-    pDraft->reason = reasonOfName(header.value(QStringLiteral("reason")).toString());
-    pDraft->nTime = qint64(qBound(0.0, header.value(QStringLiteral("time")).toDouble(), 1e15));
-    pDraft->began = fileStateFromJson(header.value(QStringLiteral("began")).toObject());
-    pDraft->codec = header.value(QStringLiteral("codec")).toString().toLatin1();
-    pDraft->bNotWhole = header.value(QStringLiteral("notWhole")).toBool();
-    pDraft->nCaret = qMax(0, header.value(QStringLiteral("caret")).toInt());
-}
-
-void makePrivate(const QString &strFolder)
-{
+    errno = 0;
+    if (!QDir().mkpath(strFolder)) {
+        errno = errno != 0 ? errno : EACCES;
+        return false;
+    }
     QFile::setPermissions(strFolder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return true;
+}
+
+bool fail(QString *pError)
+{
+    if (pError)
+        *pError = Platform::errorText();
+    return false;
+}
+
+bool writeDraft(const QString &strPath, const SDraft &draft, QString *pError)
+{
+    if (draft.strText.size() > g_nMaxReadable / 2) {
+        errno = EFBIG;
+        return fail(pError);
+    }
+    SDraft stamped = draft;
+    stamped.nTime = QDateTime::currentMSecsSinceEpoch();
+    Platform::surviveFailingWrites();
+    return writePrivateFile(strPath, draftToBytes(stamped)) || fail(pError);
+}
+
+bool readDraft(const QString &strPath, SDraft *pDraft, QString *pError)
+{
+    SReadLimits limits;
+    limits.nMaxSize = g_nMaxReadable;
+    limits.nMemoryPerByte = 3; // The bytes and at most two units for each.
+    const SFileContent content = readFile(strPath, limits);
+    if (content.isWhole() && draftFromBytes(content.bytes, pDraft))
+        return true;
+    if (pError)
+        *pError = content.strError;
+    return false;
+}
+
+bool readHeadOf(const QString &strPath, SDraft *pDraft)
+{
+    const int nLongest = 1 << 16; // Bytes: a path and few words.
+    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
+    if (!file.isOpen() || Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular)
+        return false;
+    QByteArray bytes(nLongest, Qt::Uninitialized);
+    const qint64 nRead = Platform::readSome(file.handle(), bytes.data(), nLongest);
+    return nRead > 0 && draftHeadFromBytes(bytes.left(int(nRead)), pDraft);
+}
+
+bool readParts(const QString &strPath, CDraftStore::Parts parts, SDraft *pDraft)
+{
+    return parts == CDraftStore::Parts::All ? readDraft(strPath, pDraft, nullptr)
+                                            : readHeadOf(strPath, pDraft);
+}
+
+// The lock of a folder that some program made; false while that is running. What is no file was
+// made by somebody else and holds nothing.
+bool lockAbandoned(const QString &strFolder, CDescriptor *pLock)
+{
+    const QString strLock = lockPath(strFolder);
+    const Platform::FileKind kind = Platform::kindOfPath(strLock);
+    if (kind != Platform::FileKind::Regular && kind != Platform::FileKind::Missing)
+        return true;
+    *pLock = CDescriptor(kind == Platform::FileKind::Missing
+                             ? Platform::createFile(strLock, Platform::FilePrivacy::OnlyMe)
+                             : Platform::openFile(strLock, Platform::FileAccess::ReadWrite));
+    // A lock that may not be opened is none of this user's, while the folder is.
+    return !pLock->isOpen()
+        || Platform::lockFile(pLock->handle()) != Platform::FileLock::AnothersNow;
+}
+
+// A write that was cut off leaves its copy; the draft itself is the one before.
+bool isLeftOver(const QStringList &lstNames, const QString &strName)
+{
+    const int nDot = strName.indexOf(QLatin1Char('.'));
+    return nDot > 0 && lstNames.contains(strName.left(nDot));
 }
 
 } // namespace
 
-QByteArray draftToBytes(const SDraft &draft)
-{
-    const bool bUtf8 = survivesUtf8(draft.strText);
-    const QJsonObject header = {
-        {QStringLiteral("format"), QLatin1String(g_szFormat)},
-        {QStringLiteral("path"), draft.strPath},
-        {QStringLiteral("page"), draft.bPage},
-        {QStringLiteral("returnFormat"), draft.nReturnFormat},
-        {QStringLiteral("units"), !bUtf8},
-        {QStringLiteral("reason"), QLatin1String(g_arrReasons[int(draft.reason)])},
-        {QStringLiteral("time"), double(draft.nTime)},
-        {QStringLiteral("began"), toJson(draft.began)},
-        {QStringLiteral("codec"), QString::fromLatin1(draft.codec)},
-        {QStringLiteral("notWhole"), draft.bNotWhole},
-        {QStringLiteral("caret"), draft.nCaret},
-    };
-    return QJsonDocument(header).toJson(QJsonDocument::Compact) + '\n'
-        + (bUtf8 ? draft.strText.toUtf8() : unitsOf(draft.strText));
-}
-
-bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft)
-{
-    const int nEnd = bytes.indexOf('\n');
-    if (nEnd < 0)
-        return false;
-    const QJsonObject header = QJsonDocument::fromJson(bytes.left(nEnd)).object();
-    if (header.value(QStringLiteral("format")).toString() != QLatin1String(g_szFormat))
-        return false;
-    const int nFormat = header.value(QStringLiteral("returnFormat")).toInt(-1);
-    pDraft->strPath = header.value(QStringLiteral("path")).toString();
-    pDraft->bPage = header.value(QStringLiteral("page")).toBool();
-    pDraft->nReturnFormat = nFormat >= 0 && nFormat <= 2 ? nFormat : 1;
-    readOrigin(header, pDraft);
-    const QByteArray text = bytes.mid(nEnd + 1);
-    pDraft->strText = header.value(QStringLiteral("units")).toBool()
-        ? textFromUnits(text)
-        : QString::fromUtf8(text.constData(), text.size()); // A text may hold zero characters.
-    return true;
-}
-
 CDraftStore::CDraftStore(const QString &strFolder)
     : m_strFolder(strFolder), m_strOwnFolder(QDir(strFolder).filePath(newId()))
 {
-    if (!QDir().mkpath(m_strOwnFolder))
-        return;
-    makePrivate(m_strFolder);
-    makePrivate(m_strOwnFolder);
-    m_pLock = lockFolder(m_strOwnFolder);
+    hasFolder(nullptr);
+    kept(); // What is too old goes.
 }
 
 QString CDraftStore::newId()
@@ -133,52 +125,140 @@ QString CDraftStore::filePath(const QString &strId) const
     return QDir(m_strOwnFolder).filePath(strId);
 }
 
-bool CDraftStore::write(const SDraft &draft) const
+bool CDraftStore::isValid() const
 {
-    QSaveFile file(filePath(draft.strId));
-    return isValid() && file.open(QIODevice::WriteOnly)
-        && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
-        && writeAll(&file, draftToBytes(draft)) && file.commit();
+    const QMutexLocker locker(&m_mutex);
+    return m_lock.isOpen();
+}
+
+int CDraftStore::generation() const
+{
+    const QMutexLocker locker(&m_mutex);
+    return m_nGeneration;
+}
+
+// Looks each time: the folder may be gone, with the lock still open.
+bool CDraftStore::hasFolder(QString *pError) const
+{
+    const QMutexLocker locker(&m_mutex);
+    if (m_lock.isOpen()
+        && isSameFile(fileStateOf(m_lock.handle()), fileStateOf(lockPath(m_strOwnFolder))))
+        return true;
+    return makeFolder() || fail(pError);
+}
+
+bool CDraftStore::makeFolder() const
+{
+    const QString strLock = lockPath(m_strOwnFolder);
+    m_lock.close();
+    if (!makePrivateFolder(m_strFolder) || !makePrivateFolder(m_strOwnFolder))
+        return false;
+    m_lock = CDescriptor(Platform::createFile(strLock, Platform::FilePrivacy::OnlyMe));
+    if (!m_lock.isOpen() && errno == EEXIST)
+        m_lock = CDescriptor(Platform::openFile(strLock, Platform::FileAccess::ReadWrite));
+    if (!m_lock.isOpen())
+        return false;
+    Platform::lockFile(m_lock.handle());
+    ++m_nGeneration;
+    return true;
+}
+
+bool CDraftStore::write(const SDraft &draft, QString *pError) const
+{
+    return hasFolder(pError) && writeDraft(filePath(draft.strId), draft, pError);
+}
+
+bool CDraftStore::read(const QString &strId, SDraft *pDraft, QString *pError) const
+{
+    pDraft->strId = strId;
+    return readDraft(filePath(strId), pDraft, pError);
 }
 
 void CDraftStore::remove(const QString &strId) const
 {
-    QFile::remove(filePath(strId));
+    Platform::removeFile(filePath(strId));
 }
 
-QVector<SDraft> CDraftStore::takeAbandoned() const
+QVector<SDraft> CDraftStore::takeAbandoned(Parts parts) const
 {
     QVector<SDraft> lstDrafts;
-    if (!isValid())
+    if (!hasFolder(nullptr))
         return lstDrafts;
     const QStringList lstFolders =
         QDir(m_strFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QString &strName : lstFolders) {
         const QString strFolder = QDir(m_strFolder).filePath(strName);
-        if (strFolder != m_strOwnFolder)
-            takeFrom(strFolder, &lstDrafts);
+        if (strFolder != m_strOwnFolder && strName != QLatin1String(g_szKept))
+            takeFrom(strFolder, parts, &lstDrafts);
     }
     return lstDrafts;
 }
 
-void CDraftStore::takeFrom(const QString &strFolder, QVector<SDraft> *pDrafts) const
+void CDraftStore::takeFrom(const QString &strFolder, Parts parts, QVector<SDraft> *pDrafts) const
 {
-    const std::unique_ptr<QLockFile> pLock = lockFolder(strFolder);
-    if (!pLock) // Its program is running.
+    CDescriptor lock;
+    if (!lockAbandoned(strFolder, &lock)) // Its program is running.
         return;
-    QDir folder(strFolder);
+    const QDir folder(strFolder);
     const QStringList lstNames = folder.entryList(QDir::Files | QDir::NoSymLinks | QDir::Hidden);
     for (const QString &strName : lstNames) {
-        QFile file(folder.filePath(strName));
         SDraft draft;
-        if (strName == QLatin1String(g_szLock) || !file.open(QIODevice::ReadOnly)
-            || !draftFromBytes(file.readAll(), &draft))
+        const QString strPath = folder.filePath(strName);
+        if (isLeftOver(lstNames, strName)) {
+            Platform::removeFile(strPath);
             continue;
-        file.close();
+        }
+        if (strName == QLatin1String(g_szLock) || !readParts(strPath, parts, &draft))
+            continue;
         draft.strId = newId();
-        if (file.rename(filePath(draft.strId)))
+        if (Platform::renameFile(strPath, filePath(draft.strId)))
             pDrafts->append(draft);
     }
-    pLock->unlock();
+    Platform::removeFile(lockPath(strFolder));
     QDir().rmdir(strFolder); // Only when nothing is left in it.
+}
+
+QString CDraftStore::keptPath(const QString &strId) const
+{
+    return QDir(m_strFolder).filePath(QLatin1String(g_szKept) + QLatin1Char('/') + strId);
+}
+
+bool CDraftStore::keep(const SDraft &draft, QString *pError) const
+{
+    return ((makePrivateFolder(m_strFolder) && makePrivateFolder(keptPath(QString())))
+            || fail(pError))
+        && writeDraft(keptPath(newId()), draft, pError);
+}
+
+QVector<SDraft> CDraftStore::kept() const
+{
+    QVector<SDraft> lstDrafts;
+    const qint64 nNow = QDateTime::currentMSecsSinceEpoch();
+    const QStringList lstNames =
+        QDir(keptPath(QString())).entryList(QDir::Files | QDir::NoSymLinks | QDir::Hidden);
+    for (const QString &strName : lstNames) {
+        SDraft draft;
+        draft.strId = strName;
+        const bool bDraft = readHeadOf(keptPath(strName), &draft);
+        const qint64 nTime =
+            bDraft ? draft.nTime : fileStateOf(keptPath(strName)).nModifiedNs / 1000000;
+        if (qAbs(nNow - nTime) > g_nKeptFor) // Also what a wrong clock put into the future.
+            removeKept(strName);
+        else if (bDraft && !strName.contains(QLatin1Char('.')))
+            lstDrafts.append(draft);
+    }
+    std::sort(lstDrafts.begin(), lstDrafts.end(),
+              [](const SDraft &one, const SDraft &two) { return one.nTime > two.nTime; });
+    return lstDrafts;
+}
+
+bool CDraftStore::readKept(const QString &strId, SDraft *pDraft, QString *pError) const
+{
+    pDraft->strId = strId;
+    return readDraft(keptPath(strId), pDraft, pError);
+}
+
+void CDraftStore::removeKept(const QString &strId) const
+{
+    Platform::removeFile(keptPath(strId));
 }

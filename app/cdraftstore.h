@@ -1,13 +1,12 @@
 #pragma once
 
+#include "app/cdescriptor.h"
 #include "app/filestate.h"
 
 #include <QByteArray>
-#include <QLockFile>
+#include <QMutex>
 #include <QString>
 #include <QVector>
-
-#include <memory>
 
 // A modified document as it is kept until it is saved.
 struct SDraft
@@ -43,34 +42,60 @@ QByteArray draftToBytes(const SDraft &draft);
 // False for bytes that are no draft.
 bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft);
 
+// The same for the beginning of one, up to its first line at least: all but the text.
+bool draftHeadFromBytes(const QByteArray &bytes, SDraft *pDraft);
+
 // Drafts on the disk, in a folder of which each running program has a sub-folder of its own, held
-// by a lock. Only the user can read them (mode 0600). Nothing here shows anything; a full disk
-// loses the newest draft and keeps the one before it.
+// by a lock on an open file. Only the user can read them (mode 0600). A write replaces the draft
+// before it or leaves it whole; it is on the disk when the call returns. Any thread, one thread at
+// a time per draft.
 class CDraftStore
 {
 public:
+    enum class Parts { All, Head }; // Head: strText stays empty.
+
     // Makes the folder where it is missing.
     explicit CDraftStore(const QString &strFolder);
 
-    // False when this program could get no sub-folder; then nothing is kept.
-    bool isValid() const { return m_pLock && m_pLock->isLocked(); }
+    // False when this program could get no sub-folder; then nothing is kept. Each write tries
+    // again.
+    bool isValid() const;
+
+    // How often the sub-folder was there anew: where that grows, whoever removed the old one has
+    // removed all drafts in it, and they are to be written again.
+    int generation() const;
 
     // A new file name, unique in the store.
     static QString newId();
 
-    // Replaces the draft of that id. Any thread, one thread at a time per id.
-    bool write(const SDraft &draft) const;
+    // Replaces the draft of that id. False with the reason where it could not.
+    bool write(const SDraft &draft, QString *pError = nullptr) const;
+    bool read(const QString &strId, SDraft *pDraft, QString *pError = nullptr) const;
     void remove(const QString &strId) const;
 
     // Takes over what programs left that are no longer running, and gives the drafts. They stay on
     // the disk until removed. What cannot be read is left where it is.
-    QVector<SDraft> takeAbandoned() const;
+    QVector<SDraft> takeAbandoned(Parts parts = Parts::All) const;
+
+    // Keeps a draft of text that was replaced, for a day, whatever becomes of this program. The id
+    // is a new one.
+    bool keep(const SDraft &draft, QString *pError = nullptr) const;
+
+    // The heads of what is kept, newest first. What is older than a day goes.
+    QVector<SDraft> kept() const;
+    bool readKept(const QString &strId, SDraft *pDraft, QString *pError = nullptr) const;
+    void removeKept(const QString &strId) const;
 
 private:
+    bool hasFolder(QString *pError) const;
+    bool makeFolder() const;
     QString filePath(const QString &strId) const;
-    void takeFrom(const QString &strFolder, QVector<SDraft> *pDrafts) const;
+    QString keptPath(const QString &strId) const;
+    void takeFrom(const QString &strFolder, Parts parts, QVector<SDraft> *pDrafts) const;
 
     QString m_strFolder;
     QString m_strOwnFolder;
-    std::unique_ptr<QLockFile> m_pLock;
+    mutable QMutex m_mutex; // For what follows.
+    mutable CDescriptor m_lock;
+    mutable int m_nGeneration = 0;
 };
