@@ -1,9 +1,11 @@
 #include "app/arguments.h"
+#include "app/cfilenamecodec.h"
 #include "app/clangmgt.h"
 #include "app/csettings.h"
 #include "app/csingleapp.h"
 #include "app/ctranslators.h"
 #include "app/platform.h"
+#include "app/platformfiles.h"
 #include "mainwindow/mainwindow.h"
 #include "res/icons.h"
 
@@ -53,6 +55,8 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
 
 int main(int argc, char *argv[])
 {
+    CFileNameCodec::install();
+    Platform::surviveFailingWrites();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     Platform::leaveOutOpenGl();

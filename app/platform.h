@@ -14,6 +14,10 @@ namespace Platform {
 // The program's arguments, its own name first, as local 8-bit strings.
 QList<QByteArray> processArguments(int nArgc, char **ppArgv);
 
+// True where the system's names of files are bytes, and those bytes UTF-8: by the locale, or
+// because the locale is the one without a language and says nothing.
+bool hasUtf8Names();
+
 // Before the application object: Qt's X11 plug-in, which asks for OpenGL with the first window, is
 // told to do without. To load it takes as long as the bare start of a window, and nothing here
 // draws with it. A choice that the user made in the environment stays.

@@ -14,9 +14,11 @@
 #include <QUrl>
 
 #include <cerrno>
+#include <clocale>
 #include <csignal>
 
 #include <fcntl.h>
+#include <langinfo.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -50,6 +52,15 @@ QList<QByteArray> Platform::processArguments(int nArgc, char **ppArgv)
     for (int n = 0; n < nArgc; ++n)
         lstArguments.append(ppArgv[n]);
     return lstArguments;
+}
+
+bool Platform::hasUtf8Names()
+{
+    // As QCoreApplication will set it.
+    std::setlocale(LC_CTYPE, "");
+    const QByteArray codeset = nl_langinfo(CODESET);
+    return codeset.compare("UTF-8", Qt::CaseInsensitive) == 0 || codeset == "ANSI_X3.4-1968"
+        || codeset == "US-ASCII";
 }
 
 void Platform::leaveOutOpenGl()

@@ -20,6 +20,11 @@ QList<QByteArray> Platform::processArguments(int, char **)
     return lstArguments;
 }
 
+bool Platform::hasUtf8Names()
+{
+    return false;
+}
+
 void Platform::leaveOutOpenGl()
 {
     // Qt loads it here when a window first asks for it.

@@ -1,0 +1,118 @@
+#include "app/cfilenamecodec.h"
+
+#include "app/platform.h"
+
+namespace {
+
+const ushort g_nEscape = 0xDC00; // Plus the byte.
+
+bool isEscape(QChar c)
+{
+    return c.unicode() >= g_nEscape + 0x80 && c.unicode() <= g_nEscape + 0xFF;
+}
+
+bool isContinuation(uchar c)
+{
+    return (c & 0xC0) == 0x80;
+}
+
+// The length of the valid UTF-8 sequence at the beginning; 0 where there is none (RFC 3629).
+int sequenceLength(const uchar *p, int nSize)
+{
+    const uchar c = p[0];
+    if (c < 0x80)
+        return 1;
+    const int nLength = c >= 0xC2 && c <= 0xDF ? 2
+        : (c & 0xF0) == 0xE0                   ? 3
+        : c >= 0xF0 && c <= 0xF4               ? 4
+                                               : 0;
+    if (nLength == 0 || nLength > nSize)
+        return 0;
+    for (int n = 1; n < nLength; ++n) {
+        if (!isContinuation(p[n]))
+            return 0;
+    }
+    const bool bTooLong = (c == 0xE0 && p[1] < 0xA0) || (c == 0xF0 && p[1] < 0x90);
+    const bool bNoCharacter = (c == 0xED && p[1] >= 0xA0) || (c == 0xF4 && p[1] >= 0x90);
+    return bTooLong || bNoCharacter ? 0 : nLength;
+}
+
+// How many bytes at the beginning are valid UTF-8.
+int validLength(const uchar *p, int nSize)
+{
+    int nDone = 0;
+    while (nDone < nSize) {
+        const int nLength = sequenceLength(p + nDone, nSize - nDone);
+        if (nLength == 0)
+            break;
+        nDone += nLength;
+    }
+    return nDone;
+}
+
+// A listing asks, with a state that begins with this flag, whether a name can be read at all: all
+// can. A stream begins without it, but is given it on the way, so its beginning is remembered where
+// UTF-8 has no use for the room.
+bool isStream(QTextCodec::ConverterState *pState)
+{
+    if (!(pState->flags & QTextCodec::IgnoreHeader))
+        pState->state_data[2] = 1;
+    return pState->state_data[2] == 1;
+}
+
+} // namespace
+
+void CFileNameCodec::install()
+{
+    if (Platform::hasUtf8Names())
+        QTextCodec::setCodecForLocale(new CFileNameCodec); // Qt deletes all codecs at the end.
+}
+
+QByteArray CFileNameCodec::name() const
+{
+    return "quillan-file-names";
+}
+
+int CFileNameCodec::mibEnum() const
+{
+    return 1; // "Other": Qt takes no known one for something that it may handle by itself.
+}
+
+QString CFileNameCodec::convertToUnicode(const char *pBytes, int nSize,
+                                         ConverterState *pState) const
+{
+    if (pState && isStream(pState))
+        return m_pUtf8->toUnicode(pBytes, nSize, pState);
+    ConverterState plain(IgnoreHeader); // A mark in front is part of the name.
+    QString strText;
+    int nDone = 0;
+    while (nDone < nSize) {
+        const int nValid =
+            validLength(reinterpret_cast<const uchar *>(pBytes) + nDone, nSize - nDone);
+        strText += m_pUtf8->toUnicode(pBytes + nDone, nValid, &plain);
+        nDone += nValid;
+        if (nDone < nSize)
+            strText += QChar(ushort(g_nEscape + uchar(pBytes[nDone++])));
+    }
+    return strText;
+}
+
+QByteArray CFileNameCodec::convertFromUnicode(const QChar *pText, int nSize,
+                                              ConverterState *pState) const
+{
+    if (pState)
+        return m_pUtf8->fromUnicode(pText, nSize, pState);
+    QByteArray bytes;
+    int nDone = 0;
+    while (nDone < nSize) {
+        int nEnd = nDone;
+        // The second half of a pair is no escape.
+        while (nEnd < nSize
+               && (!isEscape(pText[nEnd]) || (nEnd > 0 && pText[nEnd - 1].isHighSurrogate())))
+            ++nEnd;
+        bytes += QString::fromRawData(pText + nDone, nEnd - nDone).toUtf8();
+        for (nDone = nEnd; nDone < nSize && isEscape(pText[nDone]); ++nDone)
+            bytes += char(pText[nDone].unicode() - g_nEscape);
+    }
+    return bytes;
+}
