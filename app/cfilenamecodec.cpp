@@ -50,6 +50,12 @@ int validLength(const uchar *p, int nSize)
     return nDone;
 }
 
+const QTextCodec *utf8()
+{
+    static const QTextCodec *const s_pUtf8 = QTextCodec::codecForName("UTF-8");
+    return s_pUtf8;
+}
+
 // A listing asks, with a state that begins with this flag, whether a name can be read at all: all
 // can. A stream begins without it, but is given it on the way, so its beginning is remembered where
 // UTF-8 has no use for the room.
@@ -70,7 +76,7 @@ void CFileNameCodec::install()
 
 QByteArray CFileNameCodec::name() const
 {
-    return "quillan-file-names";
+    return "x-file-names"; // Private, and beginning as those that no list of codecs here shows.
 }
 
 int CFileNameCodec::mibEnum() const
@@ -78,41 +84,51 @@ int CFileNameCodec::mibEnum() const
     return 1; // "Other": Qt takes no known one for something that it may handle by itself.
 }
 
+QString CFileNameCodec::textOf(const QByteArray &bytes)
+{
+    const auto *pBytes = reinterpret_cast<const uchar *>(bytes.constData());
+    QTextCodec::ConverterState plain(IgnoreHeader); // A mark in front is part of the name.
+    QString strText;
+    int nDone = 0;
+    while (nDone < bytes.size()) {
+        const int nValid = validLength(pBytes + nDone, bytes.size() - nDone);
+        strText += utf8()->toUnicode(bytes.constData() + nDone, nValid, &plain);
+        nDone += nValid;
+        if (nDone < bytes.size())
+            strText += QChar(ushort(g_nEscape + pBytes[nDone++]));
+    }
+    return strText;
+}
+
+QByteArray CFileNameCodec::bytesOf(const QString &strText)
+{
+    QByteArray bytes;
+    int nDone = 0;
+    while (nDone < strText.size()) {
+        int nEnd = nDone;
+        // The second half of a pair is no escape.
+        while (nEnd < strText.size()
+               && (!isEscape(strText.at(nEnd))
+                   || (nEnd > 0 && strText.at(nEnd - 1).isHighSurrogate())))
+            ++nEnd;
+        bytes += strText.midRef(nDone, nEnd - nDone).toUtf8();
+        for (nDone = nEnd; nDone < strText.size() && isEscape(strText.at(nDone)); ++nDone)
+            bytes += char(strText.at(nDone).unicode() - g_nEscape);
+    }
+    return bytes;
+}
+
 QString CFileNameCodec::convertToUnicode(const char *pBytes, int nSize,
                                          ConverterState *pState) const
 {
     if (pState && isStream(pState))
-        return m_pUtf8->toUnicode(pBytes, nSize, pState);
-    ConverterState plain(IgnoreHeader); // A mark in front is part of the name.
-    QString strText;
-    int nDone = 0;
-    while (nDone < nSize) {
-        const int nValid =
-            validLength(reinterpret_cast<const uchar *>(pBytes) + nDone, nSize - nDone);
-        strText += m_pUtf8->toUnicode(pBytes + nDone, nValid, &plain);
-        nDone += nValid;
-        if (nDone < nSize)
-            strText += QChar(ushort(g_nEscape + uchar(pBytes[nDone++])));
-    }
-    return strText;
+        return utf8()->toUnicode(pBytes, nSize, pState);
+    return textOf(QByteArray::fromRawData(pBytes, nSize));
 }
 
 QByteArray CFileNameCodec::convertFromUnicode(const QChar *pText, int nSize,
                                               ConverterState *pState) const
 {
-    if (pState)
-        return m_pUtf8->fromUnicode(pText, nSize, pState);
-    QByteArray bytes;
-    int nDone = 0;
-    while (nDone < nSize) {
-        int nEnd = nDone;
-        // The second half of a pair is no escape.
-        while (nEnd < nSize
-               && (!isEscape(pText[nEnd]) || (nEnd > 0 && pText[nEnd - 1].isHighSurrogate())))
-            ++nEnd;
-        bytes += QString::fromRawData(pText + nDone, nEnd - nDone).toUtf8();
-        for (nDone = nEnd; nDone < nSize && isEscape(pText[nDone]); ++nDone)
-            bytes += char(pText[nDone].unicode() - g_nEscape);
-    }
-    return bytes;
+    return pState ? utf8()->fromUnicode(pText, nSize, pState)
+                  : bytesOf(QString::fromRawData(pText, nSize));
 }

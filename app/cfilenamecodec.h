@@ -10,7 +10,7 @@
 // back. Nothing else becomes such a surrogate: UTF-8 has no form for them. So names, arguments and
 // listings keep every byte on their whole way through QString, QFile, QFileInfo and QDir; a font
 // shows a box for the byte. What such a name does not survive is QString::toUtf8(): wherever names
-// leave the program as bytes, QFile::encodeName() is the way.
+// leave the program as bytes, QFile::encodeName() or bytesOf() is the way.
 //
 // Streams of text (QTextStream), which give the codec a state, get plain UTF-8.
 class CFileNameCodec : public QTextCodec
@@ -19,6 +19,10 @@ public:
     // First thing in main(), before the application object and any thread. Does nothing where the
     // locale has a character set of its own, and where the system's names are no bytes.
     static void install();
+
+    // The same for names that leave the program by themselves, whatever the locale.
+    static QString textOf(const QByteArray &bytes);
+    static QByteArray bytesOf(const QString &strText);
 
     QByteArray name() const override;
     int mibEnum() const override;
@@ -30,6 +34,4 @@ protected:
 
 private:
     CFileNameCodec() = default;
-
-    const QTextCodec *m_pUtf8 = QTextCodec::codecForName("UTF-8");
 };

@@ -1,8 +1,12 @@
 #include "app/csettings.h"
 
+#include "app/cdescriptor.h"
 #include "app/filewriter.h"
+#include "app/platform.h"
 #include "app/settingsfile.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 #include <QVector>
@@ -99,6 +103,18 @@ QVariant stored(const QColor &clr)
     return clr.name();
 }
 
+// For the user alone: paths of files are in it. QSettings gives a file that it replaces the
+// permissions of the one before, so there is one before the first, too.
+void makePrivateFile(const QString &strPath)
+{
+    const QFileInfo info(strPath);
+    if (info.exists()) {
+        QFile::setPermissions(strPath, QFile::ReadOwner | QFile::WriteOwner);
+    } else if (QDir().mkpath(info.absolutePath())) {
+        const CDescriptor file(Platform::createFile(strPath, Platform::FilePrivacy::OnlyMe));
+    }
+}
+
 // To be called before QSettings reads the file; gives the application's name back.
 QString nameWithSafeFile(const QString &strOrganization, const QString &strApplication)
 {
@@ -112,6 +128,8 @@ CSettings::CSettings(const QString &strOrganization, const QString &strApplicati
                      QObject *pParent)
     : QSettings(strOrganization, nameWithSafeFile(strOrganization, strApplication), pParent)
 {
+    if (QFileInfo(fileName()).isFile())
+        makePrivateFile(fileName());
     read();
 }
 
@@ -149,6 +167,8 @@ void CSettings::write()
 {
     if (!hasRoomOnDisk())
         return;
+    if (Platform::keepsSettingsInFiles())
+        makePrivateFile(fileName());
     for (const SKey &key : keys()) {
         std::visit(
             [&](auto pMember) { setValue(QLatin1String(key.szName), stored(this->*pMember)); },

@@ -4,46 +4,144 @@
 #include "app/platform.h"
 
 #include <QDebug>
+#include <QElapsedTimer>
+#include <QThread>
 
 #include <cstring>
 
-CSingleApp::CSingleApp(QObject *pParent, const QString &strKey) : QObject(pParent)
+namespace {
+
+// Milliseconds. Who holds the lock copies 64 KB, unless it was stopped in between.
+const int g_nLockAtStart = 2000;
+const int g_nLockWhileRunning = 100;
+const int g_nLongestTurn = 30000;
+
+} // namespace
+
+CSingleApp::CSingleApp(QObject *pParent, const QString &strKey)
+    : QObject(pParent),
+      m_strKey(strKey),
+      m_semaphore(strKey, 1),
+      m_pMemory(std::make_unique<QSharedMemory>())
 {
-    m_memory.setKey(strKey);
+    m_pMemory->setKey(strKey);
+    // Before: QSharedMemory waits for the lock without an end, and from here on its owner stays.
+    // Behind it: somebody may have made the segment in between.
+    if (!isTrusted() || !lock(g_nLockAtStart)) {
+        qDebug("Unable to create single instance.");
+        return;
+    }
+    Platform::unlockSegment(m_strKey);
+    if (!attachOrCreate() || !isTrusted()) {
+        m_pMemory->detach();
+        m_bRunning = false;
+        qDebug("Unable to create single instance.");
+        return;
+    }
+    if (m_bRunning)
+        return;
+    clearMailbox();
+    connect(&m_timer, &QTimer::timeout, this, &CSingleApp::onCheckForMessage);
+    m_timer.start(1000);
+}
+
+CSingleApp::~CSingleApp()
+{
+    // To detach needs the lock, too. Where nobody gives it back, the end of the process detaches.
+    if (!m_pMemory->isAttached())
+        return;
+    if (lock(g_nLockAtStart))
+        Platform::unlockSegment(m_strKey);
+    else
+        static_cast<void>(m_pMemory.release());
+}
+
+bool CSingleApp::isTrusted() const
+{
+    return Platform::ownerOfSegment(m_strKey) != Platform::SegmentOwner::Others;
+}
+
+bool CSingleApp::attachOrCreate()
+{
     // Twice: another start may create the mailbox between the attempts, and a dead segment can only
     // be found once the file that its key is made from is there, which an attempt to create leaves.
     for (int nAttempt = 0; nAttempt < 2; ++nAttempt) {
-        Platform::releaseDeadSegment(strKey);
-        if (m_memory.attach(QSharedMemory::ReadWrite)) {
-            m_bRunning = true;
-            return;
-        }
-        if (m_memory.create(Mailbox::g_nSize, QSharedMemory::ReadWrite)) {
-            clearMailbox();
-            connect(&m_timer, &QTimer::timeout, this, &CSingleApp::onCheckForMessage);
-            m_timer.start(1000);
-            return;
-        }
+        Platform::releaseDeadSegment(m_strKey);
+        m_bRunning = m_pMemory->attach(QSharedMemory::ReadWrite);
+        if (m_bRunning || m_pMemory->create(Mailbox::g_nSize, QSharedMemory::ReadWrite))
+            return true;
     }
-    qDebug("Unable to create single instance.");
+    return false;
+}
+
+bool CSingleApp::lock(int nMilliseconds) const
+{
+    return Platform::lockSegment(m_strKey, nMilliseconds);
 }
 
 bool CSingleApp::sendMessage(const QString &strText)
 {
+    return send(strText) != Sent::Failed;
+}
+
+CSingleApp::Sent CSingleApp::send(const QString &strText)
+{
+    if (!m_bRunning || !lock(g_nLockAtStart))
+        return Sent::Failed;
+    // The segment is as large as its creator made it, which need not have been this program.
+    const bool bFits =
+        Mailbox::append(static_cast<char *>(m_pMemory->data()), m_pMemory->size(), strText);
+    Platform::unlockSegment(m_strKey);
+    return bFits ? Sent::Done : Sent::DoesNotFit;
+}
+
+bool CSingleApp::isMailboxEmpty() const
+{
+    if (!lock(g_nLockWhileRunning))
+        return false;
+    const bool bEmpty = *static_cast<const char *>(m_pMemory->constData()) == 0;
+    Platform::unlockSegment(m_strKey);
+    return bEmpty;
+}
+
+// Not behind a message that waits: the first instance empties the mailbox when it has opened all of
+// what it found there, and what came in between goes with it.
+bool CSingleApp::sendInTurn(const QString &strText)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!isMailboxEmpty()) {
+        if (timer.hasExpired(g_nLongestTurn))
+            return false;
+        QThread::msleep(20);
+    }
+    return send(strText) == Sent::Done;
+}
+
+bool CSingleApp::sendPaths(const QStringList &lstPaths)
+{
     if (!m_bRunning)
         return false;
-    m_memory.lock();
-    // The segment is as large as its creator made it, which need not have been this program.
-    Mailbox::append(static_cast<char *>(m_memory.data()), m_memory.size(), strText);
-    m_memory.unlock();
+    const QStringList lstMessages = Mailbox::messagesFromPaths(lstPaths, m_pMemory->size());
+    // The usual one goes behind those that wait already, if it fits there.
+    if (lstMessages.size() == 1) {
+        const Sent sent = send(lstMessages.constFirst());
+        if (sent != Sent::DoesNotFit)
+            return sent == Sent::Done;
+    }
+    for (const QString &strMessage : lstMessages) {
+        if (!sendInTurn(strMessage))
+            return false;
+    }
     return true;
 }
 
 void CSingleApp::onCheckForMessage()
 {
-    m_memory.lock();
-    const QByteArray copy(static_cast<const char *>(m_memory.constData()), m_memory.size());
-    m_memory.unlock();
+    if (!hasMailbox() || (m_bToClear && !clearMailbox()) || !lock(g_nLockWhileRunning))
+        return;
+    const QByteArray copy(static_cast<const char *>(m_pMemory->constData()), m_pMemory->size());
+    Platform::unlockSegment(m_strKey);
     if (copy.isEmpty() || copy.at(0) == 0)
         return;
     const QStringList lstMessages = Mailbox::messages(copy);
@@ -53,9 +151,12 @@ void CSingleApp::onCheckForMessage()
     clearMailbox();
 }
 
-void CSingleApp::clearMailbox()
+bool CSingleApp::clearMailbox()
 {
-    m_memory.lock();
-    std::memset(m_memory.data(), 0, size_t(m_memory.size()));
-    m_memory.unlock();
+    m_bToClear = !lock(g_nLockWhileRunning);
+    if (m_bToClear)
+        return false;
+    std::memset(m_pMemory->data(), 0, size_t(m_pMemory->size()));
+    Platform::unlockSegment(m_strKey);
+    return true;
 }

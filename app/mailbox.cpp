@@ -1,5 +1,8 @@
 #include "app/mailbox.h"
 
+#include "app/arguments.h"
+#include "app/cfilenamecodec.h"
+
 #include <cstring>
 
 namespace {
@@ -17,13 +20,36 @@ int writePosition(const char *pMemory, int nSize)
 
 bool Mailbox::append(char *pMemory, int nSize, const QString &strMessage)
 {
-    const QByteArray bytes = (strMessage.isEmpty() ? QStringLiteral(" ") : strMessage).toUtf8();
+    const QByteArray bytes = strMessage.isEmpty() ? " " : CFileNameCodec::bytesOf(strMessage);
     const int nPosition = writePosition(pMemory, nSize);
     if (bytes.size() > nSize - nPosition)
         return false;
     // The memory was cleared: the zero behind the message is there already.
     std::memcpy(pMemory + nPosition, bytes.constData(), size_t(bytes.size()));
     return true;
+}
+
+QStringList Mailbox::messagesFromPaths(const QStringList &lstPaths, int nSize)
+{
+    const int nRoom = nSize - 2; // Two zeros end the queue.
+    QStringList lstMessages = {QString()};
+    int nBytes = 0;
+    for (const QString &strPath : lstPaths) {
+        const QString strQuoted = messageFromPaths({strPath});
+        const int nMore = CFileNameCodec::bytesOf(strQuoted).size() + 1; // And a blank.
+        if (nMore > nRoom)
+            continue;
+        if (nBytes + nMore > nRoom) {
+            lstMessages.append(QString());
+            nBytes = 0;
+        }
+        QString &strMessage = lstMessages.last();
+        if (nBytes > 0)
+            strMessage += QLatin1Char(' ');
+        strMessage += strQuoted;
+        nBytes += nMore;
+    }
+    return lstMessages;
 }
 
 QStringList Mailbox::messages(const QByteArray &memory)
@@ -34,7 +60,7 @@ QStringList Mailbox::messages(const QByteArray &memory)
         int nEnd = memory.indexOf('\0', nStart);
         if (nEnd < 0)
             nEnd = memory.size();
-        lstMessages.append(QString::fromUtf8(memory.constData() + nStart, nEnd - nStart));
+        lstMessages.append(CFileNameCodec::textOf(memory.mid(nStart, nEnd - nStart)));
         nStart = nEnd + 1;
     }
     return lstMessages;

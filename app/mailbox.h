@@ -6,7 +6,8 @@
 
 // The hand-over mailbox between instances, as plain memory.
 //
-// Layout: a queue of messages, each its UTF-8 bytes and one zero byte. The queue ends where two
+// Layout: a queue of messages, each its UTF-8 bytes (names of files that are none: as they are, see
+// CFileNameCodec) and one zero byte. The queue ends where two
 // zero bytes follow each other; an empty mailbox begins with a zero byte. No locking here.
 namespace Mailbox {
 
@@ -16,6 +17,10 @@ const int g_nSize = 0x10000; // Bytes.
 // start. An empty message is sent as one blank, which opens nothing but is seen. False, and nothing
 // written, when it does not fit. pMemory holds nSize bytes.
 bool append(char *pMemory, int nSize, const QString &strMessage);
+
+// What hands the paths over in as few messages as a mailbox of nSize bytes allows, each of which
+// fits an empty one. One blank for no paths. A path that fits none is left out.
+QStringList messagesFromPaths(const QStringList &lstPaths, int nSize);
 
 // The messages waiting in a copy of the memory, oldest first. Any bytes are fine.
 QStringList messages(const QByteArray &memory);

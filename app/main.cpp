@@ -66,7 +66,7 @@ int main(int argc, char *argv[])
     const QStringList lstPaths = pathsFromArguments(Platform::processArguments(argc, argv));
     CSingleApp single(nullptr, QStringLiteral("vrix_uniqe_2016"));
     if (single.isRunning()) {
-        single.sendMessage(messageFromPaths(lstPaths));
+        single.sendPaths(lstPaths);
         return 0;
     }
     const int nExitCode = runFirstInstance(&app, &single, lstPaths);

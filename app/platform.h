@@ -26,6 +26,16 @@ void leaveOutOpenGl();
 // After the first window: the environment is again what the user gave, for programs started later.
 void restoreEnvironment();
 
+// Whose the shared segment and its lock are, whichever of the two there are already. What is not
+// this user's, or what others may read or write, is of Others: nothing must wait for it.
+enum class SegmentOwner { Nobody, Me, Others };
+SegmentOwner ownerOfSegment(const QString &strKey);
+
+// The lock of QSharedMemory, which by itself waits for ever: for so many milliseconds at most.
+// False without it. Only where the owner is not of Others.
+bool lockSegment(const QString &strKey, int nMilliseconds);
+void unlockSegment(const QString &strKey);
+
 // Frees a shared segment that a crashed program left behind. Does not disturb a live owner.
 void releaseDeadSegment(const QString &strKey);
 
@@ -47,6 +57,9 @@ bool mustWriteInPlace(const QString &strPath);
 // Enlarges an open file to nSize bytes with the disk space really taken. False when the disk is
 // full; the reason is in errorText().
 bool reserveFileSpace(int nHandle, qint64 nSize);
+
+// False where QSettings has no file of its own (the registry of Windows).
+bool keepsSettingsInFiles();
 
 // The line-ending style of new documents: 0 CR LF, 1 LF.
 int defaultReturnFormat();

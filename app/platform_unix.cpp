@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
-#include <QSharedMemory>
 #include <QSocketNotifier>
 #include <QUrl>
 
@@ -77,14 +76,6 @@ void Platform::restoreEnvironment()
     g_bOpenGlLeftOut = false;
 }
 
-void Platform::releaseDeadSegment(const QString &strKey)
-{
-    // A System V segment outlives a crash; the last one to detach makes the kernel free it.
-    QSharedMemory probe(strKey);
-    if (probe.attach(QSharedMemory::ReadOnly))
-        probe.detach();
-}
-
 void Platform::quitOnTermination(QObject *pParent)
 {
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, g_arrSignalSockets) != 0)
@@ -149,6 +140,11 @@ bool Platform::reserveFileSpace(int nHandle, qint64 nSize)
     const int nError = posix_fallocate(nHandle, 0, nSize);
     errno = nError;
     return nError == 0;
+}
+
+bool Platform::keepsSettingsInFiles()
+{
+    return true;
 }
 
 int Platform::defaultReturnFormat()

@@ -3,10 +3,19 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSharedMemory>
+
+#include <climits>
 
 #include <io.h>
 #include <qt_windows.h>
 #include <shellapi.h>
+
+namespace {
+
+HANDLE g_hLock = nullptr; // Of the shared segment, while it is locked.
+
+} // namespace
 
 QList<QByteArray> Platform::processArguments(int, char **)
 {
@@ -31,6 +40,28 @@ void Platform::leaveOutOpenGl()
 }
 
 void Platform::restoreEnvironment() { }
+
+Platform::SegmentOwner Platform::ownerOfSegment(const QString &)
+{
+    return SegmentOwner::Me; // The system keeps the names of each session's user apart.
+}
+
+bool Platform::lockSegment(const QString &strKey, int nMilliseconds)
+{
+    // What QSharedMemory itself locks with; the handle stays for unlockSegment().
+    const QString strName = QSharedMemory(strKey).nativeKey().replace(
+        QLatin1String("qipc_sharedmemory_"), QLatin1String("qipc_systemsem_"));
+    g_hLock =
+        CreateSemaphoreW(nullptr, 1, LONG_MAX, reinterpret_cast<const wchar_t *>(strName.utf16()));
+    return g_hLock && WaitForSingleObject(g_hLock, DWORD(nMilliseconds)) == WAIT_OBJECT_0;
+}
+
+void Platform::unlockSegment(const QString &)
+{
+    ReleaseSemaphore(g_hLock, 1, nullptr);
+    CloseHandle(g_hLock);
+    g_hLock = nullptr;
+}
 
 void Platform::releaseDeadSegment(const QString &)
 {
@@ -77,6 +108,11 @@ bool Platform::mustWriteInPlace(const QString &strPath)
 bool Platform::reserveFileSpace(int nHandle, qint64 nSize)
 {
     return _chsize_s(nHandle, nSize) == 0;
+}
+
+bool Platform::keepsSettingsInFiles()
+{
+    return false;
 }
 
 int Platform::defaultReturnFormat()

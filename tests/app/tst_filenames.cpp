@@ -4,6 +4,7 @@
 #include "app/cfilenamecodec.h"
 #include "app/filereader.h"
 #include "app/filewriter.h"
+#include "app/textcodecs.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -152,6 +153,13 @@ private slots:
         process.start("printf", {"%s", QFile::decodeName("caf\xE9")});
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.readAllStandardOutput(), QByteArray("caf\xE9"));
+    }
+
+    void codec_isNoneToChoose()
+    {
+        QVERIFY(
+            !getCodecList().contains(QString::fromLatin1(QTextCodec::codecForLocale()->name())));
+        QCOMPARE(QTextCodec::codecForName("UTF-8")->toUnicode("\xE9"), QString(QChar(0xFFFD)));
     }
 
     // Its codec is that of the locale, and it reads in pieces.

@@ -1,3 +1,5 @@
+#include "app/arguments.h"
+#include "app/cfilenamecodec.h"
 #include "app/mailbox.h"
 
 #include <QRandomGenerator>
@@ -18,6 +20,11 @@ private slots:
     void endInTheLastTwoBytes_isFound();
     void messageThatDoesNotFit_isDropped();
     void messageThatJustFits_isTaken();
+    void nameThatIsNoUtf8_arrivesAsItsBytes();
+    void manyPaths_becomeSeveralMessagesThatFit_data();
+    void manyPaths_becomeSeveralMessagesThatFit();
+    void noPaths_areOneMessage();
+    void pathThatFitsNoMailbox_isLeftOut();
     void arbitraryBytes_areRead();
     void arbitraryBytes_areWrittenWithinTheMemory();
 
@@ -100,6 +107,58 @@ void tst_mailbox::messageThatJustFits_isTaken()
     QCOMPARE(Mailbox::messages(m_memory), QStringList({QStringLiteral("first"), strLong}));
 }
 
+void tst_mailbox::nameThatIsNoUtf8_arrivesAsItsBytes()
+{
+    const QByteArray name = "/tmp/caf\xE9";
+    QVERIFY(append(CFileNameCodec::textOf(name)));
+    QCOMPARE(m_memory.left(name.size() + 1), name + '\0');
+    QCOMPARE(CFileNameCodec::bytesOf(Mailbox::messages(m_memory).value(0)), name);
+}
+
+void tst_mailbox::manyPaths_becomeSeveralMessagesThatFit_data()
+{
+    QTest::addColumn<int>("nCount");
+    QTest::addColumn<int>("nLength");
+    QTest::addColumn<int>("nMessages");
+    QTest::newRow("one") << 1 << 100 << 1;
+    QTest::newRow("seven hundred") << 700 << 100 << 2;
+    QTest::newRow("as many as fit") << 636 << 100 << 1;
+    QTest::newRow("one more") << 637 << 100 << 2;
+    QTest::newRow("longest paths") << 100 << 4095 << 7;
+}
+
+void tst_mailbox::manyPaths_becomeSeveralMessagesThatFit()
+{
+    QFETCH(int, nCount);
+    QFETCH(int, nLength);
+    QStringList lstPaths;
+    for (int n = 0; n < nCount; ++n)
+        lstPaths.append(QStringLiteral("/%1").arg(n, 1 - nLength, 10, QLatin1Char('x')));
+    const QStringList lstMessages = Mailbox::messagesFromPaths(lstPaths, Mailbox::g_nSize);
+    QTEST(lstMessages.size(), "nMessages");
+    QStringList lstGot;
+    for (const QString &strMessage : lstMessages) {
+        m_memory.fill('\0');
+        QVERIFY(append(strMessage));
+        QCOMPARE(Mailbox::messages(m_memory), QStringList(strMessage));
+        QVERIFY(m_memory.endsWith(QByteArray("\0\0", 2)));
+        lstGot += pathsFromMessage(strMessage);
+    }
+    lstGot.removeAll(QString());
+    QCOMPARE(lstGot, lstPaths);
+}
+
+void tst_mailbox::noPaths_areOneMessage()
+{
+    QCOMPARE(Mailbox::messagesFromPaths({}, Mailbox::g_nSize), QStringList(QString()));
+}
+
+void tst_mailbox::pathThatFitsNoMailbox_isLeftOut()
+{
+    QCOMPARE(Mailbox::messagesFromPaths({QString(70000, 'x'), "/a"}, Mailbox::g_nSize),
+             QStringList("\"/a\""));
+}
+
 // The segment may hold anything, whoever made it.
 void tst_mailbox::arbitraryBytes_areRead()
 {
@@ -117,7 +176,7 @@ void tst_mailbox::arbitraryBytes_areRead()
             if (lstParts.last().isEmpty())
                 lstParts.removeLast();
             for (const QByteArray &part : qAsConst(lstParts))
-                lstExpected.append(QString::fromUtf8(part));
+                lstExpected.append(CFileNameCodec::textOf(part));
         }
         QCOMPARE(Mailbox::messages(bytes), lstExpected);
     }
