@@ -13,6 +13,7 @@
 #include <QUuid>
 
 #include <cerrno>
+#include <cstring>
 
 namespace {
 
@@ -39,13 +40,22 @@ template<class Use> bool forEachPiece(int nHandle, const Use &use)
     }
 }
 
+bool isZero(const char *p, qint64 n)
+{
+    return n > 0 && *p == 0 && std::memcmp(p, p + 1, size_t(n - 1)) == 0;
+}
+
 // From the beginning of the one over the beginning of the other, which ends with the same byte.
+// What takes no room in the one takes none in the other: a large file may be mostly holes, on a
+// full disk.
 bool copyOver(int nFrom, int nTo, qint64 *pSize)
 {
     *pSize = 0;
     const auto put = [&](const char *p, qint64 n) {
+        const qint64 nStart = *pSize;
         *pSize += n;
-        return Platform::writeBytes(nTo, p, n);
+        return isZero(p, n) && Platform::makeHole(nTo, nStart, n) ? Platform::moveTo(nTo, *pSize)
+                                                                  : Platform::writeBytes(nTo, p, n);
     };
     return Platform::moveTo(nFrom, 0) && Platform::moveTo(nTo, 0) && forEachPiece(nFrom, put)
         && Platform::resizeFile(nTo, *pSize) && Platform::syncFile(nTo);

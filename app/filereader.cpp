@@ -65,31 +65,30 @@ Fault faultBefore(const SFileState &state, const SReadLimits &limits)
 }
 
 // Makes room for the next piece. The first room is for the whole file and one byte, which finds its
-// end; a file that grows meanwhile gets more.
+// end; what the system makes up as it is read has no size to go by.
 Fault makeRoom(QByteArray *pBytes, qint64 nDone, qint64 nExpected, qint64 nMaxSize)
 {
     if (nDone < pBytes->size())
         return Fault::None;
-    if (nDone > g_nMaxReadable)
-        return Fault::TooLargeAtAll;
     if (nDone > nMaxSize)
         return Fault::TooLarge;
-    const qint64 nMore = qMax(qint64(g_nReadPiece), nDone / 2);
-    const qint64 nSize = nDone == 0 && nExpected > 0 ? nExpected + 1 : nDone + nMore;
+    const qint64 nSize = nExpected >= 0 ? nExpected + 1 : nDone + qMax(nDone, qint64(g_nReadPiece));
     try {
-        pBytes->resize(int(qMin(nSize, qMin(nMaxSize, g_nMaxReadable) + 1)));
+        pBytes->resize(int(qMin(nSize, g_nMaxReadable + 1)));
     } catch (const std::bad_alloc &) {
         return Fault::NoMemory;
     }
     return Fault::None;
 }
 
+// Changing behind the first byte beyond the expected size, which is -1 where it is not known.
 Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteArray *pBytes)
 {
     pBytes->clear();
     qint64 nDone = 0;
-    for (;;) {
-        const Fault fault = makeRoom(pBytes, nDone, nExpected, limits.nMaxSize);
+    Fault fault = Fault::None;
+    while (fault == Fault::None) {
+        fault = makeRoom(pBytes, nDone, nExpected, qMin(limits.nMaxSize, g_nMaxReadable));
         if (fault != Fault::None)
             return fault;
         const qint64 nRead = Platform::readSome(nHandle, pBytes->data() + nDone,
@@ -101,9 +100,11 @@ Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteA
         nDone += nRead;
         if (limits.progress && !limits.progress(nDone, nExpected))
             return Fault::Cancelled;
+        if (nExpected >= 0 && nDone > nExpected)
+            fault = Fault::Changing;
     }
     pBytes->resize(int(nDone));
-    return Fault::None;
+    return fault;
 }
 
 // One opening and one reading. Changing where the file was not the same behind the reading.
@@ -121,14 +122,16 @@ SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
     SFileContent content;
     content.state = fileStateOf(file.handle());
     const bool bFresh = isFresh(content.state); // Now: a change may come while it is read.
-    Fault fault = faultBefore(content.state, limits);
-    if (fault == Fault::None)
-        fault = readBytes(file.handle(), content.state.nSize, limits, &content.bytes);
-    if (fault != Fault::None)
-        return FileReader::failure(fault, content.state);
-    const bool bSizeHolds =
-        Platform::isMadeUp(file.handle()) || content.bytes.size() == content.state.nSize;
-    if (fileStateOf(file.handle()) != content.state || !bSizeHolds)
+    content.fault = faultBefore(content.state, limits);
+    const bool bMadeUp = Platform::isMadeUp(file.handle());
+    if (content.fault == Fault::None) {
+        content.fault =
+            readBytes(file.handle(), bMadeUp ? -1 : content.state.nSize, limits, &content.bytes);
+    }
+    if (content.fault != Fault::None && content.fault != Fault::Changing)
+        return FileReader::failure(content.fault, content.state);
+    if (fileStateOf(file.handle()) != content.state
+        || (!bMadeUp && content.bytes.size() != content.state.nSize))
         content.fault = Fault::Changing;
     if (bFresh)
         content.state.hash = hashOfContent(content.bytes);

@@ -15,8 +15,8 @@ struct SReadLimits
     // Bytes of memory that each byte of the file will take in the end, the bytes themselves
     // included. A text takes some ten times as much in an editor.
     int nMemoryPerByte = 1;
-    // Called on the reading thread after each megabyte with the bytes read and those expected;
-    // false gives up. May be empty.
+    // Called on the reading thread after each megabyte with the bytes read and those expected (-1
+    // where the system does not tell); false gives up. May be empty.
     std::function<bool(qint64 nDone, qint64 nAll)> progress;
 };
 

@@ -46,6 +46,9 @@ bool writeBytes(int nHandle, const char *pData, qint64 nSize);
 bool moveTo(int nHandle, qint64 nPosition);
 bool resizeFile(int nHandle, qint64 nSize);
 
+// These bytes read as zeros from now on and take no room. False where the file system cannot.
+bool makeHole(int nHandle, qint64 nPosition, qint64 nSize);
+
 // Until the disk has what was written, and how large it is; a device that does not know about it is
 // believed. The folder: until it has the names in it.
 bool syncFile(int nHandle);

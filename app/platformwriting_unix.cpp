@@ -140,6 +140,18 @@ bool Platform::resizeFile(int nHandle, qint64 nSize)
     return ftruncate(nHandle, off_t(nSize)) == 0;
 }
 
+bool Platform::makeHole(int nHandle, qint64 nPosition, qint64 nSize)
+{
+#ifdef Q_OS_LINUX
+    return fallocate(nHandle, FALLOC_FL_PUNCH_HOLE | FALLOC_FL_KEEP_SIZE, nPosition, nSize) == 0;
+#else
+    Q_UNUSED(nHandle)
+    Q_UNUSED(nPosition)
+    Q_UNUSED(nSize)
+    return false;
+#endif
+}
+
 bool Platform::syncFile(int nHandle)
 {
     return fsync(nHandle) == 0 || errno == EINVAL || errno == EROFS;

@@ -53,6 +53,11 @@ bool Platform::resizeFile(int nHandle, qint64 nSize)
     return _chsize_s(nHandle, nSize) == 0;
 }
 
+bool Platform::makeHole(int, qint64, qint64)
+{
+    return false;
+}
+
 bool Platform::syncFile(int nHandle)
 {
     return _commit(nHandle) == 0;

@@ -1,8 +1,8 @@
 #include "app/settingsfile.h"
 
+#include "app/filereader.h"
 #include "app/filewriter.h"
 
-#include <QFile>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
@@ -77,12 +77,12 @@ void dropStreamedValues(const QString &strOrganization, const QString &strApplic
     const QString strPath = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
         + QLatin1Char('/') + strOrganization + QLatin1Char('/') + strApplication
         + QLatin1String(".conf");
-    QFile file(strPath);
-    if (!file.open(QIODevice::ReadOnly))
+    SReadLimits limits;
+    limits.nMaxSize = g_nMaxReadable;
+    const SFileContent content = readFile(strPath, limits);
+    if (!content.isWhole())
         return;
-    const QByteArray ini = file.readAll();
-    file.close();
-    const QByteArray kept = withoutStreamedValues(ini);
-    if (kept != ini)
+    const QByteArray kept = withoutStreamedValues(content.bytes);
+    if (kept != content.bytes)
         writeFile(strPath, kept);
 }
