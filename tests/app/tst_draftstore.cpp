@@ -1,4 +1,5 @@
 #include "app/cdraftstore.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -50,6 +51,55 @@ private slots:
         SDraft after;
         QVERIFY(draftFromBytes(draftToBytes(draft(strText)), &after));
         QCOMPARE(after.strText, strText);
+    }
+
+    void origin_comesBack()
+    {
+        SDraft before = draft("text");
+        before.reason = SDraft::Reason::Codec;
+        before.nTime = 1763777777123;
+        before.codec = "Shift_JIS";
+        before.bNotWhole = true;
+        before.nCaret = 3;
+        QTemporaryDir folder;
+        QFile file(folder.filePath("file"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        before.began = fileStateOf(file.fileName());
+        before.began.hash = hashOfContent("text");
+        SDraft after;
+        QVERIFY(draftFromBytes(draftToBytes(before), &after));
+        QCOMPARE(after.reason, before.reason);
+        QCOMPARE(after.nTime, before.nTime);
+        QCOMPARE(after.codec, before.codec);
+        QVERIFY(after.bNotWhole);
+        QCOMPARE(after.nCaret, 3);
+        QVERIFY(after.began.bExists && after.began == before.began);
+        QCOMPARE(after.began.hash, before.began.hash);
+    }
+
+    void everyReason_comesBack()
+    {
+        for (int n = 0; n <= int(SDraft::Reason::Deleted); ++n) {
+            SDraft before = draft("text");
+            before.reason = SDraft::Reason(n);
+            SDraft after;
+            QVERIFY(draftFromBytes(draftToBytes(before), &after));
+            QCOMPARE(int(after.reason), n);
+        }
+    }
+
+    void draftOfAnOlderProgram_isRead()
+    {
+        SDraft after;
+        QVERIFY(draftFromBytes("{\"format\":\"quillan-draft-1\",\"page\":true,\"path\":\"/a\","
+                               "\"returnFormat\":0,\"units\":false}\ntext",
+                               &after));
+        QCOMPARE(after.strPath, QString("/a"));
+        QCOMPARE(after.strText, QString("text"));
+        QVERIFY(after.bPage);
+        QVERIFY(!after.began.bExists && !after.bNotWhole && after.codec.isEmpty());
+        QCOMPARE(after.reason, SDraft::Reason::Unsaved);
+        QCOMPARE(after.nCaret, 0);
     }
 
     void otherBytes_areNoDraft_data()
@@ -121,6 +171,189 @@ private slots:
             | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
         QVERIFY(!(QFileInfo(it.next()).permissions() & others));
         QVERIFY(!(QFileInfo(folder.filePath("recovery")).permissions() & others));
+    }
+
+    // As a container leaves it, where process numbers and host names come again.
+    void lockFileOfAnybody_hidesNoDraft_data()
+    {
+        QTest::addColumn<QByteArray>("lock");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("of this very process")
+            << QByteArray::number(QCoreApplication::applicationPid()) + "\n"
+                + QByteArray("tst_draftstore\n") + QSysInfo::machineHostName().toUtf8() + "\n";
+        QTest::newRow("of process 1 elsewhere") << QByteArray("1\nquillan\nanother-host\n");
+        QTest::newRow("nonsense") << QByteArray(5000, '\xff');
+    }
+
+    void lockFileOfAnybody_hidesNoDraft()
+    {
+        QFETCH(QByteArray, lock);
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkdir("ended"));
+        put(folder.filePath("ended/lock"), lock);
+        put(folder.filePath("ended/" + CDraftStore::newId()), draftToBytes(draft("left")));
+        const QVector<SDraft> lst = CDraftStore(folder.path()).takeAbandoned();
+        QCOMPARE(lst.size(), 1);
+        QCOMPARE(lst.at(0).strText, QString("left"));
+        QVERIFY(!QFileInfo::exists(folder.filePath("ended")));
+    }
+
+    void folderInPlaceOfTheLock_hidesNoDraft()
+    {
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkpath("ended/lock"));
+        put(folder.filePath("ended/" + CDraftStore::newId()), draftToBytes(draft("left")));
+        QCOMPARE(CDraftStore(folder.path()).takeAbandoned().size(), 1);
+    }
+
+    void removedFolder_isMadeAnew_data()
+    {
+        QTest::addColumn<QString>("strRemoved");
+        QTest::newRow("all of it") << QString();
+        QTest::newRow("what is in it") << QString("*");
+    }
+
+    void removedFolder_isMadeAnew()
+    {
+        QFETCH(QString, strRemoved);
+        QTemporaryDir folder;
+        const SDraft text = draft("unsaved");
+        {
+            const CDraftStore store(folder.filePath("recovery"));
+            QCOMPARE(store.generation(), 1);
+            QVERIFY(store.write(text));
+            QCOMPARE(store.generation(), 1);
+            QDir recovery(folder.filePath("recovery"));
+            if (strRemoved.isEmpty()) {
+                QVERIFY(recovery.removeRecursively());
+            } else {
+                for (const QString &strName : recovery.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+                    QVERIFY(QDir(recovery.filePath(strName)).removeRecursively());
+            }
+            QString strError;
+            QVERIFY2(store.write(text, &strError), qPrintable(strError));
+            QCOMPARE(store.generation(), 2); // Whoever had drafts there writes them again.
+            QVERIFY(CDraftStore(folder.filePath("recovery")).takeAbandoned().isEmpty());
+        }
+        QCOMPARE(CDraftStore(folder.filePath("recovery")).takeAbandoned().size(), 1);
+    }
+
+    void failure_saysWhyAndIsTriedAgain()
+    {
+        QTemporaryDir folder;
+        put(folder.filePath("recovery"), "no folder");
+        const CDraftStore store(folder.filePath("recovery"));
+        QString strError;
+        QVERIFY(!store.write(draft("x"), &strError));
+        QVERIFY(!strError.isEmpty());
+        QVERIFY(!store.isValid());
+        QVERIFY(QFile::remove(folder.filePath("recovery")));
+        QVERIFY(store.write(draft("x")));
+        QVERIFY(store.isValid());
+    }
+
+    void draftThatWasCutOff_isNotOfferedBesideTheWholeOne()
+    {
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkdir("ended"));
+        const QString strPath = folder.filePath("ended/" + CDraftStore::newId());
+        const QByteArray bytes = draftToBytes(draft("the whole text"));
+        put(strPath, bytes);
+        put(strPath + ".AbCdEf", bytes.chopped(5));
+        const QVector<SDraft> lst = CDraftStore(folder.path()).takeAbandoned();
+        QCOMPARE(lst.size(), 1);
+        QCOMPARE(lst.at(0).strText, QString("the whole text"));
+        QVERIFY(!QFileInfo::exists(folder.filePath("ended")));
+    }
+
+    void heads_areTakenWithoutTheTexts()
+    {
+        QTemporaryDir folder;
+        {
+            const CDraftStore ended(folder.path());
+            for (int n = 0; n < 500; ++n) {
+                SDraft one = draft(QString("text %1").arg(n));
+                one.strPath = QString("/file%1").arg(n);
+                put(QDirIterator(folder.path(), QDir::Dirs | QDir::NoDotAndDotDot).next() + "/"
+                        + one.strId,
+                    draftToBytes(one));
+            }
+        }
+        const CDraftStore next(folder.path());
+        const QVector<SDraft> lst = next.takeAbandoned(CDraftStore::Parts::Head);
+        QCOMPARE(lst.size(), 500);
+        for (const SDraft &head : lst) {
+            QVERIFY(head.strText.isEmpty());
+            SDraft whole;
+            QVERIFY(next.read(head.strId, &whole));
+            QCOMPARE("/file" + whole.strText.mid(5), head.strPath);
+        }
+        SDraft missing;
+        QString strError;
+        QVERIFY(!next.read("missing", &missing, &strError));
+        QVERIFY(!strError.isEmpty());
+    }
+
+    void keptDraft_isThereForADay()
+    {
+        QTemporaryDir folder;
+        SDraft replaced = draft("what was typed");
+        replaced.reason = SDraft::Reason::Refreshed;
+        {
+            const CDraftStore store(folder.path());
+            QVERIFY(store.keep(replaced));
+            replaced.strText = "later";
+            QTest::qSleep(2); // The next is newer.
+            QVERIFY(store.keep(replaced));
+        }
+        const CDraftStore next(folder.path());
+        QVERIFY(next.takeAbandoned().isEmpty());
+        const QVector<SDraft> lst = next.kept();
+        QCOMPARE(lst.size(), 2);
+        QVERIFY(lst.at(0).nTime >= lst.at(1).nTime);
+        QCOMPARE(lst.at(1).reason, SDraft::Reason::Refreshed);
+        SDraft whole;
+        QVERIFY(next.readKept(lst.at(1).strId, &whole));
+        QCOMPARE(whole.strText, QString("what was typed"));
+        next.removeKept(lst.at(1).strId);
+        QCOMPARE(next.kept().size(), 1);
+    }
+
+    void keptDraft_goesAfterADay_data()
+    {
+        QTest::addColumn<qint64>("nAge"); // Seconds.
+        QTest::addColumn<bool>("bThere");
+        const qint64 nDay = 24 * 60 * 60;
+        QTest::newRow("an hour") << qint64(3600) << true;
+        QTest::newRow("almost a day") << nDay - 60 << true;
+        QTest::newRow("more than a day") << nDay + 60 << false;
+        QTest::newRow("a year") << 365 * nDay << false;
+        QTest::newRow("from a wrong clock") << -2 * nDay << false;
+    }
+
+    void keptDraft_goesAfterADay()
+    {
+        QFETCH(qint64, nAge);
+        QFETCH(bool, bThere);
+        QTemporaryDir folder;
+        const CDraftStore store(folder.path());
+        QVERIFY(store.keep(draft("x")));
+        const QString strPath = folder.filePath("kept/" + store.kept().value(0).strId);
+        SDraft old;
+        QVERIFY(draftFromBytes(contents(strPath), &old));
+        old.nTime -= nAge * 1000;
+        put(strPath, draftToBytes(old));
+        QCOMPARE(store.kept().size(), int(bThere));
+        QCOMPARE(QFileInfo::exists(strPath), bThere);
+    }
+
+    void keptDraft_isForTheUserAlone()
+    {
+        QTemporaryDir folder;
+        const CDraftStore store(folder.path());
+        QVERIFY(store.keep(draft("secret")));
+        const QFileInfo info(folder.filePath("kept/" + store.kept().value(0).strId));
+        QVERIFY(!(info.permissions() & (QFile::ReadGroup | QFile::ReadOther)));
     }
 
     void foreignFiles_areLeftWhereTheyAre()

@@ -29,6 +29,8 @@ private slots:
     void sameTextFontSize_isSignalledAgain();
     void nonsense_givesTheDefault_data();
     void nonsense_givesTheDefault();
+    void file_isForTheUserAlone_data();
+    void file_isForTheUserAlone();
     void locale_isNotStored();
     void accessors_areInvokable();
 
@@ -225,6 +227,35 @@ void tst_settings::nonsense_givesTheDefault()
     QSettings(g_strOrganization, g_strApplication).setValue(key, value);
     const CSettings settings(g_strOrganization, g_strApplication);
     QCOMPARE(member(settings, key), expected);
+}
+
+void tst_settings::file_isForTheUserAlone_data()
+{
+    QTest::addColumn<bool>("bExists");
+    QTest::newRow("a new one") << false;
+    QTest::newRow("one that was readable") << true;
+}
+
+void tst_settings::file_isForTheUserAlone()
+{
+    QFETCH(bool, bExists);
+    const QString strFile = QSettings(g_strOrganization, g_strApplication).fileName();
+    const QFile::Permissions owner =
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    QFile::remove(strFile);
+    if (bExists) {
+        CSettings(g_strOrganization, g_strApplication).save();
+        QVERIFY(QFile::setPermissions(strFile, owner | QFile::ReadGroup | QFile::ReadOther));
+    }
+    CSettings settings(g_strOrganization, g_strApplication);
+    if (bExists)
+        QCOMPARE(QFile::permissions(strFile),
+                 owner); // From the start, not only once it is written.
+    settings.save();
+    QCOMPARE(QFile::permissions(strFile), owner);
+    settings.setTextFontSize(33);
+    settings.save();
+    QCOMPARE(QFile::permissions(strFile), owner);
 }
 
 void tst_settings::locale_isNotStored()
