@@ -11,6 +11,7 @@
 #include <QtTest>
 
 #include <sys/ipc.h>
+#include <sys/sem.h>
 #include <sys/shm.h>
 #include <unistd.h>
 
@@ -52,13 +53,63 @@ private:
     char *m_pMemory = nullptr;
 };
 
+// The lock of QSharedMemory under our key, made by no object of Qt's.
+class CForeignLock
+{
+public:
+    CForeignLock(int nMode, int nValue)
+    {
+        QFile file(
+            QSharedMemory(g_strKey).nativeKey().replace("qipc_sharedmemory_", "qipc_systemsem_"));
+        const bool bFile = file.open(QIODevice::WriteOnly);
+        file.close();
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+        m_nId = !bFile ? -1
+                       : semget(ftok(QFile::encodeName(file.fileName()).constData(), 'Q'), 1,
+                                IPC_CREAT | IPC_EXCL | nMode);
+        setValue(nValue);
+    }
+    ~CForeignLock() { semctl(m_nId, 0, IPC_RMID); }
+
+    bool isReady() const { return m_nId >= 0; }
+    void setValue(int nValue) { semctl(m_nId, 0, SETVAL, nValue); }
+    int value() const { return semctl(m_nId, 0, GETVAL); }
+
+private:
+    int m_nId = -1;
+};
+
 } // namespace
 
 class TestForeignSegment : public QObject
 {
     Q_OBJECT
 
+    // The exit code; -1 when it did not end by itself.
+    static int runAsAnother()
+    {
+        const QDir dir(QDir::tempPath());
+        if (QProcess::execute("chmod", {"a+rx", dir.path(), dir.filePath("..")}) != 0)
+            return -1;
+        const QString strId = QString::number(g_nNobody);
+        QProcess other;
+        other.setProcessChannelMode(QProcess::MergedChannels);
+        other.start("setpriv",
+                    {"--reuid=" + strId, "--regid=" + strId, "--clear-groups",
+                     QCoreApplication::applicationFilePath(), "--as-another"});
+        return other.waitForFinished(20000) && other.exitStatus() == QProcess::NormalExit
+            ? other.exitCode()
+            : -1;
+    }
+
 private slots:
+    // Two of the cases end without detaching, as a program does when the lock never comes.
+    void cleanup()
+    {
+        const QByteArray name = QFile::encodeName(QSharedMemory(g_strKey).nativeKey());
+        shmctl(shmget(ftok(name.constData(), 'Q'), 0, 0), IPC_RMID, nullptr);
+    }
+
     void segmentOfAnySize_isWrittenWithinItsBounds_data()
     {
         QTest::addColumn<int>("nSize");
@@ -90,6 +141,108 @@ private slots:
         QVERIFY(Mailbox::messages(QByteArray(segment.memory(), Mailbox::g_nSize)).isEmpty());
     }
 
+    void whatOthersMayUse_isLeftAlone_data()
+    {
+        QTest::addColumn<int>("nMode");
+        for (const int nMode : {0666, 0660, 0606, 0602, 0620, 0604, 0640, 0777})
+            QTest::addRow("%o", nMode) << nMode;
+    }
+
+    void whatOthersMayUse_isLeftAlone()
+    {
+        QFETCH(int, nMode);
+        const CForeignSegment segment(Mailbox::g_nSize, nMode);
+        QVERIFY(segment.isReady());
+        QTest::ignoreMessage(QtDebugMsg, "Unable to create single instance.");
+        CSingleApp app(nullptr, g_strKey);
+        QVERIFY(!app.isRunning());
+        QVERIFY(!app.hasMailbox());
+        QVERIFY(!app.sendPaths({"/secret"}));
+        app.onCheckForMessage();
+        QCOMPARE(QByteArray(segment.memory(), Mailbox::g_nSize),
+                 QByteArray(Mailbox::g_nSize, '\0'));
+    }
+
+    void lockThatOthersMayUse_isLeftAlone_data() { whatOthersMayUse_isLeftAlone_data(); }
+    void lockThatOthersMayUse_isLeftAlone()
+    {
+        QFETCH(int, nMode);
+        const CForeignLock foreign(nMode, 0); // Who waits for it waits for ever.
+        QVERIFY(foreign.isReady());
+        QTest::ignoreMessage(QtDebugMsg, "Unable to create single instance.");
+        const CSingleApp app(nullptr, g_strKey);
+        QVERIFY(!app.isRunning());
+        QVERIFY(!app.hasMailbox());
+        QCOMPARE(foreign.value(), 0);
+    }
+
+    // As by a process of our own that was stopped.
+    void lockThatNobodyGivesBack_isNotWaitedForAtStart()
+    {
+        const CForeignLock taken(0600, 0);
+        QVERIFY(taken.isReady());
+        QTest::ignoreMessage(QtDebugMsg, "Unable to create single instance.");
+        const CSingleApp app(nullptr, g_strKey);
+        QVERIFY(!app.isRunning());
+        QVERIFY(!app.hasMailbox());
+        QCOMPARE(taken.value(), 0);
+    }
+
+    void lockThatNobodyGivesBack_isNotWaitedForLater()
+    {
+        CForeignLock lock(0600, 1);
+        QVERIFY(lock.isReady());
+        CSingleApp app(nullptr, g_strKey);
+        QVERIFY(app.hasMailbox() && !app.isRunning());
+        CSingleApp later(nullptr, g_strKey);
+        QVERIFY(later.isRunning());
+        QVERIFY(later.sendMessage("one"));
+        QCOMPARE(lock.value(), 1);
+        QSignalSpy spy(&app, &CSingleApp::messageAvailable);
+        lock.setValue(0);
+        app.onCheckForMessage();
+        QVERIFY(!later.sendMessage("two"));
+        QCOMPARE(spy.size(), 0);
+        lock.setValue(1);
+        app.onCheckForMessage();
+        QCOMPARE(spy.size(), 1);
+        lock.setValue(0); // Neither does the end wait.
+    }
+
+    // A message is given once, also where the mailbox cannot be emptied behind it.
+    void lockTakenDuringTheEmission_givesNoMessageTwice()
+    {
+        CForeignLock lock(0600, 1);
+        CSingleApp app(nullptr, g_strKey);
+        QVERIFY(app.hasMailbox() && !app.isRunning());
+        CSingleApp later(nullptr, g_strKey);
+        QVERIFY(later.sendMessage("one"));
+        int nGot = 0;
+        connect(&app, &CSingleApp::messageAvailable, this, [&] {
+            ++nGot;
+            lock.setValue(0);
+        });
+        app.onCheckForMessage();
+        app.onCheckForMessage();
+        lock.setValue(1);
+        app.onCheckForMessage();
+        QCOMPARE(nGot, 1);
+        QVERIFY(later.sendMessage("two"));
+        app.onCheckForMessage();
+        QCOMPARE(nGot, 2);
+        lock.setValue(1);
+    }
+
+    void lockOfAnotherUser_isNotWaitedFor()
+    {
+        if (geteuid() != 0)
+            QSKIP("Only root can be two users.");
+        const CForeignLock foreign(0666, 0);
+        QVERIFY(foreign.isReady());
+        QCOMPARE(runAsAnother(), 0);
+        QCOMPARE(foreign.value(), 0);
+    }
+
     // Of another user who lets nobody in: we start by ourselves and say nothing to anybody.
     void segmentOfAnotherUser_isLeftAlone()
     {
@@ -97,17 +250,7 @@ private slots:
             QSKIP("Only root can be two users.");
         const CForeignSegment segment(Mailbox::g_nSize, 0600);
         QVERIFY(segment.isReady());
-        QDir dir(QDir::tempPath());
-        QVERIFY(QProcess::execute("chmod", {"a+rx", dir.path(), dir.filePath("..")}) == 0);
-        const QString strId = QString::number(g_nNobody);
-        QProcess other;
-        other.setProcessChannelMode(QProcess::MergedChannels);
-        other.start("setpriv",
-                    {"--reuid=" + strId, "--regid=" + strId, "--clear-groups",
-                     QCoreApplication::applicationFilePath(), "--as-another"});
-        QVERIFY(other.waitForFinished(20000));
-        QCOMPARE(other.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(other.exitCode(), 0);
+        QCOMPARE(runAsAnother(), 0);
         for (int n = 0; n < Mailbox::g_nSize; ++n)
             QCOMPARE(int(segment.memory()[n]), 0);
     }

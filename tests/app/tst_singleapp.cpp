@@ -1,4 +1,5 @@
 // Two real processes: this program starts itself as the other instance.
+#include "app/arguments.h"
 #include "app/csingleapp.h"
 #include "app/platform.h"
 
@@ -7,18 +8,33 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <thread>
+
 namespace {
 
 const char g_szKey[] = "quillan_test_single";
 
+QStringList manyPaths(int nCount)
+{
+    QStringList lstPaths;
+    for (int n = 0; n < nCount; ++n)
+        lstPaths.append(QStringLiteral("/some/folder/%1").arg(n, -120, 10, QLatin1Char('x')));
+    return lstPaths;
+}
+
 // As an instance: a first one says "first" and then each message, until its input ends; a later one
-// sends its arguments and says "later".
+// sends its arguments and says "later". With "--paths N" these are as many paths.
 int runInstance(const QStringList &lstMessages)
 {
     CSingleApp single(nullptr, QLatin1String(g_szKey));
     QTextStream out(stdout);
     if (single.isRunning()) {
         bool bSent = true;
+        if (lstMessages.value(0) == QLatin1String("--paths")) {
+            out << (single.sendPaths(manyPaths(lstMessages.value(1).toInt())) ? "later" : "failed")
+                << Qt::endl;
+            return 0;
+        }
         for (const QString &strMessage : lstMessages)
             bSent = single.sendMessage(strMessage) && bSent;
         out << (bSent ? "later" : "failed") << Qt::endl;
@@ -66,6 +82,8 @@ class tst_singleapp : public QObject
 private slots:
     void laterInstance_handsOverAndEnds();
     void severalMessages_arriveInOrder();
+    void moreFilesThanFit_allArrive();
+    void filesBehindAFullMailbox_arriveLater();
     void noArguments_sendABlank();
     void killedInstance_isSucceeded();
     void endedInstance_freesTheSegment();
@@ -96,6 +114,39 @@ void tst_singleapp::severalMessages_arriveInOrder()
     CInstance again({QStringLiteral("4")});
     QVERIFY(again.hasEnded());
     QCOMPARE(first.line(), QStringLiteral("got:4"));
+}
+
+void tst_singleapp::moreFilesThanFit_allArrive()
+{
+    CInstance first;
+    QCOMPARE(first.line(), QStringLiteral("first"));
+    CInstance later({"--paths", "1200"});
+    QStringList lstGot;
+    for (int n = 0; n < 3; ++n) {
+        const QString strLine = first.line();
+        QVERIFY(strLine.startsWith("got:"));
+        lstGot += pathsFromMessage(strLine.mid(4));
+    }
+    lstGot.removeAll(QString());
+    QCOMPARE(lstGot, manyPaths(1200));
+    QCOMPARE(later.line(), QStringLiteral("later"));
+    QVERIFY(later.hasEnded());
+}
+
+// One message of a later start finds the room taken.
+void tst_singleapp::filesBehindAFullMailbox_arriveLater()
+{
+    const QString strKey = QStringLiteral("quillan_test_full");
+    CSingleApp single(nullptr, strKey);
+    CSingleApp later(nullptr, strKey);
+    QVERIFY(later.sendMessage(QString(60000, 'x')));
+    QSignalSpy spy(&single, &CSingleApp::messageAvailable);
+    std::thread sender([&later] { later.sendPaths(manyPaths(100)); });
+    QTRY_COMPARE(spy.size(), 2); // The timer empties the mailbox meanwhile.
+    sender.join();
+    QStringList lstGot = pathsFromMessage(spy.at(1).at(0).toString());
+    lstGot.removeAll(QString());
+    QCOMPARE(lstGot, manyPaths(100));
 }
 
 void tst_singleapp::noArguments_sendABlank()
