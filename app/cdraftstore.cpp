@@ -16,7 +16,7 @@ namespace {
 
 const char g_szLock[] = "lock";
 const char g_szKept[] = "kept";
-const qint64 g_nKeptFor = 24 * 60 * 60 * 1000; // Milliseconds.
+const qint64 g_nKeptFor = qint64(24) * 60 * 60 * 1000; // Milliseconds.
 
 QString lockPath(const QString &strFolder)
 {
@@ -95,8 +95,8 @@ bool lockAbandoned(const QString &strFolder, CDescriptor *pLock)
                              ? Platform::createFile(strLock, Platform::FilePrivacy::OnlyMe)
                              : Platform::openFile(strLock, Platform::FileAccess::ReadWrite));
     // A lock that may not be opened is none of this user's, while the folder is.
-    return !pLock->isOpen()
-        || Platform::lockFile(pLock->handle()) != Platform::FileLock::AnothersNow;
+    return pLock->isOpen() ? Platform::lockFile(pLock->handle()) != Platform::FileLock::AnothersNow
+                           : errno == EACCES;
 }
 
 // A write that was cut off leaves its copy; the draft itself is the one before.

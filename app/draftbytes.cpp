@@ -57,8 +57,7 @@ void readOrigin(const QJsonObject &header, SDraft *pDraft)
 // Empty for what is no draft.
 QJsonObject readHead(const QByteArray &bytes, SDraft *pDraft)
 {
-    const QJsonObject header =
-        QJsonDocument::fromJson(bytes.left(qMax(0, bytes.indexOf('\n')))).object();
+    QJsonObject header = QJsonDocument::fromJson(bytes.left(qMax(0, bytes.indexOf('\n')))).object();
     if (header.value(QStringLiteral("format")).toString() != QLatin1String(g_szFormat))
         return {};
     const int nFormat = header.value(QStringLiteral("returnFormat")).toInt(-1);

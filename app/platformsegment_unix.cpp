@@ -63,7 +63,7 @@ SegmentOwner ownerOfLock(key_t nKey)
     if (nId < 0)
         return SegmentOwner::Nobody;
     semid_ds info = {};
-    UArgument argument;
+    UArgument argument = {};
     argument.pInfo = &info;
     return semctl(nId, 0, IPC_STAT, argument) == 0 ? ownerBy(info.sem_perm) : SegmentOwner::Others;
 }
@@ -76,7 +76,7 @@ int lockOf(const QString &strKey)
     if (nId >= 0 || nKey == -1)
         return nId;
     const int nNew = semget(nKey, 1, 0600 | IPC_CREAT | IPC_EXCL);
-    UArgument argument;
+    UArgument argument = {};
     argument.nValue = 1;
     if (nNew >= 0)
         semctl(nNew, 0, SETVAL, argument);

@@ -21,6 +21,38 @@ namespace {
 
 const mode_t g_nPermissions = 07777;
 
+// With the reader at the other end of a pipe or terminal.
+class CPatience
+{
+public:
+    explicit CPatience(qint64 nBytes) : m_nAll(s_nPatience + nBytes / 1000)
+    {
+        m_sinceStart.start();
+        m_sinceLast.start();
+    }
+
+    void renew() { m_sinceLast.start(); }
+
+    // False, with the error set, when it took nothing for too long, or all of it takes too long.
+    bool waitFor(int nHandle) const
+    {
+        const qint64 nLeft =
+            std::min(s_nPatience - m_sinceLast.elapsed(), m_nAll - m_sinceStart.elapsed());
+        pollfd wanted = {nHandle, POLLOUT, 0};
+        if (nLeft > 0 && poll(&wanted, 1, int(nLeft)) != 0)
+            return true;
+        errno = ETIMEDOUT;
+        return false;
+    }
+
+private:
+    static constexpr qint64 s_nPatience = 1500; // Milliseconds.
+
+    qint64 m_nAll; // A second more for each megabyte.
+    QElapsedTimer m_sinceStart;
+    QElapsedTimer m_sinceLast;
+};
+
 bool isOwnMode(int nHandle, mode_t nMode)
 {
     struct stat info = {};
@@ -105,24 +137,19 @@ bool carryAttributes(const char *, int)
 bool Platform::writeBytes(int nHandle, const char *pData, qint64 nSize)
 {
     const qint64 nAtOnce = 1 << 30; // The system takes less than 2^31.
-    const qint64 nPatience = 2000 + nSize / 1000; // Milliseconds.
-    QElapsedTimer timer;
-    timer.start();
+    CPatience patience(nSize);
     while (nSize > 0) {
         const ssize_t nWritten = write(nHandle, pData, size_t(std::min(nSize, nAtOnce)));
         if (nWritten > 0) {
             pData += nWritten;
             nSize -= nWritten;
+            patience.renew();
         } else if (nWritten == 0) {
             errno = ENOSPC;
             return false;
         } else if (errno == EAGAIN) {
-            const qint64 nLeft = nPatience - timer.elapsed();
-            pollfd wanted = {nHandle, POLLOUT, 0};
-            if (nLeft <= 0 || poll(&wanted, 1, int(nLeft)) == 0) {
-                errno = ETIMEDOUT;
+            if (!patience.waitFor(nHandle))
                 return false;
-            }
         } else if (errno != EINTR) {
             return false;
         }

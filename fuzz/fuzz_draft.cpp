@@ -8,7 +8,9 @@ namespace {
 bool isSame(const SDraft &one, const SDraft &two)
 {
     return one.strPath == two.strPath && one.bPage == two.bPage
-        && one.nReturnFormat == two.nReturnFormat && one.strText == two.strText;
+        && one.nReturnFormat == two.nReturnFormat && one.strText == two.strText
+        && one.reason == two.reason && one.nTime == two.nTime && one.began == two.began
+        && one.codec == two.codec && one.bNotWhole == two.bNotWhole && one.nCaret == two.nCaret;
 }
 
 void checkRoundTrip(const SDraft &draft)
@@ -26,6 +28,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
     if (draftFromBytes(bytesOf(pData, nSize), &draft)) {
         require(draft.nReturnFormat >= 0 && draft.nReturnFormat <= 2, "a known line-ending style");
         checkRoundTrip(draft);
+        SDraft head;
+        require(draftHeadFromBytes(bytesOf(pData, nSize), &head), "a draft has a head");
+        head.strText = draft.strText;
+        require(isSame(head, draft), "a head says what its draft says");
     }
     draft = SDraft();
     draft.strText = unitsOf(pData, nSize);

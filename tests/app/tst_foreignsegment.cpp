@@ -103,7 +103,7 @@ class TestForeignSegment : public QObject
     }
 
 private slots:
-    // Two of the cases end without detaching, as a program does when the lock never comes.
+    // One of the cases ends without detaching, as a program does when the lock never comes.
     void cleanup()
     {
         const QByteArray name = QFile::encodeName(QSharedMemory(g_strKey).nativeKey());
