@@ -13,9 +13,9 @@ using Fault = SFileContent::Fault;
 
 const int g_nReadPiece = 1 << 20; // Bytes.
 
-class FileReader
+class CReadTexts
 {
-    Q_DECLARE_TR_FUNCTIONS(FileReader)
+    Q_DECLARE_TR_FUNCTIONS(CReadTexts)
 
 public:
     static SFileContent failure(Fault fault, const SFileState &state = SFileState())
@@ -113,12 +113,12 @@ SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
     // Looked at before it is opened, too: to open a device can set it going.
     const Platform::FileKind kind = Platform::kindOfPath(strPath);
     if (kind != Platform::FileKind::Regular && kind != Platform::FileKind::Missing)
-        return FileReader::failure(Fault::NotAFile);
+        return CReadTexts::failure(Fault::NotAFile);
     const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
     if (!file.isOpen())
-        return FileReader::failure(Fault::CannotOpen);
+        return CReadTexts::failure(Fault::CannotOpen);
     if (Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular)
-        return FileReader::failure(Fault::NotAFile);
+        return CReadTexts::failure(Fault::NotAFile);
     SFileContent content;
     content.state = fileStateOf(file.handle());
     const bool bFresh = isFresh(content.state); // Now: a change may come while it is read.
@@ -129,7 +129,7 @@ SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
             readBytes(file.handle(), bMadeUp ? -1 : content.state.nSize, limits, &content.bytes);
     }
     if (content.fault != Fault::None && content.fault != Fault::Changing)
-        return FileReader::failure(content.fault, content.state);
+        return CReadTexts::failure(content.fault, content.state);
     if (fileStateOf(file.handle()) != content.state
         || (!bMadeUp && content.bytes.size() != content.state.nSize))
         content.fault = Fault::Changing;
@@ -163,7 +163,7 @@ SFileContent readFile(const QString &strPath, const SReadLimits &limits)
             break;
     }
     if (content.fault == Fault::Changing)
-        content.strError = FileReader::failure(Fault::Changing).strError;
+        content.strError = CReadTexts::failure(Fault::Changing).strError;
     return content;
 }
 

@@ -10,8 +10,6 @@
 #include <QFileDevice>
 #include <QFileInfo>
 
-#include <cerrno>
-
 namespace {
 
 // The file at the end of a chain of links; also where that file does not exist yet.
@@ -27,9 +25,9 @@ QString linkTarget(const QString &strPath)
     return info.filePath();
 }
 
-class FileWriter
+class CFileReplacement
 {
-    Q_DECLARE_TR_FUNCTIONS(FileWriter)
+    Q_DECLARE_TR_FUNCTIONS(CFileReplacement)
 
 public:
     enum class Outcome { Done, Failed, InPlaceInstead };
@@ -46,17 +44,17 @@ private:
     }
 };
 
-FileWriter::Outcome FileWriter::replace(const QString &strTarget, const QByteArray &data,
-                                        QString *pError, SFileState *pState)
+CFileReplacement::Outcome CFileReplacement::replace(const QString &strTarget,
+                                                    const QByteArray &data, QString *pError,
+                                                    SFileState *pState)
 {
     const bool bExists = QFileInfo::exists(strTarget);
     const auto closedOr = [&] {
         return bExists && Platform::isFolderClosed() ? Outcome::InPlaceInstead : failed(pError);
     };
-    if (bExists && !QFileInfo(strTarget).isWritable()) {
-        errno = EACCES; // A folder that may be written must not make up for it.
+    // A folder that may be written must not make up for a file that may not.
+    if (bExists && !Platform::mayWrite(strTarget))
         return failed(pError);
-    }
     CNewFile file(strTarget);
     // What hangs on the old file decides who may read the new one, and comes last.
     if (!file.create(bExists ? Platform::FilePrivacy::OnlyMe : Platform::FilePrivacy::AsUsual))
@@ -84,9 +82,9 @@ bool writeTarget(const QString &strTarget, const QByteArray &data, QString *pErr
 {
     const bool bLoop = QFileInfo(strTarget).isSymLink();
     if (!bLoop && !Platform::mustWriteInPlace(strTarget)) {
-        const auto outcome = FileWriter::replace(strTarget, data, pError, pState);
-        if (outcome != FileWriter::Outcome::InPlaceInstead)
-            return outcome == FileWriter::Outcome::Done;
+        const auto outcome = CFileReplacement::replace(strTarget, data, pError, pState);
+        if (outcome != CFileReplacement::Outcome::InPlaceInstead)
+            return outcome == CFileReplacement::Outcome::Done;
     }
     return writeInPlace(strTarget, data, pError, pState);
 }

@@ -13,12 +13,13 @@ namespace {
 
 using Platform::FileKind;
 
-class InPlaceWriter
+class CInPlaceWriter
 {
-    Q_DECLARE_TR_FUNCTIONS(InPlaceWriter)
+    Q_DECLARE_TR_FUNCTIONS(CInPlaceWriter)
 
 public:
-    InPlaceWriter(const QString &strPath, const QByteArray &data) : m_strPath(strPath), m_data(data)
+    CInPlaceWriter(const QString &strPath, const QByteArray &data)
+        : m_strPath(strPath), m_data(data)
     {
     }
 
@@ -40,12 +41,13 @@ private:
     QByteArray m_data;
     CDescriptor m_file;
     qint64 m_nOldSize = 0;
+    Platform::SPrivileges m_privileges;
     CInPlaceJournal m_journal;
     bool m_bJournal = false;
     QByteArray m_old; // Where there is no journal.
 };
 
-bool InPlaceWriter::isOpen(FileKind kind, QString *pError)
+bool CInPlaceWriter::isOpen(FileKind kind, QString *pError)
 {
     if (kind == FileKind::Other) {
         *pError = tr("It is no ordinary file.");
@@ -65,7 +67,7 @@ bool InPlaceWriter::isOpen(FileKind kind, QString *pError)
 }
 
 // Its reader may come a moment later.
-void InPlaceWriter::openStream()
+void CInPlaceWriter::openStream()
 {
     const int nTries = 50;
     for (int n = 0; n < nTries; ++n) {
@@ -77,9 +79,10 @@ void InPlaceWriter::openStream()
     }
 }
 
-bool InPlaceWriter::keepOldBytes(QString *pError)
+bool CInPlaceWriter::keepOldBytes(QString *pError)
 {
     m_nOldSize = fileStateOf(m_file.handle()).nSize;
+    m_privileges = Platform::privilegesOf(m_file.handle());
     m_bJournal = m_journal.begin(m_strPath, m_file.handle(), m_data);
     if (m_bJournal)
         return true;
@@ -96,31 +99,31 @@ bool InPlaceWriter::keepOldBytes(QString *pError)
     return true;
 }
 
-bool InPlaceWriter::overwrite()
+bool CInPlaceWriter::overwrite()
 {
-    const Platform::SPrivileges privileges = Platform::privilegesOf(m_file.handle());
     if (m_data.size() > m_nOldSize && !Platform::reserveFileSpace(m_file.handle(), m_data.size()))
         return false;
     if (!Platform::moveTo(m_file.handle(), 0)
         || !Platform::writeBytes(m_file.handle(), m_data.constData(), m_data.size())
         || !Platform::resizeFile(m_file.handle(), m_data.size()))
         return false;
-    Platform::restorePrivileges(m_file.handle(), privileges);
+    Platform::restorePrivileges(m_file.handle(), m_privileges);
     return Platform::syncFile(m_file.handle());
 }
 
-bool InPlaceWriter::putBack()
+bool CInPlaceWriter::putBack()
 {
     // What was reserved behind the old end goes first: the disk may be full.
     Platform::resizeFile(m_file.handle(), qMin(m_nOldSize, fileStateOf(m_file.handle()).nSize));
-    if (m_bJournal)
-        return m_journal.putBack(m_file.handle());
-    return Platform::moveTo(m_file.handle(), 0)
-        && Platform::writeBytes(m_file.handle(), m_old.constData(), m_old.size())
-        && Platform::syncFile(m_file.handle());
+    const bool bDone = m_bJournal ? m_journal.putBack(m_file.handle())
+                                  : Platform::moveTo(m_file.handle(), 0)
+            && Platform::writeBytes(m_file.handle(), m_old.constData(), m_old.size())
+            && Platform::syncFile(m_file.handle());
+    Platform::restorePrivileges(m_file.handle(), m_privileges);
+    return bDone;
 }
 
-bool InPlaceWriter::write(QString *pError, SFileState *pState)
+bool CInPlaceWriter::write(QString *pError, SFileState *pState)
 {
     const FileKind kind = Platform::kindOfPath(m_strPath);
     if (!isOpen(kind, pError))
@@ -151,5 +154,5 @@ bool InPlaceWriter::write(QString *pError, SFileState *pState)
 bool writeInPlace(const QString &strPath, const QByteArray &data, QString *pError,
                   SFileState *pState)
 {
-    return InPlaceWriter(strPath, data).write(pError, pState);
+    return CInPlaceWriter(strPath, data).write(pError, pState);
 }

@@ -134,6 +134,11 @@ bool carryAttributes(const char *, int)
 
 } // namespace
 
+bool Platform::mayWrite(const QString &strPath)
+{
+    return access(QFile::encodeName(strPath).constData(), W_OK) == 0;
+}
+
 bool Platform::writeBytes(int nHandle, const char *pData, qint64 nSize)
 {
     const qint64 nAtOnce = 1 << 30; // The system takes less than 2^31.

@@ -30,6 +30,12 @@ const wchar_t *wideName(const QString &strNative)
 
 } // namespace
 
+bool Platform::mayWrite(const QString &strPath)
+{
+    const int nWrite = 2; // The C library's number.
+    return _waccess(wideName(QDir::toNativeSeparators(strPath)), nWrite) == 0;
+}
+
 bool Platform::writeBytes(int nHandle, const char *pData, qint64 nSize)
 {
     const qint64 nAtOnce = 1 << 26;
