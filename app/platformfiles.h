@@ -38,6 +38,9 @@ int createFile(const QString &strPath, FilePrivacy privacy);
 // Bytes read; 0 at the end, -1 on failure. Interrupted calls are made again.
 qint64 readSome(int nHandle, char *pBuffer, qint64 nSize);
 
+// Whether the permissions of an existing file let this user write to it.
+bool mayWrite(const QString &strPath);
+
 // All bytes, or false. What cannot be taken at once by a pipe or terminal is waited for, two
 // seconds and a second more for each megabyte.
 bool writeBytes(int nHandle, const char *pData, qint64 nSize);

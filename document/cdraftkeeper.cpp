@@ -125,8 +125,9 @@ void CDraftKeeper::writeEntry(const CDocument &document, SEntry *pEntry)
 void CDraftKeeper::write(const SDraft &draft)
 {
     m_pool.start(new CStoreTask([this, draft] {
-        const QString strFailure =
-            m_store.write(draft) ? QString() : tr("The draft could not be written.");
+        QString strFailure;
+        if (!m_store.write(draft, &strFailure) && strFailure.isEmpty())
+            strFailure = tr("The draft could not be written.");
         QMetaObject::invokeMethod(
             this, [this, strId = draft.strId, strFailure] { onWritten(strId, strFailure); },
             Qt::QueuedConnection);
