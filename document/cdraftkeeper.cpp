@@ -2,6 +2,7 @@
 
 #include "document/cdocument.h"
 
+#include <QCoreApplication>
 #include <QRunnable>
 
 #include <functional>
@@ -57,12 +58,10 @@ void CDraftKeeper::adopt(CDocument *pDocument, const SDraft &draft)
 
 void CDraftKeeper::onChanged(CDocument *pDocument)
 {
-    if (pDocument->isLoading())
+    // The draft of a document that seems clean is not removed yet: a step that replaces the text
+    // takes the flag away and gives it back.
+    if (pDocument->isLoading() || (!pDocument->isModified() && !m_entries.contains(pDocument)))
         return;
-    if (!pDocument->isModified()) {
-        onSettled(pDocument);
-        return;
-    }
     m_entries[pDocument].bDue = true;
     if (!m_sinceFirstChange.isValid())
         m_sinceFirstChange.start();
@@ -70,7 +69,7 @@ void CDraftKeeper::onChanged(CDocument *pDocument)
     m_timer.start(int(qBound(qint64(0), nLeft, qint64(g_nDelay))));
 }
 
-// Saved, undone, or closed on the user's word: nothing is left to keep.
+// Saved, or closed on the user's word: nothing is left to keep.
 void CDraftKeeper::onSettled(const CDocument *pDocument)
 {
     const auto it = m_entries.find(pDocument);
@@ -100,15 +99,26 @@ void CDraftKeeper::flush()
 {
     m_timer.stop();
     writeDue();
+    finish();
+}
+
+void CDraftKeeper::finish()
+{
     m_pool.waitForDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall); // How each write went.
 }
 
 void CDraftKeeper::writeDue()
 {
     m_sinceFirstChange.invalidate();
-    for (auto it = m_entries.begin(); it != m_entries.end(); ++it) {
-        if (it->bDue)
-            writeEntry(*it.key(), &it.value());
+    const QList<const CDocument *> lstDocuments = m_entries.keys();
+    for (const CDocument *pDocument : lstDocuments) {
+        if (!m_entries[pDocument].bDue)
+            continue;
+        if (pDocument->isModified())
+            writeEntry(*pDocument, &m_entries[pDocument]);
+        else
+            onSettled(pDocument); // Undone.
     }
 }
 

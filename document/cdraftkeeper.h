@@ -32,6 +32,8 @@ public:
     // Writes what is due, now. For the end of the program, which may drop unsaved documents, and
     // before anything that can end it.
     void flush();
+    // Waits for what is being written; writes nothing more.
+    void finish();
 
     // What an earlier run left unsaved; see CDraftStore::takeAbandoned().
     QVector<SDraft> takeAbandoned() { return m_store.takeAbandoned(); }

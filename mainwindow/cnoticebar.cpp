@@ -1,10 +1,13 @@
 #include "mainwindow/cnoticebar.h"
 
+#include <QAction>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 CNoticeBar::CNoticeBar(QWidget *pParent)
-    : QToolBar(tr("Notice"), pParent), m_pLabel(new QLabel(this))
+    : QToolBar(tr("Notice"), pParent), m_pLabel(new QLabel(this)), m_pClose(new QToolButton(this))
 {
     setObjectName(QStringLiteral("noticeBar"));
     setMovable(false);
@@ -15,33 +18,42 @@ CNoticeBar::CNoticeBar(QWidget *pParent)
     m_pLabel->setTextFormat(Qt::PlainText);
     m_pLabel->setWordWrap(true);
     m_pLabel->setMargin(4);
-    m_pLabel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    addWidget(m_pLabel);
-    m_pEnd = addAction(QIcon(QStringLiteral(":/res/close.png")), tr("Close this notice"));
-    widgetForAction(m_pEnd)->setFocusPolicy(Qt::TabFocus);
-    connect(m_pEnd, &QAction::triggered, this, &CNoticeBar::dismissed);
+    m_pClose->setIcon(QIcon(QStringLiteral(":/res/close.png")));
+    m_pClose->setToolTip(tr("Close this notice"));
+    m_pClose->setAutoRaise(true);
+    m_pClose->setFocusPolicy(Qt::TabFocus);
+    connect(m_pClose, &QToolButton::clicked, this, &CNoticeBar::dismissed);
+
+    // One widget for the tool bar, which would put single buttons behind an arrow where a long text
+    // leaves them no room. Here the text wraps.
+    auto *pContent = new QWidget(this);
+    m_pLayout = new QHBoxLayout(pContent);
+    m_pLayout->setContentsMargins(0, 0, 0, 0);
+    m_pLayout->addWidget(m_pLabel, 1);
+    m_pLayout->addWidget(m_pClose);
+    addWidget(pContent);
     hide();
 }
 
 void CNoticeBar::show(const SNotice &notice)
 {
-    for (QAction *pAction : qAsConst(m_lstButtons)) {
-        removeAction(pAction);
-        pAction->deleteLater(); // Its button may be the one that was pressed.
+    for (QPushButton *pButton : qAsConst(m_lstButtons)) {
+        pButton->hide();
+        pButton->deleteLater(); // It may be the one that was pressed.
     }
     m_lstButtons.clear();
     m_pLabel->setText(notice.strText);
-    QWidget *pLast = nullptr;
+    QWidget *pLast = m_pLabel;
     for (const SNotice::SChoice &choice : notice.lstChoices) {
         auto *pButton = new QPushButton(choice.strText);
         connect(pButton, &QPushButton::clicked, this, choice.chosen);
-        m_lstButtons.append(insertWidget(m_pEnd, pButton));
-        if (pLast)
-            setTabOrder(pLast, pButton);
+        m_pLayout->insertWidget(m_pLayout->count() - 1, pButton);
+        pButton->show(); // The layout would do so later.
+        m_lstButtons.append(pButton);
+        setTabOrder(pLast, pButton);
         pLast = pButton;
     }
-    if (pLast)
-        setTabOrder(pLast, widgetForAction(m_pEnd));
+    setTabOrder(pLast, m_pClose);
     setVisible(!notice.strText.isEmpty());
 }
 

@@ -4,7 +4,10 @@
 
 #include <QToolBar>
 
+class QHBoxLayout;
 class QLabel;
+class QPushButton;
+class QToolButton;
 
 // The bar above the documents that shows a notice: its text as it stands, a button per choice and
 // one that closes the bar.
@@ -25,6 +28,7 @@ signals:
 
 private:
     QLabel *m_pLabel;
-    QList<QAction *> m_lstButtons;
-    QAction *m_pEnd;
+    QToolButton *m_pClose;
+    QHBoxLayout *m_pLayout;
+    QList<QPushButton *> m_lstButtons; // One for each choice.
 };

@@ -41,6 +41,7 @@ public:
 
     // With no tab, the document that refuses everything.
     CDocument &currentDocument() const;
+    CDocuments &documents() { return *m_pDocuments; }
     const CHighlightMgt *highlightMgt() const { return m_pHighlightMgt; }
 
 public slots:
