@@ -63,7 +63,7 @@ int blanksReadAs(const char *szCodec, const QByteArray &data)
 
 QString detectWideCodec(const QByteArray &data)
 {
-    const QString strMarked = markedCodec(data);
+    QString strMarked = markedCodec(data);
     if (!strMarked.isEmpty())
         return strMarked;
     if (!data.contains('\0')) // A blank or a line end has one.

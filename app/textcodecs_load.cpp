@@ -29,7 +29,7 @@ SDetectedCodec detectCodec(const QByteArray &data)
     QTextCodec *pPreferred = codecForName(preferredCodecName(strLocale));
     if (isValidDecoding(pPreferred, data))
         return {QString::fromLatin1(pPreferred->name()), true};
-    const SDetectedCodec detected = detectLegacyCodec(data, strLocale);
+    SDetectedCodec detected = detectLegacyCodec(data, strLocale);
     if (!detected.strName.isEmpty())
         return detected;
     const QString strName = detectCodecName(data);

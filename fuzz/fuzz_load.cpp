@@ -28,6 +28,17 @@ void checkLineEnds(const QString &strText, int nFormat)
     }
 }
 
+void checkDetection(const QByteArray &data)
+{
+    const SDetectedCodec found = detectCodec(data);
+    const QTextCodec *const pFound = codecForName(found.strName);
+    require(found.strName.isEmpty() || pFound, "what is detected exists");
+    require(pFound || !found.bSure, "nothing is not sure");
+    const bool bWide = found.strName.startsWith(QLatin1String("UTF-"));
+    if (found.bSure && !bWide && data.size() < 64)
+        require(isWholeText(pFound, data), "what is sure is decoded whole");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
@@ -35,6 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
     if (nSize == 0)
         return 0;
     const QByteArray data = bytesOf(pData + 1, nSize - 1);
+    checkDetection(data);
     const QString strName = codecNameForData(codecNameOf(*pData), data);
     const QTextCodec *const pCodec = codecForName(strName);
     const QString strText = decodeText(pCodec, data);
@@ -50,5 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
     const bool bMark = data.startsWith("\xEF\xBB\xBF");
     if (strName == QLatin1String("UTF-8") && isMultiByteUtf8(data) && !bMark)
         require(pCodec->fromUnicode(strText) == data, "UTF-8 is saved as it was");
+    if (pCodec && isWholeText(pCodec, data) && data.size() < 64)
+        require(strText.isValidUtf16(), "a whole text can be written");
     return 0;
 }

@@ -141,6 +141,16 @@ void TestTextEditLoad::codec_isChosenByTheData_data()
     QTest::newRow("ASCII") << QByteArray("int main() {}\n") << ""
                            << "int main() {}\n";
     QTest::newRow("Shift_JIS") << pShiftJis->fromUnicode(strKana) << "Shift_JIS" << strKana;
+    const auto legacy = [](const char *szCodec, const QString &strText) {
+        QTest::newRow(szCodec) << QTextCodec::codecForName(szCodec)->fromUnicode(strText)
+                               << QString::fromLatin1(szCodec) << strText;
+    };
+    legacy("windows-1252", QStringLiteral("int größe; // für später\n"));
+    legacy("IBM850", QStringLiteral("int größe; // für später\n"));
+    legacy("windows-1251", QStringLiteral("Простой текст\n"));
+    legacy("KOI8-R", QStringLiteral("Простой текст\n"));
+    legacy("EUC-JP", strKana);
+    legacy("UTF-16", QStringLiteral("größe\n"));
     QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBFtext") << "UTF-8"
                                      << "text";
     QTest::newRow("UTF-8 mark alone") << QByteArray("\xEF\xBB\xBF") << "UTF-8"
