@@ -4,6 +4,7 @@
 #include "app/textcodecs.h"
 #include "app/wordshape.h"
 
+#include <QHash>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -82,28 +83,44 @@ private:
     double m_nSum = 0;
 };
 
+// The text in a codec; empty where it does not decode the data.
+QString decodedText(const QString &strCodec, const QByteArray &data)
+{
+    QTextCodec *pCodec = codecForName(strCodec);
+    const bool bValid = isValidDecoding(pCodec, data, FullWidthSigns::Allowed);
+    return bValid ? pCodec->toUnicode(data) : QString();
+}
+
+// What does not depend on the text.
+double priorScore(const SLanguageLetters &language, const QString &strCodec,
+                  const QString &strLocale)
+{
+    double nScore = 0;
+    if (strCodec.startsWith(QLatin1String("IBM")) || strCodec.contains(QLatin1String("mac")))
+        nScore += g_nOldSystem;
+    if (strLocale.startsWith(language.strLanguage))
+        nScore += g_nOwnLanguage * language.strLanguage.size();
+    return nScore;
+}
+
 } // namespace
 
 QVector<SReading> readings(const QByteArray &data, const QString &strLocale)
 {
+    QHash<QString, QString> texts; // By codec: many languages share one.
     QVector<SReading> lstReadings;
     for (const SLanguageLetters &language : languageLetters()) {
         for (const QString &strCodec : language.lstCodecs) {
-            QTextCodec *pCodec = codecForName(strCodec);
-            if (!isValidDecoding(pCodec, data, FullWidthSigns::Allowed))
-                continue;
-            const QString strText = pCodec->toUnicode(data);
+            if (!texts.contains(strCodec))
+                texts.insert(strCodec, decodedText(strCodec, data));
+            const QString strText = texts.value(strCodec);
             if (strText.isEmpty())
                 continue;
-            double nScore = CReading(language, pCodec).score(strText);
-            if (nScore <= g_nUnreadable)
-                continue;
-            if (strCodec.startsWith(QLatin1String("IBM"))
-                || strCodec.contains(QLatin1String("mac")))
-                nScore += g_nOldSystem;
-            if (strLocale.startsWith(language.strLanguage))
-                nScore += g_nOwnLanguage * language.strLanguage.size();
-            lstReadings.append({strCodec, language.strLanguage, strText, nScore});
+            const double nScore = CReading(language, codecForName(strCodec)).score(strText);
+            if (nScore > g_nUnreadable) {
+                lstReadings.append({strCodec, language.strLanguage, strText,
+                                    nScore + priorScore(language, strCodec, strLocale)});
+            }
         }
     }
     std::stable_sort(lstReadings.begin(), lstReadings.end(),

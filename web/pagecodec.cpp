@@ -59,7 +59,7 @@ QString detectedCodecName(const QByteArray &page)
 
 QString pageCodecName(const QByteArray &page)
 {
-    const QString strMarked = markedCodecName(page);
+    QString strMarked = markedCodecName(page);
     if (!strMarked.isEmpty())
         return strMarked;
     const QString strDeclared =
