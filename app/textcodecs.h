@@ -43,7 +43,7 @@ bool isMultiByteUtf8(const QByteArray &data);
 QByteArray withoutCutUtf8(const QByteArray &data);
 
 // The encoding of data of which nothing is known, for every loader: valid UTF-8, ASCII as
-// detectCodecName() says, UTF-16 and UTF-32, the locale's own codec if it decodes the data cleanly,
+// detectCodecName() says, the locale's own codec if it decodes the data cleanly, UTF-16 and UTF-32,
 // then what detectLegacyCodec() finds, at last detectCodecName(). Its name is empty when nothing
 // fits: the data is no text.
 //

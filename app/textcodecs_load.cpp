@@ -23,12 +23,12 @@ SDetectedCodec detectCodec(const QByteArray &data)
         return {QStringLiteral("UTF-8"), true};
     if (isAscii(data) && !hasEscapedCharacters(data))
         return {detectCodecName(data), true};
-    const QString strWide = detectWideCodec(data);
-    if (!strWide.isEmpty())
-        return {strWide, true};
     QTextCodec *pPreferred = codecForName(preferredCodecName(strLocale));
     if (isValidDecoding(pPreferred, data))
         return {QString::fromLatin1(pPreferred->name()), true};
+    const QString strWide = detectWideCodec(data);
+    if (!strWide.isEmpty())
+        return {strWide, true};
     SDetectedCodec detected = detectLegacyCodec(data, strLocale);
     if (!detected.strName.isEmpty())
         return detected;
@@ -36,7 +36,7 @@ SDetectedCodec detectCodec(const QByteArray &data)
     // Its text was looked at above, and is none.
     const bool bWide =
         strName.startsWith(QLatin1String("UTF-16")) || strName.startsWith(QLatin1String("UTF-32"));
-    return {bWide ? QString() : strName, false};
+    return {bWide ? QString() : strName, isAscii(data)};
 }
 
 QString codecNameForData(const QString &strCurrent, const QByteArray &data)

@@ -172,6 +172,7 @@ void tst_CodecDetection::guess_isNotSure_data()
     QTest::newRow("ASCII") << QByteArray("abc") << true;
     QTest::newRow("empty") << QByteArray() << true;
     QTest::newRow("UTF-8") << QByteArray("\xC3\xA9") << true;
+    QTest::newRow("ASCII with an escape") << QByteArray("\x1B$ echo") << true;
     QTest::newRow("mark of UTF-16") << QByteArray("\xFF\xFE\xE9\0", 4) << true;
     QTest::newRow("German words") << encoded("windows-1252",
                                              QString::fromUtf8("Größe, Fläche, Länge"))

@@ -16,6 +16,7 @@ private slots:
     void gb18030_opensAsGb18030();
     void utf8_opensAsUtf8();
     void ascii_opensAsGb18030();
+    void othersOpen_whereGb18030DoesNotFit();
 };
 
 void TestChineseLocale::initTestCase()
@@ -50,6 +51,16 @@ void TestChineseLocale::ascii_opensAsGb18030()
     CHighlightEdit edit;
     edit.setTextData("ascii", false);
     QCOMPARE(edit.codecName(), QStringLiteral("GB18030"));
+}
+
+void TestChineseLocale::othersOpen_whereGb18030DoesNotFit()
+{
+    const QString strText = QStringLiteral("Größe, Fläche\n");
+    for (const char *szCodec : {"UTF-16", "UTF-16LE", "UTF-32"}) {
+        const QByteArray data = QTextCodec::codecForName(szCodec)->fromUnicode(strText);
+        QVERIFY(!isValidDecoding(QTextCodec::codecForName("GB18030"), data));
+        QCOMPARE(decodeText(codecForName(detectCodec(data).strName), data), strText);
+    }
 }
 
 QTEST_MAIN(TestChineseLocale)
