@@ -12,6 +12,7 @@ namespace {
 using Fault = SFileContent::Fault;
 
 const int g_nReadPiece = 1 << 20; // Bytes.
+const qint64 g_nMaxHashed = 4 << 20; // Bytes that a hash takes some milliseconds for.
 
 class CReadTexts
 {
@@ -133,7 +134,8 @@ SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
     if (fileStateOf(file.handle()) != content.state
         || (!bMadeUp && content.bytes.size() != content.state.nSize))
         content.fault = Fault::Changing;
-    if (bFresh)
+    content.state.bFresh = bFresh;
+    if (bFresh || content.state.nSize <= g_nMaxHashed)
         content.state.hash = hashOfContent(content.bytes);
     return content;
 }
@@ -169,16 +171,19 @@ SFileContent readFile(const QString &strPath, const SReadLimits &limits)
 
 bool isFileUnchanged(const QString &strPath, SFileState *pState)
 {
-    const SFileState state = fileStateOf(strPath);
-    if (state != *pState)
+    const SFileState now = fileStateOf(strPath);
+    if (!now.bExists || !pState->bExists)
+        return now.bExists == pState->bExists;
+    if (!isSameFile(now, *pState) || now.nSize != pState->nSize
+        || now.nModifiedNs != pState->nModifiedNs)
         return false;
-    if (!state.bExists || pState->hash.isEmpty())
+    if (now.nChangedNs == pState->nChangedNs && !pState->bFresh)
         return true;
-    const bool bSettled = !isFresh(state); // Before it is read.
-    if (Platform::kindOfPath(strPath) != Platform::FileKind::Regular
-        || hashOfFile(strPath) != pState->hash || fileStateOf(strPath) != state)
+    const bool bSettled = !isFresh(now); // Before it is read.
+    if (pState->hash.isEmpty() || Platform::kindOfPath(strPath) != Platform::FileKind::Regular
+        || hashOfFile(strPath) != pState->hash || fileStateOf(strPath) != now)
         return false;
-    if (bSettled)
-        pState->hash.clear();
+    pState->nChangedNs = now.nChangedNs;
+    pState->bFresh = !bSettled;
     return true;
 }

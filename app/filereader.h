@@ -36,7 +36,8 @@ struct SFileContent
     };
 
     QByteArray bytes; // Empty with all faults but Changing.
-    // From the descriptor that was read, before the first byte. With a hash where it is fresh.
+    // From the descriptor that was read, before the first byte. With a hash where it is fresh or
+    // the file is no larger than 4 MB.
     SFileState state;
     Fault fault = Fault::None;
     QString strError; // For the user, without the file's name. Empty: read whole.
@@ -52,6 +53,7 @@ const qint64 g_nMaxReadable = 0x7fffffff - 0x1000;
 // does.
 SFileContent readFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
 
-// True when the file is as the state says. Reads it where the state has a hash, which goes once the
-// times can be trusted.
+// True when the file is the one of the state and its content the same. It is read where its times
+// do not tell: where the state is fresh, or only the time differs that a change of permissions or a
+// new link changes, too, and there is a hash. The state then takes the times over.
 bool isFileUnchanged(const QString &strPath, SFileState *pState);

@@ -76,6 +76,7 @@ QJsonObject toJson(const SFileState &state)
         {QStringLiteral("modified"), textOfNumber(quint64(state.nModifiedNs))},
         {QStringLiteral("changed"), textOfNumber(quint64(state.nChangedNs))},
         {QStringLiteral("hash"), QString::fromLatin1(state.hash.toHex())},
+        {QStringLiteral("fresh"), state.bFresh},
     };
 }
 
@@ -89,5 +90,6 @@ SFileState fileStateFromJson(const QJsonObject &object)
     state.nModifiedNs = qint64(numberIn(object, "modified"));
     state.nChangedNs = qint64(numberIn(object, "changed"));
     state.hash = QByteArray::fromHex(object.value(QStringLiteral("hash")).toString().toLatin1());
+    state.bFresh = object.value(QStringLiteral("fresh")).toBool();
     return state.bExists ? state : SFileState();
 }

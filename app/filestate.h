@@ -14,20 +14,23 @@ struct SFileState
     qint64 nSize = 0; // Bytes.
     qint64 nModifiedNs = 0; // Of the content.
     qint64 nChangedNs = 0; // Of the content, the name or the permissions; 0 where unknown.
-    // SHA-1 of the content, where the times alone cannot be trusted: a file system's clock ticks
-    // slowly, and a second write within a tick leaves all other members as they are. Empty
-    // elsewhere.
+    // SHA-1 of the content; empty where it is not known.
     QByteArray hash;
+    // The times alone cannot be trusted: a file system's clock ticks slowly, and a second write
+    // within a tick leaves them and all else as they are. There is a hash then.
+    bool bFresh = false;
 };
 
-// Two files that do not exist are equal. Hashes count where both sides have one.
+// Two files that do not exist are equal. Hashes count where both sides have one; what is fresh is
+// no difference.
 bool operator==(const SFileState &one, const SFileState &two);
 bool operator!=(const SFileState &one, const SFileState &two);
 
 // True when both are one file on the disk, whatever was written to it meanwhile.
 bool isSameFile(const SFileState &one, const SFileState &two);
 
-// The state without a hash; links are followed. A file that cannot be looked at does not exist.
+// The state by the system's word alone; links are followed. A file that cannot be looked at does
+// not exist.
 SFileState fileStateOf(const QString &strPath);
 SFileState fileStateOf(int nHandle);
 

@@ -71,6 +71,7 @@ CFileReplacement::Outcome CFileReplacement::replace(const QString &strTarget,
         return closedOr();
     *pState = file.state();
     pState->hash = hashOfContent(data);
+    pState->bFresh = true;
     if (Platform::syncFolder(QFileInfo(strTarget).absolutePath()))
         return Outcome::Done;
     *pError = tr("The folder may not have kept what was written: %1").arg(Platform::errorText());

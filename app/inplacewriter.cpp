@@ -146,6 +146,7 @@ bool CInPlaceWriter::write(QString *pError, SFileState *pState)
     if (!bDone)
         return false;
     pState->hash = hashOfContent(m_data);
+    pState->bFresh = true;
     return m_file.close() || failed(pError);
 }
 

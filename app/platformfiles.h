@@ -41,8 +41,8 @@ qint64 readSome(int nHandle, char *pBuffer, qint64 nSize);
 // Whether the permissions of an existing file let this user write to it.
 bool mayWrite(const QString &strPath);
 
-// All bytes, or false. What cannot be taken at once by a pipe or terminal is waited for, two
-// seconds and a second more for each megabyte.
+// All bytes, or false. A pipe or terminal that takes nothing is waited for a second and a half, one
+// that takes little a second more for each megabyte in all.
 bool writeBytes(int nHandle, const char *pData, qint64 nSize);
 
 // The next bytes are read and written so many bytes from the beginning.

@@ -329,9 +329,9 @@ private slots:
     {
         put(path("file"), "bytes");
         SFileState state = readFile(path("file")).state;
-        QVERIFY(!state.hash.isEmpty());
+        QVERIFY(state.bFresh && !state.hash.isEmpty());
         QVERIFY(isFileUnchanged(path("file"), &state));
-        QVERIFY(!state.hash.isEmpty()); // Too fresh for the times alone.
+        QVERIFY(state.bFresh); // Too fresh for the times alone.
         SFileState missing;
         QVERIFY(isFileUnchanged(path("missing"), &missing));
     }
@@ -344,7 +344,36 @@ private slots:
         QVERIFY(content.isWhole());
         if (isFresh(content.state))
             QSKIP("This program was built a moment ago.");
-        QVERIFY(content.state.hash.isEmpty());
+        QVERIFY(!content.state.bFresh);
+        QCOMPARE(content.state.hash.isEmpty(), content.bytes.size() > (4 << 20));
+    }
+
+    void permissionsAndLinks_areNoChangeOfTheContent()
+    {
+        put(path("file"), "bytes");
+        SFileState state = readFile(path("file")).state;
+        state.bFresh = false;
+        QTest::qSleep(20); // More than a tick.
+        QVERIFY(chmod(nameOf(path("file")).constData(), 0755) == 0);
+        QVERIFY(fileStateOf(path("file")) != state);
+        QVERIFY(isFileUnchanged(path("file"), &state));
+        QVERIFY(fileStateOf(path("file")) == state);
+    }
+
+    // As "touch -r" does it.
+    void changeWithTheOldTime_isSeen()
+    {
+        put(path("file"), "before");
+        SFileState state = readFile(path("file")).state;
+        state.bFresh = false;
+        struct stat info = {};
+        QCOMPARE(stat(nameOf(path("file")).constData(), &info), 0);
+        QTest::qSleep(20); // More than a tick.
+        QVERIFY(overwrite(path("file"), "behind"));
+        const timespec arrTimes[] = {info.st_atim, info.st_mtim};
+        QCOMPARE(utimensat(AT_FDCWD, nameOf(path("file")).constData(), arrTimes, 0), 0);
+        QCOMPARE(fileStateOf(path("file")).nModifiedNs, state.nModifiedNs);
+        QVERIFY(!isFileUnchanged(path("file"), &state));
     }
 
     void madeUpFiles_areReadToTheirEnd_data()
@@ -376,9 +405,11 @@ private slots:
         state.nModifiedNs = 1763777777123456789;
         state.nChangedNs = -1;
         state.hash = hashOfContent("x");
+        state.bFresh = true;
         const SFileState back = fileStateFromJson(toJson(state));
         QVERIFY(back == state);
         QCOMPARE(back.hash, state.hash);
+        QVERIFY(back.bFresh);
         QVERIFY(fileStateFromJson(toJson(SFileState())) == SFileState());
         QVERIFY(fileStateFromJson({}) == SFileState());
         QVERIFY(!fileStateFromJson({{"size", 3}}).bExists);
