@@ -3,7 +3,6 @@
 #include "app/cnewfile.h"
 #include "app/filereader.h"
 
-#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -61,18 +60,6 @@ bool copyOver(int nFrom, int nTo, qint64 *pSize)
         && Platform::resizeFile(nTo, *pSize) && Platform::syncFile(nTo);
 }
 
-// Empty where the file cannot be read.
-QByteArray hashOf(int nHandle)
-{
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    const auto add = [&](const char *p, qint64 n) {
-        hash.addData(p, int(n));
-        return true;
-    };
-    return Platform::moveTo(nHandle, 0) && forEachPiece(nHandle, add) ? hash.result()
-                                                                      : QByteArray();
-}
-
 struct SJournalNote
 {
     SCutOffWriting writing;
@@ -114,10 +101,10 @@ bool isFileWhole(const SJournalNote &note, int nCopy)
     const qint64 nSize = fileStateOf(file.handle()).nSize;
     if (nSize != note.nNewSize && nSize != note.writing.nSize)
         return false;
-    const QByteArray hash = hashOf(file.handle());
+    const QByteArray hash = hashOfOpenFile(file.handle());
     return !hash.isEmpty()
         && ((nSize == note.nNewSize && hash == note.newHash)
-            || (nSize == note.writing.nSize && hash == hashOf(nCopy)));
+            || (nSize == note.writing.nSize && hash == hashOfOpenFile(nCopy)));
 }
 
 } // namespace

@@ -140,19 +140,6 @@ SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
     return content;
 }
 
-// Empty where the file cannot be read.
-QByteArray hashOfFile(const QString &strPath)
-{
-    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
-    QByteArray piece(g_nReadPiece, Qt::Uninitialized);
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    qint64 nRead = -1;
-    while (file.isOpen()
-           && (nRead = Platform::readSome(file.handle(), piece.data(), piece.size())) > 0)
-        hash.addData(piece.constData(), int(nRead));
-    return nRead == 0 ? hash.result() : QByteArray();
-}
-
 } // namespace
 
 SFileContent readFile(const QString &strPath, const SReadLimits &limits)
@@ -169,6 +156,18 @@ SFileContent readFile(const QString &strPath, const SReadLimits &limits)
     return content;
 }
 
+QByteArray hashOfOpenFile(int nHandle)
+{
+    QByteArray piece(g_nReadPiece, Qt::Uninitialized);
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    qint64 nRead = Platform::moveTo(nHandle, 0) ? 1 : -1;
+    while (nRead > 0) {
+        nRead = Platform::readSome(nHandle, piece.data(), piece.size());
+        hash.addData(piece.constData(), int(qMax(qint64(0), nRead)));
+    }
+    return nRead == 0 ? hash.result() : QByteArray();
+}
+
 bool isFileUnchanged(const QString &strPath, SFileState *pState)
 {
     const SFileState now = fileStateOf(strPath);
@@ -180,8 +179,10 @@ bool isFileUnchanged(const QString &strPath, SFileState *pState)
     if (now.nChangedNs == pState->nChangedNs && !pState->bFresh)
         return true;
     const bool bSettled = !isFresh(now); // Before it is read.
-    if (pState->hash.isEmpty() || Platform::kindOfPath(strPath) != Platform::FileKind::Regular
-        || hashOfFile(strPath) != pState->hash || fileStateOf(strPath) != now)
+    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
+    if (pState->hash.isEmpty() || !file.isOpen()
+        || Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular
+        || hashOfOpenFile(file.handle()) != pState->hash || fileStateOf(file.handle()) != now)
         return false;
     pState->nChangedNs = now.nChangedNs;
     pState->bFresh = !bSettled;

@@ -53,6 +53,9 @@ const qint64 g_nMaxReadable = 0x7fffffff - 0x1000;
 // does.
 SFileContent readFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
 
+// The hash of a whole open file, as a state has it; empty where it cannot be read.
+QByteArray hashOfOpenFile(int nHandle);
+
 // True when the file is the one of the state and its content the same. It is read where its times
 // do not tell: where the state is fresh, or only the time differs that a change of permissions or a
 // new link changes, too, and there is a hash. The state then takes the times over.

@@ -110,11 +110,11 @@ bool writeFile(const QString &strPath, const QByteArray &data, QString *pError, 
 {
     Platform::surviveFailingWrites();
     QString strError;
-    SFileState state = fileStateOf(strPath);
+    SFileState state;
     const bool bDone = writeTarget(linkTarget(strPath), data, &strError, &state);
     if (!bDone && pError)
         *pError = strError;
-    if (pState)
+    if (pState && state.bExists) // Else nothing was written.
         *pState = state;
     return bDone;
 }

@@ -14,8 +14,9 @@ struct SFileState;
 // followed. Where a replacement would lose something (see Platform::mustWriteInPlace), or the
 // folder takes no new file, the file is written in place (see inplacewriter.h).
 //
-// pState (may be null) is set to the file as this call left it, also where it failed behind the
-// last byte: what another program writes a moment later differs from it.
+// pState (may be null) is set to the file as this call left it, also where it failed but wrote to
+// the file: what another program writes a moment later differs from it. Where the file was not
+// touched, or is a pipe, it stays as it is.
 bool writeFile(const QString &strPath, const QByteArray &data, QString *pError = nullptr,
                SFileState *pState = nullptr);
 

@@ -143,11 +143,9 @@ bool CInPlaceWriter::write(QString *pError, SFileState *pState)
                 + tr("The old text is kept and will be offered at the next start.");
     }
     *pState = fileStateOf(m_file.handle());
-    if (!bDone)
-        return false;
-    pState->hash = hashOfContent(m_data);
+    pState->hash = bDone ? hashOfContent(m_data) : hashOfOpenFile(m_file.handle());
     pState->bFresh = true;
-    return m_file.close() || failed(pError);
+    return bDone && (m_file.close() || failed(pError));
 }
 
 } // namespace

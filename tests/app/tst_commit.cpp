@@ -75,7 +75,7 @@ private slots:
         QFETCH(Call, call);
         QFETCH(int, nBehind);
         QString strError;
-        SFileState state;
+        SFileState state = readFile(path("file")).state;
         {
             const Faults::CFault fault(call, nameOf(path("file")), nBehind);
             QVERIFY(!writeFile(path("file"), g_new, &strError, &state));
@@ -116,12 +116,14 @@ private slots:
         QFETCH(int, nBehind);
         QCOMPARE(link(nameOf(path("file")).constData(), nameOf(path("second")).constData()), 0);
         QString strError;
+        SFileState state;
         {
             // Once: the disk takes what is put back.
             const Faults::CFault fault(call, nameOf(path("file")), nBehind, EIO, 1);
-            QVERIFY(!writeFile(path("file"), g_new, &strError));
+            QVERIFY(!writeFile(path("file"), g_new, &strError, &state));
             QCOMPARE(fault.hits(), 1);
         }
+        QVERIFY(state.bExists && isFileUnchanged(path("file"), &state));
         QVERIFY(!strError.isEmpty());
         QVERIFY(contents(path("second")) == g_old);
         QCOMPARE(filesInFolder(), 2);

@@ -53,6 +53,8 @@ private:
     char *m_pMemory = nullptr;
 };
 
+} // namespace
+
 // The lock of QSharedMemory under our key, made by no object of Qt's.
 class CForeignLock
 {
@@ -78,8 +80,6 @@ public:
 private:
     int m_nId = -1;
 };
-
-} // namespace
 
 class TestForeignSegment : public QObject
 {
