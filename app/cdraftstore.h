@@ -90,6 +90,7 @@ private:
     bool hasFolder(QString *pError) const;
     bool makeFolder() const;
     QString filePath(const QString &strId) const;
+    QString keptFolder() const;
     QString keptPath(const QString &strId) const;
     void takeFrom(const QString &strFolder, Parts parts, QVector<SDraft> *pDrafts) const;
 

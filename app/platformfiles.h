@@ -6,9 +6,10 @@
 struct SFileState;
 
 // Files as the systems give them: open ones are numbers, -1 is none. Each function stands once in
-// platformfiles_unix.cpp (what only writers need: platformwriting_unix.cpp) and once in
-// platformfiles_win.cpp (platformwriting_win.cpp). Those that fail leave their reason
-// for errorText(). None waits for somebody at the other end of a pipe. Any thread.
+// platformfiles_unix.cpp (what only writers need: platformwriting_unix.cpp,
+// platformattributes_unix.cpp) and once in platformfiles_win.cpp (platformwriting_win.cpp). Those
+// that fail leave their reason for errorText(). None waits for somebody at the other end of a pipe.
+// Any thread.
 namespace Platform {
 
 enum class FileKind { Missing, Regular, Folder, Stream, Other };

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+struct SDraft;
+
+// Single drafts on the disk, for CDraftStore. Each returns false where it failed, with the reason
+// in pError, which may be null.
+namespace DraftFiles {
+
+// A folder that only this user may look into.
+bool makeFolder(const QString &strFolder, QString *pError);
+
+// Stamped with the time.
+bool write(const QString &strPath, const SDraft &draft, QString *pError);
+bool read(const QString &strPath, SDraft *pDraft, QString *pError);
+
+// All but the text, of which no more is read than its beginning.
+bool readHead(const QString &strPath, SDraft *pDraft);
+
+} // namespace DraftFiles
