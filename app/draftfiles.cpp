@@ -50,11 +50,13 @@ bool DraftFiles::read(const QString &strPath, SDraft *pDraft, QString *pError)
     limits.nMaxSize = g_nMaxReadable;
     limits.nMemoryPerByte = 3; // The bytes and at most two units for each.
     const SFileContent content = readFile(strPath, limits);
-    if (content.isWhole() && draftFromBytes(content.bytes, pDraft))
-        return true;
-    if (pError)
-        *pError = content.strError;
-    return false;
+    if (!content.isWhole()) {
+        if (pError)
+            *pError = content.strError;
+        return false;
+    }
+    errno = EBADMSG;
+    return draftFromBytes(content.bytes, pDraft) || failDraft(pError);
 }
 
 bool DraftFiles::readHead(const QString &strPath, SDraft *pDraft)

@@ -8,9 +8,7 @@
 #include <QTest>
 #include <QTextStream>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
@@ -145,38 +143,6 @@ cmp "$1/disk/file" <(head -c 20000 /dev/zero | tr '\0' o)
 umount "$1/disk"
 )SH";
 
-QByteArray attribute(const QString &strPath, const char *szName)
-{
-    char arrValue[1000];
-    const ssize_t nSize =
-        getxattr(QFile::encodeName(strPath).constData(), szName, arrValue, sizeof arrValue);
-    return nSize < 0 ? QByteArray() : QByteArray(arrValue, int(nSize));
-}
-
-// An access list that lets a user read and write beside owner and group, as the kernel has it:
-// linux/posix_acl_xattr.h.
-QByteArray accessList(quint32 nUser)
-{
-    QByteArray list;
-    const auto number = [&](quint32 n, int nBytes) {
-        for (int i = 0; i < nBytes; ++i)
-            list.append(char(n >> 8 * i));
-    };
-    const auto entry = [&](quint32 nTag, quint32 nPermissions, quint32 nId) {
-        number(nTag, 2);
-        number(nPermissions, 2);
-        number(nId, 4);
-    };
-    const quint32 nNobody = 0xffffffff;
-    number(2, 4); // Version.
-    entry(0x01, 6, nNobody); // Owner.
-    entry(0x02, 6, nUser);
-    entry(0x04, 4, nNobody); // Group.
-    entry(0x10, 6, nNobody); // Mask.
-    entry(0x20, 0, nNobody); // Others.
-    return list;
-}
-
 } // namespace
 
 class TestFileWriter : public QObject
@@ -204,20 +170,6 @@ private slots:
     void linkLoop_fails();
     void hardLinks_areWrittenInPlace();
     void pipe_isWrittenTo();
-    void pipeWithoutReader_failsSoon();
-    void pipeWhoseReaderLeaves_failsAndDoesNotEndTheProgram();
-    void pipeWhoseReaderSleeps_failsSoon();
-    void device_takesTheBytes();
-    void deviceThatIsFull_fails();
-    void limitOfFileSizes_failsAndDoesNotEndTheProgram_data();
-    void limitOfFileSizes_failsAndDoesNotEndTheProgram();
-    void attributes_areKept();
-    void accessList_isKeptAndNoneIsAdded();
-    void setIdBits_areKept_data();
-    void setIdBits_areKept();
-    void capabilities_areKept_data();
-    void capabilities_areKept();
-    void groupOfASetGidFolder_isKept();
     void fileThatIsAMountPoint_isWritten();
     void hugeFileInPlaceOnAFullDisk_keepsItsBytes();
     void diskThatFailsBehindTheCache_isNoticed();
@@ -455,169 +407,6 @@ void TestFileWriter::pipe_isWrittenTo()
     QVERIFY(reader.waitForFinished());
     QCOMPARE(reader.readAllStandardOutput(), QByteArray("through the pipe"));
     QVERIFY(S_ISFIFO(statOf(path("pipe")).st_mode));
-}
-
-void TestFileWriter::pipeWithoutReader_failsSoon()
-{
-    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    QString strError;
-    QVERIFY(!writeFile(path("pipe"), "nobody reads this", &strError));
-    QVERIFY(!strError.isEmpty());
-    QVERIFY(S_ISFIFO(statOf(path("pipe")).st_mode));
-}
-
-// The writer is a process of its own: what would end it would end this one.
-void TestFileWriter::pipeWhoseReaderLeaves_failsAndDoesNotEndTheProgram()
-{
-    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    QProcess reader;
-    reader.start("head", {"-c", "10", path("pipe")});
-    QVERIFY(reader.waitForStarted());
-    QCOMPARE(runWriter({"env"}, path("pipe"), 10000000), 1);
-    QVERIFY(reader.waitForFinished());
-}
-
-void TestFileWriter::pipeWhoseReaderSleeps_failsSoon()
-{
-    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    const int nReader = open(QFile::encodeName(path("pipe")).constData(), O_RDONLY | O_NONBLOCK);
-    QString strError;
-    QVERIFY(!writeFile(path("pipe"), QByteArray(1000000, 'x'), &strError));
-    close(nReader);
-    QVERIFY(!strError.isEmpty());
-}
-
-void TestFileWriter::device_takesTheBytes()
-{
-    QVERIFY(writeFile("/dev/null", QByteArray(100000, 'x')));
-}
-
-void TestFileWriter::deviceThatIsFull_fails()
-{
-    QString strError;
-    QVERIFY(!writeFile("/dev/full", "x", &strError));
-    QVERIFY(!strError.isEmpty());
-}
-
-void TestFileWriter::limitOfFileSizes_failsAndDoesNotEndTheProgram_data()
-{
-    fullDisk_failsAndKeepsTheOldBytes_data();
-}
-
-void TestFileWriter::limitOfFileSizes_failsAndDoesNotEndTheProgram()
-{
-    QFETCH(bool, bHardLink);
-    put(path("file"), "old");
-    if (bHardLink)
-        QCOMPARE(link(QFile::encodeName(path("file")).constData(),
-                      QFile::encodeName(path("second")).constData()),
-                 0);
-    QCOMPARE(runWriter({"bash", "-c", "ulimit -f 1; exec \"$@\"", "bash"}, path("file"), 100000),
-             1);
-    QCOMPARE(contents(path("file")), QByteArray("old"));
-    QCOMPARE(QDir(m_pFolder->path()).entryList(QDir::Files | QDir::Hidden).size(),
-             bHardLink ? 2 : 1);
-}
-
-void TestFileWriter::attributes_areKept()
-{
-    put(path("file"), "old");
-    const QByteArray name = QFile::encodeName(path("file"));
-    if (setxattr(name.constData(), "user.quillan.test", "va\0lue", 6, 0) != 0)
-        QSKIP("The file system has no attributes.");
-    QCOMPARE(setxattr(name.constData(), "user.quillan.empty", "", 0, 0), 0);
-    const ino_t nInode = statOf(path("file")).st_ino;
-    QVERIFY(writeFile(path("file"), "new"));
-    QVERIFY(statOf(path("file")).st_ino != nInode); // Replaced all the same.
-    QCOMPARE(attribute(path("file"), "user.quillan.test"), QByteArray("va\0lue", 6));
-    QCOMPARE(attribute(path("file"), "user.quillan.empty"), QByteArray(""));
-}
-
-void TestFileWriter::accessList_isKeptAndNoneIsAdded()
-{
-    const QByteArray folder = QFile::encodeName(m_pFolder->path());
-    put(path("plain"), "old");
-    QVERIFY(setMode(path("plain"), 0640));
-    put(path("listed"), "old");
-    const QByteArray list = accessList(g_nNobody);
-    if (setxattr(QFile::encodeName(path("listed")).constData(), "system.posix_acl_access",
-                 list.constData(), size_t(list.size()), 0)
-        != 0)
-        QSKIP("The file system has no access lists.");
-    // What is made in the folder from now on lets the other user in.
-    QCOMPARE(setxattr(folder.constData(), "system.posix_acl_default", list.constData(),
-                      size_t(list.size()), 0),
-             0);
-    QVERIFY(writeFile(path("plain"), "new"));
-    QVERIFY(writeFile(path("listed"), "new"));
-    QCOMPARE(attribute(path("plain"), "system.posix_acl_access"), QByteArray());
-    QCOMPARE(modeOf(path("plain")), 0640);
-    QCOMPARE(attribute(path("listed"), "system.posix_acl_access"), list);
-    // A new file is as the folder wants it.
-    QVERIFY(writeFile(path("new"), "new"));
-    QVERIFY(!attribute(path("new"), "system.posix_acl_access").isEmpty());
-}
-
-void TestFileWriter::setIdBits_areKept_data()
-{
-    QTest::addColumn<int>("nMode");
-    QTest::addColumn<bool>("bHardLink");
-    for (const int nMode : {04755, 02755, 06711, 01644}) {
-        QTest::addRow("%o replaced", nMode) << nMode << false;
-        QTest::addRow("%o in place", nMode) << nMode << true;
-    }
-}
-
-void TestFileWriter::setIdBits_areKept()
-{
-    QFETCH(int, nMode);
-    QFETCH(bool, bHardLink);
-    put(path("file"), "old");
-    if (bHardLink)
-        QCOMPARE(link(QFile::encodeName(path("file")).constData(),
-                      QFile::encodeName(path("second")).constData()),
-                 0);
-    QVERIFY(setMode(path("file"), nMode));
-    QCOMPARE(modeOf(path("file")), nMode);
-    QVERIFY(writeFile(path("file"), "new"));
-    QCOMPARE(contents(path("file")), QByteArray("new"));
-    QCOMPARE(modeOf(path("file")), nMode);
-}
-
-void TestFileWriter::capabilities_areKept_data()
-{
-    fullDisk_failsAndKeepsTheOldBytes_data();
-}
-
-void TestFileWriter::capabilities_areKept()
-{
-    QFETCH(bool, bHardLink);
-    put(path("file"), "old");
-    if (bHardLink)
-        QCOMPARE(link(QFile::encodeName(path("file")).constData(),
-                      QFile::encodeName(path("second")).constData()),
-                 0);
-    if (QProcess::execute("setcap", {"cap_net_bind_service=ep", path("file")}) != 0)
-        QSKIP("No capability can be given here.");
-    const QByteArray before = attribute(path("file"), "security.capability");
-    QVERIFY(!before.isEmpty());
-    QVERIFY(writeFile(path("file"), "new"));
-    QCOMPARE(contents(path("file")), QByteArray("new"));
-    QCOMPARE(attribute(path("file"), "security.capability"), before);
-}
-
-void TestFileWriter::groupOfASetGidFolder_isKept()
-{
-    if (geteuid() != 0)
-        QSKIP("Only root can give a file to any group.");
-    put(path("file"), "old"); // Of our own group.
-    const QByteArray folder = QFile::encodeName(m_pFolder->path());
-    QCOMPARE(chown(folder.constData(), geteuid(), gid_t(g_nNobody)), 0);
-    QVERIFY(setMode(m_pFolder->path(), 02775));
-    QVERIFY(writeFile(path("file"), "new"));
-    QCOMPARE(statOf(path("file")).st_gid, getegid());
-    QVERIFY(writeFile(path("fresh"), "new"));
-    QCOMPARE(statOf(path("fresh")).st_gid, gid_t(g_nNobody));
 }
 
 void TestFileWriter::fileThatIsAMountPoint_isWritten()
