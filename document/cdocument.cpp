@@ -147,6 +147,10 @@ SNotice CDocument::saveQuestion()
         question.strText =
             tr("Not saved: not all of %1 can be shown as text, and saving loses the rest.")
                 .arg(path());
+    } else if (!isCodecSure()) {
+        question.strText = tr("Not saved: the encoding of %1 is a guess (%2). Saving writes what the "
+                              "window shows, as UTF-8; if that is wrong, choose another Text Codec.")
+                               .arg(path(), codecName());
     }
     return question;
 }

@@ -73,6 +73,8 @@ public:
     const SFileState &fileState() const { return m_state; }
     // False when saving would lose what could not be shown.
     bool isWhole() const { return m_bWhole; }
+    // False when the text was read in a codec that is a guess.
+    virtual bool isCodecSure() const { return true; }
     // Looks whether the file is still as it was last seen, and raises a notice when it is not.
     void checkFile();
     // The same, when another tab has just written it.
@@ -134,6 +136,7 @@ protected:
     virtual void markSaved() { }
     virtual Result showContent(const QString &strPath, const SFileContent &content);
     virtual Result showAgain(const SFileContent &content);
+    virtual QString codecName() const { return QString(); }
     virtual bool isContentWhole(const SFileContent &) const { return true; }
     virtual void fillDraft(SDraft *) const { }
     virtual void showDraft(const SDraft &) { }

@@ -72,6 +72,16 @@ Result CEditorDocument::showAgain(const SFileContent &content)
     return Result::done();
 }
 
+bool CEditorDocument::isCodecSure() const
+{
+    return m_pEditor->isCodecSure();
+}
+
+QString CEditorDocument::codecName() const
+{
+    return m_pEditor->codecName();
+}
+
 bool CEditorDocument::isContentWhole(const SFileContent &) const
 {
     return m_pEditor->isWhole();

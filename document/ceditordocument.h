@@ -21,6 +21,7 @@ public:
     QString title() const override;
     bool isModified() const override;
     bool canSave() const override { return true; }
+    bool isCodecSure() const override;
 
     // Shows the file in that codec: from its own bytes while nothing was typed, else from the bytes
     // that the text has in the codec it was read in.
@@ -32,6 +33,7 @@ protected:
     void markSaved() override;
     Result showContent(const QString &strPath, const SFileContent &content) override;
     Result showAgain(const SFileContent &content) override;
+    QString codecName() const override;
     bool isContentWhole(const SFileContent &content) const override;
     void fillDraft(SDraft *pDraft) const override;
     void showDraft(const SDraft &draft) override;

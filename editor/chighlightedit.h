@@ -75,6 +75,8 @@ public:
     QString codecName() const { return m_strCodecName; }
     // False when some of the bytes last read could not be shown: what is written loses them.
     bool isWhole() const { return m_bWhole; }
+    // False when the codec is a guess that nothing confirmed, neither the bytes nor the user.
+    bool isCodecSure() const { return m_bCodecSure; }
     // What lies on the disk is UTF-8 now, whatever it was read as.
     void markSavedAsUtf8();
     // See ReturnFormat.
@@ -154,6 +156,7 @@ private:
     void connectSignals();
     void buildMenu();
     QFont gutterFont() const;
+    void detectCodecOf(const QByteArray &arrData);
     void showBytes(const QTextCodec *pCodec, const QByteArray &arrData);
     void showText(const QString &strText);
     void warnOfReplacing();
@@ -171,6 +174,7 @@ private:
     bool m_bKeepModified = false;
     bool m_bPathChanged = false;
     bool m_bWhole = true;
+    bool m_bCodecSure = true;
     QString m_strPathFileName;
     QString m_strSuffix;
     QString m_strCodecName;

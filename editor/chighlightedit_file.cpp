@@ -26,11 +26,23 @@ void CHighlightEdit::setTextData(const QByteArray &arrData, bool bKeepModified)
 {
     if (bKeepModified)
         m_bKeepModified = isModified();
-    m_strCodecName = codecNameForData(m_strCodecName, arrData);
+    detectCodecOf(arrData);
     m_nReturnFormat = detectReturnFormat(arrData, m_nReturnFormat);
     showBytes(codecForName(m_strCodecName), arrData);
     if (bKeepModified)
         QTimer::singleShot(10, this, &CHighlightEdit::onTimeoutKeepModified);
+}
+
+// A codec that is set already is kept, where it can be.
+void CHighlightEdit::detectCodecOf(const QByteArray &arrData)
+{
+    if (m_strCodecName.isEmpty()) {
+        const SDetectedCodec detected = detectCodec(arrData);
+        m_strCodecName = detected.strName;
+        m_bCodecSure = detected.bSure;
+    } else {
+        m_strCodecName = codecNameForData(m_strCodecName, arrData);
+    }
 }
 
 void CHighlightEdit::onTimeoutKeepModified()
@@ -110,12 +122,14 @@ void CHighlightEdit::setCodecName(const QString &strName)
     showBytes(pNew, arrData);
     m_bWhole = m_bWhole && bWhole;
     m_strCodecName = strName;
+    m_bCodecSure = true;
     setModified(bModified); // The unsaved edits are still there.
 }
 
 void CHighlightEdit::readIn(const QString &strCodec, const QByteArray &arrData)
 {
     m_strCodecName = strCodec;
+    m_bCodecSure = true;
     showBytes(codecForName(strCodec), arrData);
 }
 
@@ -137,6 +151,7 @@ void CHighlightEdit::markSavedAsUtf8()
 {
     m_strCodecName = QStringLiteral("UTF-8");
     m_bWhole = true;
+    m_bCodecSure = true;
 }
 
 QString CHighlightEdit::getText() const

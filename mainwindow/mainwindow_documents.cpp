@@ -179,6 +179,10 @@ void MainWindow::openText(const QString &strPath)
     pEditor->setFocus();
     if (!pDocument->isWhole())
         showStatusMessage(tr("The file is not all text: not all of it can be shown."));
+    else if (!pDocument->isCodecSure())
+        showStatusMessage(tr("The encoding is a guess: %1. Format, Text Codec reads the file in "
+                             "another.")
+                              .arg(pEditor->codecName()));
     else if (!QFileInfo(strPath).isWritable())
         showStatusMessage(tr("The file is read-only."));
 }

@@ -91,6 +91,24 @@ private slots:
                  QString::fromLatin1("x\0a\0b\0", 6));
     }
 
+    void guessedEncoding_isAskedAboutBeforeASave()
+    {
+        CDocumentsFixture f;
+        const QByteArray bytes = "\xa4\xb1\xc9\xd2\xe1 \xf5\xfd\x9a\n"; // Nobody's words.
+        const QString strPath = f.file("a.txt", bytes);
+        CDocument *pDocument = f.open(strPath);
+        QVERIFY(!pDocument->isCodecSure());
+        f.type(pDocument, "x");
+        QVERIFY(!pDocument->save().isDone());
+        QVERIFY(pDocument->notice().strText.startsWith("Not saved: "));
+        QCOMPARE(f.content(strPath), bytes);
+        // Chosen by the user, it is a guess no longer.
+        QVERIFY(pDocument->reload().isDone());
+        QVERIFY(pDocument->setCodec("windows-1251").isDone() || pDocument->setCodec("KOI8-R").isDone());
+        f.type(pDocument, "x");
+        QVERIFY(pDocument->save().isDone());
+    }
+
     void unknownCodec_changesNothing()
     {
         CDocumentsFixture f;
