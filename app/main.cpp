@@ -45,6 +45,8 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
     QObject::connect(pSingle, &CSingleApp::messageAvailable, pMainWindow.get(),
                      &MainWindow::parseArgument);
     pMainWindow->showMaximized();
+    if (!pSingle->hasMailbox())
+        pMainWindow->tellThatItIsAlone();
     Platform::restoreEnvironment();
     if (!lstPaths.isEmpty())
         pMainWindow->parseArguments(lstPaths);

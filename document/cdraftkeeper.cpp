@@ -144,9 +144,17 @@ void CDraftKeeper::write(const SDraft &draft)
     }));
 }
 
-// What could not be written is tried again with the next round.
+// What could not be written is tried again with the next round; where somebody removed the folder,
+// all drafts are written again.
 void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
 {
+    if (m_nGeneration != m_store.generation()) {
+        for (SEntry &entry : m_entries)
+            entry.bDue = true;
+        if (m_nGeneration > 0)
+            m_timer.start(0);
+        m_nGeneration = m_store.generation();
+    }
     if (!strFailure.isEmpty()) {
         for (SEntry &entry : m_entries)
             entry.bDue = entry.bDue || entry.strId == strId;

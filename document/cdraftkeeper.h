@@ -35,8 +35,10 @@ public:
     // Waits for what is being written; writes nothing more.
     void finish();
 
-    // What an earlier run left unsaved; see CDraftStore::takeAbandoned().
-    QVector<SDraft> takeAbandoned() { return m_store.takeAbandoned(); }
+    // What an earlier run left unsaved, without the texts; see CDraftStore::takeAbandoned().
+    QVector<SDraft> takeAbandoned() { return m_store.takeAbandoned(CDraftStore::Parts::Head); }
+    // Adds the text; false when it cannot be read.
+    bool read(SDraft *pDraft) { return m_store.read(pDraft->strId, pDraft); }
 
     // False while drafts cannot be written; why() says why, in the system's words.
     bool isWorking() const { return m_strFailure.isEmpty(); }
@@ -63,6 +65,7 @@ private:
     CDraftStore m_store;
     QHash<const CDocument *, SEntry> m_entries;
     QString m_strFailure;
+    int m_nGeneration = 0; // Of the store's folder.
     QTimer m_timer;
     QElapsedTimer m_sinceFirstChange;
     QThreadPool m_pool; // One thread: the writes of a draft stay in order.

@@ -1,10 +1,12 @@
 #include "document/crecovery.h"
 
+#include "app/cinplacejournal.h"
 #include "document/cdocument.h"
 #include "document/cdraftkeeper.h"
 
 #include <QFileInfo>
 #include <QPointer>
+#include <QTimer>
 
 namespace {
 
@@ -12,6 +14,17 @@ QString nameOf(const SDraft &draft)
 {
     return draft.strPath.isEmpty() ? CRecovery::tr("Untitled")
                                    : QFileInfo(draft.strPath).fileName();
+}
+
+QString namesOf(const QVector<SDraft> &lstDrafts)
+{
+    const int nMostNames = 10; // More would fill the window.
+    QStringList lstNames;
+    for (const SDraft &draft : lstDrafts.mid(0, nMostNames))
+        lstNames.append(nameOf(draft));
+    const QString strNames = lstNames.join(QStringLiteral(", "));
+    const int nMore = lstDrafts.size() - lstNames.size();
+    return nMore == 0 ? strNames : CRecovery::tr("%1 and %2 more").arg(strNames).arg(nMore);
 }
 
 } // namespace
@@ -39,16 +52,12 @@ void CRecovery::offerAbandoned()
     const QVector<SDraft> lstDrafts = m_pKeeper->takeAbandoned();
     if (lstDrafts.isEmpty())
         return;
-    QStringList lstNames;
-    for (const SDraft &draft : lstDrafts)
-        lstNames.append(nameOf(draft));
     SNotice notice;
-    notice.strText =
-        tr("Left unsaved when the program last ended: %1").arg(lstNames.join(QStringLiteral(", ")));
+    notice.strText = tr("Left unsaved when the program last ended: %1").arg(namesOf(lstDrafts));
     const auto recover = [this, lstDrafts] {
         dismiss();
-        for (const SDraft &draft : lstDrafts)
-            emit recoverWanted(draft);
+        m_lstToRecover += lstDrafts;
+        recoverNext();
     };
     const auto discard = [this, lstDrafts] {
         dismiss();
@@ -57,6 +66,42 @@ void CRecovery::offerAbandoned()
     };
     notice.lstChoices = {{tr("Recover"), recover}, {tr("Discard"), discard}};
     offer(notice);
+}
+
+// One document for each turn of the event loop, so that many leave the window alive.
+void CRecovery::recoverNext()
+{
+    if (m_lstToRecover.isEmpty())
+        return;
+    SDraft draft = m_lstToRecover.takeFirst();
+    if (m_pKeeper->read(&draft))
+        emit recoverWanted(draft);
+    QTimer::singleShot(0, this, &CRecovery::recoverNext);
+}
+
+void CRecovery::offerCutOff()
+{
+    const QVector<SCutOffWriting> lstWritings = CInPlaceJournal::cutOff();
+    for (const SCutOffWriting &writing : lstWritings) {
+        SNotice notice;
+        notice.strText = tr("A save of %1 was cut off when the program last ended: the file may hold "
+                            "parts of both versions.")
+                             .arg(writing.strPath);
+        const auto restore = [this, writing] {
+            QString strError;
+            if (CInPlaceJournal::restore(writing, &strError))
+                dismiss();
+            else
+                emit failed(strError); // The offer stays.
+        };
+        const auto leave = [this, writing] {
+            CInPlaceJournal::forget(writing);
+            dismiss();
+        };
+        notice.lstChoices = {{tr("Put the old version back"), restore},
+                             {tr("Leave the file as it is"), leave}};
+        offer(notice);
+    }
 }
 
 void CRecovery::offerClosed(const SDraft &draft)

@@ -21,6 +21,8 @@ public:
 
     // What an earlier run left, if anything.
     void offerAbandoned();
+    // Files that a save in place left half written when the program was ended.
+    void offerCutOff();
     // What a document held that is being closed.
     void offerClosed(const SDraft &draft);
     // What an open document held before its text was replaced. The offer is the document's notice.
@@ -35,10 +37,14 @@ signals:
     void noticeChanged();
     // Open a document for the draft: it lies on the disk until that is saved.
     void recoverWanted(SDraft draft);
+    // An answer could not be carried out: one line for the status bar.
+    void failed(QString strText);
 
 private:
     void offer(const SNotice &notice);
+    void recoverNext();
 
     CDraftKeeper *m_pKeeper;
     QList<SNotice> m_lstNotices;
+    QVector<SDraft> m_lstToRecover; // The user has said so.
 };

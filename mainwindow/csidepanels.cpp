@@ -95,6 +95,8 @@ void CSidePanels::previewCurrentDocument()
     if (!pEditor || !m_pDockPreview->isVisible())
         return;
     const QString strLanguage = pEditor->languageName();
+    if (strLanguage == QLatin1String("HTML") || strLanguage == QLatin1String("SVG"))
+        m_pWindow->documents().drafts().flush(); // What is shown can end the program.
     if (strLanguage == QLatin1String("HTML"))
         m_pPreview->previewHtml(pEditor->getText(), QUrl::fromLocalFile(pEditor->pathFileName()));
     else if (strLanguage == QLatin1String("SVG"))
@@ -105,6 +107,7 @@ void CSidePanels::previewFile(const QString &strPath, bool bSelected)
 {
     if (bSelected)
         m_timerPreview.stop(); // The selection came last; it is what the user wants to see.
+    m_pWindow->documents().drafts().flush(); // What is shown can end the program.
     m_pPreview->setFile(strPath, m_pDockPreview->isVisible());
 }
 

@@ -119,7 +119,15 @@ void MainWindow::setupDocuments()
             document.dismissNotice();
     });
     // Not while the window is built: the bar would be counted into the stored frame state.
+    QTimer::singleShot(0, pRecovery, &CRecovery::offerCutOff);
     QTimer::singleShot(0, pRecovery, &CRecovery::offerAbandoned);
+    connect(pRecovery, &CRecovery::failed, this, &MainWindow::showStatusMessage);
+    CDraftKeeper *pDrafts = &m_pDocuments->drafts();
+    connect(pDrafts, &CDraftKeeper::workingChanged, this, [this, pDrafts] {
+        showStatusMessage(pDrafts->isWorking()
+                              ? tr("Unsaved text is kept as drafts again.")
+                              : tr("Unsaved text cannot be kept as drafts: %1").arg(pDrafts->why()));
+    });
 }
 
 void MainWindow::setupShortcuts()

@@ -50,6 +50,8 @@ public slots:
     // Comes to the front and opens every path that exists.
     void parseArguments(const QStringList &lstArgs);
     void topWindow();
+    // Later starts cannot hand their files over.
+    void tellThatItIsAlone();
 
     // Opens a file in the right kind of view, or selects the tab that shows this very path.
     void openFile(const QString &strPathFileName);

@@ -23,7 +23,10 @@ void MainWindow::finish(const Result &)
 
 void MainWindow::on_actionExit_triggered()
 {
-    QCoreApplication::exit(0);
+    // Asks nothing, since drafts keep what is unsaved. Where they cannot, the window asks first.
+    m_pDocuments->drafts().flush();
+    if (m_pDocuments->drafts().isWorking() || close())
+        QCoreApplication::exit(0);
 }
 
 void MainWindow::on_actionUndo_triggered()

@@ -136,6 +136,7 @@ void MainWindow::openPage(const QString &strPath)
         showOpenFailure(strPath, content.strError);
         return;
     }
+    m_pDocuments->drafts().flush(); // A page can end the program.
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
         CPageDocument *pDocument = addPageDocument();
@@ -148,6 +149,7 @@ void MainWindow::openPage(const QString &strPath)
 
 void MainWindow::openImage(const QString &strPath)
 {
+    m_pDocuments->drafts().flush(); // A picture can end the program.
     setCursor(Qt::WaitCursor);
     auto *pDocument = new CImageDocument(this);
     pDocument->loadPicture(strPath);

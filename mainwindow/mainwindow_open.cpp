@@ -48,6 +48,13 @@ void MainWindow::topWindow()
     raise();
 }
 
+void MainWindow::tellThatItIsAlone()
+{
+    showStatusMessage(
+        tr("Files opened from elsewhere get a window of their own: the system's mailbox for them "
+           "cannot be used."));
+}
+
 void MainWindow::on_actionOpen_triggered()
 {
     if (m_pPanels->browser()->hasFocusList() && m_pPanels->browser()->openSelection())

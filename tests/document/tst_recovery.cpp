@@ -240,6 +240,61 @@ private slots:
         QCOMPARE(pDocument->editor()->toPlainText(), QString::fromUtf8("日本 ascii "));
     }
 
+    void draftsThatCannotBeWritten_areTold_andTriedAgain()
+    {
+        CDocumentsFixture f;
+        QVERIFY(QDir(f.path("recovery")).removeRecursively());
+        f.write(f.path("recovery"), "no folder");
+        CDraftKeeper &drafts = f.documents().drafts();
+        QSignalSpy spy(&drafts, &CDraftKeeper::workingChanged);
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        drafts.flush();
+        QCOMPARE(spy.size(), 1);
+        QVERIFY(!drafts.isWorking());
+        QVERIFY(!drafts.why().isEmpty());
+        QVERIFY(QFile::remove(f.path("recovery")));
+        drafts.flush();
+        QCOMPARE(spy.size(), 2);
+        QVERIFY(drafts.isWorking());
+        QCOMPARE(draftFiles(f).size(), 1);
+    }
+
+    void recoveryFolderThatIsRemoved_isFilledAgain()
+    {
+        CDocumentsFixture f;
+        for (const char *szName : {"a.txt", "b.txt"})
+            f.type(f.open(f.file(szName, "old")), "mine ");
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f).size(), 2);
+        QVERIFY(QDir(f.path("recovery")).removeRecursively());
+        f.type(f.documents().all().constFirst(), "more ");
+        f.documents().drafts().flush();
+        QTRY_COMPARE(draftFiles(f).size(), 2); // Not only the one that was typed in.
+    }
+
+    void fiveHundredDrafts_comeBackOneByOne()
+    {
+        CDocumentsFixture f;
+        for (int n = 0; n < 500; ++n) {
+            f.documents().drafts().keep(*f.open(f.file("a.txt", QByteArray::number(n))),
+                                        SDraft::Reason::Closed);
+            f.documents().close(f.documents().all().constLast());
+        }
+        f.start();
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(f.documents().recovery().notice().strText.size() < 1000);
+        QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
+        QCOMPARE(lstDocuments.size(), 1); // The event loop lives between one and the next.
+        QTRY_COMPARE_WITH_TIMEOUT(lstDocuments.size(), 500, 60000);
+        QSet<QString> setTexts;
+        for (CDocument *pDocument : qAsConst(lstDocuments))
+            setTexts.insert(pDocument->editor()->rawText());
+        QCOMPARE(setTexts.size(), 500);
+    }
+
     void formatting_keepsTheUnsavedTextBefore()
     {
         CDocumentsFixture f;
