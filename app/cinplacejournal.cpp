@@ -202,12 +202,15 @@ QVector<SCutOffWriting> CInPlaceJournal::cutOff()
 
 bool CInPlaceJournal::restore(const SCutOffWriting &writing, QString *pError)
 {
+    errno = 0;
     const CDescriptor copy(Platform::openFile(writing.strCopy, Platform::FileAccess::Read));
     CDescriptor file(Platform::openFile(writing.strPath, Platform::FileAccess::ReadWrite));
     qint64 nSize = 0;
     const bool bReady = copy.isOpen() && file.isOpen()
+        && fileStateOf(copy.handle()).nSize == writing.nSize
         && Platform::kindOfHandle(file.handle()) == Platform::FileKind::Regular;
     if (!bReady || !copyOver(copy.handle(), file.handle(), &nSize) || !file.close()) {
+        errno = errno == 0 ? EIO : errno; // A copy that is not whole, a file that is none.
         *pError = Platform::errorText();
         return false;
     }
