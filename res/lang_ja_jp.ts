@@ -194,6 +194,17 @@
     </message>
 </context>
 <context>
+    <name>CFileReplacement</name>
+    <message>
+        <source>The disk did not keep what was written: %1</source>
+        <translation>書き込んだ内容がディスクに保存されませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The folder may not have kept what was written: %1</source>
+        <translation>書き込んだ内容がフォルダーに保存されていない可能性があります: %1</translation>
+    </message>
+</context>
+<context>
     <name>CFileSystemModel</name>
     <message>
         <source>Name</source>
@@ -338,6 +349,25 @@
     </message>
 </context>
 <context>
+    <name>CInPlaceWriter</name>
+    <message>
+        <source>It is no ordinary file.</source>
+        <translation>通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>Nobody reads at the other end.</source>
+        <translation>相手側で読み取るプログラムがありません。</translation>
+    </message>
+    <message>
+        <source>Its old text cannot be kept meanwhile: %1</source>
+        <translation>保存中に元の内容を控えておくことができません: %1</translation>
+    </message>
+    <message>
+        <source>The old text is kept and will be offered at the next start.</source>
+        <translation>元の内容は控えてあり、次回の起動時に復元できます。</translation>
+    </message>
+</context>
+<context>
     <name>CNoticeBar</name>
     <message>
         <source>Notice</source>
@@ -357,6 +387,29 @@
     <message>
         <source>Preview</source>
         <translation>プレビュー</translation>
+    </message>
+</context>
+<context>
+    <name>CReadTexts</name>
+    <message>
+        <source>It is no ordinary file.</source>
+        <translation>通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>ファイルが大きすぎます。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the file.</source>
+        <translation>このファイルに必要なメモリが足りません。</translation>
+    </message>
+    <message>
+        <source>Another program keeps writing to the file.</source>
+        <translation>別のプログラムがこのファイルに書き込み続けています。</translation>
+    </message>
+    <message>
+        <source>Reading was stopped.</source>
+        <translation>読み込みを中止しました。</translation>
     </message>
 </context>
 <context>

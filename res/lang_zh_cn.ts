@@ -194,6 +194,17 @@
     </message>
 </context>
 <context>
+    <name>CFileReplacement</name>
+    <message>
+        <source>The disk did not keep what was written: %1</source>
+        <translation>写入的内容未能保存到磁盘：%1</translation>
+    </message>
+    <message>
+        <source>The folder may not have kept what was written: %1</source>
+        <translation>写入的内容可能未保存到文件夹：%1</translation>
+    </message>
+</context>
+<context>
     <name>CFileSystemModel</name>
     <message>
         <source>Name</source>
@@ -338,6 +349,25 @@
     </message>
 </context>
 <context>
+    <name>CInPlaceWriter</name>
+    <message>
+        <source>It is no ordinary file.</source>
+        <translation>这不是普通文件。</translation>
+    </message>
+    <message>
+        <source>Nobody reads at the other end.</source>
+        <translation>另一端没有程序在读取。</translation>
+    </message>
+    <message>
+        <source>Its old text cannot be kept meanwhile: %1</source>
+        <translation>保存期间无法保留原有内容：%1</translation>
+    </message>
+    <message>
+        <source>The old text is kept and will be offered at the next start.</source>
+        <translation>原有内容已保留，下次启动时可以恢复。</translation>
+    </message>
+</context>
+<context>
     <name>CNoticeBar</name>
     <message>
         <source>Notice</source>
@@ -357,6 +387,29 @@
     <message>
         <source>Preview</source>
         <translation>预览</translation>
+    </message>
+</context>
+<context>
+    <name>CReadTexts</name>
+    <message>
+        <source>It is no ordinary file.</source>
+        <translation>这不是普通文件。</translation>
+    </message>
+    <message>
+        <source>The file is too large.</source>
+        <translation>文件太大。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the file.</source>
+        <translation>内存不足，无法打开该文件。</translation>
+    </message>
+    <message>
+        <source>Another program keeps writing to the file.</source>
+        <translation>另一个程序正在不断写入该文件。</translation>
+    </message>
+    <message>
+        <source>Reading was stopped.</source>
+        <translation>读取已停止。</translation>
     </message>
 </context>
 <context>
