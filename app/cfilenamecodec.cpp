@@ -2,6 +2,8 @@
 
 #include "app/platform.h"
 
+#include <algorithm>
+
 namespace {
 
 const ushort g_nEscape = 0xDC00; // Plus the byte.
@@ -88,34 +90,41 @@ QString CFileNameCodec::textOf(const QByteArray &bytes)
 {
     const auto *pBytes = reinterpret_cast<const uchar *>(bytes.constData());
     QTextCodec::ConverterState plain(IgnoreHeader); // A mark in front is part of the name.
+    if (validLength(pBytes, bytes.size()) == bytes.size())
+        return utf8()->toUnicode(bytes.constData(), bytes.size(), &plain);
     QString strText;
+    strText.reserve(bytes.size());
     int nDone = 0;
     while (nDone < bytes.size()) {
-        const int nValid = validLength(pBytes + nDone, bytes.size() - nDone);
-        strText += utf8()->toUnicode(bytes.constData() + nDone, nValid, &plain);
-        nDone += nValid;
-        if (nDone < bytes.size())
-            strText += QChar(ushort(g_nEscape + pBytes[nDone++]));
+        const int nLength = sequenceLength(pBytes + nDone, bytes.size() - nDone);
+        if (nLength == 0)
+            strText += QChar(ushort(g_nEscape + pBytes[nDone]));
+        else if (nLength == 1)
+            strText += QLatin1Char(bytes.at(nDone));
+        else
+            strText += utf8()->toUnicode(bytes.constData() + nDone, nLength, &plain);
+        nDone += qMax(1, nLength);
     }
     return strText;
 }
 
 QByteArray CFileNameCodec::bytesOf(const QString &strText)
 {
+    const auto itEnd = strText.cend();
+    auto it = std::find_if(strText.cbegin(), itEnd, isEscape);
+    if (it == itEnd)
+        return strText.toUtf8();
     QByteArray bytes;
-    int nDone = 0;
-    while (nDone < strText.size()) {
-        int nEnd = nDone;
+    auto itStart = strText.cbegin(); // Of what is no escape.
+    for (it = itStart; it != itEnd; ++it) {
         // The second half of a pair is no escape.
-        while (nEnd < strText.size()
-               && (!isEscape(strText.at(nEnd))
-                   || (nEnd > 0 && strText.at(nEnd - 1).isHighSurrogate())))
-            ++nEnd;
-        bytes += strText.midRef(nDone, nEnd - nDone).toUtf8();
-        for (nDone = nEnd; nDone < strText.size() && isEscape(strText.at(nDone)); ++nDone)
-            bytes += char(strText.at(nDone).unicode() - g_nEscape);
+        if (!isEscape(*it) || (it != strText.cbegin() && (it - 1)->isHighSurrogate()))
+            continue;
+        bytes += QString::fromRawData(itStart, int(it - itStart)).toUtf8();
+        bytes += char(it->unicode() - g_nEscape);
+        itStart = it + 1;
     }
-    return bytes;
+    return bytes + QString::fromRawData(itStart, int(itEnd - itStart)).toUtf8();
 }
 
 QString CFileNameCodec::convertToUnicode(const char *pBytes, int nSize,
