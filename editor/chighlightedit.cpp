@@ -3,7 +3,9 @@
 #include "app/commonhelpers.h"
 #include "app/csettings.h"
 #include "app/platform.h"
+#include "editor/caretedits.h"
 #include "editor/clinenumberarea.h"
+#include "editor/ctextlines.h"
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
 
@@ -88,6 +90,8 @@ void CHighlightEdit::connectSignals()
             &CThreadHighlighter::stopThread, Qt::QueuedConnection);
     connect(m_pDocument, &QTextDocument::contentsChanged, m_pHighlighter,
             &CThreadHighlighter::rehighlight, Qt::QueuedConnection);
+    connect(m_pDocument, &QTextDocument::undoCommandAdded, this,
+            [this] { m_history.forgetFrom(m_pDocument->availableUndoSteps()); });
     // The number of a wrapped line stands above the part of the text that is repainted.
     const auto updateGutter = QOverload<>::of(&QWidget::update);
     connect(this, &QPlainTextEdit::cursorPositionChanged, m_pLineNumberArea, updateGutter);
@@ -96,8 +100,8 @@ void CHighlightEdit::connectSignals()
 
 void CHighlightEdit::buildMenu()
 {
-    m_pActCopy = m_menu.addAction(tr("Copy"), this, &QPlainTextEdit::copy);
-    m_pActCut = m_menu.addAction(tr("Cut"), this, &QPlainTextEdit::cut);
+    m_pActCopy = m_menu.addAction(tr("Copy"), this, &CHighlightEdit::copy);
+    m_pActCut = m_menu.addAction(tr("Cut"), this, &CHighlightEdit::cut);
     m_pActPaste = m_menu.addAction(tr("Paste"), this, &QPlainTextEdit::paste);
     m_menu.addSeparator();
     m_pActToggleComment = m_menu.addAction(tr("Toggle Comment"));
@@ -248,7 +252,9 @@ bool CHighlightEdit::canInsertFromMimeData(const QMimeData *pSource) const
 QMimeData *CHighlightEdit::createMimeDataFromSelection() const
 {
     // The base class would turn no-break spaces into blanks.
-    QString strText = textCursor().selectedText();
+    QString strText = hasSeveralCarets()
+        ? selectedTexts(CDocumentLines(document()), m_carets).join(QLatin1Char('\n'))
+        : textCursor().selectedText();
     strText.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
     auto *pMimeData = new QMimeData;
     pMimeData->setText(m_standIns.restore(strText));

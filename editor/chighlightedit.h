@@ -1,5 +1,8 @@
 #pragma once
 
+#include "editor/caretblock.h"
+#include "editor/ccarethistory.h"
+#include "editor/ccarets.h"
 #include "editor/cstandins.h"
 
 #include <QColor>
@@ -7,18 +10,25 @@
 #include <QPlainTextEdit>
 #include <QVariantMap>
 
+#include <functional>
+#include <optional>
+
 class CEditWebView;
 class CLineNumberArea;
 class CTextDocument;
+class CTextLines;
 class CThreadHighlighter;
 class QTextCodec;
 struct SFileContent;
+struct CommentMarkers;
+struct CommentToggle;
+struct SCommand;
 
 // The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
 // from a thread of its own, reading and writing of text files, search, editing aids.
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _gutter, _file, _keys, _comment, _search, _verify.
+// _carets, _commands, _comment, _file, _gutter, _keys, _mouse, _paint, _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -115,6 +125,12 @@ public:
     bool verifyValid();
     bool formatting();
 
+    // All carets; most of the time there is one, the cursor of the base class, which is the main
+    // one of several. Whatever else moves the cursor or changes the text leaves the main one alone.
+    CCarets carets() const;
+    void setCarets(const CCarets &carets);
+    bool hasSeveralCarets() const { return !m_carets.isSingle(); }
+
 signals:
     void focusIn();
     void findToTop();
@@ -126,6 +142,8 @@ signals:
     void textReplacing();
     // The editor has read its file again by itself.
     void fileRead(const SFileContent &content);
+    // For the status bar: why a command did nothing, or what it did. Empty: no longer of interest.
+    void statusMessage(const QString &strText);
 
 public slots:
     void updateLineNumberAreaWidth(int nBlockCount = 0);
@@ -139,6 +157,22 @@ public slots:
     // False without a selection or a highlighter.
     bool toggleComment();
 
+    // These stand before the base class's: they know of several carets, and of the carets and
+    // selections that undo brings back.
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+
+    // The commands of keys. Those that can do nothing say so by statusMessage().
+    void addCaretAbove();
+    void addCaretBelow();
+    void selectOccurrences();
+    void extendBlockLeft();
+    void extendBlockRight();
+    void extendBlockUp();
+    void extendBlockDown();
+
 protected:
     void keyPressEvent(QKeyEvent *pEvent) override;
     bool event(QEvent *pEvent) override;
@@ -147,10 +181,16 @@ protected:
     void wheelEvent(QWheelEvent *pEvent) override;
     void focusInEvent(QFocusEvent *pEvent) override;
     void resizeEvent(QResizeEvent *pEvent) override;
+    void inputMethodEvent(QInputMethodEvent *pEvent) override;
+    void mousePressEvent(QMouseEvent *pEvent) override;
+    void mouseMoveEvent(QMouseEvent *pEvent) override;
+    void mouseReleaseEvent(QMouseEvent *pEvent) override;
     bool canInsertFromMimeData(const QMimeData *pSource) const override;
     QMimeData *createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData *pSource) override;
 
 private:
+    using LineCommand = SCommand (*)(const CTextLines &, const CCarets &);
     void setReadablePalette();
     void setFixedFont();
     void connectSignals();
@@ -164,11 +204,35 @@ private:
     void indentSelection(bool bOutdent);
     void indentNewLine();
     bool typePair(const QString &strTyped);
+    void applyToggle(const CommentToggle &toggle, const CommentMarkers &markers);
     void selectRange(int nStart, int nEnd, bool bCursorAtStart);
     void selectLines(const QTextBlock &first, const QTextBlock &last, bool bCursorAtStart);
     bool findWrapped(const QString &strText, bool bAllSearched);
     int replaceMatches(const QString &strFind, const QString &strReplace, QTextCursor *pCursor);
     void goToBlock(int nBlock);
+
+    bool runKeyCommand(QKeyEvent *pEvent);
+    void runLineCommand(LineCommand pCommand, const char *szNothing);
+    void apply(const SCommand &command);
+    void applyTyped(const SCommand &command);
+    void recordCarets(const std::function<void()> &change);
+    void stepHistory(bool bUndo);
+    void tell(const QString &strText);
+    bool keyAtCarets(QKeyEvent *pEvent);
+    bool moveCarets(QKeyEvent *pEvent);
+    bool eraseAtCarets(QKeyEvent *pEvent);
+    bool typeAtCarets(QKeyEvent *pEvent);
+    void indentAtCarets(bool bOutdent);
+    void addCaret(bool bUp);
+    void watchCarets();
+    void leaveCarets();
+    using CaretPainter = std::function<void(const SCaret &, const QTextBlock &, const QPointF &)>;
+    void forVisibleCarets(const CaretPainter &paint) const;
+    void paintSelections(QPainter *pPainter) const;
+    void paintCarets(QPainter *pPainter) const;
+    void extendBlock(int nLines, int nColumns);
+    SCaretBlock blockAt(const QPoint &point) const;
+    void showBlock(const SCaretBlock &block);
 
     bool m_bLockFontSize = false;
     bool m_bKeepModified = false;
@@ -191,5 +255,13 @@ private:
     int m_nReturnFormat;
     int m_nLinesToCome = 0; // Of the text about to be set.
     CStandIns m_standIns;
+    CCarets m_carets; // When there are several; else one, of no meaning.
+    std::optional<SCaretBlock> m_block; // What the carets are the lines of.
+    CCaretHistory m_history;
+    QVector<QMetaObject::Connection> m_lstWatches; // While there are several carets.
+    bool m_bApplying = false; // Text and cursor change by a command that sets the carets.
+    bool m_bTyping = false; // The last command was typing at several carets.
+    bool m_bDraggingBlock = false;
+    bool m_bTold = false; // A statusMessage() stands.
     CEditWebView *m_pPageEditor = nullptr;
 };

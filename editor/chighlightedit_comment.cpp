@@ -69,6 +69,13 @@ bool CHighlightEdit::toggleComment()
     qDebug() << "strMultiCommentStart:" << markers.strStart;
 
     const CommentToggle toggle = toggleOf(selectionOf(cursor), markers);
+    recordCarets([&] { applyToggle(toggle, markers); });
+    return true;
+}
+
+void CHighlightEdit::applyToggle(const CommentToggle &toggle, const CommentMarkers &markers)
+{
+    const QTextCursor cursor = textCursor();
     const int nStart = cursor.selectionStart();
     const int nEnd = cursor.selectionEnd();
     const QTextBlock first = document()->findBlock(nStart);
@@ -99,5 +106,4 @@ bool CHighlightEdit::toggleComment()
     } else if (toggle.action != CommentToggle::Unwrap) {
         selectLines(first, last, bCursorFirst);
     }
-    return true;
 }

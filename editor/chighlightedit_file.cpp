@@ -172,6 +172,8 @@ void CHighlightEdit::showText(const QString &strText)
     // The gutter takes its width beforehand: a view that changes its width lays out every block.
     m_nLinesToCome = lineCount(strShown);
     updateLineNumberAreaWidth();
+    leaveCarets();
+    m_history.clear();
     setPlainText(strShown);
     m_nLinesToCome = 0;
     updateLineNumberAreaWidth();

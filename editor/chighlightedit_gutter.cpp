@@ -87,18 +87,3 @@ void CHighlightEdit::resizeEvent(QResizeEvent *pEvent)
     const QRect rect = contentsRect();
     m_pLineNumberArea->setGeometry(rect.left(), rect.top(), lineNumberAreaWidth(), rect.height());
 }
-
-void CHighlightEdit::highlightCurrentLine()
-{
-    viewport()->update();
-}
-
-void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
-{
-    {
-        QPainter painter(viewport());
-        const QRectF rect = blockBoundingGeometry(textCursor().block());
-        painter.fillRect(rect.translated(contentOffset()).toRect(), m_clrCurrentLine);
-    }
-    QPlainTextEdit::paintEvent(pEvent);
-}

@@ -1,21 +1,12 @@
 #include "editor/chighlightedit.h"
 
 #include "editor/indentation.h"
+#include "editor/typedkeys.h"
 
 #include <QKeyEvent>
 #include <QTextBlock>
 
 namespace {
-
-bool isEnter(const QKeyEvent *pEvent)
-{
-    return pEvent->key() == Qt::Key_Enter || pEvent->key() == Qt::Key_Return;
-}
-
-bool isDeadKey(const QKeyEvent *pEvent)
-{
-    return pEvent->key() >= Qt::Key_Dead_Grave && pEvent->key() <= Qt::Key_Dead_Longsolidusoverlay;
-}
 
 // The keypad's Enter carries a modifier of its own.
 bool isPlainOrShifted(const QKeyEvent *pEvent)
@@ -35,10 +26,15 @@ QTextBlock lastSelectedBlock(const QTextCursor &cursor)
 
 void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
 {
+    if (runKeyCommand(pEvent) || keyAtCarets(pEvent)) {
+        pEvent->accept();
+        return;
+    }
     const bool bPlainOrShifted = isPlainOrShifted(pEvent);
-    const bool bTab = pEvent->key() == Qt::Key_Tab || pEvent->key() == Qt::Key_Backtab;
+    const bool bTab = isTab(pEvent);
     if (bTab && bPlainOrShifted && !isReadOnly() && isSeveralLinesSelected()) {
-        indentSelection(pEvent->modifiers() & Qt::ShiftModifier);
+        const bool bOutdent = pEvent->modifiers() & Qt::ShiftModifier;
+        recordCarets([this, bOutdent] { indentSelection(bOutdent); });
         pEvent->accept();
         return;
     }
@@ -48,6 +44,9 @@ void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
     }
     if (!isEnter(pEvent) || !bPlainOrShifted) {
         QPlainTextEdit::keyPressEvent(pEvent);
+        // Unaccepted, Shift+Tab would go on to another part of the window.
+        if (bTab && bPlainOrShifted && !isReadOnly())
+            pEvent->accept();
         return;
     }
     // With Shift the base class would put a line separator into the text, which no source file

@@ -75,8 +75,11 @@ QSet<QString> formKeys()
 const QHash<QString, QPair<QString, QString>> &handledKeys()
 {
     static const QHash<QString, QPair<QString, QString>> s_keys = {
-        {"Tab", {"editor/chighlightedit_keys.cpp", "Qt::Key_Tab"}},
-        {"Shift+Tab", {"editor/chighlightedit_keys.cpp", "Qt::Key_Backtab"}},
+        {"Tab", {"editor/typedkeys.h", "Qt::Key_Tab"}},
+        {"Shift+Tab", {"editor/typedkeys.h", "Qt::Key_Backtab"}},
+        {"Alt+drag", {"editor/chighlightedit_mouse.cpp", "Qt::AltModifier"}},
+        {"Escape", {"editor/chighlightedit_carets.cpp", "Qt::Key_Escape"}},
+        {"Alt+letter", {"editor/chighlightedit_commands.cpp", "openMenuOfLetter"}},
         {"Ctrl+wheel", {"editor/chighlightedit.cpp", "CHighlightEdit::wheelEvent"}},
         {"Ctrl held", {"web/ceditwebview_events.cpp", "Qt::Key_Control"}},
         {"Enter", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Return"}},
@@ -188,7 +191,8 @@ void TestDocumentsTruth::everyKeyOfTheReadme_isInTheCode()
 {
     const QSet<QString> keys = formKeys();
     const QString strCode = content("mainwindow/mainwindow.cpp")
-        + content("mainwindow/chtmltoolbar.cpp") + content("browser/cwidgetfilelist_keys.cpp");
+        + content("mainwindow/chtmltoolbar.cpp") + content("browser/cwidgetfilelist_keys.cpp")
+        + content("editor/chighlightedit_commands.cpp");
     int nKeys = 0;
     const QStringList lstCells = firstColumn(QStringLiteral("Keys"));
     for (const QString &strCell : lstCells) {

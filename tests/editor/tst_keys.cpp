@@ -1,6 +1,9 @@
 #include "editorcase.h"
 
 #include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QtTest>
 
 class tst_Keys : public QObject, protected CEditorCase
@@ -15,6 +18,7 @@ private slots:
     void tab_swapsTheSelectionsEnds_data();
     void tab_swapsTheSelectionsEnds();
     void tab_isOneUndoStep();
+    void tab_isUndoneWithItsSelection();
     void backtab_removesOneStepFromEachLine();
     void backtab_withoutShift_indents();
     void tab_inOneLine_replacesTheSelection();
@@ -37,7 +41,12 @@ private slots:
     void enter_inTheMiddle_looksAtTheLineEnded();
     void enter_isUndoneWithItsIndentation();
     void shiftEnter_beginsALine();
-    void controlEnter_isLeftToTheBaseClass();
+    void shiftTab_withoutLines_staysInTheEditor();
+    void shiftTab_inAReadOnlyEditor_goesOn();
+    void altLetter_typesNothing();
+    void altLetter_opensTheMenuThatBeginsWithIt_data();
+    void altLetter_opensTheMenuThatBeginsWithIt();
+    void controlEnter_beginsALineBelow();
     void readOnlyEditor_isNotChanged();
 
 private:
@@ -111,6 +120,17 @@ void tst_Keys::tab_isOneUndoStep()
     press(Qt::Key_Tab);
     m_pEdit->undo();
     QCOMPARE(m_pEdit->toPlainText(), QString("a\nb\nc"));
+}
+
+void tst_Keys::tab_isUndoneWithItsSelection()
+{
+    show("a\nbc\nd");
+    place(4, 1); // From the right.
+    press(Qt::Key_Tab);
+    m_pEdit->undo();
+    QCOMPARE(state(), QString("a|\nbc^\nd"));
+    m_pEdit->redo();
+    QCOMPARE(selection(), Ends(0, 6));
 }
 
 void tst_Keys::backtab_removesOneStepFromEachLine()
@@ -309,11 +329,71 @@ void tst_Keys::shiftEnter_beginsALine()
     QCOMPARE(m_pEdit->blockCount(), 2);
 }
 
-void tst_Keys::controlEnter_isLeftToTheBaseClass()
+void tst_Keys::shiftTab_withoutLines_staysInTheEditor()
+{
+    QWidget window;
+    auto *pBefore = new QLineEdit(&window);
+    auto *pEdit = new CHighlightEdit(&window);
+    pEdit->setPlainText("ab");
+    window.show();
+    pEdit->setFocus();
+    QTest::keyClick(pEdit, Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(!pBefore->hasFocus());
+    QCOMPARE(window.focusWidget(), pEdit);
+}
+
+void tst_Keys::shiftTab_inAReadOnlyEditor_goesOn()
+{
+    QWidget window;
+    auto *pBefore = new QLineEdit(&window);
+    auto *pEdit = new CHighlightEdit(&window);
+    pEdit->setReadOnly(true);
+    window.show();
+    pEdit->setFocus();
+    QTest::keyClick(pEdit, Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(window.focusWidget(), pBefore);
+}
+
+void tst_Keys::altLetter_typesNothing()
+{
+    show("a");
+    QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_X, QString("x"), Qt::AltModifier);
+    QCOMPARE(state(), QString("a|"));
+}
+
+void tst_Keys::altLetter_opensTheMenuThatBeginsWithIt_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::newRow("by its title") << "Edit";
+    QTest::newRow("in another script") << "\u7F16\u8F91";
+}
+
+void tst_Keys::altLetter_opensTheMenuThatBeginsWithIt()
+{
+    QFETCH(QString, title);
+    QMainWindow window;
+    window.menuBar()->addMenu("File")->addAction("Open");
+    QMenu *pMenu = window.menuBar()->addMenu(title);
+    pMenu->setObjectName("menuEdit");
+    pMenu->addAction("Undo");
+    auto *pEdit = new CHighlightEdit;
+    window.setCentralWidget(pEdit);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTest::sendKeyEvent(QTest::Click, pEdit, Qt::Key_E, QString("e"), Qt::AltModifier);
+    QTRY_VERIFY(pMenu->isVisible());
+    QCOMPARE(pEdit->toPlainText(), QString());
+    pMenu->close();
+    QTest::sendKeyEvent(QTest::Click, pEdit, Qt::Key_Q, QString("q"), Qt::AltModifier);
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_Keys::controlEnter_beginsALineBelow()
 {
     show("  x");
+    place(1, 1);
     press(Qt::Key_Return, Qt::ControlModifier);
-    QCOMPARE(m_pEdit->toPlainText(), QString("  x"));
+    QCOMPARE(state(), QString("  x\n  |"));
 }
 
 void tst_Keys::readOnlyEditor_isNotChanged()

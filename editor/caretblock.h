@@ -1,0 +1,35 @@
+#pragma once
+
+#include "editor/ccarets.h"
+
+#include <QString>
+
+class CTextLines;
+
+// A rectangle of text between two corners. Columns are those of a fixed font: a tab goes on to the
+// next multiple of four, a wide character takes two.
+struct SCaretBlock
+{
+    int nAnchorLine = 0;
+    int nAnchorColumn = 0;
+    int nLine = 0;
+    int nColumn = 0;
+};
+
+int shownColumn(const QString &strLine, int nPlace);
+// The place nearest before the column, or at it; the line's end behind it.
+int placeAtColumn(const QString &strLine, int nColumn);
+
+// One caret for each line that reaches the rectangle, and for the lines of its corners; the main
+// one in the line of the corner that moves.
+CCarets caretsOfBlock(const CTextLines &lines, const SCaretBlock &block);
+
+// The most columns that a line of the block has.
+int widestColumn(const CTextLines &lines, const SCaretBlock &block);
+
+// The block between a caret's two ends.
+SCaretBlock blockOfCaret(const CTextLines &lines, const SCaret &caret);
+
+// One more caret in the column of the last one (the first one: bUp), a line further; no more when
+// there is no line.
+CCarets caretsWithNext(const CTextLines &lines, const CCarets &carets, bool bUp);

@@ -1,0 +1,107 @@
+// What the view draws around the text: the band behind the cursor's line, further carets.
+#include "editor/chighlightedit.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTextBlock>
+
+#include <algorithm>
+
+namespace {
+
+// Where a place of a block stands, from the block's own corner.
+QRectF placeRect(const QTextBlock &block, int nInBlock, qreal dWidth)
+{
+    const QTextLayout *pLayout = block.layout();
+    const QTextLine line = pLayout->lineForTextPosition(nInBlock);
+    if (!line.isValid())
+        return QRectF();
+    return {line.cursorToX(nInBlock), line.y(), dWidth, line.height()};
+}
+
+// The lines of a range in a block; where it goes on behind the block, with a mark for its end.
+void addRangeRects(const QTextBlock &block, int nStart, int nEnd, const QPointF &corner,
+                   QVector<QRectF> *pRects)
+{
+    const QTextLayout *pLayout = block.layout();
+    for (int n = 0; n < pLayout->lineCount(); ++n) {
+        const QTextLine line = pLayout->lineAt(n);
+        const int nFrom = qMax(nStart, line.textStart());
+        const int nTo = qMin(nEnd, line.textStart() + line.textLength());
+        const bool bLineEnd = n == pLayout->lineCount() - 1 && nEnd >= block.length();
+        if (nFrom > nTo || (nFrom == nTo && !bLineEnd))
+            continue;
+        const qreal dFrom = line.cursorToX(nFrom);
+        const qreal dTo = line.cursorToX(nTo) + (bLineEnd ? line.height() / 4 : 0);
+        pRects->append(
+            QRectF(QPointF(qMin(dFrom, dTo), line.y()), QSizeF(qAbs(dTo - dFrom), line.height()))
+                .translated(corner));
+    }
+}
+
+} // namespace
+
+void CHighlightEdit::highlightCurrentLine()
+{
+    viewport()->update();
+}
+
+void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
+{
+    {
+        QPainter painter(viewport());
+        const QRectF rect = blockBoundingGeometry(textCursor().block());
+        painter.fillRect(rect.translated(contentOffset()).toRect(), m_clrCurrentLine);
+        if (hasSeveralCarets())
+            paintSelections(&painter);
+    }
+    QPlainTextEdit::paintEvent(pEvent);
+    if (hasSeveralCarets()) {
+        QPainter painter(viewport());
+        paintCarets(&painter);
+    }
+}
+
+// Calls with each caret but the main one that can be seen, the block and its corner in the view.
+void CHighlightEdit::forVisibleCarets(const CaretPainter &paint) const
+{
+    const QVector<SCaret> &lst = m_carets.list();
+    QTextBlock block = firstVisibleBlock();
+    QPointF corner = blockBoundingGeometry(block).translated(contentOffset()).topLeft();
+    auto it = std::lower_bound(
+        lst.cbegin(), lst.cend(), block.position(),
+        [](const SCaret &caret, int nPosition) { return caret.end() < nPosition; });
+    while (block.isValid() && corner.y() <= viewport()->height() && it != lst.cend()) {
+        const int nEnd = block.position() + block.length();
+        for (auto inBlock = it; inBlock != lst.cend() && inBlock->start() < nEnd; ++inBlock) {
+            if (inBlock - lst.cbegin() != m_carets.mainIndex())
+                paint(*inBlock, block, corner);
+        }
+        while (it != lst.cend() && it->end() < nEnd)
+            ++it;
+        corner.ry() += blockBoundingRect(block).height();
+        block = block.next();
+    }
+}
+
+void CHighlightEdit::paintSelections(QPainter *pPainter) const
+{
+    QVector<QRectF> lstRects;
+    forVisibleCarets([&](const SCaret &caret, const QTextBlock &block, const QPointF &corner) {
+        addRangeRects(block, caret.start() - block.position(), caret.end() - block.position(),
+                      corner, &lstRects);
+    });
+    for (const QRectF &rect : qAsConst(lstRects))
+        pPainter->fillRect(rect, palette().brush(QPalette::Highlight));
+}
+
+void CHighlightEdit::paintCarets(QPainter *pPainter) const
+{
+    forVisibleCarets([&](const SCaret &caret, const QTextBlock &block, const QPointF &corner) {
+        const int nInBlock = caret.nPosition - block.position();
+        if (nInBlock >= 0 && nInBlock < block.length()) {
+            pPainter->fillRect(placeRect(block, nInBlock, cursorWidth()).translated(corner),
+                               palette().brush(QPalette::Text));
+        }
+    });
+}

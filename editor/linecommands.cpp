@@ -1,0 +1,300 @@
+#include "editor/linecommands.h"
+
+#include "editor/ctextlines.h"
+#include "editor/indentation.h"
+#include "editor/touchedlines.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+QString joinedText(const CTextLines &lines, const SLineRange &range)
+{
+    QStringList lst;
+    for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
+        lst.append(lines.text(nLine));
+    return lst.join(QLatin1Char('\n'));
+}
+
+// The carets of each range go as far as its number says, within a text of that length.
+CCarets shifted(const CTextLines &lines, const CCarets &carets, const QVector<SLineRange> &ranges,
+                const QVector<int> &lstShifts, int nLength)
+{
+    const QVector<int> lstRanges = rangesOfCarets(lines, carets, ranges);
+    QVector<SCaret> lst;
+    for (int n = 0; n < carets.count(); ++n) {
+        const SCaret &caret = carets.list().at(n);
+        const int nShift = lstShifts.at(lstRanges.at(n));
+        lst.append(
+            {qMin(caret.nAnchor + nShift, nLength), qMin(caret.nPosition + nShift, nLength)});
+    }
+    return {lst, carets.mainIndex()};
+}
+
+int textLength(const CTextLines &lines)
+{
+    return lines.end(lines.lastLine());
+}
+
+SCommand nothing(const CCarets &carets)
+{
+    return {{}, carets};
+}
+
+// The line goes from one side of the range to the other.
+void addMove(const CTextLines &lines, const SLineRange &range, bool bUp, TextEdits *pEdits)
+{
+    const int nMoved = bUp ? range.nFirst - 1 : range.nLast + 1;
+    const QString strMoved = lines.text(nMoved);
+    if (bUp) {
+        pEdits->append({lines.start(nMoved), strMoved.length() + 1, QString()});
+        pEdits->append({lines.end(range.nLast), 0, QLatin1Char('\n') + strMoved});
+    } else {
+        pEdits->append({lines.start(range.nFirst), 0, strMoved + QLatin1Char('\n')});
+        pEdits->append({lines.end(range.nLast), strMoved.length() + 1, QString()});
+    }
+}
+
+SCommand lineMove(const CTextLines &lines, const CCarets &carets, bool bUp)
+{
+    const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
+    SCommand command = nothing(carets);
+    QVector<int> lstShifts;
+    for (const SLineRange &range : lstRanges) {
+        const bool bAtEdge = bUp ? range.nFirst == 0 : range.nLast == lines.lastLine();
+        if (bAtEdge) {
+            lstShifts.append(0);
+            continue;
+        }
+        const int nBy = lines.length(bUp ? range.nFirst - 1 : range.nLast + 1) + 1;
+        lstShifts.append(bUp ? -nBy : nBy);
+        addMove(lines, range, bUp, &command.lstEdits);
+    }
+    if (!command.isNothing())
+        command.carets = shifted(lines, carets, lstRanges, lstShifts, textLength(lines));
+    return command;
+}
+
+// Lines go with the end of one of their neighbours.
+STextEdit lineRemoval(const CTextLines &lines, const SLineRange &range)
+{
+    const int nStart = lines.start(range.nFirst);
+    if (range.nLast < lines.lastLine())
+        return {nStart, lines.start(range.nLast + 1) - nStart, QString()};
+    const int nFrom = qMax(nStart - 1, 0);
+    return {nFrom, lines.end(range.nLast) - nFrom, QString()};
+}
+
+// Where a caret of the column goes when the lines are gone; a place before that.
+int placeBesideRemoved(const CTextLines &lines, const SLineRange &range, int nColumn)
+{
+    int nLine = range.nLast + 1;
+    if (nLine > lines.lastLine())
+        nLine = range.nFirst - 1;
+    if (nLine < 0)
+        return 0;
+    return lines.start(nLine) + qMin(nColumn, lines.length(nLine));
+}
+
+QVector<SLineRange> rangesToJoin(const CTextLines &lines, const CCarets &carets)
+{
+    QVector<SLineRange> lst;
+    for (const SCaret &caret : carets.list()) {
+        SLineRange range = touchedLines(lines, caret);
+        if (range.nFirst == range.nLast)
+            range.nLast = qMin(range.nLast + 1, lines.lastLine());
+        if (!lst.isEmpty() && range.nFirst <= lst.constLast().nLast)
+            lst.last().nLast = qMax(lst.constLast().nLast, range.nLast);
+        else if (range.nFirst < range.nLast)
+            lst.append(range);
+    }
+    return lst;
+}
+
+bool isBlank(QChar c)
+{
+    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
+}
+
+// Each run of blanks and line ends with a line end in it is a joint.
+void addJoints(const QString &strText, int nAt, TextEdits *pEdits)
+{
+    for (int n = 0; n < strText.length();) {
+        int nEnd = n;
+        bool bJoint = false;
+        while (nEnd < strText.length()
+               && (isBlank(strText.at(nEnd)) || strText.at(nEnd) == QLatin1Char('\n'))) {
+            bJoint |= strText.at(nEnd) == QLatin1Char('\n');
+            ++nEnd;
+        }
+        if (bJoint) {
+            const bool bBetween = n > 0 && nEnd < strText.length();
+            pEdits->append({nAt + n, nEnd - n, bBetween ? QStringLiteral(" ") : QString()});
+        }
+        n = qMax(nEnd, n + 1);
+    }
+}
+
+SCommand lineNew(const CTextLines &lines, const CCarets &carets, bool bBelow)
+{
+    SCommand command;
+    QVector<SCaret> lst;
+    int nGrown = 0;
+    for (const SCaret &caret : carets.list()) {
+        const SLineRange range = touchedLines(lines, caret);
+        const int nLine = bBelow ? range.nLast : range.nFirst;
+        const QString strBlanks = leadingBlanks(lines.text(nLine));
+        const int nAt = bBelow ? lines.end(nLine) : lines.start(nLine);
+        const QString strNew = bBelow ? QString(QLatin1Char('\n') + strBlanks)
+                                      : QString(strBlanks + QLatin1Char('\n'));
+        const int nPlace = nAt + nGrown + strNew.length() - (bBelow ? 0 : 1);
+        lst.append({nPlace, nPlace});
+        nGrown += strNew.length();
+        // Two carets of one line ask for two lines, which come from one place.
+        if (!command.lstEdits.isEmpty() && command.lstEdits.constLast().nStart == nAt)
+            command.lstEdits.last().strText += strNew;
+        else
+            command.lstEdits.append({nAt, 0, strNew});
+    }
+    command.carets = CCarets(lst, carets.mainIndex());
+    return command;
+}
+
+QVector<SLineRange> rangesToSort(const CTextLines &lines, const CCarets &carets)
+{
+    if (!carets.isSingle() || carets.main().hasSelection())
+        return touchedRanges(lines, carets);
+    const int nLast = lines.lastLine();
+    return {{0, nLast > 0 && lines.length(nLast) == 0 ? nLast - 1 : nLast}};
+}
+
+// The range that differs from the sorted one, replaced by it.
+void addSorted(const CTextLines &lines, const SLineRange &range, TextEdits *pEdits)
+{
+    QStringList lstBefore;
+    for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
+        lstBefore.append(lines.text(nLine));
+    QStringList lstAfter = lstBefore;
+    std::stable_sort(lstAfter.begin(), lstAfter.end());
+    int nFirst = 0;
+    int nLast = lstAfter.size() - 1;
+    while (nFirst <= nLast && lstBefore.at(nFirst) == lstAfter.at(nFirst))
+        ++nFirst;
+    while (nLast >= nFirst && lstBefore.at(nLast) == lstAfter.at(nLast))
+        --nLast;
+    if (nFirst > nLast)
+        return;
+    const int nStart = lines.start(range.nFirst + nFirst);
+    const int nEnd = lines.end(range.nFirst + nLast);
+    const QString strAfter = lstAfter.mid(nFirst, nLast - nFirst + 1).join(QLatin1Char('\n'));
+    pEdits->append({nStart, nEnd - nStart, strAfter});
+}
+
+} // namespace
+
+SCommand lineMoveUp(const CTextLines &lines, const CCarets &carets)
+{
+    return lineMove(lines, carets, true);
+}
+
+SCommand lineMoveDown(const CTextLines &lines, const CCarets &carets)
+{
+    return lineMove(lines, carets, false);
+}
+
+SCommand lineDuplicate(const CTextLines &lines, const CCarets &carets)
+{
+    const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
+    SCommand command;
+    QVector<int> lstShifts;
+    int nGrown = 0;
+    for (const SLineRange &range : lstRanges) {
+        const QString strCopy = QLatin1Char('\n') + joinedText(lines, range);
+        command.lstEdits.append({lines.end(range.nLast), 0, strCopy});
+        nGrown += strCopy.length();
+        lstShifts.append(nGrown);
+    }
+    command.carets = shifted(lines, carets, lstRanges, lstShifts, textLength(lines) + nGrown);
+    return command;
+}
+
+SCommand lineDelete(const CTextLines &lines, const CCarets &carets)
+{
+    const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
+    SCommand command = nothing(carets);
+    for (const SLineRange &range : lstRanges) {
+        const STextEdit edit = lineRemoval(lines, range);
+        if (edit.nLength > 0)
+            command.lstEdits.append(edit);
+    }
+    if (command.isNothing())
+        return command;
+    const CPositionMap map(command.lstEdits);
+    const QVector<int> lstOfCarets = rangesOfCarets(lines, carets, lstRanges);
+    QVector<SCaret> lst;
+    for (int n = 0; n < carets.count(); ++n) {
+        const int nColumn = lines.column(carets.list().at(n).nPosition);
+        const int nPlace =
+            map.map(placeBesideRemoved(lines, lstRanges.at(lstOfCarets.at(n)), nColumn));
+        lst.append({nPlace, nPlace});
+    }
+    command.carets = CCarets(lst, carets.mainIndex());
+    return command;
+}
+
+SCommand lineJoin(const CTextLines &lines, const CCarets &carets)
+{
+    SCommand command = nothing(carets);
+    const QVector<SLineRange> lstRanges = rangesToJoin(lines, carets);
+    for (const SLineRange &range : lstRanges)
+        addJoints(joinedText(lines, range), lines.start(range.nFirst), &command.lstEdits);
+    command.carets = CPositionMap(command.lstEdits).map(carets);
+    return command;
+}
+
+SCommand lineNewBelow(const CTextLines &lines, const CCarets &carets)
+{
+    return lineNew(lines, carets, true);
+}
+
+SCommand lineNewAbove(const CTextLines &lines, const CCarets &carets)
+{
+    return lineNew(lines, carets, false);
+}
+
+SCommand lineSort(const CTextLines &lines, const CCarets &carets)
+{
+    SCommand command = nothing(carets); // The carets' places are there in sorted text, too.
+    const QVector<SLineRange> lstRanges = rangesToSort(lines, carets);
+    for (const SLineRange &range : lstRanges)
+        addSorted(lines, range, &command.lstEdits);
+    return command;
+}
+
+SCommand lineIndent(const CTextLines &lines, const CCarets &carets)
+{
+    SCommand command;
+    const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
+    for (const SLineRange &range : lstRanges) {
+        for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
+            command.lstEdits.append({lines.start(nLine), 0, QStringLiteral("\t")});
+    }
+    command.carets = CPositionMap(command.lstEdits).map(carets);
+    return command;
+}
+
+SCommand lineOutdent(const CTextLines &lines, const CCarets &carets)
+{
+    SCommand command;
+    const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
+    for (const SLineRange &range : lstRanges) {
+        for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine) {
+            if (const int nLength = outdentLength(lines.text(nLine)))
+                command.lstEdits.append({lines.start(nLine), nLength, QString()});
+        }
+    }
+    command.carets = CPositionMap(command.lstEdits).map(carets);
+    return command;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "editor/ccarets.h"
+
+#include <QVector>
+
+class CTextLines;
+
+// Lines from the first to the last.
+struct SLineRange
+{
+    int nFirst;
+    int nLast;
+};
+
+// The lines that a caret stands for.
+SLineRange touchedLines(const CTextLines &lines, const SCaret &caret);
+
+// The lines of all carets, in order; neighbours are one range.
+QVector<SLineRange> touchedRanges(const CTextLines &lines, const CCarets &carets);
+
+// Which range each caret belongs to.
+QVector<int> rangesOfCarets(const CTextLines &lines, const CCarets &carets,
+                            const QVector<SLineRange> &lstRanges);

@@ -1,0 +1,18 @@
+#include "editor/words.h"
+
+bool isWordCharacter(QChar c)
+{
+    // Halves of characters outside the first plane are mostly rarer letters.
+    return c.isLetterOrNumber() || c.isMark() || c.isSurrogate() || c == QLatin1Char('_');
+}
+
+SWord wordAt(const QString &strLine, int nPlace)
+{
+    int nStart = nPlace;
+    while (nStart > 0 && isWordCharacter(strLine.at(nStart - 1)))
+        --nStart;
+    int nEnd = nPlace;
+    while (nEnd < strLine.length() && isWordCharacter(strLine.at(nEnd)))
+        ++nEnd;
+    return {nStart, nEnd - nStart};
+}
