@@ -164,11 +164,13 @@ void CDlgFind::showInfo(const QString &strText, bool bError)
 {
     const QString strSpan = bError ? QStringLiteral("<span style='color:Red'>%1</span>")
                                    : QStringLiteral("<span style='color:#27a650'>%1</span>");
+    m_strInfo = strText;
     m_pUi->label_info->setText(strSpan.arg(strText.toHtmlEscaped()));
 }
 
 void CDlgFind::clearInfo()
 {
+    m_strInfo.clear();
     m_pUi->label_info->clear();
 }
 
@@ -192,6 +194,17 @@ void CDlgFind::onReplaceNum(int nVal)
     const QString strText = nVal < 2 ? tr("Replace All: %1 item has been replaced.")
                                      : tr("Replace All: %1 items have been replaced.");
     showInfo(strText.arg(nVal), false);
+}
+
+QString CDlgFind::countText(int nIndex, int nCount)
+{
+    return tr("%1 of %2").arg(nIndex).arg(nCount);
+}
+
+void CDlgFind::onFindCounted(int nIndex, int nCount)
+{
+    const QString strCount = countText(nIndex, nCount);
+    showInfo(m_strInfo.isEmpty() ? strCount : m_strInfo + QLatin1Char(' ') + strCount, false);
 }
 
 void CDlgFind::onFind()

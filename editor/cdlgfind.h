@@ -40,6 +40,9 @@ public:
     void showInfo(const QString &strText, bool bError);
     void clearInfo();
 
+    // "3 of 17".
+    static QString countText(int nIndex, int nCount);
+
 signals:
     // The dialog was closed or hidden.
     void emitClosed();
@@ -52,6 +55,8 @@ public slots:
     void onFindToBottom();
     void onCannotFound();
     void onReplaceNum(int nVal);
+    // Behind what the line says of the same search.
+    void onFindCounted(int nIndex, int nCount);
 
 private slots:
     void on_checkBox_match_whole_word_stateChanged(int arg1);
@@ -84,6 +89,7 @@ private:
     void focusBox(QComboBox *pBox);
     void present(int nTab);
 
+    QString m_strInfo; // What the message line says.
     std::unique_ptr<Ui::CDlgFind> m_pUi;
     bool m_bUpdating =
         false; // A control follows its twin or the settings; nothing is to be stored.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/caretblock.h"
+#include "editor/cbackgroundjob.h"
 #include "editor/ccarethistory.h"
 #include "editor/ccarets.h"
 #include "editor/cstandins.h"
@@ -11,6 +12,7 @@
 #include <QVariantMap>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class CEditWebView;
@@ -22,6 +24,7 @@ class QTextCodec;
 struct SFileContent;
 struct CommentMarkers;
 struct CommentToggle;
+struct DocumentMatch;
 struct SCommand;
 
 // The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
@@ -114,14 +117,15 @@ public:
     bool replace(const QString &findText, const QString &replaceText, QTextCursor *pCursor);
     // In the whole document, without wrapping, as one step of undo. True if anything was found.
     bool replaceAll(const QString &findText, const QString &replaceText);
-    // Lines count from 1; false when there is no such line.
+    // Lines count from 1; false when there is no such line, and the last one is told.
     bool goToLine(int nLine);
     // In UTF-16 units from the text's start; behind the end it is the end.
     void goToPosition(int nPosition);
 
     bool canVerifyValid() const;
     bool canFormatting() const;
-    // Shows a box when the content does not parse.
+    // When the content does not parse, the cursor goes to the place told, and a box shows. For
+    // JSON, whose box names no place, statusMessage() does.
     bool verifyValid();
     bool formatting();
 
@@ -142,6 +146,9 @@ signals:
     void textReplacing();
     // The editor has read its file again by itself.
     void fileRead(const SFileContent &content);
+    // Some time after find() has selected a match: which one it is, and of how many. Not when a key
+    // came before.
+    void findCounted(int nIndex, int nCount);
     // For the status bar: why a command did nothing, or what it did. Empty: no longer of interest.
     void statusMessage(const QString &strText);
 
@@ -207,9 +214,11 @@ private:
     void applyToggle(const CommentToggle &toggle, const CommentMarkers &markers);
     void selectRange(int nStart, int nEnd, bool bCursorAtStart);
     void selectLines(const QTextBlock &first, const QTextBlock &last, bool bCursorAtStart);
+    void showMatch(const QString &strText, const DocumentMatch &match);
     bool findWrapped(const QString &strText, bool bAllSearched);
     int replaceMatches(const QString &strFind, const QString &strReplace, QTextCursor *pCursor);
     void goToBlock(int nBlock);
+    void goToPlace(int nLine, int nColumn);
 
     bool runKeyCommand(QKeyEvent *pEvent);
     void runLineCommand(LineCommand pCommand, const char *szNothing);
@@ -255,6 +264,7 @@ private:
     int m_nReturnFormat;
     int m_nLinesToCome = 0; // Of the text about to be set.
     CStandIns m_standIns;
+    std::unique_ptr<CBackgroundJob> m_pCounter; // From the first search on.
     CCarets m_carets; // When there are several; else one, of no meaning.
     std::optional<SCaretBlock> m_block; // What the carets are the lines of.
     CCaretHistory m_history;

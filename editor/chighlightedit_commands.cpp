@@ -81,6 +81,8 @@ bool CHighlightEdit::runKeyCommand(QKeyEvent *pEvent)
 {
     if (m_bTold)
         tell(QString());
+    if (m_pCounter)
+        m_pCounter->cancel();
     const Qt::KeyboardModifiers modifiers = pEvent->modifiers() & ~Qt::KeypadModifier;
     if (!(modifiers & (Qt::ControlModifier | Qt::AltModifier)) || isTypedByAltGr(pEvent))
         return false;

@@ -3,6 +3,8 @@
 #include "app/csettings.h"
 #include "editor/documentreplace.h"
 #include "editor/documentsearch.h"
+#include "editor/matchcount.h"
+#include "highlight/ctextdocument.h"
 
 #include <QScopedValueRollback>
 #include <QTextBlock>
@@ -46,7 +48,7 @@ bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCurs
         if (pCursor)
             *pCursor = cursor;
         else
-            setTextCursor(cursor); // Makes it visible.
+            showMatch(text, match);
         return true;
     }
     const bool bWrap = g_pSettings->m_bFindWrapSearch && !bFromEnd;
@@ -54,6 +56,29 @@ bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCurs
         return true;
     emit cannotFound();
     return false;
+}
+
+// Selects it and counts which one it is, beside the keys: on a thread, from its own copy of the
+// lines.
+void CHighlightEdit::showMatch(const QString &strText, const DocumentMatch &match)
+{
+    selectRange(match.nStart, match.nStart + match.nLength, false); // Makes it visible.
+    if (!m_pCounter)
+        m_pCounter = std::make_unique<CBackgroundJob>();
+    const QTextBlock block = document()->findBlock(match.nStart);
+    const int nLine = block.blockNumber();
+    const int nPlace = match.nStart - block.position();
+    const auto count = [this, pLines = m_pDocument->lines(), nVersion = m_pDocument->version(),
+                        strText, options = searchOptions(), nLine,
+                        nPlace](const CBackgroundJob::Cancelled &isCancelled) {
+        const SMatchCount counted = countMatches(*pLines, nVersion, CLineSearch(strText, options),
+                                                 nLine, nPlace, isCancelled);
+        CBackgroundJob::Finish finish;
+        if (counted.nCount > 0)
+            finish = [this, counted] { emit findCounted(counted.nIndex, counted.nCount); };
+        return finish;
+    };
+    m_pCounter->start(count);
 }
 
 // The second pass starts at the other end; there is none when the first one began there. An end is
@@ -128,8 +153,10 @@ int CHighlightEdit::replaceMatches(const QString &strFind, const QString &strRep
 
 bool CHighlightEdit::goToLine(int nLine)
 {
-    if (nLine < 1 || nLine > blockCount())
+    if (nLine < 1 || nLine > blockCount()) {
+        tell(tr("There is no line %1; the last line is %2.").arg(nLine).arg(blockCount()));
         return false;
+    }
     setCenterOnScroll(true);
     goToBlock(nLine - 1);
     setCenterOnScroll(false);

@@ -41,8 +41,9 @@ bool CHighlightEdit::verifyValid()
     if (!m_pHighlighter)
         return false;
     QString strFailure;
+    ParseResult result;
     if (isVerifiedXml(languageName())) {
-        const ParseResult result = parseXml(rawText());
+        result = parseXml(rawText());
         if (!result.isGood()) {
             strFailure = tr("Line %1, Column %2: %3")
                              .arg(result.nLine)
@@ -51,12 +52,26 @@ bool CHighlightEdit::verifyValid()
         }
     } else if (isJson(languageName())) {
         // Never empty: the parser has words for success, too, and they are shown.
-        strFailure = jsonErrorText(rawText());
+        result = parseJson(rawText());
+        strFailure = result.strMessage;
+        if (result.nLine > 0)
+            tell(tr("Line %1, Column %2").arg(result.nLine).arg(result.nColumn));
     }
     if (strFailure.isEmpty())
         return true;
+    goToPlace(result.nLine, result.nColumn);
     showMessage(this, QMessageBox::Warning, tr("Fail to verify valid"), strFailure);
     return false;
+}
+
+// Lines and columns count from 1; what is not there is the nearest that is. Line 0 is no place.
+void CHighlightEdit::goToPlace(int nLine, int nColumn)
+{
+    if (nLine < 1)
+        return;
+    const QTextBlock block = document()->findBlockByNumber(qMin(nLine, blockCount()) - 1);
+    const int nInBlock = qBound(0, nColumn - 1, block.length() - 1);
+    selectRange(block.position() + nInBlock, block.position() + nInBlock, false);
 }
 
 bool CHighlightEdit::formatting()

@@ -26,11 +26,19 @@ QString formattedXml(const QString &strText)
     return document.toString(g_nXmlIndent);
 }
 
-QString jsonErrorText(const QString &strText)
+ParseResult parseJson(const QString &strText)
 {
+    const QByteArray arrText = strText.toUtf8();
     QJsonParseError error = {};
-    QJsonDocument::fromJson(strText.toUtf8(), &error);
-    return error.errorString();
+    QJsonDocument::fromJson(arrText, &error);
+    ParseResult result;
+    result.strMessage = error.errorString();
+    if (error.error == QJsonParseError::NoError)
+        return result;
+    const QString strBefore = QString::fromUtf8(arrText.left(error.offset));
+    result.nLine = strBefore.count(QLatin1Char('\n')) + 1;
+    result.nColumn = strBefore.length() - strBefore.lastIndexOf(QLatin1Char('\n'));
+    return result;
 }
 
 QString formattedJson(const QString &strText)

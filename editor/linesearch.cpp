@@ -17,7 +17,29 @@ LineMatch CLineSearch::find(const QString &strLine, int nOffset) const
     return match.isValid() && passesWordTest(strLine, match) ? match : LineMatch();
 }
 
+LineMatch CLineSearch::findAny(const QString &strLine, int nOffset) const
+{
+    for (;;) {
+        const LineMatch match = rawCandidate(strLine, nOffset);
+        if (!match.isValid())
+            return match;
+        if (match.nLength > 0 && passesWordTest(strLine, match))
+            return match;
+        nOffset = m_options.bSearchUp ? match.nStart - 1 : match.nStart + 1;
+        // Upwards, -1 would be the line's end again.
+        if (nOffset < 0 || nOffset > strLine.length())
+            return LineMatch();
+    }
+}
+
 LineMatch CLineSearch::candidate(const QString &strLine, int nOffset) const
+{
+    const LineMatch match = rawCandidate(strLine, nOffset);
+    return match.nLength > 0 ? match : LineMatch();
+}
+
+// May be empty.
+LineMatch CLineSearch::rawCandidate(const QString &strLine, int nOffset) const
 {
     LineMatch match;
     if (m_options.bRegExp) {
@@ -28,7 +50,7 @@ LineMatch CLineSearch::candidate(const QString &strLine, int nOffset) const
         match.nStart = plainIndex(strLine, nOffset);
         match.nLength = m_strText.length();
     }
-    return match.nLength > 0 ? match : LineMatch();
+    return match;
 }
 
 int CLineSearch::plainIndex(const QString &strText, int nOffset) const

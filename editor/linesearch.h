@@ -46,7 +46,11 @@ public:
     // letter or digit touches; the underscore separates words here.
     LineMatch find(const QString &strLine, int nOffset) const;
 
-    // The same for line after line of a run, from nOffset in it, which may be the end of a line;
+    // Whatever a search could select in the line from there on: candidates that fail or are empty
+    // are passed over.
+    LineMatch findAny(const QString &strLine, int nOffset) const;
+
+    // As find() for line after line of a run, from nOffset in it, which may be the end of a line;
     // searching up, line before line, and -1 is the run's last character. Only the line that holds
     // nOffset is searched in part.
     RunMatch findInRun(const QString &strRun, int nOffset) const;
@@ -60,6 +64,7 @@ public:
 
 private:
     LineMatch candidate(const QString &strLine, int nOffset) const;
+    LineMatch rawCandidate(const QString &strLine, int nOffset) const;
     int plainIndex(const QString &strText, int nOffset) const;
     bool passesWordTest(const QString &strText, const LineMatch &match) const;
     RunMatch findPlainInRun(const QString &strRun, int nOffset) const;

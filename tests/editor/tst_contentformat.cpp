@@ -34,6 +34,8 @@ private slots:
     void json_errorTextIsNeverEmpty();
     void json_isLaidOutByTheWriter();
     void nestedArrays_doNotEndTheProgram();
+    void jsonError_hasItsPlace_data();
+    void jsonError_hasItsPlace();
 };
 
 void tst_ContentFormat::xml_tellsWhereItFails_data()
@@ -219,7 +221,7 @@ void tst_ContentFormat::json_errorTextIsNeverEmpty()
 {
     QFETCH(QString, text);
     QFETCH(QString, message);
-    QCOMPARE(jsonErrorText(text), message);
+    QCOMPARE(parseJson(text).strMessage, message);
 }
 
 void tst_ContentFormat::json_isLaidOutByTheWriter()
@@ -231,8 +233,30 @@ void tst_ContentFormat::json_isLaidOutByTheWriter()
 
 void tst_ContentFormat::nestedArrays_doNotEndTheProgram()
 {
-    QCOMPARE(jsonErrorText(repeated("[", 100000)), QString("too deeply nested document"));
+    QCOMPARE(parseJson(repeated("[", 100000)).strMessage, QString("too deeply nested document"));
     QCOMPARE(formattedJson(repeated("[", 100000)), QString());
+}
+
+void tst_ContentFormat::jsonError_hasItsPlace_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
+    QTest::newRow("good") << "[1]" << 0 << 0;
+    QTest::newRow("first line") << "[1 2]" << 1 << 5; // It has taken the 2.
+    QTest::newRow("further line") << "[\n  1,\n  x]" << 3 << 3;
+    // The parser counts bytes: these characters have two, three and four.
+    QTest::newRow("behind other characters") << "[\"\u00E4\u4E00\U0001F600\" 1]" << 1 << 10;
+}
+
+void tst_ContentFormat::jsonError_hasItsPlace()
+{
+    QFETCH(QString, text);
+    QFETCH(int, line);
+    QFETCH(int, column);
+    const ParseResult result = parseJson(text);
+    QCOMPARE(result.nLine, line);
+    QCOMPARE(result.nColumn, column);
 }
 
 QTEST_GUILESS_MAIN(tst_ContentFormat)

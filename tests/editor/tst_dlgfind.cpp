@@ -53,6 +53,7 @@ private slots:
     void changeOfTab_keepsTheWidth();
     void dialogOverTheMatch_makesWay();
     void messages_areThoseOfTheSearch();
+    void count_comesBehindTheMessage();
     void message_isNeverMarkup();
     void inactiveDialog_isTranslucent();
 
@@ -485,6 +486,17 @@ void tst_DlgFind::messages_areThoseOfTheSearch()
     QCOMPARE(pLabel->text(), strGreen.arg("Replace All: 3 items have been replaced."));
     m_pDialog->clearInfo();
     QCOMPARE(pLabel->text(), QString());
+}
+
+void tst_DlgFind::count_comesBehindTheMessage()
+{
+    const auto *pLabel = child<QLabel>("label_info");
+    m_pDialog->onFindCounted(3, 17);
+    QCOMPARE(pLabel->text(), QString("<span style='color:#27a650'>3 of 17</span>"));
+    m_pDialog->clearInfo();
+    m_pDialog->onFindToBottom();
+    m_pDialog->onFindCounted(1, 17);
+    QVERIFY(pLabel->text().contains(">Find: the end has been reached. 1 of 17<"));
 }
 
 void tst_DlgFind::message_isNeverMarkup()

@@ -3,6 +3,7 @@
 #include "support/boxanswer.h"
 
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTextBlock>
 #include <QtTest>
 
@@ -18,6 +19,9 @@ private slots:
     void languages_canBeVerifiedAndFormatted();
     void unclosedTag_showsLineColumnAndMessage_data();
     void unclosedTag_showsLineColumnAndMessage();
+    void caret_goesToThePlaceTold_data();
+    void caret_goesToThePlaceTold();
+    void brokenJson_tellsItsPlaceInTheStatusBar();
     void goodContent_showsNothing();
     void goodJson_failsWithTheWordsForSuccess();
     void otherLanguage_isValidUnseen();
@@ -33,6 +37,7 @@ private slots:
     void html_isVerifiedButNotFormatted();
     void goToLine_goesToTheStartOfTheLine_data();
     void goToLine_goesToTheStartOfTheLine();
+    void goToLine_tellsTheLastLine();
     void goToLine_putsTheLineInTheMiddle();
     void goToLine_countsAWrappedLineOnce();
 
@@ -103,6 +108,44 @@ void tst_Verify::unclosedTag_showsLineColumnAndMessage()
     QCOMPARE(box.strText, QString("Line 3, Column 4: tag mismatch"));
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+}
+
+void tst_Verify::caret_goesToThePlaceTold_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("position");
+    QTest::newRow("XML") << "XML"
+                         << "<a>\n<b>\n</a>" << 11; // Line 3, column 4.
+    QTest::newRow("end of the text") << "XML"
+                                     << "<a>\n"
+                                     << 4;
+    QTest::newRow("JSON") << "JSON"
+                          << "[\n  1,\n  x]" << 9;
+    QTest::newRow("good JSON") << "JSON"
+                               << "[1]" << 0;
+}
+
+void tst_Verify::caret_goesToThePlaceTold()
+{
+    QFETCH(QString, language);
+    QFETCH(QString, text);
+    QFETCH(int, position);
+    show(language, text);
+    const CBoxAnswer answer;
+    QVERIFY(!m_pEdit->verifyValid());
+    QCOMPARE(selection(), Ends(position, position));
+}
+
+void tst_Verify::brokenJson_tellsItsPlaceInTheStatusBar()
+{
+    show("JSON", "[\n  1,\n  x]");
+    const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
+    CBoxAnswer answer;
+    QVERIFY(!m_pEdit->verifyValid());
+    QCOMPARE(answer.boxes().first().strText, QString("illegal number"));
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.at(0).at(0).toString(), QString("Line 3, Column 3"));
 }
 
 void tst_Verify::goodContent_showsNothing()
@@ -246,6 +289,16 @@ void tst_Verify::goToLine_goesToTheStartOfTheLine()
     QCOMPARE(m_pEdit->goToLine(line), position >= 0);
     QCOMPARE(m_pEdit->textCursor().position(), position >= 0 ? position : 4);
     QCOMPARE(m_pEdit->textCursor().hasSelection(), position < 0);
+}
+
+void tst_Verify::goToLine_tellsTheLastLine()
+{
+    show("", "a\nb\nc");
+    const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
+    QVERIFY(m_pEdit->goToLine(3));
+    QCOMPARE(told.count(), 0);
+    QVERIFY(!m_pEdit->goToLine(4));
+    QCOMPARE(told.at(0).at(0).toString(), QString("There is no line 4; the last line is 3."));
 }
 
 void tst_Verify::goToLine_putsTheLineInTheMiddle()
