@@ -4,6 +4,7 @@
 #include "app/csettings.h"
 #include "app/platform.h"
 #include "editor/caretedits.h"
+#include "editor/cbracketfinder.h"
 #include "editor/clinenumberarea.h"
 #include "editor/ctextlines.h"
 #include "highlight/ctextdocument.h"
@@ -155,6 +156,9 @@ QString CHighlightEdit::getStatusText() const
 void CHighlightEdit::setDefinition(const QVariantMap &mapDefinition)
 {
     m_pHighlighter->setDefinition(mapDefinition);
+    m_definition = mapDefinition;
+    if (m_pBrackets)
+        m_pBrackets->setDefinition(mapDefinition);
 }
 
 QString CHighlightEdit::languageName() const

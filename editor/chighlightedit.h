@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 
+class CBracketFinder;
 class CEditWebView;
 class CLineNumberArea;
 class CTextDocument;
@@ -31,7 +32,7 @@ struct SCommand;
 // from a thread of its own, reading and writing of text files, search, editing aids.
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _carets, _commands, _comment, _file, _gutter, _keys, _mouse, _paint, _search, _verify.
+// _brackets, _carets, _commands, _comment, _file, _gutter, _keys, _mouse, _paint, _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -175,6 +176,8 @@ public slots:
     void addCaretAbove();
     void addCaretBelow();
     void selectOccurrences();
+    void goToBracket();
+    void selectToBracket();
     void extendBlockLeft();
     void extendBlockRight();
     void extendBlockUp();
@@ -233,9 +236,27 @@ private:
     bool typeAtCarets(QKeyEvent *pEvent);
     void indentAtCarets(bool bOutdent);
     void addCaret(bool bUp);
+    // The bracket beside the cursor and its partner, as places of the document; -1 for none.
+    struct SBracketPair
+    {
+        int nBracket = -1;
+        int nPartner = -1; // -1, too, while it is looked for.
+        bool bSearching = false;
+        bool operator!=(const SBracketPair &other) const
+        {
+            return nBracket != other.nBracket || nPartner != other.nPartner;
+        }
+    };
+    SBracketPair bracketPair();
+    SBracketPair pairOf(const QTextBlock &block, int nInBlock);
+    QTextBlock lastVisibleBlock() const;
+    void goToPartner(bool bSelect);
+    void onBracketFound();
+    void paintBrackets(QPainter *pPainter, const QRect &rect);
     void watchCarets();
     void leaveCarets();
     using CaretPainter = std::function<void(const SCaret &, const QTextBlock &, const QPointF &)>;
+    void forVisible(const QVector<SCaret> &lst, const CaretPainter &paint) const;
     void forVisibleCarets(const CaretPainter &paint) const;
     void paintSelections(QPainter *pPainter) const;
     void paintCarets(QPainter *pPainter) const;
@@ -266,6 +287,11 @@ private:
     CStandIns m_standIns;
     std::unique_ptr<CBackgroundJob> m_pCounter; // From the first search on.
     CCarets m_carets; // When there are several; else one, of no meaning.
+    CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.
+    std::optional<QVariantMap> m_definition;
+    SBracketPair m_shownPair;
+    std::optional<bool> m_jump; // To the partner that is looked for; true: selecting.
+    int m_nJumpFrom = 0; // The cursor's place then.
     std::optional<SCaretBlock> m_block; // What the carets are the lines of.
     CCaretHistory m_history;
     QVector<QMetaObject::Connection> m_lstWatches; // While there are several carets.

@@ -9,6 +9,9 @@
 
 namespace {
 
+const char g_szBracketColor[] = "#d5e5fb";
+const char g_szBracketFrameColor[] = "#6b98d6";
+
 // Where a place of a block stands, from the block's own corner.
 QRectF placeRect(const QTextBlock &block, int nInBlock, qreal dWidth)
 {
@@ -52,6 +55,7 @@ void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
         QPainter painter(viewport());
         const QRectF rect = blockBoundingGeometry(textCursor().block());
         painter.fillRect(rect.translated(contentOffset()).toRect(), m_clrCurrentLine);
+        paintBrackets(&painter, pEvent->rect());
         if (hasSeveralCarets())
             paintSelections(&painter);
     }
@@ -62,10 +66,43 @@ void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
     }
 }
 
-// Calls with each caret but the main one that can be seen, the block and its corner in the view.
+// The partner may have changed where nothing else did, and then is not part of what is painted now.
+void CHighlightEdit::paintBrackets(QPainter *pPainter, const QRect &rect)
+{
+    const SBracketPair pair = bracketPair();
+    if (pair != m_shownPair && !rect.contains(viewport()->rect()))
+        viewport()->update();
+    m_shownPair = pair;
+    if (pair.nPartner < 0)
+        return;
+    const int nFirst = qMin(pair.nBracket, pair.nPartner);
+    const int nLast = qMax(pair.nBracket, pair.nPartner);
+    QVector<QRectF> lstRects;
+    forVisible({{nFirst, nFirst + 1}, {nLast, nLast + 1}},
+               [&](const SCaret &bracket, const QTextBlock &block, const QPointF &corner) {
+                   const int nInBlock = bracket.nAnchor - block.position();
+                   addRangeRects(block, nInBlock, nInBlock + 1, corner, &lstRects);
+               });
+    for (const QRectF &spot : qAsConst(lstRects)) {
+        pPainter->fillRect(spot, QColor(QLatin1String(g_szBracketColor)));
+        pPainter->setPen(QColor(QLatin1String(g_szBracketFrameColor)));
+        pPainter->drawRect(spot.adjusted(0, 0, -1, -1));
+    }
+}
+
 void CHighlightEdit::forVisibleCarets(const CaretPainter &paint) const
 {
-    const QVector<SCaret> &lst = m_carets.list();
+    forVisible(m_carets.list(),
+               [&](const SCaret &caret, const QTextBlock &block, const QPointF &corner) {
+                   if (!(caret == m_carets.main()))
+                       paint(caret, block, corner);
+               });
+}
+
+// Calls with each of the ranges that can be seen, and each block of it with its corner in the view.
+// They are in order.
+void CHighlightEdit::forVisible(const QVector<SCaret> &lst, const CaretPainter &paint) const
+{
     QTextBlock block = firstVisibleBlock();
     QPointF corner = blockBoundingGeometry(block).translated(contentOffset()).topLeft();
     auto it = std::lower_bound(
@@ -74,8 +111,7 @@ void CHighlightEdit::forVisibleCarets(const CaretPainter &paint) const
     while (block.isValid() && corner.y() <= viewport()->height() && it != lst.cend()) {
         const int nEnd = block.position() + block.length();
         for (auto inBlock = it; inBlock != lst.cend() && inBlock->start() < nEnd; ++inBlock) {
-            if (inBlock - lst.cbegin() != m_carets.mainIndex())
-                paint(*inBlock, block, corner);
+            paint(*inBlock, block, corner);
         }
         while (it != lst.cend() && it->end() < nEnd)
             ++it;

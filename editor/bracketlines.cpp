@@ -1,0 +1,96 @@
+#include "editor/bracketlines.h"
+
+#include <QTextDocument>
+
+namespace {
+
+const int g_nCharsAtOnce = 64 * 1024;
+const int g_nLinesBack = 32; // What a batch of the store holds.
+
+} // namespace
+
+CShownLines::CShownLines(const QTextBlock &first, const QTextBlock &last)
+    : m_first(first),
+      m_nFirst(first.blockNumber()),
+      m_nLast(last.blockNumber()),
+      m_block(first),
+      m_nCharsLeft(g_nCharsAtOnce)
+{
+}
+
+bool CShownLines::goTo(int nLine)
+{
+    if (nLine < m_nFirst || nLine > m_nLast || m_nCharsLeft < 0)
+        return false;
+    const int nBy = nLine - m_block.blockNumber();
+    if (nBy == 1)
+        m_block = m_block.next();
+    else if (nBy == -1)
+        m_block = m_block.previous();
+    else if (nBy != 0)
+        m_block = m_block.document()->findBlockByNumber(nLine);
+    m_nCharsLeft -= m_block.length();
+    return m_nCharsLeft >= 0;
+}
+
+QBitArray CShownLines::inside()
+{
+    // The two roles look the same.
+    static const QTextCharFormat s_comment = CHighlightRules::format(HighlightRole::Comment);
+    QBitArray inside(m_block.length());
+    const QVector<QTextLayout::FormatRange> lstFormats = m_block.layout()->formats();
+    for (const QTextLayout::FormatRange &range : lstFormats) {
+        const bool bMark = range.format.intProperty(QTextFormat::UserProperty) & 1;
+        if (!bMark && range.start < inside.size()) {
+            inside.fill(range.format.foreground() == s_comment.foreground(), range.start,
+                        qMin(range.start + range.length, inside.size()));
+        }
+    }
+    return inside;
+}
+
+CStoredLines::CStoredLines(const CLineStore &store, uint nVersion, const CHighlightRules &rules,
+                           const std::function<bool()> &isCancelled)
+    : m_store(store), m_nVersion(nVersion), m_rules(rules), m_isCancelled(isCancelled)
+{
+}
+
+bool CStoredLines::holds(int nLine) const
+{
+    return nLine >= m_batch.nFirst && nLine < m_batch.nFirst + int(m_batch.lst.size());
+}
+
+bool CStoredLines::goTo(int nLine)
+{
+    if (!holds(nLine)) {
+        if (m_isCancelled())
+            return false;
+        const bool bBack = nLine < m_nLine;
+        m_batch =
+            m_store.fetch(m_nVersion, bBack ? qMax(nLine - g_nLinesBack + 1, 0) : nLine, false);
+        if (!holds(nLine)) // Long lines: the batch has ended before.
+            m_batch = m_store.fetch(m_nVersion, nLine, false);
+        if (!holds(nLine))
+            return false;
+    }
+    m_nLine = nLine;
+    return true;
+}
+
+QBitArray CStoredLines::inside()
+{
+    const int nBefore = m_nLine - m_batch.nFirst - 1;
+    const int nState = nBefore < 0 ? m_batch.nStateBefore : m_batch.lst[nBefore].nState;
+    HighlightLine coloured;
+    QBitArray inside(line().strText.length());
+    if (!m_rules.highlight(line().strText, nState, &coloured, m_isCancelled))
+        return inside;
+    for (const HighlightRange &range : coloured.lstRanges) {
+        const bool bInside =
+            range.role == HighlightRole::Comment || range.role == HighlightRole::String;
+        if (range.nStart < inside.size()) {
+            inside.fill(bInside, range.nStart, qMin(range.nStart + range.nLength, inside.size()));
+        }
+    }
+    return inside;
+}
