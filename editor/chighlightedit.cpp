@@ -207,8 +207,16 @@ bool CHighlightEdit::event(QEvent *pEvent)
         return QPlainTextEdit::event(pEvent);
     // Shift+Enter would put a line separator into the line, which ends no line in a file.
     const auto *pKey = static_cast<QKeyEvent *>(pEvent);
-    if (!pKey->matches(QKeySequence::InsertLineSeparator))
-        return QPlainTextEdit::event(pEvent);
+    if (m_pCompletion && isForCompletion(pKey)) {
+        pEvent->ignore();
+        return true;
+    }
+    if (!pKey->matches(QKeySequence::InsertLineSeparator)) {
+        const bool bHandled = QPlainTextEdit::event(pEvent);
+        if (m_pCompletion)
+            followCompletion();
+        return bHandled;
+    }
     QKeyEvent enter(QEvent::KeyPress, pKey->key(), pKey->modifiers() & ~Qt::ShiftModifier,
                     pKey->text(), pKey->isAutoRepeat(), ushort(pKey->count()));
     const bool bDone = QPlainTextEdit::event(&enter);

@@ -16,6 +16,7 @@
 #include <optional>
 
 class CBracketFinder;
+class CCompletionList;
 class CEditWebView;
 class CLineNumberArea;
 class CTextDocument;
@@ -27,12 +28,14 @@ struct CommentMarkers;
 struct CommentToggle;
 struct DocumentMatch;
 struct SCommand;
+struct STypedWord;
 
 // The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
 // from a thread of its own, reading and writing of text files, search, editing aids.
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _brackets, _carets, _commands, _comment, _file, _gutter, _keys, _mouse, _paint, _search, _verify.
+// _brackets, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _mouse, _paint,
+// _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -176,6 +179,7 @@ public slots:
     void addCaretAbove();
     void addCaretBelow();
     void selectOccurrences();
+    void offerWords();
     void goToBracket();
     void selectToBracket();
     void extendBlockLeft();
@@ -236,6 +240,10 @@ private:
     bool typeAtCarets(QKeyEvent *pEvent);
     void indentAtCarets(bool bOutdent);
     void addCaret(bool bUp);
+    STypedWord typedWord() const;
+    void completeWord(const QString &strBeginning, const QString &strWord);
+    bool isForCompletion(const QKeyEvent *pEvent) const;
+    void followCompletion();
     // The bracket beside the cursor and its partner, as places of the document; -1 for none.
     struct SBracketPair
     {
@@ -287,6 +295,7 @@ private:
     CStandIns m_standIns;
     std::unique_ptr<CBackgroundJob> m_pCounter; // From the first search on.
     CCarets m_carets; // When there are several; else one, of no meaning.
+    CCompletionList *m_pCompletion = nullptr; // From the first word offered on.
     CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.
     std::optional<QVariantMap> m_definition;
     SBracketPair m_shownPair;

@@ -42,6 +42,7 @@ const SKeyCommand g_arrCommands[] = {
      QT_TRANSLATE_NOOP("CHighlightEdit", "The lines are in order already."), nullptr},
     {"Ctrl+Alt+Up", nullptr, "", &CHighlightEdit::addCaretAbove},
     {"Ctrl+Alt+Down", nullptr, "", &CHighlightEdit::addCaretBelow},
+    {"Ctrl+Space", nullptr, "", &CHighlightEdit::offerWords},
     {"Ctrl+M", nullptr, "", &CHighlightEdit::goToBracket},
     {"Ctrl+Shift+M", nullptr, "", &CHighlightEdit::selectToBracket},
     {"Alt+F3", nullptr, "", &CHighlightEdit::selectOccurrences},
