@@ -2,8 +2,8 @@
 
 namespace {
 
-const QLatin1String g_strOpeners("([{");
-const QLatin1String g_strClosers(")]}");
+const QLatin1String g_strOpening("([{");
+const QLatin1String g_strClosing(")]}");
 
 bool isInside(const QBitArray &inside, int nInLine)
 {
@@ -16,10 +16,10 @@ class CBracketCounter
 public:
     CBracketCounter(QChar cBracket, bool bInside) : m_cBracket(cBracket), m_bInside(bInside)
     {
-        const int nOpener = QString(g_strOpeners).indexOf(cBracket);
+        const int nOpener = QString(g_strOpening).indexOf(cBracket);
         m_bForward = nOpener >= 0;
-        m_cPartner = m_bForward ? g_strClosers.at(nOpener)
-                                : g_strOpeners.at(QString(g_strClosers).indexOf(cBracket));
+        m_cPartner = m_bForward ? g_strClosing.at(nOpener)
+                                : g_strOpening.at(QString(g_strClosing).indexOf(cBracket));
     }
 
     bool isForward() const { return m_bForward; }
@@ -60,7 +60,7 @@ private:
 
 bool isBracket(QChar c)
 {
-    return QString(g_strOpeners).contains(c) || QString(g_strClosers).contains(c);
+    return QString(g_strOpening).contains(c) || QString(g_strClosing).contains(c);
 }
 
 SBracketMatch matchingBracket(CBracketLines *pLines, int nLineCount, int nLine, int nInLine)

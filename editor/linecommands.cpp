@@ -113,7 +113,7 @@ QVector<SLineRange> rangesToJoin(const CTextLines &lines, const CCarets &carets)
     return lst;
 }
 
-bool isBlank(QChar c)
+bool isBlankOrTab(QChar c)
 {
     return c == QLatin1Char(' ') || c == QLatin1Char('\t');
 }
@@ -125,7 +125,7 @@ void addJoints(const QString &strText, int nAt, TextEdits *pEdits)
         int nEnd = n;
         bool bJoint = false;
         while (nEnd < strText.length()
-               && (isBlank(strText.at(nEnd)) || strText.at(nEnd) == QLatin1Char('\n'))) {
+               && (isBlankOrTab(strText.at(nEnd)) || strText.at(nEnd) == QLatin1Char('\n'))) {
             bJoint |= strText.at(nEnd) == QLatin1Char('\n');
             ++nEnd;
         }
