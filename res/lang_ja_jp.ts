@@ -91,6 +91,10 @@
         <source>Find and replace</source>
         <translation>検索と置換</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2 件中 %1 件目</translation>
+    </message>
 </context>
 <context>
     <name>CDlgGo</name>
@@ -280,6 +284,62 @@
     <message>
         <source>Fail to verify valid</source>
         <translation>検証エラー</translation>
+    </message>
+    <message>
+        <source>There is no bracket beside the cursor.</source>
+        <translation>カーソルの隣に括弧がありません。</translation>
+    </message>
+    <message>
+        <source>This bracket has no partner.</source>
+        <translation>この括弧に対応する括弧がありません。</translation>
+    </message>
+    <message>
+        <source>There is no line above.</source>
+        <translation>上に行がありません。</translation>
+    </message>
+    <message>
+        <source>There is no line below.</source>
+        <translation>下に行がありません。</translation>
+    </message>
+    <message>
+        <source>No word is selected.</source>
+        <translation>単語が選択されていません。</translation>
+    </message>
+    <message>
+        <source>Selected occurrences: %1</source>
+        <translation>選択した出現箇所: %1</translation>
+    </message>
+    <message>
+        <source>There is no line to delete.</source>
+        <translation>削除する行がありません。</translation>
+    </message>
+    <message>
+        <source>There are no lower-case letters here.</source>
+        <translation>ここに小文字はありません。</translation>
+    </message>
+    <message>
+        <source>There are no upper-case letters here.</source>
+        <translation>ここに大文字はありません。</translation>
+    </message>
+    <message>
+        <source>The lines are in order already.</source>
+        <translation>行はすでに順に並んでいます。</translation>
+    </message>
+    <message>
+        <source>No other word begins like this.</source>
+        <translation>このように始まる単語はほかにありません。</translation>
+    </message>
+    <message>
+        <source>The block ends here.</source>
+        <translation>ブロックはここまでです。</translation>
+    </message>
+    <message>
+        <source>There is no line %1; the last line is %2.</source>
+        <translation>%1 行目はありません。最後の行は %2 行目です。</translation>
+    </message>
+    <message>
+        <source>Line %1, Column %2</source>
+        <translation>%1 行、%2 列</translation>
     </message>
 </context>
 <context>

@@ -91,6 +91,10 @@
         <source>Find and replace</source>
         <translation>查找和替换</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>第 %1 个，共 %2 个</translation>
+    </message>
 </context>
 <context>
     <name>CDlgGo</name>
@@ -280,6 +284,62 @@
     <message>
         <source>Fail to verify valid</source>
         <translation>验证失败</translation>
+    </message>
+    <message>
+        <source>There is no bracket beside the cursor.</source>
+        <translation>光标旁没有括号。</translation>
+    </message>
+    <message>
+        <source>This bracket has no partner.</source>
+        <translation>此括号没有与之配对的括号。</translation>
+    </message>
+    <message>
+        <source>There is no line above.</source>
+        <translation>上方没有行。</translation>
+    </message>
+    <message>
+        <source>There is no line below.</source>
+        <translation>下方没有行。</translation>
+    </message>
+    <message>
+        <source>No word is selected.</source>
+        <translation>没有选中的词。</translation>
+    </message>
+    <message>
+        <source>Selected occurrences: %1</source>
+        <translation>已选中出现处：%1</translation>
+    </message>
+    <message>
+        <source>There is no line to delete.</source>
+        <translation>没有可删除的行。</translation>
+    </message>
+    <message>
+        <source>There are no lower-case letters here.</source>
+        <translation>此处没有小写字母。</translation>
+    </message>
+    <message>
+        <source>There are no upper-case letters here.</source>
+        <translation>此处没有大写字母。</translation>
+    </message>
+    <message>
+        <source>The lines are in order already.</source>
+        <translation>各行已经有序。</translation>
+    </message>
+    <message>
+        <source>No other word begins like this.</source>
+        <translation>没有以此开头的其他词。</translation>
+    </message>
+    <message>
+        <source>The block ends here.</source>
+        <translation>块到此为止。</translation>
+    </message>
+    <message>
+        <source>There is no line %1; the last line is %2.</source>
+        <translation>没有第 %1 行；最后一行是第 %2 行。</translation>
+    </message>
+    <message>
+        <source>Line %1, Column %2</source>
+        <translation>第 %1 行，第 %2 列</translation>
     </message>
 </context>
 <context>
