@@ -34,8 +34,8 @@ struct STypedWord;
 // from a thread of its own, reading and writing of text files, search, editing aids.
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _brackets, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _mouse, _paint,
-// _search, _verify.
+// _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _mouse,
+// _paint, _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT

@@ -4,19 +4,7 @@
 #include "editor/indentation.h"
 #include "editor/touchedlines.h"
 
-#include <QStringList>
-
-#include <algorithm>
-
 namespace {
-
-QString joinedText(const CTextLines &lines, const SLineRange &range)
-{
-    QStringList lst;
-    for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
-        lst.append(lines.text(nLine));
-    return lst.join(QLatin1Char('\n'));
-}
 
 // The carets of each range go as far as its number says, within a text of that length.
 CCarets shifted(const CTextLines &lines, const CCarets &carets, const QVector<SLineRange> &ranges,
@@ -98,45 +86,6 @@ int placeBesideRemoved(const CTextLines &lines, const SLineRange &range, int nCo
     return lines.start(nLine) + qMin(nColumn, lines.length(nLine));
 }
 
-QVector<SLineRange> rangesToJoin(const CTextLines &lines, const CCarets &carets)
-{
-    QVector<SLineRange> lst;
-    for (const SCaret &caret : carets.list()) {
-        SLineRange range = touchedLines(lines, caret);
-        if (range.nFirst == range.nLast)
-            range.nLast = qMin(range.nLast + 1, lines.lastLine());
-        if (!lst.isEmpty() && range.nFirst <= lst.constLast().nLast)
-            lst.last().nLast = qMax(lst.constLast().nLast, range.nLast);
-        else if (range.nFirst < range.nLast)
-            lst.append(range);
-    }
-    return lst;
-}
-
-bool isBlankOrTab(QChar c)
-{
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
-}
-
-// Each run of blanks and line ends with a line end in it is a joint.
-void addJoints(const QString &strText, int nAt, TextEdits *pEdits)
-{
-    for (int n = 0; n < strText.length();) {
-        int nEnd = n;
-        bool bJoint = false;
-        while (nEnd < strText.length()
-               && (isBlankOrTab(strText.at(nEnd)) || strText.at(nEnd) == QLatin1Char('\n'))) {
-            bJoint |= strText.at(nEnd) == QLatin1Char('\n');
-            ++nEnd;
-        }
-        if (bJoint) {
-            const bool bBetween = n > 0 && nEnd < strText.length();
-            pEdits->append({nAt + n, nEnd - n, bBetween ? QStringLiteral(" ") : QString()});
-        }
-        n = qMax(nEnd, n + 1);
-    }
-}
-
 SCommand lineNew(const CTextLines &lines, const CCarets &carets, bool bBelow)
 {
     SCommand command;
@@ -160,36 +109,6 @@ SCommand lineNew(const CTextLines &lines, const CCarets &carets, bool bBelow)
     }
     command.carets = CCarets(lst, carets.mainIndex());
     return command;
-}
-
-QVector<SLineRange> rangesToSort(const CTextLines &lines, const CCarets &carets)
-{
-    if (!carets.isSingle() || carets.main().hasSelection())
-        return touchedRanges(lines, carets);
-    const int nLast = lines.lastLine();
-    return {{0, nLast > 0 && lines.length(nLast) == 0 ? nLast - 1 : nLast}};
-}
-
-// The range that differs from the sorted one, replaced by it.
-void addSorted(const CTextLines &lines, const SLineRange &range, TextEdits *pEdits)
-{
-    QStringList lstBefore;
-    for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
-        lstBefore.append(lines.text(nLine));
-    QStringList lstAfter = lstBefore;
-    std::stable_sort(lstAfter.begin(), lstAfter.end());
-    int nFirst = 0;
-    int nLast = lstAfter.size() - 1;
-    while (nFirst <= nLast && lstBefore.at(nFirst) == lstAfter.at(nFirst))
-        ++nFirst;
-    while (nLast >= nFirst && lstBefore.at(nLast) == lstAfter.at(nLast))
-        --nLast;
-    if (nFirst > nLast)
-        return;
-    const int nStart = lines.start(range.nFirst + nFirst);
-    const int nEnd = lines.end(range.nFirst + nLast);
-    const QString strAfter = lstAfter.mid(nFirst, nLast - nFirst + 1).join(QLatin1Char('\n'));
-    pEdits->append({nStart, nEnd - nStart, strAfter});
 }
 
 } // namespace
@@ -244,16 +163,6 @@ SCommand lineDelete(const CTextLines &lines, const CCarets &carets)
     return command;
 }
 
-SCommand lineJoin(const CTextLines &lines, const CCarets &carets)
-{
-    SCommand command = nothing(carets);
-    const QVector<SLineRange> lstRanges = rangesToJoin(lines, carets);
-    for (const SLineRange &range : lstRanges)
-        addJoints(joinedText(lines, range), lines.start(range.nFirst), &command.lstEdits);
-    command.carets = CPositionMap(command.lstEdits).map(carets);
-    return command;
-}
-
 SCommand lineNewBelow(const CTextLines &lines, const CCarets &carets)
 {
     return lineNew(lines, carets, true);
@@ -262,15 +171,6 @@ SCommand lineNewBelow(const CTextLines &lines, const CCarets &carets)
 SCommand lineNewAbove(const CTextLines &lines, const CCarets &carets)
 {
     return lineNew(lines, carets, false);
-}
-
-SCommand lineSort(const CTextLines &lines, const CCarets &carets)
-{
-    SCommand command = nothing(carets); // The carets' places are there in sorted text, too.
-    const QVector<SLineRange> lstRanges = rangesToSort(lines, carets);
-    for (const SLineRange &range : lstRanges)
-        addSorted(lines, range, &command.lstEdits);
-    return command;
 }
 
 SCommand lineIndent(const CTextLines &lines, const CCarets &carets)

@@ -2,6 +2,8 @@
 
 #include "editor/ctextlines.h"
 
+#include <QStringList>
+
 SLineRange touchedLines(const CTextLines &lines, const SCaret &caret)
 {
     const int nFirst = lines.lineAt(caret.start());
@@ -21,6 +23,14 @@ QVector<SLineRange> touchedRanges(const CTextLines &lines, const CCarets &carets
             lst.append(range);
     }
     return lst;
+}
+
+QString joinedText(const CTextLines &lines, const SLineRange &range)
+{
+    QStringList lst;
+    for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
+        lst.append(lines.text(nLine));
+    return lst.join(QLatin1Char('\n'));
 }
 
 QVector<int> rangesOfCarets(const CTextLines &lines, const CCarets &carets,

@@ -2,6 +2,7 @@
 
 #include "editor/ccarets.h"
 
+#include <QString>
 #include <QVector>
 
 class CTextLines;
@@ -18,6 +19,9 @@ SLineRange touchedLines(const CTextLines &lines, const SCaret &caret);
 
 // The lines of all carets, in order; neighbours are one range.
 QVector<SLineRange> touchedRanges(const CTextLines &lines, const CCarets &carets);
+
+// Their texts with "\n" between them.
+QString joinedText(const CTextLines &lines, const SLineRange &range);
 
 // Which range each caret belongs to.
 QVector<int> rangesOfCarets(const CTextLines &lines, const CCarets &carets,

@@ -52,7 +52,7 @@ public:
 private:
     struct Pattern
     {
-        int nRule;
+        int nRule = 0;
         CLinePattern pattern;
     };
 

@@ -32,10 +32,11 @@ public:
 private:
     struct NfaState
     {
-        PatternNode::Kind kind; // Nothing: go on in nOut, Choice: also in nOther; the rest as named
+        PatternNode::Kind
+            kind {}; // Nothing: go on in nOut, Choice: also in nOther; the rest as named
         SymbolSet set;
-        int nOut;
-        int nOther;
+        int nOut = 0;
+        int nOther = 0;
     };
     enum Context { BehindWord = 1, AtLineStart = 2 };
     struct State

@@ -78,7 +78,7 @@ const QHash<QString, QPair<QString, QString>> &handledKeys()
         {"Tab", {"editor/typedkeys.h", "Qt::Key_Tab"}},
         {"Shift+Tab", {"editor/typedkeys.h", "Qt::Key_Backtab"}},
         {"Alt+drag", {"editor/chighlightedit_mouse.cpp", "Qt::AltModifier"}},
-        {"Escape", {"editor/chighlightedit_carets.cpp", "Qt::Key_Escape"}},
+        {"Escape", {"editor/chighlightedit_caretkeys.cpp", "Qt::Key_Escape"}},
         {"Alt+letter", {"editor/chighlightedit_commands.cpp", "openMenuOfLetter"}},
         {"Ctrl+wheel", {"editor/chighlightedit.cpp", "CHighlightEdit::wheelEvent"}},
         {"Ctrl held", {"web/ceditwebview_events.cpp", "Qt::Key_Control"}},
