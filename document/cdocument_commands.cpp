@@ -20,7 +20,7 @@ private:
     QWidget *m_pWidget;
 };
 
-Result runOn(CHighlightEdit *pEditor, void (QPlainTextEdit::*pCommand)())
+Result runOn(CHighlightEdit *pEditor, void (CHighlightEdit::*pCommand)())
 {
     if (!pEditor)
         return Result::refused();
@@ -42,32 +42,32 @@ Result CDocument::showAgain(const SFileContent &)
 
 Result CDocument::undo()
 {
-    return runOn(editor(), &QPlainTextEdit::undo);
+    return runOn(editor(), &CHighlightEdit::undo);
 }
 
 Result CDocument::redo()
 {
-    return runOn(editor(), &QPlainTextEdit::redo);
+    return runOn(editor(), &CHighlightEdit::redo);
 }
 
 Result CDocument::cut()
 {
-    return runOn(editor(), &QPlainTextEdit::cut);
+    return runOn(editor(), &CHighlightEdit::cut);
 }
 
 Result CDocument::copy()
 {
-    return runOn(editor(), &QPlainTextEdit::copy);
+    return runOn(editor(), &CHighlightEdit::copy);
 }
 
 Result CDocument::paste()
 {
-    return runOn(editor(), &QPlainTextEdit::paste);
+    return runOn(editor(), &CHighlightEdit::paste);
 }
 
 Result CDocument::selectAll()
 {
-    return runOn(editor(), &QPlainTextEdit::selectAll);
+    return runOn(editor(), &CHighlightEdit::selectAll);
 }
 
 Result CDocument::find(const QString &strText, bool bBackward)

@@ -135,6 +135,12 @@ void CSearch::tellReplaced(int nCount)
     dialog()->onReplaceNum(nCount);
 }
 
+void CSearch::tellCount(int nIndex, int nCount)
+{
+    dialog()->onFindCounted(nIndex, nCount);
+    tell(CDlgFind::countText(nIndex, nCount));
+}
+
 void CSearch::tell(const QString &strText)
 {
     // With the dialog open its own line tells; searched by key, nobody would see it there.

@@ -33,6 +33,8 @@ public:
     void tellBottom();
     void tellMiss();
     void tellReplaced(int nCount);
+    // Which match was found, and of how many.
+    void tellCount(int nIndex, int nCount);
 
 signals:
     // One line for the status bar.

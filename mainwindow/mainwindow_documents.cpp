@@ -8,6 +8,7 @@
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
+#include "mainwindow/csearch.h"
 #include "mainwindow/ctabwidget.h"
 #include "web/ceditwebview.h"
 
@@ -57,6 +58,8 @@ void MainWindow::connectEditor(CHighlightEdit *pEditor)
     connect(pEditor, &CHighlightEdit::findToBottom, this, &MainWindow::onFindToBottom);
     connect(pEditor, &CHighlightEdit::cannotFound, this, &MainWindow::onCannotFound);
     connect(pEditor, &CHighlightEdit::replaceNum, this, &MainWindow::onReplaceNum);
+    connect(pEditor, &CHighlightEdit::findCounted, m_pSearch, &CSearch::tellCount);
+    connect(pEditor, &CHighlightEdit::statusMessage, this, &MainWindow::showStatusMessage);
 }
 
 CDocument *MainWindow::addTextDocument()
