@@ -1,58 +1,11 @@
 #include "web/cimagewidget.h"
 
-#include "web/gunzip.h"
-#include "web/svgimages.h"
+#include "web/pictures.h"
 
-#include <QBuffer>
-#include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
-
-namespace {
-
-// A compressed SVG of more bytes than this is none that anybody drew.
-constexpr int c_nMaxSvgBytes = 64 * 1024 * 1024;
-
-// A picture of more pixels than this (1 GiB in memory) is not worth stopping the program for.
-constexpr qint64 c_nMaxPixels = 256LL * 1024 * 1024;
-
-QImage readImage(QImageReader &reader)
-{
-    const QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > c_nMaxPixels)
-        return QImage();
-    return reader.read();
-}
-
-QImage readSvg(const QByteArray &svg)
-{
-    QByteArray safe = withoutLinkedImages(isGzip(svg) ? gunzip(svg, c_nMaxSvgBytes) : svg);
-    QBuffer buffer(&safe);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, "SVG");
-    return readImage(reader);
-}
-
-QImage readImageFile(const QString &strPath)
-{
-    const QFileInfo info(strPath);
-    if (!info.isFile()) // A pipe or a device would never end.
-        return QImage();
-    const QByteArray format = info.suffix().toUpper().toLatin1();
-    if (format == "SVG" || format == "SVGZ") {
-        QFile file(strPath);
-        return file.open(QIODevice::ReadOnly) ? readSvg(file.readAll()) : QImage();
-    }
-    if (!QImageReader::supportedImageFormats().contains(format.toLower()))
-        return QImage(); // The reader would go by the content, past what is done for SVG.
-    QImageReader reader(strPath, format);
-    return readImage(reader);
-}
-
-} // namespace
 
 CImageWidget::CImageWidget(QWidget *pParent) : QWidget(pParent)
 {
@@ -63,13 +16,13 @@ CImageWidget::CImageWidget(QWidget *pParent) : QWidget(pParent)
 void CImageWidget::setImageFile(const QString &strPath)
 {
     m_strImageFile = strPath;
-    setImage(readImageFile(strPath));
+    setImage(readPicture(strPath));
 }
 
 void CImageWidget::setSvgText(const QString &strText)
 {
     clearImage();
-    setImage(readSvg(strText.toUtf8()));
+    setImage(decodePicture(strText.toUtf8(), "SVG"));
 }
 
 void CImageWidget::clearImage()
@@ -80,7 +33,7 @@ void CImageWidget::clearImage()
 
 bool CImageWidget::reload()
 {
-    const QImage image = readImageFile(m_strImageFile);
+    const QImage image = readPicture(m_strImageFile);
     if (image.isNull())
         return false;
     setImage(image);

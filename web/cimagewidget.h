@@ -5,8 +5,6 @@
 #include <QString>
 #include <QWidget>
 
-class QImageReader;
-
 // One image, centred on white: at its natural size, or scaled down in proportion when it does not
 // fit. Never enlarged. What cannot be read as an image shows plain white.
 class CImageWidget : public QWidget
@@ -16,7 +14,8 @@ class CImageWidget : public QWidget
 public:
     explicit CImageWidget(QWidget *pParent = nullptr);
 
-    // The suffix of the name, not the content, decides the image format.
+    // The suffix of the name, not the content, decides the image format; what the content is not is
+    // not shown (see pictures.h).
     void setImageFile(const QString &strPath);
     void setSvgText(const QString &strText);
     void clearImage();

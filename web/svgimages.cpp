@@ -1,5 +1,7 @@
 #include "web/svgimages.h"
 
+#include "web/pictureheader.h"
+
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -7,22 +9,32 @@
 
 namespace {
 
+// As the plug-in reads it: what follows the last of these marks.
+QByteArray imageWithin(const QStringRef &strAddress)
+{
+    static const QString strMark = QStringLiteral("base64,");
+    const int nMark = strAddress.lastIndexOf(strMark);
+    if (nMark < 0 || !strAddress.startsWith(QLatin1String("data:")))
+        return QByteArray();
+    return QByteArray::fromBase64(strAddress.mid(nMark + strMark.size()).toLatin1());
+}
+
 // The prefixes may be any.
-bool isLinkedImage(const QXmlStreamReader &reader)
+bool isUnsafeImage(const QXmlStreamReader &reader)
 {
     if (reader.name() != QLatin1String("image"))
         return false;
     const QXmlStreamAttributes lstAttributes = reader.attributes();
-    return std::any_of(lstAttributes.cbegin(), lstAttributes.cend(),
-                       [](const QXmlStreamAttribute &attribute) {
-                           return attribute.name() == QLatin1String("href")
-                               && !attribute.value().startsWith(QLatin1String("data:"));
-                       });
+    return std::any_of(
+        lstAttributes.cbegin(), lstAttributes.cend(), [](const QXmlStreamAttribute &attribute) {
+            return attribute.name() == QLatin1String("href")
+                && !isReasonable(pictureHeader(imageWithin(attribute.value())), false);
+        });
 }
 
 void copyElement(QXmlStreamReader *pReader, QXmlStreamWriter *pWriter)
 {
-    if (isLinkedImage(*pReader)) {
+    if (isUnsafeImage(*pReader)) {
         pReader->skipCurrentElement();
         return;
     }
@@ -51,11 +63,8 @@ QByteArray withoutLinkedImages(const QByteArray &svg)
         case QXmlStreamReader::Characters:
             writer.writeCharacters(reader.text().toString());
             break;
-        case QXmlStreamReader::ProcessingInstruction: // A style sheet, perhaps.
-            writer.writeProcessingInstruction(reader.processingInstructionTarget().toString(),
-                                              reader.processingInstructionData().toString());
-            break;
-        default: // The declarations are used up, comments draw nothing.
+        default: // The declarations are used up, comments draw nothing. What is said to the
+                 // program names style sheets in other files.
             break;
         }
     }

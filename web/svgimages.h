@@ -2,9 +2,10 @@
 
 #include <QByteArray>
 
-// The SVG document without the images that lie in other files; those within it stay. The SVG
-// plug-in opens whatever path such an image names, be it a pipe that never ends, and resolves
-// relative ones by the program's working directory, where nobody wants them. Entities come out
-// expanded, a document that is not well-formed comes out cut. A compressed document comes out
-// empty: see gunzip().
+// The SVG document without the images and style sheets that lie in other files. The SVG plug-in
+// opens whatever path such a one names, be it a pipe that never ends, and resolves relative ones by
+// the program's working directory, where nobody wants them. Images within the document stay when
+// they are pictures of a reasonable size (see pictureheader.h), not drawings with images of theirs.
+// Entities come out expanded, a document that is not well-formed comes out cut. A compressed
+// document comes out empty: see gunzip().
 QByteArray withoutLinkedImages(const QByteArray &svg);
