@@ -3,9 +3,11 @@
 #include "app/commonhelpers.h"
 #include "app/filereader.h"
 #include "web/charset.h"
+#include "web/cpagenetwork.h"
 #include "web/csafepage.h"
-#include "web/localresources.h"
+#include "web/dataaddresses.h"
 #include "web/markup.h"
+#include "web/pictures.h"
 
 #include <QContextMenuEvent>
 #include <QFile>
@@ -102,16 +104,15 @@ QIcon CEditWebView::icon() const
     for (const QWebElement &link : lstLinks) {
         const QUrl urlIcon =
             page()->mainFrame()->baseUrl().resolved(QUrl(link.attribute(QStringLiteral("href"))));
-        const QString strFile = urlIcon.toLocalFile();
-        if (urlIcon.isLocalFile() && mayReadLocal(url().toLocalFile(), strFile))
-            return QIcon(QPixmap(strFile));
+        if (urlIcon.isLocalFile() && safePage()->network()->isAllowed(urlIcon))
+            return QIcon(QPixmap::fromImage(readIcon(urlIcon.toLocalFile())));
     }
     return QIcon();
 }
 
 QString CEditWebView::toHtml() const
 {
-    return repairSerialised(page()->mainFrame()->toHtml());
+    return restoreRefusedData(repairSerialised(page()->mainFrame()->toHtml()));
 }
 
 QByteArray CEditWebView::htmlForSaving() const

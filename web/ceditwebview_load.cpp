@@ -2,6 +2,7 @@
 #include "web/ceditwebview.h"
 
 #include "web/csafepage.h"
+#include "web/dataaddresses.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -52,7 +53,7 @@ void CEditWebView::setUrl(const QUrl &url)
 
 void CEditWebView::setHtml(const QString &strHtml, const QUrl &urlBase)
 {
-    safePage()->navigate([&] { QWebView::setHtml(strHtml, urlBase); });
+    safePage()->navigate([&] { QWebView::setHtml(refuseHarmfulData(strHtml), urlBase); });
 }
 
 bool CEditWebView::reload()

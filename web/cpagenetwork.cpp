@@ -1,6 +1,11 @@
 #include "web/cpagenetwork.h"
 
+#include "web/cpagereply.h"
+#include "web/dataaddresses.h"
 #include "web/localresources.h"
+#include "web/pageresources.h"
+#include "web/pictures.h"
+#include "web/regularfile.h"
 
 #include <QFileInfo>
 #include <QNetworkRequest>
@@ -9,35 +14,32 @@
 
 namespace {
 
+// More style sheets than any page has. One that imports itself by other names would never end.
+constexpr int g_nMaxSheets = 100;
+constexpr int g_nMaxSheetsOfAFile = 5;
+
 bool isWeb(const QUrl &url)
 {
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
-// The answer to what is not allowed.
-class CRefusal : public QNetworkReply
+// The engine tells drawings by the name, too.
+bool isDrawing(const QString &strFile)
 {
-public:
-    CRefusal(QNetworkAccessManager::Operation operation, const QNetworkRequest &request,
-             QObject *pParent)
-        : QNetworkReply(pParent)
-    {
-        setOperation(operation);
-        setRequest(request);
-        setUrl(request.url());
-        setOpenMode(QIODevice::ReadOnly);
-        setError(ContentAccessDenied, QStringLiteral("Refused"));
-        setFinished(true);
-    }
-    void abort() override { }
-
-protected:
-    qint64 readData(char *, qint64) override { return -1; }
-};
+    return QFileInfo(strFile).suffix().compare(QLatin1String("svg"), Qt::CaseInsensitive) == 0;
+}
 
 } // namespace
 
 CPageNetwork::CPageNetwork(QObject *pParent) : QNetworkAccessManager(pParent) { }
+
+void CPageNetwork::setDocument(const QUrl &url)
+{
+    m_urlDocument = url;
+    m_hashFrames.clear();
+    m_hashSheets.clear();
+    m_nSheets = 0;
+}
 
 bool CPageNetwork::isAllowed(const QUrl &url) const
 {
@@ -59,32 +61,69 @@ bool CPageNetwork::isFileAllowed(const QUrl &url) const
     return mayReadLocal(m_urlDocument.toLocalFile(), strFile);
 }
 
+void CPageNetwork::expectFrame(const QObject *pFrame, const QUrl &url)
+{
+    m_hashFrames.insert(pFrame, url);
+}
+
 QNetworkReply *CPageNetwork::createRequest(Operation operation, const QNetworkRequest &request,
                                            QIODevice *pData)
 {
     const bool bReading = operation == GetOperation || operation == HeadOperation;
-    if (bReading && isAllowed(request.url()))
-        return QNetworkAccessManager::createRequest(operation, request, pData);
-    emit refused(request.url());
-    auto *pRefusal = new CRefusal(operation, request, this);
-    refuse(pRefusal);
-    return pRefusal;
+    CPageReply *pReply = nullptr;
+    if (bReading && isAllowed(request.url()) && mayLoadSheet(request)) {
+        if (!request.url().isLocalFile())
+            return QNetworkAccessManager::createRequest(operation, request, pData);
+        pReply = answerFromFile(operation, request);
+    }
+    if (!pReply) {
+        emit refused(request.url());
+        pReply = new CPageReply(operation, request, QNetworkReply::ContentAccessDenied, this);
+    }
+    tellLater(pReply);
+    return pReply;
+}
+
+bool CPageNetwork::mayLoadSheet(const QNetworkRequest &request)
+{
+    if (!request.rawHeader("Accept").startsWith("text/css"))
+        return true;
+    const QString strName = request.url().toString(QUrl::RemoveQuery | QUrl::RemoveFragment);
+    return ++m_nSheets <= g_nMaxSheets && ++m_hashSheets[strName] <= g_nMaxSheetsOfAFile;
+}
+
+bool CPageNetwork::isDocument(const QNetworkRequest &request)
+{
+    const QUrl url = m_hashFrames.take(request.originatingObject());
+    return url.isValid() && url.matches(request.url(), QUrl::RemoveFragment);
+}
+
+// Null where the file holds what no page may show.
+CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequest &request)
+{
+    const QString strFile = request.url().toLocalFile();
+    QByteArray data;
+    if (!readRegularFile(strFile, g_nMaxPictureBytes, &data))
+        return nullptr;
+    const bool bHarmless = isDocument(request) ? isHarmlessDocument(data)
+                                               : isHarmlessResource(data, isDrawing(strFile));
+    return bHarmless ? new CPageReply(operation, request, refuseHarmfulData(data), this) : nullptr;
 }
 
 // The page hears of it from the event loop, once it knows the answer; of all at once, since an
 // answer with an event of its own looks through all events when it goes.
-void CPageNetwork::refuse(QNetworkReply *pRefusal)
+void CPageNetwork::tellLater(CPageReply *pReply)
 {
-    if (m_arrRefusals.isEmpty())
-        QMetaObject::invokeMethod(this, &CPageNetwork::finishRefusals, Qt::QueuedConnection);
-    m_arrRefusals.append(pRefusal);
+    if (m_arrUntold.isEmpty())
+        QMetaObject::invokeMethod(this, &CPageNetwork::tellAll, Qt::QueuedConnection);
+    m_arrUntold.append(pReply);
 }
 
-void CPageNetwork::finishRefusals()
+void CPageNetwork::tellAll()
 {
-    const QVector<QPointer<QNetworkReply>> arrRefusals = std::exchange(m_arrRefusals, {});
-    for (const QPointer<QNetworkReply> &pRefusal : arrRefusals) {
-        if (pRefusal)
-            emit pRefusal->finished();
+    const QVector<QPointer<CPageReply>> arrReplies = std::exchange(m_arrUntold, {});
+    for (const QPointer<CPageReply> &pReply : arrReplies) {
+        if (pReply)
+            pReply->tell();
     }
 }

@@ -1,15 +1,18 @@
 #pragma once
 
+#include <QHash>
 #include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QPointer>
 #include <QUrl>
 #include <QVector>
 
+class CPageReply;
+
 // All that a shown page may fetch. A page of this disk gets files of its own site (see
 // localresources.h) and data URLs, and no network at all: neither images that tell a server that
-// the page was opened, nor frames that show other files. A page of the network, to which the
-// user followed a link, gets what the network has and no file.
+// the page was opened, nor frames that show other files. Of a file it gets only what is harmless
+// (see pageresources.h, dataaddresses.h), and as many style sheets as a page can need. A page of
+// the network, to which the user followed a link, gets what the network has and no file.
 class CPageNetwork : public QNetworkAccessManager
 {
     Q_OBJECT
@@ -18,9 +21,11 @@ public:
     explicit CPageNetwork(QObject *pParent = nullptr);
 
     // The address of the document that asks from now on; it may itself be fetched.
-    void setDocument(const QUrl &url) { m_urlDocument = url; }
+    void setDocument(const QUrl &url);
     QUrl document() const { return m_urlDocument; }
     bool isAllowed(const QUrl &url) const;
+    // The next request of that frame for that address is for a document, not for a picture.
+    void expectFrame(const QObject *pFrame, const QUrl &url);
 
 signals:
     void refused(const QUrl &url);
@@ -31,9 +36,15 @@ protected:
 
 private:
     bool isFileAllowed(const QUrl &url) const;
-    void refuse(QNetworkReply *pRefusal);
-    void finishRefusals();
+    bool mayLoadSheet(const QNetworkRequest &request);
+    bool isDocument(const QNetworkRequest &request);
+    CPageReply *answerFromFile(Operation operation, const QNetworkRequest &request);
+    void tellLater(CPageReply *pReply);
+    void tellAll();
 
-    QVector<QPointer<QNetworkReply>> m_arrRefusals; // Of which the page does not know yet.
+    QVector<QPointer<CPageReply>> m_arrUntold; // Of which the page does not know yet.
     QUrl m_urlDocument;
+    QHash<const QObject *, QUrl> m_hashFrames; // What each frame is about to show.
+    QHash<QString, int> m_hashSheets; // How often each style sheet was asked for.
+    int m_nSheets = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "web/cpagenetwork.h"
 #include "web/pagecodec.h"
+#include "web/frames.h"
 
 #include <QNetworkRequest>
 #include <QStyle>
@@ -77,11 +78,15 @@ bool CSafePage::acceptNavigationRequest(QWebFrame *pFrame, const QNetworkRequest
                                         NavigationType type)
 {
     const QUrl url = request.url();
-    if (pFrame && pFrame != mainFrame())
-        return m_pNetwork->isAllowed(url) || url.scheme() == QLatin1String("about");
+    if (pFrame && pFrame != mainFrame()) {
+        m_pNetwork->expectFrame(pFrame, url);
+        return url.scheme() == QLatin1String("about")
+            || (m_pNetwork->isAllowed(url) && mayShowInFrame(pFrame, url));
+    }
     if (m_bNavigating || isRedirect(url)) {
         m_pNetwork->setDocument(url);
         settings()->setDefaultTextEncoding(undeclaredCodecName(url));
+        m_pNetwork->expectFrame(mainFrame(), url);
         return true;
     }
     if (type != NavigationTypeLinkClicked || isContentEditable())

@@ -17,6 +17,8 @@ using Kind = SPictureHeader::Kind;
 // A compressed SVG of more bytes than this is none that anybody drew.
 constexpr int g_nMaxSvgBytes = 64 * 1024 * 1024;
 
+constexpr qint64 g_nMaxIconBytes = 1024 * 1024;
+
 Kind kindOf(const QByteArray &format)
 {
     static const QHash<QByteArray, Kind> hashKinds = {
@@ -48,6 +50,27 @@ QImage decodeSvg(const QByteArray &svg)
     return isReasonable(header, false) ? reader.read() : QImage();
 }
 
+// What icons of pages are.
+QByteArray formatOf(const QByteArray &data)
+{
+    switch (pictureHeader(data).kind) {
+    case Kind::Png:
+        return "PNG";
+    case Kind::Jpeg:
+        return "JPG";
+    case Kind::Gif:
+        return "GIF";
+    case Kind::Bmp:
+        return "BMP";
+    case Kind::Ico:
+        return "ICO";
+    case Kind::Webp:
+        return "WEBP";
+    default:
+        return QByteArray();
+    }
+}
+
 } // namespace
 
 QImage decodePicture(const QByteArray &data, const QByteArray &format)
@@ -71,22 +94,12 @@ QImage readPicture(const QString &strPath)
     return decodePicture(data, format);
 }
 
-QByteArray formatOf(const QByteArray &data)
+QImage readIcon(const QString &strPath)
 {
-    switch (pictureHeader(data).kind) {
-    case Kind::Png:
-        return "PNG";
-    case Kind::Jpeg:
-        return "JPG";
-    case Kind::Gif:
-        return "GIF";
-    case Kind::Bmp:
-        return "BMP";
-    case Kind::Ico:
-        return "ICO";
-    case Kind::Webp:
-        return "WEBP";
-    default: // What icons of pages never are.
-        return QByteArray();
-    }
+    QByteArray data;
+    if (!readRegularFile(strPath, g_nMaxIconBytes, &data))
+        return QImage();
+    const QByteArray format = formatOf(data);
+    const bool bDrawing = QFileInfo(strPath).suffix().startsWith(QLatin1String("svg"));
+    return decodePicture(data, bDrawing && format.isEmpty() ? QByteArray("SVG") : format);
 }

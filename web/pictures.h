@@ -17,6 +17,6 @@ QImage decodePicture(const QByteArray &data, const QByteArray &format);
 // The same of a regular file, whose suffix names the format.
 QImage readPicture(const QString &strPath);
 
-// The format, as decodePicture() takes it, that the first bytes tell; empty for what is none of the
-// list, and for SVG.
-QByteArray formatOf(const QByteArray &data);
+// The same of a picture whose name may say another format than it has; of an SVG drawing that is
+// named so.
+QImage readIcon(const QString &strPath);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+// The answer to what a page asks for, from memory: bytes, or a refusal. It says nothing of itself
+// before tell() is called.
+class CPageReply : public QNetworkReply
+{
+    Q_OBJECT
+
+public:
+    // Refuses.
+    CPageReply(QNetworkAccessManager::Operation operation, const QNetworkRequest &request,
+               NetworkError error, QObject *pParent);
+    // Answers with the bytes.
+    CPageReply(QNetworkAccessManager::Operation operation, const QNetworkRequest &request,
+               const QByteArray &data, QObject *pParent);
+
+    // Emits what a page waits for. The page may delete the reply meanwhile.
+    void tell();
+
+    void abort() override { }
+    qint64 bytesAvailable() const override;
+    bool isSequential() const override { return true; }
+    qint64 size() const override { return m_data.size(); }
+
+protected:
+    qint64 readData(char *pTo, qint64 nMost) override;
+
+private:
+    QByteArray m_data;
+    int m_nRead = 0;
+};

@@ -1,0 +1,39 @@
+#include "web/frames.h"
+
+#include <QUrl>
+#include <QWebFrame>
+
+namespace {
+
+constexpr int g_nMaxDepth = 3;
+constexpr int g_nMaxFrames = 100;
+
+int countFrames(const QWebFrame *pFrame)
+{
+    int nFrames = 1;
+    const QList<QWebFrame *> lstChildren = pFrame->childFrames();
+    for (const QWebFrame *pChild : lstChildren)
+        nFrames += countFrames(pChild);
+    return nFrames;
+}
+
+// Another query is the same file.
+bool isSameFile(const QUrl &a, const QUrl &b)
+{
+    return a.isLocalFile() && a.matches(b, QUrl::RemoveFragment | QUrl::RemoveQuery);
+}
+
+} // namespace
+
+bool mayShowInFrame(const QWebFrame *pFrame, const QUrl &url)
+{
+    int nDepth = 0;
+    const QWebFrame *pTop = pFrame;
+    while (const QWebFrame *pAround = pTop->parentFrame()) {
+        pTop = pAround;
+        ++nDepth;
+        if (isSameFile(url, pTop->url()) || isSameFile(url, pTop->requestedUrl()))
+            return false;
+    }
+    return nDepth <= g_nMaxDepth && countFrames(pTop) <= g_nMaxFrames;
+}
