@@ -16,7 +16,7 @@ endforeach()
 add_custom_target(compressed_documents ALL
                   DEPENDS "${filled}/quillan.1.gz" "${filled}/changelog.gz")
 
-install(TARGETS quillan RUNTIME DESTINATION lib/quillan)
+install(TARGETS quillan quillan-taste RUNTIME DESTINATION lib/quillan)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/highlighter" DESTINATION lib/quillan)
 install(PROGRAMS "${filled}/quillan.sh" DESTINATION bin RENAME quillan)
 install(FILES "${linux}/quillan.desktop" DESTINATION share/applications)

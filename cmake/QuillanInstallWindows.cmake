@@ -1,5 +1,5 @@
 # Program, language definitions and Qt's libraries in one folder: cmake --install … --prefix FOLDER.
-install(TARGETS quillan RUNTIME DESTINATION .)
+install(TARGETS quillan quillan-taste RUNTIME DESTINATION .)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/highlighter" DESTINATION .)
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION .)
 

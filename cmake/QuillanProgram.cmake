@@ -25,4 +25,4 @@ add_custom_command(
   DEPENDS ${definitions}
   COMMENT "Copying the language definitions beside the program")
 add_custom_target(highlighter_files ALL DEPENDS "${PROJECT_BINARY_DIR}/highlighter.stamp")
-add_dependencies(quillan highlighter_files)
+add_dependencies(quillan highlighter_files quillan-taste)

@@ -24,7 +24,7 @@ bool isWeb(const QUrl &url)
 }
 
 // The engine tells drawings by the name, too.
-bool isDrawing(const QString &strFile)
+bool isNamedDrawing(const QString &strFile)
 {
     return QFileInfo(strFile).suffix().compare(QLatin1String("svg"), Qt::CaseInsensitive) == 0;
 }
@@ -106,7 +106,7 @@ CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequ
     if (!readRegularFile(strFile, g_nMaxPictureBytes, &data))
         return nullptr;
     const bool bHarmless = isDocument(request) ? isHarmlessDocument(data)
-                                               : isHarmlessResource(data, isDrawing(strFile));
+                                               : isHarmlessResource(data, isNamedDrawing(strFile));
     return bHarmless ? new CPageReply(operation, request, refuseHarmfulData(data), this) : nullptr;
 }
 

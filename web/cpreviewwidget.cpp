@@ -6,7 +6,9 @@
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 #include "web/cimagewidget.h"
+#include "web/cpreviewnotice.h"
 #include "web/csafepage.h"
+#include "web/previewtext.h"
 
 #include <QContextMenuEvent>
 #include <QDockWidget>
@@ -20,24 +22,47 @@ namespace {
 
 constexpr qint64 c_nMaxTextBytes = 500000;
 
+// Most files are tasted sooner, and then no word flickers by.
+constexpr int c_nSilentMilliseconds = 200;
+
 bool isPage(const QString &strSuffix)
 {
     return strSuffix == QLatin1String("htm") || strSuffix == QLatin1String("html");
 }
 
+bool isDrawing(const QString &strSuffix)
+{
+    return strSuffix == QLatin1String("svg") || strSuffix == QLatin1String("svgz");
+}
+
+QString suffixOf(const QString &strPath)
+{
+    return QFileInfo(strPath).suffix().toLower();
+}
+
 } // namespace
 
 CPreviewWidget::CPreviewWidget(QWidget *pParent)
-    : QWidget(pParent), m_pActOpenPosition(m_menuContext.addAction(tr("Open position of file")))
+    : QWidget(pParent),
+      m_pActOpenPosition(m_menuContext.addAction(tr("Open position of file"))),
+      m_pNotice(new CPreviewNotice(this))
 {
     auto *pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(0, 0, 0, 0);
     pLayout->setSpacing(0);
     connect(m_pActOpenPosition, &QAction::triggered, this, &CPreviewWidget::onClickAction);
+    connect(&m_taster, &CTaster::tasted, this, &CPreviewWidget::onTasted);
+    connect(m_pNotice, &CPreviewNotice::accepted, this, &CPreviewWidget::onShowAnyway);
+    m_timerTasting.setSingleShot(true);
+    m_timerTasting.setInterval(c_nSilentMilliseconds);
+    connect(&m_timerTasting, &QTimer::timeout, this,
+            [this] { say(tr("Trying out whether this file can be shown...")); });
 }
 
 void CPreviewWidget::clearPreview()
 {
+    m_taster.cancel();
+    say(QString());
     deleteTextView();
     if (m_pImage) {
         m_pImage->hide();
@@ -61,17 +86,95 @@ void CPreviewWidget::previewFile(const QString &strPath)
     if (info.exists() && !info.isDir()) {
         m_strFile = strPath;
         clearPreview();
-        const QString strSuffix = info.suffix().toLower();
-        if (isPage(strSuffix)) {
-            showPage(strPath);
-        } else if (QImageReader::supportedImageFormats().contains(strSuffix.toLatin1())) {
-            imageView()->show();
-            imageView()->setImageFile(strPath);
+        const QString strSuffix = suffixOf(strPath);
+        m_taster.warmUp(); // The next file may be one for it.
+        if (m_taster.isAvailable() && (isPage(strSuffix) || isDrawing(strSuffix))) {
+            m_timerTasting.start();
+            m_taster.taste(strPath, size());
         } else {
-            showText(strPath);
+            showRendered(strPath);
         }
     }
     updateTitle();
+}
+
+void CPreviewWidget::onTasted(const QString &strPath, CTaster::Result result)
+{
+    if (strPath != m_strFile)
+        return;
+    say(QString());
+    if (!sayWhyRefused(strPath, result)) {
+        showRendered(strPath);
+        return;
+    }
+    showText(strPath);
+    m_showAnyway = [this, strPath] { previewFile(strPath); };
+}
+
+// False when nothing is known against the file.
+bool CPreviewWidget::sayWhyRefused(const QString &strPath, CTaster::Result result)
+{
+    const QString strAnyway =
+        isPage(suffixOf(strPath)) ? tr("Show the page anyway") : tr("Show the drawing anyway");
+    m_strRefused = strPath;
+    switch (result) {
+    case CTaster::Result::TooSlow:
+        say(tr("This file is not drawn here: that takes too long."), strAnyway);
+        return true;
+    case CTaster::Result::TooLarge:
+        say(tr("This file is not drawn here: that takes too much memory."), strAnyway);
+        return true;
+    case CTaster::Result::Fails:
+        say(tr("This file is not drawn here: that makes a program fail."), strAnyway);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CPreviewWidget::onShowAnyway()
+{
+    m_taster.setKnown(m_strRefused, CTaster::Result::Good);
+    m_showAnyway();
+}
+
+QString CPreviewWidget::notice() const
+{
+    return m_pNotice->text();
+}
+
+// Empty for no notice. It stands above the view, which makes room for it.
+void CPreviewWidget::say(const QString &strText, const QString &strButton)
+{
+    m_timerTasting.stop();
+    m_pNotice->say(strText, strButton);
+    placeNotice();
+}
+
+void CPreviewWidget::placeNotice()
+{
+    const int nHeight = m_pNotice->isHidden() ? 0 : m_pNotice->heightForWidth(width());
+    m_pNotice->setGeometry(0, 0, width(), nHeight);
+    layout()->setContentsMargins(0, nHeight, 0, 0);
+}
+
+void CPreviewWidget::resizeEvent(QResizeEvent *pEvent)
+{
+    QWidget::resizeEvent(pEvent);
+    placeNotice();
+}
+
+void CPreviewWidget::showRendered(const QString &strPath)
+{
+    const QString strSuffix = suffixOf(strPath);
+    if (isPage(strSuffix)) {
+        showPage(strPath);
+    } else if (QImageReader::supportedImageFormats().contains(strSuffix.toLatin1())) {
+        imageView()->show();
+        imageView()->setImageFile(strPath);
+    } else {
+        showText(strPath);
+    }
 }
 
 void CPreviewWidget::setFile(const QString &strPath, bool bLoad)
@@ -92,6 +195,11 @@ void CPreviewWidget::previewHtml(const QString &strHtml, const QUrl &urlBase)
     const bool bSame = webTextView()->isVisible() && webTextView()->url() == urlBase;
     const QPoint posScroll = bSame ? pFrame->scrollPosition() : QPoint();
     clearPreview();
+    const QString strFile = urlBase.toLocalFile();
+    if (!strFile.isEmpty() && sayWhyRefused(strFile, m_taster.known(strFile))) {
+        m_showAnyway = [=] { previewHtml(strHtml, urlBase); };
+        return;
+    }
     webTextView()->show();
     webTextView()->setHtml(strHtml, urlBase);
     pFrame->setScrollPosition(posScroll);
@@ -194,6 +302,7 @@ void CPreviewWidget::showText(const QString &strPath)
     const QByteArray bytes = file.read(c_nMaxTextBytes);
     m_pText->setTextData(file.atEnd() ? bytes : withoutCutUtf8(bytes), false);
     file.close();
+    cutLongLines(m_pText->document());
     if (m_definition)
         m_pText->setDefinition(m_definition(strPath));
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "web/ctaster.h"
+
 #include <QMenu>
+#include <QTimer>
 #include <QUrl>
 #include <QVariantMap>
 #include <QWidget>
@@ -10,12 +13,17 @@
 class CEditWebView;
 class CHighlightEdit;
 class CImageWidget;
+class CPreviewNotice;
 class CSafePage;
 class QWebView;
 
 // The preview dock's content: one file, HTML text or SVG text at a time, read-only. Links and
 // scripts of what is shown do nothing, and nothing is asked from the network. What cannot be read
 // shows as empty.
+//
+// A page or drawing that was only selected is first shown by a helper program (see ctaster.h).
+// Where that does not live through it, the source is shown as text instead, and a notice says why.
+// Text that is handed over is shown at once, unless its file is known for it.
 class CPreviewWidget : public QWidget
 {
     Q_OBJECT
@@ -31,7 +39,7 @@ public:
     // Shows nothing; the file stays known.
     void clearPreview();
     // A folder or missing file only updates the dock's title. Of text at most 500000 bytes are
-    // read.
+    // read, and lines that take long to lay out are cut.
     void previewFile(const QString &strPath);
     // Makes an existing file the one that the dock's title names, and shows it when bLoad is set.
     void setFile(const QString &strPath, bool bLoad);
@@ -39,12 +47,17 @@ public:
     void previewSvg(const QString &strSvg);
     // Empty for none.
     QString file() const { return m_strFile; }
+    // What the helper found is kept there; what ended the program itself can be noted there.
+    CTaster *taster() { return &m_taster; }
+    // What the panel says about its file; empty for nothing.
+    QString notice() const;
 
 public slots:
     void onClickAction();
 
 protected:
     void contextMenuEvent(QContextMenuEvent *pEvent) override;
+    void resizeEvent(QResizeEvent *pEvent) override;
 
 private:
     void updateTitle();
@@ -52,6 +65,12 @@ private:
     CImageWidget *imageView();
     QWebView *webFileView();
     CEditWebView *webTextView();
+    void onTasted(const QString &strPath, CTaster::Result result);
+    void onShowAnyway();
+    bool sayWhyRefused(const QString &strPath, CTaster::Result result);
+    void say(const QString &strText, const QString &strButton = QString());
+    void placeNotice();
+    void showRendered(const QString &strPath);
     void showPage(const QString &strPath);
     void showText(const QString &strPath);
     void deleteTextView();
@@ -65,4 +84,9 @@ private:
     QAction *m_pActOpenPosition;
     CSafePage *m_pFilePage = nullptr; // Of m_pWebFile.
     DefinitionFunction m_definition;
+    CTaster m_taster;
+    CPreviewNotice *m_pNotice;
+    QString m_strRefused; // The file that the notice's button is about,
+    std::function<void()> m_showAnyway; // and what it does then.
+    QTimer m_timerTasting; // Before the panel says that it has to wait.
 };

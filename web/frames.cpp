@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int g_nMaxDepth = 3;
+constexpr int g_nDeepestFrame = 3;
 constexpr int g_nMaxFrames = 100;
 
 int countFrames(const QWebFrame *pFrame)
@@ -35,5 +35,5 @@ bool mayShowInFrame(const QWebFrame *pFrame, const QUrl &url)
         if (isSameFile(url, pTop->url()) || isSameFile(url, pTop->requestedUrl()))
             return false;
     }
-    return nDepth <= g_nMaxDepth && countFrames(pTop) <= g_nMaxFrames;
+    return nDepth <= g_nDeepestFrame && countFrames(pTop) <= g_nMaxFrames;
 }

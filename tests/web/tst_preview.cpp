@@ -21,6 +21,8 @@ private slots:
     void folderOrMissingFile_keepsThePreview();
     void largeText_isCut();
     void largeText_isCutBetweenCharacters();
+    void lineThatTakesLongToLayOut_isCut_data();
+    void lineThatTakesLongToLayOut_isCut();
     void nameWithSignsOfTheirOwn_isShownAsItIs();
     void textGetsItsLanguage();
     void unreadableText_isEmpty();
@@ -156,6 +158,36 @@ void tst_Preview::largeText_isCutBetweenCharacters()
         QCOMPARE(strText.size(), before.size() + (500000 - before.size()) / 3);
         QVERIFY(!strText.contains(QChar::ReplacementCharacter));
     }
+}
+
+void tst_Preview::lineThatTakesLongToLayOut_isCut_data()
+{
+    QTest::addColumn<QString>("character");
+    QTest::addColumn<int>("shown"); // Characters of the line.
+    QTest::newRow("plain") << "a" << 30000;
+    QTest::newRow("accent of its own") << "\u00e9" << 30000;
+    QTest::newRow("Chinese") << "\u4e2d" << 30000;
+    QTest::newRow("combining mark") << "\u0301" << 5001;
+    QTest::newRow("Thai") << "\u0e01" << 5001;
+    QTest::newRow("Arabic") << "\u0645" << 5001;
+    QTest::newRow("beyond the first plane") << "\U0001f600" << 5001;
+}
+
+void tst_Preview::lineThatTakesLongToLayOut_isCut()
+{
+    QFETCH(QString, character);
+    QFETCH(int, shown);
+    const QString strLine = character.repeated(30000 / character.size());
+    m_pPreview->previewFile(m_pCase->write(
+        QStringLiteral("a.txt"), QString("first\n" + strLine + "\nlast\n" + strLine).toUtf8()));
+    const QStringList lstLines =
+        m_pPreview->findChild<CHighlightEdit *>()->getText().split(QLatin1Char('\n'));
+    QCOMPARE(lstLines.size(), 4);
+    QCOMPARE(lstLines.at(0) + lstLines.at(2), QStringLiteral("firstlast"));
+    QCOMPARE(lstLines.at(1).size(), shown);
+    QCOMPARE(lstLines.at(3), lstLines.at(1));
+    QVERIFY(shown == 30000 || lstLines.at(1).endsWith(QChar(0x2026)));
+    QVERIFY(lstLines.at(1).startsWith(character) && lstLines.at(1).isValidUtf16());
 }
 
 void tst_Preview::nameWithSignsOfTheirOwn_isShownAsItIs()

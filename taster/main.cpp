@@ -1,0 +1,56 @@
+// The helper that shows a page or drawing before the editor does (see web/ctaster.h). It reads
+// lines from the standard input, each with a width, a height and the path of a file, the path's
+// bytes as hexadecimal digits, and answers each with the line "shown". It ends with its input.
+#include "taster/ctasting.h"
+#include "taster/limits.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+namespace {
+
+void answer(const char *szWord)
+{
+    std::puts(szWord);
+    std::fflush(stdout);
+}
+
+// Waits for the next line; false when there is none.
+bool tasteNext(CTasting *pTasting)
+{
+    int nWidth = 0;
+    int nHeight = 0;
+    std::string strPath;
+    if (!(std::cin >> nWidth >> nHeight >> strPath))
+        return false;
+    Limits::forOneFile();
+    pTasting->taste(QFile::decodeName(QByteArray::fromHex(QByteArray::fromStdString(strPath))),
+                    QSize(nWidth, nHeight));
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    Limits::atStart();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    CTasting tasting;
+    const auto next = [&tasting] {
+        if (!tasteNext(&tasting))
+            QCoreApplication::quit();
+    };
+    QObject::connect(&tasting, &CTasting::shown, &app, [next] {
+        Limits::forWaiting();
+        answer("shown");
+        QMetaObject::invokeMethod(qApp, next, Qt::QueuedConnection);
+    });
+    // Once the first page has told the engine what it takes to show one.
+    QMetaObject::invokeMethod(qApp, next, Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}
