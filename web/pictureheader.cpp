@@ -62,7 +62,7 @@ SPictureHeader jpeg(const QByteArray &data)
     while (nPos + 9 <= data.size()) {
         if (uchar(data.at(nPos)) != 0xff)
             break;
-        const uchar cMarker = uchar(data.at(nPos + 1));
+        const auto cMarker = uchar(data.at(nPos + 1));
         if (cMarker == 0xff) { // Filling.
             ++nPos;
             continue;
@@ -107,7 +107,7 @@ SPictureHeader ico(const QByteArray &data)
     SPictureHeader header = named(Kind::Ico);
     const int nCount = number<quint16>(data, 4, false);
     for (int n = 0; n < nCount; ++n) {
-        const quint32 nPos = number<quint32>(data, 6 + n * 16 + 12, false);
+        const auto nPos = number<quint32>(data, 6 + n * 16 + 12, false);
         if (nPos == 0 || nPos >= quint32(data.size()))
             return named(Kind::Ico);
         const QByteArray inner = data.mid(int(nPos), 64);
@@ -145,7 +145,7 @@ SPictureHeader tiff(const QByteArray &data)
     SPictureHeader header = named(Kind::Tiff);
     header.nBytesPerPixel = 8;
     const bool bBig = data.startsWith('M');
-    const quint32 nDirectory = number<quint32>(data, 4, bBig);
+    const auto nDirectory = number<quint32>(data, 4, bBig);
     if (nDirectory == 0 || nDirectory > quint32(data.size()))
         return header;
     quint32 nWidth = 0;

@@ -17,7 +17,7 @@ using Kind = SPictureHeader::Kind;
 // A compressed SVG of more bytes than this is none that anybody drew.
 constexpr int g_nMaxSvgBytes = 64 * 1024 * 1024;
 
-constexpr qint64 g_nMaxIconBytes = 1024 * 1024;
+constexpr qint64 g_nMaxIconBytes = 1024LL * 1024;
 
 Kind kindOf(const QByteArray &format)
 {
