@@ -1,0 +1,152 @@
+// Shows a file as the editor does: showhostile preview|open FILE. Prints one line: "shown" or
+// "refused", for how many milliseconds of work the event loop stood still at most, and how many
+// megabytes the program took at most. What takes far too much is ended by the system.
+#include "support/watched.h"
+
+#include "app/csettings.h"
+#include "editor/chighlightedit.h"
+#include "web/ceditwebview.h"
+#include "web/cimagewidget.h"
+#include "web/cpreviewwidget.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+#include <functional>
+#include <memory>
+
+#include <sys/resource.h>
+
+namespace {
+
+constexpr rlim_t g_nMostSeconds = 4;
+constexpr rlim_t g_nMostBytes = 8UL * 1024 * 1024 * 1024;
+constexpr int g_nStill = 300; // Milliseconds after which nothing more is expected.
+
+void setLimits()
+{
+    const rlimit seconds = {g_nMostSeconds, g_nMostSeconds};
+    setrlimit(RLIMIT_CPU, &seconds);
+    const rlimit core = {0, 0};
+    setrlimit(RLIMIT_CORE, &core);
+#ifndef QUILLAN_ADDRESS_SANITIZER
+    const rlimit bytes = {g_nMostBytes, g_nMostBytes};
+    setrlimit(RLIMIT_AS, &bytes);
+#endif
+}
+
+long peakMegabytes()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+// Runs the event loop until that holds and then a little longer.
+void runUntil(const std::function<bool()> &done)
+{
+    QElapsedTimer since;
+    while (!done())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    since.start();
+    while (!since.hasExpired(g_nStill))
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, g_nStill);
+}
+
+bool isTasted(const QString &strPath)
+{
+    const QString strSuffix = QFileInfo(strPath).suffix();
+    return strSuffix == QLatin1String("html") || strSuffix.startsWith(QLatin1String("svg"));
+}
+
+bool preview(const QString &strPath)
+{
+    CPreviewWidget preview;
+    preview.taster()->setProgram(QStringLiteral(QUILLAN_BINARY_DIR "/quillan-taste"));
+    preview.resize(320, 600);
+    preview.show();
+    bool bDone = !isTasted(strPath);
+    bool bShown = true;
+    QObject::connect(preview.taster(), &CTaster::tasted,
+                     [&](const QString &, CTaster::Result result) {
+                         bDone = true;
+                         bShown = result == CTaster::Result::Good;
+                     });
+    preview.previewFile(strPath);
+    runUntil([&bDone] { return bDone; });
+    const auto *pImage = preview.findChild<CImageWidget *>();
+    return bShown && !(pImage && pImage->isVisible() && pImage->isNull());
+}
+
+bool openPage(const QString &strPath)
+{
+    CEditWebView view;
+    view.resize(900, 700);
+    view.show();
+    bool bDone = false;
+    bool bShown = false;
+    QObject::connect(&view, &QWebView::loadFinished, [&](bool bOk) {
+        bDone = true;
+        bShown = bOk;
+    });
+    if (!view.loadFile(strPath))
+        return false;
+    runUntil([&bDone] { return bDone; });
+    view.icon();
+    view.toHtml();
+    return bShown;
+}
+
+bool openPicture(const QString &strPath)
+{
+    CImageWidget view;
+    view.resize(900, 700);
+    view.show();
+    view.setImageFile(strPath);
+    runUntil([] { return true; });
+    return !view.isNull();
+}
+
+bool openText(const QString &strPath)
+{
+    QFile file(strPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    CHighlightEdit view;
+    view.resize(900, 700);
+    view.show();
+    view.setTextData(file.readAll(), false);
+    runUntil([] { return true; });
+    return true;
+}
+
+bool open(const QString &strPath)
+{
+    const QString strFolder = QFileInfo(QFileInfo(strPath).path()).fileName();
+    if (strFolder.startsWith(QLatin1String("page")))
+        return openPage(strPath);
+    return strFolder.startsWith(QLatin1String("text")) ? openText(strPath) : openPicture(strPath);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    setLimits();
+    QApplication app(argc, argv);
+    const QStringList lstArguments = QCoreApplication::arguments();
+    if (lstArguments.size() != 3)
+        return 2;
+    CSettings settings(QStringLiteral("Quillan Tests"), QStringLiteral("hostile"));
+    g_pSettings = &settings;
+    CHeartbeat heartbeat;
+    const bool bShown = lstArguments.at(1) == QLatin1String("preview") ? preview(lstArguments.at(2))
+                                                                       : open(lstArguments.at(2));
+    std::printf("%s %lld %ld\n", bShown ? "shown" : "refused", heartbeat.longest(),
+                peakMegabytes());
+    g_pSettings = nullptr;
+    return 0;
+}
