@@ -16,7 +16,6 @@
 namespace {
 
 constexpr long g_nSeconds = 2;
-constexpr rlim_t g_nMemory = 1024UL * 1024 * 1024;
 constexpr rlim_t g_nStack = 4UL * 1024 * 1024;
 
 // Never more than what the user has set.
@@ -29,6 +28,9 @@ void limit(int nResource, rlim_t nMost)
     setrlimit(nResource, &current);
 }
 
+#ifndef QUILLAN_SANITIZED
+constexpr rlim_t g_nMemory = 1024UL * 1024 * 1024;
+
 // The addresses in use, of which the page engine takes much without using it.
 rlim_t addressSpace()
 {
@@ -40,6 +42,7 @@ rlim_t addressSpace()
     }
     return rlim_t(nPages) * rlim_t(sysconf(_SC_PAGESIZE));
 }
+#endif
 
 #ifdef __linux__
 // A network of its own without any way out; the user stays who they are. Not allowed everywhere.
@@ -76,8 +79,10 @@ void Limits::atStart()
 
 void Limits::forOneFile()
 {
+#ifndef QUILLAN_SANITIZED // A sanitizer's own memory grows with the program's.
     if (const rlim_t nInUse = addressSpace())
         limit(RLIMIT_AS, nInUse + g_nMemory);
+#endif
     limit(RLIMIT_STACK, g_nStack);
     setTimer(g_nSeconds);
 }

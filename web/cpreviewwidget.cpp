@@ -15,7 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QImageReader>
 #include <QWebFrame>
 
 namespace {
@@ -24,21 +23,6 @@ constexpr qint64 c_nMaxTextBytes = 500000;
 
 // Most files are tasted sooner, and then no word flickers by.
 constexpr int c_nSilentMilliseconds = 200;
-
-bool isPage(const QString &strSuffix)
-{
-    return strSuffix == QLatin1String("htm") || strSuffix == QLatin1String("html");
-}
-
-bool isDrawing(const QString &strSuffix)
-{
-    return strSuffix == QLatin1String("svg") || strSuffix == QLatin1String("svgz");
-}
-
-QString suffixOf(const QString &strPath)
-{
-    return QFileInfo(strPath).suffix().toLower();
-}
 
 } // namespace
 
@@ -78,103 +62,6 @@ void CPreviewWidget::clearPreview()
         m_pWebText->setHtml(QString(), QUrl());
     }
     updateTitle();
-}
-
-void CPreviewWidget::previewFile(const QString &strPath)
-{
-    const QFileInfo info(strPath);
-    if (info.exists() && !info.isDir()) {
-        m_strFile = strPath;
-        clearPreview();
-        const QString strSuffix = suffixOf(strPath);
-        m_taster.warmUp(); // The next file may be one for it.
-        if (m_taster.isAvailable() && (isPage(strSuffix) || isDrawing(strSuffix))) {
-            m_timerTasting.start();
-            m_taster.taste(strPath, size());
-        } else {
-            showRendered(strPath);
-        }
-    }
-    updateTitle();
-}
-
-void CPreviewWidget::onTasted(const QString &strPath, CTaster::Result result)
-{
-    if (strPath != m_strFile)
-        return;
-    say(QString());
-    if (!sayWhyRefused(strPath, result)) {
-        showRendered(strPath);
-        return;
-    }
-    showText(strPath);
-    m_showAnyway = [this, strPath] { previewFile(strPath); };
-}
-
-// False when nothing is known against the file.
-bool CPreviewWidget::sayWhyRefused(const QString &strPath, CTaster::Result result)
-{
-    const QString strAnyway =
-        isPage(suffixOf(strPath)) ? tr("Show the page anyway") : tr("Show the drawing anyway");
-    m_strRefused = strPath;
-    switch (result) {
-    case CTaster::Result::TooSlow:
-        say(tr("This file is not drawn here: that takes too long."), strAnyway);
-        return true;
-    case CTaster::Result::TooLarge:
-        say(tr("This file is not drawn here: that takes too much memory."), strAnyway);
-        return true;
-    case CTaster::Result::Fails:
-        say(tr("This file is not drawn here: that makes a program fail."), strAnyway);
-        return true;
-    default:
-        return false;
-    }
-}
-
-void CPreviewWidget::onShowAnyway()
-{
-    m_taster.setKnown(m_strRefused, CTaster::Result::Good);
-    m_showAnyway();
-}
-
-QString CPreviewWidget::notice() const
-{
-    return m_pNotice->text();
-}
-
-// Empty for no notice. It stands above the view, which makes room for it.
-void CPreviewWidget::say(const QString &strText, const QString &strButton)
-{
-    m_timerTasting.stop();
-    m_pNotice->say(strText, strButton);
-    placeNotice();
-}
-
-void CPreviewWidget::placeNotice()
-{
-    const int nHeight = m_pNotice->isHidden() ? 0 : m_pNotice->heightForWidth(width());
-    m_pNotice->setGeometry(0, 0, width(), nHeight);
-    layout()->setContentsMargins(0, nHeight, 0, 0);
-}
-
-void CPreviewWidget::resizeEvent(QResizeEvent *pEvent)
-{
-    QWidget::resizeEvent(pEvent);
-    placeNotice();
-}
-
-void CPreviewWidget::showRendered(const QString &strPath)
-{
-    const QString strSuffix = suffixOf(strPath);
-    if (isPage(strSuffix)) {
-        showPage(strPath);
-    } else if (QImageReader::supportedImageFormats().contains(strSuffix.toLatin1())) {
-        imageView()->show();
-        imageView()->setImageFile(strPath);
-    } else {
-        showText(strPath);
-    }
 }
 
 void CPreviewWidget::setFile(const QString &strPath, bool bLoad)

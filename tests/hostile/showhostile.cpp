@@ -1,6 +1,8 @@
 // Shows a file as the editor does: showhostile preview|open FILE. Prints one line: "shown" or
 // "refused", for how many milliseconds of work the event loop stood still at most, and how many
 // megabytes the program took at most. What takes far too much is ended by the system.
+// showhostile write FOLDER writes all files that were made to harm, to try them by hand.
+#include "hostile/hostile.h"
 #include "support/watched.h"
 
 #include "app/csettings.h"
@@ -22,7 +24,7 @@
 
 namespace {
 
-constexpr rlim_t g_nMostSeconds = 4;
+constexpr rlim_t g_nMostSeconds = 3;
 constexpr rlim_t g_nMostBytes = 8UL * 1024 * 1024 * 1024;
 constexpr int g_nStill = 300; // Milliseconds after which nothing more is expected.
 
@@ -131,15 +133,27 @@ bool open(const QString &strPath)
     return strFolder.startsWith(QLatin1String("text")) ? openText(strPath) : openPicture(strPath);
 }
 
+int writeAll(const QString &strFolder)
+{
+    const QList<SHostileFile> lstFiles = hostileFiles();
+    for (const SHostileFile &file : lstFiles) {
+        if (writeHostile(file, strFolder).isEmpty())
+            return 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    setLimits();
     QApplication app(argc, argv);
     const QStringList lstArguments = QCoreApplication::arguments();
     if (lstArguments.size() != 3)
         return 2;
+    if (lstArguments.at(1) == QLatin1String("write"))
+        return writeAll(lstArguments.at(2));
+    setLimits();
     CSettings settings(QStringLiteral("Quillan Tests"), QStringLiteral("hostile"));
     g_pSettings = &settings;
     CHeartbeat heartbeat;

@@ -48,7 +48,6 @@ private slots:
     void openedFile_endsNothing_data();
     void openedFile_endsNothing();
     void openedPage_isTriedOnly();
-    void cleanupTestCase();
 
 private:
     QList<SOutcome> showAll(const QString &strMode, Kind kind);
@@ -56,11 +55,11 @@ private:
     void report(const QString &strMode, Kind kind, const QList<SOutcome> &lstOutcomes);
 
     QTemporaryDir m_folder;
-    QString m_strReport;
 };
 
 void tst_HostileFiles::initTestCase()
 {
+    QFile::remove(QStringLiteral(QUILLAN_BINARY_DIR "/hostile.txt"));
     const QList<SHostileFile> lstFiles = hostileFiles();
     for (const SHostileFile &file : lstFiles)
         QVERIFY2(!writeHostile(file, m_folder.path()).isEmpty(), qPrintable(file.strName));
@@ -125,7 +124,9 @@ void tst_HostileFiles::report(const QString &strMode, Kind kind, const QList<SOu
 {
     QMap<QString, int> mapWords;
     SOutcome worst;
-    QTextStream stream(&m_strReport);
+    QFile file(QStringLiteral(QUILLAN_BINARY_DIR "/hostile.txt"));
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Append));
+    QTextStream stream(&file);
     for (const SOutcome &outcome : lstOutcomes) {
         ++mapWords[outcome.strWord];
         worst.nStill = qMax(worst.nStill, outcome.nStill);
@@ -191,13 +192,6 @@ void tst_HostileFiles::openedPage_isTriedOnly()
     report(QStringLiteral("opened"), Kind::Page, lstOutcomes);
     for (const SOutcome &outcome : lstOutcomes)
         QVERIFY2(outcome.nMegabytes < g_nMostMegabytes, qPrintable(outcome.strFile));
-}
-
-void tst_HostileFiles::cleanupTestCase()
-{
-    QFile file(QStringLiteral(QUILLAN_BINARY_DIR "/hostile.txt"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(m_strReport.toUtf8());
 }
 
 QTEST_GUILESS_MAIN(tst_HostileFiles)

@@ -43,6 +43,7 @@ private slots:
     void preview_showsTheSourceOfWhatFails();
     void preview_showsItAnyway();
     void preview_showsNoTextOfARefusedFile();
+    void preview_withoutHelper_refusesWhatIsKnown();
     void preview_ofAnotherFile_dropsTheNotice();
 
 private:
@@ -354,6 +355,18 @@ void tst_Taster::preview_showsNoTextOfARefusedFile()
     preview.findChild<QPushButton *>()->click();
     QCOMPARE(textOf(preview.findChild<CEditWebView *>()), QStringLiteral("typed"));
     QCOMPARE(visibleNotice(preview), QString());
+}
+
+void tst_Taster::preview_withoutHelper_refusesWhatIsKnown()
+{
+    CPreviewWidget preview;
+    preview.taster()->setProgram(m_pCase->path(QStringLiteral("none")));
+    preview.show();
+    const QString strPath = m_pCase->write(QStringLiteral("a.html"), "<p>x");
+    preview.taster()->setKnown(strPath, Result::Fails);
+    preview.previewFile(strPath);
+    QVERIFY(!visibleNotice(preview).isEmpty());
+    QCOMPARE(preview.findChild<CHighlightEdit *>()->toPlainText(), QStringLiteral("<p>x"));
 }
 
 void tst_Taster::preview_ofAnotherFile_dropsTheNotice()
