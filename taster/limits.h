@@ -7,8 +7,9 @@ namespace Limits {
 // the system allows that, and it ends when the editor does.
 void atStart();
 
-// Before each file: from here on it may take two seconds of the processor, a gigabyte of memory
-// and half of the usual stack. What takes more ends the program; that of memory with the code below
+// Before each file: from here on it may take a second and a half of the processor, so that the
+// editor, which does the same again, stands still for less than two; a gigabyte of memory, and half
+// of the usual stack. What takes more ends the program; that of memory with the code below
 // where it can be told.
 void forOneFile();
 

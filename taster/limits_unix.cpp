@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr long g_nSeconds = 2;
+constexpr long g_nMilliseconds = 1500;
 constexpr rlim_t g_nStack = 4UL * 1024 * 1024;
 
 // Never more than what the user has set.
@@ -58,9 +58,9 @@ void leaveNetwork()
 }
 #endif
 
-void setTimer(long nSeconds)
+void setTimer(long nMilliseconds)
 {
-    const itimerval timer = {{0, 0}, {nSeconds, 0}};
+    const itimerval timer = {{0, 0}, {nMilliseconds / 1000, nMilliseconds % 1000 * 1000}};
     setitimer(ITIMER_PROF, &timer, nullptr); // Its signal ends the program.
 }
 
@@ -84,7 +84,7 @@ void Limits::forOneFile()
         limit(RLIMIT_AS, nInUse + g_nMemory);
 #endif
     limit(RLIMIT_STACK, g_nStack);
-    setTimer(g_nSeconds);
+    setTimer(g_nMilliseconds);
 }
 
 void Limits::forWaiting()

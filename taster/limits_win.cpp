@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr LONGLONG g_nUnitsPerSecond = 10000000; // Of 100 nanoseconds.
-constexpr LONGLONG g_nSeconds = 2;
+constexpr LONGLONG g_nUnitsPerMillisecond = 10000; // Of 100 nanoseconds.
+constexpr LONGLONG g_nMilliseconds = 1500;
 constexpr SIZE_T g_nMemory = 1024UL * 1024 * 1024;
 
 LONGLONG timeSpent()
@@ -51,7 +51,7 @@ void Limits::atStart()
 
 void Limits::forOneFile()
 {
-    setLimits(timeSpent() + g_nSeconds * g_nUnitsPerSecond);
+    setLimits(timeSpent() + g_nMilliseconds * g_nUnitsPerMillisecond);
 }
 
 void Limits::forWaiting()
