@@ -28,6 +28,7 @@ lintian --allow-root --fail-on error,warning --info=no "$package" 2>/dev/null ||
     lintian --allow-root --fail-on error,warning "$package"
 diff -r highlighter "$root/usr/lib/quillan/highlighter" || fail "language definitions differ"
 [ -z "$(find "$root/usr/lib/quillan" -type l)" ] || fail "links among the language definitions"
+[ -x "$root/usr/lib/quillan/quillan-taste" ] || fail "the helper of the preview is missing"
 for size in 16 24 32 48 64 128 256; do
     identify "$root/usr/share/icons/hicolor/${size}x$size/apps/quillan.png" |
         grep -q " ${size}x$size " || fail "the icon of $size pixels"

@@ -9,6 +9,9 @@
 
 namespace {
 
+// More than any drawing has: the time they take grows with the square of their number.
+constexpr int g_nMaxStops = 5000;
+
 // As the plug-in reads it: what follows the last of these marks.
 QByteArray imageWithin(const QStringRef &strAddress)
 {
@@ -32,9 +35,15 @@ bool isUnsafeImage(const QXmlStreamReader &reader)
         });
 }
 
-void copyElement(QXmlStreamReader *pReader, QXmlStreamWriter *pWriter)
+bool isStop(const QXmlStreamReader &reader)
 {
-    if (isUnsafeImage(*pReader)) {
+    return reader.name() == QLatin1String("stop");
+}
+
+// pStops counts the stops of all gradients so far.
+void copyElement(QXmlStreamReader *pReader, QXmlStreamWriter *pWriter, int *pStops)
+{
+    if (isUnsafeImage(*pReader) || (isStop(*pReader) && ++*pStops > g_nMaxStops)) {
         pReader->skipCurrentElement();
         return;
     }
@@ -52,10 +61,11 @@ QByteArray withoutLinkedImages(const QByteArray &svg)
     QXmlStreamReader reader(svg);
     reader.setNamespaceProcessing(false); // As the plug-in has it: prefixes need no declaration.
     QXmlStreamWriter writer(&result);
+    int nStops = 0;
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
-            copyElement(&reader, &writer);
+            copyElement(&reader, &writer, &nStops);
             break;
         case QXmlStreamReader::EndElement:
             writer.writeEndElement();

@@ -29,11 +29,7 @@ QByteArray honestLargePng()
 {
     QImage image(20000, 20000, QImage::Format_Mono);
     image.fill(0);
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return data;
+    return savedPicture(image, "PNG");
 }
 
 // As large as is allowed.
@@ -41,11 +37,7 @@ QByteArray honestLargestJpeg()
 {
     QImage image(8000, 8000, QImage::Format_Grayscale8);
     image.fill(100);
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPG");
-    return data;
+    return savedPicture(image, "JPG");
 }
 
 QByteArray headers(const QByteArray &suffix)

@@ -21,16 +21,21 @@ inline QByteArray littleEndian(quint32 nValue, int nBytes)
     return bytes.left(nBytes);
 }
 
-// A whole and honest one.
-inline QByteArray savedPicture(const char *szFormat, const QSize &size = QSize(5, 4))
+// Whole and honest ones.
+inline QByteArray savedPicture(const QImage &image, const char *szFormat)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::blue);
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, szFormat);
     return data;
+}
+
+inline QByteArray savedPicture(const char *szFormat, const QSize &size = QSize(5, 4))
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    return savedPicture(image, szFormat);
 }
 
 inline QByteArray pngClaiming(quint32 nWidth, quint32 nHeight, char nDepth = 8)

@@ -1,6 +1,7 @@
 // What is decoded and what is not; every header here is made by hand.
 #include "support/gzipped.h"
 #include "support/madepictures.h"
+#include "support/processortime.h"
 #include "web/pictureframes.h"
 #include "web/pictureheader.h"
 #include "web/pictures.h"
@@ -37,6 +38,7 @@ private slots:
     void innerPictureOfADrawing_isAPictureOfReasonableSize_data();
     void innerPictureOfADrawing_isAPictureOfReasonableSize();
     void styleSheetOfADrawing_isNotOpened();
+    void stopsOfAGradient_areDrawnUpToSomeNumber();
 
 private:
     static QString write(const QTemporaryDir &folder, const QString &strName,
@@ -265,6 +267,23 @@ void tst_Pictures::styleSheetOfADrawing_isNotOpened()
               "<rect width=\"50\" height=\"50\" fill=\"#0000ff\"/></svg>",
         "SVG");
     QCOMPARE(image.pixel(25, 25), qRgb(0, 0, 255));
+}
+
+void tst_Pictures::stopsOfAGradient_areDrawnUpToSomeNumber()
+{
+    const auto drawing = [](int nStops) {
+        return decodePicture("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
+                             "<linearGradient id='g'>"
+                                 + QByteArray("<stop offset='.5' stop-color='#0000ff'/>")
+                                       .repeated(nStops)
+                                 + "</linearGradient><rect width='9' height='9' fill='url(#g)'/>"
+                                   "</svg>",
+                             "SVG");
+    };
+    QCOMPARE(drawing(2).pixel(4, 4), qRgb(0, 0, 255));
+    const CProcessorTime time;
+    QCOMPARE(drawing(200000).pixel(4, 4), qRgb(0, 0, 255));
+    QVERIFY(time.elapsed() < 2000);
 }
 
 QTEST_MAIN(tst_Pictures)
