@@ -187,11 +187,21 @@ void CPreviewWidget::showText(const QString &strPath)
         return;
     m_pText->setPathFileName(strPath);
     const QByteArray bytes = file.read(c_nMaxTextBytes);
-    m_pText->setTextData(file.atEnd() ? bytes : withoutCutUtf8(bytes), false);
+    setText(file.atEnd() ? bytes : withoutCutUtf8(bytes));
     file.close();
-    cutLongLines(m_pText->document());
     if (m_definition)
         m_pText->setDefinition(m_definition(strPath));
+}
+
+// Lines are cut before the view gets them: it lays them out at once.
+void CPreviewWidget::setText(const QByteArray &bytes)
+{
+    const QString strCodec = codecNameForData(QString(), bytes);
+    const QString strText = decodeText(codecForName(strCodec), bytes);
+    const QString strCut = withCutLines(strText);
+    const bool bCut = strCut.size() != strText.size();
+    m_pText->setCodecName(bCut ? QStringLiteral("UTF-8") : strCodec);
+    m_pText->setTextData(bCut ? strCut.toUtf8() : bytes, false);
 }
 
 void CPreviewWidget::deleteTextView()

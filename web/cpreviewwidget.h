@@ -73,6 +73,7 @@ private:
     void showRendered(const QString &strPath);
     void showPage(const QString &strPath);
     void showText(const QString &strPath);
+    void setText(const QByteArray &bytes);
     void deleteTextView();
 
     QString m_strFile;

@@ -1,13 +1,12 @@
 #include "web/previewtext.h"
 
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
+#include <algorithm>
 
 namespace {
 
 // The time for a line grows with the square of this: 5000 take some 30 ms, 250,000 take 13 s.
 constexpr int g_nMostShaped = 5000;
+constexpr ushort g_nEllipsis = 0x2026;
 
 bool isShapedScript(QChar::Script script)
 {
@@ -38,9 +37,17 @@ bool isShaped(QChar c)
         || isShapedScript(c.script());
 }
 
-} // namespace
+// Of the line that begins there.
+int endOfLine(const QString &strText, int nPos)
+{
+    const auto isEnd = [](QChar c) {
+        return c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QChar::ParagraphSeparator;
+    };
+    return int(std::find_if(strText.cbegin() + nPos, strText.cend(), isEnd) - strText.cbegin());
+}
 
-int shownLength(const QString &strLine)
+// How many characters of a line are shown.
+int shownLength(const QStringRef &strLine)
 {
     int nShaped = 0;
     for (int n = 0; n < strLine.size(); ++n) {
@@ -50,17 +57,24 @@ int shownLength(const QString &strLine)
     return strLine.size();
 }
 
-void cutLongLines(QTextDocument *pDocument)
+} // namespace
+
+QString withCutLines(const QString &strText)
 {
-    for (QTextBlock block = pDocument->begin(); block.isValid(); block = block.next()) {
-        if (block.length() <= g_nMostShaped)
-            continue;
-        const int nShown = shownLength(block.text());
-        if (nShown == block.length() - 1)
-            continue;
-        QTextCursor cursor(block);
-        cursor.setPosition(block.position() + nShown);
-        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        cursor.insertText(QString(QChar(0x2026)));
+    QString strResult;
+    int nCopied = 0;
+    int nLine = 0;
+    while (nLine < strText.size()) {
+        const int nEnd = endOfLine(strText, nLine);
+        if (nEnd - nLine > g_nMostShaped) {
+            const int nShown = shownLength(strText.midRef(nLine, nEnd - nLine));
+            if (nLine + nShown < nEnd) {
+                strResult += strText.midRef(nCopied, nLine + nShown - nCopied);
+                strResult += QChar(g_nEllipsis);
+                nCopied = nEnd;
+            }
+        }
+        nLine = nEnd + 1;
     }
+    return nCopied == 0 ? strText : QString(strResult + strText.midRef(nCopied));
 }

@@ -25,14 +25,14 @@
 namespace {
 
 // Of the processor. The page engine would take minutes for many a page.
-constexpr rlim_t g_nSecondsOfAPage = 3;
+constexpr rlim_t g_nSecondsOfAnOpenPage = 3;
 constexpr rlim_t g_nSecondsOfOthers = 10;
 constexpr rlim_t g_nMostBytes = 8UL * 1024 * 1024 * 1024;
 constexpr int g_nStill = 300; // Milliseconds after which nothing more is expected.
 
-void setLimits(bool bPage)
+void setLimits(bool bOpenPage)
 {
-    const rlim_t nSeconds = bPage ? g_nSecondsOfAPage : g_nSecondsOfOthers;
+    const rlim_t nSeconds = bOpenPage ? g_nSecondsOfAnOpenPage : g_nSecondsOfOthers;
     const rlimit seconds = {nSeconds, nSeconds};
     setrlimit(RLIMIT_CPU, &seconds);
     const rlimit core = {0, 0};
@@ -156,12 +156,12 @@ int main(int argc, char *argv[])
         return 2;
     if (lstArguments.at(1) == QLatin1String("write"))
         return writeAll(lstArguments.at(2));
-    setLimits(lstArguments.at(2).endsWith(QLatin1String(".html")));
+    const bool bOpen = lstArguments.at(1) == QLatin1String("open");
+    setLimits(bOpen && lstArguments.at(2).endsWith(QLatin1String(".html")));
     CSettings settings(QStringLiteral("Quillan Tests"), QStringLiteral("hostile"));
     g_pSettings = &settings;
     CHeartbeat heartbeat;
-    const bool bShown = lstArguments.at(1) == QLatin1String("preview") ? preview(lstArguments.at(2))
-                                                                       : open(lstArguments.at(2));
+    const bool bShown = bOpen ? open(lstArguments.at(2)) : preview(lstArguments.at(2));
     std::printf("%s %lld %ld\n", bShown ? "shown" : "refused", heartbeat.longest(),
                 peakMegabytes());
     g_pSettings = nullptr;

@@ -72,7 +72,8 @@ void tst_HostileFiles::files_areManyAndDifferent()
     const QList<SHostileFile> lstFiles = hostileFiles();
     for (const SHostileFile &file : lstFiles) {
         setNames.insert(kindName(file.kind) + file.strName);
-        setContents.insert(file.strName.section('.', -1).toLatin1() + file.data);
+        setContents.insert(file.strName.section('.', -1).toLatin1() + file.data
+                           + file.mapBeside.values().join());
     }
     QVERIFY2(lstFiles.size() >= 150, qPrintable(QString::number(lstFiles.size())));
     QCOMPARE(setNames.size(), lstFiles.size());
@@ -109,7 +110,7 @@ QList<SOutcome> tst_HostileFiles::showAll(const QString &strMode, Kind kind)
 SOutcome tst_HostileFiles::outcomeOf(QProcess *pProcess) const
 {
     SOutcome outcome {pProcess->objectName(), QStringLiteral("ended"), 0, 0};
-    const bool bEnded = pProcess->waitForFinished(30000);
+    const bool bEnded = pProcess->waitForFinished(100000);
     const QStringList lstWords =
         QString::fromLatin1(pProcess->readAllStandardOutput()).split(' ', Qt::SkipEmptyParts);
     if (!bEnded || pProcess->exitStatus() != QProcess::NormalExit || lstWords.size() != 3)

@@ -272,13 +272,13 @@ void tst_Pictures::styleSheetOfADrawing_isNotOpened()
 void tst_Pictures::stopsOfAGradient_areDrawnUpToSomeNumber()
 {
     const auto drawing = [](int nStops) {
-        return decodePicture("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
-                             "<linearGradient id='g'>"
-                                 + QByteArray("<stop offset='.5' stop-color='#0000ff'/>")
-                                       .repeated(nStops)
-                                 + "</linearGradient><rect width='9' height='9' fill='url(#g)'/>"
-                                   "</svg>",
-                             "SVG");
+        return decodePicture(
+            "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'>"
+            "<linearGradient id='g'>"
+                + QByteArray("<stop offset='.5' stop-color='#0000ff'/>").repeated(nStops)
+                + "</linearGradient><rect width='9' height='9' fill='url(#g)'/>"
+                  "</svg>",
+            "SVG");
     };
     QCOMPARE(drawing(2).pixel(4, 4), qRgb(0, 0, 255));
     const CProcessorTime time;

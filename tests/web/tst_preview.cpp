@@ -23,6 +23,7 @@ private slots:
     void largeText_isCutBetweenCharacters();
     void lineThatTakesLongToLayOut_isCut_data();
     void lineThatTakesLongToLayOut_isCut();
+    void manyLinesThatAreShort_areNotCut();
     void nameWithSignsOfTheirOwn_isShownAsItIs();
     void textGetsItsLanguage();
     void unreadableText_isEmpty();
@@ -188,6 +189,17 @@ void tst_Preview::lineThatTakesLongToLayOut_isCut()
     QCOMPARE(lstLines.at(3), lstLines.at(1));
     QVERIFY(shown == 30000 || lstLines.at(1).endsWith(QChar(0x2026)));
     QVERIFY(lstLines.at(1).startsWith(character) && lstLines.at(1).isValidUtf16());
+}
+
+void tst_Preview::manyLinesThatAreShort_areNotCut()
+{
+    for (const char *szEnd : {"\n", "\r", "\r\n"}) {
+        const QString strLine = QString(100, QChar(0xe01)) + QLatin1String(szEnd);
+        m_pPreview->previewFile(
+            m_pCase->write(QStringLiteral("a.txt"), strLine.repeated(300).toUtf8()));
+        const QString strShown = m_pPreview->findChild<CHighlightEdit *>()->getText();
+        QCOMPARE(strShown.count(QChar(0xe01)), 30000);
+    }
 }
 
 void tst_Preview::nameWithSignsOfTheirOwn_isShownAsItIs()
