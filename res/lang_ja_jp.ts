@@ -448,6 +448,30 @@
         <source>Preview</source>
         <translation>プレビュー</translation>
     </message>
+    <message>
+        <source>Trying out whether this file can be shown...</source>
+        <translation>このファイルを表示できるか試しています...</translation>
+    </message>
+    <message>
+        <source>Show the page anyway</source>
+        <translation>それでもページを表示</translation>
+    </message>
+    <message>
+        <source>Show the drawing anyway</source>
+        <translation>それでも図面を表示</translation>
+    </message>
+    <message>
+        <source>This file is not drawn here: that takes too long.</source>
+        <translation>このファイルはここでは描画されません：時間がかかりすぎます。</translation>
+    </message>
+    <message>
+        <source>This file is not drawn here: that takes too much memory.</source>
+        <translation>このファイルはここでは描画されません：メモリを使いすぎます。</translation>
+    </message>
+    <message>
+        <source>This file is not drawn here: that makes a program fail.</source>
+        <translation>このファイルはここでは描画されません：プログラムが異常終了します。</translation>
+    </message>
 </context>
 <context>
     <name>CReadTexts</name>

@@ -448,6 +448,30 @@
         <source>Preview</source>
         <translation>预览</translation>
     </message>
+    <message>
+        <source>Trying out whether this file can be shown...</source>
+        <translation>正在试验是否可以显示此文件...</translation>
+    </message>
+    <message>
+        <source>Show the page anyway</source>
+        <translation>仍然显示页面</translation>
+    </message>
+    <message>
+        <source>Show the drawing anyway</source>
+        <translation>仍然显示图形</translation>
+    </message>
+    <message>
+        <source>This file is not drawn here: that takes too long.</source>
+        <translation>此处不绘制该文件：绘制耗时过长。</translation>
+    </message>
+    <message>
+        <source>This file is not drawn here: that takes too much memory.</source>
+        <translation>此处不绘制该文件：绘制占用内存过多。</translation>
+    </message>
+    <message>
+        <source>This file is not drawn here: that makes a program fail.</source>
+        <translation>此处不绘制该文件：绘制会使程序出错。</translation>
+    </message>
 </context>
 <context>
     <name>CReadTexts</name>
