@@ -23,6 +23,59 @@ QString plainWindowTitle(QString strText)
 
 namespace {
 
+// The joiners U+200C and U+200D stay: words of some languages are spelled with them.
+bool hides(QChar c)
+{
+    const ushort u = c.unicode();
+    if (u < 0x80)
+        return u < 0x20 || u == 0x7f;
+    switch (u) {
+    case 0x00ad: // Soft hyphen.
+    case 0x061c: // Arabic letter mark.
+    case 0x180e:
+    case 0x200b: // Zero width space.
+    case 0x200e:
+    case 0x200f:
+    case 0xfeff:
+        return true;
+    default:
+        return u < 0xa0 || (u >= 0x2028 && u <= 0x202e) || (u >= 0x2060 && u <= 0x206f)
+            || (u >= 0xfff9 && u <= 0xfffb);
+    }
+}
+
+QString visibleSign(QChar c)
+{
+    const ushort u = c.unicode();
+    const ushort nPictures = 0x2400; // The block of control pictures.
+    if (u < 0x20)
+        return QChar(ushort(nPictures + u));
+    if (u == 0x7f)
+        return QChar(ushort(nPictures + 0x21));
+    return QStringLiteral("<U+%1>").arg(uint(u), 4, 16, QLatin1Char('0')).toUpper();
+}
+
+} // namespace
+
+QString visibleName(const QString &strName)
+{
+    const int nLength = strName.length();
+    QString strShown;
+    strShown.reserve(nLength);
+    for (int n = 0; n < nLength; ++n) {
+        const QChar c = strName.at(n);
+        if (c.isHighSurrogate() && n + 1 < nLength && strName.at(n + 1).isLowSurrogate())
+            strShown += c + QString(strName.at(++n));
+        else if (hides(c) || c.isSurrogate())
+            strShown += visibleSign(c);
+        else
+            strShown += c;
+    }
+    return strShown;
+}
+
+namespace {
+
 // A desktop cuts a title that its window is too narrow for.
 void makeRoomForTitle(QMessageBox *pBox)
 {

@@ -52,6 +52,16 @@ QString fileIconKind(const QFileInfo &info);
 
 // True when replacing the file by a renamed copy would lose what hangs on it and no copy can carry:
 // further hard links, a foreign owner, a device or pipe.
+// Gives a file or folder another name on the same disk. Unlike rename(), never puts it in the place
+// of another: false then, as after any failure, with the system's text in pError (may be null).
+bool renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError);
+
+// Opens a regular file for reading, and nothing else: a link, a pipe or a device gives -1, and none
+// is waited for. Otherwise a file descriptor, the caller's to close, and the size in bytes.
+int openRegularFile(const QString &strPath, qint64 *pSize);
+
+// True when replacing the file by a renamed copy would lose what hangs on it: further hard links,
+// a foreign owner or group, a device or pipe.
 bool mustWriteInPlace(const QString &strPath);
 
 // Enlarges an open file to nSize bytes with the disk space really taken. False when the disk is

@@ -14,7 +14,9 @@
 
 #include <cerrno>
 #include <clocale>
+#include <climits>
 #include <csignal>
+#include <cstdio>
 
 #include <fcntl.h>
 #include <langinfo.h>
@@ -41,6 +43,29 @@ bool g_bOpenGlLeftOut = false;
 bool openFolderOf(const QString &strPath)
 {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(strPath).absolutePath()));
+}
+
+// Gives 0 or the number of an error.
+int renameToFreeName(const QByteArray &oldPath, const QByteArray &newPath)
+{
+    const char *szOld = oldPath.constData();
+    const char *szNew = newPath.constData();
+#ifdef RENAME_NOREPLACE
+    if (renameat2(AT_FDCWD, szOld, AT_FDCWD, szNew, RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+#endif
+    // A file system that knows no such request. A link is never put in the place of another file.
+    if (link(szOld, szNew) == 0)
+        return unlink(szOld) == 0 ? 0 : errno;
+    if (errno == EEXIST || errno == ENOENT)
+        return errno;
+    // Nor links: a folder, say. What takes the name in this very moment is lost.
+    struct stat info = {};
+    if (lstat(szNew, &info) == 0)
+        return EEXIST;
+    return rename(szOld, szNew) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -124,6 +149,30 @@ QString Platform::fileIconKind(const QFileInfo &info)
     if (lstTypes.size() != 1)
         return QString();
     return (info.isSymLink() ? QLatin1Char('@') : QLatin1Char('=')) + lstTypes.first().name();
+}
+
+bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError)
+{
+    const int nError = renameToFreeName(QFile::encodeName(strOld), QFile::encodeName(strNew));
+    if (nError != 0 && pError)
+        *pError = qt_error_string(nError);
+    return nError == 0;
+}
+
+int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
+{
+    // Without O_NONBLOCK, a pipe that nobody writes to would be waited for.
+    const int nFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
+    const int nHandle = open(QFile::encodeName(strPath).constData(), nFlags);
+    if (nHandle < 0)
+        return -1;
+    struct stat info = {};
+    if (fstat(nHandle, &info) != 0 || !S_ISREG(info.st_mode)) {
+        close(nHandle);
+        return -1;
+    }
+    *pSize = info.st_size;
+    return nHandle;
 }
 
 bool Platform::mustWriteInPlace(const QString &strPath)

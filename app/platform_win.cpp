@@ -2,11 +2,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QSharedMemory>
 
 #include <climits>
 
+#include <fcntl.h>
 #include <io.h>
 #include <qt_windows.h>
 #include <shellapi.h>
@@ -89,6 +91,28 @@ QString Platform::fileIconKind(const QFileInfo &)
     // Programs and links carry icons of their own, folders may. Qt looks an icon up when it is
     // painted, and once for each suffix where that is enough.
     return QString();
+}
+
+bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError)
+{
+    const QString strOldNative = QDir::toNativeSeparators(strOld);
+    const QString strNewNative = QDir::toNativeSeparators(strNew);
+    const bool bDone = MoveFileExW(reinterpret_cast<const wchar_t *>(strOldNative.utf16()),
+                                   reinterpret_cast<const wchar_t *>(strNewNative.utf16()), 0)
+        != 0;
+    if (!bDone && pError)
+        *pError = qt_error_string(int(GetLastError()));
+    return bDone;
+}
+
+int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
+{
+    const QFileInfo info(strPath);
+    if (!info.isFile() || info.isSymLink())
+        return -1;
+    *pSize = info.size();
+    return _wopen(reinterpret_cast<const wchar_t *>(QDir::toNativeSeparators(strPath).utf16()),
+                  _O_RDONLY | _O_BINARY);
 }
 
 bool Platform::mustWriteInPlace(const QString &strPath)

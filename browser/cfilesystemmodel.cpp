@@ -1,12 +1,11 @@
 #include "browser/cfilesystemmodel.h"
 
+#include "browser/cfolderreader.h"
+
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QEvent>
 
 namespace {
-
-const int g_nReaderLimit = 5000; // Milliseconds.
 
 CFileNode *findBelow(CFileNode *pNode, const QString &strPath)
 {
@@ -51,15 +50,9 @@ CFileSystemModel::CFileSystemModel(QObject *pParent)
 
 CFileSystemModel::~CFileSystemModel()
 {
-    const QDeadlineTimer deadline(g_nReaderLimit);
     m_pGatherer->disconnect(this);
     removeRootChildren();
-    m_pGatherer->stopAndWait();
-    if (!m_pGatherer->wait(deadline)) {
-        // To destroy a running thread would end the program, to wait on would freeze it.
-        CFileInfoGatherer *pStuck = m_pGatherer.release();
-        connect(pStuck, &QThread::finished, pStuck, &QObject::deleteLater);
-    }
+    CFolderReader::release(std::move(m_pGatherer));
 }
 
 void CFileSystemModel::setRootPath(const QString &strPath, bool bFetch)
@@ -69,6 +62,7 @@ void CFileSystemModel::setRootPath(const QString &strPath, bool bFetch)
     QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     m_pPrepared->clear();
     removeRootChildren();
+    m_bListed = false;
     const QFileInfo info(strPath);
     const bool bFile = info.isFile();
     m_strCurrentFile = bFile ? info.fileName() : QString();
@@ -98,6 +92,8 @@ void CFileSystemModel::removeRootChildren()
 void CFileSystemModel::onNewListOfFiles(QString strPath, QFileInfoList lstFileInfos)
 {
     FileNodes nodes = m_pPrepared->take(lstFileInfos);
+    if (strPath == m_root.m_strPath)
+        m_bListed = true;
     CFileNode *pParent = nodes.empty() ? nullptr : findNode(strPath);
     if (!pParent)
         return;

@@ -12,7 +12,7 @@
 // The entries of one folder, as its own reader thread (see CFileInfoGatherer) delivers them.
 //
 // A tree: listings are put below the node of their path and are never merged with what is there;
-// only setRootPath() clears. GUI thread only.
+// only setRootPath() clears, and only mergeListing() brings up to date. GUI thread only.
 class CFileSystemModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -40,6 +40,11 @@ public:
     bool scanSubDirs() const { return m_pGatherer->scanSubDirs(); }
     void stop() { m_pGatherer->stop(); }
 
+    // Brings the shown folder's rows up to date with a new listing of it: what is still there keeps
+    // its row's selection. False, and nothing changes, while the folder's first listing is under
+    // way or when another folder is shown.
+    bool mergeListing(const QString &strPath, FileNodes nodes);
+
     // The file icon provider's answer, asked for once for each kind of file.
     QIcon iconOf(const QFileInfo &info) const;
     void refreshNode(CFileNode *pNode);
@@ -59,6 +64,12 @@ public:
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int nRole = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QStringList mimeTypes() const override;
+    // The addresses of the files, to be dropped elsewhere. Never to be moved: what takes a file
+    // must not take it away.
+    QMimeData *mimeData(const QModelIndexList &lstIndexes) const override;
+    Qt::DropActions supportedDragActions() const override;
     QVariant headerData(int nSection, Qt::Orientation orientation,
                         int nRole = Qt::DisplayRole) const override;
 
@@ -74,6 +85,10 @@ public slots:
 private:
     void onReaderFinished();
     void removeRootChildren();
+    void removeMissing(const FileNodes &nodes);
+    void removeRange(int nFirst, int nLast);
+    void insertNew(FileNodes *pNodes);
+    void insertRange(int nRow, FileNodes *pNodes, size_t nFrom, size_t nTo);
     QModelIndex indexOf(const CFileNode *pNode, int nColumn = 0) const;
     QVariant displayData(const CFileNode &node, int nColumn) const;
     QIcon shownIcon(CFileNode *pNode) const;
@@ -83,5 +98,6 @@ private:
     std::shared_ptr<CPreparedListings> m_pPrepared;
     mutable QHash<QString, QIcon> m_icons; // By kind of file.
     int m_nColumns = 1;
+    bool m_bListed = false; // The root's first listing has come.
     QString m_strCurrentFile;
 };

@@ -6,6 +6,8 @@
 
 #include <QBrush>
 #include <QDateTime>
+#include <QMimeData>
+#include <QUrl>
 
 CFileNode *CFileSystemModel::nodeOf(const QModelIndex &index) const
 {
@@ -46,10 +48,12 @@ QVariant CFileSystemModel::data(const QModelIndex &index, int nRole) const
     switch (nRole) {
     case Qt::DisplayRole:
         return displayData(*pNode, index.column());
+    case Qt::EditRole:
+        return pNode->m_fileInfo.fileName();
     case Qt::DecorationRole:
         return index.column() == 0 ? QVariant(shownIcon(pNode)) : QVariant();
     case Qt::ToolTipRole:
-        return plainToolTip(pNode->m_strPath);
+        return plainToolTip(visibleName(pNode->m_strPath));
     case Qt::ForegroundRole:
         switch (pNode->m_nState) {
         case 2:
@@ -73,9 +77,9 @@ QVariant CFileSystemModel::displayData(const CFileNode &node, int nColumn) const
     case 0:
         if (info.isRoot())
             return node.m_strPath;
-        return info.bundleName().isEmpty() ? info.fileName() : info.bundleName();
+        return visibleName(info.bundleName().isEmpty() ? info.fileName() : info.bundleName());
     case 1:
-        return info.isFile() ? QVariant(info.suffix()) : QVariant();
+        return info.isFile() ? QVariant(visibleName(info.suffix())) : QVariant();
     case 2:
         return info.isFile() ? QVariant(getSizeText(info.size())) : QVariant();
     case 3:
@@ -105,6 +109,38 @@ QIcon CFileSystemModel::iconOf(const QFileInfo &info) const
     if (icon.isNull())
         icon = m_pGatherer->iconProvider().icon(info);
     return icon;
+}
+
+Qt::ItemFlags CFileSystemModel::flags(const QModelIndex &index) const
+{
+    const CFileNode *pNode = nodeOf(index);
+    const Qt::ItemFlags base = QAbstractItemModel::flags(index);
+    if (!pNode)
+        return base;
+    return base | Qt::ItemIsDragEnabled
+        | (pNode->m_fileInfo.isRoot() ? Qt::NoItemFlags : Qt::ItemIsEditable);
+}
+
+QStringList CFileSystemModel::mimeTypes() const
+{
+    return {QStringLiteral("text/uri-list")};
+}
+
+QMimeData *CFileSystemModel::mimeData(const QModelIndexList &lstIndexes) const
+{
+    QList<QUrl> lstUrls;
+    for (const QModelIndex &index : lstIndexes) {
+        if (const CFileNode *pNode = nodeOf(index))
+            lstUrls.append(QUrl::fromLocalFile(pNode->m_strPath));
+    }
+    auto *pData = new QMimeData;
+    pData->setUrls(lstUrls);
+    return pData;
+}
+
+Qt::DropActions CFileSystemModel::supportedDragActions() const
+{
+    return Qt::CopyAction | Qt::LinkAction;
 }
 
 QVariant CFileSystemModel::headerData(int nSection, Qt::Orientation orientation, int nRole) const

@@ -17,6 +17,9 @@ public:
     // menu.
     void setActions(const QStringList &lstActions);
 
+    // True while an entry is edited in place.
+    bool isEditing() const { return state() == EditingState; }
+
 signals:
     // The text of the entry that was chosen.
     void clickAction(QString strText);

@@ -27,6 +27,9 @@ CWidgetFavorFileList::CWidgetFavorFileList(QWidget *pParent) : QWidget(pParent)
             &CWidgetFavorFileList::rootPathChanged);
     connect(m_pFileList, &CWidgetFileList::fileSelectionChanged, this,
             &CWidgetFavorFileList::fileSelectionChanged);
+    connect(m_pFileList, &CWidgetFileList::fileRenamed, this, &CWidgetFavorFileList::fileRenamed);
+    connect(m_pFileList, &CWidgetFileList::statusMessage, this,
+            &CWidgetFavorFileList::statusMessage);
 }
 
 QString CWidgetFavorFileList::rootPath() const

@@ -26,6 +26,8 @@ signals:
     void dbClickFile(QString strPath);
     void rootPathChanged(QString strPath);
     void fileSelectionChanged(QString strPath);
+    void fileRenamed(QString strOld, QString strNew);
+    void statusMessage(QString strText);
 
 public slots:
     void setRootPath(const QString &strPath);

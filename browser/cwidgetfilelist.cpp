@@ -1,7 +1,10 @@
 #include "browser/cwidgetfilelist.h"
 
 #include "app/csettings.h"
+#include "browser/cfileitemdelegate.h"
 #include "browser/cfilesystemmodel.h"
+#include "browser/cfoldercompleter.h"
+#include "browser/cfolderfollower.h"
 #include "browser/cmenulistview.h"
 #include "browser/flatbutton.h"
 
@@ -34,6 +37,7 @@ CWidgetFileList::CWidgetFileList(QWidget *pParent)
 
 CWidgetFileList::~CWidgetFileList()
 {
+    delete m_pFollower; // First: it waits for its reader, and nobody is to hear of that.
     m_pModel->stop();
     // As a child of the view it would go, and tell of its rows going, after most of the view.
     delete m_pModel;
@@ -73,6 +77,7 @@ void CWidgetFileList::createFolderBox()
     // The box's own completer would make another folder of the history out of a path typed whole.
     m_pComboFolder->setCompleter(nullptr);
     // Choosing the entry that is already the current one is only `activated`.
+    new CFolderCompleter(m_pComboFolder->lineEdit());
     const auto pIndexChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(m_pComboFolder, pIndexChanged, this, &CWidgetFileList::onBoxEntry);
     const auto pActivated = QOverload<int>::of(&QComboBox::activated);
@@ -92,10 +97,13 @@ void CWidgetFileList::createList()
     // The style's own size for lists is larger than some of the icons: names would not line up.
     const int nIconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_pListView->setIconSize(QSize(nIconSize, nIconSize));
-    // A huge folder is laid out a hundred rows at a time, with the event loop in between. The
-    // scroll bar counts pixels, because meanwhile it has no rows to count.
-    m_pListView->setLayoutMode(QListView::Batched);
+    m_pListView->setUniformItemSizes(true); // See CFileItemDelegate.
     m_pListView->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    auto *pDelegate = new CFileItemDelegate(m_pListView);
+    m_pListView->setItemDelegate(pDelegate);
+    connect(pDelegate, &CFileItemDelegate::renameAsked, this, &CWidgetFileList::onRenameAsked);
+    m_pListView->setEditTriggers(QAbstractItemView::NoEditTriggers); // Only by the key here.
+    m_pListView->setDragDropMode(QAbstractItemView::DragOnly);
     m_pListView->installEventFilter(this);
     connect(m_pListView, &QAbstractItemView::doubleClicked, this,
             &CWidgetFileList::onDbClickListItem);
@@ -109,6 +117,10 @@ void CWidgetFileList::createList()
     // A click faster than the reader leaves it without the last folder.
     connect(m_pModel, &CFileSystemModel::fetchMissed, this,
             [this] { m_pModel->setRootPath(m_strChosen, true); });
+    connect(m_pModel, &CFileSystemModel::directoryLoaded, this,
+            &CWidgetFileList::onDirectoryLoaded);
+    m_pFollower = new CFolderFollower(this);
+    connect(m_pFollower, &CFolderFollower::listed, this, &CWidgetFileList::onListed);
 }
 
 QString CWidgetFileList::rootPath() const
@@ -144,7 +156,9 @@ void CWidgetFileList::enterFolder(const QString &strPath)
 void CWidgetFileList::listFolder(const QString &strPath)
 {
     m_strChosen = strPath;
+    m_strToSelect.clear();
     m_pModel->setRootPath(strPath, true);
+    m_pFollower->follow(m_pModel->rootPath());
 }
 
 // The box tells of one choice up to twice, and once more when the keyboard leaves it.
@@ -179,7 +193,9 @@ void CWidgetFileList::onUpper()
     // so it is everywhere.
     if (dir.absolutePath() == rootPath() && !dir.isRoot())
         return;
+    const QString strLeft = rootPath();
     enterFolder(dir.absolutePath());
+    m_strToSelect = strLeft;
 }
 
 void CWidgetFileList::onFolderBrowse()

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "browser/cfileactions.h"
+
+#include <QFileInfo>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
 
 class CFileSystemModel;
+class CFolderFollower;
 class CMenuListView;
 class QBoxLayout;
 class QComboBox;
@@ -34,6 +38,11 @@ signals:
     void rootPathChanged(QString strPath);
     // The first selected entry, once the selection has rested for 200 ms.
     void fileSelectionChanged(QString strPath);
+    // A file or folder has got another path, by a key of this list. What is open from there, or
+    // from below the folder, should follow.
+    void fileRenamed(QString strOld, QString strNew);
+    // What a key of this list did, or why it did nothing.
+    void statusMessage(QString strText);
 
 public slots:
     void onRefresh();
@@ -49,6 +58,12 @@ public slots:
     void openFileByDefault();
     void onClickAction(const QString &str);
     void onTimeOutFileSelectionChanged();
+    // Lets the current entry's name be edited in the list.
+    void onRename();
+    void onMoveToTrash();
+    void onNewFolder();
+    // Takes back the last renaming, trash or new folder.
+    void onTakeBack();
 
 protected:
     bool eventFilter(QObject *pWatched, QEvent *pEvent) override;
@@ -63,6 +78,10 @@ private:
     bool claimListKey(QKeyEvent *pKey);
     bool handleListKey(const QKeyEvent &key);
     QString firstSelectedPath() const;
+    void onListed(const QString &strFolder, const QFileInfoList &lstFileInfos);
+    void onDirectoryLoaded(const QString &strFolder);
+    void onRenameAsked(const QModelIndex &index, const QString &strName);
+    void report(const CFileActions::SResult &result);
 
     bool m_bSettingPath = false;
     CMenuListView *m_pListView = nullptr;
@@ -73,4 +92,8 @@ private:
     QString m_strActExplore;
     QString m_strActOpenDefault;
     QString m_strChosen; // The folder last chosen, by whichever way.
+    CFolderFollower *m_pFollower = nullptr;
+    CFileActions m_actions;
+    QString m_strToSelect; // An entry to be selected once it is listed.
+    bool m_bEditSelected = false; // And its name to be edited.
 };

@@ -29,30 +29,61 @@ bool CWidgetFileList::eventFilter(QObject *pWatched, QEvent *pEvent)
     return QWidget::eventFilter(pWatched, pEvent);
 }
 
-static bool isListKey(const QKeyEvent &key)
+namespace {
+
+// A key of the list, with what it does.
+struct SListKey
 {
-    const bool bPlain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    return bPlain
-        && (isEnter(key.key()) || key.key() == Qt::Key_Backspace || key.key() == Qt::Key_F5);
+    Qt::KeyboardModifiers modifiers;
+    int nKey;
+    void (CWidgetFileList::*pSlot)();
+};
+
+const SListKey g_arrListKeys[] = {
+    {Qt::NoModifier, Qt::Key_Backspace, &CWidgetFileList::onUpper},
+    {Qt::NoModifier, Qt::Key_F5, &CWidgetFileList::onRefresh},
+    {Qt::NoModifier, Qt::Key_F2, &CWidgetFileList::onRename},
+    {Qt::NoModifier, Qt::Key_Delete, &CWidgetFileList::onMoveToTrash},
+    {Qt::ControlModifier | Qt::AltModifier, Qt::Key_N, &CWidgetFileList::onNewFolder},
+    {Qt::ControlModifier, Qt::Key_Z, &CWidgetFileList::onTakeBack},
+};
+
+const SListKey *listKey(const QKeyEvent &key)
+{
+    const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    for (const SListKey &listKey : g_arrListKeys) {
+        if (listKey.nKey == key.key() && listKey.modifiers == modifiers)
+            return &listKey;
+    }
+    return nullptr;
 }
+
+bool isPlainEnter(const QKeyEvent &key)
+{
+    return isEnter(key.key()) && (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+} // namespace
 
 // A shortcut of the window on the same key must not take it from the list.
 bool CWidgetFileList::claimListKey(QKeyEvent *pKey)
 {
-    if (isListKey(*pKey))
+    if (isPlainEnter(*pKey) || listKey(*pKey))
         pKey->accept();
     return false;
 }
 
 bool CWidgetFileList::handleListKey(const QKeyEvent &key)
 {
-    if (!isListKey(key))
-        return false;
-    if (key.key() == Qt::Key_Backspace)
-        onUpper();
-    else if (key.key() == Qt::Key_F5)
-        onRefresh();
-    else
+    // The field in which a name is edited hands on the Enter that ends it.
+    if (m_pListView->isEditing())
+        return true;
+    const SListKey *pListKey = listKey(key);
+    if (pListKey)
+        (this->*pListKey->pSlot)();
+    else if (isPlainEnter(key))
         openSelection();
+    else
+        return false;
     return true;
 }

@@ -1,9 +1,14 @@
-// bench_browser [FILES]: how long a folder of FILES files (50000) takes to show, and how long the
-// event loop of the windows is held up meanwhile. Beside it QFileSystemModel in a list of its own,
-// and the time that the icons of all files take, asked of the provider one by one.
+// bench_browser [FILES]: how long a folder of FILES files (50000) with names of a thousand kinds
+// takes to show in the whole window, and how long the event loop is held up meanwhile; then the
+// same while another 10000 files come, one listing later. Beside it the folder browser alone,
+// QFileSystemModel in a list of its own, and the time that the icons of all files take, asked of
+// the provider one by one.
 #include "app/csettings.h"
 #include "browser/cfilesystemmodel.h"
+#include "browser/cmenulistview.h"
+#include "browser/cwidgetfavorfilelist.h"
 #include "browser/cwidgetfilelist.h"
+#include "mainwindow/mainwindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -12,11 +17,13 @@
 #include <QFileIconProvider>
 #include <QFileSystemModel>
 #include <QListView>
+#include <QMimeDatabase>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
 
 #include <functional>
+#include <thread>
 
 namespace {
 
@@ -50,7 +57,7 @@ SResult measure(int nFiles, const std::function<void()> &choose, QAbstractItemVi
     while (result.nAllRows == 0 || total.elapsed() < result.nAllRows + 1000) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         if (total.elapsed() > 120000)
-            qFatal("the folder was not shown within two minutes");
+            qFatal("%d rows of %d were shown within two minutes", rows(), nFiles);
     }
     return result;
 }
@@ -61,10 +68,38 @@ SResult measurePanel(const QString &strFolder, int nFiles)
     panel.resize(300, 600);
     panel.show();
     QCoreApplication::processEvents();
-    auto *pView = panel.findChild<QListView *>();
+    auto *pView = panel.findChild<CMenuListView *>();
     return measure(
         nFiles, [&] { panel.setRootPath(strFolder); }, pView,
         [&] { return pView->model()->rowCount(); });
+}
+
+// What the window's folder browser shows, and then a storm of changes in the same folder.
+void measureWindow(const QString &strFolder, int nFiles, SResult *pShown, SResult *pStorm)
+{
+    MainWindow window;
+    window.resize(1000, 700);
+    window.show();
+    auto *pBrowser = window.findChild<CWidgetFavorFileList *>();
+    auto *pView = pBrowser->findChild<CMenuListView *>();
+    QCoreApplication::processEvents();
+    const auto rows = [pView] { return pView->model()->rowCount(); };
+    *pShown = measure(
+        nFiles, [&] { pBrowser->setRootPath(strFolder); }, pView, rows);
+    const int nNew = 10000;
+    const auto newFile = [&strFolder](int n) {
+        return QStringLiteral("%1/Some new file %2").arg(strFolder).arg(n);
+    };
+    std::thread maker;
+    const auto make = [&] {
+        for (int n = 0; n < nNew; ++n)
+            QFile(newFile(n)).open(QIODevice::WriteOnly);
+    };
+    *pStorm = measure(
+        nFiles + nNew, [&] { maker = std::thread(make); }, pView, rows);
+    maker.join();
+    for (int n = 0; n < nNew; ++n)
+        QFile::remove(newFile(n));
 }
 
 SResult measureQt(const QString &strFolder, int nFiles)
@@ -91,6 +126,28 @@ qint64 measureIcons(const QString &strFolder)
     return timer.elapsed();
 }
 
+// A thousand: those that the system knows, and others.
+QStringList suffixes()
+{
+    QStringList lst {QString()};
+    const QList<QMimeType> lstTypes = QMimeDatabase().allMimeTypes();
+    for (const QMimeType &type : lstTypes) {
+        for (const QString &strSuffix : type.suffixes())
+            lst.append(QLatin1Char('.') + strSuffix);
+    }
+    lst = lst.mid(0, 800);
+    while (lst.size() < 1000)
+        lst.append(QStringLiteral(".unknown%1").arg(lst.size()));
+    return lst;
+}
+
+void print(QTextStream *pOut, const char *szWhat, const SResult &result)
+{
+    *pOut << szWhat << " | " << result.nFirstRows << " | " << result.nAllRows << " | "
+          << result.nLongestGap << "\n";
+    pOut->flush();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -98,11 +155,11 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     const int nFiles = argc > 1 ? atoi(argv[1]) : 50000;
     const QTemporaryDir dir;
-    const char *const arrSuffixes[] = {".cpp", ".html", ".txt", ".png", "", ".unknown"};
+    const QStringList lstSuffixes = suffixes();
     for (int n = 0; n < nFiles; ++n) {
         QFile file(dir.filePath(QStringLiteral("Some file %1%2")
                                     .arg((n * 7919) % nFiles)
-                                    .arg(QLatin1String(arrSuffixes[n % 6]))));
+                                    .arg(lstSuffixes.at(n % lstSuffixes.size()))));
         if (!file.open(QIODevice::WriteOnly) || file.write("text\n") < 0)
             qFatal("cannot write %s", qPrintable(file.fileName()));
     }
@@ -113,12 +170,13 @@ int main(int argc, char *argv[])
     out << nFiles << " files, milliseconds\n"
         << "shown by | first rows | all rows | longest gap\n";
     for (int n = 0; n < 3; ++n) {
-        const SResult own = measurePanel(dir.path(), nFiles);
-        const SResult other = measureQt(dir.path(), nFiles);
-        out << "Quillan | " << own.nFirstRows << " | " << own.nAllRows << " | " << own.nLongestGap
-            << "\nQFileSystemModel | " << other.nFirstRows << " | " << other.nAllRows << " | "
-            << other.nLongestGap << "\n";
-        out.flush();
+        SResult shown;
+        SResult storm;
+        measureWindow(dir.path(), nFiles, &shown, &storm);
+        print(&out, "Quillan's window", shown);
+        print(&out, "10000 more in it", storm);
+        print(&out, "folder browser alone", measurePanel(dir.path(), nFiles));
+        print(&out, "QFileSystemModel", measureQt(dir.path(), nFiles));
     }
     out << "icons one by one | " << measureIcons(dir.path()) << "\n";
     return 0;

@@ -1,0 +1,152 @@
+#include "browser/cfileactions.h"
+
+#include "app/plaintext.h"
+#include "app/platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+bool isFileName(const QString &strName)
+{
+    const bool bDots = strName == QLatin1String(".") || strName == QLatin1String("..");
+    return !strName.isEmpty() && !bDots && !strName.contains(QLatin1Char('/'))
+        && !strName.contains(QDir::separator()) && !strName.contains(QChar(0));
+}
+
+QString shownName(const QString &strPath)
+{
+    return visibleName(QFileInfo(strPath).fileName());
+}
+
+// A trash keeps a note beside each file that tells where it came from.
+void forgetTrashed(const QString &strPathInTrash)
+{
+    const QFileInfo info(strPathInTrash);
+    QFile::remove(info.absolutePath() + QLatin1String("/../info/") + info.fileName()
+                  + QLatin1String(".trashinfo"));
+}
+
+} // namespace
+
+CFileActions::SResult CFileActions::rename(const QString &strPath, const QString &strName)
+{
+    SResult result;
+    if (!isFileName(strName)) {
+        result.strMessage = tr("This cannot be a name: %1").arg(visibleName(strName));
+        return result;
+    }
+    const QDir folder = QFileInfo(strPath).dir();
+    const SMove move {strPath, QDir::toNativeSeparators(folder.absoluteFilePath(strName))};
+    if (move.strFrom == move.strTo)
+        return result;
+    QString strError;
+    result.bDone = Platform::renameWithoutReplacing(move.strFrom, move.strTo, &strError);
+    if (!result.bDone) {
+        result.strMessage = tr("%1 was not renamed: %2").arg(shownName(strPath), strError);
+        return result;
+    }
+    result.bRenamed = true;
+    result.lstMoves = {move};
+    result.strMessage =
+        tr("%1 is now %2. Ctrl+Z takes it back.").arg(shownName(strPath), visibleName(strName));
+    m_lstDone.append({Kind::Rename, result.lstMoves});
+    return result;
+}
+
+CFileActions::SResult CFileActions::moveToTrash(const QStringList &lstPaths)
+{
+    SResult result;
+    // The trash of a new user's home lies in a folder that nobody may have made yet.
+    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    for (const QString &strPath : lstPaths) {
+        QString strInTrash;
+        if (!QFile::moveToTrash(strPath, &strInTrash)) {
+            result.strMessage = tr("%1 cannot be moved to the trash.").arg(shownName(strPath));
+            break;
+        }
+        result.lstMoves.append({strPath, strInTrash});
+    }
+    result.bDone = !result.lstMoves.isEmpty();
+    if (!result.bDone)
+        return result;
+    m_lstDone.append({Kind::Trash, result.lstMoves});
+    if (result.strMessage.isEmpty()) {
+        result.strMessage = result.lstMoves.size() == 1
+            ? tr("%1 is in the trash. Ctrl+Z takes it back.").arg(shownName(lstPaths.constFirst()))
+            : tr("%1 entries are in the trash. Ctrl+Z takes them back.")
+                  .arg(result.lstMoves.size());
+    }
+    return result;
+}
+
+CFileActions::SResult CFileActions::makeFolder(const QString &strFolder)
+{
+    SResult result;
+    const QDir dir(strFolder);
+    const QString strFirst = tr("New folder");
+    const int nTries = 1000;
+    for (int n = 1; n < nTries && !strFolder.isEmpty(); ++n) {
+        const QString strName = n == 1 ? strFirst : QStringLiteral("%1 %2").arg(strFirst).arg(n);
+        if (!dir.mkdir(strName)) { // Also when there is one of that name.
+            if (QFileInfo::exists(dir.filePath(strName)))
+                continue;
+            break;
+        }
+        result.bDone = true;
+        result.lstMoves = {{QString(), QDir::toNativeSeparators(dir.absoluteFilePath(strName))}};
+        m_lstDone.append({Kind::Folder, result.lstMoves});
+        return result;
+    }
+    result.strMessage = tr("A folder cannot be made here.");
+    return result;
+}
+
+CFileActions::SResult CFileActions::takeBack()
+{
+    SResult result;
+    if (m_lstDone.isEmpty()) {
+        result.strMessage = tr("There is nothing to take back.");
+        return result;
+    }
+    SAction &action = m_lstDone.last();
+    result.bRenamed = action.kind == Kind::Rename;
+    while (!action.lstMoves.isEmpty()) {
+        const SMove move = action.lstMoves.constLast();
+        QString strError;
+        if (!takeBackMove(action.kind, move, &strError)) {
+            const QString strPath = action.kind == Kind::Trash ? move.strFrom : move.strTo;
+            result.strMessage = tr("%1 cannot be taken back: %2").arg(shownName(strPath), strError);
+            break;
+        }
+        action.lstMoves.removeLast();
+        result.lstMoves.append({move.strTo, move.strFrom});
+    }
+    result.bDone = !result.lstMoves.isEmpty();
+    if (result.strMessage.isEmpty())
+        result.strMessage = tr("Taken back.");
+    m_lstDone.removeLast(); // What failed would fail again and hide what was done before it.
+    return result;
+}
+
+bool CFileActions::takeBackMove(Kind kind, const SMove &move, QString *pError)
+{
+    if (kind == Kind::Folder) {
+        if (QDir().rmdir(move.strTo)) // An empty one only.
+            return true;
+        *pError = tr("The folder is not empty.");
+        return false;
+    }
+    if (move.strTo.isEmpty()) {
+        *pError = tr("The trash does not tell where it is.");
+        return false;
+    }
+    if (!Platform::renameWithoutReplacing(move.strTo, move.strFrom, pError))
+        return false;
+    if (kind == Kind::Trash)
+        forgetTrashed(move.strTo);
+    return true;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+// Draws the rows of a folder's list and edits their names.
+//
+// All rows have one size, made from the longest names: to ask each row of a huge folder for its
+// own would ask for its icon, and to find that takes longer than the windows may be held up.
+class CFileItemDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit CFileItemDelegate(QObject *pParent = nullptr);
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *pEditor, const QModelIndex &index) const override;
+    void setModelData(QWidget *pEditor, QAbstractItemModel *pModel,
+                      const QModelIndex &index) const override;
+
+signals:
+    // A new name was typed. It is for the receiver to rename the file.
+    void renameAsked(const QModelIndex &index, const QString &strName) const;
+};

@@ -1,0 +1,104 @@
+// The shown folder brought up to date, row by row, so that the view keeps what it has.
+#include "browser/cfilesystemmodel.h"
+
+#include <QHash>
+
+namespace {
+
+bool isSameKind(const QFileInfo &a, const QFileInfo &b)
+{
+    return a.isDir() == b.isDir() && a.isFile() == b.isFile() && a.isSymLink() == b.isSymLink()
+        && a.exists() == b.exists();
+}
+
+} // namespace
+
+bool CFileSystemModel::mergeListing(const QString &strPath, FileNodes nodes)
+{
+    if (!m_bListed || strPath != m_root.m_strPath)
+        return false;
+    removeMissing(nodes);
+    insertNew(&nodes);
+    // Only now: nobody asks for a row's number in between, and to number after each change would
+    // take the square of the time.
+    for (int n = 0; n < m_root.m_lstChildren.size(); ++n)
+        m_root.m_lstChildren.at(n)->m_nRow = n;
+    if (!m_root.m_lstChildren.isEmpty()) {
+        emit dataChanged(index(0, 0), index(m_root.m_lstChildren.size() - 1, m_nColumns - 1));
+        emit directoryLoaded(strPath);
+    }
+    return true;
+}
+
+// From the end, so that the rows before keep their places; neighbours go at once.
+void CFileSystemModel::removeMissing(const FileNodes &nodes)
+{
+    QHash<QString, const CFileNode *> there;
+    there.reserve(int(nodes.size()));
+    for (const std::unique_ptr<CFileNode> &pNode : nodes)
+        there.insert(pNode->m_strPath, pNode.get());
+    const auto isThere = [&](const CFileNode &node) {
+        const CFileNode *pNow = there.value(node.m_strPath);
+        return pNow && isSameKind(pNow->m_fileInfo, node.m_fileInfo);
+    };
+    QList<CFileNode *> &lstChildren = m_root.m_lstChildren;
+    for (int nEnd = lstChildren.size(); nEnd > 0;) {
+        int nFirst = nEnd;
+        while (nFirst > 0 && !isThere(*lstChildren.at(nFirst - 1)))
+            --nFirst;
+        if (nFirst < nEnd)
+            removeRange(nFirst, nEnd - 1);
+        nEnd = nFirst - 1;
+    }
+}
+
+void CFileSystemModel::removeRange(int nFirst, int nLast)
+{
+    beginRemoveRows(QModelIndex(), nFirst, nLast);
+    const auto itFirst = m_root.m_lstChildren.begin() + nFirst;
+    const auto itEnd = m_root.m_lstChildren.begin() + nLast + 1;
+    const QList<CFileNode *> lstGone = m_root.m_lstChildren.mid(nFirst, nLast - nFirst + 1);
+    m_root.m_lstChildren.erase(itFirst, itEnd);
+    endRemoveRows();
+    qDeleteAll(lstGone);
+}
+
+// Both lists are sorted alike: a new entry's place is behind the known one before it.
+void CFileSystemModel::insertNew(FileNodes *pNodes)
+{
+    const QList<CFileNode *> lstKnown = m_root.m_lstChildren;
+    QHash<QString, int> known;
+    known.reserve(lstKnown.size());
+    for (int n = 0; n < lstKnown.size(); ++n)
+        known.insert(lstKnown.at(n)->m_strPath, n);
+    int nRow = 0;
+    int nInserted = 0;
+    for (size_t n = 0; n < pNodes->size();) {
+        const int nKnown = known.value(pNodes->at(n)->m_strPath, -1);
+        if (nKnown >= 0) {
+            lstKnown.at(nKnown)->m_fileInfo = pNodes->at(n)->m_fileInfo;
+            nRow = qMax(nRow, nKnown + nInserted + 1);
+            ++n;
+            continue;
+        }
+        size_t nEnd = n + 1;
+        while (nEnd < pNodes->size() && !known.contains(pNodes->at(nEnd)->m_strPath))
+            ++nEnd;
+        insertRange(nRow, pNodes, n, nEnd);
+        nRow += int(nEnd - n);
+        nInserted += int(nEnd - n);
+        n = nEnd;
+    }
+}
+
+void CFileSystemModel::insertRange(int nRow, FileNodes *pNodes, size_t nFrom, size_t nTo)
+{
+    beginInsertRows(QModelIndex(), nRow, nRow + int(nTo - nFrom) - 1);
+    for (size_t n = nFrom; n < nTo; ++n, ++nRow) {
+        CFileNode *pNode = pNodes->at(n).release();
+        pNode->m_pParent = &m_root;
+        pNode->m_nRow = nRow;
+        m_root.m_lstChildren.insert(nRow, pNode);
+    }
+    endInsertRows();
+}

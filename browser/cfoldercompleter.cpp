@@ -1,0 +1,55 @@
+#include "browser/cfoldercompleter.h"
+
+#include "browser/filelisting.h"
+
+#include <QDir>
+#include <QLineEdit>
+
+namespace {
+
+// Up to and with the last separator; empty for what is no whole path yet.
+QString folderPart(const QString &strText)
+{
+    const QString strPath = QDir::fromNativeSeparators(strText);
+    const int nSlash = strPath.lastIndexOf(QLatin1Char('/'));
+    return nSlash >= 0 && QDir::isAbsolutePath(strPath) ? strPath.left(nSlash + 1) : QString();
+}
+
+} // namespace
+
+CFolderCompleter::CFolderCompleter(QLineEdit *pEdit)
+    : QCompleter(pEdit), m_pEdit(pEdit), m_reader(true)
+{
+    setModel(&m_paths);
+    setCompletionMode(QCompleter::PopupCompletion);
+    pEdit->setCompleter(this);
+    connect(pEdit, &QLineEdit::textEdited, this, &CFolderCompleter::onTextEdited);
+    connect(&m_reader, &CFolderReader::listed, this, &CFolderCompleter::onListed);
+}
+
+void CFolderCompleter::onTextEdited(const QString &strText)
+{
+    const QString strFolder = folderPart(strText);
+    if (strFolder == m_strFolder)
+        return;
+    m_strFolder = strFolder;
+    m_paths.setStringList({});
+    if (!strFolder.isEmpty())
+        m_reader.read(QDir::toNativeSeparators(strFolder));
+}
+
+void CFolderCompleter::onListed(const QString &strFolder, const QFileInfoList &lstFileInfos)
+{
+    if (strFolder != QDir::toNativeSeparators(m_strFolder))
+        return;
+    QStringList lstPaths;
+    const QFileInfoList lstSorted = sortedFileInfos(lstFileInfos);
+    for (const QFileInfo &info : lstSorted)
+        lstPaths.append(QDir::toNativeSeparators(m_strFolder + info.fileName()));
+    m_paths.setStringList(lstPaths);
+    if (m_pEdit->hasFocus() && folderPart(m_pEdit->text()) == m_strFolder) {
+        setCompletionPrefix(m_pEdit->text());
+        if (completionCount() > 0)
+            complete();
+    }
+}

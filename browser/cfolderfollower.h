@@ -1,0 +1,44 @@
+#pragma once
+
+#include "browser/cfilenode.h"
+#include "browser/cfolderreader.h"
+#include "browser/filelisting.h"
+
+#include <QElapsedTimer>
+#include <QFileSystemWatcher>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+// Follows one folder on the disk and lists it anew after it has changed. Any number of changes cost
+// one listing: it waits until they rest for a moment, or last too long. GUI thread only.
+class CFolderFollower : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CFolderFollower(QObject *pParent = nullptr);
+
+    // Native separators; the empty path follows nothing.
+    void follow(const QString &strFolder);
+    // Lists it soon, as if it had changed.
+    void schedule();
+    // Lists it now.
+    void refresh();
+    // The nodes of a listing, in order; see CPreparedListings.
+    FileNodes takeNodes(const QFileInfoList &lstFileInfos);
+
+signals:
+    void listed(QString strFolder, QFileInfoList lstFileInfos);
+
+private:
+    void watch();
+
+    std::shared_ptr<CPreparedListings> m_pPrepared;
+    CFolderReader m_reader;
+    QFileSystemWatcher m_watcher;
+    QTimer m_timerRest;
+    QElapsedTimer m_sinceFirst; // Of the changes that are not listed yet.
+    QString m_strFolder;
+};
