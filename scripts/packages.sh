@@ -5,6 +5,7 @@ PACKAGES_RUN="
 cmake ninja-build g++ ccache lld
 qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools qttranslations5-l10n
 libqt5webkit5-dev zlib1g-dev libuchardet-dev pkg-config libqt5svg5 dbus fonts-dejavu-core"
+libqt5webkit5-dev zlib1g-dev libqt5svg5 dbus fonts-dejavu-core git"
 
 # To show it without a display.
 PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
@@ -25,4 +26,4 @@ libz-mingw-w64-dev"
 PACKAGES_INSPECT="valgrind clazy"
 
 # To measure: peers for the benchmarks only.
-PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
+PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev ripgrep"
