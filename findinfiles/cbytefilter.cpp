@@ -1,7 +1,6 @@
 #include "findinfiles/cbytefilter.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -11,41 +10,24 @@ bool isAsciiText(const QString &strText)
                        [](QChar c) { return c.unicode() < 0x80; });
 }
 
-bool containsBytes(const char *pData, int nLength, const QByteArray &needle)
-{
-    const char *const pEnd = pData + nLength;
-    const char cFirst = needle.at(0);
-    const auto nNeedle = size_t(needle.size());
-    while (size_t(pEnd - pData) >= nNeedle) {
-        const void *pFound = std::memchr(pData, cFirst, size_t(pEnd - pData) - nNeedle + 1);
-        if (!pFound)
-            return false;
-        pData = static_cast<const char *>(pFound);
-        if (std::memcmp(pData, needle.constData(), nNeedle) == 0)
-            return true;
-        ++pData;
-    }
-    return false;
-}
-
 char lower(char c)
 {
     return c >= 'A' && c <= 'Z' ? char(c | 0x20) : c;
 }
 
 // In pieces that overlap, so that no copy of a large file is made.
-bool containsIgnoringCase(const QByteArray &data, const QByteArray &needle)
+bool containsIgnoringCase(const QByteArray &data, const QByteArrayMatcher &matcher)
 {
     char arrPiece[16 * 1024];
-    const int nOverlap = needle.size() - 1;
     const int nPiece = int(sizeof arrPiece);
-    if (needle.size() > nPiece / 2)
+    const int nOverlap = matcher.pattern().size() - 1;
+    if (nOverlap > nPiece / 2)
         return true;
     for (int nFrom = 0; nFrom < data.size(); nFrom += nPiece - nOverlap) {
         const int nLength = std::min(nPiece, data.size() - nFrom);
         std::transform(data.constData() + nFrom, data.constData() + nFrom + nLength, arrPiece,
                        lower);
-        if (containsBytes(arrPiece, nLength, needle))
+        if (matcher.indexIn(arrPiece, nLength) >= 0)
             return true;
     }
     return false;
@@ -105,12 +87,12 @@ CByteFilter::CByteFilter(const QString &strText, const SearchOptions &options)
     const QString strNeedle = options.bRegExp ? requiredText(strText) : strText;
     if (!strNeedle.isValidUtf16() || (m_bIgnoreCase && !isAsciiText(strNeedle)))
         return;
-    m_needle = strNeedle.toUtf8();
-    if (!m_bIgnoreCase)
-        return;
-    std::transform(m_needle.begin(), m_needle.end(), m_needle.begin(), lower);
-    m_bAsciiOnly = options.bRegExp;
-    m_bFolded = m_needle.contains('k') || m_needle.contains('s');
+    QByteArray needle = strNeedle.toUtf8();
+    if (m_bIgnoreCase)
+        std::transform(needle.begin(), needle.end(), needle.begin(), lower);
+    m_matcher.setPattern(needle);
+    m_bAsciiOnly = m_bIgnoreCase && options.bRegExp;
+    m_bFolded = m_bIgnoreCase && (needle.contains('k') || needle.contains('s'));
 }
 
 bool CByteFilter::mayMatch(const QByteArray &data, bool bAscii) const
@@ -118,9 +100,9 @@ bool CByteFilter::mayMatch(const QByteArray &data, bool bAscii) const
     if (!isUseful() || (m_bAsciiOnly && !bAscii))
         return true;
     if (!m_bIgnoreCase)
-        return containsBytes(data.constData(), data.size(), m_needle);
+        return m_matcher.indexIn(data) >= 0;
     // The signs for Kelvin and the long s are a k and an s.
     if (m_bFolded && !bAscii && (data.contains("\xe2\x84\xaa") || data.contains("\xc5\xbf")))
         return true;
-    return containsIgnoringCase(data, m_needle);
+    return containsIgnoringCase(data, m_matcher);
 }

@@ -9,11 +9,18 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
 const qint64 g_nHuge = 64 * 1024 * 1024; // Bytes; decoded, a text takes twice as many.
 const qint64 g_nBeginning = 32 * 1024; // Read first: most files that are no text show it here.
+
+// Many times as fast as asking the array.
+bool holdsZero(const QByteArray &data)
+{
+    return std::memchr(data.constData(), 0, size_t(data.size())) != nullptr;
+}
 
 // Reads on until the buffer holds nTo bytes or the file ends. False after an error.
 bool readUpTo(QFile *pFile, qint64 nTo, QByteArray *pData)
@@ -51,11 +58,11 @@ FileKind readTextFile(const QString &strPath, QByteArray *pData)
         return FileKind::Huge;
     if (!readUpTo(&file, std::min(nSize, g_nBeginning), pData))
         return FileKind::Unreadable;
-    if (pData->contains('\0'))
+    if (holdsZero(*pData))
         return FileKind::Binary;
     if (nSize > g_nBeginning && !readUpTo(&file, nSize, pData))
         return FileKind::Unreadable;
-    return nSize > g_nBeginning && pData->contains('\0') ? FileKind::Binary : FileKind::Text;
+    return nSize > g_nBeginning && holdsZero(*pData) ? FileKind::Binary : FileKind::Text;
 }
 
 QByteArray fingerprintOf(const QByteArray &data)
