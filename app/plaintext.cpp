@@ -44,15 +44,10 @@ bool hides(QChar c)
     }
 }
 
+// As its number, which every font can show.
 QString visibleSign(QChar c)
 {
-    const ushort u = c.unicode();
-    const ushort nPictures = 0x2400; // The block of control pictures.
-    if (u < 0x20)
-        return QChar(ushort(nPictures + u));
-    if (u == 0x7f)
-        return QChar(ushort(nPictures + 0x21));
-    return QStringLiteral("<U+%1>").arg(uint(u), 4, 16, QLatin1Char('0')).toUpper();
+    return QStringLiteral("<U+%1>").arg(uint(c.unicode()), 4, 16, QLatin1Char('0')).toUpper();
 }
 
 } // namespace

@@ -14,9 +14,9 @@ QString plainToolTip(const QString &strText);
 // For window titles, in which Qt replaces a "[*]".
 QString plainWindowTitle(QString strText);
 
-// A file name as one line in which nothing hides: control characters as their pictures, and what
-// turns or hides the text around it (direction marks, line separators, halves of a pair) as its
-// number. For lists and titles, never for a path that a file is opened with.
+// A file name as one line in which nothing hides: control characters, and what turns or hides the
+// text around it (direction marks, line separators, halves of a pair), as their numbers. For lists
+// and titles, never for a path that a file is opened with.
 QString visibleName(const QString &strName);
 
 // QMessageBox::critical() and its kin with plain text, modal to the widget's window. Gives the

@@ -41,10 +41,11 @@ private slots:
         QTest::newRow("empty") << ""
                                << "";
         QTest::newRow("line end") << "two\nlines"
-                                  << "two" + u(0x240a) + "lines";
-        QTest::newRow("escape") << u(0x1b) + "[31m" << u(0x241b) + "[31m";
-        QTest::newRow("delete") << "a" + u(0x7f) << "a" + u(0x2421);
-        QTest::newRow("zero") << QString(QChar(0)) << u(0x2400);
+                                  << "two<U+000A>lines";
+        QTest::newRow("escape") << u(0x1b) + "[31m"
+                                << "<U+001B>[31m";
+        QTest::newRow("delete") << "a" + u(0x7f) << "a<U+007F>";
+        QTest::newRow("zero") << QString(QChar(0)) << "<U+0000>";
         QTest::newRow("second control set") << u(0x85) << "<U+0085>";
         QTest::newRow("turned ending") << "gnp" + u(0x202e) + "txt.exe"
                                        << "gnp<U+202E>txt.exe";

@@ -207,7 +207,7 @@ void tst_folderkeys::controlSigns_areShownAndSurviveTheEditing()
     const QString strName = QStringLiteral("a\nb\u202e.txt");
     tree.addFile(strName, "text");
     CShownFolder panel(tree.path());
-    QTRY_COMPARE(panel.names(), QStringList(QStringLiteral("a\u240ab<U+202E>.txt")));
+    QTRY_COMPARE(panel.names(), QStringList(QStringLiteral("a<U+000A>b<U+202E>.txt")));
     QVERIFY(QTest::qWaitForWindowActive(&panel));
     panel.go(panel.names().first());
     panel.key(Qt::Key_F2);
