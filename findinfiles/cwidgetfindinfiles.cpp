@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
 #include <QTreeView>
 
 CWidgetFindInFiles::CWidgetFindInFiles(QWidget *pParent) : QWidget(pParent)
@@ -26,20 +28,53 @@ CWidgetFindInFiles::CWidgetFindInFiles(QWidget *pParent) : QWidget(pParent)
     m_pState = new QLabel(this);
     m_pState->setTextFormat(Qt::PlainText);
     m_pState->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // However narrow.
-    auto *pState = new QHBoxLayout;
-    pState->addWidget(m_pProgress);
-    pState->addWidget(m_pState, 1);
+    auto *pSplitter = new QSplitter(Qt::Vertical, this);
+    pSplitter->setChildrenCollapsible(false);
+    pSplitter->addWidget(createForm());
+    pSplitter->addWidget(createResults());
+    pSplitter->setStretchFactor(1, 1);
     auto *pLayout = new QVBoxLayout(this);
-    pLayout->setContentsMargins(4, 4, 4, 0);
-    pLayout->setSpacing(3);
-    pLayout->addLayout(createGrid());
-    pLayout->addLayout(createOptions());
-    pLayout->addLayout(pState);
-    pLayout->addWidget(m_pTree, 1);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->addWidget(pSplitter);
+    orderTabs();
     setFocusProxy(m_pEditText);
     connectAll();
     onReplacementChanged();
     updateButtons();
+}
+
+// It scrolls where the dock has no room for it: the window must be as small as it likes.
+QWidget *CWidgetFindInFiles::createForm()
+{
+    auto *pForm =
+        new QWidget(this); // Never a window: its fields would leave the order of the Tab key.
+    auto *pLayout = new QVBoxLayout(pForm);
+    pLayout->setContentsMargins(4, 4, 4, 0);
+    pLayout->setSpacing(3);
+    pLayout->addLayout(createGrid());
+    pLayout->addLayout(createOptions());
+    pLayout->addStretch();
+    auto *pArea = new QScrollArea(this);
+    pArea->setFrameShape(QFrame::NoFrame);
+    pArea->setFocusPolicy(Qt::NoFocus);
+    pArea->setWidgetResizable(true);
+    pArea->setWidget(pForm);
+    pArea->setMinimumHeight(m_pBtnFind->sizeHint().height() + 6);
+    return pArea;
+}
+
+QWidget *CWidgetFindInFiles::createResults()
+{
+    auto *pState = new QHBoxLayout;
+    pState->addWidget(m_pProgress);
+    pState->addWidget(m_pState, 1);
+    auto *pResults = new QWidget(this);
+    auto *pLayout = new QVBoxLayout(pResults);
+    pLayout->setContentsMargins(4, 0, 4, 0);
+    pLayout->setSpacing(3);
+    pLayout->addLayout(pState);
+    pLayout->addWidget(m_pTree, 1);
+    return pResults;
 }
 
 QLineEdit *CWidgetFindInFiles::createField(const QString &strName, const QString &strObject)
@@ -78,7 +113,6 @@ void CWidgetFindInFiles::createFields()
     m_pCheckRegExp->setObjectName(QStringLiteral("checkRegExp"));
 }
 
-// In the order of the Tab key: fields first, line after line.
 QGridLayout *CWidgetFindInFiles::createGrid()
 {
     const auto label = [this](const QString &strText, QLineEdit *pEdit) {
@@ -113,6 +147,12 @@ QBoxLayout *CWidgetFindInFiles::createOptions()
     pOptions->addWidget(m_pCheckCase);
     pOptions->addWidget(m_pCheckWord);
     pOptions->addWidget(m_pCheckRegExp);
+    return pOptions;
+}
+
+// The fields first, line after line.
+void CWidgetFindInFiles::orderTabs()
+{
     QWidget *pBefore = m_pEditText;
     for (QWidget *pWidget : std::initializer_list<QWidget *> {
              m_pCheckReplace, m_pEditReplace, m_pEditFolder, m_pBtnBrowse, m_pEditNames,
@@ -121,7 +161,6 @@ QBoxLayout *CWidgetFindInFiles::createOptions()
         setTabOrder(pBefore, pWidget);
         pBefore = pWidget;
     }
-    return pOptions;
 }
 
 void CWidgetFindInFiles::createTree()

@@ -57,10 +57,13 @@ protected:
 
 private:
     void createFields();
+    QWidget *createForm();
+    QWidget *createResults();
     QLineEdit *createField(const QString &strName, const QString &strObject);
     QBoxLayout *createOptions();
     QGridLayout *createGrid();
     void createTree();
+    void orderTabs();
     void connectAll();
     void onFolderBrowse();
     void onFound(const QVector<SFileMatches> &lstFound);
