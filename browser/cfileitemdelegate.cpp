@@ -50,9 +50,10 @@ QSize CFileItemDelegate::sizeHint(const QStyleOptionViewItem &option,
 void CFileItemDelegate::setEditorData(QWidget *pEditor, const QModelIndex &index) const
 {
     auto *pEdit = qobject_cast<QLineEdit *>(pEditor);
-    if (!pEdit || pEdit->isModified()) // The folder was listed anew while a name is typed.
-        return;
     const QString strName = index.data(Qt::EditRole).toString();
+    // The folder may be listed anew while a name is typed, or before: what is selected stays so.
+    if (!pEdit || pEdit->isModified() || pEdit->text() == strName)
+        return;
     pEdit->setText(strName);
     // The view selects all after this.
     const int nBase = QFileInfo(strName).completeBaseName().length();

@@ -243,10 +243,12 @@ void tst_folderkeys::newFolder_isNamedAtOnce()
     QVERIFY(QTest::qWaitForWindowActive(&panel));
     panel.key(Qt::Key_N, Qt::ControlModifier | Qt::AltModifier);
     QTRY_VERIFY(panel.editor());
-    panel.editor()->selectAll();
+    tree.addFile(QStringLiteral("b")); // The folder is listed anew meanwhile.
+    QTRY_COMPARE(panel.names().size(), 3);
+    QCOMPARE(panel.editor()->selectedText(), QStringLiteral("New folder"));
     QTest::keyClicks(panel.editor(), QStringLiteral("mine"));
     QTest::keyClick(panel.editor(), Qt::Key_Return);
-    QTRY_COMPARE(panel.names(), QStringList({"mine", "a"}));
+    QTRY_COMPARE(panel.names(), QStringList({"mine", "a", "b"}));
     QVERIFY(QFileInfo(tree.path(QStringLiteral("mine"))).isDir());
 }
 
