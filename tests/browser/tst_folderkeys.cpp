@@ -81,6 +81,7 @@ private slots:
     void typedPath_isCompleted();
     void rows_areDraggedAsAddresses();
     void longNames_haveRoom();
+    void unseenRows_askForNoIcon();
 
 private:
     std::unique_ptr<CSettings> m_pSettings;
@@ -316,6 +317,23 @@ void tst_folderkeys::longNames_haveRoom()
     const QModelIndex index = panel.list()->model()->index(1, 0);
     QVERIFY(panel.list()->visualRect(index).width()
             > panel.list()->fontMetrics().horizontalAdvance(index.data().toString()));
+}
+
+void tst_folderkeys::unseenRows_askForNoIcon()
+{
+    const CTestTree tree;
+    tree.addFiles(3000);
+    CShownFolder panel(tree.path());
+    QTRY_COMPARE(panel.names().size(), 3000);
+    auto *pModel = static_cast<CFileSystemModel *>(panel.list()->model());
+    const auto hasIcon = [pModel](int nRow) {
+        return !pModel->nodeOf(pModel->index(nRow, 0))->m_icon.isNull();
+    };
+    QTRY_VERIFY(hasIcon(0));
+    int nIcons = 0;
+    for (int nRow = 0; nRow < 3000; ++nRow)
+        nIcons += hasIcon(nRow) ? 1 : 0;
+    QVERIFY2(nIcons < 100, qPrintable(QString::number(nIcons)));
 }
 
 QTEST_MAIN(tst_folderkeys)
