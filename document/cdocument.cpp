@@ -103,6 +103,13 @@ void CDocument::noteState(const SFileState &state, bool bWhole)
     clearNotice(Topic::Changed);
 }
 
+void CDocument::fileRenamed(const QString &strPath)
+{
+    setPath(strPath);
+    emit renamed();
+    emit contentsChanged(); // A draft names the file, too.
+}
+
 void CDocument::checkFile()
 {
     if (path().isEmpty() || m_bLoading || m_bSaving || m_bChangeTold

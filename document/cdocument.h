@@ -69,6 +69,9 @@ public:
     // Under a new path, whatever lies there.
     Result saveAs(const QString &strPath);
 
+    // The file has another name now, and nothing else about it is new.
+    void fileRenamed(const QString &strPath);
+
     // The file as it was when it was last read or written here.
     const SFileState &fileState() const { return m_state; }
     // False when saving would lose what could not be shown.
@@ -119,6 +122,7 @@ signals:
     void loaded(); // For the first time.
     void reloaded();
     void saved();
+    void renamed(); // The file, by this program.
     // The user answered that the document shall be saved all the same.
     void saveWanted();
     void refreshWanted();

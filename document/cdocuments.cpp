@@ -1,5 +1,7 @@
 #include "document/cdocuments.h"
 
+#include <QDir>
+
 namespace {
 
 // Closing it would lose what no file holds any more.
@@ -81,6 +83,16 @@ CDocument *CDocuments::withPath(const QString &strPath) const
             return pDocument;
     }
     return nullptr;
+}
+
+void CDocuments::followRenamed(const QString &strOld, const QString &strNew)
+{
+    for (CDocument *pDocument : qAsConst(m_lstDocuments)) {
+        const QString strPath = pDocument->path();
+        if (strPath == strOld || strPath.startsWith(strOld + QDir::separator()))
+            pDocument->fileRenamed(strNew + strPath.mid(strOld.length()));
+    }
+    watchFiles();
 }
 
 void CDocuments::watchFiles()

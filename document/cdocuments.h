@@ -42,6 +42,12 @@ public:
     // changes, network drives for example.
     void checkFiles();
 
+public slots:
+    // A file or folder has another name now: the documents of that file, or of files below that
+    // folder, follow.
+    void followRenamed(const QString &strOld, const QString &strNew);
+
+public:
     CDraftKeeper &drafts() { return m_drafts; }
     CRecovery &recovery() { return m_recovery; }
 

@@ -5,6 +5,7 @@
 #include "highlight/chighlightmgt.h"
 #include "mainwindow/actionicons.h"
 #include "mainwindow/cfiledropfilter.h"
+#include "mainwindow/cfinddock.h"
 #include "mainwindow/cformatmenus.h"
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cnoticebar.h"
@@ -50,6 +51,7 @@ MainWindow::MainWindow(QWidget *pParent)
         m_pUi->mainToolBar->addAction(pDock->toggleViewAction());
     }
     m_pPanels->start();
+    m_pFindDock = new CFindDock(this);
     setupHtmlToolBar();
     m_pFormats = new CFormatMenus(m_pUi.get(), m_pHighlightMgt, m_pStatus, this);
     m_pRecent = new CRecentMenu({m_pUi->actionRecent_File_1, m_pUi->actionRecent_File_2,
@@ -75,6 +77,7 @@ MainWindow::~MainWindow()
     m_pPanels->browser()->disconnect(this);
     for (QDockWidget *pDock : m_pPanels->docks())
         pDock->disconnect(this);
+    m_pFindDock->dock()->disconnect();
     m_pDocuments->clear();
 }
 
@@ -154,6 +157,9 @@ void MainWindow::setupShortcuts()
     addKey("Ctrl+Shift+Tab", [step] { step(-1); });
     addKey("F6", [this] { stepPane(1); });
     addKey("Shift+F6", [this] { stepPane(-1); });
+    addKey("Ctrl+Shift+F", [this] {
+        m_pFindDock->show(currentDocument().selectedText(), m_pPanels->browser()->rootPath());
+    });
     addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 }
 
@@ -164,6 +170,11 @@ void MainWindow::setupConnections()
     connect(g_pSettings, &CSettings::textFontSizeChanged, m_pStatus,
             &CStatusLabels::onTextFontSize);
     connect(m_pSearch, &CSearch::message, this, &MainWindow::showStatusMessage);
+    connect(m_pFindDock, &CFindDock::message, this, &MainWindow::showStatusMessage);
+    connect(m_pPanels->browser(), &CWidgetFavorFileList::statusMessage, this,
+            &MainWindow::showStatusMessage);
+    connect(m_pPanels->browser(), &CWidgetFavorFileList::fileRenamed, m_pDocuments.get(),
+            &CDocuments::followRenamed);
     connect(new CFileDropFilter(this), &CFileDropFilter::filesDropped, this,
             &MainWindow::openFiles);
 }

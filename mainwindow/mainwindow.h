@@ -11,6 +11,7 @@ class MainWindow;
 }
 
 class CEditWebView;
+class CFindDock;
 class CFormatMenus;
 class CHighlightEdit;
 class CHighlightMgt;
@@ -205,6 +206,7 @@ private:
     CRecentMenu *m_pRecent = nullptr;
     CSearch *m_pSearch = nullptr;
     CSidePanels *m_pPanels = nullptr;
+    CFindDock *m_pFindDock = nullptr;
     QByteArray m_arrClosedState; // The layout as the window was closed; empty while it is open.
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
     bool m_bLoading = false; // While a document is being created or loaded.

@@ -40,6 +40,12 @@ void MainWindow::addDocument(CDocument *pDocument, const QString &strTitle, cons
     connect(pDocument, &CDocument::widgetChanged, m_pTabs, &CTabWidget::replaceWidget);
     connect(pDocument, &CDocument::noticeChanged, this, &MainWindow::showNotice);
     connect(pDocument, &CDocument::reloaded, this, &MainWindow::onModifiedChanged);
+    connect(pDocument, &CDocument::renamed, this, [this, pDocument] {
+        const int nRenamed = m_pTabs->indexOf(pDocument->widget());
+        m_pTabs->setPlainTabText(nRenamed, pDocument->title());
+        m_pTabs->setPlainTabToolTip(nRenamed, pDocument->path());
+        refreshWindow();
+    });
     connect(pDocument, &CDocument::saveWanted, this,
             [this, pDocument] { saveDocument(pDocument, true); });
     connect(pDocument, &CDocument::refreshWanted, this,

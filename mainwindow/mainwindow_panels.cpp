@@ -4,6 +4,7 @@
 #include "app/commonhelpers.h"
 #include "app/version.h"
 #include "browser/cwidgetfavorfilelist.h"
+#include "mainwindow/cfinddock.h"
 #include "mainwindow/cnoticebar.h"
 #include "mainwindow/csidepanels.h"
 #include "mainwindow/ctabwidget.h"
@@ -49,6 +50,8 @@ void MainWindow::stepPane(int nBy)
 {
     QList<QWidget *> lstPanes = {m_pPanels->browser(), m_pPanels->preview(), m_pNotice,
                                  m_pUi->htmlToolBar};
+    if (QWidget *pFindPanel = m_pFindDock->panel())
+        lstPanes.append(pFindPanel);
     if (m_pTabs->count() > 0) {
         lstPanes.prepend(m_pTabs->tabBar());
         lstPanes.prepend(m_pTabs->currentWidget());

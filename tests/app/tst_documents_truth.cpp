@@ -86,6 +86,7 @@ const QHash<QString, QPair<QString, QString>> &handledKeys()
         {"F2", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_F2"}},
         {"Delete", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Delete"}},
         {"Ctrl+Alt+N", {"browser/cwidgetfilelist_keys.cpp", "Qt::AltModifier, Qt::Key_N"}},
+        {"Ctrl+Shift+F", {"mainwindow/mainwindow_findinfiles.cpp", "Ctrl+Shift+F"}},
         {"Backspace", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Backspace"}},
         {"middle button", {"mainwindow/ctabwidget.cpp", "Qt::MiddleButton"}},
         {"double click beside the tabs", {"mainwindow/ctabwidget.cpp", "mouseDoubleClickEvent"}},

@@ -178,7 +178,7 @@ private slots:
     {
         CWindowFixture f;
         const auto lstDocks = f.window().findChildren<QDockWidget *>();
-        QCOMPARE(lstDocks.size(), 2);
+        QCOMPARE(lstDocks.size(), 3); // The third is hidden at first: Find in Files.
         const auto *pPreview = f.window().findChild<QDockWidget *>("Preview");
         const auto *pBrowser = f.window().findChild<QDockWidget *>("Folder Browser");
         auto &window = f.window();

@@ -1,0 +1,118 @@
+#include "mainwindow/cfinddock.h"
+
+#include "document/cpagedocument.h"
+#include "editor/chighlightedit.h"
+#include "findinfiles/cwidgetfindinfiles.h"
+#include "mainwindow/mainwindow.h"
+#include "web/ceditwebview.h"
+
+#include <QDir>
+#include <QDockWidget>
+#include <QPointer>
+#include <QTextBlock>
+
+CFindDock::CFindDock(MainWindow *pWindow)
+    : QObject(pWindow),
+      m_pWindow(pWindow),
+      m_pDock(new QDockWidget(tr("Find in Files"), pWindow))
+{
+    m_pDock->setObjectName(QStringLiteral("Find in Files"));
+    pWindow->addDockWidget(Qt::BottomDockWidgetArea, m_pDock);
+    m_pDock->hide();
+    connect(m_pDock, &QDockWidget::visibilityChanged, this, [this](bool bVisible) {
+        if (bVisible)
+            makePanel();
+    });
+}
+
+QWidget *CFindDock::panel() const
+{
+    return m_pPanel;
+}
+
+// The start of the program does not wait for it.
+CWidgetFindInFiles *CFindDock::makePanel()
+{
+    if (m_pPanel)
+        return m_pPanel;
+    m_pPanel = new CWidgetFindInFiles(m_pDock);
+    m_pDock->setWidget(m_pPanel);
+    m_pPanel->setGuard([this](const QString &strPath) { return whyNotWrite(strPath); });
+    connect(m_pPanel, &CWidgetFindInFiles::matchActivated, this, &CFindDock::onMatchActivated);
+    connect(m_pPanel, &CWidgetFindInFiles::fileReplaced, this, &CFindDock::onFileReplaced);
+    connect(m_pPanel, &CWidgetFindInFiles::statusMessage, this, &CFindDock::message);
+    return m_pPanel;
+}
+
+void CFindDock::show(const QString &strText, const QString &strFolder)
+{
+    const bool bOneLine = !strText.contains(QChar::ParagraphSeparator);
+    makePanel()->setFolder(strFolder);
+    m_pDock->show();
+    m_pDock->raise();
+    m_pPanel->prepare(bOneLine ? strText : QString());
+}
+
+// A file that is open with unsaved text is left to its tab, under whichever spelling it is open.
+QString CFindDock::whyNotWrite(const QString &strPath) const
+{
+    const SFileState state = fileStateOf(strPath);
+    for (const CDocument *pDocument : m_pWindow->documents().all()) {
+        if (pDocument->isModified() && isSameFile(state, fileStateOf(pDocument->path())))
+            return tr("It is open with unsaved changes.");
+    }
+    return QString();
+}
+
+void CFindDock::onMatchActivated(const QString &strPath, int nLine, int nColumn, int nLength)
+{
+    const QString strNative = QDir::toNativeSeparators(strPath);
+    const bool bNew = !m_pWindow->documents().withPath(strNative);
+    m_pWindow->openFile(strNative);
+    CDocument *pDocument = m_pWindow->documents().withPath(strNative);
+    if (!pDocument)
+        return;
+    if (!pDocument->page() || !bNew) {
+        selectMatch(pDocument, nLine, nColumn, nLength);
+        return;
+    }
+    // The page's source is there once it has loaded.
+    auto *pOnce = new QObject(pDocument);
+    connect(pDocument->page(), &QWebView::loadFinished, pOnce, [=] {
+        pOnce->deleteLater();
+        if (&m_pWindow->currentDocument() == pDocument)
+            selectMatch(pDocument, nLine, nColumn, nLength);
+    });
+}
+
+// Of a page, in its source, which may differ from its file.
+void CFindDock::selectMatch(CDocument *pDocument, int nLine, int nColumn, int nLength)
+{
+    if (!pDocument->editor() && pDocument->page())
+        m_pWindow->on_actionSwapHtml_triggered();
+    CHighlightEdit *pEditor = pDocument->editor();
+    if (!pEditor)
+        return;
+    if (!pEditor->goToLine(nLine)) {
+        emit message(tr("The text has changed since the search."));
+        return;
+    }
+    // As far as the line still reaches: the document may have been edited.
+    QTextCursor cursor = pEditor->textCursor();
+    const int nRoom = cursor.block().length() - 1;
+    const int nStart = qMin(nColumn, nRoom);
+    cursor.setPosition(cursor.block().position() + nStart);
+    cursor.setPosition(cursor.position() + qMin(nLength, nRoom - nStart), QTextCursor::KeepAnchor);
+    pEditor->setTextCursor(cursor);
+    pEditor->setFocus();
+}
+
+void CFindDock::onFileReplaced(const QString &strPath)
+{
+    CDocument *pDocument = m_pWindow->documents().withPath(strPath);
+    if (!pDocument || pDocument->isModified())
+        return; // The notice bar tells of it.
+    const Result result = pDocument->reload();
+    if (!result.isDone())
+        emit message(result.text());
+}

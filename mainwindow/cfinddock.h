@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class CDocument;
+class CWidgetFindInFiles;
+class MainWindow;
+class QDockWidget;
+
+// The dock "Find in Files": hidden at first, its panel made when it is first shown.
+class CFindDock : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CFindDock(MainWindow *pWindow);
+
+    QDockWidget *dock() const { return m_pDock; }
+    QWidget *panel() const; // Null before it was first shown.
+
+    // With the text to search for, which may be empty, and the folder to begin from.
+    void show(const QString &strText, const QString &strFolder);
+
+signals:
+    // One line for the status bar.
+    void message(QString strText);
+
+private:
+    CWidgetFindInFiles *makePanel();
+    QString whyNotWrite(const QString &strPath) const;
+    void onMatchActivated(const QString &strPath, int nLine, int nColumn, int nLength);
+    void selectMatch(CDocument *pDocument, int nLine, int nColumn, int nLength);
+    void onFileReplaced(const QString &strPath);
+
+    MainWindow *m_pWindow;
+    QDockWidget *m_pDock;
+    CWidgetFindInFiles *m_pPanel = nullptr;
+};
