@@ -93,7 +93,7 @@ void CWidgetFindInFiles::createFields()
     m_pEditReplace = createField(tr("Replace with"), QStringLiteral("editReplace"));
     m_pEditFolder = createField(tr("Folder"), QStringLiteral("editFolder"));
     m_pEditNames = createField(tr("File names"), QStringLiteral("editNames"));
-    m_pEditNames->setPlaceholderText(tr("*.cpp; *.h; !test*"));
+    m_pEditNames->setPlaceholderText(QStringLiteral("*.cpp; *.h; !test*"));
     m_pEditNames->setToolTip(tr("Patterns separated by semicolons; with ! before it, a pattern "
                                 "leaves files out. Empty: all files."));
     m_pCheckReplace = new QCheckBox(tr("Replace with:"), this);

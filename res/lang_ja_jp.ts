@@ -198,6 +198,61 @@
     </message>
 </context>
 <context>
+    <name>CFileActions</name>
+    <message>
+        <source>This cannot be a name: %1</source>
+        <translation>この名前は使えません: %1</translation>
+    </message>
+    <message>
+        <source>%1 was not renamed: %2</source>
+        <translation>%1 の名前は変更されませんでした: %2</translation>
+    </message>
+    <message>
+        <source>%1 is now %2. Ctrl+Z takes it back.</source>
+        <translation>%1 の名前は %2 になりました。Ctrl+Z で元に戻せます。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be moved to the trash.</source>
+        <translation>%1 をごみ箱に移動できません。</translation>
+    </message>
+    <message>
+        <source>%1 is in the trash. Ctrl+Z takes it back.</source>
+        <translation>%1 をごみ箱に移動しました。Ctrl+Z で元に戻せます。</translation>
+    </message>
+    <message>
+        <source>%1 entries are in the trash. Ctrl+Z takes them back.</source>
+        <translation>%1 個の項目をごみ箱に移動しました。Ctrl+Z で元に戻せます。</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>新しいフォルダー</translation>
+    </message>
+    <message>
+        <source>A folder cannot be made here.</source>
+        <translation>ここにはフォルダーを作成できません。</translation>
+    </message>
+    <message>
+        <source>There is nothing to take back.</source>
+        <translation>元に戻す操作はありません。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be taken back: %2</source>
+        <translation>%1 を元に戻せません: %2</translation>
+    </message>
+    <message>
+        <source>Taken back.</source>
+        <translation>元に戻しました。</translation>
+    </message>
+    <message>
+        <source>The folder is not empty.</source>
+        <translation>フォルダーは空ではありません。</translation>
+    </message>
+    <message>
+        <source>The trash does not tell where it is.</source>
+        <translation>ごみ箱の中の場所がわかりません。</translation>
+    </message>
+</context>
+<context>
     <name>CFileReplacement</name>
     <message>
         <source>The disk did not keep what was written: %1</source>
@@ -206,6 +261,17 @@
     <message>
         <source>The folder may not have kept what was written: %1</source>
         <translation>書き込んだ内容がフォルダーに保存されていない可能性があります: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CFileReplacer</name>
+    <message>
+        <source>It has changed since the search.</source>
+        <translation>検索後に変更されました。</translation>
+    </message>
+    <message>
+        <source>It is not UTF-8: saving it from the editor would convert it.</source>
+        <translation>UTF-8 ではありません。エディターから保存すると変換されます。</translation>
     </message>
 </context>
 <context>
@@ -587,6 +653,133 @@
         <source>Select a folder</source>
         <translation>フォルダーの選択</translation>
     </message>
+    <message>
+        <source>No file or folder is selected.</source>
+        <translation>ファイルもフォルダーも選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFindInFiles</name>
+    <message>
+        <source>Searching</source>
+        <translation>検索中</translation>
+    </message>
+    <message>
+        <source>Find what</source>
+        <translation>検索する文字列</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>置換後の文字列</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>File names</source>
+        <translation>ファイル名</translation>
+    </message>
+    <message>
+        <source>Patterns separated by semicolons; with ! before it, a pattern leaves files out. Empty: all files.</source>
+        <translation>セミコロンで区切ったパターン。先頭に ! を付けたパターンのファイルは除かれます。空欄の場合はすべてのファイル。</translation>
+    </message>
+    <message>
+        <source>Replace with:</source>
+        <translation>置換後の文字列:</translation>
+    </message>
+    <message>
+        <source>Match case</source>
+        <translation>大文字と小文字を区別する</translation>
+    </message>
+    <message>
+        <source>Match whole word only</source>
+        <translation>単語単位で検索する</translation>
+    </message>
+    <message>
+        <source>Use regular expression</source>
+        <translation>正規表現を使う</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置換</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Find what:</source>
+        <translation>検索する文字列:</translation>
+    </message>
+    <message>
+        <source>Folder:</source>
+        <translation>フォルダー:</translation>
+    </message>
+    <message>
+        <source>File names:</source>
+        <translation>ファイル名:</translation>
+    </message>
+    <message>
+        <source>Matches</source>
+        <translation>一致した箇所</translation>
+    </message>
+    <message>
+        <source>There is no text to search for.</source>
+        <translation>検索する文字列がありません。</translation>
+    </message>
+    <message>
+        <source>There is no such folder.</source>
+        <translation>そのフォルダーはありません。</translation>
+    </message>
+    <message>
+        <source>This is no regular expression: %1</source>
+        <translation>正規表現ではありません: %1</translation>
+    </message>
+    <message>
+        <source>Matches: %1, in %2 of %3 files.</source>
+        <translation>一致: %1 件 (%3 ファイル中 %2 ファイル)。</translation>
+    </message>
+    <message>
+        <source>Left out: %1 binary, %2 huge, %3 unreadable.</source>
+        <translation>除外: バイナリ %1、巨大 %2、読み取り不可 %3。</translation>
+    </message>
+    <message>
+        <source>There are more.</source>
+        <translation>ほかにもあります。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>キャンセルしました。</translation>
+    </message>
+    <message>
+        <source>Nothing was replaced.</source>
+        <translation>何も置換されませんでした。</translation>
+    </message>
+    <message>
+        <source>No match is checked.</source>
+        <translation>チェックされた箇所がありません。</translation>
+    </message>
+    <message>
+        <source>Files replaced: %1.</source>
+        <translation>置換したファイル: %1。</translation>
+    </message>
+    <message>
+        <source>Left as they were, with the reason: %1.</source>
+        <translation>理由を示して元のままにしたファイル: %1。</translation>
+    </message>
+    <message>
+        <source>Select a folder</source>
+        <translation>フォルダーの選択</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -921,6 +1114,18 @@
     <message>
         <source>The file is not all text: not all of it can be shown.</source>
         <translation>このファイルはテキストだけではないため、すべては表示できません。</translation>
+    </message>
+    <message>
+        <source>Find in Files</source>
+        <translation>ファイル内検索</translation>
+    </message>
+    <message>
+        <source>It is open with unsaved changes.</source>
+        <translation>保存されていない変更があるまま開かれています。</translation>
+    </message>
+    <message>
+        <source>The text has changed since the search.</source>
+        <translation>検索後にテキストが変更されました。</translation>
     </message>
 </context>
 <context>

@@ -198,6 +198,61 @@
     </message>
 </context>
 <context>
+    <name>CFileActions</name>
+    <message>
+        <source>This cannot be a name: %1</source>
+        <translation>这不能作为名称：%1</translation>
+    </message>
+    <message>
+        <source>%1 was not renamed: %2</source>
+        <translation>%1 未被重命名：%2</translation>
+    </message>
+    <message>
+        <source>%1 is now %2. Ctrl+Z takes it back.</source>
+        <translation>%1 已改名为 %2。按 Ctrl+Z 可撤回。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be moved to the trash.</source>
+        <translation>无法将 %1 移到回收站。</translation>
+    </message>
+    <message>
+        <source>%1 is in the trash. Ctrl+Z takes it back.</source>
+        <translation>%1 已移到回收站。按 Ctrl+Z 可撤回。</translation>
+    </message>
+    <message>
+        <source>%1 entries are in the trash. Ctrl+Z takes them back.</source>
+        <translation>已将 %1 项移到回收站。按 Ctrl+Z 可撤回。</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>A folder cannot be made here.</source>
+        <translation>无法在此处新建文件夹。</translation>
+    </message>
+    <message>
+        <source>There is nothing to take back.</source>
+        <translation>没有可撤回的操作。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be taken back: %2</source>
+        <translation>无法撤回 %1：%2</translation>
+    </message>
+    <message>
+        <source>Taken back.</source>
+        <translation>已撤回。</translation>
+    </message>
+    <message>
+        <source>The folder is not empty.</source>
+        <translation>文件夹不是空的。</translation>
+    </message>
+    <message>
+        <source>The trash does not tell where it is.</source>
+        <translation>回收站没有告知其位置。</translation>
+    </message>
+</context>
+<context>
     <name>CFileReplacement</name>
     <message>
         <source>The disk did not keep what was written: %1</source>
@@ -206,6 +261,17 @@
     <message>
         <source>The folder may not have kept what was written: %1</source>
         <translation>写入的内容可能未保存到文件夹：%1</translation>
+    </message>
+</context>
+<context>
+    <name>CFileReplacer</name>
+    <message>
+        <source>It has changed since the search.</source>
+        <translation>搜索之后文件已更改。</translation>
+    </message>
+    <message>
+        <source>It is not UTF-8: saving it from the editor would convert it.</source>
+        <translation>文件不是 UTF-8：从编辑器保存会转换其编码。</translation>
     </message>
 </context>
 <context>
@@ -587,6 +653,133 @@
         <source>Select a folder</source>
         <translation>选择文件夹</translation>
     </message>
+    <message>
+        <source>No file or folder is selected.</source>
+        <translation>未选择文件或文件夹。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetFindInFiles</name>
+    <message>
+        <source>Searching</source>
+        <translation>正在搜索</translation>
+    </message>
+    <message>
+        <source>Find what</source>
+        <translation>查找内容</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>替换为</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>File names</source>
+        <translation>文件名</translation>
+    </message>
+    <message>
+        <source>Patterns separated by semicolons; with ! before it, a pattern leaves files out. Empty: all files.</source>
+        <translation>以分号分隔的模式；前面加 ! 的模式表示排除文件。留空：所有文件。</translation>
+    </message>
+    <message>
+        <source>Replace with:</source>
+        <translation>替换为：</translation>
+    </message>
+    <message>
+        <source>Match case</source>
+        <translation>区分大小写</translation>
+    </message>
+    <message>
+        <source>Match whole word only</source>
+        <translation>全字匹配</translation>
+    </message>
+    <message>
+        <source>Use regular expression</source>
+        <translation>使用正则表达式</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>查找</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览...</translation>
+    </message>
+    <message>
+        <source>Find what:</source>
+        <translation>查找内容：</translation>
+    </message>
+    <message>
+        <source>Folder:</source>
+        <translation>文件夹：</translation>
+    </message>
+    <message>
+        <source>File names:</source>
+        <translation>文件名：</translation>
+    </message>
+    <message>
+        <source>Matches</source>
+        <translation>匹配项</translation>
+    </message>
+    <message>
+        <source>There is no text to search for.</source>
+        <translation>没有要查找的文本。</translation>
+    </message>
+    <message>
+        <source>There is no such folder.</source>
+        <translation>没有这个文件夹。</translation>
+    </message>
+    <message>
+        <source>This is no regular expression: %1</source>
+        <translation>这不是正则表达式：%1</translation>
+    </message>
+    <message>
+        <source>Matches: %1, in %2 of %3 files.</source>
+        <translation>匹配：%1 处，位于 %3 个文件中的 %2 个。</translation>
+    </message>
+    <message>
+        <source>Left out: %1 binary, %2 huge, %3 unreadable.</source>
+        <translation>已跳过：二进制 %1 个，过大 %2 个，无法读取 %3 个。</translation>
+    </message>
+    <message>
+        <source>There are more.</source>
+        <translation>还有更多。</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>Nothing was replaced.</source>
+        <translation>未替换任何内容。</translation>
+    </message>
+    <message>
+        <source>No match is checked.</source>
+        <translation>未勾选任何匹配项。</translation>
+    </message>
+    <message>
+        <source>Files replaced: %1.</source>
+        <translation>已替换的文件：%1 个。</translation>
+    </message>
+    <message>
+        <source>Left as they were, with the reason: %1.</source>
+        <translation>保持原样（附原因）：%1 个。</translation>
+    </message>
+    <message>
+        <source>Select a folder</source>
+        <translation>选择文件夹</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -921,6 +1114,18 @@
     <message>
         <source>The file is not all text: not all of it can be shown.</source>
         <translation>该文件并非纯文本：无法全部显示。</translation>
+    </message>
+    <message>
+        <source>Find in Files</source>
+        <translation>在文件中查找</translation>
+    </message>
+    <message>
+        <source>It is open with unsaved changes.</source>
+        <translation>文件已打开且有未保存的更改。</translation>
+    </message>
+    <message>
+        <source>The text has changed since the search.</source>
+        <translation>搜索之后文本已更改。</translation>
     </message>
 </context>
 <context>
