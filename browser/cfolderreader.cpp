@@ -2,7 +2,7 @@
 
 #include <QDeadlineTimer>
 
-CFolderReader::CFolderReader(bool bDirsOnly, Prepare prepare, QObject *pParent)
+CFolderReader::CFolderReader(bool bDirsOnly, const Prepare &prepare, QObject *pParent)
     : QObject(pParent), m_pGatherer(std::make_unique<CFileInfoGatherer>())
 {
     m_pGatherer->setScanSubDirs(false);

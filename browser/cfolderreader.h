@@ -19,7 +19,8 @@ public:
     // the object.
     using Prepare = std::function<void(const QFileInfoList &)>;
 
-    explicit CFolderReader(bool bDirsOnly, Prepare prepare = nullptr, QObject *pParent = nullptr);
+    explicit CFolderReader(bool bDirsOnly, const Prepare &prepare = nullptr,
+                           QObject *pParent = nullptr);
     // Waits for the reader as CFileSystemModel does.
     ~CFolderReader() override;
 

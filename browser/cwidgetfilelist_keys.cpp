@@ -35,8 +35,8 @@ namespace {
 struct SListKey
 {
     Qt::KeyboardModifiers modifiers;
-    int nKey;
-    void (CWidgetFileList::*pSlot)();
+    int nKey = 0;
+    void (CWidgetFileList::*pSlot)() = nullptr;
 };
 
 const SListKey g_arrListKeys[] = {
