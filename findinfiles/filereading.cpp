@@ -22,6 +22,13 @@ bool holdsZero(const QByteArray &data)
     return std::memchr(data.constData(), 0, size_t(data.size())) != nullptr;
 }
 
+// A zero byte makes a file binary, as for most tools that search; of UTF-16 every letter has one.
+bool isBinary(const QByteArray &data)
+{
+    const bool bUtf16 = data.startsWith("\xff\xfe") || data.startsWith("\xfe\xff");
+    return !bUtf16 && holdsZero(data);
+}
+
 // Reads on until the buffer holds nTo bytes or the file ends. False after an error.
 bool readUpTo(QFile *pFile, qint64 nTo, QByteArray *pData)
 {
@@ -58,11 +65,11 @@ FileKind readTextFile(const QString &strPath, QByteArray *pData)
         return FileKind::Huge;
     if (!readUpTo(&file, std::min(nSize, g_nBeginning), pData))
         return FileKind::Unreadable;
-    if (holdsZero(*pData))
+    if (isBinary(*pData))
         return FileKind::Binary;
     if (nSize > g_nBeginning && !readUpTo(&file, nSize, pData))
         return FileKind::Unreadable;
-    return nSize > g_nBeginning && holdsZero(*pData) ? FileKind::Binary : FileKind::Text;
+    return nSize > g_nBeginning && isBinary(*pData) ? FileKind::Binary : FileKind::Text;
 }
 
 QByteArray fingerprintOf(const QByteArray &data)

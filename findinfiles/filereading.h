@@ -12,7 +12,7 @@
 
 enum class FileKind {
     Text,
-    Binary, // Holds a zero byte.
+    Binary, // Holds a zero byte, and does not begin as UTF-16 does.
     Huge,
     Unreadable,
     None, // A folder, a link, a pipe, a device, or gone meanwhile.

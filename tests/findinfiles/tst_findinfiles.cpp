@@ -195,6 +195,12 @@ void tst_findinfiles::pipesAndDevices_areNeverOpened()
     QVERIFY(readTextFile(tree.path(QStringLiteral("pipe")), &data) == FileKind::None);
     QVERIFY(readTextFile(QStringLiteral("/dev/zero"), &data) == FileKind::None);
     QVERIFY(readTextFile(tree.path(), &data) == FileKind::None);
+    tree.addFile(QStringLiteral("wide"),
+                 QByteArray("\xff\xfe"
+                            "a\0b\0",
+                            6));
+    QVERIFY(readTextFile(tree.path(QStringLiteral("wide")), &data) == FileKind::Text);
+    QCOMPARE(data.size(), 6);
     QVERIFY(readTextFile(tree.path(QStringLiteral("gone")), &data) == FileKind::None);
 }
 
