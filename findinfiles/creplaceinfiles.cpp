@@ -23,10 +23,11 @@ void CReplaceInFiles::start(const QVector<SFileReplacement> &lstFiles, const QSt
                 break;
             QString strReason;
             CFileReplacer::replace(file, strText, &strReason);
-            emit fileDone(file.strPath, strReason);
+            QMetaObject::invokeMethod(
+                this, [=] { emit fileDone(file.strPath, strReason); }, Qt::QueuedConnection);
         }
     });
-    // The signals of the thread come first: both go through the same queue.
+    // Comes after what the thread has queued.
     connect(m_pThread, &QThread::finished, this, [this] {
         m_bRunning = false;
         emit finished();
