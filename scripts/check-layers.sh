@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
 # Fails on an include that climbs: a folder of the program includes only itself and those before it in
-# the order below (web and browser stand side by side); res is for all.
+# the order below (web, browser and findinfiles stand side by side); res is for all.
 #   check-layers.sh [ROOT]     the sources below ROOT; this project when none is named
 set -euo pipefail
 cd "${1-$(dirname "$0")/..}"
 # main() puts the program together and belongs to no folder.
-mapfile -t sources < <(find app highlight editor web browser document mainwindow \
+mapfile -t sources < <(find app highlight editor web browser findinfiles document mainwindow taster \
     \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) ! -path app/main.cpp 2>/dev/null | sort)
 [ ${#sources[@]} -gt 0 ] || { echo "check-layers.sh: no sources here" >&2; exit 2; }
 awk '
     BEGIN {
         split("res app highlight editor web document mainwindow", order)
         for (n in order) floor[order[n]] = n + 0
-        floor["browser"] = floor["web"]
+        floor["browser"] = floor["findinfiles"] = floor["web"]
+        floor["taster"] = floor["mainwindow"]
     }
     /^[ \t]*#[ \t]*include[ \t]*"[a-z]+\// { split($0, part, "\""); check(part[2]) }
     /<header[^>]*>[a-z]+\// { split($0, part, /[<>]/); check(part[3]) }

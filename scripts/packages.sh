@@ -4,8 +4,7 @@
 PACKAGES_RUN="
 cmake ninja-build g++ ccache lld
 qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools qttranslations5-l10n
-libqt5webkit5-dev zlib1g-dev libuchardet-dev pkg-config libqt5svg5 dbus fonts-dejavu-core"
-libqt5webkit5-dev zlib1g-dev libqt5svg5 dbus fonts-dejavu-core git"
+libqt5webkit5-dev zlib1g-dev libuchardet-dev pkg-config libqt5svg5 dbus fonts-dejavu-core git"
 
 # To show it without a display.
 PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
@@ -13,7 +12,7 @@ PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
 # To run every test.
 PACKAGES_TEST="
 $PACKAGES_DISPLAY
-dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3"
+dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3 libcap2-bin e2fsprogs"
 
 # To check what no test program can: the layout and the faults that tools find in sources, what others
 # write (fuzzing), the Linux package, the Windows branches, the drawings.
