@@ -35,7 +35,7 @@ public:
     };
 
     // Notices, the most urgent first: only one of a document's notices is shown.
-    enum class Topic { Question, Changed, Dropped };
+    enum class Topic { Question, Changed, Dropped, Loading };
 
     explicit CDocument(QObject *pParent = nullptr) : QObject(pParent) { }
 

@@ -1,5 +1,8 @@
 #include "document/cdocuments.h"
 
+#include "document/cpagedocument.h"
+#include "web/ceditwebview.h"
+
 #include <QDir>
 
 namespace {
@@ -14,7 +17,10 @@ bool isLastCopy(const CDocument &document)
 } // namespace
 
 CDocuments::CDocuments(const QString &strFolder, QObject *pParent)
-    : QObject(pParent), m_drafts(strFolder, this), m_recovery(&m_drafts, this)
+    : QObject(pParent),
+      m_drafts(strFolder + QStringLiteral("/recovery"), this),
+      m_recovery(&m_drafts, this),
+      m_loads(strFolder + QStringLiteral("/loading"))
 {
     connect(&m_watch, &CFileWatch::mayHaveChanged, this, &CDocuments::checkFiles);
 }
@@ -83,6 +89,24 @@ CDocument *CDocuments::withPath(const QString &strPath) const
             return pDocument;
     }
     return nullptr;
+}
+
+void CDocuments::beginLoad(const QString &strPath)
+{
+    m_drafts.flush();
+    m_loads.begin(strPath);
+}
+
+void CDocuments::endLoad(const QString &strPath)
+{
+    m_loads.end(strPath);
+}
+
+void CDocuments::endLoadWith(CPageDocument *pDocument, const QString &strPath)
+{
+    auto *pNote = new QObject(pDocument); // Goes with the load, or with the document.
+    connect(pNote, &QObject::destroyed, this, [this, strPath] { endLoad(strPath); });
+    connect(pDocument->page(), &QWebView::loadFinished, pNote, &QObject::deleteLater);
 }
 
 void CDocuments::followRenamed(const QString &strOld, const QString &strNew)

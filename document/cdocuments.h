@@ -4,9 +4,12 @@
 #include "document/cdraftkeeper.h"
 #include "document/cfilewatch.h"
 #include "document/crecovery.h"
+#include "web/cloadjournal.h"
 
 #include <QList>
 #include <QObject>
+
+class CPageDocument;
 
 // The open documents of a window. Sees to it that nothing they hold is lost: keeps drafts of what is
 // modified, notices when a file changes on the disk, and offers what was dropped. Never opens a box.
@@ -15,7 +18,7 @@ class CDocuments : public QObject
     Q_OBJECT
 
 public:
-    // strFolder: where the drafts lie.
+    // strFolder: the program's data; drafts lie in "recovery" below it, notes of loads in "loading".
     CDocuments(const QString &strFolder, QObject *pParent);
     ~CDocuments() override;
 
@@ -35,6 +38,14 @@ public:
     const QList<CDocument *> &all() const { return m_lstDocuments; }
     // The document that a tab's widget shows; for none (null) the one that refuses everything.
     CDocument &of(const QWidget *pWidget);
+    // Before a page or a picture is given to an engine that can end the program: what is unsaved is
+    // put on the disk, and the load is noted there.
+    void beginLoad(const QString &strPath);
+    void endLoad(const QString &strPath);
+    // A page loads on after it was asked to.
+    void endLoadWith(CPageDocument *pDocument, const QString &strPath);
+    CLoadJournal &loads() { return m_loads; }
+
     // The first whose path is spelled exactly so; null for none.
     CDocument *withPath(const QString &strPath) const;
 
@@ -60,4 +71,5 @@ private:
     CFileWatch m_watch;
     CDraftKeeper m_drafts;
     CRecovery m_recovery;
+    CLoadJournal m_loads;
 };

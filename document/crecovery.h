@@ -19,6 +19,8 @@ public:
     // pKeeper is not owned.
     CRecovery(CDraftKeeper *pKeeper, QObject *pParent);
 
+    // Something else that belongs to no open document. dismiss() ends it.
+    void offer(const SNotice &notice);
     // What an earlier run left, if anything.
     void offerAbandoned();
     // Files that a save in place left half written when the program was ended.
@@ -41,7 +43,6 @@ signals:
     void failed(QString strText);
 
 private:
-    void offer(const SNotice &notice);
     void recoverNext();
 
     CDraftKeeper *m_pKeeper;

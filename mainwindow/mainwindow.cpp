@@ -19,7 +19,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDir>
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QShortcut>
@@ -108,9 +107,8 @@ void MainWindow::setupDocuments()
     addToolBarBreak(Qt::TopToolBarArea);
     m_pNotice = new CNoticeBar(this);
     addToolBar(Qt::TopToolBarArea, m_pNotice);
-    const QDir dataFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    m_pDocuments =
-        std::make_unique<CDocuments>(dataFolder.filePath(QStringLiteral("recovery")), nullptr);
+    m_pDocuments = std::make_unique<CDocuments>(
+        QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation), nullptr);
     CRecovery *pRecovery = &m_pDocuments->recovery();
     connect(pRecovery, &CRecovery::noticeChanged, this, &MainWindow::showNotice);
     connect(pRecovery, &CRecovery::recoverWanted, this, &MainWindow::recover);

@@ -26,8 +26,8 @@ class CTabWidget;
 
 // The single top-level window: wires actions, documents, docks and dialogs, and computes nothing.
 // By concern: mainwindow.cpp the frame, _states.cpp what it shows of the current document,
-// _documents.cpp new and opened documents, _open.cpp the ways by which files come in, _files.cpp
-// saving and reading again, _closing.cpp the questions before a document goes, _commands.cpp and
+// _documents.cpp new documents, _open.cpp the ways by which files come in, _opening.cpp the right view
+// for each, _files.cpp saving and reading again, _closing.cpp the questions before a document goes, _commands.cpp and
 // _page.cpp what menus and tool bars give to the current document, _panels.cpp docks and panes.
 //
 // A question on the screen belongs to the document it was asked about: its event loop may change the
@@ -164,6 +164,9 @@ private:
     void openText(const QString &strPath);
     void openPage(const QString &strPath);
     void openImage(const QString &strPath);
+    void showText(const QString &strPath, const SFileContent &content);
+    void openSourceOf(const QString &strPath, const SFileContent &content);
+    bool mayOpenImage(const QString &strPath);
     void showOpenFailure(const QString &strPath, const QString &strReason);
     void nameTab(const CDocument &document);
     void recover(const SDraft &draft);
@@ -177,6 +180,7 @@ private:
     enum class Leaving { Stays, Settled, Unsaved };
     Leaving askBeforeClosing(CDocument *pDocument);
     bool mayLeavePage(CDocument *pDocument);
+    bool closeDocument(CDocument *pDocument);
     bool closeForGood(CDocument *pDocument, bool *pYesToAll);
 
     // mainwindow_open.cpp

@@ -41,19 +41,25 @@ bool MainWindow::mayLeavePage(CDocument *pDocument)
 void MainWindow::onTabCloseRequested(int nIndex)
 {
     CDocument &document = m_pDocuments->of(m_pTabs->widget(nIndex));
-    if (!document.widget())
-        return;
-    switch (askBeforeClosing(&document)) {
+    if (document.widget())
+        closeDocument(&document);
+}
+
+// False when the user keeps it.
+bool MainWindow::closeDocument(CDocument *pDocument)
+{
+    switch (askBeforeClosing(pDocument)) {
     case Leaving::Stays:
-        return;
+        return false;
     case Leaving::Settled:
-        m_pDocuments->close(&document);
+        m_pDocuments->close(pDocument);
         break;
     case Leaving::Unsaved:
-        m_pDocuments->closeDropping(&document);
+        m_pDocuments->closeDropping(pDocument);
         break;
     }
     refreshWindow();
+    return true;
 }
 
 void MainWindow::closeEvent(QCloseEvent *pEvent)

@@ -1,10 +1,8 @@
-// New and opened documents.
+// New documents, and how a tab names one.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
-#include "app/plaintext.h"
 #include "document/ceditordocument.h"
-#include "document/cimagedocument.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
@@ -13,22 +11,7 @@
 #include "web/ceditwebview.h"
 
 #include <QFileInfo>
-#include <QImageReader>
 #include <QScopedValueRollback>
-
-namespace {
-
-bool isImageSuffix(const QString &strSuffix)
-{
-    if (strSuffix == QLatin1String("svg") || strSuffix == QLatin1String("svgz"))
-        return false; // Text that one edits.
-    const QList<QByteArray> lstFormats = QImageReader::supportedImageFormats();
-    return std::any_of(lstFormats.cbegin(), lstFormats.cend(), [&](const QByteArray &format) {
-        return QString::fromLatin1(format).toLower() == strSuffix;
-    });
-}
-
-} // namespace
 
 // The tab is there and current before the document has any content.
 void MainWindow::addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon)
@@ -119,90 +102,6 @@ void MainWindow::on_actionNewHtml_triggered()
     }
     currentDocument().widget()->setFocus();
     refreshWindow();
-}
-
-void MainWindow::openFile(const QString &strPathFileName)
-{
-    if (const CDocument *pDocument = m_pDocuments->withPath(strPathFileName)) {
-        m_pTabs->setCurrentWidget(pDocument->widget());
-        return;
-    }
-    const QString strSuffix = QFileInfo(strPathFileName).suffix().toLower();
-    if (strSuffix == QLatin1String("html") || strSuffix == QLatin1String("htm"))
-        openPage(strPathFileName);
-    else if (isImageSuffix(strSuffix))
-        openImage(strPathFileName);
-    else
-        openText(strPathFileName);
-    refreshWindow();
-}
-
-void MainWindow::openPage(const QString &strPath)
-{
-    // Read before a tab is there: the page would show an error of its own under this path.
-    const SFileContent content = CDocument::read(strPath);
-    if (!CDocument::isLoadable(content)) {
-        showOpenFailure(strPath, content.strError);
-        return;
-    }
-    m_pDocuments->drafts().flush(); // A page can end the program.
-    {
-        const QScopedValueRollback<bool> loading(m_bLoading, true);
-        CPageDocument *pDocument = addPageDocument();
-        const Result result = pDocument->load(strPath, content);
-        showStatusMessage(result.text());
-        nameTab(*pDocument);
-    }
-    currentDocument().widget()->setFocus();
-}
-
-void MainWindow::openImage(const QString &strPath)
-{
-    m_pDocuments->drafts().flush(); // A picture can end the program.
-    setCursor(Qt::WaitCursor);
-    auto *pDocument = new CImageDocument(this);
-    pDocument->loadPicture(strPath);
-    addDocument(pDocument, QString(), QStringLiteral(":/res/image.png"));
-    nameTab(*pDocument);
-    unsetCursor();
-}
-
-void MainWindow::openText(const QString &strPath)
-{
-    const SFileContent content = CDocument::read(strPath);
-    if (!CDocument::isLoadable(content)) {
-        showOpenFailure(strPath, content.strError);
-        return;
-    }
-    const QScopedValueRollback<bool> loading(m_bLoading, true);
-    CDocument *pDocument = addTextDocument();
-    CHighlightEdit *pEditor = pDocument->editor();
-    // Made a second time for an opened file: each of these slots runs twice per signal.
-    connect(g_pSettings, &CSettings::textFontSizeChanged, pEditor, &CHighlightEdit::onTextFontSize);
-    connect(pEditor, &CHighlightEdit::modificationChanged, this, &MainWindow::onModifiedChanged);
-    connect(pEditor, &CHighlightEdit::focusIn, this, &MainWindow::onWidgetFocusIn);
-
-    setCursor(Qt::WaitCursor);
-    const Result result = pDocument->load(strPath, content);
-    showStatusMessage(result.text());
-    nameTab(*pDocument);
-    unsetCursor();
-    pEditor->setFocus();
-    if (!pDocument->isWhole())
-        showStatusMessage(tr("The file is not all text: not all of it can be shown."));
-    else if (!pDocument->isCodecSure())
-        showStatusMessage(tr("The encoding is a guess: %1. Format, Text Codec reads the file in "
-                             "another.")
-                              .arg(pEditor->codecName()));
-    else if (!QFileInfo(strPath).isWritable())
-        showStatusMessage(tr("The file is read-only."));
-}
-
-void MainWindow::showOpenFailure(const QString &strPath, const QString &strReason)
-{
-    showStatusMessage(strReason);
-    showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
-                tr("Fail to open file(%1).").arg(strPath));
 }
 
 // Name, tool tip, icon and language of a document that belongs to a file.

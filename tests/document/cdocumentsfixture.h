@@ -35,7 +35,7 @@ public:
     void start()
     {
         m_pDocuments.reset();
-        m_pDocuments = std::make_unique<CDocuments>(path(QStringLiteral("recovery")), nullptr);
+        m_pDocuments = std::make_unique<CDocuments>(m_folder.path(), nullptr);
     }
 
     QString path(const QString &strName) const { return m_folder.filePath(strName); }
