@@ -121,6 +121,41 @@ QVariantMap parseHighlighting(const QDomNode &nodeHighlighting)
     return map;
 }
 
+// An element of the regions with everything in it. Comments between elements are left out.
+QVariantMap parseRegions(const QDomElement &element)
+{
+    QVariantMap mapAttributes;
+    const QDomNamedNodeMap lstAttributes = element.attributes();
+    for (int n = 0; n < lstAttributes.count(); ++n) {
+        const QDomAttr attribute = lstAttributes.item(n).toAttr();
+        mapAttributes.insert(attribute.name(), attribute.value());
+    }
+    QVariantList lstChildren;
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        lstChildren.append(parseRegions(child));
+    }
+    return QVariantMap {{QStringLiteral("tag"), element.tagName()},
+                        {QStringLiteral("attributes"), mapAttributes},
+                        {QStringLiteral("children"), lstChildren}};
+}
+
+// The names of the languages that the regions embed.
+void collectLanguages(const QVariantMap &mapElement, QStringList *pNames)
+{
+    const QString strName = mapElement.value(QStringLiteral("attributes"))
+                                .toMap()
+                                .value(QStringLiteral("language"))
+                                .toString();
+    if (!strName.isEmpty()) {
+        pNames->append(strName);
+    }
+    const QVariantList lstChildren = mapElement.value(QStringLiteral("children")).toList();
+    for (const QVariant &child : lstChildren) {
+        collectLanguages(child.toMap(), pNames);
+    }
+}
+
 // The registry table of a folder. Any thread.
 QMap<QString, QVariant> scanFolder(const QDir &dir)
 {
@@ -179,7 +214,7 @@ QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
         for (const QString &strPattern : lstPatterns) {
             if (QRegExp(strPattern, Qt::CaseInsensitive, QRegExp::WildcardUnix)
                     .exactMatch(strFileName)) {
-                return parse(mapEntry.value(QStringLiteral("path")).toString());
+                return withEmbedded(parse(mapEntry.value(QStringLiteral("path")).toString()));
             }
         }
     }
@@ -188,13 +223,39 @@ QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
 
 QVariantMap CHighlightMgt::definitionForName(const QString &strName) const
 {
+    return withEmbedded(parse(pathForName(strName)));
+}
+
+QString CHighlightMgt::pathForName(const QString &strName) const
+{
     for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
         if (mapEntry.value(QStringLiteral("name")).toString() == strName) {
-            return parse(mapEntry.value(QStringLiteral("path")).toString());
+            return mapEntry.value(QStringLiteral("path")).toString();
         }
     }
-    return QVariantMap();
+    return QString();
+}
+
+// The languages that it embeds, and what those embed, once each.
+QVariantMap CHighlightMgt::withEmbedded(QVariantMap mapDefinition) const
+{
+    QVariantMap mapEmbedded;
+    QStringList lstNames;
+    collectLanguages(mapDefinition.value(QStringLiteral("regions")).toMap(), &lstNames);
+    while (!lstNames.isEmpty()) {
+        const QString strName = lstNames.takeFirst();
+        const QVariantMap map =
+            mapEmbedded.contains(strName) ? QVariantMap() : parse(pathForName(strName));
+        if (!map.isEmpty()) {
+            mapEmbedded.insert(strName, map);
+            collectLanguages(map.value(QStringLiteral("regions")).toMap(), &lstNames);
+        }
+    }
+    if (!mapEmbedded.isEmpty()) {
+        mapDefinition.insert(QStringLiteral("embedded"), mapEmbedded);
+    }
+    return mapDefinition;
 }
 
 QVariantMap CHighlightMgt::parse(const QString &strPath)
@@ -218,6 +279,8 @@ QVariantMap CHighlightMgt::parseBytes(const QByteArray &bytes)
             map.insert(QStringLiteral("general"), parseGeneral(node));
         } else if (hasName(node, "highlighting")) {
             map.insert(QStringLiteral("highlighting"), parseHighlighting(node));
+        } else if (hasName(node, "regions")) {
+            map.insert(QStringLiteral("regions"), parseRegions(node.toElement()));
         }
     }
     return map;

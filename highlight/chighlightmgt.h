@@ -29,13 +29,17 @@ public:
     // The definition with exactly this name; empty when there is none.
     QVariantMap definitionForName(const QString &strName) const;
 
-    // Reads a definition file: "language", "general" and "highlighting", as far as the file has
-    // them; empty when it cannot be read or is not well-formed XML.
+    // Reads a definition file: "language", "general", "highlighting" and "regions", as far as the
+    // file has them; empty when it cannot be read or is not well-formed XML. What a lookup returns
+    // has "embedded" besides, the definitions of the languages that the regions embed, by name.
     static QVariantMap parse(const QString &strPath);
     // The same for the bytes of such a file.
     static QVariantMap parseBytes(const QByteArray &bytes);
 
 private:
+    QString pathForName(const QString &strName) const;
+    QVariantMap withEmbedded(QVariantMap mapDefinition) const;
+
     // The program's own folder is read on a thread, while the program builds its window; the first
     // look at the table waits for it.
     mutable std::future<QMap<QString, QVariant>> m_scan;

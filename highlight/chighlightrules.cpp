@@ -1,9 +1,28 @@
 #include "highlight/chighlightrules.h"
 
-#include "highlight/fixedrules.h"
-
 #include <QBrush>
 #include <QColor>
+#include <QVarLengthArray>
+#include <algorithm>
+
+namespace {
+
+constexpr int nStateBits = 6;
+
+bool isInsideTag(int nState)
+{
+    return nState > 0 && (nState & HighlightState::InsideTag);
+}
+
+// What the fixed bits can say of an open region.
+int openBit(RegionRole role)
+{
+    return role == RegionRole::Comment ? int(HighlightState::MultiLineComment)
+        : role == RegionRole::String   ? int(HighlightState::DoubleQuoted)
+                                       : 0;
+}
+
+} // namespace
 
 CHighlightRules::CHighlightRules() : m_strSingleLine(QStringLiteral("//"))
 {
@@ -14,14 +33,31 @@ CHighlightRules::CHighlightRules(const QVariantMap &mapDefinition)
 {
     const QVariantMap mapLanguage = mapDefinition.value(QStringLiteral("language")).toMap();
     const QVariantMap mapGeneral = mapDefinition.value(QStringLiteral("general")).toMap();
-    const QVariantMap mapHighlighting = mapDefinition.value(QStringLiteral("highlighting")).toMap();
-    const QVariantMap mapKeywords = mapGeneral.value(QStringLiteral("keywords")).toMap();
     m_strLanguage = mapLanguage.value(QStringLiteral("name")).toString();
-    const bool bSensitive = mapKeywords.value(QStringLiteral("casesensitive")).toBool();
-    m_keywords = CKeywordMatcher(bSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
     readComments(mapGeneral.value(QStringLiteral("comments")).toList());
-    readContexts(mapHighlighting.value(QStringLiteral("contexts")).toList());
-    readKeywords(mapHighlighting);
+    readRegions(mapDefinition);
+    m_own = CLanguage(mapDefinition, m_lstLanguages);
+}
+
+void CHighlightRules::readRegions(const QVariantMap &mapDefinition)
+{
+    m_bRegions = mapDefinition.contains(QStringLiteral("regions"));
+    m_mapEmbedded = mapDefinition.value(QStringLiteral("embedded")).toMap();
+    m_lstLanguages = QStringList {QString()} + m_mapEmbedded.keys();
+    m_lstEmbedded.resize(size_t(m_lstLanguages.size()));
+}
+
+const CLanguage &CHighlightRules::language(int nLanguage) const
+{
+    if (nLanguage == 0) {
+        return m_own;
+    }
+    std::optional<CLanguage> &language = m_lstEmbedded[size_t(nLanguage)];
+    if (!language) {
+        const QString strName = m_lstLanguages.at(nLanguage);
+        language.emplace(m_mapEmbedded.value(strName).toMap(), m_lstLanguages);
+    }
+    return *language;
 }
 
 void CHighlightRules::readComments(const QVariantList &lstComments)
@@ -49,48 +85,6 @@ void CHighlightRules::readComments(const QVariantList &lstComments)
     }
 }
 
-void CHighlightRules::readContexts(const QVariantList &lstContexts)
-{
-    for (const QVariant &context : lstContexts) {
-        const QVariantMap mapContext = context.toMap();
-        const QString strName = mapContext.value(QStringLiteral("name")).toString();
-        const bool bOpen = strName == QLatin1String("El Open");
-        if (!bOpen && strName != QLatin1String("El Close")) {
-            continue;
-        }
-        const QVariantList lstChildren = mapContext.value(QStringLiteral("children")).toList();
-        for (const QVariant &child : lstChildren) {
-            const QVariantMap mapChild = child.toMap();
-            if (mapChild.value(QStringLiteral("tag")).toString() == QLatin1String("DetectChar")) {
-                const CLinePattern pattern(mapChild.value(QStringLiteral("char")).toString());
-                (bOpen ? m_tagOpen : m_tagClose) = pattern;
-            }
-        }
-    }
-    if (m_tagOpen.isEmpty() || m_tagClose.isEmpty()) {
-        m_tagOpen = m_tagClose = CLinePattern();
-    }
-}
-
-void CHighlightRules::readKeywords(const QVariantMap &mapHighlighting)
-{
-    for (auto it = mapHighlighting.begin(); it != mapHighlighting.end(); ++it) {
-        const bool bPatterns = it.key() == QLatin1String("reg_exp");
-        const QStringList lstItems = it.value().toStringList();
-        for (const QString &strRaw : lstItems) {
-            const QString strItem = strRaw.trimmed();
-            if (strItem.isEmpty()) {
-                continue;
-            }
-            if (bPatterns) {
-                m_keywords.addPattern(strItem);
-            } else {
-                m_keywords.addWord(strItem);
-            }
-        }
-    }
-}
-
 bool CHighlightRules::highlight(const QString &strText, int nPreviousState, HighlightLine *pLine,
                                 const AbortCheck &isAborted) const
 {
@@ -99,42 +93,67 @@ bool CHighlightRules::highlight(const QString &strText, int nPreviousState, High
     if (isAborted && isAborted()) {
         return false;
     }
+    if (m_bRegions) {
+        return highlightRegions(strText, nPreviousState, pLine, isAborted);
+    }
     if (strText.isEmpty()) {
         pLine->nState = qMax(0, nPreviousState);
         return true;
     }
-    addNumbers(strText, &pLine->lstRanges);
-    addOperators(strText, &pLine->lstRanges);
-    if (!addKeywords(strText, nPreviousState, pLine, isAborted)) {
+    bool bInsideTag = isInsideTag(nPreviousState);
+    CLanguage::CCode code(m_own, strText);
+    if (!code.add(0, strText.size(), &bInsideTag, &pLine->lstRanges, isAborted)) {
         return false;
     }
+    pLine->nState = bInsideTag ? int(HighlightState::InsideTag) : 0;
     m_comments.scan(strText, nPreviousState, pLine);
     return true;
 }
 
-bool CHighlightRules::addKeywords(const QString &strText, int nPreviousState, HighlightLine *pLine,
-                                  const AbortCheck &isAborted) const
+bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousState,
+                                       HighlightLine *pLine, const AbortCheck &isAborted) const
 {
-    CKeywordMatcher::CSearch search(m_keywords, strText);
-    if (m_tagOpen.isEmpty()) {
-        return search.addMatches(0, -1, &pLine->lstRanges, isAborted);
+    const CRegionScanner::Languages languages = [this](int nLanguage) -> const CRegionRules & {
+        return language(nLanguage).regions();
+    };
+    const int nBefore = nPreviousState < 0 ? 0 : nPreviousState >> nStateBits;
+    CRegionScanner scanner(strText, m_states.stackOf(nBefore), languages);
+    const std::vector<RegionSpan> lstSpans = scanner.scan();
+    bool bInsideTag = isInsideTag(nPreviousState);
+    QVarLengthArray<bool, 32> lstDone(m_lstLanguages.size());
+    std::fill(lstDone.begin(), lstDone.end(), false);
+    for (const RegionSpan &span : lstSpans) {
+        if (span.role == RegionRole::Code && !lstDone[span.nLanguage]) {
+            lstDone[span.nLanguage] = true;
+            if (!addCode(strText, lstSpans, span.nLanguage, &bInsideTag, pLine, isAborted)) {
+                return false;
+            }
+        }
     }
-    const bool bInside = nPreviousState > 0 && (nPreviousState & HighlightState::InsideTag);
-    int nStart = bInside ? 0 : m_tagOpen.indexIn(strText, 0);
-    int nEnd = m_tagClose.indexIn(strText, 0);
-    while (nStart >= 0) {
-        if (!search.addMatches(nStart, nEnd, &pLine->lstRanges, isAborted)) {
+    for (const RegionSpan &span : lstSpans) {
+        if (span.role == RegionRole::Comment || span.role == RegionRole::String) {
+            const bool bComment = span.role == RegionRole::Comment;
+            pLine->lstRanges.push_back({span.nStart, span.nEnd - span.nStart,
+                                        bComment ? HighlightRole::Comment
+                                                 : HighlightRole::String});
+        }
+    }
+    pLine->nState = (m_states.numberOf(scanner.stack()) << nStateBits)
+        | (bInsideTag ? int(HighlightState::InsideTag) : 0) | openBit(scanner.roleAtEnd());
+    return true;
+}
+
+// The parts of one language, whose matches are found in one walk.
+bool CHighlightRules::addCode(const QString &strText, const std::vector<RegionSpan> &lstSpans,
+                              int nLanguage, bool *pInsideTag, HighlightLine *pLine,
+                              const AbortCheck &isAborted) const
+{
+    CLanguage::CCode code(language(nLanguage), strText);
+    for (const RegionSpan &span : lstSpans) {
+        if (span.role == RegionRole::Code && span.nLanguage == nLanguage
+            && !code.add(span.nStart, span.nEnd, pInsideTag, &pLine->lstRanges, isAborted)) {
             return false;
         }
-        if (nEnd < 0) {
-            pLine->nState |= HighlightState::InsideTag;
-            return true;
-        }
-        // An opening that lies ahead is still the next one.
-        if (nStart <= nEnd) {
-            nStart = m_tagOpen.indexIn(strText, nEnd + 1);
-        }
-        nEnd = m_tagClose.indexIn(strText, nEnd + 1);
     }
     return true;
 }

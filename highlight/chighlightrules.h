@@ -1,9 +1,10 @@
 #pragma once
 
 #include "highlight/ccommentscanner.h"
-#include "highlight/ckeywordmatcher.h"
-#include "highlight/clinepattern.h"
+#include "highlight/clanguage.h"
+#include "highlight/cregionscanner.h"
 #include "highlight/highlightline.h"
+#include "highlight/regionstate.h"
 
 #include <QString>
 #include <QTextCharFormat>
@@ -11,8 +12,10 @@
 
 // How lines are coloured: the fixed rules for numbers and operators, the keywords and patterns of
 // one definition, comments and strings. A value: the result for a line depends on the line's text
-// and on the state at the end of the line before it, on nothing else. QRegExp keeps its last match
-// in itself, so that a copy belongs to one thread at a time.
+// and on the state at the end of the line before it, on nothing else. A definition may declare
+// regions; they then take the place of the fixed rules for comments and strings, and a state is a
+// number of these rules' own beside the fixed bits. Searching changes what is kept for the next
+// search, so that a copy belongs to one thread at a time.
 class CHighlightRules
 {
 public:
@@ -35,19 +38,27 @@ public:
 
 private:
     void readComments(const QVariantList &lstComments);
-    void readContexts(const QVariantList &lstContexts);
-    void readKeywords(const QVariantMap &mapHighlighting);
+    void readRegions(const QVariantMap &mapDefinition);
+    const CLanguage &language(int nLanguage) const;
 
-    bool addKeywords(const QString &strText, int nPreviousState, HighlightLine *pLine,
-                     const AbortCheck &isAborted) const;
+    bool highlightRegions(const QString &strText, int nPreviousState, HighlightLine *pLine,
+                          const AbortCheck &isAborted) const;
+    bool addCode(const QString &strText, const std::vector<RegionSpan> &lstSpans, int nLanguage,
+                 bool *pInsideTag, HighlightLine *pLine, const AbortCheck &isAborted) const;
 
     QString m_strLanguage;
     QString m_strSingleLine;
     QString m_strMultiLineStart;
     QString m_strMultiLineEnd;
-    CKeywordMatcher m_keywords;
+    CLanguage m_own;
     CCommentScanner m_comments;
-    // Keywords count only between the two; both empty: in the whole line.
-    CLinePattern m_tagOpen;
-    CLinePattern m_tagClose;
+
+    bool m_bRegions = false;
+    // The definitions that this one embeds. Most documents hold few of them, so that each is made
+    // when a line first leads into it. The numbers of both lists begin with this definition, whose
+    // place is empty.
+    QStringList m_lstLanguages;
+    QVariantMap m_mapEmbedded;
+    mutable std::vector<std::optional<CLanguage>> m_lstEmbedded;
+    mutable CRegionStates m_states;
 };

@@ -15,42 +15,6 @@ CLinePattern::CLinePattern(const QString &strPattern, Qt::CaseSensitivity sensit
     }
 }
 
-// Made when it is first needed, which is in the thread that searches.
-// A lookahead is a second machine, and only at the end of the pattern. QRegExp looks at anchors in
-// it in a way of its own.
-void CLinePattern::makeAutomaton() const
-{
-    m_bAutomatonMade = true;
-    std::optional<PatternNode> read = readPattern(m_rx.pattern(), m_sensitivity);
-    if (!read) {
-        return;
-    }
-    PatternNode &node = *read;
-    PatternNode ahead;
-    if (node.kind == PatternNode::Sequence
-        && (node.children.back().kind == PatternNode::Lookahead
-            || node.children.back().kind == PatternNode::NegativeLookahead)) {
-        ahead = node.children.back();
-        node.children.pop_back();
-    }
-    const auto hasLookahead = [](const PatternNode &n) {
-        return n.contains(PatternNode::Lookahead) || n.contains(PatternNode::NegativeLookahead);
-    };
-    if (hasLookahead(node)) {
-        return;
-    }
-    if (ahead.kind != PatternNode::Nothing) {
-        const PatternNode inner = ahead.children.front();
-        if (hasLookahead(inner) || inner.contains(PatternNode::LineStart)
-            || inner.contains(PatternNode::WordEdge) || inner.contains(PatternNode::NoWordEdge)) {
-            return;
-        }
-        m_ahead.emplace(inner);
-        m_bAheadIsNegative = ahead.kind == PatternNode::NegativeLookahead;
-    }
-    m_automaton.emplace(node);
-}
-
 QString CLinePattern::plainText(const QString &strPattern)
 {
     QString strPlain;
@@ -79,10 +43,10 @@ int CLinePattern::indexIn(const QString &strText, int nFrom) const
     if (!m_strPlain.isEmpty()) {
         return indexOfPlain(strText, nFrom);
     }
-    if (!m_bAutomatonMade) {
-        makeAutomaton();
+    if (!m_machine) {
+        m_machine.emplace(m_rx.pattern(), m_sensitivity);
     }
-    if (m_automaton && m_automaton->isUsable() && (!m_ahead || m_ahead->isUsable())) {
+    if (m_machine->isUsable()) {
         const int nStart = indexByAutomaton(strText, nFrom);
         if (nStart >= -1) {
             return nStart;
@@ -114,12 +78,13 @@ int CLinePattern::indexByAutomaton(const QString &strText, int nFrom) const
             if (m_sensitivity == Qt::CaseInsensitive && foldsToAscii(ch)) {
                 return -2;
             }
-            if (!m_automaton->mayStartWith(symbolOf(ch))) {
+            if (!m_machine->mayStartWith(symbolOf(ch))) {
                 continue;
             }
         }
-        const int nEnd = endOfMatch(strText, n);
-        if (isDoubtful(*m_automaton) || (m_ahead && isDoubtful(*m_ahead))) {
+        const int nEnd = m_machine->endOfMatch(strText, n);
+        if (!m_machine->isUsable()
+            || (m_sensitivity == Qt::CaseInsensitive && m_machine->takeDoubt())) {
             return -2;
         }
         if (nEnd >= 0) {
@@ -128,27 +93,5 @@ int CLinePattern::indexByAutomaton(const QString &strText, int nFrom) const
         }
     }
     m_nLength = -1;
-    return -1;
-}
-
-bool CLinePattern::isDoubtful(CPatternAutomaton &automaton) const
-{
-    return !automaton.isUsable() || (automaton.takeDoubt() && m_sensitivity == Qt::CaseInsensitive);
-}
-
-int CLinePattern::endOfMatch(const QString &strText, int nStart) const
-{
-    if (!m_ahead) {
-        return m_automaton->longestEnd(strText, nStart);
-    }
-    m_lstEnds.clear();
-    m_automaton->findEnds(strText, nStart, &m_lstEnds);
-    while (!m_lstEnds.empty()) {
-        const int nEnd = m_lstEnds.back();
-        m_lstEnds.pop_back();
-        if ((m_ahead->longestEnd(strText, nEnd) >= 0) != m_bAheadIsNegative) {
-            return nEnd;
-        }
-    }
     return -1;
 }

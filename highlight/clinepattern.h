@@ -1,6 +1,6 @@
 #pragma once
 
-#include "highlight/cpatternautomaton.h"
+#include "highlight/canchoredpattern.h"
 #include "highlight/requiredcharacters.h"
 
 #include <QRegExp>
@@ -32,23 +32,16 @@ public:
     static QString plainText(const QString &strPattern);
 
 private:
-    void makeAutomaton() const;
     int indexOfPlain(const QString &strText, int nFrom) const;
     int indexByAutomaton(const QString &strText, int nFrom) const;
-    bool isDoubtful(CPatternAutomaton &automaton) const;
-    int endOfMatch(const QString &strText, int nStart) const;
 
     bool m_bEmpty = true;
     bool m_bValid = true;
     Qt::CaseSensitivity m_sensitivity = Qt::CaseSensitive;
     RequiredCharacters m_required;
     QString m_strPlain;
-    // The pattern, and the lookahead at its end if it has one.
-    mutable std::optional<CPatternAutomaton> m_automaton;
-    mutable std::optional<CPatternAutomaton> m_ahead;
-    mutable bool m_bAheadIsNegative = false;
-    mutable bool m_bAutomatonMade = false;
+    // Made when it is first needed, which is in the thread that searches.
+    mutable std::optional<CAnchoredPattern> m_machine;
     QRegExp m_rx;
     mutable int m_nLength = -1;
-    mutable std::vector<int> m_lstEnds;
 };

@@ -17,7 +17,7 @@ int CLineStore::Chunk::offset(int nLine) const
 {
     int nOffset = 0;
     for (int n = 0; n < nLine; ++n) {
-        nOffset += lst[n].nLength;
+        nOffset += int(lst[n].nLength);
     }
     return nOffset;
 }
@@ -25,11 +25,11 @@ int CLineStore::Chunk::offset(int nLine) const
 void CLineStore::Chunk::insert(int nLine, int nCount, const std::function<QString()> &nextLine)
 {
     QString strNew;
-    lst.insert(lst.begin() + nLine, nCount, {0, -1, true});
+    lst.insert(lst.begin() + nLine, nCount, Entry {0, 1, -1});
     for (int n = nLine; n < nLine + nCount; ++n) {
         const QString strLine = nextLine();
         strNew += strLine;
-        lst[n].nLength = strLine.size();
+        lst[n].nLength = uint(strLine.size());
     }
     strText.insert(offset(nLine), strNew);
     nStale += nCount;
@@ -80,7 +80,7 @@ void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QSt
     // The line behind the edit was computed with this state; it stays valid if the state comes
     // again.
     const Position last = locate(nFirst + nOld - 1);
-    const qint8 nStateAtEnd = m_lstChunks[last.nChunk].lst[last.nLine].nState;
+    const int nStateAtEnd = m_lstChunks[last.nChunk].lst[last.nLine].nState;
     insert(nFirst + nOld, nNew, nextLine);
     remove(nFirst, nOld);
     const Position end = locate(nFirst + nNew - 1);
@@ -171,9 +171,9 @@ CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) c
             break;
         }
         batch.lst.push_back(
-            {chunk().strText.mid(nOffset, entry.nLength), entry.nState, entry.bStale});
-        nOffset += entry.nLength;
-        nChars += entry.nLength;
+            {chunk().strText.mid(nOffset, int(entry.nLength)), entry.nState, entry.bStale != 0});
+        nOffset += int(entry.nLength);
+        nChars += int(entry.nLength);
     }
     return batch;
 }
@@ -188,7 +188,7 @@ bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<Done>
         const Position at = locate(done.nLine);
         Chunk &chunk = m_lstChunks[at.nChunk];
         const bool bChanged = chunk.lst[at.nLine].nState != done.nState;
-        chunk.lst[at.nLine].nState = qint8(done.nState);
+        chunk.lst[at.nLine].nState = done.nState;
         chunk.setStale(at.nLine, false);
         m_lstUnderWay.push_back(done.nLine);
         if (bChanged && done.nLine + 1 < m_nCount) {

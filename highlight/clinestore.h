@@ -73,9 +73,9 @@ public:
 private:
     struct Entry
     {
-        int nLength;
-        qint8 nState;
-        bool bStale;
+        uint nLength : 31;
+        uint bStale : 1;
+        int nState;
     };
     // A run of lines, their texts end to end.
     struct Chunk

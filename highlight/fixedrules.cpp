@@ -68,11 +68,11 @@ const QChar *endOfOperator(const QChar *pch, const QChar *pchEnd)
 
 } // namespace
 
-void addNumbers(const QString &strText, std::vector<HighlightRange> *pRanges)
+void addNumbers(const QString &strText, int nFrom, int nTo, std::vector<HighlightRange> *pRanges)
 {
     const QChar *const pchBegin = strText.constData();
-    const QChar *const pchEnd = pchBegin + strText.size();
-    for (const QChar *pch = pchBegin; pch < pchEnd;) {
+    const QChar *const pchEnd = pchBegin + nTo;
+    for (const QChar *pch = pchBegin + nFrom; pch < pchEnd;) {
         const QChar *pchAfter = is(*pch, NumberStart) ? endOfNumber(pch, pchEnd) : pch;
         if (pchAfter == pch) {
             ++pch;
@@ -83,11 +83,11 @@ void addNumbers(const QString &strText, std::vector<HighlightRange> *pRanges)
     }
 }
 
-void addOperators(const QString &strText, std::vector<HighlightRange> *pRanges)
+void addOperators(const QString &strText, int nFrom, int nTo, std::vector<HighlightRange> *pRanges)
 {
     const QChar *const pchBegin = strText.constData();
-    const QChar *const pchEnd = pchBegin + strText.size();
-    for (const QChar *pch = pchBegin; pch < pchEnd;) {
+    const QChar *const pchEnd = pchBegin + nTo;
+    for (const QChar *pch = pchBegin + nFrom; pch < pchEnd;) {
         const bool bMayStart = isAscii(*pch)
             && ((arrAsciiFlags[pch->unicode()] & (Operator | BeforeEquals))
                 || *pch == QLatin1Char('='));

@@ -1,0 +1,157 @@
+#include "highlight/canchoredpattern.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int nMaxLookBehind = 64;
+
+bool isLookahead(const PatternNode &node)
+{
+    return node.kind == PatternNode::Lookahead || node.kind == PatternNode::NegativeLookahead;
+}
+
+bool holdsLookahead(const PatternNode &node)
+{
+    return node.contains(PatternNode::Lookahead) || node.contains(PatternNode::NegativeLookahead);
+}
+
+// QRegExp looks at anchors in a lookahead in a way of its own.
+bool isRunnableAhead(const PatternNode &node)
+{
+    return !holdsLookahead(node) && !node.contains(PatternNode::LineStart)
+        && !node.contains(PatternNode::WordEdge) && !node.contains(PatternNode::NoWordEdge);
+}
+
+bool isEmptySequence(const PatternNode &node)
+{
+    return node.kind == PatternNode::Nothing
+        || (node.kind == PatternNode::Sequence && node.children.empty());
+}
+
+bool beginsAtLineStart(const PatternNode &node)
+{
+    switch (node.kind) {
+    case PatternNode::LineStart:
+        return true;
+    case PatternNode::Sequence:
+        return !node.children.empty() && beginsAtLineStart(node.children.front());
+    case PatternNode::Choice:
+        return std::all_of(node.children.begin(), node.children.end(), beginsAtLineStart);
+    default:
+        return false;
+    }
+}
+
+PatternNode reversed(PatternNode node)
+{
+    for (PatternNode &child : node.children) {
+        child = reversed(std::move(child));
+    }
+    if (node.kind == PatternNode::Sequence) {
+        std::reverse(node.children.begin(), node.children.end());
+    } else if (node.kind == PatternNode::LineStart) {
+        node.kind = PatternNode::LineEnd;
+    } else if (node.kind == PatternNode::LineEnd) {
+        node.kind = PatternNode::LineStart;
+    }
+    return node;
+}
+
+} // namespace
+
+// A lookahead is a second machine, and only at the end of the pattern.
+CAnchoredPattern::CAnchoredPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity,
+                                   Direction direction)
+{
+    std::optional<PatternNode> read = readPattern(strPattern, sensitivity);
+    if (!read) {
+        return;
+    }
+    PatternNode &node = *read;
+    PatternNode ahead;
+    if (isLookahead(node)) {
+        std::swap(node, ahead);
+    } else if (node.kind == PatternNode::Sequence && isLookahead(node.children.back())) {
+        ahead = node.children.back();
+        node.children.pop_back();
+    }
+    const bool bAhead = ahead.kind != PatternNode::Nothing;
+    if (holdsLookahead(node) || (bAhead && !isRunnableAhead(ahead.children.front()))) {
+        return;
+    }
+    if (bAhead) {
+        m_ahead.emplace(ahead.children.front());
+        m_bAheadIsNegative = ahead.kind == PatternNode::NegativeLookahead;
+    }
+    m_automaton.emplace(direction == Backwards ? reversed(node) : node);
+    m_bOnlyAtLineStart = beginsAtLineStart(node);
+    findFirst(node);
+}
+
+void CAnchoredPattern::findFirst(const PatternNode &pattern)
+{
+    const bool bOnlyAhead = m_ahead && !m_bAheadIsNegative && isEmptySequence(pattern);
+    const CPatternAutomaton &automaton = bOnlyAhead ? *m_ahead : *m_automaton;
+    for (int n = 0; n < SymbolCount; ++n) {
+        m_first[size_t(n)] = automaton.mayStartWith(n);
+    }
+}
+
+bool CAnchoredPattern::isUsable() const
+{
+    return m_automaton && m_automaton->isUsable() && (!m_ahead || m_ahead->isUsable());
+}
+
+bool CAnchoredPattern::takeDoubt()
+{
+    const bool bHere = m_automaton && m_automaton->takeDoubt();
+    const bool bAhead = m_ahead && m_ahead->takeDoubt();
+    return bHere || bAhead;
+}
+
+int CAnchoredPattern::endOfMatch(const QString &strText, int nStart)
+{
+    if (!isUsable()) {
+        return -1;
+    }
+    if (!m_ahead) {
+        return m_automaton->longestEnd(strText, nStart);
+    }
+    m_lstEnds.clear();
+    m_automaton->findEnds(strText, nStart, &m_lstEnds);
+    while (!m_lstEnds.empty() && !isFollowedRightly(strText, m_lstEnds.back())) {
+        m_lstEnds.pop_back();
+    }
+    return m_lstEnds.empty() ? -1 : m_lstEnds.back();
+}
+
+bool CAnchoredPattern::isFollowedRightly(const QString &strText, int nEnd)
+{
+    return !m_ahead || (m_ahead->longestEnd(strText, nEnd) >= 0) != m_bAheadIsNegative;
+}
+
+void CAnchoredPattern::findEnds(const QString &strText, int nStart, std::vector<int> *pEnds)
+{
+    if (!isUsable()) {
+        return;
+    }
+    const auto nBefore = std::ptrdiff_t(pEnds->size());
+    m_automaton->findEnds(strText, nStart, pEnds);
+    const auto isWrong = [&](int nEnd) { return !isFollowedRightly(strText, nEnd); };
+    pEnds->erase(std::remove_if(pEnds->begin() + nBefore, pEnds->end(), isWrong), pEnds->end());
+}
+
+bool CAnchoredPattern::matchesBefore(const QString &strText, int nEnd)
+{
+    const int nFrom = std::max(0, nEnd - nMaxLookBehind);
+    QString strBackwards;
+    strBackwards.reserve(nEnd - nFrom + 1);
+    for (int n = nEnd - 1; n >= nFrom; --n) {
+        strBackwards += strText.at(n);
+    }
+    if (nFrom > 0) {
+        strBackwards += QChar(QChar::ReplacementCharacter); // not the line's start
+    }
+    return isUsable() && m_automaton->longestEnd(strBackwards, 0) >= 0;
+}

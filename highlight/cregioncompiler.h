@@ -1,0 +1,44 @@
+#pragma once
+
+#include "highlight/cregionrules.h"
+
+#include <QMap>
+#include <QStringList>
+
+// Turns the elements of a definition's regions into contexts and rules.
+class CRegionCompiler
+{
+public:
+    CRegionCompiler(QStringList lstLanguages, Qt::CaseSensitivity sensitivity);
+
+    void compile(const QVariantMap &mapRegions);
+
+    std::vector<RegionContext> m_lstContexts;
+    std::vector<RegionRule> m_lstRules;
+    std::vector<int> m_lstAnywhere;
+
+private:
+    // What is filled in when all elements have been seen.
+    struct Reference
+    {
+        int nContext;
+        QString strNext;
+        QStringList lstGroups;
+    };
+
+    CAnchoredPattern pattern(const QString &str) const;
+    std::vector<int> compileChildren(const QVariantMap &mapElement);
+    int compileToken(const QVariantMap &mapElement);
+    int compileRegion(const QVariantMap &mapElement);
+    int compileContext(const QVariantMap &mapElement);
+    int addEnd(const QString &strEnd);
+    int addBegin(const QVariantMap &mapElement, int nContext);
+    int addRule(const RegionRule &rule);
+    void resolve();
+
+    const QStringList m_lstLanguages;
+    const Qt::CaseSensitivity m_sensitivity;
+    QMap<QString, std::vector<int>> m_mapGroups;
+    QMap<QString, int> m_mapNamed;
+    std::vector<Reference> m_lstReferences;
+};

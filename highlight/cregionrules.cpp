@@ -1,0 +1,72 @@
+#include "highlight/cregionrules.h"
+
+#include "highlight/cregioncompiler.h"
+
+#include <algorithm>
+
+namespace {
+
+// What a match of the rule may begin with; what follows an empty start is not looked at.
+SymbolSet symbolsOf(const RegionRule &rule)
+{
+    const CAnchoredPattern &first = rule.bHasStart ? rule.start : rule.key;
+    SymbolSet set;
+    for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+        set[size_t(nSymbol)] = first.mayStartWith(nSymbol);
+    }
+    const bool bKeyFirst = rule.bHasKey && !rule.bHasStart;
+    if (bKeyFirst && rule.kind == RegionRule::Nest) {
+        set.reset();
+        for (const char ch : {'(', '[', '{', '<'}) {
+            set.set(uchar(ch));
+        }
+    } else if (bKeyFirst && rule.kind == RegionRule::End) {
+        set.set();
+    }
+    return set;
+}
+
+} // namespace
+
+CRegionRules::CRegionRules(const QVariantMap &mapRegions, const QStringList &lstLanguages,
+                           Qt::CaseSensitivity sensitivity)
+{
+    CRegionCompiler compiler(lstLanguages, sensitivity);
+    compiler.compile(mapRegions);
+    m_lstContexts = std::move(compiler.m_lstContexts);
+    m_lstRules = std::move(compiler.m_lstRules);
+    m_lstAnywhere = std::move(compiler.m_lstAnywhere);
+    const QString strBase = mapRegions.value(QStringLiteral("attributes"))
+                                .toMap()
+                                .value(QStringLiteral("language"))
+                                .toString();
+    m_nBaseLanguage = lstLanguages.indexOf(strBase);
+    fillSymbols();
+}
+
+void CRegionRules::fillSymbols()
+{
+    std::vector<SymbolSet> lstSymbols;
+    for (RegionRule &rule : m_lstRules) {
+        lstSymbols.push_back(symbolsOf(rule));
+        if (!rule.bHasStart || !rule.start.isOnlyAtLineStart()) {
+            rule.first = lstSymbols.back();
+        }
+    }
+    for (RegionContext &context : m_lstContexts) {
+        context.lstRules.resize(std::min(context.lstRules.size(), nMaxRules));
+        for (size_t nBit = 0; nBit < context.lstRules.size(); ++nBit) {
+            const auto nRule = size_t(context.lstRules[nBit]);
+            const RegionRule &rule = m_lstRules[nRule];
+            for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+                context.arrRules[nSymbol] |= quint64(rule.first[nSymbol]) << nBit;
+                context.arrRulesAtLineStart[nSymbol] |= quint64(lstSymbols[nRule][nSymbol])
+                    << nBit;
+            }
+            context.nRulesAtLineEnd |= quint64(rule.kind == RegionRule::End) << nBit;
+        }
+    }
+    for (const int nRule : m_lstAnywhere) {
+        m_anywhere |= lstSymbols[size_t(nRule)];
+    }
+}

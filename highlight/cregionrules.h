@@ -1,0 +1,90 @@
+#pragma once
+
+#include "highlight/canchoredpattern.h"
+
+#include <QString>
+#include <QVariant>
+#include <array>
+#include <vector>
+
+// What the text of a region is. Plain text is code without keywords, numbers and operators.
+enum class RegionRole : quint8 { Code, Plain, Comment, String };
+
+// A place where a region begins or ends, or a text that is passed over as a whole.
+struct RegionRule
+{
+    enum Kind { Token, Begin, Nest, End };
+
+    Kind kind = Token;
+    RegionRole role = RegionRole::Code; // of a token that has a role of its own
+    bool bHasRole = false;
+    int nContext = -1; // that begins
+    bool bFromNextLine = false;
+    // A key stands between start and then. To begin a region it is what the pattern matches, to end
+    // one what it was at the beginning, or its partner.
+    bool bHasKey = false;
+    bool bMirrored = false;
+    CAnchoredPattern start; // not used where there is none
+    CAnchoredPattern key;
+    CAnchoredPattern then;
+    CAnchoredPattern after;
+    bool bHasStart = false;
+    bool bHasThen = false;
+    bool bHasAfter = false;
+    SymbolSet first; // what a match begins with behind a line's start
+};
+
+// What holds inside one region. Context 0 of a language is its text outside of all regions.
+struct RegionContext
+{
+    enum Lines { One, Backslash, Many, Indented };
+
+    RegionRole role = RegionRole::Code;
+    Lines lines = Many;
+    bool bFirm = false; // the end counts inside of all that it holds
+    bool bFromNextLine = false; // neither start nor end are of the region
+    int nSecond = -1; // the context of the second half of a region of two
+    int nNext = -1; // the context that begins where this one ends
+    int nEmbedded = -1; // the language inside
+    int nEnd = -1; // the rule that ends it
+    std::vector<int> lstRules; // the first that matches counts; 64 at most
+    // For each symbol the rules whose match may begin with it, as bits; in the second at a line's
+    // start.
+    std::array<quint64, SymbolCount> arrRules {};
+    std::array<quint64, SymbolCount> arrRulesAtLineStart {};
+    quint64 nRulesAtLineEnd = 0; // that may match there without a character
+};
+
+// The regions that a definition declares: strings, comments and whatever else has a start and an
+// end. Not to be used by two threads at a time: searching extends the patterns' machines.
+class CRegionRules
+{
+public:
+    static constexpr size_t nMaxRules = 64; // of one context
+
+    // Declares nothing.
+    CRegionRules() = default;
+    // mapRegions as the registry reads the element "regions"; lstLanguages are the names by which
+    // embedded languages are numbered.
+    CRegionRules(const QVariantMap &mapRegions, const QStringList &lstLanguages,
+                 Qt::CaseSensitivity sensitivity);
+
+    bool isEmpty() const { return m_lstContexts.empty(); }
+    int contextCount() const { return int(m_lstContexts.size()); }
+    const RegionContext &context(int n) const { return m_lstContexts[size_t(n)]; }
+    RegionRule &rule(int n) const { return m_lstRules[size_t(n)]; }
+    // The language of the text outside of all regions, -1 when it is the own one.
+    int baseLanguage() const { return m_nBaseLanguage; }
+    // Rules that count in the base language and in all that it embeds.
+    const std::vector<int> &rulesAnywhere() const { return m_lstAnywhere; }
+    const SymbolSet &symbolsAnywhere() const { return m_anywhere; }
+
+private:
+    void fillSymbols();
+
+    std::vector<RegionContext> m_lstContexts;
+    mutable std::vector<RegionRule> m_lstRules;
+    std::vector<int> m_lstAnywhere;
+    SymbolSet m_anywhere;
+    int m_nBaseLanguage = -1;
+};

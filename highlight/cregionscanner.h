@@ -1,0 +1,74 @@
+#pragma once
+
+#include "highlight/cregionrules.h"
+#include "highlight/regionstate.h"
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+// A part of a line that is of one region or language.
+struct RegionSpan
+{
+    int nStart;
+    int nEnd;
+    RegionRole role;
+    int nLanguage; // of code
+};
+
+// Divides one line into the parts that its definition's regions make of it. To be made for each
+// line.
+class CRegionScanner
+{
+public:
+    // Gives the regions of a language of the definition, the definition's own being 0. The answer
+    // has to stay where it is.
+    using Languages = std::function<const CRegionRules &(int nLanguage)>;
+
+    // Of what holds the text, and stack as the line before left it.
+    CRegionScanner(const QString &strText, RegionStack stack, const Languages &languages);
+
+    // The parts of the line, without a gap; those that are alike are one.
+    std::vector<RegionSpan> scan();
+    // What the line leaves open; after scan().
+    const RegionStack &stack() const { return m_stack; }
+    RegionRole roleAtEnd() const { return m_pContext->role; }
+
+private:
+    RegionFrame top() const;
+    const RegionContext &contextOf(const RegionFrame &frame) const;
+    void look();
+
+    void dropDedented();
+    int nextCandidate(int nFrom) const;
+    bool applyAt(int nAt);
+    bool applyOverride(int nAt);
+    bool apply(const CRegionRules &rules, int nRule, int nAt);
+    bool begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt);
+    void push(const RegionFrame &frame, int nAt, int nBehind);
+    void end(size_t nDepth, int nAt, int nBehind);
+    void beginSecond(const RegionFrame &first, const RegionContext &context);
+    int endOfBegin(RegionRule &rule, int nAt, QString *pKey);
+    int endOfEnd(RegionRule &rule, int nAt, const QString &strKey);
+    bool isContinued() const;
+    void endLine();
+    void flush(int nTo);
+
+    const QString &m_strText;
+    RegionStack m_stack;
+    const Languages &m_languages;
+    RegionStack m_lstPending; // begin with the next line
+    std::vector<RegionSpan> m_lstSpans;
+    std::vector<int> m_lstEnds;
+    int m_nAt = 0; // where the search goes on
+    int m_nFrom = 0; // where the part under way began
+    int m_nIndentation = -1;
+    // Of the innermost region.
+    const CRegionRules *m_pRules = nullptr;
+    const RegionContext *m_pContext = nullptr;
+    int m_nLanguage = 0;
+    // Ends further out that count here, and starts that count anywhere.
+    bool m_bFirmBelow = false;
+    const CRegionRules *m_pAnywhere = nullptr;
+    SymbolSet m_overrides; // what they begin with
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <unordered_map>
+#include <vector>
+
+// A region that is open: which one, of which language of a definition, and the text that its end
+// depends on.
+struct RegionFrame
+{
+    int nLanguage;
+    int nContext;
+    QString strKey;
+
+    bool operator==(const RegionFrame &other) const
+    {
+        return nLanguage == other.nLanguage && nContext == other.nContext && strKey == other.strKey;
+    }
+};
+
+// The regions that are open at one place, the innermost last.
+using RegionStack = std::vector<RegionFrame>;
+
+// Gives stacks numbers, so that the state at the end of a line is one integer. The number follows
+// from the stack, not from the order in which stacks come. 0 is the empty stack, and what a full
+// table answers to a new one. Not to be used by two threads at a time.
+class CRegionStates
+{
+public:
+    static constexpr int nMaxNumber = (1 << 25) - 1;
+
+    int numberOf(const RegionStack &stack);
+    // The empty stack for a number that the table did not give.
+    const RegionStack &stackOf(int nNumber) const;
+
+private:
+    std::unordered_map<int, RegionStack> m_mapStacks;
+};
