@@ -15,9 +15,9 @@ const CSameRules &rulesOf(int nChoice)
     const QList<QVariant> lstEntries = s_registry.table().values();
     require(!lstEntries.isEmpty(), "there are definitions");
     const int nEntry = nChoice % lstEntries.size();
-    const QString strPath = lstEntries.at(nEntry).toMap().value(QStringLiteral("path")).toString();
+    const QString strName = lstEntries.at(nEntry).toMap().value(QStringLiteral("name")).toString();
     if (s_mapRules.find(nEntry) == s_mapRules.end())
-        s_mapRules.emplace(nEntry, CHighlightMgt::parse(strPath));
+        s_mapRules.emplace(nEntry, s_registry.definitionForName(strName));
     return s_mapRules.at(nEntry);
 }
 

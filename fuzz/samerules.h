@@ -9,12 +9,15 @@
 #include <algorithm>
 
 // One definition's rules as the program has them and as they read literally; both have to say the
-// same of every line.
+// same of every line. Where the definition declares regions, rules made anew have to say the same.
 class CSameRules
 {
 public:
     explicit CSameRules(const QVariantMap &mapDefinition)
-        : m_rules(mapDefinition), m_literal(mapDefinition)
+        : m_rules(mapDefinition),
+          m_again(mapDefinition),
+          m_literal(mapDefinition),
+          m_bRegions(mapDefinition.contains(QStringLiteral("regions")))
     {
     }
 
@@ -35,7 +38,14 @@ private:
                         && range.nStart + range.nLength <= strLine.size(),
                     "ranges lie within the line");
         }
-        require(isSame(line, m_literal.highlight(strLine, nState)), "the rules as they read");
+        require(line.nState >= 0, "a state that a block can carry");
+        HighlightLine again;
+        if (m_bRegions) {
+            m_again.highlight(strLine, nState, &again);
+        } else {
+            again = m_literal.highlight(strLine, nState);
+        }
+        require(isSame(line, again), "the rules as they read");
         return line.nState;
     }
 
@@ -50,5 +60,7 @@ private:
     }
 
     CHighlightRules m_rules;
+    CHighlightRules m_again;
     CLiteralRules m_literal;
+    bool m_bRegions;
 };

@@ -1,6 +1,7 @@
 #include "highlight/chighlightmgt.h"
 
 #include "app/xmlguard.h"
+#include "highlight/modeline.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -156,10 +157,10 @@ void collectLanguages(const QVariantMap &mapElement, QStringList *pNames)
     }
 }
 
-// The registry table of a folder. Any thread.
-QMap<QString, QVariant> scanFolder(const QDir &dir)
+// What is kept of the definitions of a folder. Any thread.
+DefinitionRegistry scanFolder(const QDir &dir)
 {
-    QMap<QString, QVariant> mapTable;
+    DefinitionRegistry registry;
     const QFileInfoList lstFiles =
         dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
     for (const QFileInfo &info : lstFiles) {
@@ -171,13 +172,23 @@ QMap<QString, QVariant> scanFolder(const QDir &dir)
         const QStringList lstPatterns =
             attribute(root, "extensions").split(QLatin1Char(';'), Qt::KeepEmptyParts);
         const QString strBaseName = info.baseName();
-        mapTable.insert(strBaseName,
-                        QVariantMap {{QStringLiteral("path"), info.absoluteFilePath()},
-                                     {QStringLiteral("extension"), lstPatterns},
-                                     {QStringLiteral("name"), attribute(root, "name")},
-                                     {QStringLiteral("file_base_name"), strBaseName}});
+        registry.mapTable.insert(strBaseName,
+                                 QVariantMap {{QStringLiteral("path"), info.absoluteFilePath()},
+                                              {QStringLiteral("extension"), lstPatterns},
+                                              {QStringLiteral("name"), attribute(root, "name")},
+                                              {QStringLiteral("file_base_name"), strBaseName}});
+        registry.mapFirstLines.insert(
+            strBaseName,
+            {attribute(root, "aliases").split(QLatin1Char(';'), Qt::SkipEmptyParts)
+                 + QStringList {attribute(root, "name"), strBaseName},
+             attribute(root, "firstline")});
     }
-    return mapTable;
+    return registry;
+}
+
+QString pathOf(const QVariant &entry)
+{
+    return entry.toMap().value(QStringLiteral("path")).toString();
 }
 
 QDir programFolder()
@@ -195,18 +206,23 @@ CHighlightMgt::CHighlightMgt(QObject *pParent)
 }
 
 CHighlightMgt::CHighlightMgt(const QString &strFolder, QObject *pParent)
-    : QObject(pParent), m_mapTable(scanFolder(QDir(strFolder)))
+    : QObject(pParent), m_registry(scanFolder(QDir(strFolder)))
 {
 }
 
 const QMap<QString, QVariant> &CHighlightMgt::table() const
 {
     if (m_scan.valid())
-        m_mapTable = m_scan.get();
-    return m_mapTable;
+        m_registry = m_scan.get();
+    return m_registry.mapTable;
 }
 
 QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
+{
+    return withEmbedded(parse(pathForFile(strFileName)));
+}
+
+QString CHighlightMgt::pathForFile(const QString &strFileName) const
 {
     for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
@@ -214,11 +230,39 @@ QVariantMap CHighlightMgt::definitionForFile(const QString &strFileName) const
         for (const QString &strPattern : lstPatterns) {
             if (QRegExp(strPattern, Qt::CaseInsensitive, QRegExp::WildcardUnix)
                     .exactMatch(strFileName)) {
-                return withEmbedded(parse(mapEntry.value(QStringLiteral("path")).toString()));
+                return pathOf(entry);
             }
         }
     }
-    return QVariantMap();
+    return QString();
+}
+
+QVariantMap CHighlightMgt::definitionForContent(const QString &strFileName,
+                                                const QStringList &lstFirstLines) const
+{
+    QString strPath = pathForFile(strFileName);
+    if (strPath.isEmpty() && !strFileName.contains(QLatin1Char('.'))) {
+        strPath = pathForFirstLines(lstFirstLines);
+    }
+    return withEmbedded(parse(strPath));
+}
+
+QString CHighlightMgt::pathForFirstLines(const QStringList &lstFirstLines) const
+{
+    const QString strMode = modeOf(lstFirstLines);
+    const QString strFirst = lstFirstLines.value(0);
+    const QMap<QString, QVariant> &mapTable = table();
+    QString strKeyByPattern;
+    for (auto it = m_registry.mapFirstLines.begin(); it != m_registry.mapFirstLines.end(); ++it) {
+        if (!strMode.isEmpty() && it->lstNames.contains(strMode, Qt::CaseInsensitive)) {
+            return pathOf(mapTable.value(it.key()));
+        }
+        if (strKeyByPattern.isEmpty() && !it->strPattern.isEmpty()
+            && QRegExp(it->strPattern, Qt::CaseInsensitive).indexIn(strFirst) == 0) {
+            strKeyByPattern = it.key();
+        }
+    }
+    return pathOf(mapTable.value(strKeyByPattern));
 }
 
 QVariantMap CHighlightMgt::definitionForName(const QString &strName) const
@@ -231,7 +275,7 @@ QString CHighlightMgt::pathForName(const QString &strName) const
     for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
         if (mapEntry.value(QStringLiteral("name")).toString() == strName) {
-            return mapEntry.value(QStringLiteral("path")).toString();
+            return pathOf(entry);
         }
     }
     return QString();

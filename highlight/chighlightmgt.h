@@ -6,6 +6,19 @@
 #include <QVariant>
 #include <future>
 
+// What is kept of all definition files, under their base names.
+struct DefinitionRegistry
+{
+    struct FirstLine
+    {
+        QStringList lstNames; // by which mode lines and programs call the language
+        QString strPattern; // of what its files begin with
+    };
+
+    QMap<QString, QVariant> mapTable;
+    QMap<QString, FirstLine> mapFirstLines;
+};
+
 // The registry of language definition files. It is built once from a folder and keeps a small entry
 // per file; every lookup reads and parses the file again, so that an edited file counts at once.
 // GUI thread only. Nothing is reported: a file that cannot be read is simply no definition.
@@ -26,6 +39,11 @@ public:
     // The definition whose patterns match the whole of strFileName, letter case ignored; empty when
     // there is none. Give the bare file name: a pattern without "*" does not match a path.
     QVariantMap definitionForFile(const QString &strFileName) const;
+    // The same, and for a name without a suffix that no definition claims the one that the first
+    // lines of the text speak for: a mode line of Emacs or Vim, the program behind "#!", or what
+    // files of the language begin with.
+    QVariantMap definitionForContent(const QString &strFileName,
+                                     const QStringList &lstFirstLines) const;
     // The definition with exactly this name; empty when there is none.
     QVariantMap definitionForName(const QString &strName) const;
 
@@ -37,11 +55,13 @@ public:
     static QVariantMap parseBytes(const QByteArray &bytes);
 
 private:
+    QString pathForFile(const QString &strFileName) const;
     QString pathForName(const QString &strName) const;
+    QString pathForFirstLines(const QStringList &lstFirstLines) const;
     QVariantMap withEmbedded(QVariantMap mapDefinition) const;
 
     // The program's own folder is read on a thread, while the program builds its window; the first
     // look at the table waits for it.
-    mutable std::future<QMap<QString, QVariant>> m_scan;
-    mutable QMap<QString, QVariant> m_mapTable;
+    mutable std::future<DefinitionRegistry> m_scan;
+    mutable DefinitionRegistry m_registry;
 };

@@ -134,8 +134,7 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
         if (span.role == RegionRole::Comment || span.role == RegionRole::String) {
             const bool bComment = span.role == RegionRole::Comment;
             pLine->lstRanges.push_back({span.nStart, span.nEnd - span.nStart,
-                                        bComment ? HighlightRole::Comment
-                                                 : HighlightRole::String});
+                                        bComment ? HighlightRole::Comment : HighlightRole::String});
         }
     }
     pLine->nState = (m_states.numberOf(scanner.stack()) << nStateBits)

@@ -19,17 +19,6 @@ std::optional<CLinePattern> ownPattern(const QVariantMap &mapRegions, const QStr
     return std::nullopt;
 }
 
-void addMatches(const CLinePattern &pattern, const QString &strText, int nFrom, int nTo,
-                HighlightRole role, std::vector<HighlightRange> *pRanges)
-{
-    int nStart = pattern.indexIn(strText, nFrom);
-    while (nStart >= 0 && nStart < nTo && pattern.matchedLength() > 0) {
-        const int nEnd = std::min(nTo, nStart + pattern.matchedLength());
-        pRanges->push_back({nStart, nEnd - nStart, role});
-        nStart = pattern.indexIn(strText, nEnd);
-    }
-}
-
 } // namespace
 
 CLanguage::CLanguage(const QVariantMap &mapDefinition, const QStringList &lstLanguages)
@@ -99,17 +88,38 @@ bool CLanguage::CCode::add(int nFrom, int nTo, bool *pInsideTag,
                            std::vector<HighlightRange> *pRanges, const AbortCheck &isAborted)
 {
     if (m_language.m_numbers) {
-        addMatches(*m_language.m_numbers, m_strText, nFrom, nTo, HighlightRole::Number, pRanges);
+        addMatches(*m_language.m_numbers, nFrom, nTo, HighlightRole::Number, &m_nextNumber,
+                   pRanges);
     } else {
         addNumbers(m_strText, nFrom, nTo, pRanges);
     }
     if (m_language.m_operators) {
-        addMatches(*m_language.m_operators, m_strText, nFrom, nTo, HighlightRole::Operator,
+        addMatches(*m_language.m_operators, nFrom, nTo, HighlightRole::Operator, &m_nextOperator,
                    pRanges);
     } else {
         addOperators(m_strText, nFrom, nTo, pRanges);
     }
     return addKeywords(nFrom, nTo, pInsideTag, pRanges, isAborted);
+}
+
+void CLanguage::CCode::addMatches(const CLinePattern &pattern, int nFrom, int nTo,
+                                  HighlightRole role, Next *pNext,
+                                  std::vector<HighlightRange> *pRanges) const
+{
+    const auto search = [&](int nAt) {
+        pNext->nFrom = nAt;
+        pNext->nStart = pattern.indexIn(m_strText, nAt);
+        pNext->nLength = pattern.matchedLength();
+    };
+    const bool bAhead = pNext->nStart < 0 || pNext->nStart >= nFrom;
+    if (pNext->nFrom < 0 || pNext->nFrom > nFrom || !bAhead) {
+        search(nFrom);
+    }
+    while (pNext->nStart >= 0 && pNext->nStart < nTo && pNext->nLength > 0) {
+        const int nEnd = std::min(nTo, pNext->nStart + pNext->nLength);
+        pRanges->push_back({pNext->nStart, nEnd - pNext->nStart, role});
+        search(nEnd);
+    }
 }
 
 bool CLanguage::CCode::addKeywords(int nFrom, int nTo, bool *pInsideTag,

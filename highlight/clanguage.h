@@ -35,12 +35,25 @@ public:
                  const AbortCheck &isAborted);
 
     private:
+        // The next match of a pattern, kept for the part behind: a long line with many parts is not
+        // searched to its end for each of them.
+        struct Next
+        {
+            int nFrom = -1; // where the search began; -1: not yet
+            int nStart = -1;
+            int nLength = 0;
+        };
+
+        void addMatches(const CLinePattern &pattern, int nFrom, int nTo, HighlightRole role,
+                        Next *pNext, std::vector<HighlightRange> *pRanges) const;
         bool addKeywords(int nFrom, int nTo, bool *pInsideTag, std::vector<HighlightRange> *pRanges,
                          const AbortCheck &isAborted);
 
         const CLanguage &m_language;
         const QString &m_strText;
         CKeywordMatcher::CSearch m_search;
+        Next m_nextNumber;
+        Next m_nextOperator;
     };
 
 private:

@@ -12,9 +12,7 @@ QString attribute(const QVariantMap &mapElement, const char *pszName)
 
 bool hasAttribute(const QVariantMap &mapElement, const char *pszName)
 {
-    return mapElement.value(QStringLiteral("attributes"))
-        .toMap()
-        .contains(QLatin1String(pszName));
+    return mapElement.value(QStringLiteral("attributes")).toMap().contains(QLatin1String(pszName));
 }
 
 bool isTrue(const QVariantMap &mapElement, const char *pszName)
@@ -134,8 +132,8 @@ int CRegionCompiler::compileContext(const QVariantMap &mapElement)
     context.role = roleOf(mapElement);
     context.lines = linesOf(mapElement, context.role);
     context.bFromNextLine = isTrue(mapElement, "nextline");
-    context.nEmbedded = m_lstLanguages.indexOf(attribute(mapElement, "language"));
-    context.bFirm = context.bFromNextLine || context.nEmbedded >= 0;
+    context.nEmbedded = m_lstLanguages.indexOf(attribute(mapElement, "language"), 1);
+    context.bFirm = context.bFromNextLine || context.nEmbedded >= 0 || isTrue(mapElement, "firm");
     const QString strEnd = attribute(mapElement, "end");
     const QString strSkip = attribute(mapElement, "skip");
     if (!strSkip.isEmpty()) {

@@ -40,7 +40,7 @@ CRegionRules::CRegionRules(const QVariantMap &mapRegions, const QStringList &lst
                                 .toMap()
                                 .value(QStringLiteral("language"))
                                 .toString();
-    m_nBaseLanguage = lstLanguages.indexOf(strBase);
+    m_nBaseLanguage = lstLanguages.indexOf(strBase, 1);
     fillSymbols();
 }
 
@@ -60,8 +60,7 @@ void CRegionRules::fillSymbols()
             const RegionRule &rule = m_lstRules[nRule];
             for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
                 context.arrRules[nSymbol] |= quint64(rule.first[nSymbol]) << nBit;
-                context.arrRulesAtLineStart[nSymbol] |= quint64(lstSymbols[nRule][nSymbol])
-                    << nBit;
+                context.arrRulesAtLineStart[nSymbol] |= quint64(lstSymbols[nRule][nSymbol]) << nBit;
             }
             context.nRulesAtLineEnd |= quint64(rule.kind == RegionRule::End) << nBit;
         }

@@ -3,7 +3,7 @@
 namespace {
 
 constexpr size_t nMaxDepth = 24;
-constexpr int nMaxKey = 64;
+constexpr int nMaxKey = 250;
 constexpr int nMaxInPlace = 50;
 
 // Columns that the line's blanks take, -1 when it has nothing else.
@@ -217,8 +217,8 @@ bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLan
         frame.strKey = top().strKey;
         const bool bKeyIsHere = rule.bHasKey && mirrored(frame.strKey) != frame.strKey
             && m_strText.at(nAt) == frame.strKey.at(0);
-        nBehind = rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1)
-                               : rule.start.endOfMatch(m_strText, nAt);
+        nBehind =
+            rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_strText, nAt);
     } else {
         nBehind = endOfBegin(rule, nAt, &frame.strKey);
     }

@@ -1,4 +1,5 @@
 #include "definitionfile.h"
+#include "highlight/canchoredpattern.h"
 
 #include <QMap>
 #include <QSet>
@@ -159,6 +160,26 @@ QStringList patternFaults(const DefinitionFile &file)
             faults << p.origin + " is not valid: " + p.pattern.errorString();
         else if (QRegExp(p.pattern).indexIn(QString()) >= 0)
             faults << p.origin + " matches nothing at all";
+    }
+    return faults;
+}
+
+QStringList regionFaults(const DefinitionFile &file)
+{
+    QStringList faults;
+    for (const auto &[attribute, pattern] : file.regionPatterns) {
+        const auto direction = attribute == QLatin1String("after") ? CAnchoredPattern::Backwards
+                                                                   : CAnchoredPattern::Forwards;
+        if (!CAnchoredPattern(pattern, sensitivityOf(file), direction).isUsable())
+            faults << QStringLiteral("%1: %2 cannot be run").arg(attribute, pattern);
+    }
+    for (const QString &group : file.groupsUsed) {
+        if (group != QLatin1String("top") && !file.groups.contains(group))
+            faults << QStringLiteral("there is no group %1").arg(group);
+    }
+    for (const QString &name : file.namesUsed) {
+        if (!file.names.contains(name))
+            faults << QStringLiteral("there is no region %1").arg(name);
     }
     return faults;
 }

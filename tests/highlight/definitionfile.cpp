@@ -51,6 +51,34 @@ void readHighlighting(const QDomElement &highlighting, DefinitionFile *file)
     }
 }
 
+// The end of a region holds its key, which is no pattern.
+void addRegionPattern(const QString &attribute, const QString &value, DefinitionFile *file)
+{
+    for (const QString &part : QString(value).replace("%2", "%1").split("%1")) {
+        if (!part.isEmpty())
+            file->regionPatterns.append({attribute, part});
+    }
+}
+
+void readRegions(const QDomElement &parent, DefinitionFile *file)
+{
+    for (const QDomElement &e : elementsOf(parent)) {
+        for (const char *attribute : {"start", "key", "then", "after", "end", "skip", "nests"})
+            addRegionPattern(attribute, e.attribute(attribute), file);
+        if (e.tagName() == QLatin1String("token"))
+            addRegionPattern("pattern", e.attribute("pattern"), file);
+        if (e.hasAttribute("name"))
+            (e.tagName() == QLatin1String("group") ? file->groups : file->names)
+                << e.attribute("name");
+        file->groupsUsed << e.attribute("inner").split(' ', Qt::SkipEmptyParts);
+        if (e.hasAttribute("next"))
+            file->namesUsed << e.attribute("next");
+        if (e.hasAttribute("language"))
+            file->languagesUsed << e.attribute("language");
+        readRegions(e, file);
+    }
+}
+
 } // namespace
 
 DefinitionFile readDefinition(const QString &path)
@@ -73,5 +101,9 @@ DefinitionFile readDefinition(const QString &path)
     file.patterns = root.attribute("extensions").split(';');
     readGeneral(root.firstChildElement("general"), &file);
     readHighlighting(root.firstChildElement("highlighting"), &file);
+    const QDomElement regions = root.firstChildElement("regions");
+    if (regions.hasAttribute("language"))
+        file.languagesUsed << regions.attribute("language");
+    readRegions(regions, &file);
     return file;
 }

@@ -28,6 +28,9 @@ struct DefinitionFile
     QVector<Comment> comments;
     QVector<List> lists;
     QString tagOpen, tagClose;
+    QVector<QPair<QString, QString>> regionPatterns; // attribute and pattern
+    QStringList groups, names; // that the regions declare
+    QStringList groupsUsed, namesUsed, languagesUsed;
 };
 
 // A pattern together with where it stands in the file, for messages.
@@ -55,6 +58,8 @@ QStringList commentFaults(const DefinitionFile &file);
 QStringList listFaults(const DefinitionFile &file);
 QStringList keywordFaults(const DefinitionFile &file);
 QStringList patternFaults(const DefinitionFile &file);
+// Patterns that regions cannot run, and groups and regions that are named but not there.
+QStringList regionFaults(const DefinitionFile &file);
 // Searches lines of 10,000 equal characters; 50 ms of processor time is the bound for one line.
 QStringList slownessFaults(const DefinitionFile &file);
 // Claims of one name or one pattern by two files, and patterns that another file answers first.

@@ -1,9 +1,13 @@
 #include "definitionfile.h"
+#include "highlight/chighlightmgt.h"
+#include "highlight/chighlightrules.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <ctime>
 
 Q_DECLARE_METATYPE(DefinitionFile)
 
@@ -24,7 +28,10 @@ private slots:
     void definition_hasASample_data() { addFileRows(); }
     void definition_hasASample();
 
+    void definition_isFastWithItsRegions_data() { addFileRows(); }
+    void definition_isFastWithItsRegions();
     void noTwoDefinitions_claimTheSame();
+    void embeddedLanguages_areThere();
     void languagesOfTheMenu_areThere();
 
     void fault_isFound_data();
@@ -98,7 +105,7 @@ void tst_definitions::definition_hasNoFault()
 {
     QFETCH(DefinitionFile, file);
     const QStringList faults = attributeFaults(file) + commentFaults(file) + listFaults(file)
-        + keywordFaults(file) + patternFaults(file);
+        + keywordFaults(file) + patternFaults(file) + regionFaults(file);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
 }
 
@@ -107,6 +114,27 @@ void tst_definitions::definition_isFastOnLongLines()
     QFETCH(DefinitionFile, file);
     const QStringList faults = slownessFaults(file);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+}
+
+// All that the program does with a line, in processor time.
+void tst_definitions::definition_isFastWithItsRegions()
+{
+    QFETCH(DefinitionFile, file);
+    const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
+    const CHighlightRules rules(registry.definitionForName(file.name));
+    HighlightLine line;
+    for (const QChar c : QStringLiteral("a \t\"'`\\/#$<>{}()[]-*%@:;=&!|~0")) {
+        for (const QString &text :
+             {QString(10000, c), QStringLiteral("a%1").arg(c).repeated(5000)}) {
+            double best = 1;
+            for (int i = 0; i < 3 && best > 0.1; ++i) {
+                const std::clock_t start = std::clock();
+                rules.highlight(text, -1, &line);
+                best = std::min(best, double(std::clock() - start) / CLOCKS_PER_SEC);
+            }
+            QVERIFY2(best <= 0.1, qPrintable(text.left(2) + QString::number(best * 1000)));
+        }
+    }
 }
 
 void tst_definitions::definition_hasASample()
@@ -123,6 +151,17 @@ void tst_definitions::noTwoDefinitions_claimTheSame()
 {
     const QStringList faults = claimFaults(m_lstFiles);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+}
+
+void tst_definitions::embeddedLanguages_areThere()
+{
+    QStringList names;
+    for (const DefinitionFile &file : m_lstFiles)
+        names << file.name;
+    for (const DefinitionFile &file : m_lstFiles) {
+        for (const QString &language : file.languagesUsed)
+            QVERIFY2(names.contains(language), qPrintable(file.baseName + ": " + language));
+    }
 }
 
 void tst_definitions::languagesOfTheMenu_areThere()
@@ -179,6 +218,21 @@ void tst_definitions::fault_isFound_data()
         << "reg_exp: (a is not valid: unexpected end";
     QTest::newRow("empty match") << f.arg("X", "*.x", "true", "", list.arg("reg_exp", "a*"))
                                  << "reg_exp: a* matches nothing at all";
+    QTest::newRow("region with a pattern beyond its means")
+        << f.arg("X", "*.x", "true", "",
+                 "</highlighting><regions><region start='(a(?=b)|c)'/>"
+                 "</regions><highlighting>")
+        << "start: (a(?=b)|c) cannot be run";
+    QTest::newRow("region with a group that is not there")
+        << f.arg("X", "*.x", "true", "",
+                 "</highlighting><regions><region start='a' inner='g top'/>"
+                 "</regions><highlighting>")
+        << "there is no group g";
+    QTest::newRow("region whose next is not there")
+        << f.arg("X", "*.x", "true", "",
+                 "</highlighting><regions><region start='a' next='n'/>"
+                 "</regions><highlighting>")
+        << "there is no region n";
     QTest::newRow("tag region without an end")
         << f.arg("X", "*.x", "true", "",
                  "<contexts><context name='El Open'><DetectChar char='a'/></context></contexts>")
@@ -192,7 +246,7 @@ void tst_definitions::fault_isFound()
     QTemporaryDir folder;
     const DefinitionFile file = written(folder, "x.xml", content);
     QStringList faults = attributeFaults(file) + commentFaults(file) + listFaults(file)
-        + keywordFaults(file) + patternFaults(file);
+        + keywordFaults(file) + patternFaults(file) + regionFaults(file);
     if (!file.error.isEmpty())
         faults = QStringList {file.error};
     QCOMPARE(faults.join('\n'), message);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "classes.h"
+
+// How two engines differ over the files of a language.
+struct Comparison
+{
+    qint64 nCharacters = 0;
+    qint64 nDiffering = 0;
+    qint64 nLines = 0; // that are not empty
+    qint64 nWrongLines = 0; // of whose characters more than half differ
+    int nLongestRun = 0; // of such lines, one after the other
+
+    double characterShare() const { return share(nDiffering, nCharacters); }
+    double lineShare() const { return share(nWrongLines, nLines); }
+
+private:
+    static double share(qint64 nPart, qint64 nAll) { return nAll ? 100.0 * nPart / nAll : 0; }
+};
+
+// A run of lines mostly wrong, counted from 0.
+struct WrongRun
+{
+    int nFirst;
+    int nLines;
+};
+
+// Adds one file; the runs of at least nMinRun lines go to *pRuns.
+void compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
+                 Comparison *pComparison, int nMinRun, std::vector<WrongRun> *pRuns);

@@ -1,0 +1,110 @@
+#include "files.h"
+
+#include <QDirIterator>
+
+namespace {
+
+constexpr qint64 nMinSize = 1500;
+constexpr qint64 nMaxSize = 120000;
+
+// Lines of thousands of characters come from a program and nobody reads them.
+bool isReadable(const QString &strPath)
+{
+    QFile file(strPath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine();
+        if (line.size() > 2000 || line.contains('\0')) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+const QList<FileKind> &fileKinds()
+{
+    static const QList<FileKind> s_lst {
+        {"AsciiDoc", "a.adoc", {"src-weechat"}, {"*.adoc"}},
+        {"C", "a.c", {"src-git", "src-bash"}, {"*.c"}},
+        {"C++",
+         "a.cpp",
+         {"src-astyle", "src-weechat", "/usr/include/x86_64-linux-gnu/qt5"},
+         {"*.cpp", "*.h"}},
+        {"CMake", "a.cmake", {"cmake-data"}, {"*.cmake"}},
+        {"CSS",
+         "a.css",
+         {"phpmyadmin", "wordpress", "roundcube-core", "dokuwiki", "asciidoctor",
+          "tomcat10-examples"},
+         {"*.css"}},
+        {"Diff", "a.diff", {"."}, {"*.patch", "*.diff"}},
+        {"Go", "a.go", {"golang-golang-x-net-dev"}, {"*.go"}},
+        {"Haskell", "a.hs", {"src-xmonad-contrib", "src-haskell-lens"}, {"*.hs"}},
+        {"HTML", "a.html", {"."}, {"*.html"}},
+        {"Java", "a.java", {"src-commons-io", "tomcat10-examples"}, {"*.java"}},
+        {"JavaScript",
+         "a.js",
+         {"npm", "phpmyadmin", "wordpress", "roundcube-core", "node-less"},
+         {"*.js"}},
+        {"JSON", "a.json", {"."}, {"*.json"}},
+        {"Kotlin", "a.kt", {"src-kotlinx-coroutines"}, {"*.kt"}},
+        {"Lua", "a.lua", {"awesome", "nmap-common", "lua-penlight"}, {"*.lua"}},
+        {"Makefile",
+         "Makefile",
+         {"linux-headers-6.1.0-47-common", "src-git", "src-bash", "cdbs"},
+         {"Makefile", "*.mk", "Makefile.*"}},
+        {"Markdown", "a.md", {"."}, {"*.md"}},
+        {"Perl", "a.pl", {"perl-modules-5.36", "libmojolicious-perl", "src-git"}, {"*.pm", "*.pl"}},
+        {"PHP", "a.php", {"wordpress", "phpmyadmin", "dokuwiki", "roundcube-core"}, {"*.php"}},
+        {"Python", "a.py", {"ansible-core", "/usr/lib/python3.11", "src-python-django"}, {"*.py"}},
+        {"Ruby", "a.rb", {"libruby3.1", "asciidoctor"}, {"*.rb"}},
+        {"Rust", "a.rs", {"."}, {"*.rs"}},
+        {"SCSS", "a.scss", {"."}, {"*.scss"}},
+        {"Shell",
+         "a.sh",
+         {"bash-completion", "initramfs-tools", "src-git", "dkms", "src-bash"},
+         {"*.sh", "*.bash"}},
+        {"SQL",
+         "a.sql",
+         {"postgresql-15", "roundcube-core", "zabbix-server-pgsql", "phpmyadmin"},
+         {"*.sql"}},
+        {"TOML", "Cargo.toml", {"."}, {"Cargo.toml"}},
+        {"TypeScript", "a.ts", {"src-node-rxjs", "src-node-immutable", "."}, {"*.ts"}},
+        {"XML", "a.xml", {".", "/usr/share/mime"}, {"*.xml"}},
+        {"YAML", "a.yml", {"."}, {"*.yml", "*.yaml"}},
+    };
+    return s_lst;
+}
+
+QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount)
+{
+    QStringList lstAll;
+    for (const QString &strFolder : kind.lstFolders) {
+        QDirIterator it(QDir(strRoot).absoluteFilePath(strFolder), kind.lstPatterns, QDir::Files,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString strPath = it.next();
+            const qint64 nSize = it.fileInfo().size();
+            if (nSize >= nMinSize && nSize <= nMaxSize && !strPath.contains(".min.")
+                && !strPath.contains("/unicore/") && !strPath.contains("/Collate/")) {
+                lstAll.append(QDir::cleanPath(strPath));
+            }
+        }
+    }
+    lstAll.removeDuplicates();
+    lstAll.sort();
+    QStringList lst;
+    for (int n = 0; n < lstAll.size() && lst.size() < nCount; ++n) {
+        // Leaves out as many as there are too many, evenly.
+        const int nLeft = nCount - int(lst.size());
+        const int nStep = std::max(1, int(lstAll.size() - n) / nLeft);
+        n += nStep - 1;
+        if (n < lstAll.size() && isReadable(lstAll.at(n))) {
+            lst.append(lstAll.at(n));
+        }
+    }
+    return lst;
+}

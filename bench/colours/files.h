@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// A language and where real files of it are.
+struct FileKind
+{
+    QString strName;
+    QString strFileName; // decides the definitions of both engines
+    QStringList lstFolders; // below the folder of the unpacked packages, or absolute
+    QStringList lstPatterns; // of file names
+};
+
+const QList<FileKind> &fileKinds();
+
+// nCount files of the kind, spread evenly over all that are neither tiny nor huge.
+QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount);
