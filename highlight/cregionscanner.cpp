@@ -26,6 +26,12 @@ QString mirrored(const QString &strKey)
     return n < 0 ? strKey : QString(QStringLiteral(")]}>").at(n));
 }
 
+// Whether the region's end counts inside of what it holds.
+bool isFirm(const RegionFrame &frame, const RegionContext &context)
+{
+    return context.bFirm && context.nEnd >= 0 && !frame.bWaits;
+}
+
 } // namespace
 
 CRegionScanner::CRegionScanner(const QString &strText, RegionStack stack,
@@ -39,7 +45,7 @@ RegionFrame CRegionScanner::top() const
     if (!m_stack.empty()) {
         return m_stack.back();
     }
-    return {std::max(0, m_languages(0).baseLanguage()), 0, QString()};
+    return {std::max(0, m_languages(0).baseLanguage()), 0, QString(), false};
 }
 
 const RegionContext &CRegionScanner::contextOf(const RegionFrame &frame) const
@@ -60,7 +66,7 @@ void CRegionScanner::look()
     for (size_t n = 0; n < m_stack.size(); ++n) {
         const CRegionRules &rules = m_languages(m_stack[n].nLanguage);
         const RegionContext &context = rules.context(m_stack[n].nContext);
-        if (n + 1 < m_stack.size() && context.bFirm && context.nEnd >= 0) {
+        if (n + 1 < m_stack.size() && isFirm(m_stack[n], context)) {
             m_bFirmBelow = true;
             m_overrides |= rules.rule(context.nEnd).first;
         }
@@ -158,7 +164,7 @@ bool CRegionScanner::applyOverride(int nAt)
         const RegionFrame &frame = m_stack[n];
         const CRegionRules &rules = m_languages(frame.nLanguage);
         const RegionContext &context = rules.context(frame.nContext);
-        if (!context.bFirm || context.nEnd < 0) {
+        if (!isFirm(frame, context)) {
             continue;
         }
         const int nBehind = endOfEnd(rules.rule(context.nEnd), nAt, frame.strKey);
@@ -211,7 +217,7 @@ bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
 
 bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt)
 {
-    RegionFrame frame {nLanguage, rule.nContext, QString()};
+    RegionFrame frame {nLanguage, rule.nContext, QString(), false};
     int nBehind = -1;
     if (rule.kind == RegionRule::Nest) {
         frame.strKey = top().strKey;
@@ -248,7 +254,7 @@ void CRegionScanner::push(const RegionFrame &frame, int nAt, int nBehind)
     if (m_pContext->nEmbedded >= 0 && m_stack.size() < nMaxDepth) {
         const int nEmbedded = m_pContext->nEmbedded;
         flush(nBehind);
-        m_stack.push_back({nEmbedded, 0, QString()});
+        m_stack.push_back({nEmbedded, 0, QString(), false});
         look();
     }
 }
@@ -265,12 +271,15 @@ void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
         flush(nBehind);
     }
     m_stack.resize(nDepth);
+    if (!m_stack.empty()) {
+        m_stack.back().bWaits = false;
+    }
     look();
     m_nAt = nBehind;
     if (context.nSecond >= 0) {
         beginSecond(frame, context);
     } else if (context.nNext >= 0) {
-        push({frame.nLanguage, context.nNext, QString()}, nBehind, nBehind);
+        push({frame.nLanguage, context.nNext, QString(), false}, nBehind, nBehind);
     }
 }
 
@@ -278,7 +287,7 @@ void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
 // brackets.
 void CRegionScanner::beginSecond(const RegionFrame &first, const RegionContext &context)
 {
-    RegionFrame second {first.nLanguage, context.nSecond, first.strKey};
+    RegionFrame second {first.nLanguage, context.nSecond, first.strKey, false};
     int nAt = m_nAt;
     int nBehind = nAt;
     if (mirrored(first.strKey) != first.strKey) {
@@ -350,7 +359,11 @@ void CRegionScanner::endLine()
             m_stack.resize(n);
         }
     }
-    m_stack.insert(m_stack.end(), m_lstPending.begin(), m_lstPending.end());
+    // The first comes first, and the others wait below it.
+    for (auto it = m_lstPending.rbegin(); it != m_lstPending.rend(); ++it) {
+        m_stack.push_back(*it);
+        m_stack.back().bWaits = it + 1 != m_lstPending.rend();
+    }
     m_lstPending.clear();
     look();
 }

@@ -10,7 +10,7 @@ quint32 hashOf(const RegionStack &stack)
     const auto add = [&nHash](quint32 n) { nHash = (nHash ^ n) * 16777619U; };
     for (const RegionFrame &frame : stack) {
         add(quint32(frame.nLanguage));
-        add(quint32(frame.nContext));
+        add(quint32(frame.nContext * 2 + int(frame.bWaits)));
         for (const QChar ch : frame.strKey) {
             add(ch.unicode());
         }

@@ -11,10 +11,12 @@ struct RegionFrame
     int nLanguage;
     int nContext;
     QString strKey;
+    bool bWaits = false; // for the end of the one above it, which is none of its own
 
     bool operator==(const RegionFrame &other) const
     {
-        return nLanguage == other.nLanguage && nContext == other.nContext && strKey == other.strKey;
+        return nLanguage == other.nLanguage && nContext == other.nContext && strKey == other.strKey
+            && bWaits == other.bWaits;
     }
 };
 

@@ -1,5 +1,7 @@
 #include "highlight/definitions.h"
 
+#include "highlight/chighlightmgt.h"
+
 namespace {
 
 QVariantMap comment(const QString &strName, const QString &strStart, const QString &strEnd)
@@ -87,4 +89,24 @@ QMap<QString, QVariantMap> nastyDefinitions()
          TestDefinition {"(?=/)", "<", ">", "", "", true, mapAll}.toMap()},
         {"same start and end", TestDefinition {"\\b#", "\\*", "\\*", "", "", true, mapAll}.toMap()},
     };
+}
+
+QList<QVariantMap> declaredDefinitions()
+{
+    const QByteArray arrNasty =
+        "<language name='Nasty'><regions>"
+        "<region start='/\\*' end='\\*/' nests='/\\*' lines='many' as='comment'/>"
+        "<region start='\"' end='\"' skip='\\\\.' lines='many' as='string'>"
+        "<region start='&lt;' end='>' nests='&lt;' inner='top'/></region>"
+        "<region start='#' key='[a-z]+' end='^%1' nextline='true' as='string' inner='top'/>"
+        "<region start='=' key='[^\\s]' end='%2' twice='true' lines='many' as='string'/>"
+        "<region start='--' lines='indented' as='comment'/>"
+        "</regions></language>";
+    QList<QVariantMap> lst {CHighlightMgt::parseBytes(arrNasty)};
+    const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
+    for (const char *pszName :
+         {"C++", "HTML", "Markdown", "Perl", "PHP", "Ruby", "Shell", "YAML"}) {
+        lst.append(registry.definitionForName(QString::fromLatin1(pszName)));
+    }
+    return lst;
 }

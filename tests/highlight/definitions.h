@@ -20,3 +20,5 @@ struct TestDefinition
 };
 
 QMap<QString, QVariantMap> nastyDefinitions();
+// The same with regions, and the shipped ones that have the most of them.
+QList<QVariantMap> declaredDefinitions();

@@ -1,7 +1,5 @@
 #include "highlight/highlightededitor.h"
 
-#include "highlight/chighlightrules.h"
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
@@ -33,11 +31,15 @@ QVector<QTextLayout::FormatRange> toFormats(const HighlightLine &line)
     return lst;
 }
 
-QString firstDifference(const QTextDocument &document, const CLiteralRules &rules)
+namespace {
+
+using Highlight = std::function<HighlightLine(const QString &strText, int nPreviousState)>;
+
+QString difference(const QTextDocument &document, const Highlight &highlight)
 {
     int nState = -1;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        const HighlightLine line = rules.highlight(block.text(), nState);
+        const HighlightLine line = highlight(block.text(), nState);
         nState = line.nState;
         QVector<QTextLayout::FormatRange> lst = block.layout()->formats();
         lst.erase(std::remove_if(lst.begin(), lst.end(),
@@ -57,4 +59,22 @@ QString firstDifference(const QTextDocument &document, const CLiteralRules &rule
         }
     }
     return QString();
+}
+
+} // namespace
+
+QString firstDifference(const QTextDocument &document, const CLiteralRules &rules)
+{
+    return difference(document, [&rules](const QString &strText, int nPreviousState) {
+        return rules.highlight(strText, nPreviousState);
+    });
+}
+
+QString firstDifference(const QTextDocument &document, const CHighlightRules &rules)
+{
+    return difference(document, [&rules](const QString &strText, int nPreviousState) {
+        HighlightLine line;
+        rules.highlight(strText, nPreviousState, &line);
+        return line;
+    });
 }

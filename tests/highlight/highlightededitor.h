@@ -1,5 +1,6 @@
 #pragma once
 
+#include "highlight/chighlightrules.h"
 #include "highlight/cliteralrules.h"
 #include "highlight/cthreadhighlighter.h"
 
@@ -25,6 +26,8 @@ struct HighlightedEditor
 // The first block whose state or syntax ranges are not those that the literal rules give for the
 // text of the document; an empty text when there is none.
 QString firstDifference(const QTextDocument &document, const CLiteralRules &rules);
+// The same for rules made anew from a definition, for what only these rules know.
+QString firstDifference(const QTextDocument &document, const CHighlightRules &rules);
 
 // The ranges as additional formats, as a block carries them.
 QVector<QTextLayout::FormatRange> toFormats(const HighlightLine &line);

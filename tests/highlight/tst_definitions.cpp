@@ -123,7 +123,7 @@ void tst_definitions::definition_isFastWithItsRegions()
     const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
     const CHighlightRules rules(registry.definitionForName(file.name));
     HighlightLine line;
-    for (const QChar c : QStringLiteral("a \t\"'`\\/#$<>{}()[]-*%@:;=&!|~0")) {
+    for (const QChar c : QStringLiteral("\"'`#/${(<[-*")) {
         for (const QString &text :
              {QString(10000, c), QStringLiteral("a%1").arg(c).repeated(5000)}) {
             double best = 1;

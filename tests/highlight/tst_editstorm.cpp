@@ -20,7 +20,9 @@ namespace {
 class CStorm
 {
 public:
-    explicit CStorm(quint32 nSeed) : m_random(nSeed), m_lstDefinitions(nastyDefinitions().values())
+    CStorm(quint32 nSeed, bool bDeclared)
+        : m_random(nSeed),
+          m_lstDefinitions(bDeclared ? declaredDefinitions() : nastyDefinitions().values())
     {
         m_lstDefinitions.append(QVariantMap());
     }
@@ -43,9 +45,12 @@ private:
 
 QString CStorm::text(int nPieces)
 {
-    static const QStringList lst = {"/*",  "*/", "//",     "\"",     "\\",    "\n",   "\n", "\n\n",
-                                    "<",   ">",  "int ",   "if",     " x1 ",  "0x1f", "=",  "<!--",
-                                    "-->", "#",  "\u00e9", "end if", "value", "--",   "'"};
+    static const QStringList lst = {
+        "/*",     "*/", "//",       "\"",        "\\",    "\n",   "\n",  "\n\n",
+        "<",      ">",  "int ",     "if",        " x1 ",  "0x1f", "=",   "<!--",
+        "-->",    "#",  "\u00e9",   "end if",    "value", "--",   "'",   "<<E",
+        "\nE\n",  "$(", ")",        "`",         "{",     "}",    "=",   "q(",
+        "<?php ", "?>", "<script>", "</script>", "```",   "  ",   "|\n", "=begin\n"};
     QString str;
     for (int n = 0; n < nPieces; ++n) {
         str += lst.at(below(lst.size()));
@@ -113,15 +118,18 @@ void CStorm::step()
 void tst_EditStorm::settledDocument_equalsAFreshPass_data()
 {
     QTest::addColumn<quint32>("seed");
+    QTest::addColumn<bool>("declared");
     for (quint32 nSeed = 1; nSeed <= 6; ++nSeed) {
-        QTest::addRow("seed %u", nSeed) << nSeed;
+        QTest::addRow("seed %u", nSeed) << nSeed << false;
+        QTest::addRow("seed %u, declared regions", nSeed) << nSeed << true;
     }
 }
 
 void tst_EditStorm::settledDocument_equalsAFreshPass()
 {
     QFETCH(quint32, seed);
-    CStorm storm(seed);
+    QFETCH(bool, declared);
+    CStorm storm(seed, declared);
     bool bOld = false;
     connect(storm.m_editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, this,
             [&](uint nVersion) { bOld = bOld || nVersion != storm.m_editor.document.version(); });
@@ -134,9 +142,14 @@ void tst_EditStorm::settledDocument_equalsAFreshPass()
             }
         }
         QVERIFY(storm.m_editor.settle());
-        const CLiteralRules rules =
-            storm.m_bDefined ? CLiteralRules(storm.m_mapDefinition) : CLiteralRules();
-        QCOMPARE(firstDifference(storm.m_editor.document, rules), QString());
+        if (storm.m_mapDefinition.contains("regions")) {
+            const CHighlightRules rules(storm.m_mapDefinition);
+            QCOMPARE(firstDifference(storm.m_editor.document, rules), QString());
+        } else {
+            const CLiteralRules rules =
+                storm.m_bDefined ? CLiteralRules(storm.m_mapDefinition) : CLiteralRules();
+            QCOMPARE(firstDifference(storm.m_editor.document, rules), QString());
+        }
         QVERIFY(!bOld);
     }
 }

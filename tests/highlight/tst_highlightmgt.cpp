@@ -11,6 +11,9 @@ class tst_HighlightMgt : public QObject
 private slots:
     void table_isKeyedByBaseNameInOrder();
     void table_holdsPathPatternsAndName();
+    void firstLines_decideForANameNobodyClaims_data();
+    void firstLines_decideForANameNobodyClaims();
+    void claimedName_needsNoFirstLine();
     void unreadableFiles_areSkipped();
     void sameBaseName_laterFileReplacesEarlier();
     void missingFolder_programFolderIsScanned();
@@ -349,6 +352,53 @@ void tst_HighlightMgt::parse_failure_isEmpty()
     QVERIFY(parseText(contents).isEmpty());
     QVERIFY(CHighlightMgt::parse(QString()).isEmpty());
     QVERIFY(CHighlightMgt::parse(Folder().path("missing.xml")).isEmpty());
+}
+
+void tst_HighlightMgt::firstLines_decideForANameNobodyClaims_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("language");
+    const auto add = [](const char *pszName, const char *pszText, const char *pszLanguage) {
+        QTest::newRow(pszText) << pszName << pszText << pszLanguage;
+    };
+    add("walk", "#!/bin/sh", "Shell");
+    add("walk", "#!/usr/bin/env python3", "Python");
+    add("walk", "#! /usr/bin/env -S python3.11 -u", "Python");
+    add("walk", "#!/usr/bin/env A=b node --x", "JavaScript");
+    add("walk", "#!/usr/bin/perl -w", "Perl");
+    add("walk", "<?php echo 1;", "PHP");
+    add("walk", "<?xml version='1.0'?>", "XML");
+    add("walk", "<!DOCTYPE html>", "HTML");
+    add("walk", "# -*- mode: ruby; tab-width: 2 -*-", "Ruby");
+    add("walk", "#!/bin/sh\n# -*- python -*-", "Python");
+    add("walk", "// vim: set ts=4 ft=cpp :", "C++");
+    add("walk", "x\n/* vi:syntax=css */", "CSS");
+    add("walk", "diff --git a/x b/x", "Diff");
+    add("walk", "It is a text.", "");
+    add("walk", "#!/usr/bin/unknown", "");
+    add("walk", "#!", "");
+    add("walk", "", "");
+    add("walk.txt", "#!/bin/sh", "");
+    add("walk.unknown", "<?xml version='1.1'?>", "");
+}
+
+void tst_HighlightMgt::firstLines_decideForANameNobodyClaims()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, text);
+    QFETCH(QString, language);
+    const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
+    const QVariantMap mapDefinition = registry.definitionForContent(name, text.split('\n'));
+    QCOMPARE(mapDefinition.value("language").toMap().value("name").toString(), language);
+}
+
+void tst_HighlightMgt::claimedName_needsNoFirstLine()
+{
+    const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
+    QCOMPARE(registry.definitionForContent("Makefile", {"#!/bin/sh"}),
+             registry.definitionForFile("Makefile"));
+    QVERIFY(registry.definitionForContent("a.html", {}).value("embedded").toMap().contains("CSS"));
 }
 
 QTEST_GUILESS_MAIN(tst_HighlightMgt)
