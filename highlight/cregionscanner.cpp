@@ -265,12 +265,18 @@ void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
     const RegionFrame frame = m_stack[nDepth];
     const RegionContext &context = contextOf(frame);
     flush(nAt);
-    m_stack.resize(nDepth + 1);
-    look();
-    if (!context.bFromNextLine) {
-        flush(nBehind);
+    // An end that is not of its region is of what holds it, below the ones that wait.
+    size_t nKept = nDepth + 1;
+    while (context.bFromNextLine && nKept > 0 && (nKept > nDepth || m_stack[nKept - 1].bWaits)) {
+        --nKept;
     }
-    m_stack.resize(nDepth);
+    const RegionStack waiting(m_stack.begin() + std::ptrdiff_t(std::min(nKept, nDepth)),
+                              m_stack.begin() + std::ptrdiff_t(nDepth));
+    m_stack.resize(nKept);
+    look();
+    flush(nBehind);
+    m_stack.resize(nDepth - waiting.size());
+    m_stack.insert(m_stack.end(), waiting.begin(), waiting.end());
     if (!m_stack.empty()) {
         m_stack.back().bWaits = false;
     }
