@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int nFilesPerLanguage = 24;
-constexpr int nRunWorthNaming = 3;
+constexpr int nRunWorthNaming = 4;
 
 QStringList readLines(const QString &strPath)
 {
@@ -59,13 +59,18 @@ Row compareKind(const FileKind &kind, const QString &strRoot, const QVariantMap 
         Comparison one;
         const CharacterClasses lstOurs = classesOfOurs(mapDefinition, lstLines);
         compareFile(lstOurs, lstPeers, &one, nRunWorthNaming, &lstRuns);
-        compareFile(lstOurs, lstPeers, &row.declared, nRunWorthNaming, &lstRuns);
-        lstRuns.resize(lstRuns.size() / 2);
-        compareFile(classesOfOurs(withoutRegions(mapDefinition), lstLines), lstPeers, &row.fixed,
-                    nRunWorthNaming, &lstRuns);
+        row.declared.add(one);
+        Comparison fixed;
+        std::vector<WrongRun> lstOthers;
+        compareFile(classesOfOurs(withoutRegions(mapDefinition), lstLines), lstPeers, &fixed,
+                    nRunWorthNaming, &lstOthers);
+        row.fixed.add(fixed);
         if (pRuns) {
             *pRuns << "  " << QString::number(one.characterShare(), 'f', 2) << " % " << strPath
                    << "\n";
+            for (const WrongRun &run : lstRuns) {
+                *pRuns << "    " << run.nLines << " lines from " << run.nFirst + 1 << "\n";
+            }
         }
     }
     return row;

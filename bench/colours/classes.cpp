@@ -7,17 +7,29 @@
 #include <KSyntaxHighlighting/Format>
 #include <KSyntaxHighlighting/Repository>
 #include <KSyntaxHighlighting/State>
+#include <QHash>
+#include <optional>
 
 namespace {
 
 using KSyntaxHighlighting::Format;
 using KSyntaxHighlighting::Theme;
 
+// Where the peer uses a style for its colour alone: the names of JSON are strings by its grammar,
+// and neither Make's operators nor a patch's removed lines are literals.
+std::optional<bool> classByName(const Format &format)
+{
+    static const QHash<QString, bool> s_mapClasses {{QStringLiteral("Style_String_Key"), true},
+                                                    {QStringLiteral("Operator"), false},
+                                                    {QStringLiteral("Removed line"), false}};
+    const auto it = s_mapClasses.constFind(format.name());
+    return it == s_mapClasses.constEnd() ? std::nullopt : std::make_optional(*it);
+}
+
 bool isCommentOrString(const Format &format)
 {
-    // The names of JSON are strings by its grammar.
-    if (format.name() == QLatin1String("Style_String_Key")) {
-        return true;
+    if (const std::optional<bool> bClass = classByName(format)) {
+        return *bClass;
     }
     switch (format.textStyle()) {
     case Theme::Comment:

@@ -2,6 +2,15 @@
 
 #include <algorithm>
 
+void Comparison::add(const Comparison &other)
+{
+    nCharacters += other.nCharacters;
+    nDiffering += other.nDiffering;
+    nLines += other.nLines;
+    nWrongLines += other.nWrongLines;
+    nLongestRun = std::max(nLongestRun, other.nLongestRun);
+}
+
 void compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
                  Comparison *pComparison, int nMinRun, std::vector<WrongRun> *pRuns)
 {

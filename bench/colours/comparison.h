@@ -11,6 +11,7 @@ struct Comparison
     qint64 nWrongLines = 0; // of whose characters more than half differ
     int nLongestRun = 0; // of such lines, one after the other
 
+    void add(const Comparison &other);
     double characterShare() const { return share(nDiffering, nCharacters); }
     double lineShare() const { return share(nWrongLines, nLines); }
 
