@@ -98,11 +98,6 @@ void CAnchoredPattern::findFirst(const PatternNode &pattern)
     }
 }
 
-bool CAnchoredPattern::isUsable() const
-{
-    return m_automaton && m_automaton->isUsable() && (!m_ahead || m_ahead->isUsable());
-}
-
 bool CAnchoredPattern::takeDoubt()
 {
     const bool bHere = m_automaton && m_automaton->takeDoubt();

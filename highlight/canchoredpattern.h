@@ -21,7 +21,10 @@ public:
                               Direction direction = Forwards);
 
     // Whether there is a pattern and machines that can run it; a search may find that they cannot.
-    bool isUsable() const;
+    bool isUsable() const
+    {
+        return m_automaton && m_automaton->isUsable() && (!m_ahead || m_ahead->isUsable());
+    }
     // Whether a search met letters that equal one of ASCII when letter case does not count; asking
     // forgets it.
     bool takeDoubt();

@@ -117,8 +117,9 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
         return language(nLanguage).regions();
     };
     const int nBefore = nPreviousState < 0 ? 0 : nPreviousState >> nStateBits;
-    CRegionScanner scanner(strText, m_states.stackOf(nBefore), languages);
-    const std::vector<RegionSpan> lstSpans = scanner.scan();
+    std::vector<RegionSpan> &lstSpans = m_lstSpans;
+    CRegionScanner scanner(strText, m_states.stackOf(nBefore), languages, &lstSpans);
+    scanner.scan();
     bool bInsideTag = isInsideTag(nPreviousState);
     QVarLengthArray<bool, 32> lstDone(m_lstLanguages.size());
     std::fill(lstDone.begin(), lstDone.end(), false);

@@ -61,4 +61,5 @@ private:
     QVariantMap m_mapEmbedded;
     mutable std::vector<std::optional<CLanguage>> m_lstEmbedded;
     mutable CRegionStates m_states;
+    mutable std::vector<RegionSpan> m_lstSpans; // of the line under way; keeps its memory
 };

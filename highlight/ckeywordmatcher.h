@@ -25,6 +25,10 @@ public:
     public:
         CSearch(const CKeywordMatcher &matcher, const QString &strText);
 
+        // What the line holds, if a pattern asks for it.
+        bool hasSymbols() const { return !m_lstNext.empty(); }
+        const SymbolSet &symbols() const { return m_symbols; }
+
         // Appends the matches that begin in nStart..nEnd (to the end of the line if nEnd is
         // negative), by rule and then by position. False when isAborted, asked before each regular
         // expression, answered true.

@@ -106,6 +106,9 @@ void CLanguage::CCode::addMatches(const CLinePattern &pattern, int nFrom, int nT
                                   HighlightRole role, Next *pNext,
                                   std::vector<HighlightRange> *pRanges) const
 {
+    if (m_search.hasSymbols() && !pattern.mayMatch(m_search.symbols())) {
+        return;
+    }
     const auto search = [&](int nAt) {
         pNext->nFrom = nAt;
         pNext->nStart = pattern.indexIn(m_strText, nAt);

@@ -72,19 +72,21 @@ int CLinePattern::indexOfPlain(const QString &strText, int nFrom) const
 // QRegExp's business, and so is a pattern whose machine has grown too large.
 int CLinePattern::indexByAutomaton(const QString &strText, int nFrom) const
 {
-    for (int n = nFrom; n <= strText.size(); ++n) {
-        if (n < strText.size()) {
-            const QChar ch = strText.at(n);
-            if (m_sensitivity == Qt::CaseInsensitive && foldsToAscii(ch)) {
+    const QChar *const pch = strText.constData();
+    const int nSize = strText.size();
+    const bool bFolds = m_sensitivity == Qt::CaseInsensitive;
+    for (int n = nFrom; n <= nSize; ++n) {
+        while (n < nSize && !m_machine->mayStartWith(symbolOf(pch[n]))) {
+            if (bFolds && foldsToAscii(pch[n])) {
                 return -2;
             }
-            if (!m_machine->mayStartWith(symbolOf(ch))) {
-                continue;
-            }
+            ++n;
+        }
+        if (bFolds && n < nSize && foldsToAscii(pch[n])) {
+            return -2;
         }
         const int nEnd = m_machine->endOfMatch(strText, n);
-        if (!m_machine->isUsable()
-            || (m_sensitivity == Qt::CaseInsensitive && m_machine->takeDoubt())) {
+        if (!m_machine->isUsable() || (bFolds && m_machine->takeDoubt())) {
             return -2;
         }
         if (nEnd >= 0) {

@@ -35,17 +35,21 @@ bool isFirm(const RegionFrame &frame, const RegionContext &context)
 } // namespace
 
 CRegionScanner::CRegionScanner(const QString &strText, RegionStack stack,
-                               const Languages &languages)
-    : m_strText(strText), m_stack(std::move(stack)), m_languages(languages)
+                               const Languages &languages, std::vector<RegionSpan> *pSpans)
+    : m_strText(strText),
+      m_stack(std::move(stack)),
+      m_languages(languages),
+      m_own(languages(0)),
+      m_lstSpans(*pSpans)
 {
+    pSpans->clear();
 }
 
-RegionFrame CRegionScanner::top() const
+// Of the innermost region; there is none outside of all of them.
+const QString &CRegionScanner::key() const
 {
-    if (!m_stack.empty()) {
-        return m_stack.back();
-    }
-    return {std::max(0, m_languages(0).baseLanguage()), 0, QString(), false};
+    static const QString s_strNone;
+    return m_stack.empty() ? s_strNone : m_stack.back().strKey;
 }
 
 const RegionContext &CRegionScanner::contextOf(const RegionFrame &frame) const
@@ -56,10 +60,15 @@ const RegionContext &CRegionScanner::contextOf(const RegionFrame &frame) const
 // Looks at the innermost region, after another one became that.
 void CRegionScanner::look()
 {
-    const RegionFrame frame = top();
-    m_nLanguage = frame.nLanguage;
-    m_pRules = &m_languages(frame.nLanguage);
-    m_pContext = &m_pRules->context(frame.nContext);
+    if (m_stack.empty()) {
+        m_nLanguage = std::max(0, m_own.baseLanguage());
+        m_pRules = m_nLanguage == 0 ? &m_own : &m_languages(m_nLanguage);
+        m_pContext = &m_pRules->context(0);
+    } else {
+        m_nLanguage = m_stack.back().nLanguage;
+        m_pRules = &m_languages(m_nLanguage);
+        m_pContext = &m_pRules->context(m_stack.back().nContext);
+    }
     m_bFirmBelow = false;
     m_overrides.reset();
     bool bOwn = false;
@@ -72,14 +81,13 @@ void CRegionScanner::look()
         }
         bOwn = bOwn || m_stack[n].nLanguage == 0;
     }
-    const CRegionRules &own = m_languages(0);
-    m_pAnywhere = !bOwn && !own.rulesAnywhere().empty() ? &own : nullptr;
+    m_pAnywhere = !bOwn && !m_own.rulesAnywhere().empty() ? &m_own : nullptr;
     if (m_pAnywhere) {
-        m_overrides |= own.symbolsAnywhere();
+        m_overrides |= m_own.symbolsAnywhere();
     }
 }
 
-std::vector<RegionSpan> CRegionScanner::scan()
+void CRegionScanner::scan()
 {
     dropDedented();
     look();
@@ -96,7 +104,6 @@ std::vector<RegionSpan> CRegionScanner::scan()
     }
     flush(nSize);
     endLine();
-    return std::move(m_lstSpans);
 }
 
 // Regions that are as deep as their line's blanks end with the first line that is not deeper.
@@ -195,7 +202,7 @@ bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
         return begin(rules, rule, m_nLanguage, nAt);
     }
     if (rule.kind == RegionRule::End) {
-        const int nBehind = endOfEnd(rule, nAt, top().strKey);
+        const int nBehind = endOfEnd(rule, nAt, key());
         if (nBehind < 0) {
             return false;
         }
@@ -220,7 +227,7 @@ bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLan
     RegionFrame frame {nLanguage, rule.nContext, QString(), false};
     int nBehind = -1;
     if (rule.kind == RegionRule::Nest) {
-        frame.strKey = top().strKey;
+        frame.strKey = key();
         const bool bKeyIsHere = rule.bHasKey && mirrored(frame.strKey) != frame.strKey
             && m_strText.at(nAt) == frame.strKey.at(0);
         nBehind =
@@ -359,6 +366,9 @@ bool CRegionScanner::isContinued() const
 
 void CRegionScanner::endLine()
 {
+    if (m_stack.empty() && m_lstPending.empty()) {
+        return;
+    }
     for (size_t n = 0; n < m_stack.size(); ++n) {
         const RegionContext::Lines lines = contextOf(m_stack[n]).lines;
         if (lines == RegionContext::One || (lines == RegionContext::Backslash && !isContinued())) {

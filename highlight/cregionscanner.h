@@ -26,16 +26,18 @@ public:
     using Languages = std::function<const CRegionRules &(int nLanguage)>;
 
     // Of what holds the text, and stack as the line before left it.
-    CRegionScanner(const QString &strText, RegionStack stack, const Languages &languages);
+    // *pSpans is where the parts go.
+    CRegionScanner(const QString &strText, RegionStack stack, const Languages &languages,
+                   std::vector<RegionSpan> *pSpans);
 
-    // The parts of the line, without a gap; those that are alike are one.
-    std::vector<RegionSpan> scan();
+    // Finds the parts of the line, without a gap; those that are alike are one.
+    void scan();
     // What the line leaves open; after scan().
     const RegionStack &stack() const { return m_stack; }
     RegionRole roleAtEnd() const { return m_pContext->role; }
 
 private:
-    RegionFrame top() const;
+    const QString &key() const;
     const RegionContext &contextOf(const RegionFrame &frame) const;
     void look();
 
@@ -57,8 +59,9 @@ private:
     const QString &m_strText;
     RegionStack m_stack;
     const Languages &m_languages;
+    const CRegionRules &m_own;
     RegionStack m_lstPending; // begin with the next line
-    std::vector<RegionSpan> m_lstSpans;
+    std::vector<RegionSpan> &m_lstSpans;
     std::vector<int> m_lstEnds;
     int m_nAt = 0; // where the search goes on
     int m_nFrom = 0; // where the part under way began
