@@ -73,13 +73,15 @@ void CKeywordMatcher::CSearch::addPatternMatches(size_t nPattern, int nStart, in
 {
     const auto &[nRule, pattern] = m_matcher.m_lstPatterns[nPattern];
     Next &next = m_lstNext[nPattern];
-    const auto search = [&next, &pattern = pattern, this](int nFrom) {
+    const auto search = [&next, nEnd, &pattern = pattern, this](int nFrom) {
         next.nFrom = nFrom;
-        next.nStart = pattern.indexIn(m_strText, nFrom);
+        next.nTo = nEnd;
+        next.nStart = pattern.indexIn(m_strText, nFrom, nEnd);
         next.nLength = pattern.matchedLength();
     };
+    const bool bNoneAhead = next.nStart < 0 && (next.nTo < 0 || (nEnd >= 0 && nEnd <= next.nTo));
     const bool bKnown =
-        next.nFrom >= 0 && next.nFrom <= nStart && (next.nStart < 0 || next.nStart >= nStart);
+        next.nFrom >= 0 && next.nFrom <= nStart && (bNoneAhead || next.nStart >= nStart);
     if (!bKnown) {
         search(nStart);
     }

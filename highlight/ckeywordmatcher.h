@@ -40,6 +40,7 @@ public:
         struct Next
         {
             int nFrom = -1; // where the search began; -1: not yet
+            int nTo = -1; // up to where a match would have been found; -1: in the whole line
             int nStart = -1;
             int nLength = 0;
         };

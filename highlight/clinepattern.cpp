@@ -1,5 +1,7 @@
 #include "highlight/clinepattern.h"
 
+#include <algorithm>
+
 CLinePattern::CLinePattern(const QString &strPattern, Qt::CaseSensitivity sensitivity)
     : m_bEmpty(strPattern.isEmpty()), m_sensitivity(sensitivity), m_rx(strPattern, sensitivity)
 {
@@ -35,7 +37,7 @@ QString CLinePattern::plainText(const QString &strPattern)
     return strPlain;
 }
 
-int CLinePattern::indexIn(const QString &strText, int nFrom) const
+int CLinePattern::indexIn(const QString &strText, int nFrom, int nLast) const
 {
     if (m_bEmpty || !m_bValid) {
         return -1;
@@ -47,7 +49,7 @@ int CLinePattern::indexIn(const QString &strText, int nFrom) const
         m_machine.emplace(m_rx.pattern(), m_sensitivity);
     }
     if (m_machine->isUsable()) {
-        const int nStart = indexByAutomaton(strText, nFrom);
+        const int nStart = indexByAutomaton(strText, nFrom, nLast);
         if (nStart >= -1) {
             return nStart;
         }
@@ -70,17 +72,21 @@ int CLinePattern::indexOfPlain(const QString &strText, int nFrom) const
 
 // -2 when the automaton cannot tell: letters that equal others only when case does not count are
 // QRegExp's business, and so is a pattern whose machine has grown too large.
-int CLinePattern::indexByAutomaton(const QString &strText, int nFrom) const
+int CLinePattern::indexByAutomaton(const QString &strText, int nFrom, int nLast) const
 {
     const QChar *const pch = strText.constData();
     const int nSize = strText.size();
+    const int nLimit = nLast < 0 ? nSize : std::min(nSize, nLast);
     const bool bFolds = m_sensitivity == Qt::CaseInsensitive;
-    for (int n = nFrom; n <= nSize; ++n) {
-        while (n < nSize && !m_machine->mayStartWith(symbolOf(pch[n]))) {
+    for (int n = nFrom; n <= nLimit; ++n) {
+        while (n < nSize && n <= nLimit && !m_machine->mayStartWith(symbolOf(pch[n]))) {
             if (bFolds && foldsToAscii(pch[n])) {
                 return -2;
             }
             ++n;
+        }
+        if (n > nLimit) {
+            break;
         }
         if (bFolds && n < nSize && foldsToAscii(pch[n])) {
             return -2;

@@ -23,8 +23,8 @@ public:
     // Whether a line with these characters can hold a match.
     bool mayMatch(const SymbolSet &line) const { return m_required.areIn(line); }
     // The first match from nFrom on and in it the longest; -1 when there is none. "^" stands for
-    // the start of the line.
-    int indexIn(const QString &strText, int nFrom) const;
+    // the start of the line. Unless nLast is negative a match that begins behind it may be missed.
+    int indexIn(const QString &strText, int nFrom, int nLast = -1) const;
     // Of the match found last, in UTF-16 code units; may be 0.
     int matchedLength() const { return m_nLength; }
 
@@ -33,7 +33,7 @@ public:
 
 private:
     int indexOfPlain(const QString &strText, int nFrom) const;
-    int indexByAutomaton(const QString &strText, int nFrom) const;
+    int indexByAutomaton(const QString &strText, int nFrom, int nLast) const;
 
     bool m_bEmpty = true;
     bool m_bValid = true;
