@@ -26,3 +26,20 @@ PACKAGES_INSPECT="valgrind clazy"
 
 # To measure: peers for the benchmarks only.
 PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev ripgrep"
+PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
+
+# What bench_colours reads. These are unpacked by colour-files.sh and not installed: packages, and
+# sources of languages that packages hold no files of.
+PACKAGES_COLOURS="
+ansible-core asciidoctor awesome bash-completion cdbs cmake-data debian-reference-en dkms dokuwiki
+elixir erlang-src git git-doc golang-golang-x-net-dev initramfs-tools libjs-bootstrap5
+libmojolicious-perl libruby3.1 librust-aho-corasick-dev librust-anyhow-dev librust-bitflags-dev
+librust-chrono-dev librust-clap-dev librust-either-dev librust-glob-dev librust-http-dev
+librust-hyper-dev librust-itertools-dev librust-libc-dev librust-log-dev librust-memchr-dev
+librust-nom-dev librust-once-cell-dev librust-quote-dev librust-rand-dev librust-rayon-dev
+librust-regex-dev librust-semver-dev librust-serde-dev librust-syn-dev librust-time-dev
+librust-tokio-dev librust-toml-dev librust-url-dev linux-headers-6.1.0-47-common lua-penlight nim
+nmap-common node-bootstrap-sass node-less npm perl-modules-5.36 phpmyadmin po4a postgresql-15 quilt
+roundcube-core ruby-rails-i18n tomcat10-examples vim-runtime wordpress zabbix-server-pgsql"
+SOURCES_COLOURS="
+bash commons-io git haskell-lens kotlinx-coroutines python-django weechat xmonad-contrib"

@@ -30,10 +30,7 @@ const QList<FileKind> &fileKinds()
     static const QList<FileKind> s_lst {
         {"AsciiDoc", "a.adoc", {"src-weechat"}, {"*.adoc"}},
         {"C", "a.c", {"src-git", "src-bash"}, {"*.c"}},
-        {"C++",
-         "a.cpp",
-         {"src-astyle", "src-weechat", "/usr/include/x86_64-linux-gnu/qt5"},
-         {"*.cpp", "*.h"}},
+        {"C++", "a.cpp", {"src-weechat", "/usr/include/x86_64-linux-gnu/qt5"}, {"*.cpp", "*.h"}},
         {"CMake", "a.cmake", {"cmake-data"}, {"*.cmake"}},
         {"CSS",
          "a.css",
