@@ -75,8 +75,8 @@ void CKeywordMatcher::CSearch::addPatternMatches(size_t nPattern, int nStart, in
     Next &next = m_lstNext[nPattern];
     const auto search = [&next, nEnd, &pattern = pattern, this](int nFrom) {
         next.nFrom = nFrom;
-        next.nTo = nEnd;
         next.nStart = pattern.indexIn(m_strText, nFrom, nEnd);
+        next.nTo = pattern.searchedAll() ? -1 : nEnd;
         next.nLength = pattern.matchedLength();
     };
     const bool bNoneAhead = next.nStart < 0 && (next.nTo < 0 || (nEnd >= 0 && nEnd <= next.nTo));

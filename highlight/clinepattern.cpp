@@ -39,6 +39,7 @@ QString CLinePattern::plainText(const QString &strPattern)
 
 int CLinePattern::indexIn(const QString &strText, int nFrom, int nLast) const
 {
+    m_bSearchedAll = true;
     if (m_bEmpty || !m_bValid) {
         return -1;
     }
@@ -51,6 +52,7 @@ int CLinePattern::indexIn(const QString &strText, int nFrom, int nLast) const
     if (m_machine->isUsable()) {
         const int nStart = indexByAutomaton(strText, nFrom, nLast);
         if (nStart >= -1) {
+            m_bSearchedAll = nLast < 0;
             return nStart;
         }
     }

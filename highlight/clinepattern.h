@@ -25,6 +25,8 @@ public:
     // The first match from nFrom on and in it the longest; -1 when there is none. "^" stands for
     // the start of the line. Unless nLast is negative a match that begins behind it may be missed.
     int indexIn(const QString &strText, int nFrom, int nLast = -1) const;
+    // Whether the last search would have found a match anywhere in the rest of the line.
+    bool searchedAll() const { return m_bSearchedAll; }
     // Of the match found last, in UTF-16 code units; may be 0.
     int matchedLength() const { return m_nLength; }
 
@@ -44,4 +46,5 @@ private:
     mutable std::optional<CAnchoredPattern> m_machine;
     QRegExp m_rx;
     mutable int m_nLength = -1;
+    mutable bool m_bSearchedAll = true;
 };

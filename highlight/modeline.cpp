@@ -20,7 +20,7 @@ QString modeOfLine(const QString &strLine)
         QStringLiteral("-\\*-\\s*([\\w+#-]+)\\s*(?=-\\*-)"),
         QStringLiteral("\\b(vim?|ex):(.*[ \\t:])?(filetype|ft|syntax)=([\\w+#-]+)")};
     for (const QString &strPattern : s_lstPatterns) {
-        const QString strMode = captured(strPattern, strLine);
+        QString strMode = captured(strPattern, strLine);
         if (!strMode.isEmpty()) {
             return strMode;
         }
@@ -52,7 +52,7 @@ QString modeOf(const QStringList &lstFirstLines)
 {
     const QStringList lst = lstFirstLines.mid(0, nLinesWithModes);
     for (const QString &strLine : lst) {
-        const QString strMode = modeOfLine(strLine.left(nMaxLength));
+        QString strMode = modeOfLine(strLine.left(nMaxLength));
         if (!strMode.isEmpty()) {
             return strMode;
         }

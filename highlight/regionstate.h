@@ -8,8 +8,8 @@
 // depends on.
 struct RegionFrame
 {
-    int nLanguage;
-    int nContext;
+    int nLanguage = 0;
+    int nContext = 0;
     QString strKey;
     bool bWaits = false; // for the end of the one above it, which is none of its own
 
