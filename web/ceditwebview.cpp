@@ -2,8 +2,8 @@
 
 #include "app/commonhelpers.h"
 #include "app/filereader.h"
-#include "web/charset.h"
 #include "web/cpagenetwork.h"
+#include "web/cpagereader.h"
 #include "web/csafepage.h"
 #include "web/dataaddresses.h"
 #include "web/markup.h"
@@ -115,55 +115,6 @@ QString CEditWebView::toHtml() const
     return restoreRefusedData(repairSerialised(page()->mainFrame()->toHtml()));
 }
 
-QByteArray CEditWebView::htmlForSaving() const
-{
-    return declareUtf8(toHtml()).toUtf8();
-}
-
-void CEditWebView::showSource(bool bShow)
-{
-    m_bSourceShown = bShow;
-    if (bShow)
-        clearFocus();
-    m_pSourceEdit->setVisible(bShow);
-    if (bShow) {
-        m_pSourceEdit->setModified(m_bModified);
-        pushSource();
-    }
-}
-
-void CEditWebView::applySource(const QString &strHtml)
-{
-    if (m_pSourceEdit->isModified())
-        m_bModified = true;
-    if (m_pSourceEdit->document()->revision() != m_nPushedRevision) {
-        const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
-        setHtml(strHtml, bOwn ? fileUrl() : url());
-    }
-}
-
-// In a tab of its own the source editor is not visible while another tab is current, but a page
-// that finishes loading then has to reach it all the same.
-bool CEditWebView::isSourceShown() const
-{
-    return m_pSourceEdit && (m_pSourceEdit->isVisible() || m_bSourceShown);
-}
-
-// Keeps the source's modified flag. It is put back here and not by the loader's timer, so that a
-// key typed right after stays an edit; and nobody hears of it, as nothing was typed.
-void CEditWebView::pushSource()
-{
-    const bool bModified = m_pSourceEdit->isModified();
-    {
-        const QSignalBlocker blocker(m_pSourceEdit);
-        m_pSourceEdit->setTextData(toHtml().toUtf8(), false);
-        m_pSourceEdit->setModified(bModified);
-    }
-    m_pSourceEdit->updateLineNumberAreaWidth();
-    m_pSourceEdit->update();
-    m_nPushedRevision = m_pSourceEdit->document()->revision();
-}
-
 void CEditWebView::onLoadStarted()
 {
     m_bModifiedBeforeLoad = m_bModified;
@@ -172,6 +123,7 @@ void CEditWebView::onLoadStarted()
 void CEditWebView::onLoadFinished(bool bOk)
 {
     m_bLoadFailed = !bOk;
+    takeSource();
     enterFrame(page()->mainFrame());
     setModified(m_bModifiedBeforeLoad);
     if (isSourceShown())

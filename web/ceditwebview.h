@@ -1,13 +1,16 @@
 #pragma once
 
 #include "editor/chighlightedit.h"
+#include "web/cpagemerge.h"
 
 #include <QMenu>
 #include <QPointer>
 #include <QWebView>
 
 #include <functional>
+#include <memory>
 
+class CPageReader;
 class CSafePage;
 struct SFileContent;
 
@@ -46,6 +49,11 @@ public:
     bool loadFile(const QString &strPath);
     void setUrl(const QUrl &url);
     void setHtml(const QString &strHtml, const QUrl &urlBase = QUrl());
+    // The bytes of a file that was read already, in an encoding that the caller knows; without one,
+    // as the page declares.
+    void loadSource(const QByteArray &arrData, const QString &strCodec, const QUrl &url);
+    // An empty page as a file has it, with the caret in its body.
+    void startNewPage();
     // Reads the document's file again, or the address that is shown instead of it. False when the
     // file cannot be read: the page stays as it was, and statusMessage() says so.
     bool reload();
@@ -64,8 +72,12 @@ public:
     // The document as HTML, with doctype and leading comments. Stable: read and serialised again it
     // is the same text.
     QString toHtml() const;
-    // UTF-8; a declaration of another encoding is changed, none is added.
+    // The page's source as it was read, with what was changed since and nothing else; while the
+    // source is shown, what stands there. UTF-8 without a byte-order mark; a declaration of another
+    // encoding is changed, none is added. Line ends as they were read.
     QByteArray htmlForSaving() const;
+    // What htmlForSaving() gave has reached the disk: further changes count from it.
+    void markSaved();
 
     // Source view.
     CHighlightEdit *sourceEdit() const { return m_pSourceEdit; }
@@ -153,6 +165,10 @@ private:
     void buildMenu();
     void createSourceEdit();
     void pushSource();
+    void takeSource();
+    QString mergedSource() const;
+    QString editedSource() const;
+    bool isSourceEdited() const;
 
     bool showsOwnAddress() const;
     QUrl fileUrl() const;
@@ -184,6 +200,12 @@ private:
     std::function<bool()> m_leaveQuestion;
     bool m_bSourceShown = false;
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
+    QString m_strPushed; // The source as it was pushed, with its own line ends.
+    QString m_strGiven; // What setHtml() was called with; null while an address is shown.
+    mutable CPageMerge m_merge;
+    mutable QString m_strMergedFrom; // The serialisation of the last merge, and its result.
+    mutable QString m_strMerged;
+    mutable std::unique_ptr<CPageReader> m_pReader; // On first use.
     bool m_bControlDown = false;
     bool m_bEditableBeforeControl = true;
     QString m_strLinkUnderMouse;

@@ -48,11 +48,13 @@ QUrl CEditWebView::fileUrl() const
 
 void CEditWebView::setUrl(const QUrl &url)
 {
+    m_strGiven = QString();
     safePage()->navigate([&] { QWebView::setUrl(url); });
 }
 
 void CEditWebView::setHtml(const QString &strHtml, const QUrl &urlBase)
 {
+    m_strGiven = strHtml.isNull() ? QStringLiteral("") : strHtml;
     safePage()->navigate([&] { QWebView::setHtml(refuseHarmfulData(strHtml), urlBase); });
 }
 
@@ -66,6 +68,7 @@ bool CEditWebView::reload()
         emit statusMessage(tr("Cannot open file(%1).").arg(urlRead.toLocalFile()));
         return false;
     }
+    m_strGiven = QString();
     if (isSameDocument(urlRead, url()))
         safePage()->navigate([this] { triggerPageAction(QWebPage::Reload, false); });
     else // Saved under another name since it was loaded.
@@ -94,6 +97,7 @@ void CEditWebView::forward()
 void CEditWebView::step(QWebPage::WebAction action)
 {
     QWebSettings::clearMemoryCaches();
+    m_strGiven = QString();
     safePage()->navigate([=] { triggerPageAction(action, false); });
 }
 

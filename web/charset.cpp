@@ -1,8 +1,10 @@
 #include "web/charset.h"
 
-#include "web/chtmlscanner.h"
+#include "web/chtmltokenizer.h"
 
+#include <QHash>
 #include <QRegularExpression>
+#include <QTextCodec>
 
 namespace {
 
@@ -26,24 +28,25 @@ SRange charsetWithin(const QString &strHtml, const SHtmlAttribute &content)
         QStringLiteral("charset\\s*=\\s*(?:\"([^\"]*)\"|'([^']*)'|([^\\s;\"']+))"),
         QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match =
-        regExp.match(strHtml.midRef(content.m_nValue, content.m_nLength));
+        regExp.match(strHtml.midRef(content.nValue, content.nLength));
     const int nGroup = match.lastCapturedIndex();
     if (nGroup < 1)
         return SRange();
-    return {content.m_nValue + match.capturedStart(nGroup), match.capturedLength(nGroup)};
+    return {content.nValue + match.capturedStart(nGroup), match.capturedLength(nGroup)};
 }
 
-SRange declaredIn(const QString &strHtml, const SHtmlTag &tag)
+SRange declaredIn(const QString &strHtml, const SHtmlToken &tag)
 {
-    if (tag.m_strName != QLatin1String("meta"))
+    if (!tag.isStart(strHtml, QLatin1String("meta")))
         return SRange();
-    if (const SHtmlAttribute *pCharset = tag.attribute(QStringLiteral("charset")))
-        return {pCharset->m_nValue, pCharset->m_nLength};
-    const SHtmlAttribute *pEquiv = tag.attribute(QStringLiteral("http-equiv"));
-    const SHtmlAttribute *pContent = tag.attribute(QStringLiteral("content"));
+    const QVector<SHtmlAttribute> lstAttributes = htmlAttributes(strHtml, tag);
+    if (const SHtmlAttribute *pCharset = findAttribute(lstAttributes, QLatin1String("charset")))
+        return {pCharset->nValue, pCharset->nLength};
+    const SHtmlAttribute *pEquiv = findAttribute(lstAttributes, QLatin1String("http-equiv"));
+    const SHtmlAttribute *pContent = findAttribute(lstAttributes, QLatin1String("content"));
     if (!pEquiv || !pContent)
         return SRange();
-    const QStringRef strEquiv = strHtml.midRef(pEquiv->m_nValue, pEquiv->m_nLength).trimmed();
+    const QStringRef strEquiv = strHtml.midRef(pEquiv->nValue, pEquiv->nLength).trimmed();
     if (strEquiv.compare(QLatin1String("content-type"), Qt::CaseInsensitive) != 0)
         return SRange();
     return charsetWithin(strHtml, *pContent);
@@ -59,7 +62,53 @@ SRange declaredByXml(const QString &strHtml)
     return {match.capturedStart(1), match.capturedLength(1)};
 }
 
+const int g_nDeclarationBytes = 8192; // A declaration further behind counts for nobody.
+
+// Browsers take some names for larger sets.
+QByteArray codecNameFor(const QString &strDeclared)
+{
+    static const QHash<QString, QByteArray> mapNames = {
+        {QStringLiteral("iso-8859-1"), "windows-1252"}, {QStringLiteral("iso8859-1"), "windows-1252"},
+        {QStringLiteral("latin1"), "windows-1252"},     {QStringLiteral("us-ascii"), "windows-1252"},
+        {QStringLiteral("ascii"), "windows-1252"},      {QStringLiteral("iso-8859-9"), "windows-1254"},
+        {QStringLiteral("gb2312"), "GBK"},              {QStringLiteral("gb_2312-80"), "GBK"},
+        {QStringLiteral("utf-16"), "UTF-8"},            {QStringLiteral("utf-16le"), "UTF-8"},
+        {QStringLiteral("utf-16be"), "UTF-8"},          {QStringLiteral("utf8"), "UTF-8"}};
+    const QString strName = strDeclared.trimmed().toLower();
+    return mapNames.value(strName, strName.toLatin1());
+}
+
 } // namespace
+
+QString declaredCharset(const QString &strHtml)
+{
+    const SRange byXml = declaredByXml(strHtml);
+    if (byXml.m_nLength > 0)
+        return strHtml.mid(byXml.m_nStart, byXml.m_nLength).trimmed();
+    CHtmlTokenizer tokenizer(strHtml);
+    while (tokenizer.next()) {
+        const SRange range = declaredIn(strHtml, tokenizer.token());
+        if (range.m_nLength > 0)
+            return strHtml.mid(range.m_nStart, range.m_nLength).trimmed();
+    }
+    return QString();
+}
+
+QString decodePage(const QByteArray &data, const QString &strFallback)
+{
+    QTextCodec *pCodec = QTextCodec::codecForUtfText(data, nullptr);
+    if (!pCodec) {
+        const QString strDeclared =
+            declaredCharset(QString::fromLatin1(data.left(g_nDeclarationBytes)));
+        pCodec = QTextCodec::codecForName(codecNameFor(strDeclared));
+    }
+    if (!pCodec)
+        pCodec = QTextCodec::codecForName(strFallback.toLatin1());
+    QString strText = pCodec ? pCodec->toUnicode(data) : QString::fromUtf8(data);
+    if (strText.startsWith(QChar(QChar::ByteOrderMark)))
+        strText.remove(0, 1);
+    return strText;
+}
 
 QString declareUtf8(const QString &strHtml)
 {
@@ -75,28 +124,11 @@ QString declareUtf8(const QString &strHtml)
     change(declaredByXml(strHtml));
     // Most pages declare once, at their start. The walk ends where no other declaration can follow.
     const int nLast = strHtml.lastIndexOf(QLatin1String("charset"), -1, Qt::CaseInsensitive);
-    CHtmlScanner scanner(strHtml);
-    while (nLast >= 0 && scanner.next()) {
-        change(declaredIn(strHtml, scanner.tag()));
-        if (scanner.tag().m_nStart > nLast)
+    CHtmlTokenizer tokenizer(strHtml);
+    while (nLast >= 0 && tokenizer.next()) {
+        change(declaredIn(strHtml, tokenizer.token()));
+        if (tokenizer.token().nEnd > nLast)
             break;
     }
     return nCopied == 0 ? strHtml : QString(strResult + strHtml.midRef(nCopied));
-}
-
-QString declaredCharset(const QString &strHtml)
-{
-    const auto named = [&](SRange range) {
-        return strHtml.mid(range.m_nStart, range.m_nLength).trimmed();
-    };
-    const SRange rangeXml = declaredByXml(strHtml);
-    if (rangeXml.m_nLength > 0)
-        return named(rangeXml);
-    CHtmlScanner scanner(strHtml);
-    while (scanner.next()) {
-        const SRange range = declaredIn(strHtml, scanner.tag());
-        if (range.m_nLength > 0)
-            return named(range);
-    }
-    return QString();
 }

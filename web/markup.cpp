@@ -1,6 +1,6 @@
 #include "web/markup.h"
 
-#include "web/chtmlscanner.h"
+#include "web/chtmltokenizer.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -40,23 +40,25 @@ QString mendElements(const QString &strHtml)
         return strHtml;
     QString strResult;
     int nCopied = 0;
-    CHtmlScanner scanner(strHtml);
-    bool bTag = scanner.next();
-    while (bTag) {
-        const QString strName = scanner.tag().m_strName;
-        const int nEnd = scanner.tag().m_nEnd;
-        bTag = scanner.next();
-        if (dropsFirstLineEnd(strName) && strHtml.midRef(nEnd, 1) == QLatin1String("\n")) {
-            strResult += strHtml.midRef(nCopied, nEnd - nCopied);
+    QString strElement; // Whose start tag was the last token.
+    CHtmlTokenizer tokenizer(strHtml);
+    while (tokenizer.next()) {
+        const SHtmlToken &token = tokenizer.token();
+        const int nStart = token.nStart;
+        if (dropsFirstLineEnd(strElement) && strHtml.at(nStart) == QLatin1Char('\n')) {
+            strResult += strHtml.midRef(nCopied, nStart - nCopied);
             strResult += QLatin1Char('\n');
-            nCopied = nEnd;
-        } else if (isEscapedRawText(strName)) {
-            const int nTextEnd =
-                bTag ? scanner.tag().m_nStart : strHtml.lastIndexOf(QLatin1String("</plaintext>"));
-            strResult += strHtml.midRef(nCopied, nEnd - nCopied);
-            strResult += unescaped(strHtml.mid(nEnd, nTextEnd - nEnd));
-            nCopied = bTag ? nTextEnd : strHtml.size(); // No tag ends a plain text.
+            nCopied = nStart;
+        } else if (token.kind == SHtmlToken::Kind::RawText && isEscapedRawText(strElement)) {
+            const int nPlainEnd = strElement == QLatin1String("plaintext") // No tag ends it.
+                ? strHtml.lastIndexOf(QLatin1String("</plaintext>"))
+                : token.nEnd;
+            const int nTextEnd = nPlainEnd < nStart ? token.nEnd : nPlainEnd;
+            strResult += strHtml.midRef(nCopied, nStart - nCopied);
+            strResult += unescaped(strHtml.mid(nStart, nTextEnd - nStart));
+            nCopied = token.nEnd;
         }
+        strElement = token.kind == SHtmlToken::Kind::StartTag ? token.name(strHtml) : QString();
     }
     return nCopied == 0 ? strHtml : QString(strResult + strHtml.midRef(nCopied));
 }

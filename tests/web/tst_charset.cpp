@@ -1,5 +1,4 @@
 #include "web/charset.h"
-#include "web/chtmlscanner.h"
 
 #include <QTest>
 
@@ -12,9 +11,6 @@ private slots:
     void declareUtf8();
     void declareUtf8_twice_changesNothingMore_data() { declareUtf8_data(); }
     void declareUtf8_twice_changesNothingMore();
-    void scanner_givesTagsOutsideRawTextAndComments_data();
-    void scanner_givesTagsOutsideRawTextAndComments();
-    void scanner_readsAttributes();
 };
 
 void tst_Charset::declareUtf8_data()
@@ -92,73 +88,6 @@ void tst_Charset::declareUtf8_twice_changesNothingMore()
     QFETCH(QString, html);
     const QString strOnce = ::declareUtf8(html);
     QCOMPARE(::declareUtf8(strOnce), strOnce);
-}
-
-void tst_Charset::scanner_givesTagsOutsideRawTextAndComments_data()
-{
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<QString>("tags");
-
-    QTest::newRow("none") << "text"
-                          << "";
-    QTest::newRow("nested") << "<a><B></b></a>"
-                            << "a b /b /a";
-    QTest::newRow("doctype") << "<!DOCTYPE html><p>"
-                             << "p";
-    QTest::newRow("comment with tags") << "<p><!-- <a> > --><b>"
-                                       << "p b";
-    QTest::newRow("open comment") << "<p><!-- <a>"
-                                  << "p";
-    QTest::newRow("script") << "<script><p></scriptx></SCRIPT ><b>"
-                            << "script /script b";
-    QTest::newRow("script to the end") << "<script><p>"
-                                       << "script";
-    QTest::newRow("plaintext") << "<plaintext><p></plaintext>"
-                               << "plaintext";
-    QTest::newRow("less-than sign") << "1 < 2 <= 3 <p>"
-                                    << "p";
-    QTest::newRow("slash in the tag") << "<br/><hr / >"
-                                      << "br hr";
-    QTest::newRow("quoted bracket") << "<p a='>' b=\">\"><b>"
-                                    << "p b";
-    QTest::newRow("end of text") << "<"
-                                 << "";
-    QTest::newRow("end in a name") << "<p"
-                                   << "p";
-    QTest::newRow("end in a value") << "<p a=\"x"
-                                    << "p";
-}
-
-void tst_Charset::scanner_givesTagsOutsideRawTextAndComments()
-{
-    QFETCH(QString, html);
-    QFETCH(QString, tags);
-    QStringList lstTags;
-    CHtmlScanner scanner(html);
-    while (scanner.next())
-        lstTags.append(scanner.tag().m_strName);
-    QCOMPARE(lstTags.join(QLatin1Char(' ')), tags);
-}
-
-void tst_Charset::scanner_readsAttributes()
-{
-    const QString strHtml = QStringLiteral("<p A=1 b='two' c = \"\" d e=/x/ a=2>");
-    CHtmlScanner scanner(strHtml);
-    QVERIFY(scanner.next());
-    const SHtmlTag &tag = scanner.tag();
-    const auto value = [&](const QString &strName) {
-        const SHtmlAttribute *pAttribute = tag.attribute(strName);
-        return pAttribute ? strHtml.mid(pAttribute->m_nValue, pAttribute->m_nLength)
-                          : QStringLiteral("(none)");
-    };
-    QCOMPARE(value(QStringLiteral("a")), QStringLiteral("1"));
-    QCOMPARE(value(QStringLiteral("b")), QStringLiteral("two"));
-    QCOMPARE(value(QStringLiteral("c")), QString());
-    QCOMPARE(value(QStringLiteral("d")), QString());
-    QCOMPARE(value(QStringLiteral("e")), QStringLiteral("/x/"));
-    QCOMPARE(value(QStringLiteral("f")), QStringLiteral("(none)"));
-    QCOMPARE(tag.m_nStart, 0);
-    QCOMPARE(tag.m_nEnd, strHtml.size());
 }
 
 QTEST_GUILESS_MAIN(tst_Charset)

@@ -37,7 +37,7 @@ void tst_PageSource::sourceIsHidden_untilShown()
     view.setHtml(QStringLiteral("<p>x</p>"));
     view.showSource(true);
     QVERIFY(view.sourceEdit()->isVisible());
-    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+    QCOMPARE(view.sourceEdit()->getText(), QStringLiteral("<p>x</p>"));
     view.showSource(false);
     QVERIFY(view.sourceEdit()->isHidden());
 }
@@ -65,7 +65,10 @@ void tst_PageSource::shownSource_followsThePage()
     typeText(&view, QStringLiteral("typed"));
     QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
     view.setHtml(QStringLiteral("<p>loaded</p>"));
-    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+    QCOMPARE(view.sourceEdit()->getText(), QStringLiteral("<p>loaded</p>"));
+    selectElement(&view, QStringLiteral("p"));
+    view.insertHtml(QStringLiteral("typed"));
+    QCOMPARE(view.sourceEdit()->getText(), QStringLiteral("<p>typed</p>"));
 }
 
 void tst_PageSource::pushingIntoTheSource_signalsNoModification_data()
@@ -169,7 +172,8 @@ void tst_PageSource::swapWithTyping_takesTheTextOver()
     QCOMPARE(view.url(), QUrl::fromLocalFile(strPath));
     QVERIFY(view.showsOwnFile());
     view.showSource(true);
-    QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+    QCOMPARE(view.sourceEdit()->getText(),
+             QString::fromLatin1(page("<p>xy&nbsp;</p><img src=a.png>")));
 }
 
 void tst_PageSource::swapBackOfAForeignEncoding_keepsTheText()

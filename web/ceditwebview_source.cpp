@@ -1,0 +1,129 @@
+// The page's source: as it was read, with the changes merged in, and in its own editor.
+#include "web/ceditwebview.h"
+
+#include "app/textcodecs.h"
+#include "web/charset.h"
+#include "web/cpagereader.h"
+#include "web/keptlines.h"
+
+#include <QFile>
+#include <QTextDocument>
+
+void CEditWebView::loadSource(const QByteArray &arrData, const QString &strCodec, const QUrl &url)
+{
+    const QTextCodec *pCodec = codecForName(strCodec);
+    setHtml(pCodec ? decodeText(pCodec, arrData) : decodePage(arrData), url);
+}
+
+void CEditWebView::startNewPage()
+{
+    setHtml(QStringLiteral("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n"
+                           "<title></title>\n</head>\n<body>\n\n</body>\n</html>\n"));
+    if (QTextDocument *pDocument = isSourceShown() ? m_pSourceEdit->document() : nullptr) {
+        QTextCursor cursor = pDocument->find(QStringLiteral("<body>"));
+        cursor.movePosition(QTextCursor::NextBlock);
+        m_pSourceEdit->setTextCursor(cursor);
+    }
+}
+
+// When a load has ended.
+void CEditWebView::takeSource()
+{
+    QString strSource = m_strGiven;
+    QFile file(url().toLocalFile());
+    if (strSource.isNull() && url().isLocalFile() && file.open(QIODevice::ReadOnly))
+        strSource = decodePage(file.readAll(), settings()->defaultTextEncoding());
+    if (strSource.startsWith(QChar(QChar::ByteOrderMark)))
+        strSource.remove(0, 1);
+    const QString strSerialised = toHtml();
+    m_merge = CPageMerge(strSource.isNull() ? strSerialised : strSource, strSerialised);
+    m_strMergedFrom.clear();
+}
+
+QString CEditWebView::mergedSource() const
+{
+    const QString strNow = toHtml();
+    if (strNow == m_strMergedFrom)
+        return m_strMerged;
+    if (m_merge.serialised().isEmpty()) // Nothing was loaded yet.
+        return strNow;
+    if (!m_pReader)
+        m_pReader = std::make_unique<CPageReader>();
+    m_strMerged = m_merge.merged(
+        strNow, [this](const QString &strSource) { return m_pReader->serialised(strSource); });
+    m_strMergedFrom = strNow;
+    return m_strMerged;
+}
+
+QByteArray CEditWebView::htmlForSaving() const
+{
+    const bool bEdited = isSourceShown() && isSourceEdited();
+    return declareUtf8(bEdited ? editedSource() : mergedSource()).toUtf8();
+}
+
+void CEditWebView::markSaved()
+{
+    if (!isSourceShown() || !isSourceEdited()) {
+        const QString strSaved = declareUtf8(mergedSource());
+        m_merge = CPageMerge(strSaved, m_strMergedFrom);
+        m_strMerged = strSaved;
+    }
+    setModified(false);
+}
+
+void CEditWebView::showSource(bool bShow)
+{
+    m_bSourceShown = bShow;
+    if (bShow)
+        clearFocus();
+    m_pSourceEdit->setVisible(bShow);
+    if (bShow) {
+        m_pSourceEdit->setModified(m_bModified);
+        pushSource();
+    }
+}
+
+void CEditWebView::applySource(const QString &strHtml)
+{
+    if (m_pSourceEdit->isModified())
+        m_bModified = true;
+    if (isSourceEdited()) {
+        const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
+        setHtml(withKeptLineEnds(m_strPushed, strHtml), bOwn ? fileUrl() : url());
+    }
+}
+
+bool CEditWebView::isSourceEdited() const
+{
+    return m_pSourceEdit->document()->revision() != m_nPushedRevision;
+}
+
+QString CEditWebView::editedSource() const
+{
+    return withKeptLineEnds(m_strPushed, m_pSourceEdit->getText());
+}
+
+// In a tab of its own the source editor is not visible while another tab is current, but a page
+// that finishes loading then has to reach it all the same.
+bool CEditWebView::isSourceShown() const
+{
+    return m_pSourceEdit && (m_pSourceEdit->isVisible() || m_bSourceShown);
+}
+
+// Keeps the source's modified flag. It is put back here and not by the loader's timer, so that a
+// key typed right after stays an edit; and nobody hears of it, as nothing was typed.
+void CEditWebView::pushSource()
+{
+    const QString strSource = mergedSource();
+    const bool bModified = m_pSourceEdit->isModified();
+    // The same text again keeps its caret, its place on the screen and its undo steps.
+    if (strSource != (isSourceEdited() ? editedSource() : m_strPushed)) {
+        const QSignalBlocker blocker(m_pSourceEdit);
+        m_pSourceEdit->setTextData(strSource.toUtf8(), false);
+        m_pSourceEdit->setModified(bModified);
+        m_pSourceEdit->updateLineNumberAreaWidth();
+        m_pSourceEdit->update();
+    }
+    m_strPushed = strSource;
+    m_nPushedRevision = m_pSourceEdit->document()->revision();
+}

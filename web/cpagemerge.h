@@ -1,0 +1,78 @@
+#pragma once
+
+#include "web/pagehabits.h"
+#include "web/pagetokens.h"
+
+#include <functional>
+
+// Writes a page's source with what changed in the page since it was read, and nothing else.
+//
+// A page is known by its serialisation only, which spells everything in its own way. So the source
+// is aligned with the serialisation of the page as it was read; what differs between that and the
+// serialisation now is brought into the source. The result is read once more: where it does not
+// make the page that is shown, the element around the change is written anew, at last the whole.
+//
+// A value. Linear in the page's length for few changes. GUI thread only.
+class CPageMerge
+{
+public:
+    // Gives the serialisation of the page that a source makes.
+    using Reader = std::function<QString(const QString &strSource)>;
+
+    CPageMerge() = default;
+    // The source as it was read, and the serialisation of the page that it made.
+    CPageMerge(const QString &strSource, const QString &strSerialised);
+
+    QString source() const { return m_strSource; }
+    QString serialised() const { return m_strSerialised; }
+
+    // The source of the page that is serialised as strNow.
+    QString merged(const QString &strNow, const Reader &read);
+
+private:
+    // What was [nOld, nOldEnd) in the serialisation is [nNow, nNowEnd) now.
+    struct SChange
+    {
+        int nOld = 0;
+        int nOldEnd = 0;
+        int nNow = 0;
+        int nNowEnd = 0;
+        int nLevel = 0; // How much around it is written anew.
+    };
+    struct SNow
+    {
+        QString strHtml;
+        PageTokens lstTokens;
+        QVector<int> lstNowOf; // For each old piece the one now, or -1.
+        QVector<int> lstOldOf; // For each piece now the old one, or -1.
+    };
+
+    QString mergedChecked(const QString &strNow, const Reader &read, bool *pBaseIsWrong);
+    bool isBaseRight(const Reader &read);
+    void analyse();
+    void nest();
+    SNow compared(const QString &strNow) const;
+    QVector<SChange> changes(const SNow &now) const;
+    static int changeAt(const QVector<SChange> &lstChanges, const SNow &now, int nPosition);
+    QString written(const QVector<SChange> &lstChanges, const SNow &now) const;
+    bool widen(QVector<SChange> *pChanges, int nChange) const;
+    void widenToGap(SChange *pChange) const;
+    bool widenToElement(SChange *pChange) const;
+    int enclosing(const SChange &change) const;
+
+    QString m_strSource;
+    QString m_strSerialised;
+    bool m_bChecked = false; // The source is known to make the serialised page.
+    bool m_bAnalysed = false;
+    PageTokens m_lstSource;
+    PageTokens m_lstSerialised;
+    QVector<int> m_lstSourceOf; // For each serialised piece the source's, or -1.
+    QVector<int> m_lstNextSource; // The source's piece for this serialised piece or a later one.
+    QVector<int> m_lstParent; // The start tag around each serialised piece; -1 for none.
+    QVector<int> m_lstEnd; // For each start tag its end tag.
+    SPageHabits m_habits;
+};
+
+// What of a serialisation has to be equal for two pages to be the same: the encoding is written
+// anyway, and blanks behind the body go to its end, wherever they stood.
+QString comparablePage(const QString &strSerialised);

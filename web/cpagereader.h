@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+class QWebPage;
+
+// Reads a source as the page editor would, without showing it: nothing of it runs, is loaded or laid
+// out. GUI thread only.
+class CPageReader
+{
+public:
+    CPageReader();
+    ~CPageReader();
+    Q_DISABLE_COPY(CPageReader)
+
+    // The serialisation of the page that the source makes, as CEditWebView::toHtml() gives it.
+    QString serialised(const QString &strSource);
+
+private:
+    QWebPage *m_pPage;
+};

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+// One piece of an HTML text. Positions count UTF-16 units from the start of the text; the pieces
+// follow each other without a gap, so that put together they are the text.
+struct SHtmlToken
+{
+    enum class Kind {
+        Text, // With character references.
+        EscapableText, // Content of a title or text area: references, but no tags.
+        RawText, // Content of a script or style, for example: neither.
+        CData, // A section within SVG or MathML.
+        StartTag,
+        EndTag,
+        Comment, // Also a processing instruction, and whatever else browsers read as a comment.
+        Doctype,
+        Dropped, // What a browser leaves out: a tag that the end of the text cuts off, "</>".
+    };
+
+    bool isTag() const { return kind == Kind::StartTag || kind == Kind::EndTag; }
+    // Of tags; other tokens have none.
+    bool isNamed(const QString &strHtml, QLatin1String strName) const;
+    bool isStart(const QString &strHtml, QLatin1String strName) const;
+    QString name(const QString &strHtml) const; // Lower case.
+
+    Kind kind = Kind::Text;
+    int nStart = 0;
+    int nEnd = 0;
+    int nName = 0; // Of tags.
+    int nNameLength = 0;
+    bool bSelfClosing = false; // Written with "/>".
+};
+
+struct SHtmlAttribute
+{
+    QString strName; // Lower case.
+    int nName = 0; // The name as it is spelled.
+    int nNameLength = 0;
+    int nValue = 0; // Without quotes.
+    int nLength = 0; // 0 for an attribute without value.
+    int nEnd = 0; // Behind the closing quote.
+    QChar cQuote; // Null for a value without quotes.
+    bool bValue = false; // There is an "=".
+};
+
+// Of a start or end tag, in order, with those that a browser ignores because their name came before.
+QVector<SHtmlAttribute> htmlAttributes(const QString &strHtml, const SHtmlToken &tag);
+// Null when there is none of that name; of two, the first counts.
+const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes,
+                                    QLatin1String strName);
+
+// True for an element that has neither content nor end tag.
+bool isVoidElement(const QString &strName);
+// True for what HTML calls white space: space, tab, line feed, form feed, carriage return.
+bool isHtmlSpace(QChar c);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "web/pagetokens.h"
+
+#include <QHash>
+
+// How a page's source is written, so that what is added to it looks the same.
+struct SPageHabits
+{
+    bool bUpperTags = false; // <P>
+    bool bUpperAttributes = false;
+    bool bXml = false; // The source says that it is XHTML, and must stay well-formed.
+    QString strVoidEnd = QStringLiteral(">"); // Of elements without content: also "/>", " />".
+    QChar cQuote = QLatin1Char('"');
+    QString strLineEnd = QStringLiteral("\n");
+    // Characters that the source spells as references more often than as themselves.
+    QHash<ushort, QString> mapReferences;
+};
+
+SPageHabits pageHabits(const QString &strSource, const PageTokens &lstTokens);
+
+// A piece of a serialised page as the source would write it.
+QString writePiece(const QString &strHtml, const SPageToken &piece, const SPageHabits &habits);
+// A text whose references are resolved.
+QString writeText(const QString &strText, const SPageHabits &habits);
+// The source's start tag with the attributes changed as they changed from strOld's tag to strNew's.
+QString changeTag(const QString &strSource, const SPageToken &source, const QString &strOld,
+                  const SPageToken &oldTag, const QString &strNew, const SPageToken &newTag,
+                  const SPageHabits &habits);
