@@ -1,0 +1,138 @@
+#include "realpages.h"
+
+#include "web/cpagereader.h"
+
+#include <algorithm>
+
+// A page keeps its source: what changes in real pages, line by line, when an author changes something.
+class tst_RealPages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void unchangedPage_isWrittenAsItWasRead_data();
+    void unchangedPage_isWrittenAsItWasRead();
+    void oneChange_leavesTheOtherLines_data();
+    void oneChange_leavesTheOtherLines();
+    void anyChanges_readBackAsTheShownPage();
+};
+
+namespace {
+
+QVector<SRealPage> allPages()
+{
+    return installedPages() + samplePages();
+}
+
+// Pages that are too large for many changes in a test's time.
+bool isSmall(const SRealPage &page)
+{
+    return page.content.size() < 300000;
+}
+
+} // namespace
+
+void tst_RealPages::unchangedPage_isWrittenAsItWasRead_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    for (const SRealPage &page : allPages())
+        QTest::newRow(qPrintable(page.strName)) << page.content;
+}
+
+void tst_RealPages::unchangedPage_isWrittenAsItWasRead()
+{
+    QFETCH(QByteArray, content);
+    const CWebCase c;
+    CEditWebView view;
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), content)));
+    QCOMPARE(view.htmlForSaving(), declareUtf8(decodePage(content)).toUtf8());
+}
+
+void tst_RealPages::oneChange_leavesTheOtherLines_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    for (const Author::SAction &action : Author::actions())
+        QTest::newRow(action.szName) << QByteArray(action.szName);
+}
+
+void tst_RealPages::oneChange_leavesTheOtherLines()
+{
+    QFETCH(QByteArray, action);
+    const QVector<Author::SAction> lstActions = Author::actions();
+    const auto it = std::find_if(lstActions.cbegin(), lstActions.cend(),
+                                 [&](const Author::SAction &a) { return action == a.szName; });
+    QRandomGenerator random(4711);
+    CPageReader reader;
+    QVector<int> lstOther; // Of each page: lines changed beside one.
+    for (const SRealPage &page : allPages()) {
+        const CWebCase c;
+        const QString strPath = c.write(QStringLiteral("a.html"), page.content);
+        const QString strBefore = asLines(decodePage(page.content));
+        for (int n = 0; n < 2 && isSmall(page); ++n) {
+            CEditWebView view;
+            QVERIFY(loadAndWait(&view, strPath));
+            const QString strShown = view.toHtml();
+            const double dNode = random.generateDouble();
+            if (!it->act(&view, dNode, random.generateDouble()) || view.toHtml() == strShown)
+                continue;
+            const QString strSaved = QString::fromUtf8(view.htmlForSaving());
+            const QString strWanted = comparablePage(view.toHtml());
+            const QString strRead = comparablePage(reader.serialised(strSaved));
+            // What no text can make is as near to it as its own serialisation comes.
+            if (strRead != strWanted)
+                QCOMPARE(strRead, comparablePage(reader.serialised(view.toHtml())));
+            lstOther.append(changedLines(strBefore, asLines(strSaved)) - 1);
+            if (lstOther.constLast() > 3)
+                qInfo("%s: %d other lines (node %f)", qPrintable(page.strName), lstOther.constLast(),
+                      dNode);
+        }
+    }
+    std::sort(lstOther.begin(), lstOther.end());
+    const int nOne = int(std::upper_bound(lstOther.cbegin(), lstOther.cend(), 0) - lstOther.cbegin());
+    qInfo("%s: %d of %d change one line; median %d, worst %d other lines", action.constData(), nOne,
+          lstOther.size(), lstOther.at(lstOther.size() / 2), lstOther.constLast());
+    if (action == "letter")
+        QVERIFY(nOne * 10 >= lstOther.size() * 9);
+    if (installedPages().size() < 40)
+        QSKIP("Fewer than 40 real pages are installed: run scripts/setup.sh pages.");
+}
+
+void tst_RealPages::anyChanges_readBackAsTheShownPage()
+{
+    const int nSequences = qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES") > 0
+        ? qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES")
+        : 300;
+    const QVector<SRealPage> lstPages = samplePages();
+    const QVector<Author::SAction> lstActions = Author::actions();
+    CPageReader reader;
+    const CWebCase c;
+    CEditWebView view;
+    int nNearest = 0;
+    for (int nSeed = 0; nSeed < nSequences; ++nSeed) {
+        QRandomGenerator random(nSeed);
+        const SRealPage &page = lstPages.at(random.bounded(lstPages.size()));
+        view.setHtml(decodePage(page.content));
+        for (int n = random.bounded(1, 6); n > 0; --n) {
+            const double dNode = random.generateDouble();
+            lstActions.at(random.bounded(lstActions.size()))
+                .act(&view, dNode, random.generateDouble());
+            if (random.bounded(4) == 0) {
+                view.htmlForSaving();
+                view.markSaved();
+            }
+        }
+        const QString strSaved = QString::fromUtf8(view.htmlForSaving());
+        const QString strRead = comparablePage(reader.serialised(strSaved));
+        if (strRead == comparablePage(view.toHtml()))
+            continue;
+        ++nNearest;
+        if (strRead != comparablePage(reader.serialised(view.toHtml()))) {
+            qInfo("seed %d, %s", nSeed, qPrintable(page.strName));
+            QCOMPARE(strRead, comparablePage(reader.serialised(view.toHtml())));
+        }
+    }
+    qInfo("%d sequences, %d pages that no text makes", nSequences, nNearest);
+}
+
+QTEST_MAIN(tst_RealPages)
+#include "tst_realpages.moc"
