@@ -43,3 +43,8 @@ nmap-common node-bootstrap-sass node-less npm perl-modules-5.36 phpmyadmin po4a 
 roundcube-core ruby-rails-i18n tomcat10-examples vim-runtime wordpress zabbix-server-pgsql"
 SOURCES_COLOURS="
 bash commons-io git haskell-lens kotlinx-coroutines python-django weechat xmonad-contrib"
+# Pages of all kinds, for the tests of the page editor; without them these tests say that they skip.
+PACKAGES_PAGES="
+apache2-doc opensp bash-doc debian-faq lame-doc exim4-doc-html postfix-doc bzip2-doc sharutils-doc
+ntpsec-doc libvorbis-dev libopus-doc sgml-base-doc debian-policy libjs-mathjax-doc junit-doc ncurses-doc
+libjs-jquery-ui-docs gperf libraptor2-doc valgrind libtiff-doc"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing: setup.sh run|display|test|check|inspect|bench …
+# Installs the Debian packages that are missing: setup.sh run|display|test|check|inspect|bench|pages …
 # Silent when nothing is missing; fails with one line when something cannot be installed.
 set -euo pipefail
 . "$(dirname "$0")/packages.sh"
@@ -12,6 +12,7 @@ for purpose in "$@"; do
         test) wanted+=" $PACKAGES_RUN $PACKAGES_TEST" ;;
         check) wanted+=" $PACKAGES_RUN $PACKAGES_DISPLAY $PACKAGES_CHECK" ;;
         inspect) wanted+=" $PACKAGES_INSPECT" ;;
+        pages) wanted+=" $PACKAGES_PAGES" ;;
         bench) wanted+=" $PACKAGES_RUN $PACKAGES_BENCH" ;;
         *) echo "setup.sh: unknown purpose '$purpose'" >&2; exit 2 ;;
     esac

@@ -70,6 +70,7 @@ public:
     QVector<int> result() const { return m_lstResult; }
 
 private:
+    void preferFirstBlanks(SStretch serialised);
     void pairLoosely(SStretch serialised, SStretch source);
     void pairWords(SStretch serialised, SStretch source);
     template<typename Pair> void betweenPairs(SStretch serialised, SStretch source, Pair pair);
@@ -87,9 +88,25 @@ void CSourceAlignment::alignStretch(SStretch serialised, SStretch source)
         if (lstPairs.at(n) >= 0)
             m_lstResult[serialised.nStart + n] = source.nStart + lstPairs.at(n);
     }
+    preferFirstBlanks(serialised);
     betweenPairs(serialised, source,
                  [this](SStretch a, SStretch b) { pairLoosely(a, b); });
     betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairWords(a, b); });
+}
+
+// Of several line ends the first is the source's own: browsers move those behind the page's end to
+// the end of its body.
+void CSourceAlignment::preferFirstBlanks(SStretch serialised)
+{
+    for (int n = serialised.nStart; n < serialised.nEnd; ++n) {
+        if (m_lstResult.at(n) < 0 || !m_lstSerialised.at(n).isSpace())
+            continue;
+        int nFirst = n;
+        while (nFirst > serialised.nStart && m_lstResult.at(nFirst - 1) < 0
+               && m_lstSerialised.at(nFirst - 1).nKey == m_lstSerialised.at(n).nKey)
+            --nFirst;
+        std::swap(m_lstResult[nFirst], m_lstResult[n]);
+    }
 }
 
 // Calls pair for all that lies between two pairs and has something on either side.

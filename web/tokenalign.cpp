@@ -53,11 +53,15 @@ private:
 
 void CAlignment::align(SPair start, SPair end, bool bAnchors)
 {
-    while (end.nA > start.nA && end.nB > start.nB && isEqual(end.nA - 1, end.nB - 1))
-        m_lstResult[--end.nA] = --end.nB;
+    bool bEndTried = false;
     for (;;) {
         while (start.nA < end.nA && start.nB < end.nB && isEqual(start.nA, start.nB))
             m_lstResult[start.nA++] = start.nB++;
+        // The start goes first: of several equal elements, the first ones are partners.
+        while (!bEndTried && end.nA > start.nA && end.nB > start.nB
+               && isEqual(end.nA - 1, end.nB - 1))
+            m_lstResult[--end.nA] = --end.nB;
+        bEndTried = true;
         const qint64 nA = end.nA - start.nA;
         const qint64 nB = end.nB - start.nB;
         if (nA == 0 || nB == 0)

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "web/charset.h"
+#include "web/tokenalign.h"
 #include "webtest.h"
 
 #include <QFileInfo>
 #include <QRandomGenerator>
+
+#include <algorithm>
 
 // Pages as they are found in the world, and what an author does to them.
 
@@ -179,20 +182,23 @@ inline QVector<SAction> actions()
 
 } // namespace Author
 
-// How many lines of the one text are not in the other, at the place where they differ.
+inline QVector<quint64> lineKeys(const QStringList &lstLines)
+{
+    QVector<quint64> lstKeys;
+    for (const QString &strLine : lstLines)
+        lstKeys.append((quint64(qHash(strLine, 1)) << 32) | qHash(strLine, 2));
+    return lstKeys;
+}
+
+// How many lines a text lost or got, whichever is more.
 inline int changedLines(const QString &strBefore, const QString &strAfter)
 {
     const QStringList lstBefore = strBefore.split(QLatin1Char('\n'));
     const QStringList lstAfter = strAfter.split(QLatin1Char('\n'));
-    const int nCommon = qMin(lstBefore.size(), lstAfter.size());
-    int nStart = 0;
-    while (nStart < nCommon && lstBefore.at(nStart) == lstAfter.at(nStart))
-        ++nStart;
-    int nEnd = 0;
-    while (nEnd < nCommon - nStart
-           && lstBefore.at(lstBefore.size() - 1 - nEnd) == lstAfter.at(lstAfter.size() - 1 - nEnd))
-        ++nEnd;
-    return qMax(lstBefore.size(), lstAfter.size()) - nStart - nEnd;
+    const QVector<int> lstPartners = alignSequences(lineKeys(lstBefore), lineKeys(lstAfter));
+    const int nKept =
+        lstBefore.size() - int(std::count(lstPartners.cbegin(), lstPartners.cend(), -1));
+    return qMax(lstBefore.size(), lstAfter.size()) - nKept;
 }
 
 // A source with its lines ended by LF, as a save declares it.
