@@ -68,12 +68,18 @@ const int g_nDeclarationBytes = 8192; // A declaration further behind counts for
 QByteArray codecNameFor(const QString &strDeclared)
 {
     static const QHash<QString, QByteArray> mapNames = {
-        {QStringLiteral("iso-8859-1"), "windows-1252"}, {QStringLiteral("iso8859-1"), "windows-1252"},
-        {QStringLiteral("latin1"), "windows-1252"},     {QStringLiteral("us-ascii"), "windows-1252"},
-        {QStringLiteral("ascii"), "windows-1252"},      {QStringLiteral("iso-8859-9"), "windows-1254"},
-        {QStringLiteral("gb2312"), "GBK"},              {QStringLiteral("gb_2312-80"), "GBK"},
-        {QStringLiteral("utf-16"), "UTF-8"},            {QStringLiteral("utf-16le"), "UTF-8"},
-        {QStringLiteral("utf-16be"), "UTF-8"},          {QStringLiteral("utf8"), "UTF-8"}};
+        {QStringLiteral("iso-8859-1"), "windows-1252"},
+        {QStringLiteral("iso8859-1"), "windows-1252"},
+        {QStringLiteral("latin1"), "windows-1252"},
+        {QStringLiteral("us-ascii"), "windows-1252"},
+        {QStringLiteral("ascii"), "windows-1252"},
+        {QStringLiteral("iso-8859-9"), "windows-1254"},
+        {QStringLiteral("gb2312"), "GBK"},
+        {QStringLiteral("gb_2312-80"), "GBK"},
+        {QStringLiteral("utf-16"), "UTF-8"},
+        {QStringLiteral("utf-16le"), "UTF-8"},
+        {QStringLiteral("utf-16be"), "UTF-8"},
+        {QStringLiteral("utf8"), "UTF-8"}};
     const QString strName = strDeclared.trimmed().toLower();
     return mapNames.value(strName, strName.toLatin1());
 }

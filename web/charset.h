@@ -14,6 +14,6 @@ QString declareUtf8(const QString &strHtml);
 // meta http-equiv content-type. Empty when it declares none.
 QString declaredCharset(const QString &strHtml);
 
-// The bytes of a page as browsers read them: by a byte-order mark, else by what the page declares at
-// its start, else as strFallback says. Without the byte-order mark.
+// The bytes of a page as browsers read them: by a byte-order mark, else by what the page declares
+// at its start, else as strFallback says. Without the byte-order mark.
 QString decodePage(const QByteArray &data, const QString &strFallback = QStringLiteral("UTF-8"));

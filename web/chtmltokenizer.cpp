@@ -17,10 +17,10 @@ bool isEscapableElement(const QString &strName)
 
 bool isRawElement(const QString &strName)
 {
-    static const QSet<QString> setNames = {
-        QStringLiteral("script"),   QStringLiteral("style"),  QStringLiteral("xmp"),
-        QStringLiteral("iframe"),   QStringLiteral("noembed"), QStringLiteral("noframes"),
-        QStringLiteral("plaintext")};
+    static const QSet<QString> setNames = {QStringLiteral("script"),   QStringLiteral("style"),
+                                           QStringLiteral("xmp"),      QStringLiteral("iframe"),
+                                           QStringLiteral("noembed"),  QStringLiteral("noframes"),
+                                           QStringLiteral("plaintext")};
     return setNames.contains(strName);
 }
 
@@ -32,10 +32,14 @@ bool isForeignRoot(const QString &strName)
 // Elements of SVG and MathML that hold HTML.
 bool isIntegrationPoint(const QString &strName)
 {
-    static const QSet<QString> setNames = {
-        QStringLiteral("foreignobject"), QStringLiteral("desc"), QStringLiteral("title"),
-        QStringLiteral("mi"),            QStringLiteral("mo"),   QStringLiteral("mn"),
-        QStringLiteral("ms"),            QStringLiteral("mtext")};
+    static const QSet<QString> setNames = {QStringLiteral("foreignobject"),
+                                           QStringLiteral("desc"),
+                                           QStringLiteral("title"),
+                                           QStringLiteral("mi"),
+                                           QStringLiteral("mo"),
+                                           QStringLiteral("mn"),
+                                           QStringLiteral("ms"),
+                                           QStringLiteral("mtext")};
     return setNames.contains(strName);
 }
 
@@ -43,20 +47,20 @@ bool isIntegrationPoint(const QString &strName)
 bool isBreakout(const QString &strName)
 {
     static const QSet<QString> setNames = {
-        QStringLiteral("b"),      QStringLiteral("big"),    QStringLiteral("blockquote"),
-        QStringLiteral("body"),   QStringLiteral("br"),     QStringLiteral("center"),
-        QStringLiteral("code"),   QStringLiteral("dd"),     QStringLiteral("div"),
-        QStringLiteral("dl"),     QStringLiteral("dt"),     QStringLiteral("em"),
-        QStringLiteral("embed"),  QStringLiteral("h1"),     QStringLiteral("h2"),
-        QStringLiteral("h3"),     QStringLiteral("h4"),     QStringLiteral("h5"),
-        QStringLiteral("h6"),     QStringLiteral("head"),   QStringLiteral("hr"),
-        QStringLiteral("i"),      QStringLiteral("img"),    QStringLiteral("li"),
-        QStringLiteral("menu"),   QStringLiteral("meta"),   QStringLiteral("nobr"),
-        QStringLiteral("ol"),     QStringLiteral("p"),      QStringLiteral("pre"),
-        QStringLiteral("ruby"),   QStringLiteral("s"),      QStringLiteral("small"),
-        QStringLiteral("span"),   QStringLiteral("strong"), QStringLiteral("strike"),
-        QStringLiteral("sub"),    QStringLiteral("sup"),    QStringLiteral("table"),
-        QStringLiteral("tt"),     QStringLiteral("u"),      QStringLiteral("ul"),
+        QStringLiteral("b"),     QStringLiteral("big"),    QStringLiteral("blockquote"),
+        QStringLiteral("body"),  QStringLiteral("br"),     QStringLiteral("center"),
+        QStringLiteral("code"),  QStringLiteral("dd"),     QStringLiteral("div"),
+        QStringLiteral("dl"),    QStringLiteral("dt"),     QStringLiteral("em"),
+        QStringLiteral("embed"), QStringLiteral("h1"),     QStringLiteral("h2"),
+        QStringLiteral("h3"),    QStringLiteral("h4"),     QStringLiteral("h5"),
+        QStringLiteral("h6"),    QStringLiteral("head"),   QStringLiteral("hr"),
+        QStringLiteral("i"),     QStringLiteral("img"),    QStringLiteral("li"),
+        QStringLiteral("menu"),  QStringLiteral("meta"),   QStringLiteral("nobr"),
+        QStringLiteral("ol"),    QStringLiteral("p"),      QStringLiteral("pre"),
+        QStringLiteral("ruby"),  QStringLiteral("s"),      QStringLiteral("small"),
+        QStringLiteral("span"),  QStringLiteral("strong"), QStringLiteral("strike"),
+        QStringLiteral("sub"),   QStringLiteral("sup"),    QStringLiteral("table"),
+        QStringLiteral("tt"),    QStringLiteral("u"),      QStringLiteral("ul"),
         QStringLiteral("var")};
     return setNames.contains(strName);
 }
@@ -112,8 +116,8 @@ void CHtmlTokenizer::readRawText()
 {
     const QString strName = m_strRawElement;
     m_strRawElement.clear();
-    const auto kind = isEscapableElement(strName) ? SHtmlToken::Kind::EscapableText
-                                                  : SHtmlToken::Kind::RawText;
+    const auto kind =
+        isEscapableElement(strName) ? SHtmlToken::Kind::EscapableText : SHtmlToken::Kind::RawText;
     if (strName == QLatin1String("plaintext"))
         finish(kind, m_strHtml.size());
     else if (strName == QLatin1String("script"))
@@ -151,7 +155,8 @@ int CHtmlTokenizer::scriptEnd(int nPos) const
     bool bNested = false;
     for (; nPos < m_strHtml.size(); ++nPos) {
         const QChar c = m_strHtml.at(nPos);
-        if (bComment && c == QLatin1Char('-') && m_strHtml.midRef(nPos, 3) == QLatin1String("-->")) {
+        if (bComment && c == QLatin1Char('-')
+            && m_strHtml.midRef(nPos, 3) == QLatin1String("-->")) {
             bComment = bNested = false;
         } else if (c != QLatin1Char('<')) {
             continue;
@@ -214,7 +219,8 @@ void CHtmlTokenizer::readComment()
     finish(SHtmlToken::Kind::Comment, nEnd);
 }
 
-// The position of the ">" that no quotes enclose; -1 for none. Quotes count only where a value begins.
+// The position of the ">" that no quotes enclose; -1 for none. Quotes count only where a value
+// begins.
 int CHtmlTokenizer::tagEnd(int nPos, bool *pSlash) const
 {
     enum class State { BeforeName, Name, BehindName, BeforeValue, Value } state = State::BeforeName;
@@ -253,8 +259,8 @@ void CHtmlTokenizer::readTag()
     const bool bEnd = m_strHtml.at(m_nPos + 1) == QLatin1Char('/');
     const int nSize = m_strHtml.size();
     int nPos = m_token.nName = m_nPos + (bEnd ? 2 : 1);
-    while (nPos < nSize && !isHtmlSpace(m_strHtml.at(nPos)) && m_strHtml.at(nPos) != QLatin1Char('/')
-           && m_strHtml.at(nPos) != QLatin1Char('>'))
+    while (nPos < nSize && !isHtmlSpace(m_strHtml.at(nPos))
+           && m_strHtml.at(nPos) != QLatin1Char('/') && m_strHtml.at(nPos) != QLatin1Char('>'))
         ++nPos;
     m_token.nNameLength = nPos - m_token.nName;
 

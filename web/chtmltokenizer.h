@@ -5,9 +5,9 @@
 #include <QHash>
 
 // Cuts an HTML text into its pieces as a browser without scripts does: what looks like a tag in a
-// comment, a script or style, a title or text area is none (WHATWG HTML, 13.2.5 Tokenization). Not a
-// parser: it neither nests nor repairs, and only follows SVG and MathML as far as they decide what a
-// tag is. Linear in the text's length. Keeps a reference to the text. Reentrant.
+// comment, a script or style, a title or text area is none (WHATWG HTML, 13.2.5 Tokenization). Not
+// a parser: it neither nests nor repairs, and only follows SVG and MathML as far as they decide
+// what a tag is. Linear in the text's length. Keeps a reference to the text. Reentrant.
 class CHtmlTokenizer
 {
 public:

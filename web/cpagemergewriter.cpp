@@ -22,8 +22,7 @@ void CPageMergeWriter::put(int nStart, int nEnd, const QString &strText)
 
 void CPageMergeWriter::writeChange(const SPageChange &change, bool bSpellOut)
 {
-    const PageTokens lstOld =
-        m_before.lstSerialised.mid(change.nOld, change.nOldEnd - change.nOld);
+    const PageTokens lstOld = m_before.lstSerialised.mid(change.nOld, change.nOldEnd - change.nOld);
     const PageTokens lstNow = m_now.lstTokens.mid(change.nNow, change.nNowEnd - change.nNow);
     const QVector<int> lstPartners = alignLoosely(lstOld, lstNow);
     m_bRemoved = false;
@@ -118,8 +117,8 @@ void CPageMergeWriter::insert(int nOld, int nNow)
     put(nPosition, nPosition, strText);
 }
 
-// What the page has before something new, and the source only implies: an end of a paragraph, blanks
-// that stood behind the page's end.
+// What the page has before something new, and the source only implies: an end of a paragraph,
+// blanks that stood behind the page's end.
 void CPageMergeWriter::spellOut(int nOld)
 {
     int nFirst = nOld;

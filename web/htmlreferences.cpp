@@ -24,10 +24,9 @@ QString resolveName(const QString &strName)
         return *it;
     const QString strReference = QLatin1Char('&') + strName + QLatin1Char(';');
     // Between letters, as the text's own blanks would go; a line end would come as a separator.
-    QString strText =
-        QTextDocumentFragment::fromHtml(QStringLiteral("<pre>a") + strReference
-                                        + QStringLiteral("b</pre>"))
-            .toPlainText();
+    QString strText = QTextDocumentFragment::fromHtml(QStringLiteral("<pre>a") + strReference
+                                                      + QStringLiteral("b</pre>"))
+                          .toPlainText();
     strText = strText.mid(1, strText.size() - 2);
     // Fragments give no-break spaces back as blanks.
     if (strName == QLatin1String("nbsp"))
@@ -129,9 +128,8 @@ SDecodedText decodeWithPositions(const QString &strHtml, int nStart, int nEnd,
     for (int nPos = nStart; nPos < nEnd; ++nPos) {
         const QChar c = strHtml.at(nPos);
         QString strResolved;
-        const int nLength = c == QLatin1Char('&')
-            ? referenceAt(strHtml, nPos, nEnd, references, &strResolved)
-            : 0;
+        const int nLength =
+            c == QLatin1Char('&') ? referenceAt(strHtml, nPos, nEnd, references, &strResolved) : 0;
         if (nLength > 0) {
             for (const QChar cResolved : strResolved)
                 add(cResolved, nPos);

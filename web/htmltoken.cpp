@@ -92,13 +92,13 @@ const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes
 bool isVoidElement(const QString &strName)
 {
     static const QSet<QString> setNames = {
-        QStringLiteral("area"),    QStringLiteral("base"),     QStringLiteral("basefont"),
-        QStringLiteral("bgsound"), QStringLiteral("br"),       QStringLiteral("col"),
-        QStringLiteral("command"), QStringLiteral("embed"),    QStringLiteral("frame"),
-        QStringLiteral("hr"),      QStringLiteral("image"),    QStringLiteral("img"),
-        QStringLiteral("input"),   QStringLiteral("keygen"),   QStringLiteral("link"),
-        QStringLiteral("meta"),    QStringLiteral("nextid"),   QStringLiteral("param"),
-        QStringLiteral("source"),  QStringLiteral("track"),    QStringLiteral("wbr")};
+        QStringLiteral("area"),    QStringLiteral("base"),   QStringLiteral("basefont"),
+        QStringLiteral("bgsound"), QStringLiteral("br"),     QStringLiteral("col"),
+        QStringLiteral("command"), QStringLiteral("embed"),  QStringLiteral("frame"),
+        QStringLiteral("hr"),      QStringLiteral("image"),  QStringLiteral("img"),
+        QStringLiteral("input"),   QStringLiteral("keygen"), QStringLiteral("link"),
+        QStringLiteral("meta"),    QStringLiteral("nextid"), QStringLiteral("param"),
+        QStringLiteral("source"),  QStringLiteral("track"),  QStringLiteral("wbr")};
     return setNames.contains(strName);
 }
 

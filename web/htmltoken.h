@@ -45,7 +45,8 @@ struct SHtmlAttribute
     bool bValue = false; // There is an "=".
 };
 
-// Of a start or end tag, in order, with those that a browser ignores because their name came before.
+// Of a start or end tag, in order, with those that a browser ignores because their name came
+// before.
 QVector<SHtmlAttribute> htmlAttributes(const QString &strHtml, const SHtmlToken &tag);
 // Null when there is none of that name; of two, the first counts.
 const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes,

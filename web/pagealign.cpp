@@ -22,8 +22,7 @@ template<typename Key> QVector<quint64> keys(const PageTokens &lstTokens, SStret
     return lstKeys;
 }
 
-template<typename Key>
-QVector<int> align(const PageTokens &lstA, const PageTokens &lstB, Key key)
+template<typename Key> QVector<int> align(const PageTokens &lstA, const PageTokens &lstB, Key key)
 {
     return alignSequences(keys(lstA, {0, lstA.size()}, key), keys(lstB, {0, lstB.size()}, key));
 }
@@ -82,15 +81,14 @@ private:
 
 void CSourceAlignment::alignStretch(SStretch serialised, SStretch source)
 {
-    const QVector<int> lstPairs = alignSequences(keys(m_lstSerialised, serialised, exact),
-                                                 keys(m_lstSource, source, exact));
+    const QVector<int> lstPairs =
+        alignSequences(keys(m_lstSerialised, serialised, exact), keys(m_lstSource, source, exact));
     for (int n = 0; n < lstPairs.size(); ++n) {
         if (lstPairs.at(n) >= 0)
             m_lstResult[serialised.nStart + n] = source.nStart + lstPairs.at(n);
     }
     preferFirstBlanks(serialised);
-    betweenPairs(serialised, source,
-                 [this](SStretch a, SStretch b) { pairLoosely(a, b); });
+    betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairLoosely(a, b); });
     betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairWords(a, b); });
 }
 

@@ -66,8 +66,7 @@ void countTags(const QString &strSource, const PageTokens &lstTokens, SPageHabit
             continue;
         upperTags.count(isUpper(strSource, piece.nName, piece.nNameLength));
         if (piece.bVoid) {
-            const bool bBlank = piece.bSelfClosing
-                && isHtmlSpace(strSource.at(piece.nEnd - 3));
+            const bool bBlank = piece.bSelfClosing && isHtmlSpace(strSource.at(piece.nEnd - 3));
             ++mapEnds[!piece.bSelfClosing ? QStringLiteral(">")
                           : bBlank        ? QStringLiteral(" />")
                                           : QStringLiteral("/>")];
@@ -189,8 +188,8 @@ QString writeValue(const QString &strText, QChar cQuote, const SPageHabits &habi
         if (c == QLatin1Char('&'))
             strValue += QLatin1String("&amp;");
         else if (c == cQuote)
-            strValue += cQuote == QLatin1Char('"') ? QLatin1String("&quot;")
-                                                   : QLatin1String("&#39;");
+            strValue +=
+                cQuote == QLatin1Char('"') ? QLatin1String("&quot;") : QLatin1String("&#39;");
         else if (c == QLatin1Char('<') && habits.bXml)
             strValue += QLatin1String("&lt;");
         else if (c == QLatin1Char('\n'))
@@ -219,11 +218,9 @@ QString writeAttribute(const QString &strHtml, const SHtmlAttribute &attribute,
         return QLatin1Char(' ') + strName;
     QChar cQuote = habits.cQuote;
     if (strValue.contains(cQuote))
-        cQuote = QLatin1Char(cQuote == QLatin1Char('"') && !strValue.contains(QLatin1Char('\''))
-                                 ? '\''
-                                 : '"');
-    const QString strWritten =
-        writeValue(bBoolean ? attribute.strName : strValue, cQuote, habits);
+        cQuote = QLatin1Char(
+            cQuote == QLatin1Char('"') && !strValue.contains(QLatin1Char('\'')) ? '\'' : '"');
+    const QString strWritten = writeValue(bBoolean ? attribute.strName : strValue, cQuote, habits);
     return QLatin1Char(' ') + strName + QLatin1Char('=') + cQuote + strWritten + cQuote;
 }
 

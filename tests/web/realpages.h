@@ -36,17 +36,20 @@ inline QVector<SRealPage> samplePages()
     QVector<SRealPage> lstPages;
     for (const char *szName : {"word", "xhtml", "drawing", "capitals", "fragment"}) {
         const QString strName = QString::fromLatin1(szName);
-        const QByteArray content = contentOf(
-            QStringLiteral(QUILLAN_SOURCE_DIR "/tests/web/pages/%1.html").arg(strName));
+        const QByteArray content =
+            contentOf(QStringLiteral(QUILLAN_SOURCE_DIR "/tests/web/pages/%1.html").arg(strName));
         lstPages.append({strName, content});
-        lstPages.append({strName + QStringLiteral(" CR LF"), QByteArray(content).replace("\n", "\r\n")});
+        lstPages.append(
+            {strName + QStringLiteral(" CR LF"), QByteArray(content).replace("\n", "\r\n")});
         lstPages.append({strName + QStringLiteral(" CR"), QByteArray(content).replace('\n', '\r')});
         lstPages.append({strName + QStringLiteral(" with a mark"), "\xEF\xBB\xBF" + content});
     }
     lstPages.append({QStringLiteral("Latin-1"),
                      "<html><head><meta http-equiv=\"Content-Type\" content=\"text/html; "
-                     "charset=ISO-8859-1\">\n<title>caf\xE9</title></head>\n<body>\n<p>\xDC" "ber die "
-                     "Stra\xDF" "e\n<p>nach &Ouml;sterreich\n</body>\n</html>\n"});
+                     "charset=ISO-8859-1\">\n<title>caf\xE9</title></head>\n<body>\n<p>\xDC"
+                     "ber die "
+                     "Stra\xDF"
+                     "e\n<p>nach &Ouml;sterreich\n</body>\n</html>\n"});
     return lstPages;
 }
 
@@ -175,8 +178,8 @@ struct SAction
 };
 inline QVector<SAction> actions()
 {
-    return {{"letter", typeLetter},        {"bold", makeBold}, {"split", splitParagraph},
-            {"join", joinParagraph},       {"center", center}, {"link", linkWord},
+    return {{"letter", typeLetter},   {"bold", makeBold}, {"split", splitParagraph},
+            {"join", joinParagraph},  {"center", center}, {"link", linkWord},
             {"removal", removeAcross}};
 }
 

@@ -118,15 +118,24 @@ void tst_HtmlTokenizer::attributes_data()
 {
     QTest::addColumn<QString>("tag");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("none") << "<br/>" << "";
-    QTest::newRow("kinds") << "<a B=1 c='2' d=\"3\" e f=>" << "b=1|c='2'|d=\"3\"|e|f=";
-    QTest::newRow("blanks") << "<a b = 1\n\tc\n=\n'2' >" << "b=1|c='2'";
-    QTest::newRow("twice") << "<a b=1 b=2>" << "b=1|b=2";
-    QTest::newRow("slashes") << "<a/b/c=1/ d/>" << "b|c=1/|d";
-    QTest::newRow("without blanks") << "<a b='1'c=\"2\"d>" << "b='1'|c=\"2\"|d";
-    QTest::newRow("equals sign first") << "<a =b =c=d =>" << "=b=c=d|=";
-    QTest::newRow("end tag") << "</a b=1>" << "b=1";
-    QTest::newRow("greater-than sign") << "<a b='>' c>" << "b='>'|c";
+    QTest::newRow("none") << "<br/>"
+                          << "";
+    QTest::newRow("kinds") << "<a B=1 c='2' d=\"3\" e f=>"
+                           << "b=1|c='2'|d=\"3\"|e|f=";
+    QTest::newRow("blanks") << "<a b = 1\n\tc\n=\n'2' >"
+                            << "b=1|c='2'";
+    QTest::newRow("twice") << "<a b=1 b=2>"
+                           << "b=1|b=2";
+    QTest::newRow("slashes") << "<a/b/c=1/ d/>"
+                             << "b|c=1/|d";
+    QTest::newRow("without blanks") << "<a b='1'c=\"2\"d>"
+                                    << "b='1'|c=\"2\"|d";
+    QTest::newRow("equals sign first") << "<a =b =c=d =>"
+                                       << "=b=c=d|=";
+    QTest::newRow("end tag") << "</a b=1>"
+                             << "b=1";
+    QTest::newRow("greater-than sign") << "<a b='>' c>"
+                                       << "b='>'|c";
 }
 
 void tst_HtmlTokenizer::attributes()
@@ -151,16 +160,19 @@ void tst_HtmlTokenizer::attributes()
 
 void tst_HtmlTokenizer::piecesPutTogether_areTheText()
 {
-    const QStringList lstParts = {
-        QStringLiteral("<"),        QStringLiteral(">"),         QStringLiteral("/"),
-        QStringLiteral("!"),        QStringLiteral("--"),        QStringLiteral("<!--"),
-        QStringLiteral("-->"),      QStringLiteral("<script>"),  QStringLiteral("</script>"),
-        QStringLiteral("<svg>"),    QStringLiteral("</svg>"),    QStringLiteral("<![CDATA["),
-        QStringLiteral("]]>"),      QStringLiteral("<title"),    QStringLiteral("</title>"),
-        QStringLiteral("'"),        QStringLiteral("\""),        QStringLiteral("="),
-        QStringLiteral(" a"),       QStringLiteral("\r\n"),      QStringLiteral("<?"),
-        QStringLiteral("<!DOCTYPE"), QStringLiteral("<p"),       QStringLiteral("</p"),
-        QStringLiteral("<textarea>"), QStringLiteral("<foreignObject>")};
+    const QStringList lstParts = {QStringLiteral("<"),          QStringLiteral(">"),
+                                  QStringLiteral("/"),          QStringLiteral("!"),
+                                  QStringLiteral("--"),         QStringLiteral("<!--"),
+                                  QStringLiteral("-->"),        QStringLiteral("<script>"),
+                                  QStringLiteral("</script>"),  QStringLiteral("<svg>"),
+                                  QStringLiteral("</svg>"),     QStringLiteral("<![CDATA["),
+                                  QStringLiteral("]]>"),        QStringLiteral("<title"),
+                                  QStringLiteral("</title>"),   QStringLiteral("'"),
+                                  QStringLiteral("\""),         QStringLiteral("="),
+                                  QStringLiteral(" a"),         QStringLiteral("\r\n"),
+                                  QStringLiteral("<?"),         QStringLiteral("<!DOCTYPE"),
+                                  QStringLiteral("<p"),         QStringLiteral("</p"),
+                                  QStringLiteral("<textarea>"), QStringLiteral("<foreignObject>")};
     QRandomGenerator random(17);
     for (int n = 0; n < 20000; ++n) {
         QString strHtml;
@@ -183,8 +195,9 @@ void tst_HtmlTokenizer::piecesPutTogether_areTheText()
 void tst_HtmlTokenizer::openMarkup_takesLinearTime_data()
 {
     QTest::addColumn<QString>("part");
-    for (const char *szPart : {"<", "<!--", "<a b=\"", "<a b=", "</", "<svg>", "<svg></math>", "<![CDATA[",
-                               "<script><!--", "<title>", "<textarea></text", "<!", "<a =", "--!"})
+    for (const char *szPart :
+         {"<", "<!--", "<a b=\"", "<a b=", "</", "<svg>", "<svg></math>", "<![CDATA[",
+          "<script><!--", "<title>", "<textarea></text", "<!", "<a =", "--!"})
         QTest::newRow(szPart) << QString::fromLatin1(szPart);
 }
 

@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-// A page keeps its source: what changes in real pages, line by line, when an author changes something.
+// A page keeps its source: what changes in real pages, line by line, when an author changes
+// something.
 class tst_RealPages : public QObject
 {
     Q_OBJECT
@@ -88,15 +89,15 @@ void tst_RealPages::oneChange_leavesTheOtherLines()
             // What no text can make is as near to it as its own serialisation comes.
             if (strRead != strWanted)
                 QCOMPARE(strRead, comparablePage(reader.serialised(view.toHtml())));
-            const int nTouched =
-                action == "letter" ? 1 : changedLines(strShown, view.toHtml());
+            const int nTouched = action == "letter" ? 1 : changedLines(strShown, view.toHtml());
             lstOther.append(qMax(0, changedLines(strBefore, asLines(strSaved)) - nTouched));
             if (lstOther.constLast() > 0)
                 qInfo("%s: %d other lines", qPrintable(page.strName), lstOther.constLast());
         }
     }
     std::sort(lstOther.begin(), lstOther.end());
-    const int nOne = int(std::upper_bound(lstOther.cbegin(), lstOther.cend(), 0) - lstOther.cbegin());
+    const int nOne =
+        int(std::upper_bound(lstOther.cbegin(), lstOther.cend(), 0) - lstOther.cbegin());
     qInfo("%s: %d of %d change no other line; median %d, worst %d", action.constData(), nOne,
           lstOther.size(), lstOther.at(lstOther.size() / 2), lstOther.constLast());
     QVERIFY(nOne * 10 >= lstOther.size() * 9);
