@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QTextDocument>
 #include <QTimer>
+#include <QUndoStack>
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebHistory>
@@ -31,6 +32,8 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
     // Queued: the question may run an event loop, which the web view must not be waiting for.
     connect(safePage(), &CSafePage::linkFollowed, this, &CEditWebView::followLink,
             Qt::QueuedConnection);
+    connect(page()->undoStack(), &QUndoStack::indexChanged, this,
+            &CEditWebView::onUndoIndexChanged);
     buildMenu();
     createSourceEdit();
 }
@@ -72,6 +75,10 @@ void CEditWebView::createSourceEdit()
 
 void CEditWebView::setModified(bool bModified)
 {
+    // Called modified although nothing was typed: what was loaded is not what the file has.
+    if (bModified && !m_bModified && !m_merge.serialised().isEmpty()
+        && toHtml() == m_merge.serialised())
+        m_bBaseSaved = false;
     m_bModified = bModified;
     if (m_pSourceEdit)
         m_pSourceEdit->setModified(bModified);
@@ -125,6 +132,8 @@ void CEditWebView::onLoadFinished(bool bOk)
     m_bLoadFailed = !bOk;
     takeSource();
     enterFrame(page()->mainFrame());
+    m_bBaseSaved = !m_bModifiedBeforeLoad;
+    m_nUndoIndex = 0;
     setModified(m_bModifiedBeforeLoad);
     if (isSourceShown())
         pushSource();

@@ -2,6 +2,7 @@
 
 #include "editor/chighlightedit.h"
 #include "web/cpagemerge.h"
+#include "web/ctypingsteps.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -119,7 +120,8 @@ public:
     bool findPageTextReverse(const QString &strText, bool bFromEdge);
     // Always forward from the selection, whatever the options say. The replacement is HTML.
     bool replacePageText(const QString &strText, const QString &strReplacement);
-    // From the start, with "search up" from the end: then nothing is replaced. Always true.
+    // From the start, with "search up" from the end: then nothing is replaced. One step of undo;
+    // replaceNum() tells how many. Always true.
     bool replaceAllPageText(const QString &strText, const QString &strReplacement);
 
 signals:
@@ -127,6 +129,7 @@ signals:
     void linkLeft(const QString &strUrl); // The mouse is no longer over it.
     void modifiedChanged(bool bModified);
     void focusIn();
+    void replaceNum(int nCount);
     // One line for the status bar.
     void statusMessage(const QString &strText);
     // The file is about to be read again over edits that were not saved, and nobody was asked.
@@ -176,6 +179,10 @@ private:
     void step(QWebPage::WebAction action);
     void followLink(const QUrl &url);
 
+    void followTyping(const QKeyEvent *pEvent);
+    void endStep();
+    void onUndoIndexChanged(int nIndex);
+
     void setEditable(bool bEditable);
     void formatByKey(QKeyEvent *pEvent);
     void enterFrame(const QWebFrame *pFrame);
@@ -186,6 +193,7 @@ private:
     void command(const QString &strName, const QString &strValue);
     void applyPendingFontSize();
     void moveToSearchEdge();
+    void replaceSelection(const QString &strReplacement);
     bool findAndFollow(const QString &strText, QWebPage::FindFlags flags);
 
     bool m_bModified = false;
@@ -202,6 +210,10 @@ private:
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
     QString m_strPushed; // The source as it was pushed, with its own line ends.
     QString m_strGiven; // What setHtml() was called with; null while an address is shown.
+    CTypingSteps m_steps;
+    int m_nUndoIndex = 0;
+    int m_nUndoCount = 0;
+    bool m_bBaseSaved = true; // What m_merge begins with is what the file has.
     mutable CPageMerge m_merge;
     mutable QString m_strMergedFrom; // The serialisation of the last merge, and its result.
     mutable QString m_strMerged;

@@ -42,6 +42,7 @@ void CEditWebView::runEditable(const std::function<void()> &command)
 
 void CEditWebView::triggerEdit(QWebPage::WebAction action)
 {
+    endStep();
     runEditable([=] { triggerPageAction(action, false); });
 }
 
@@ -50,6 +51,7 @@ void CEditWebView::insertHtml(const QString &strHtml)
     // Inserting nothing would leave the selection in place.
     const QString strCommand =
         strHtml.isEmpty() ? QStringLiteral("delete") : QStringLiteral("insertHTML");
+    endStep();
     runEditable([&] { evaluate(PageScript::execute(strCommand, strHtml)); });
 }
 
@@ -101,6 +103,7 @@ QColor CEditWebView::backColor() const
 
 void CEditWebView::command(const QString &strName, const QString &strValue)
 {
+    endStep();
     runEditable([&] { evaluate(PageScript::executeStyled(strName, strValue)); });
 }
 
@@ -124,6 +127,7 @@ void CEditWebView::setFontSize(const QString &strSize)
     const QString strCss = match.captured(1) + strUnit;
     const bool bCaret = evaluate(PageScript::isCaret()).toBool();
     m_strPendingFontSize.clear();
+    endStep();
     runEditable(
         [&] { evaluate(bCaret ? PageScript::markTyping() : PageScript::setFontSize(strCss)); });
     if (bCaret)

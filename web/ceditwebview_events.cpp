@@ -62,10 +62,13 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
         // Moving by words, deleting words, paste, and AltGr where it comes as Control and Alt.
         runEditable([=] {
             formatByKey(pEvent);
+            followTyping(pEvent);
             QWebView::keyPressEvent(pEvent);
         });
         return;
     }
+    if (page()->isContentEditable())
+        followTyping(pEvent);
     QWebView::keyPressEvent(pEvent);
 }
 
@@ -73,11 +76,11 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
 void CEditWebView::formatByKey(QKeyEvent *pEvent)
 {
     if (pEvent->matches(QKeySequence::Bold))
-        triggerPageAction(QWebPage::ToggleBold, false);
+        triggerEdit(QWebPage::ToggleBold);
     else if (pEvent->matches(QKeySequence::Italic))
-        triggerPageAction(QWebPage::ToggleItalic, false);
+        triggerEdit(QWebPage::ToggleItalic);
     else if (pEvent->matches(QKeySequence::Underline))
-        triggerPageAction(QWebPage::ToggleUnderline, false);
+        triggerEdit(QWebPage::ToggleUnderline);
 }
 
 void CEditWebView::keyReleaseEvent(QKeyEvent *pEvent)

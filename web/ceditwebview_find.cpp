@@ -4,6 +4,9 @@
 #include "app/csettings.h"
 #include "web/pagescript.h"
 
+#include <QRegularExpression>
+#include <QUndoStack>
+
 void CEditWebView::moveToSearchEdge()
 {
     evaluate(PageScript::ensureCaret());
@@ -44,13 +47,35 @@ bool CEditWebView::replacePageText(const QString &strText, const QString &strRep
         if (!findAndFollow(strText, QWebPage::FindFlags()))
             return false;
     } while (m_bInSubframe); // What stands in a frame is another file.
-    insertHtml(strReplacement);
+    replaceSelection(strReplacement);
     return true;
+}
+
+// Plain text takes the place of the text within its element, so that no link is cut in two for it.
+void CEditWebView::replaceSelection(const QString &strReplacement)
+{
+    static const QRegularExpression regExpMarkup(QStringLiteral("[<&\\r\\n]"));
+    bool bReplaced = false;
+    if (!strReplacement.isEmpty() && !strReplacement.contains(regExpMarkup)) {
+        endStep();
+        page()->undoStack()->beginMacro(QString());
+        runEditable([&] {
+            bReplaced = evaluate(PageScript::replaceWithin(strReplacement)).toBool();
+        });
+        page()->undoStack()->endMacro();
+    }
+    if (!bReplaced)
+        insertHtml(strReplacement);
 }
 
 bool CEditWebView::replaceAllPageText(const QString &strText, const QString &strReplacement)
 {
     moveToSearchEdge();
-    while (replacePageText(strText, strReplacement)) { }
+    page()->undoStack()->beginMacro(QString());
+    int nCount = 0;
+    while (replacePageText(strText, strReplacement))
+        ++nCount;
+    page()->undoStack()->endMacro();
+    emit replaceNum(nCount);
     return true;
 }

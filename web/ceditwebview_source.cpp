@@ -68,6 +68,8 @@ void CEditWebView::markSaved()
         m_merge = CPageMerge(strSaved, m_strMergedFrom);
         m_strMerged = strSaved;
     }
+    m_bBaseSaved = !isSourceShown() || !isSourceEdited();
+    endStep();
     setModified(false);
 }
 

@@ -104,4 +104,36 @@ QString ensureCaret()
                           "  getSelection().collapse(this.querySelector('body') || this, 0)");
 }
 
+QString replaceWithin(const QString &strText)
+{
+    // The new text goes between the old characters, as text at the edge of a link would leave it.
+    const QString strBody =
+        QStringLiteral("var s = getSelection();"
+                       "if (!s.rangeCount) return false;"
+                       "var r = s.getRangeAt(0), n = r.startContainer;"
+                       "if (n != r.endContainer || n.nodeType != 3 || r.collapsed) return false;"
+                       "var a = r.startOffset, b = r.endOffset, old = n.data, size = text.length;"
+                       "if (old.length == 1) return false;"
+                       "var m = a + 1 < old.length ? a + 1 : a;"
+                       "s.collapse(n, m); %1;"
+                       "if (n.data == old) { s.setBaseAndExtent(n, a, n, b); return false; }"
+                       "if (b > m) { s.setBaseAndExtent(n, m + size, n, b + size); %2; }"
+                       "if (m > a) { s.setBaseAndExtent(n, a, n, m); %2; }"
+                       "s.collapse(n, a + size);"
+                       "return true;")
+            .arg(call(QStringLiteral("execCommand"), QStringLiteral("'insertText', false, text")),
+                 call(QStringLiteral("execCommand"), QStringLiteral("'delete', false, ''")));
+    return QStringLiteral("(function(text) { %1 })(%2)").arg(strBody, scriptString(strText));
+}
+
+QString endTyping()
+{
+    // Within a field of a form, what is told of the selection is the place before the field.
+    return QStringLiteral("(function(s) {"
+                          "  var n = s.anchorNode, e = n && n.childNodes[s.anchorOffset];"
+                          "  if (n && !(e && /^(input|textarea)$/i.test(e.nodeName)))"
+                          "    s.setBaseAndExtent(n, s.anchorOffset, s.focusNode, s.focusOffset);"
+                          "})(getSelection())");
+}
+
 } // namespace PageScript

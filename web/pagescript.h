@@ -30,4 +30,9 @@ QString sizeTyped(const QString &strCss);
 // Without a selection, puts the caret at the start of the page, so that moves have a beginning.
 QString ensureCaret();
 
+// Replaces the selection, where it lies in one piece of text, with a text. False where it does not.
+QString replaceWithin(const QString &strText);
+// What is typed next is undone by itself: a selection that is set ends the step of typing.
+QString endTyping();
+
 } // namespace PageScript

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+// Where the steps of undo end while somebody types: at Enter, at a pause of a second, after 20 words,
+// and where the owner says so (a save, a change of format). A value, no widgets.
+class CTypingSteps
+{
+public:
+    // A key that changes the text comes, at a time in milliseconds. True when it begins a new step.
+    bool type(const QString &strText, bool bEnter, qint64 nTime);
+    // The owner has ended the step: what comes next begins one without type() saying so.
+    void start();
+
+private:
+    qint64 m_nLastTime = 0;
+    int m_nWords = 0; // That were begun in this step.
+    bool m_bInWord = false;
+    bool m_bEnded = false;
+    bool m_bStarted = true;
+};
