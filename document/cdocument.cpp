@@ -79,7 +79,7 @@ Result CDocument::write(const QString &strPath)
         const QScopedValueRollback<bool> saving(m_bSaving, true);
         QString strError;
         SFileState state;
-        if (!writeFile(strPath, bytesToSave(), &strError, &state))
+        if (!writeFile(strPath, bytesToSave(strPath), &strError, &state))
             return Result::refused(strError);
         if (strPath != path())
             setPath(strPath);

@@ -134,7 +134,8 @@ signals:
     void closed();
 
 protected:
-    virtual QByteArray bytesToSave() const { return QByteArray(); }
+    // strPath: where they will lie.
+    virtual QByteArray bytesToSave(const QString &strPath) const;
     virtual void setPath(const QString &) { }
     // After the bytes have reached the disk.
     virtual void markSaved() { }

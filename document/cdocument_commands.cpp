@@ -30,6 +30,11 @@ Result runOn(CHighlightEdit *pEditor, void (CHighlightEdit::*pCommand)())
 
 } // namespace
 
+QByteArray CDocument::bytesToSave(const QString &) const
+{
+    return QByteArray();
+}
+
 Result CDocument::showContent(const QString &, const SFileContent &)
 {
     return Result::refused();

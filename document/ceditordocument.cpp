@@ -43,7 +43,7 @@ bool CEditorDocument::isModified() const
     return m_pEditor->isModified();
 }
 
-QByteArray CEditorDocument::bytesToSave() const
+QByteArray CEditorDocument::bytesToSave(const QString &) const
 {
     return m_pEditor->getText().toUtf8();
 }

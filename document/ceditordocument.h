@@ -28,7 +28,7 @@ public:
     Result setCodec(const QString &strName) override;
 
 protected:
-    QByteArray bytesToSave() const override;
+    QByteArray bytesToSave(const QString &strPath) const override;
     void setPath(const QString &strPath) override;
     void markSaved() override;
     Result showContent(const QString &strPath, const SFileContent &content) override;

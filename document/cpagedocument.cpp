@@ -1,7 +1,6 @@
 #include "document/cpagedocument.h"
 
 #include "web/ceditwebview.h"
-#include "web/charset.h"
 
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
 {
@@ -83,10 +82,9 @@ void CPageDocument::showSource(bool bSource)
     emit widgetChanged(pOld, widget());
 }
 
-QByteArray CPageDocument::bytesToSave() const
+QByteArray CPageDocument::bytesToSave(const QString &strPath) const
 {
-    return m_bSource ? declareUtf8(m_pPage->sourceEdit()->getText()).toUtf8()
-                     : m_pPage->htmlForSaving();
+    return m_pPage->htmlForSaving(strPath == path() ? QString() : strPath);
 }
 
 void CPageDocument::setPath(const QString &strPath)
@@ -96,8 +94,7 @@ void CPageDocument::setPath(const QString &strPath)
 
 void CPageDocument::markSaved()
 {
-    m_pPage->setModified(false); // And that of its source editor.
-    m_pPage->sourceEdit()->markSavedAsUtf8();
+    m_pPage->markSaved(); // And its source editor.
 }
 
 Result CPageDocument::showContent(const QString &strPath, const SFileContent &)

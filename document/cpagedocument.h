@@ -42,7 +42,7 @@ public:
     void setLineWrap(bool bWrap) override;
 
 protected:
-    QByteArray bytesToSave() const override;
+    QByteArray bytesToSave(const QString &strPath) const override;
     void setPath(const QString &strPath) override;
     void markSaved() override;
     Result showContent(const QString &strPath, const SFileContent &content) override;

@@ -241,12 +241,18 @@ void CHighlightEdit::wheelEvent(QWheelEvent *pEvent)
         QPlainTextEdit::wheelEvent(pEvent);
         return;
     }
-    const int nSize = std::clamp(font().pixelSize() + pEvent->angleDelta().y() / 30, 3, 100);
+    changeFontSize(font().pixelSize() + pEvent->angleDelta().y() / 30);
+    pEvent->accept();
+}
+
+// For this editor and all others. In pixels.
+void CHighlightEdit::changeFontSize(int nWanted)
+{
+    const int nSize = std::clamp(nWanted, 3, 100);
     onTextFontSize(nSize);
     g_pSettings->setTextFontSize(nSize); // The other editors follow.
     updateLineNumberAreaWidth(0); // It depends on the stored size.
     g_pSettings->save();
-    pEvent->accept();
 }
 
 void CHighlightEdit::focusInEvent(QFocusEvent *pEvent)

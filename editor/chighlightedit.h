@@ -212,6 +212,8 @@ private:
     QFont gutterFont() const;
     void detectCodecOf(const QByteArray &arrData);
     void showBytes(const QTextCodec *pCodec, const QByteArray &arrData);
+    void changeFontSize(int nWanted);
+    bool zoomByKey(const QKeyEvent *pEvent);
     void showText(const QString &strText);
     void warnOfReplacing();
     bool isSeveralLinesSelected() const;

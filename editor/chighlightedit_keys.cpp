@@ -8,6 +8,8 @@
 
 namespace {
 
+const int g_nDefaultFontSize = 12; // Pixels, as in new settings.
+
 // The keypad's Enter carries a modifier of its own.
 bool isPlainOrShifted(const QKeyEvent *pEvent)
 {
@@ -24,9 +26,32 @@ QTextBlock lastSelectedBlock(const QTextCursor &cursor)
 
 } // namespace
 
+// Control with plus, minus and 0.
+bool CHighlightEdit::zoomByKey(const QKeyEvent *pEvent)
+{
+    const Qt::KeyboardModifiers modifiers =
+        pEvent->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    if (modifiers != Qt::ControlModifier)
+        return false;
+    switch (pEvent->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: // Plus without Shift.
+        changeFontSize(font().pixelSize() + 1);
+        return true;
+    case Qt::Key_Minus:
+        changeFontSize(font().pixelSize() - 1);
+        return true;
+    case Qt::Key_0:
+        changeFontSize(g_nDefaultFontSize);
+        return true;
+    default:
+        return false;
+    }
+}
+
 void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
 {
-    if (runKeyCommand(pEvent) || keyAtCarets(pEvent)) {
+    if (zoomByKey(pEvent) || runKeyCommand(pEvent) || keyAtCarets(pEvent)) {
         pEvent->accept();
         return;
     }

@@ -5,6 +5,7 @@
 #include "editor/cdlggo.h"
 #include "editor/chighlightedit.h"
 #include "mainwindow/mainwindow.h"
+#include "web/ceditwebview.h"
 
 namespace {
 
@@ -84,7 +85,9 @@ void CSearch::findNext()
     const bool bFound = document().find(strText, false).isDone();
     if (const CHighlightEdit *pEditor = document().editor())
         dialog()->uncover(selectedSpot(*pEditor));
-    else if (!bFound && !strText.isEmpty())
+    else if (const CEditWebView *pPage = document().page(); pPage && bFound)
+        dialog()->uncover(pPage->selectedSpot());
+    else if (!strText.isEmpty())
         tellMiss();
     if (bFound && g_pSettings->m_bFindCloseAfterFindNext)
         dialog()->hide();

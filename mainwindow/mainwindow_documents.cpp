@@ -85,6 +85,8 @@ CPageDocument *MainWindow::addPageDocument()
     connect(pPage, &QWebView::selectionChanged, this, &MainWindow::onSelectionChanged);
     connect(pPage->page(), &QWebPage::contentsChanged, this, &MainWindow::onEditPageContentChanged);
     connect(pPage, &CEditWebView::modifiedChanged, this, &MainWindow::onModifiedChanged);
+    connect(pPage, &CEditWebView::replaceNum, this, &MainWindow::onReplaceNum);
+    connect(pPage, &CEditWebView::notice, this, &MainWindow::showStatusMessage);
     connect(pPage, &CEditWebView::overUrl, this, &MainWindow::onOverUrl);
     connect(pPage, &CEditWebView::linkLeft, this, &MainWindow::onLinkLeft);
     connect(pPage, &CEditWebView::statusMessage, this, &MainWindow::showStatusMessage);
@@ -98,7 +100,7 @@ void MainWindow::on_actionNewHtml_triggered()
 {
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        addPageDocument();
+        addPageDocument()->startNewPage();
     }
     currentDocument().widget()->setFocus();
     refreshWindow();

@@ -40,6 +40,9 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
 
 CEditWebView::~CEditWebView()
 {
+    // What ends with the page is no news for it any more.
+    page()->undoStack()->disconnect(this);
+    disconnect(this, &QWebView::loadFinished, this, nullptr);
     stop();
     if (m_pSourceEdit) {
         m_pSourceEdit->disconnect(this);
@@ -137,6 +140,12 @@ void CEditWebView::onLoadFinished(bool bOk)
     setModified(m_bModifiedBeforeLoad);
     if (isSourceShown())
         pushSource();
+    movePageCaret();
+    if (hasFocus())
+        ensureCaret();
+    tellHiddenPictures();
+    if (!page()->mainFrame()->findFirstElement(QStringLiteral("frameset")).isNull())
+        emit statusMessage(tr("The frames of this page are not edited."));
 }
 
 void CEditWebView::onEditPageContentChanged()

@@ -13,6 +13,7 @@
 
 class CPageReader;
 class CSafePage;
+class QHelpEvent;
 struct SFileContent;
 
 // The visual editor of an HTML page: the rendered page itself is edited. Its twin, the source
@@ -75,8 +76,9 @@ public:
     QString toHtml() const;
     // The page's source as it was read, with what was changed since and nothing else; while the
     // source is shown, what stands there. UTF-8 without a byte-order mark; a declaration of another
-    // encoding is changed, none is added. Line ends as they were read.
-    QByteArray htmlForSaving() const;
+    // encoding is changed, none is added. Line ends as they were read. Relative addresses lead from
+    // strTarget, the file that will be written, where they led; by default that is filePath().
+    QByteArray htmlForSaving(const QString &strTarget = QString()) const;
     // What htmlForSaving() gave has reached the disk: further changes count from it.
     void markSaved();
 
@@ -110,6 +112,10 @@ public:
     // Any notation of CSS. What is no colour changes nothing.
     void setForeColor(const QString &strColor);
     void setBackColor(const QString &strColor);
+    // Larger or smaller, in steps of a tenth.
+    void zoomBy(int nSteps);
+    // Where the selection stands on the screen; empty for none.
+    QRect selectedSpot() const;
     // Invalid over no link.
     QUrl urlUnderPos(QMouseEvent *pEvent) const;
 
@@ -130,6 +136,8 @@ signals:
     void modifiedChanged(bool bModified);
     void focusIn();
     void replaceNum(int nCount);
+    // What the reader should know of the shown page; empty: nothing any more.
+    void notice(const QString &strText);
     // One line for the status bar.
     void statusMessage(const QString &strText);
     // The file is about to be read again over edits that were not saved, and nobody was asked.
@@ -153,6 +161,7 @@ protected:
     void mousePressEvent(QMouseEvent *pEvent) override;
     void mouseMoveEvent(QMouseEvent *pEvent) override;
     void leaveEvent(QEvent *pEvent) override;
+    void wheelEvent(QWheelEvent *pEvent) override;
     void keyPressEvent(QKeyEvent *pEvent) override;
     void keyReleaseEvent(QKeyEvent *pEvent) override;
     void focusInEvent(QFocusEvent *pEvent) override;
@@ -170,15 +179,23 @@ private:
     void pushSource();
     void takeSource();
     QString mergedSource() const;
+    QString sourceFor(const QUrl &urlFile) const;
     QString editedSource() const;
     bool isSourceEdited() const;
+    void moveSourceCaret();
+    void movePageCaret();
 
     bool showsOwnAddress() const;
     QUrl fileUrl() const;
+    static QUrl fileUrl(const QString &strPath);
     bool mayLeave();
     void step(QWebPage::WebAction action);
     void followLink(const QUrl &url);
 
+    void ensureCaret();
+    void tellHiddenPictures();
+    bool showPictureToolTip(const QHelpEvent *pEvent);
+    bool zoomByKey(const QKeyEvent *pEvent);
     void followTyping(const QKeyEvent *pEvent);
     void endStep();
     void onUndoIndexChanged(int nIndex);
@@ -209,6 +226,9 @@ private:
     bool m_bSourceShown = false;
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
     QString m_strPushed; // The source as it was pushed, with its own line ends.
+    int m_nSourceCaret = -1; // In the source's document when it was shown or left last; -1 for none.
+    int m_nCaretToShow = -1; // The source's caret that the page takes over when it is there.
+    CPageMerge::SPlace m_placeLeft; // The page's caret when it was left last.
     QString m_strGiven; // What setHtml() was called with; null while an address is shown.
     CTypingSteps m_steps;
     int m_nUndoIndex = 0;
@@ -221,6 +241,7 @@ private:
     bool m_bControlDown = false;
     bool m_bEditableBeforeControl = true;
     QString m_strLinkUnderMouse;
+    QString m_strNotice;
     bool m_bInSubframe = false;
     bool m_bHandlingKey = false;
     QString m_strPendingFontSize; // For the next typed text, as CSS; empty for none.

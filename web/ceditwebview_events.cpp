@@ -1,6 +1,8 @@
 // Keys, mouse, focus, drag and drop.
 #include "web/ceditwebview.h"
 
+#include "web/pagescript.h"
+
 #include <QContextMenuEvent>
 #include <QMimeData>
 #include <QWebFrame>
@@ -30,6 +32,8 @@ template<typename Event> bool leaveToWindow(Event *pEvent)
 
 bool CEditWebView::event(QEvent *pEvent)
 {
+    if (pEvent->type() == QEvent::ToolTip && showPictureToolTip(static_cast<QHelpEvent *>(pEvent)))
+        return true;
     const QPointer<CEditWebView> pThis(this); // Some events are the last.
     const bool bOuter = m_bHandlingKey;
     m_bHandlingKey = pEvent->type() == QEvent::KeyPress;
@@ -52,6 +56,10 @@ bool CEditWebView::focusNextPrevChild(bool bNext)
 // While Control is held the page is not editable, so that its links can be clicked.
 void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
 {
+    if (zoomByKey(pEvent)) {
+        pEvent->accept();
+        return;
+    }
     if (pEvent->key() == Qt::Key_Control) {
         if (!m_bControlDown)
             m_bEditableBeforeControl = page()->isContentEditable();
@@ -95,7 +103,16 @@ void CEditWebView::keyReleaseEvent(QKeyEvent *pEvent)
 void CEditWebView::focusInEvent(QFocusEvent *pEvent)
 {
     QWebView::focusInEvent(pEvent);
+    if (pEvent->reason() != Qt::MouseFocusReason)
+        ensureCaret();
     emit focusIn();
+}
+
+// Without one, what is typed goes nowhere.
+void CEditWebView::ensureCaret()
+{
+    if (page()->isContentEditable())
+        evaluate(PageScript::ensureCaret());
 }
 
 void CEditWebView::focusOutEvent(QFocusEvent *pEvent)

@@ -79,3 +79,14 @@ bool CEditWebView::replaceAllPageText(const QString &strText, const QString &str
     emit replaceNum(nCount);
     return true;
 }
+
+QRect CEditWebView::selectedSpot() const
+{
+    const QVariantList lstSpot = evaluate(PageScript::selectedSpot()).toList();
+    if (lstSpot.size() != 4)
+        return QRect();
+    const double dZoom = zoomFactor();
+    const QRectF spot(lstSpot.at(0).toDouble() * dZoom, lstSpot.at(1).toDouble() * dZoom,
+                      lstSpot.at(2).toDouble() * dZoom, lstSpot.at(3).toDouble() * dZoom);
+    return {mapToGlobal(spot.topLeft().toPoint()), spot.size().toSize()};
+}

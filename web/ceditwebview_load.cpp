@@ -39,11 +39,18 @@ bool CEditWebView::loadFile(const QString &strPath)
     return true;
 }
 
-// A name given on the command line may be relative, which an address cannot be.
 QUrl CEditWebView::fileUrl() const
 {
-    const QFileInfo info(m_strFilePath);
-    return QUrl::fromLocalFile(info.isRelative() ? info.absoluteFilePath() : m_strFilePath);
+    return fileUrl(m_strFilePath);
+}
+
+// A name given on the command line may be relative, which an address cannot be. Empty for none.
+QUrl CEditWebView::fileUrl(const QString &strPath)
+{
+    const QFileInfo info(strPath);
+    return strPath.isEmpty()
+        ? QUrl()
+        : QUrl::fromLocalFile(info.isRelative() ? info.absoluteFilePath() : strPath);
 }
 
 void CEditWebView::setUrl(const QUrl &url)

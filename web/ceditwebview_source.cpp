@@ -5,6 +5,7 @@
 #include "web/charset.h"
 #include "web/cpagereader.h"
 #include "web/keptlines.h"
+#include "web/pageaddresses.h"
 
 #include <QFile>
 #include <QTextDocument>
@@ -55,10 +56,20 @@ QString CEditWebView::mergedSource() const
     return m_strMerged;
 }
 
-QByteArray CEditWebView::htmlForSaving() const
+// The page's source as the file at this address has it: where the page was loaded from another
+// folder, its addresses lead from the new one.
+QString CEditWebView::sourceFor(const QUrl &urlFile) const
 {
-    const bool bEdited = isSourceShown() && isSourceEdited();
-    return declareUtf8(bEdited ? editedSource() : mergedSource()).toUtf8();
+    return withMovedAddresses(mergedSource(), url(), urlFile);
+}
+
+QByteArray CEditWebView::htmlForSaving(const QString &strTarget) const
+{
+    const QUrl urlTarget = strTarget.isEmpty() ? fileUrl() : fileUrl(strTarget);
+    const QString strSource = isSourceShown() && isSourceEdited()
+        ? withMovedAddresses(editedSource(), fileUrl(), urlTarget)
+        : sourceFor(urlTarget);
+    return declareUtf8(strSource).toUtf8();
 }
 
 void CEditWebView::markSaved()
@@ -82,6 +93,7 @@ void CEditWebView::showSource(bool bShow)
     if (bShow) {
         m_pSourceEdit->setModified(m_bModified);
         pushSource();
+        moveSourceCaret();
     }
 }
 
@@ -89,10 +101,16 @@ void CEditWebView::applySource(const QString &strHtml)
 {
     if (m_pSourceEdit->isModified())
         m_bModified = true;
+    m_nCaretToShow = -1;
+    if (isSourceEdited() || m_pSourceEdit->textCursor().position() != m_nSourceCaret)
+        m_nCaretToShow = m_pSourceEdit->textCursor().position();
     if (isSourceEdited()) {
         const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
         setHtml(withKeptLineEnds(m_strPushed, strHtml), bOwn ? fileUrl() : url());
+    } else {
+        movePageCaret();
     }
+    m_nSourceCaret = m_pSourceEdit->textCursor().position();
 }
 
 bool CEditWebView::isSourceEdited() const
@@ -116,10 +134,11 @@ bool CEditWebView::isSourceShown() const
 // key typed right after stays an edit; and nobody hears of it, as nothing was typed.
 void CEditWebView::pushSource()
 {
-    const QString strSource = mergedSource();
+    const QString strSource = sourceFor(fileUrl());
     const bool bModified = m_pSourceEdit->isModified();
     // The same text again keeps its caret, its place on the screen and its undo steps.
     if (strSource != (isSourceEdited() ? editedSource() : m_strPushed)) {
+        m_nSourceCaret = -1; // It is lost.
         const QSignalBlocker blocker(m_pSourceEdit);
         m_pSourceEdit->setTextData(strSource.toUtf8(), false);
         m_pSourceEdit->setModified(bModified);

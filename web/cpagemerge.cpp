@@ -23,6 +23,8 @@ int firstDifference(const QString &strA, const QString &strB)
 QString comparablePage(const QString &strSerialised)
 {
     QString strPage = declareUtf8(strSerialised);
+    strPage.remove(QLatin1String("<!--StartFragment-->"));
+    strPage.remove(QLatin1String("<!--EndFragment-->"));
     const int nBodyEnd = strPage.lastIndexOf(QLatin1String("</body>"));
     int nText = nBodyEnd;
     while (nText > 0 && isHtmlSpace(strPage.at(nText - 1)))

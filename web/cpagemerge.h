@@ -29,6 +29,21 @@ public:
     // The source of the page that is serialised as strNow.
     QString merged(const QString &strNow, const Reader &read);
 
+    // A place in the page: behind so many start tags, and so many characters of text behind the last
+    // of them.
+    struct SPlace
+    {
+        int nElements = 0;
+        int nText = 0;
+        bool operator==(const SPlace &other) const
+        {
+            return nElements == other.nElements && nText == other.nText;
+        }
+    };
+    // Where a place of the page stands in its source, and the other way round; counts UTF-16 units.
+    int sourcePosition(SPlace place);
+    SPlace placeOf(int nSourcePosition);
+
 private:
     // What was [nOld, nOldEnd) in the serialisation is [nNow, nNowEnd) now.
     struct SChange
@@ -59,6 +74,8 @@ private:
     void widenToGap(SChange *pChange) const;
     bool widenToElement(SChange *pChange) const;
     int enclosing(const SChange &change) const;
+    int textLength(const SPageToken &piece) const;
+    int positionWithin(int nPiece, int nText) const;
 
     QString m_strSource;
     QString m_strSerialised;
@@ -74,5 +91,6 @@ private:
 };
 
 // What of a serialisation has to be equal for two pages to be the same: the encoding is written
-// anyway, and blanks behind the body go to its end, wherever they stood.
+// anyway, blanks behind the body go to its end, wherever they stood, and the marks that the clipboard
+// puts around pasted markup are no part of a page.
 QString comparablePage(const QString &strSerialised);

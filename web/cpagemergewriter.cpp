@@ -3,6 +3,17 @@
 #include "web/htmlreferences.h"
 #include "web/pagealign.h"
 
+namespace {
+
+// What the clipboard puts around pasted markup.
+bool isFragmentMark(const QStringRef &strPiece)
+{
+    return strPiece == QLatin1String("<!--StartFragment-->")
+        || strPiece == QLatin1String("<!--EndFragment-->");
+}
+
+} // namespace
+
 // Where in the source this piece stands, or would stand.
 int CPageMergeWriter::sourcePosition(int nOld) const
 {
@@ -111,6 +122,9 @@ QString CPageMergeWriter::changedWord(const SPageToken &source, int nOld, int nN
 
 void CPageMergeWriter::insert(int nOld, int nNow)
 {
+    const SPageToken &now = m_now.lstTokens.at(nNow);
+    if (isFragmentMark(m_now.strHtml.midRef(now.nStart, now.nEnd - now.nStart)))
+        return;
     spellOut(nOld);
     const QString strText = writePiece(m_now.strHtml, m_now.lstTokens.at(nNow), m_before.habits);
     const int nPosition = m_bRemoved ? m_nCopied : sourcePosition(nOld);
@@ -153,6 +167,9 @@ void CPageMergeWriter::writeAnew(const SPageChange &change)
     QString strText;
     for (int n = change.nNow; n < change.nNowEnd; ++n) {
         const SPageToken &now = m_now.lstTokens.at(n);
+        if (m_now.lstOldOf.at(n) < 0
+            && isFragmentMark(m_now.strHtml.midRef(now.nStart, now.nEnd - now.nStart)))
+            continue;
         const int nOld = m_now.lstOldOf.at(n);
         const int nSource = nOld < 0 ? -1 : source(nOld);
         if (nSource >= 0 && m_before.lstSource.at(nSource).nKey == now.nKey) {

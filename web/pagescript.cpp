@@ -104,6 +104,78 @@ QString ensureCaret()
                           "  getSelection().collapse(this.querySelector('body') || this, 0)");
 }
 
+namespace {
+
+// A function of a node and an offset in it.
+QString placeFunction()
+{
+    return QStringLiteral(
+        "function(n, o) {"
+        "  var text = n.nodeType == 3, t = text ? n : n.childNodes[o];"
+        "  for (var e = n; !t && e; e = e.parentNode) t = e.nextSibling;"
+        "  var r = document.createRange(), k = 0, c = 0, m;"
+        "  r.setStart(n, o);"
+        "  var box = r.getClientRects()[0] || (text ? n.parentNode : n).getBoundingClientRect();"
+        "  var w = document.createTreeWalker(document, 5, null, false);"
+        "  while ((m = w.nextNode()) && m != t)"
+        "    if (m.nodeType == 1) { ++k; c = 0; } else c += m.data.length;"
+        "  return [k, text ? c + o : c, box.top / innerHeight];"
+        "}");
+}
+
+} // namespace
+
+QString caretPlace()
+{
+    return QStringLiteral("(function(place, s) {"
+                          "  return s.rangeCount ? place(s.focusNode, s.focusOffset) : [];"
+                          "})(%1, getSelection())")
+        .arg(placeFunction());
+}
+
+QString topPlace()
+{
+    return QStringLiteral("(function(place) {"
+                          "  var r = document.caretRangeFromPoint(innerWidth / 2, 8);"
+                          "  return r ? place(r.startContainer, r.startOffset) : [];"
+                          "})(%1)")
+        .arg(placeFunction());
+}
+
+QString setCaret(int nElements, int nText)
+{
+    return QStringLiteral(
+               "(function(k, c) {"
+               "  var w = document.createTreeWalker(document, 5, null, false), s = getSelection(),"
+               "      n, last;"
+               "  while (n = w.nextNode()) {"
+               "    if (n.nodeType == 1) {"
+               "      if (k == 0) break;"
+               "      --k; last = n;"
+               "    } else if (k == 0) {"
+               "      last = n;"
+               "      if (c <= n.data.length) break;"
+               "      c -= n.data.length;"
+               "    }"
+               "  }"
+               "  if (!last || !document.body || !document.body.contains(last)) return;"
+               "  if (last.nodeType == 3) s.collapse(last, Math.min(c, last.data.length));"
+               "  else s.collapse(last, 0);"
+               "  (last.nodeType == 3 ? last.parentNode : last).scrollIntoViewIfNeeded(true);"
+               "})(%1, %2)")
+        .arg(nElements)
+        .arg(nText);
+}
+
+QString selectedSpot()
+{
+    return QStringLiteral("(function(s) {"
+                          "  if (!s.rangeCount) return [];"
+                          "  var r = s.getRangeAt(0).getBoundingClientRect();"
+                          "  return [r.left, r.top, r.width, r.height];"
+                          "})(getSelection())");
+}
+
 QString replaceWithin(const QString &strText)
 {
     // The new text goes between the old characters, as text at the edge of a link would leave it.

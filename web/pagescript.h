@@ -30,6 +30,14 @@ QString sizeTyped(const QString &strCss);
 // Without a selection, puts the caret at the start of the page, so that moves have a beginning.
 QString ensureCaret();
 
+// Where the caret stands: the number of start tags before it, of characters of text behind the last
+// of them, and its height in the view (0 top, 1 bottom); an empty list without a caret. The same for
+// what is at the top of the view, and for a caret to be set there and scrolled into view.
+QString caretPlace();
+QString topPlace();
+QString setCaret(int nElements, int nText);
+// Left, top, width and height of the selection in the view, in pixels of the page.
+QString selectedSpot();
 // Replaces the selection, where it lies in one piece of text, with a text. False where it does not.
 QString replaceWithin(const QString &strText);
 // What is typed next is undone by itself: a selection that is set ends the step of typing.

@@ -276,7 +276,7 @@ void tst_PageKeys::tabSwap_losesNothing()
     toSource();
     QVERIFY(pSource->isVisible());
     QVERIFY(!m_pView->isVisible());
-    QCOMPARE(pSource->getText(), strTyped);
+    QCOMPARE(pSource->getText(), QString::fromUtf8(m_pView->htmlForSaving()));
     toPage();
     QVERIFY(m_pView->isVisible());
     QVERIFY(!pSource->isVisible());

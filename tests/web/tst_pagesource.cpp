@@ -2,6 +2,7 @@
 
 #include "editor/chighlightedit.h"
 
+#include <QTextBlock>
 #include <QTextCodec>
 
 // The page and its twin, the source editor.
@@ -21,6 +22,10 @@ private slots:
     void swapWithTyping_takesTheTextOver();
     void swapBackOfAForeignEncoding_keepsTheText();
     void sourceInAnotherTab_isFilledWhenTheLoadEnds();
+    void caret_goesAlongToTheSourceAndBack();
+    void sourceEdit_changesOneLine();
+    void sourceAfterAnEdit_keepsUndoAndCaret();
+    void mixedLineEnds_stayAsTheyAre();
     void deletingThePage_deletesASourceThatMovedAway();
     void deletingTheSource_deletesThePage();
     void deletingTheCommonParent_isClean();
@@ -206,6 +211,86 @@ void tst_PageSource::sourceInAnotherTab_isFilledWhenTheLoadEnds()
     QVERIFY(!view.sourceEdit()->isVisible());
     QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), page("<p>x</p>"))));
     QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
+}
+
+void tst_PageSource::caret_goesAlongToTheSourceAndBack()
+{
+    const CWebCase c;
+    CEditWebView view;
+    view.resize(300, 200);
+    view.show();
+    QByteArray body;
+    for (int n = 0; n < 100; ++n)
+        body += "<p>line&nbsp;" + QByteArray::number(n) + " &amp; more\r\n";
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"),
+                                       "<html>\r\n<body>\r\n" + body + "<h2>Overview</h2>\r\n")));
+    run(&view, QStringLiteral("var t = document.querySelector('h2').firstChild;"
+                              "getSelection().collapse(t, 4);"
+                              "t.parentNode.scrollIntoView()"));
+    view.showSource(true);
+    QTextCursor cursor = view.sourceEdit()->textCursor();
+    QCOMPARE(cursor.block().text(), QStringLiteral("<h2>Overview</h2>"));
+    QCOMPARE(cursor.positionInBlock(), 8);
+
+    // And back, from another place.
+    cursor = view.sourceEdit()->document()->find(QStringLiteral("50 &amp; more"));
+    cursor.setPosition(cursor.selectionEnd() - 2);
+    view.sourceEdit()->setTextCursor(cursor);
+    view.showSource(false);
+    view.applySource(view.sourceEdit()->getText());
+    QCOMPARE(run(&view, QStringLiteral("getSelection().focusNode.data.trim()")).toString(),
+             QStringLiteral("line\u00A050 & more"));
+    QCOMPARE(run(&view, QStringLiteral("getSelection().focusOffset")).toInt(), 12);
+    const QString strSeen = QStringLiteral(
+        "(function(r) { return r.top >= 0 && r.bottom <= innerHeight })"
+        "(getSelection().focusNode.parentNode.getBoundingClientRect())");
+    QVERIFY(run(&view, strSeen).toBool());
+}
+
+void tst_PageSource::sourceEdit_changesOneLine()
+{
+    const CWebCase c;
+    CEditWebView view;
+    const QByteArray content = "<HTML>\r\n<!-- one -->\r\n<BODY>\r\n<P>x<br/>y\r\n</BODY>\r\n";
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), content)));
+    view.showSource(true);
+    view.sourceEdit()->document()->find(QStringLiteral("one")).insertText(QStringLiteral("two"));
+    QByteArray expected = content;
+    expected.replace("one", "two");
+    QCOMPARE(view.htmlForSaving(), expected);
+    view.showSource(false);
+    view.applySource(view.sourceEdit()->getText());
+    QCOMPARE(view.htmlForSaving(), expected);
+}
+
+void tst_PageSource::sourceAfterAnEdit_keepsUndoAndCaret()
+{
+    const CWebCase c;
+    CEditWebView view;
+    view.show();
+    view.setHtml(QStringLiteral("<p>one</p>\n<p>two</p>\n"));
+    view.showSource(true);
+    QTextCursor cursor = view.sourceEdit()->document()->find(QStringLiteral("two"));
+    cursor.insertText(QStringLiteral("three"));
+    view.sourceEdit()->setTextCursor(cursor);
+    view.showSource(false);
+    view.applySource(view.sourceEdit()->getText());
+    QCOMPARE(textOf(&view).simplified(), QStringLiteral("one three"));
+    view.showSource(true);
+    QCOMPARE(view.sourceEdit()->textCursor().position(), cursor.position());
+    QVERIFY(view.sourceEdit()->document()->isUndoAvailable());
+    view.sourceEdit()->undo();
+    QCOMPARE(view.sourceEdit()->toPlainText(), QStringLiteral("<p>one</p>\n<p>two</p>\n"));
+}
+
+void tst_PageSource::mixedLineEnds_stayAsTheyAre()
+{
+    const CWebCase c;
+    CEditWebView view;
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), "<p>a\r\n<p>b\n<p>c\r\n<p>d\n")));
+    view.showSource(true);
+    view.sourceEdit()->document()->find(QStringLiteral("c")).insertText(QStringLiteral("X"));
+    QCOMPARE(view.htmlForSaving(), QByteArray("<p>a\r\n<p>b\n<p>X\r\n<p>d\n"));
 }
 
 void tst_PageSource::deletingThePage_deletesASourceThatMovedAway()

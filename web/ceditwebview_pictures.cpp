@@ -1,0 +1,71 @@
+// Pictures that a page may not show.
+#include "web/ceditwebview.h"
+
+#include "web/localresources.h"
+
+#include <QFileInfo>
+#include <QHelpEvent>
+#include <QToolTip>
+#include <QWebElement>
+#include <QWebFrame>
+
+namespace {
+
+enum class EHidden { No, Outside, Network };
+
+EHidden hiddenState(const QUrl &urlPage, const QUrl &urlBase, const QWebElement &picture)
+{
+    const QString strSource = picture.attribute(QStringLiteral("src")).trimmed();
+    if (strSource.isEmpty() || !urlPage.isLocalFile())
+        return EHidden::No;
+    const QUrl url = urlBase.resolved(QUrl(strSource));
+    if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
+        return EHidden::Network;
+    const QString strFile = url.toLocalFile();
+    const bool bHidden = url.isLocalFile() && QFileInfo(strFile).isFile()
+        && !mayReadLocal(urlPage.toLocalFile(), strFile);
+    return bHidden ? EHidden::Outside : EHidden::No;
+}
+
+} // namespace
+
+void CEditWebView::tellHiddenPictures()
+{
+    const QWebElementCollection lstPictures =
+        page()->mainFrame()->findAllElements(QStringLiteral("img[src], input[type=image][src]"));
+    int nOutside = 0;
+    int nNetwork = 0;
+    for (const QWebElement &picture : lstPictures) {
+        const EHidden hidden = hiddenState(url(), page()->mainFrame()->baseUrl(), picture);
+        nOutside += hidden == EHidden::Outside;
+        nNetwork += hidden == EHidden::Network;
+    }
+    QString strText;
+    if (nOutside > 0 && nNetwork > 0)
+        strText = tr("%n pictures are not shown: they lie outside the page's folders or on the "
+                     "network",
+                     nullptr, nOutside + nNetwork);
+    else if (nOutside > 0)
+        strText = tr("%n pictures are not shown: they lie outside the page's folders", nullptr,
+                     nOutside);
+    else if (nNetwork > 0)
+        strText = tr("%n pictures are not shown: they lie on the network", nullptr, nNetwork);
+    if (strText != m_strNotice) {
+        m_strNotice = strText;
+        emit notice(strText);
+    }
+}
+
+bool CEditWebView::showPictureToolTip(const QHelpEvent *pEvent)
+{
+    const QWebHitTestResult hit = page()->mainFrame()->hitTestContent(pEvent->pos());
+    const EHidden hidden = hiddenState(url(), page()->mainFrame()->baseUrl(), hit.element());
+    if (hidden == EHidden::No)
+        return false;
+    QToolTip::showText(pEvent->globalPos(),
+                       hidden == EHidden::Network
+                           ? tr("Not shown: the picture lies on the network")
+                           : tr("Not shown: the picture lies outside the page's folders"),
+                       this);
+    return true;
+}

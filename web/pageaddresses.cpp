@@ -1,0 +1,136 @@
+#include "web/pageaddresses.h"
+
+#include "web/chtmltokenizer.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
+#include <QUrl>
+
+namespace {
+
+bool isRelative(const QString &strAddress)
+{
+    static const QRegularExpression regExpAbsolute(
+        QStringLiteral("\\A(?:\\z|[/\\\\#?]|[a-zA-Z][a-zA-Z0-9+.-]*:)"));
+    return !strAddress.contains(regExpAbsolute);
+}
+
+bool holdsAddress(const QString &strAttribute)
+{
+    static const QSet<QString> setNames = {
+        QStringLiteral("href"),       QStringLiteral("src"),      QStringLiteral("background"),
+        QStringLiteral("action"),     QStringLiteral("data"),     QStringLiteral("poster"),
+        QStringLiteral("cite"),       QStringLiteral("longdesc"), QStringLiteral("codebase"),
+        QStringLiteral("formaction"), QStringLiteral("usemap"),   QStringLiteral("xlink:href")};
+    return setNames.contains(strAttribute);
+}
+
+// "a/../b" is "b"; what climbs beyond the start stays.
+QString withoutDetours(const QString &strPath)
+{
+    QStringList lstSteps;
+    const QStringList lstAll = strPath.split(QLatin1Char('/'));
+    for (const QString &strStep : lstAll) {
+        const bool bBack = strStep == QLatin1String("..") && !lstSteps.isEmpty()
+            && lstSteps.constLast() != QLatin1String("..");
+        if (bBack)
+            lstSteps.removeLast();
+        else if (strStep != QLatin1String("."))
+            lstSteps.append(strStep);
+    }
+    return lstSteps.isEmpty() ? QStringLiteral(".") : lstSteps.join(QLatin1Char('/'));
+}
+
+class CMove
+{
+public:
+    CMove(const QString &strHtml, const QString &strPrefix)
+        : m_strHtml(strHtml), m_strPrefix(strPrefix)
+    {
+    }
+    QString run();
+
+private:
+    void moveAttributes(const SHtmlToken &tag);
+    void moveAddress(int nStart, int nLength);
+    void moveStyles(int nStart, int nEnd);
+
+    const QString &m_strHtml;
+    const QString m_strPrefix; // From the new folder to the old one.
+    QString m_strResult;
+    int m_nCopied = 0;
+};
+
+void CMove::moveAddress(int nStart, int nLength)
+{
+    const QString strAddress = m_strHtml.mid(nStart, nLength).trimmed();
+    if (!isRelative(strAddress))
+        return;
+    static const QRegularExpression regExpBehindPath(QStringLiteral("[?#]"));
+    const int nFound = strAddress.indexOf(regExpBehindPath);
+    const int nPath = nFound < 0 ? strAddress.size() : nFound;
+    m_strResult += m_strHtml.midRef(m_nCopied, nStart - m_nCopied);
+    m_strResult += withoutDetours(m_strPrefix + strAddress.leftRef(nPath)) + strAddress.mid(nPath);
+    m_nCopied = nStart + nLength;
+}
+
+void CMove::moveStyles(int nStart, int nEnd)
+{
+    static const QRegularExpression regExpUrl(
+        QStringLiteral("(?:\\burl\\(\\s*|@import\\s+)(?:\"([^\"]*)\"|'([^']*)'|([^\\s\"'()]+))"),
+        QRegularExpression::CaseInsensitiveOption);
+    QRegularExpressionMatchIterator it =
+        regExpUrl.globalMatch(m_strHtml.midRef(nStart, nEnd - nStart));
+    while (it.hasNext()) {
+        const QRegularExpressionMatch match = it.next();
+        const int nGroup = match.lastCapturedIndex();
+        moveAddress(nStart + match.capturedStart(nGroup), match.capturedLength(nGroup));
+    }
+}
+
+void CMove::moveAttributes(const SHtmlToken &tag)
+{
+    for (const SHtmlAttribute &attribute : htmlAttributes(m_strHtml, tag)) {
+        if (holdsAddress(attribute.strName))
+            moveAddress(attribute.nValue, attribute.nLength);
+        else if (attribute.strName == QLatin1String("style"))
+            moveStyles(attribute.nValue, attribute.nValue + attribute.nLength);
+    }
+}
+
+QString CMove::run()
+{
+    CHtmlTokenizer tokenizer(m_strHtml);
+    bool bStyle = false;
+    while (tokenizer.next()) {
+        const SHtmlToken &token = tokenizer.token();
+        if (token.isStart(m_strHtml, QLatin1String("base"))
+            && findAttribute(htmlAttributes(m_strHtml, token), QLatin1String("href")))
+            return m_strHtml;
+        if (token.kind == SHtmlToken::Kind::StartTag)
+            moveAttributes(token);
+        else if (bStyle && token.kind == SHtmlToken::Kind::RawText)
+            moveStyles(token.nStart, token.nEnd);
+        bStyle = token.isStart(m_strHtml, QLatin1String("style"));
+    }
+    return m_strResult + m_strHtml.midRef(m_nCopied);
+}
+
+} // namespace
+
+QString withMovedAddresses(const QString &strHtml, const QUrl &urlFrom, const QUrl &urlTo)
+{
+    if (!urlFrom.isLocalFile() || !urlTo.isLocalFile())
+        return strHtml;
+    const QString strFrom = QFileInfo(urlFrom.toLocalFile()).absolutePath();
+    const QString strTo = QFileInfo(urlTo.toLocalFile()).absolutePath();
+    if (strFrom == strTo)
+        return strHtml;
+    const QString strWay = QDir(strTo).relativeFilePath(strFrom);
+    const QString strPrefix = QDir::isRelativePath(strWay)
+        ? QString::fromLatin1(QUrl::toPercentEncoding(strWay, "/"))
+        : QUrl::fromLocalFile(strFrom).toString(QUrl::FullyEncoded); // Another drive.
+    return CMove(strHtml, strPrefix + QLatin1Char('/')).run();
+}
