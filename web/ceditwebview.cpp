@@ -13,11 +13,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextDocument>
-#include <QTimer>
 #include <QUndoStack>
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebHistory>
+
+namespace {
+
+const int g_nCheckDelay = 300; // Milliseconds without a key.
+
+} // namespace
 
 CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
 {
@@ -34,6 +39,12 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
             Qt::QueuedConnection);
     connect(page()->undoStack(), &QUndoStack::indexChanged, this,
             &CEditWebView::onUndoIndexChanged);
+    m_timerPush.setSingleShot(true);
+    m_timerPush.setInterval(g_nCheckDelay);
+    connect(&m_timerPush, &QTimer::timeout, this, [this] {
+        if (isSourceShown() && !isSourceEdited())
+            pushSource();
+    });
     buildMenu();
     createSourceEdit();
 }
@@ -152,7 +163,7 @@ void CEditWebView::onEditPageContentChanged()
 {
     applyPendingFontSize();
     if (isSourceShown())
-        pushSource();
+        pushSourceSoon();
 }
 
 void CEditWebView::onRefresh()

@@ -6,6 +6,7 @@
 
 #include <QMenu>
 #include <QPointer>
+#include <QTimer>
 #include <QWebView>
 
 #include <functional>
@@ -176,10 +177,12 @@ private:
     CSafePage *safePage() const;
     void buildMenu();
     void createSourceEdit();
-    void pushSource();
+    void pushSource(bool bQuick = false);
+    void pushSourceSoon();
+    bool changeSource(const QString &strSource);
     void takeSource();
-    QString mergedSource() const;
-    QString sourceFor(const QUrl &urlFile) const;
+    QString mergedSource(bool bQuick = false) const;
+    QString sourceFor(const QUrl &urlFile, bool bQuick = false) const;
     QString editedSource() const;
     bool isSourceEdited() const;
     void moveSourceCaret();
@@ -230,6 +233,7 @@ private:
     int m_nCaretToShow = -1; // The source's caret that the page takes over when it is there.
     CPageMerge::SPlace m_placeLeft; // The page's caret when it was left last.
     QString m_strGiven; // What setHtml() was called with; null while an address is shown.
+    QTimer m_timerPush; // Checks the source that was pushed while somebody types.
     CTypingSteps m_steps;
     int m_nUndoIndex = 0;
     int m_nUndoCount = 0;

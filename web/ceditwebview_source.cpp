@@ -8,6 +8,7 @@
 #include "web/pageaddresses.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTextDocument>
 
 void CEditWebView::loadSource(const QByteArray &arrData, const QString &strCodec, const QUrl &url)
@@ -41,13 +42,16 @@ void CEditWebView::takeSource()
     m_strMergedFrom.clear();
 }
 
-QString CEditWebView::mergedSource() const
+// Quick: not checked; for a moment only.
+QString CEditWebView::mergedSource(bool bQuick) const
 {
     const QString strNow = toHtml();
     if (strNow == m_strMergedFrom)
         return m_strMerged;
     if (m_merge.serialised().isEmpty()) // Nothing was loaded yet.
         return strNow;
+    if (bQuick)
+        return m_merge.merged(strNow, CPageMerge::Reader());
     if (!m_pReader)
         m_pReader = std::make_unique<CPageReader>();
     m_strMerged = m_merge.merged(
@@ -58,9 +62,9 @@ QString CEditWebView::mergedSource() const
 
 // The page's source as the file at this address has it: where the page was loaded from another
 // folder, its addresses lead from the new one.
-QString CEditWebView::sourceFor(const QUrl &urlFile) const
+QString CEditWebView::sourceFor(const QUrl &urlFile, bool bQuick) const
 {
-    return withMovedAddresses(mergedSource(), url(), urlFile);
+    return withMovedAddresses(mergedSource(bQuick), url(), urlFile);
 }
 
 QByteArray CEditWebView::htmlForSaving(const QString &strTarget) const
@@ -130,17 +134,56 @@ bool CEditWebView::isSourceShown() const
     return m_pSourceEdit && (m_pSourceEdit->isVisible() || m_bSourceShown);
 }
 
+// Typing does not wait for the source that is shown beside it.
+void CEditWebView::pushSourceSoon()
+{
+    pushSource(true);
+    m_timerPush.start();
+}
+
+// Brings what differs from the pushed source into its editor, which is far less work than setting a
+// long text. False when that cannot be done.
+bool CEditWebView::changeSource(const QString &strSource)
+{
+    const int nCommon = qMin(m_strPushed.size(), strSource.size());
+    int nStart = 0;
+    while (nStart < nCommon && m_strPushed.at(nStart) == strSource.at(nStart))
+        ++nStart;
+    int nEnd = 0;
+    while (nEnd < nCommon - nStart
+           && m_strPushed.at(m_strPushed.size() - 1 - nEnd)
+               == strSource.at(strSource.size() - 1 - nEnd))
+        ++nEnd;
+    const QString strNew = strSource.mid(nStart, strSource.size() - nStart - nEnd);
+    const QString strOld = m_strPushed.mid(nStart, m_strPushed.size() - nStart - nEnd);
+    // Line ends and what the editor has stand-ins for are the loader's matter.
+    static const QRegularExpression regExpSpecial(
+        QStringLiteral("[^\\x{20}-\\x{2027}\\x{202A}-\\x{D7FF}]"));
+    if (m_strPushed.isEmpty() || strNew.contains(regExpSpecial) || strOld.contains(regExpSpecial))
+        return false;
+    const int nPosition = nStart - m_strPushed.leftRef(nStart).count(QLatin1String("\r\n"));
+    QTextDocument *pDocument = m_pSourceEdit->document();
+    pDocument->setUndoRedoEnabled(false); // What was typed in the page is undone there.
+    QTextCursor cursor(pDocument);
+    cursor.setPosition(nPosition);
+    cursor.setPosition(nPosition + strOld.size(), QTextCursor::KeepAnchor);
+    cursor.insertText(strNew);
+    pDocument->setUndoRedoEnabled(true);
+    return true;
+}
+
 // Keeps the source's modified flag. It is put back here and not by the loader's timer, so that a
 // key typed right after stays an edit; and nobody hears of it, as nothing was typed.
-void CEditWebView::pushSource()
+void CEditWebView::pushSource(bool bQuick)
 {
-    const QString strSource = sourceFor(fileUrl());
+    const QString strSource = sourceFor(fileUrl(), bQuick);
     const bool bModified = m_pSourceEdit->isModified();
     // The same text again keeps its caret, its place on the screen and its undo steps.
     if (strSource != (isSourceEdited() ? editedSource() : m_strPushed)) {
         m_nSourceCaret = -1; // It is lost.
         const QSignalBlocker blocker(m_pSourceEdit);
-        m_pSourceEdit->setTextData(strSource.toUtf8(), false);
+        if (isSourceEdited() || !changeSource(strSource))
+            m_pSourceEdit->setTextData(strSource.toUtf8(), false);
         m_pSourceEdit->setModified(bModified);
         m_pSourceEdit->updateLineNumberAreaWidth();
         m_pSourceEdit->update();

@@ -26,7 +26,8 @@ public:
     QString source() const { return m_strSource; }
     QString serialised() const { return m_strSerialised; }
 
-    // The source of the page that is serialised as strNow.
+    // The source of the page that is serialised as strNow. Without a reader it is not checked, and may
+    // be another page's.
     QString merged(const QString &strNow, const Reader &read);
 
     // A place in the page: behind so many start tags, and so many characters of text behind the last

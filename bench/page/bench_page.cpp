@@ -125,7 +125,20 @@ void measure(const QString &strSize, const QString &strPath)
             view.grab(QRect(0, 0, 1000, 50));
         });
     });
-    report(row("bytes to save"), 10, [&] { return milliseconds([&] { view.htmlForSaving(); }); });
+    report(row("save after a letter, for the first time"), 5, [&] {
+        CEditWebView fresh;
+        load(fresh, strPath);
+        caretToStart(fresh);
+        QTest::keyClick(&fresh, Qt::Key_X);
+        return milliseconds([&] { fresh.htmlForSaving(); });
+    });
+    report(row("save after a letter"), 10, [&] {
+        QTest::keyClick(&view, Qt::Key_X);
+        return milliseconds([&] { view.htmlForSaving(); });
+    });
+    report(row("the serialisation alone, without the source"), 10, [&] {
+        return milliseconds([&] { view.toHtml().toUtf8(); });
+    });
     report(row("page to source"), 5, [&] {
         view.showSource(false);
         return milliseconds([&] {
@@ -134,6 +147,14 @@ void measure(const QString &strSize, const QString &strPath)
         });
     });
     report(row("keystroke, source shown"), 10, [&] { return keystroke(view); });
+    CHighlightEdit peer;
+    peer.resize(1000, 700);
+    report(row("the same by setting the whole serialisation anew"), 10, [&] {
+        return milliseconds([&] {
+            view.grab(QRect(0, 0, 1000, 50));
+            peer.setTextData(view.toHtml().toUtf8(), false);
+        });
+    });
     const auto back = [&] {
         return milliseconds([&] {
             view.showSource(false);
