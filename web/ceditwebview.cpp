@@ -146,6 +146,7 @@ void CEditWebView::onLoadFinished(bool bOk)
     m_bLoadFailed = !bOk;
     takeSource();
     enterFrame(page()->mainFrame());
+    followFrameset();
     m_bBaseSaved = !m_bModifiedBeforeLoad;
     m_nUndoIndex = 0;
     setModified(m_bModifiedBeforeLoad);
@@ -155,8 +156,20 @@ void CEditWebView::onLoadFinished(bool bOk)
     if (hasFocus())
         ensureCaret();
     tellHiddenPictures();
-    if (!page()->mainFrame()->findFirstElement(QStringLiteral("frameset")).isNull())
+}
+
+void CEditWebView::followFrameset()
+{
+    const bool bFrameset =
+        !page()->mainFrame()->findFirstElement(QStringLiteral("html > frameset")).isNull();
+    const bool bWas = m_bFrameset;
+    m_bFrameset = bFrameset;
+    if (bFrameset) {
+        setEditable(false);
         emit statusMessage(tr("The frames of this page are not edited."));
+    } else if (bWas) {
+        setEditable(true);
+    }
 }
 
 void CEditWebView::onEditPageContentChanged()

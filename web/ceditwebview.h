@@ -197,13 +197,14 @@ private:
 
     void ensureCaret();
     void tellHiddenPictures();
+    void followFrameset();
     bool showPictureToolTip(const QHelpEvent *pEvent);
     bool zoomByKey(const QKeyEvent *pEvent);
     void followTyping(const QKeyEvent *pEvent);
     void endStep();
     void onUndoIndexChanged(int nIndex);
 
-    void setEditable(bool bEditable);
+    void setEditable(bool bWanted);
     void formatByKey(QKeyEvent *pEvent);
     void enterFrame(const QWebFrame *pFrame);
     void setLinkUnderMouse(const QString &strUrl);
@@ -247,6 +248,7 @@ private:
     QString m_strLinkUnderMouse;
     QString m_strNotice;
     bool m_bInSubframe = false;
+    bool m_bFrameset = false; // The page consists of frames and has no text of its own.
     bool m_bHandlingKey = false;
     QString m_strPendingFontSize; // For the next typed text, as CSS; empty for none.
 };

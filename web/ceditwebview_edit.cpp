@@ -15,8 +15,9 @@ QVariant CEditWebView::evaluate(const QString &strScript) const
     return page()->mainFrame()->documentElement().evaluateJavaScript(strScript);
 }
 
-void CEditWebView::setEditable(bool bEditable)
+void CEditWebView::setEditable(bool bWanted)
 {
+    const bool bEditable = bWanted && !m_bFrameset;
     if (page()->isContentEditable() == bEditable)
         return;
     // The web view writes a style of its own into the body, which is no part of the document.

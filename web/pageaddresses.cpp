@@ -128,7 +128,9 @@ QString withMovedAddresses(const QString &strHtml, const QUrl &urlFrom, const QU
     const QString strTo = QFileInfo(urlTo.toLocalFile()).absolutePath();
     if (strFrom == strTo)
         return strHtml;
-    const QString strWay = QDir(strTo).relativeFilePath(strFrom);
+    QString strWay = QDir(strTo).relativeFilePath(strFrom);
+    if (strWay.endsWith(QLatin1Char('/')))
+        strWay.chop(1);
     const QString strPrefix = QDir::isRelativePath(strWay)
         ? QString::fromLatin1(QUrl::toPercentEncoding(strWay, "/"))
         : QUrl::fromLocalFile(strFrom).toString(QUrl::FullyEncoded); // Another drive.

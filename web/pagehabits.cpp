@@ -212,15 +212,13 @@ QString writeAttribute(const QString &strHtml, const SHtmlAttribute &attribute,
     const QString strName =
         habits.bUpperAttributes && !tag.bForeign ? strSpelled.toUpper() : strSpelled;
     const QString strValue = decodedValue(strHtml, attribute);
-    const bool bBoolean =
-        isBoolean(attribute.strName) && (strValue.isEmpty() || strValue == attribute.strName);
-    if (bBoolean && !habits.bXml)
+    if (strValue.isEmpty() && isBoolean(attribute.strName) && !habits.bXml)
         return QLatin1Char(' ') + strName;
     QChar cQuote = habits.cQuote;
     if (strValue.contains(cQuote))
         cQuote = QLatin1Char(
             cQuote == QLatin1Char('"') && !strValue.contains(QLatin1Char('\'')) ? '\'' : '"');
-    const QString strWritten = writeValue(bBoolean ? attribute.strName : strValue, cQuote, habits);
+    const QString strWritten = writeValue(strValue, cQuote, habits);
     return QLatin1Char(' ') + strName + QLatin1Char('=') + cQuote + strWritten + cQuote;
 }
 

@@ -15,16 +15,9 @@ private slots:
     void unchangedPage_isWrittenAsItWasRead();
     void oneChange_leavesTheOtherLines_data();
     void oneChange_leavesTheOtherLines();
-    void anyChanges_readBackAsTheShownPage();
 };
 
 namespace {
-
-#ifdef QUILLAN_ADDRESS_SANITIZER
-const int g_nSequences = 200;
-#else
-const int g_nSequences = 2000;
-#endif
 
 QVector<SRealPage> allPages()
 {
@@ -104,43 +97,6 @@ void tst_RealPages::oneChange_leavesTheOtherLines()
     QVERIFY(lstOther.constLast() <= 10);
     if (installedPages().size() < 40)
         QSKIP("Fewer than 40 real pages are installed: run scripts/setup.sh pages.");
-}
-
-void tst_RealPages::anyChanges_readBackAsTheShownPage()
-{
-    const int nSequences = qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES") > 0
-        ? qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES")
-        : g_nSequences;
-    const QVector<SRealPage> lstPages = samplePages();
-    const QVector<Author::SAction> lstActions = Author::actions();
-    CPageReader reader;
-    const CWebCase c;
-    CEditWebView view;
-    int nNearest = 0;
-    for (int nSeed = 0; nSeed < nSequences; ++nSeed) {
-        QRandomGenerator random(nSeed);
-        const SRealPage &page = lstPages.at(random.bounded(lstPages.size()));
-        view.setHtml(decodePage(page.content));
-        for (int n = random.bounded(1, 6); n > 0; --n) {
-            const double dNode = random.generateDouble();
-            lstActions.at(random.bounded(lstActions.size()))
-                .act(&view, dNode, random.generateDouble());
-            if (random.bounded(4) == 0) {
-                view.htmlForSaving();
-                view.markSaved();
-            }
-        }
-        const QString strSaved = QString::fromUtf8(view.htmlForSaving());
-        const QString strRead = comparablePage(reader.serialised(strSaved));
-        if (strRead == comparablePage(view.toHtml()))
-            continue;
-        ++nNearest;
-        if (strRead != comparablePage(reader.serialised(view.toHtml()))) {
-            qInfo("seed %d, %s", nSeed, qPrintable(page.strName));
-            QCOMPARE(strRead, comparablePage(reader.serialised(view.toHtml())));
-        }
-    }
-    qInfo("%d sequences, %d pages that no text makes", nSequences, nNearest);
 }
 
 QTEST_MAIN(tst_RealPages)

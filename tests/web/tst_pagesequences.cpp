@@ -1,0 +1,62 @@
+#include "realpages.h"
+
+#include "web/cpagereader.h"
+
+// Whatever an author does one after the other: what is saved is the page that is shown.
+class tst_PageSequences : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void anyChanges_readBackAsTheShownPage();
+};
+
+namespace {
+
+#ifdef QUILLAN_ADDRESS_SANITIZER
+const int g_nSequences = 200;
+#else
+const int g_nSequences = 2000;
+#endif
+
+} // namespace
+
+void tst_PageSequences::anyChanges_readBackAsTheShownPage()
+{
+    const int nSequences = qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES") > 0
+        ? qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES")
+        : g_nSequences;
+    const QVector<SRealPage> lstPages = samplePages();
+    const QVector<Author::SAction> lstActions = Author::actions();
+    CPageReader reader;
+    const CWebCase c;
+    CEditWebView view;
+    int nNearest = 0;
+    for (int nSeed = 0; nSeed < nSequences; ++nSeed) {
+        QRandomGenerator random(nSeed);
+        const SRealPage &page = lstPages.at(random.bounded(lstPages.size()));
+        view.setHtml(decodePage(page.content));
+        for (int n = random.bounded(1, 6); n > 0; --n) {
+            const double dNode = random.generateDouble();
+            lstActions.at(random.bounded(lstActions.size()))
+                .act(&view, dNode, random.generateDouble());
+            if (random.bounded(4) == 0) {
+                view.htmlForSaving();
+                view.markSaved();
+            }
+        }
+        const QString strSaved = QString::fromUtf8(view.htmlForSaving());
+        const QString strRead = comparablePage(reader.serialised(strSaved));
+        if (strRead == comparablePage(view.toHtml()))
+            continue;
+        ++nNearest;
+        if (strRead != comparablePage(reader.serialised(view.toHtml()))) {
+            qInfo("seed %d, %s", nSeed, qPrintable(page.strName));
+            QCOMPARE(strRead, comparablePage(reader.serialised(view.toHtml())));
+        }
+    }
+    qInfo("%d sequences, %d pages that no text makes", nSequences, nNearest);
+}
+
+QTEST_MAIN(tst_PageSequences)
+#include "tst_pagesequences.moc"
