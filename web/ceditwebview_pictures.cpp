@@ -42,14 +42,17 @@ void CEditWebView::tellHiddenPictures()
     }
     QString strText;
     if (nOutside > 0 && nNetwork > 0)
-        strText = tr("%n pictures are not shown: they lie outside the page's folders or on the "
-                     "network",
-                     nullptr, nOutside + nNetwork);
+        strText = tr("%1 pictures are not shown: they lie outside the page's folders or on the "
+                     "network");
     else if (nOutside > 0)
-        strText = tr("%n pictures are not shown: they lie outside the page's folders", nullptr,
-                     nOutside);
+        strText = nOutside == 1
+            ? tr("1 picture is not shown: it lies outside the page's folders")
+            : tr("%1 pictures are not shown: they lie outside the page's folders");
     else if (nNetwork > 0)
-        strText = tr("%n pictures are not shown: they lie on the network", nullptr, nNetwork);
+        strText = nNetwork == 1 ? tr("1 picture is not shown: it lies on the network")
+                                : tr("%1 pictures are not shown: they lie on the network");
+    if (strText.contains(QLatin1String("%1")))
+        strText = strText.arg(nOutside + nNetwork);
     if (strText != m_strNotice) {
         m_strNotice = strText;
         emit notice(strText);
