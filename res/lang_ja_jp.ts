@@ -196,6 +196,38 @@
         <source>Page editor</source>
         <translation>ページ エディター</translation>
     </message>
+    <message>
+        <source>The frames of this page are not edited.</source>
+        <translation>このページのフレームは編集できません。</translation>
+    </message>
+    <message>
+        <source>%1 pictures are not shown: they lie outside the page&apos;s folders or on the network</source>
+        <translation>%1 個の画像は表示されません: ページのフォルダーの外またはネットワーク上にあります</translation>
+    </message>
+    <message>
+        <source>1 picture is not shown: it lies outside the page&apos;s folders</source>
+        <translation>1 個の画像は表示されません: ページのフォルダーの外にあります</translation>
+    </message>
+    <message>
+        <source>%1 pictures are not shown: they lie outside the page&apos;s folders</source>
+        <translation>%1 個の画像は表示されません: ページのフォルダーの外にあります</translation>
+    </message>
+    <message>
+        <source>1 picture is not shown: it lies on the network</source>
+        <translation>1 個の画像は表示されません: ネットワーク上にあります</translation>
+    </message>
+    <message>
+        <source>%1 pictures are not shown: they lie on the network</source>
+        <translation>%1 個の画像は表示されません: ネットワーク上にあります</translation>
+    </message>
+    <message>
+        <source>Not shown: the picture lies on the network</source>
+        <translation>表示されません: 画像はネットワーク上にあります</translation>
+    </message>
+    <message>
+        <source>Not shown: the picture lies outside the page&apos;s folders</source>
+        <translation>表示されません: 画像はページのフォルダーの外にあります</translation>
+    </message>
 </context>
 <context>
     <name>CFileActions</name>

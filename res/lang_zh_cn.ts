@@ -196,6 +196,38 @@
         <source>Page editor</source>
         <translation>页面编辑器</translation>
     </message>
+    <message>
+        <source>The frames of this page are not edited.</source>
+        <translation>此页面的框架不可编辑。</translation>
+    </message>
+    <message>
+        <source>%1 pictures are not shown: they lie outside the page&apos;s folders or on the network</source>
+        <translation>有 %1 张图片未显示：它们位于页面文件夹之外或网络上</translation>
+    </message>
+    <message>
+        <source>1 picture is not shown: it lies outside the page&apos;s folders</source>
+        <translation>有 1 张图片未显示：它位于页面文件夹之外</translation>
+    </message>
+    <message>
+        <source>%1 pictures are not shown: they lie outside the page&apos;s folders</source>
+        <translation>有 %1 张图片未显示：它们位于页面文件夹之外</translation>
+    </message>
+    <message>
+        <source>1 picture is not shown: it lies on the network</source>
+        <translation>有 1 张图片未显示：它位于网络上</translation>
+    </message>
+    <message>
+        <source>%1 pictures are not shown: they lie on the network</source>
+        <translation>有 %1 张图片未显示：它们位于网络上</translation>
+    </message>
+    <message>
+        <source>Not shown: the picture lies on the network</source>
+        <translation>未显示：图片位于网络上</translation>
+    </message>
+    <message>
+        <source>Not shown: the picture lies outside the page&apos;s folders</source>
+        <translation>未显示：图片位于页面文件夹之外</translation>
+    </message>
 </context>
 <context>
     <name>CFileActions</name>
