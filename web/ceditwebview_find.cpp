@@ -59,9 +59,8 @@ void CEditWebView::replaceSelection(const QString &strReplacement)
     if (!strReplacement.isEmpty() && !strReplacement.contains(regExpMarkup)) {
         endStep();
         page()->undoStack()->beginMacro(QString());
-        runEditable([&] {
-            bReplaced = evaluate(PageScript::replaceWithin(strReplacement)).toBool();
-        });
+        runEditable(
+            [&] { bReplaced = evaluate(PageScript::replaceWithin(strReplacement)).toBool(); });
         page()->undoStack()->endMacro();
     }
     if (!bReplaced)

@@ -26,12 +26,12 @@ public:
     QString source() const { return m_strSource; }
     QString serialised() const { return m_strSerialised; }
 
-    // The source of the page that is serialised as strNow. Without a reader it is not checked, and may
-    // be another page's.
+    // The source of the page that is serialised as strNow. Without a reader it is not checked, and
+    // may be another page's.
     QString merged(const QString &strNow, const Reader &read);
 
-    // A place in the page: behind so many start tags, and so many characters of text behind the last
-    // of them.
+    // A place in the page: behind so many start tags, and so many characters of text behind the
+    // last of them.
     struct SPlace
     {
         int nElements = 0;
@@ -92,6 +92,6 @@ private:
 };
 
 // What of a serialisation has to be equal for two pages to be the same: the encoding is written
-// anyway, blanks behind the body go to its end, wherever they stood, and the marks that the clipboard
-// puts around pasted markup are no part of a page.
+// anyway, blanks behind the body go to its end, wherever they stood, and the marks that the
+// clipboard puts around pasted markup are no part of a page.
 QString comparablePage(const QString &strSerialised);

@@ -77,8 +77,8 @@ CPageMerge::SPlace CPageMerge::placeOf(int nSourcePosition)
             if (bHere) {
                 const QVector<int> lstPositions =
                     decoded(m_strSource, m_lstSource.at(nSource)).lstPositions;
-                const auto it = std::lower_bound(lstPositions.cbegin(), lstPositions.cend(),
-                                                 nSourcePosition);
+                const auto it =
+                    std::lower_bound(lstPositions.cbegin(), lstPositions.cend(), nSourcePosition);
                 place.nText += qMin(int(it - lstPositions.cbegin()), textLength(piece));
                 break;
             }

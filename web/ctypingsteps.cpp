@@ -9,8 +9,8 @@ const int g_nMaxWords = 20;
 
 bool CTypingSteps::type(const QString &strText, bool bEnter, qint64 nTime)
 {
-    const bool bLetter = !bEnter && !strText.isEmpty() && !strText.at(0).isSpace()
-        && strText.at(0).isPrint();
+    const bool bLetter =
+        !bEnter && !strText.isEmpty() && !strText.at(0).isSpace() && strText.at(0).isPrint();
     const bool bWordBegins = bLetter && !m_bInWord;
     const bool bNew = !m_bStarted
         && (m_bEnded || nTime - m_nLastTime >= g_nPause

@@ -31,8 +31,8 @@ QString sizeTyped(const QString &strCss);
 QString ensureCaret();
 
 // Where the caret stands: the number of start tags before it, of characters of text behind the last
-// of them, and its height in the view (0 top, 1 bottom); an empty list without a caret. The same for
-// what is at the top of the view, and for a caret to be set there and scrolled into view.
+// of them, and its height in the view (0 top, 1 bottom); an empty list without a caret. The same
+// for what is at the top of the view, and for a caret to be set there and scrolled into view.
 QString caretPlace();
 QString topPlace();
 QString setCaret(int nElements, int nText);

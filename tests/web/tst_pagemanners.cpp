@@ -32,9 +32,10 @@ void tst_PageManners::newPage_isAWholePage()
     QVERIFY(!m_pView->isModified());
     QVERIFY(m_pView->filePath().isEmpty());
     QCOMPARE(m_pView->getTitle(), QStringLiteral("Untitled"));
-    QCOMPARE(m_pView->htmlForSaving(),
-             QByteArray("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title></title>\n"
-                        "</head>\n<body>\n\n</body>\n</html>\n"));
+    QCOMPARE(
+        m_pView->htmlForSaving(),
+        QByteArray("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title></title>\n"
+                   "</head>\n<body>\n\n</body>\n</html>\n"));
     m_pView->activateWindow();
     m_pView->setFocus();
     QTRY_VERIFY(m_pView->hasFocus());
@@ -82,14 +83,16 @@ void tst_PageManners::hiddenPictures_areTold()
     picture.close();
     const QByteArray address = QUrl::fromLocalFile(picture.fileName()).toEncoded();
     QSignalSpy spy(m_pView, &CEditWebView::notice);
-    QVERIFY(loadAndWait(m_pView, m_pCase->write(QStringLiteral("a.html"),
-                                                "<img src=\"" + address + "\"><img src=\"" + address
-                                                    + "\"><img src=none.png>")));
+    QVERIFY(loadAndWait(m_pView,
+                        m_pCase->write(QStringLiteral("a.html"),
+                                       "<img src=\"" + address + "\"><img src=\"" + address
+                                           + "\"><img src=none.png>")));
     QCOMPARE(spy.count(), 1);
     QVERIFY(spy.at(0).at(0).toString().startsWith(QLatin1String("2 pictures")));
     QVERIFY(spy.at(0).at(0).toString().contains(QLatin1String("outside the page's folders")));
-    QVERIFY(loadAndWait(m_pView, m_pCase->write(QStringLiteral("b.html"),
-                                                "<img src=\"http://example.com/a.png\">")));
+    QVERIFY(loadAndWait(
+        m_pView,
+        m_pCase->write(QStringLiteral("b.html"), "<img src=\"http://example.com/a.png\">")));
     QVERIFY(spy.constLast().at(0).toString().contains(QLatin1String("on the network")));
     QVERIFY(loadAndWait(m_pView, m_pCase->write(QStringLiteral("c.html"), "x")));
     QVERIFY(spy.constLast().at(0).toString().isEmpty());
@@ -132,7 +135,8 @@ void tst_PageManners::pasteLeavesNoMarks()
     pData->setHtml(QStringLiteral("<html><body><!--StartFragment--><b>bold</b><!--EndFragment-->"
                                   "</body></html>"));
     QGuiApplication::clipboard()->setMimeData(pData);
-    run(m_pView, QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 1)"));
+    run(m_pView,
+        QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 1)"));
     m_pView->triggerEdit(QWebPage::Paste);
     const QByteArray saved = m_pView->htmlForSaving();
     QVERIFY2(saved.contains("bold"), saved.constData());
@@ -176,12 +180,15 @@ void tst_PageManners::saveElsewhere_leadsWhereThePageLed()
 void tst_PageManners::xhtml_staysWellFormed()
 {
     const QByteArray content =
-        "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\n<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML "
+        "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\n<!DOCTYPE html PUBLIC \"-//W3C//DTD "
+        "XHTML "
         "1.0 Strict//EN\" \"http://www.w3.org/TR/xhtml1/DTD/xhtml1-strict.dtd\">\n<html "
-        "xmlns=\"http://www.w3.org/1999/xhtml\">\n<head><title>t</title></head>\n<body>\n<p>caf\xE9 "
+        "xmlns=\"http://www.w3.org/1999/xhtml\">\n<head><title>t</title></"
+        "head>\n<body>\n<p>caf\xE9 "
         "words<br />more</p>\n</body>\n</html>\n";
     QVERIFY(loadAndWait(m_pView, m_pCase->write(QStringLiteral("a.html"), content)));
-    run(m_pView, QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 5)"));
+    run(m_pView,
+        QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 5)"));
     m_pView->insertHtml(QStringLiteral("<br><img src=a.png><input type=checkbox checked>"));
     const QByteArray saved = m_pView->htmlForSaving();
     QXmlStreamReader xml(saved);

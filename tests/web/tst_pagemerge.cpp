@@ -125,9 +125,9 @@ void tst_PageMerge::readerThatNeverAgrees_givesTheWholePage()
     CPageMerge merge(QStringLiteral("<p>x"), strShown);
     const QString strNow = QString(strShown).replace('x', 'y');
     int nCalls = 0;
-    const QString strMerged = merge.merged(
-        strNow,
-        [&](const QString &strText) -> QString { return strText + QString::number(++nCalls); });
+    const QString strMerged = merge.merged(strNow, [&](const QString &strText) -> QString {
+        return strText + QString::number(++nCalls);
+    });
     QCOMPARE(strMerged, strNow);
     QVERIFY(nCalls < 40);
 }
@@ -135,8 +135,9 @@ void tst_PageMerge::readerThatNeverAgrees_givesTheWholePage()
 void tst_PageMerge::places_goThereAndBack()
 {
     CPageReader reader;
-    const QString strSource = QStringLiteral("<HTML>\r\n<TITLE>t&amp;t</TITLE>\r\n<P>one &lt;two\r\n"
-                                             "<P>caf&eacute; <B>bold</B> end\r\n");
+    const QString strSource =
+        QStringLiteral("<HTML>\r\n<TITLE>t&amp;t</TITLE>\r\n<P>one &lt;two\r\n"
+                       "<P>caf&eacute; <B>bold</B> end\r\n");
     CPageMerge merge(strSource, reader.serialised(strSource));
     for (const char *szWord : {"two", "one", "bold", "end", "t&amp"}) {
         const int nPosition = strSource.indexOf(QLatin1String(szWord)) + 1;
@@ -253,11 +254,21 @@ void tst_PageMerge::keptLines_data()
     QTest::addColumn<QString>("original");
     QTest::addColumn<QString>("edited");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("one kind") << "a\r\nb\r\n" << "a\nc\n" << "a\nc\n";
-    QTest::newRow("changed line") << "a\r\nb\nc\n" << "a\r\nX\r\nc\r\n" << "a\r\nX\nc\n";
-    QTest::newRow("new line") << "a\nb\r\nc\n" << "a\r\nb\r\nnew\r\nc\r\n" << "a\nb\r\nnew\nc\n";
-    QTest::newRow("last line without an end") << "a\nb\r\nc" << "a\r\nb\r\nc" << "a\nb\r\nc";
-    QTest::newRow("all three") << "a\nb\r\nc\rd" << "a\r\nb\r\nc\r\ne" << "a\nb\r\nc\re";
+    QTest::newRow("one kind") << "a\r\nb\r\n"
+                              << "a\nc\n"
+                              << "a\nc\n";
+    QTest::newRow("changed line") << "a\r\nb\nc\n"
+                                  << "a\r\nX\r\nc\r\n"
+                                  << "a\r\nX\nc\n";
+    QTest::newRow("new line") << "a\nb\r\nc\n"
+                              << "a\r\nb\r\nnew\r\nc\r\n"
+                              << "a\nb\r\nnew\nc\n";
+    QTest::newRow("last line without an end") << "a\nb\r\nc"
+                                              << "a\r\nb\r\nc"
+                                              << "a\nb\r\nc";
+    QTest::newRow("all three") << "a\nb\r\nc\rd"
+                               << "a\r\nb\r\nc\r\ne"
+                               << "a\nb\r\nc\re";
 }
 
 void tst_PageMerge::keptLines()

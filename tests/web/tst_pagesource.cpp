@@ -222,11 +222,13 @@ void tst_PageSource::caret_goesAlongToTheSourceAndBack()
     QByteArray body;
     for (int n = 0; n < 100; ++n)
         body += "<p>line&nbsp;" + QByteArray::number(n) + " &amp; more\r\n";
-    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"),
-                                       "<html>\r\n<body>\r\n" + body + "<h2>Overview</h2>\r\n")));
-    run(&view, QStringLiteral("var t = document.querySelector('h2').firstChild;"
-                              "getSelection().collapse(t, 4);"
-                              "t.parentNode.scrollIntoView()"));
+    QVERIFY(loadAndWait(&view,
+                        c.write(QStringLiteral("a.html"),
+                                "<html>\r\n<body>\r\n" + body + "<h2>Overview</h2>\r\n")));
+    run(&view,
+        QStringLiteral("var t = document.querySelector('h2').firstChild;"
+                       "getSelection().collapse(t, 4);"
+                       "t.parentNode.scrollIntoView()"));
     view.showSource(true);
     QTextCursor cursor = view.sourceEdit()->textCursor();
     QCOMPARE(cursor.block().text(), QStringLiteral("<h2>Overview</h2>"));
@@ -241,9 +243,9 @@ void tst_PageSource::caret_goesAlongToTheSourceAndBack()
     QCOMPARE(run(&view, QStringLiteral("getSelection().focusNode.data.trim()")).toString(),
              QStringLiteral("line\u00A050 & more"));
     QCOMPARE(run(&view, QStringLiteral("getSelection().focusOffset")).toInt(), 12);
-    const QString strSeen = QStringLiteral(
-        "(function(r) { return r.top >= 0 && r.bottom <= innerHeight })"
-        "(getSelection().focusNode.parentNode.getBoundingClientRect())");
+    const QString strSeen =
+        QStringLiteral("(function(r) { return r.top >= 0 && r.bottom <= innerHeight })"
+                       "(getSelection().focusNode.parentNode.getBoundingClientRect())");
     QVERIFY(run(&view, strSeen).toBool());
 }
 
