@@ -152,6 +152,7 @@ void measure(const QString &strSize, const QString &strPath)
     report(row("keystroke, source shown"), 10, [&] { return keystroke(view); });
     CHighlightEdit peer;
     peer.resize(1000, 700);
+    peer.show();
     report(row("the same by setting the whole serialisation anew"), 10, [&] {
         return milliseconds([&] {
             view.grab(QRect(0, 0, 1000, 50));
