@@ -45,7 +45,7 @@ void CEditWebView::takeSource()
 // Quick: not checked; for a moment only.
 QString CEditWebView::mergedSource(bool bQuick) const
 {
-    const QString strNow = toHtml();
+    QString strNow = toHtml();
     if (strNow == m_strMergedFrom)
         return m_strMerged;
     if (m_merge.serialised().isEmpty()) // Nothing was loaded yet.

@@ -4,6 +4,8 @@
 
 namespace {
 
+const int g_nShortestFollowed = 3; // "svg", "xmp".
+
 bool isLetter(QChar c)
 {
     return (c >= QLatin1Char('a') && c <= QLatin1Char('z'))
@@ -272,11 +274,11 @@ void CHtmlTokenizer::readTag()
     }
     m_token.bSelfClosing = bSlash;
     finish(bEnd ? SHtmlToken::Kind::EndTag : SHtmlToken::Kind::StartTag, nPos + 1);
-    const QString strName = m_token.name(m_strHtml);
-    if (bEnd)
-        followEnd(strName);
-    else
-        followStart(strName);
+    // Most names are too short for any element that matters here.
+    if (bEnd && !m_lstForeign.isEmpty())
+        followEnd(m_token.name(m_strHtml));
+    else if (!bEnd && (m_token.nNameLength >= g_nShortestFollowed || !m_lstForeign.isEmpty()))
+        followStart(m_token.name(m_strHtml));
 }
 
 bool CHtmlTokenizer::isForeign() const

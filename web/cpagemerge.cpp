@@ -122,7 +122,7 @@ QString CPageMerge::mergedChecked(const QString &strNow, const Reader &read, boo
     QVector<SChange> lstChanges = changes(now);
     QString strWanted = comparablePage(strNow);
     for (int nTry = 0; nTry < g_nMaxTries && !lstChanges.isEmpty(); ++nTry) {
-        const QString strResult = written(lstChanges, now);
+        QString strResult = written(lstChanges, now);
         if (!read)
             return strResult;
         const QString strRead = comparablePage(read(strResult));

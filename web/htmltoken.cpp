@@ -1,7 +1,5 @@
 #include "web/htmltoken.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace {
@@ -89,9 +87,9 @@ const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes
     return it == lstAttributes.cend() ? nullptr : &*it;
 }
 
-bool isVoidElement(const QString &strName)
+const QStringList &voidElements()
 {
-    static const QSet<QString> setNames = {
+    static const QStringList lstNames = {
         QStringLiteral("area"),    QStringLiteral("base"),   QStringLiteral("basefont"),
         QStringLiteral("bgsound"), QStringLiteral("br"),     QStringLiteral("col"),
         QStringLiteral("command"), QStringLiteral("embed"),  QStringLiteral("frame"),
@@ -99,7 +97,7 @@ bool isVoidElement(const QString &strName)
         QStringLiteral("input"),   QStringLiteral("keygen"), QStringLiteral("link"),
         QStringLiteral("meta"),    QStringLiteral("nextid"), QStringLiteral("param"),
         QStringLiteral("source"),  QStringLiteral("track"),  QStringLiteral("wbr")};
-    return setNames.contains(strName);
+    return lstNames;
 }
 
 bool isHtmlSpace(QChar c)

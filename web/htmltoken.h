@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 // One piece of an HTML text. Positions count UTF-16 units from the start of the text; the pieces
@@ -52,7 +53,7 @@ QVector<SHtmlAttribute> htmlAttributes(const QString &strHtml, const SHtmlToken 
 const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes,
                                     QLatin1String strName);
 
-// True for an element that has neither content nor end tag.
-bool isVoidElement(const QString &strName);
+// The elements that have neither content nor end tag.
+const QStringList &voidElements();
 // True for what HTML calls white space: space, tab, line feed, form feed, carriage return.
 bool isHtmlSpace(QChar c);

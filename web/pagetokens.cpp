@@ -33,6 +33,18 @@ quint64 seed(SPageToken::Kind kind)
     return (static_cast<quint64>(kind) + 1) * 0xD1B54A32D192ED03ULL;
 }
 
+// Without making a text of the name.
+bool isVoidKey(quint64 nKey)
+{
+    static const QSet<quint64> setKeys = [] {
+        QSet<quint64> setAll;
+        for (const QString &strName : voidElements())
+            setAll.insert(hashOf(strName, seed(SPageToken::Kind::Start)));
+        return setAll;
+    }();
+    return setKeys.contains(nKey);
+}
+
 class CPageTokens
 {
 public:
@@ -102,13 +114,17 @@ quint64 CPageTokens::attributesHash(const SHtmlToken &token) const
     quint64 nSum = 0;
     if (token.nEnd - token.nName - token.nNameLength <= 1)
         return nSum;
-    QSet<QString> setNames;
-    for (const SHtmlAttribute &attribute : htmlAttributes(m_strHtml, token)) {
-        if (setNames.contains(attribute.strName))
-            continue;
-        setNames.insert(attribute.strName);
+    const QVector<SHtmlAttribute> lstAttributes = htmlAttributes(m_strHtml, token);
+    QSet<quint64> setNames;
+    for (const SHtmlAttribute &attribute : lstAttributes) {
+        const quint64 nName = hashOf(attribute.strName, 1);
+        if (lstAttributes.size() > 1) {
+            if (setNames.contains(nName))
+                continue;
+            setNames.insert(nName);
+        }
         nSum += textHash(attribute.nValue, attribute.nValue + attribute.nLength,
-                         EReferences::InAttribute, hashOf(attribute.strName, 1));
+                         EReferences::InAttribute, nName);
     }
     return nSum;
 }
@@ -125,15 +141,15 @@ void CPageTokens::addTag(const SHtmlToken &token)
     piece.bSelfClosing = token.bSelfClosing;
     piece.nKey = piece.nLooseKey =
         hashLower(m_strHtml, token.nName, token.nNameLength, seed(piece.kind));
-    const QString strName = token.name(m_strHtml);
-    const bool bRoot = strName == QLatin1String("svg") || strName == QLatin1String("math");
+    const bool bRoot = token.isNamed(m_strHtml, QLatin1String("svg"))
+        || token.isNamed(m_strHtml, QLatin1String("math"));
     if (bRoot && bStart && !token.bSelfClosing)
         ++m_nForeignDepth;
     piece.bForeign = m_nForeignDepth > 0 || bRoot;
     if (bRoot && !bStart)
         m_nForeignDepth = qMax(0, m_nForeignDepth - 1);
     if (bStart) {
-        piece.bVoid = isVoidElement(strName);
+        piece.bVoid = isVoidKey(piece.nLooseKey);
         piece.nKey += attributesHash(token);
     }
     m_lstTokens.append(piece);
