@@ -230,8 +230,8 @@ private:
     bool m_bSourceShown = false;
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
     QString m_strPushed; // The source as it was pushed, with its own line ends.
-    int m_nSourceCaret =
-        -1; // In the source's document when it was shown or left last; -1 for none.
+    int m_nPushedFormat = -1; // Of its line ends.
+    int m_nSourceCaret = -1; // In the source when it was shown or left last; -1 for none.
     int m_nCaretToShow = -1; // The source's caret that the page takes over when it is there.
     CPageMerge::SPlace m_placeLeft; // The page's caret when it was left last.
     QString m_strGiven; // What setHtml() was called with; null while an address is shown.

@@ -110,7 +110,9 @@ void CEditWebView::applySource(const QString &strHtml)
         m_nCaretToShow = m_pSourceEdit->textCursor().position();
     if (isSourceEdited()) {
         const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
-        setHtml(withKeptLineEnds(m_strPushed, strHtml), bOwn ? fileUrl() : url());
+        const bool bChosen = m_pSourceEdit->returnFormat() != m_nPushedFormat;
+        setHtml(bChosen ? strHtml : withKeptLineEnds(m_strPushed, strHtml),
+                bOwn ? fileUrl() : url());
     } else {
         movePageCaret();
     }
@@ -119,12 +121,15 @@ void CEditWebView::applySource(const QString &strHtml)
 
 bool CEditWebView::isSourceEdited() const
 {
-    return m_pSourceEdit->document()->revision() != m_nPushedRevision;
+    return m_pSourceEdit->document()->revision() != m_nPushedRevision
+        || m_pSourceEdit->returnFormat() != m_nPushedFormat;
 }
 
 QString CEditWebView::editedSource() const
 {
-    return withKeptLineEnds(m_strPushed, m_pSourceEdit->getText());
+    const QString strText = m_pSourceEdit->getText();
+    const bool bChosen = m_pSourceEdit->returnFormat() != m_nPushedFormat;
+    return bChosen ? strText : withKeptLineEnds(m_strPushed, strText);
 }
 
 // In a tab of its own the source editor is not visible while another tab is current, but a page
@@ -190,4 +195,5 @@ void CEditWebView::pushSource(bool bQuick)
     }
     m_strPushed = strSource;
     m_nPushedRevision = m_pSourceEdit->document()->revision();
+    m_nPushedFormat = m_pSourceEdit->returnFormat();
 }

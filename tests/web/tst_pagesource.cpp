@@ -26,6 +26,7 @@ private slots:
     void sourceEdit_changesOneLine();
     void sourceAfterAnEdit_keepsUndoAndCaret();
     void mixedLineEnds_stayAsTheyAre();
+    void chosenLineEnds_areWritten();
     void deletingThePage_deletesASourceThatMovedAway();
     void deletingTheSource_deletesThePage();
     void deletingTheCommonParent_isClean();
@@ -293,6 +294,19 @@ void tst_PageSource::mixedLineEnds_stayAsTheyAre()
     view.showSource(true);
     view.sourceEdit()->document()->find(QStringLiteral("c")).insertText(QStringLiteral("X"));
     QCOMPARE(view.htmlForSaving(), QByteArray("<p>a\r\n<p>b\n<p>X\r\n<p>d\n"));
+}
+
+void tst_PageSource::chosenLineEnds_areWritten()
+{
+    const CWebCase c;
+    CEditWebView view;
+    QVERIFY(loadAndWait(&view, c.write(QStringLiteral("a.html"), "<p>a\n<p>b\r\n")));
+    view.showSource(true);
+    view.sourceEdit()->setReturnFormat(1); // Unix.
+    QCOMPARE(view.htmlForSaving(), QByteArray("<p>a\n<p>b\n"));
+    view.showSource(false);
+    view.applySource(view.sourceEdit()->getText());
+    QCOMPARE(view.htmlForSaving(), QByteArray("<p>a\n<p>b\n"));
 }
 
 void tst_PageSource::deletingThePage_deletesASourceThatMovedAway()
