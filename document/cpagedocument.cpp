@@ -1,6 +1,7 @@
 #include "document/cpagedocument.h"
 
 #include "web/ceditwebview.h"
+#include "web/pagecodec.h"
 
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
 {
@@ -112,11 +113,18 @@ Result CPageDocument::showAgain(const SFileContent &)
     return Result::doneIf(m_pPage->reload()); // Which says why in the status bar.
 }
 
+bool CPageDocument::isContentWhole(const SFileContent &content) const
+{
+    return isPageWhole(content.bytes);
+}
+
 void CPageDocument::fillDraft(SDraft *pDraft) const
 {
     pDraft->bPage = true;
     pDraft->nReturnFormat = m_pPage->sourceEdit()->returnFormat();
-    pDraft->strText = m_bSource ? m_pPage->sourceEdit()->getText() : m_pPage->toHtml();
+    // As a save would write it, so that the source is kept over a recovery, too.
+    pDraft->strText = m_bSource ? m_pPage->sourceEdit()->getText()
+                                : QString::fromUtf8(m_pPage->htmlForSaving());
 }
 
 void CPageDocument::showDraft(const SDraft &draft)

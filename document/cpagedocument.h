@@ -47,6 +47,7 @@ protected:
     void markSaved() override;
     Result showContent(const QString &strPath, const SFileContent &content) override;
     Result showAgain(const SFileContent &content) override;
+    bool isContentWhole(const SFileContent &content) const override;
     void fillDraft(SDraft *pDraft) const override;
     void showDraft(const SDraft &draft) override;
 

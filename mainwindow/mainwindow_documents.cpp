@@ -100,7 +100,7 @@ void MainWindow::on_actionNewHtml_triggered()
 {
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        addPageDocument()->startNewPage();
+        addPageDocument()->page()->startNewPage();
     }
     currentDocument().widget()->setFocus();
     refreshWindow();
