@@ -2,29 +2,7 @@
 
 namespace {
 
-constexpr size_t nMaxDepth = 24;
-constexpr int nMaxKey = 250;
 constexpr int nMaxInPlace = 50;
-
-// Columns that the line's blanks take, -1 when it has nothing else.
-int indentationOf(const QString &strText)
-{
-    int nColumns = 0;
-    for (const QChar ch : strText) {
-        if (!ch.isSpace()) {
-            return nColumns;
-        }
-        nColumns = ch == QLatin1Char('\t') ? nColumns / 8 * 8 + 8 : nColumns + 1;
-    }
-    return -1;
-}
-
-QString mirrored(const QString &strKey)
-{
-    const QString strOpening = QStringLiteral("([{<");
-    const int n = strKey.size() == 1 ? strOpening.indexOf(strKey) : -1;
-    return n < 0 ? strKey : QString(QStringLiteral(")]}>").at(n));
-}
 
 // Whether the region's end counts inside of what it holds.
 bool isFirm(const RegionFrame &frame, const RegionContext &context)
@@ -55,6 +33,19 @@ const QString &CRegionScanner::key() const
 const RegionContext &CRegionScanner::contextOf(const RegionFrame &frame) const
 {
     return m_languages(frame.nLanguage).context(frame.nContext);
+}
+
+// Columns that the line's blanks take, -1 when it has nothing else.
+int CRegionScanner::indentationOf(const QString &strText)
+{
+    int nColumns = 0;
+    for (const QChar ch : strText) {
+        if (!ch.isSpace()) {
+            return nColumns;
+        }
+        nColumns = ch == QLatin1Char('\t') ? nColumns / 8 * 8 + 8 : nColumns + 1;
+    }
+    return -1;
 }
 
 // Looks at the innermost region, after another one became that.
@@ -190,169 +181,6 @@ bool CRegionScanner::applyOverride(int nAt)
         }
     }
     return false;
-}
-
-bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
-{
-    RegionRule &rule = rules.rule(nRule);
-    if (rule.bHasAfter && !rule.after.matchesBefore(m_strText, nAt)) {
-        return false;
-    }
-    if (rule.kind == RegionRule::Begin || rule.kind == RegionRule::Nest) {
-        return begin(rules, rule, m_nLanguage, nAt);
-    }
-    if (rule.kind == RegionRule::End) {
-        const int nBehind = endOfEnd(rule, nAt, key());
-        if (nBehind < 0) {
-            return false;
-        }
-        end(m_stack.size() - 1, nAt, nBehind);
-        return true;
-    }
-    const int nBehind = rule.start.endOfMatch(m_strText, nAt);
-    if (nBehind <= nAt) {
-        return false;
-    }
-    if (rule.bHasRole) {
-        flush(nAt);
-        m_lstSpans.push_back({nAt, nBehind, rule.role, m_nLanguage});
-        m_nFrom = nBehind;
-    }
-    m_nAt = nBehind;
-    return true;
-}
-
-bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt)
-{
-    RegionFrame frame {nLanguage, rule.nContext, QString(), false};
-    int nBehind = -1;
-    if (rule.kind == RegionRule::Nest) {
-        frame.strKey = key();
-        const bool bKeyIsHere = rule.bHasKey && mirrored(frame.strKey) != frame.strKey
-            && m_strText.at(nAt) == frame.strKey.at(0);
-        nBehind =
-            rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_strText, nAt);
-    } else {
-        nBehind = endOfBegin(rule, nAt, &frame.strKey);
-    }
-    if (nBehind <= nAt || m_stack.size() + m_lstPending.size() >= nMaxDepth
-        || frame.strKey.size() > nMaxKey) {
-        return false;
-    }
-    if (rules.context(rule.nContext).lines == RegionContext::Indented) {
-        frame.strKey = QString::number(std::max(0, indentationOf(m_strText)));
-    }
-    if (rule.bFromNextLine) {
-        m_lstPending.push_back(frame);
-        m_nAt = nBehind;
-        return true;
-    }
-    push(frame, nAt, nBehind);
-    return true;
-}
-
-// The text from nAt to nBehind, which begins the region, belongs to it.
-void CRegionScanner::push(const RegionFrame &frame, int nAt, int nBehind)
-{
-    flush(nAt);
-    m_stack.push_back(frame);
-    look();
-    m_nAt = nBehind;
-    if (m_pContext->nEmbedded >= 0 && m_stack.size() < nMaxDepth) {
-        const int nEmbedded = m_pContext->nEmbedded;
-        flush(nBehind);
-        m_stack.push_back({nEmbedded, 0, QString(), false});
-        look();
-    }
-}
-
-// Ends the region at that depth with all that it holds.
-void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
-{
-    const RegionFrame frame = m_stack[nDepth];
-    const RegionContext &context = contextOf(frame);
-    flush(nAt);
-    // An end that is not of its region is of what holds it, below the ones that wait.
-    size_t nKept = nDepth + 1;
-    while (context.bFromNextLine && nKept > 0 && (nKept > nDepth || m_stack[nKept - 1].bWaits)) {
-        --nKept;
-    }
-    const RegionStack waiting(m_stack.begin() + std::ptrdiff_t(std::min(nKept, nDepth)),
-                              m_stack.begin() + std::ptrdiff_t(nDepth));
-    m_stack.resize(nKept);
-    look();
-    flush(nBehind);
-    m_stack.resize(nDepth - waiting.size());
-    m_stack.insert(m_stack.end(), waiting.begin(), waiting.end());
-    if (!m_stack.empty()) {
-        m_stack.back().bWaits = false;
-    }
-    look();
-    m_nAt = nBehind;
-    if (context.nSecond >= 0) {
-        beginSecond(frame, context);
-    } else if (context.nNext >= 0) {
-        push({frame.nLanguage, context.nNext, QString(), false}, nBehind, nBehind);
-    }
-}
-
-// The second half begins at once, or with a delimiter of its own when the first one was in
-// brackets.
-void CRegionScanner::beginSecond(const RegionFrame &first, const RegionContext &context)
-{
-    RegionFrame second {first.nLanguage, context.nSecond, first.strKey, false};
-    int nAt = m_nAt;
-    int nBehind = nAt;
-    if (mirrored(first.strKey) != first.strKey) {
-        while (nAt < m_strText.size() && m_strText.at(nAt).isSpace()) {
-            ++nAt;
-        }
-        if (nAt == m_strText.size() || m_strText.at(nAt).isLetterOrNumber()) {
-            return;
-        }
-        second.strKey = m_strText.mid(nAt, 1);
-        nBehind = nAt + 1;
-    }
-    push(second, nAt, nBehind);
-}
-
-int CRegionScanner::endOfBegin(RegionRule &rule, int nAt, QString *pKey)
-{
-    if (rule.bHasAfter && !rule.after.matchesBefore(m_strText, nAt)) {
-        return -1;
-    }
-    int n = rule.bHasStart ? rule.start.endOfMatch(m_strText, nAt) : nAt;
-    if (n >= 0 && rule.bHasKey) {
-        const int nKey = n;
-        n = rule.key.endOfMatch(m_strText, nKey);
-        *pKey = n < 0 ? QString() : m_strText.mid(nKey, n - nKey);
-    }
-    return n >= 0 && rule.bHasThen ? rule.then.endOfMatch(m_strText, n) : n;
-}
-
-int CRegionScanner::endOfEnd(RegionRule &rule, int nAt, const QString &strKey)
-{
-    if (!rule.bHasKey) {
-        return rule.start.endOfMatch(m_strText, nAt);
-    }
-    const QString strEnd = rule.bMirrored ? mirrored(strKey) : strKey;
-    m_lstEnds.assign(1, nAt);
-    if (rule.bHasStart) {
-        m_lstEnds.clear();
-        rule.start.findEnds(m_strText, nAt, &m_lstEnds);
-    }
-    for (; !m_lstEnds.empty(); m_lstEnds.pop_back()) {
-        const int nKey = m_lstEnds.back();
-        if (m_strText.midRef(nKey, strEnd.size()) != strEnd) {
-            continue;
-        }
-        const int nBehind = nKey + strEnd.size();
-        const int nEnd = rule.bHasThen ? rule.then.endOfMatch(m_strText, nBehind) : nBehind;
-        if (nEnd >= 0) {
-            return nEnd;
-        }
-    }
-    return -1;
 }
 
 bool CRegionScanner::isContinued() const

@@ -37,6 +37,7 @@ public:
     RegionRole roleAtEnd() const { return m_pContext->role; }
 
 private:
+    static int indentationOf(const QString &strText);
     const QString &key() const;
     const RegionContext &contextOf(const RegionFrame &frame) const;
     void look();
