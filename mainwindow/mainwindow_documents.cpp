@@ -12,6 +12,22 @@
 
 #include <QFileInfo>
 #include <QScopedValueRollback>
+#include <QTextBlock>
+
+namespace {
+
+// As many as may name a text's language.
+QStringList firstLines(const QTextDocument &document)
+{
+    const int nLines = 5;
+    QStringList lstLines;
+    for (QTextBlock block = document.begin(); block.isValid() && lstLines.size() < nLines;
+         block = block.next())
+        lstLines.append(block.text().left(500));
+    return lstLines;
+}
+
+} // namespace
 
 // The tab is there and current before the document has any content.
 void MainWindow::addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon)
@@ -125,7 +141,8 @@ void MainWindow::nameTab(const CDocument &document)
         return;
     m_pTabs->setPlainTabToolTip(nIndex, strPath);
     if (CHighlightEdit *pEditor = document.editor()) {
-        pEditor->setDefinition(m_pHighlightMgt->definitionForFile(QFileInfo(strPath).fileName()));
+        pEditor->setDefinition(m_pHighlightMgt->definitionForContent(
+            QFileInfo(strPath).fileName(), firstLines(*pEditor->document())));
         const bool bSvg =
             pEditor->suffix() == QLatin1String("svg") || pEditor->suffix() == QLatin1String("svgz");
         m_pTabs->setTabIcon(nIndex,

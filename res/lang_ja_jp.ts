@@ -120,46 +120,53 @@
     </message>
 </context>
 <context>
-    <name>CDocumentGuard</name>
+    <name>CDocument</name>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>ファイルを読み取れません: %1</translation>
+    </message>
     <message>
         <source>Overwrite</source>
         <translation>上書き</translation>
     </message>
     <message>
+        <source>%1 is no longer there. Saving writes it again.</source>
+        <translation>%1 はもうありません。保存すると再び書き込まれます。</translation>
+    </message>
+    <message>
+        <source>Another tab has saved %1.</source>
+        <translation>別のタブが %1 を保存しました。</translation>
+    </message>
+    <message>
         <source>Another program has changed %1.</source>
-        <translation>%1 が別のプログラムによって変更されました。</translation>
+        <translation>別のプログラムが %1 を変更しました。</translation>
     </message>
     <message>
         <source>Refresh</source>
         <translation>再読み込み</translation>
     </message>
     <message>
-        <source>%1 is no longer there. Saving writes it again.</source>
-        <translation>%1 は存在しなくなりました。保存すると作り直されます。</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>無題</translation>
-    </message>
-    <message>
-        <source>Left unsaved when the program last ended: %1</source>
-        <translation>前回の終了時に保存されていません: %1</translation>
-    </message>
-    <message>
-        <source>Recover</source>
-        <translation>復元</translation>
-    </message>
-    <message>
-        <source>Discard</source>
-        <translation>破棄</translation>
+        <source>Not saved: another tab has saved %1.</source>
+        <translation>保存していません: 別のタブが %1 を保存しました。</translation>
     </message>
     <message>
         <source>Not saved: another program has changed %1.</source>
-        <translation>保存していません: %1 が別のプログラムによって変更されました。</translation>
+        <translation>保存していません: 別のプログラムが %1 を変更しました。</translation>
     </message>
     <message>
         <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
-        <translation>保存していません: %1 にはテキストとして表示できない部分があり、保存するとその部分は失われます。</translation>
+        <translation>保存していません: %1 のすべてをテキストとして表示できないため、保存すると残りが失われます。</translation>
+    </message>
+    <message>
+        <source>Not saved: the encoding of %1 is a guess (%2). Saving writes what the window shows, as UTF-8; if that is wrong, choose another Text Codec.</source>
+        <translation>保存していません: %1 のエンコーディングは推測です (%2)。保存するとウィンドウの表示内容が UTF-8 で書き込まれます。表示が誤っている場合は別の文字コードを選んでください。</translation>
+    </message>
+</context>
+<context>
+    <name>CDraftKeeper</name>
+    <message>
+        <source>The draft could not be written.</source>
+        <translation>下書きを書き込めませんでした。</translation>
     </message>
 </context>
 <context>
@@ -323,6 +330,21 @@
     <message>
         <source>Date Modified</source>
         <translation>更新日時</translation>
+    </message>
+</context>
+<context>
+    <name>CFindDock</name>
+    <message>
+        <source>Find in Files</source>
+        <translation>ファイル内を検索</translation>
+    </message>
+    <message>
+        <source>It is open with unsaved changes.</source>
+        <translation>未保存の変更があるまま開かれています。</translation>
+    </message>
+    <message>
+        <source>The text has changed since the search.</source>
+        <translation>検索の後でテキストが変更されました。</translation>
     </message>
 </context>
 <context>
@@ -500,6 +522,13 @@
     </message>
 </context>
 <context>
+    <name>CImageDocument</name>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>ファイルを読み取れません: %1</translation>
+    </message>
+</context>
+<context>
     <name>CImageWidget</name>
     <message>
         <source>Untitled</source>
@@ -534,6 +563,13 @@
     <message>
         <source>Close this notice</source>
         <translation>このお知らせを閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>CPageDocument</name>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>ファイルを読み取れません: %1</translation>
     </message>
 </context>
 <context>
@@ -592,6 +628,64 @@
     <message>
         <source>Reading was stopped.</source>
         <translation>読み込みを中止しました。</translation>
+    </message>
+</context>
+<context>
+    <name>CRecentMenu</name>
+    <message>
+        <source>(empty)</source>
+        <translation>(空)</translation>
+    </message>
+</context>
+<context>
+    <name>CRecovery</name>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 とほか %2 件</translation>
+    </message>
+    <message>
+        <source>Left unsaved when the program last ended: %1</source>
+        <translation>前回の終了時に保存されなかったもの: %1</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>A save of %1 was cut off when the program last ended: the file may hold parts of both versions.</source>
+        <translation>前回の終了時に %1 の保存が中断されました。ファイルに新旧両方の内容が混ざっている可能性があります。</translation>
+    </message>
+    <message>
+        <source>Put the old version back</source>
+        <translation>古い版に戻す</translation>
+    </message>
+    <message>
+        <source>Leave the file as it is</source>
+        <translation>そのままにする</translation>
+    </message>
+    <message>
+        <source>%1 was closed, and its file is no longer there.</source>
+        <translation>%1 は閉じられ、そのファイルはもうありません。</translation>
+    </message>
+    <message>
+        <source>%1 was closed with unsaved changes.</source>
+        <translation>%1 は未保存の変更があるまま閉じられました。</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Unsaved changes of %1 were replaced.</source>
+        <translation>%1 の未保存の変更が置き換えられました。</translation>
     </message>
 </context>
 <context>
@@ -1060,10 +1154,6 @@
         <translation>変更を破棄して再読み込みしますか?</translation>
     </message>
     <message>
-        <source>The file cannot be read: %1</source>
-        <translation>ファイルを読み込めません: %1</translation>
-    </message>
-    <message>
         <source>Page modified</source>
         <translation>ページの変更</translation>
     </message>
@@ -1090,10 +1180,6 @@
     <message>
         <source>Web file (*.html *.htm *.css *.js); All files(*.*)</source>
         <translation>Web ファイル (*.html *.htm *.css *.js); すべてのファイル(*.*)</translation>
-    </message>
-    <message>
-        <source>(empty)</source>
-        <translation>(なし)</translation>
     </message>
     <message>
         <source>Fail to save file</source>
@@ -1148,16 +1234,36 @@
         <translation>このファイルはテキストだけではないため、すべては表示できません。</translation>
     </message>
     <message>
-        <source>Find in Files</source>
-        <translation>ファイル内検索</translation>
+        <source>Unsaved text is kept as drafts again.</source>
+        <translation>未保存のテキストを再び下書きとして保管しています。</translation>
     </message>
     <message>
-        <source>It is open with unsaved changes.</source>
-        <translation>保存されていない変更があるまま開かれています。</translation>
+        <source>Unsaved text cannot be kept as drafts: %1</source>
+        <translation>未保存のテキストを下書きとして保管できません: %1</translation>
     </message>
     <message>
-        <source>The text has changed since the search.</source>
-        <translation>検索後にテキストが変更されました。</translation>
+        <source>Files opened from elsewhere get a window of their own: the system&apos;s mailbox for them cannot be used.</source>
+        <translation>ほかから開いたファイルは別のウィンドウになります。受け渡し用のシステムのメールボックスを使えません。</translation>
+    </message>
+    <message>
+        <source>The program ended while it loaded %1: this is its source.</source>
+        <translation>%1 の読み込み中にプログラムが終了したため、ソースを表示しています。</translation>
+    </message>
+    <message>
+        <source>Show the page anyway</source>
+        <translation>それでもページを表示</translation>
+    </message>
+    <message>
+        <source>%1 is not opened: the program ended while it loaded it.</source>
+        <translation>%1 は開かれていません。読み込み中にプログラムが終了しました。</translation>
+    </message>
+    <message>
+        <source>Show the picture anyway</source>
+        <translation>それでも画像を表示</translation>
+    </message>
+    <message>
+        <source>The encoding is a guess: %1. Format, Text Codec reads the file in another.</source>
+        <translation>エンコーディングは推測です: %1。「書式」の「文字コード」で別のものを選べます。</translation>
     </message>
 </context>
 <context>

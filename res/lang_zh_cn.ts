@@ -120,46 +120,53 @@
     </message>
 </context>
 <context>
-    <name>CDocumentGuard</name>
+    <name>CDocument</name>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>无法读取文件：%1</translation>
+    </message>
     <message>
         <source>Overwrite</source>
         <translation>覆盖</translation>
     </message>
     <message>
+        <source>%1 is no longer there. Saving writes it again.</source>
+        <translation>%1 已不存在。保存会重新写入该文件。</translation>
+    </message>
+    <message>
+        <source>Another tab has saved %1.</source>
+        <translation>另一个标签页已保存 %1。</translation>
+    </message>
+    <message>
         <source>Another program has changed %1.</source>
-        <translation>%1 已被其他程序更改。</translation>
+        <translation>另一个程序已更改 %1。</translation>
     </message>
     <message>
         <source>Refresh</source>
         <translation>重新加载</translation>
     </message>
     <message>
-        <source>%1 is no longer there. Saving writes it again.</source>
-        <translation>%1 已不存在。保存将重新写入该文件。</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>未命名</translation>
-    </message>
-    <message>
-        <source>Left unsaved when the program last ended: %1</source>
-        <translation>上次程序结束时未保存：%1</translation>
-    </message>
-    <message>
-        <source>Recover</source>
-        <translation>恢复</translation>
-    </message>
-    <message>
-        <source>Discard</source>
-        <translation>丢弃</translation>
+        <source>Not saved: another tab has saved %1.</source>
+        <translation>未保存：另一个标签页已保存 %1。</translation>
     </message>
     <message>
         <source>Not saved: another program has changed %1.</source>
-        <translation>未保存：%1 已被其他程序更改。</translation>
+        <translation>未保存：另一个程序已更改 %1。</translation>
     </message>
     <message>
         <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
-        <translation>未保存：%1 并非全部都能显示为文本，保存将丢失其余内容。</translation>
+        <translation>未保存：%1 的内容无法全部显示为文本，保存会丢失其余部分。</translation>
+    </message>
+    <message>
+        <source>Not saved: the encoding of %1 is a guess (%2). Saving writes what the window shows, as UTF-8; if that is wrong, choose another Text Codec.</source>
+        <translation>未保存：%1 的编码是推测的（%2）。保存会将窗口所示内容写为 UTF-8；如果显示有误，请选择其他文本编码。</translation>
+    </message>
+</context>
+<context>
+    <name>CDraftKeeper</name>
+    <message>
+        <source>The draft could not be written.</source>
+        <translation>无法写入草稿。</translation>
     </message>
 </context>
 <context>
@@ -323,6 +330,21 @@
     <message>
         <source>Date Modified</source>
         <translation>修改日期</translation>
+    </message>
+</context>
+<context>
+    <name>CFindDock</name>
+    <message>
+        <source>Find in Files</source>
+        <translation>在文件中查找</translation>
+    </message>
+    <message>
+        <source>It is open with unsaved changes.</source>
+        <translation>该文件已打开且有未保存的更改。</translation>
+    </message>
+    <message>
+        <source>The text has changed since the search.</source>
+        <translation>搜索之后文本已更改。</translation>
     </message>
 </context>
 <context>
@@ -500,6 +522,13 @@
     </message>
 </context>
 <context>
+    <name>CImageDocument</name>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>无法读取文件：%1</translation>
+    </message>
+</context>
+<context>
     <name>CImageWidget</name>
     <message>
         <source>Untitled</source>
@@ -534,6 +563,13 @@
     <message>
         <source>Close this notice</source>
         <translation>关闭此通知</translation>
+    </message>
+</context>
+<context>
+    <name>CPageDocument</name>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>无法读取文件：%1</translation>
     </message>
 </context>
 <context>
@@ -592,6 +628,64 @@
     <message>
         <source>Reading was stopped.</source>
         <translation>读取已停止。</translation>
+    </message>
+</context>
+<context>
+    <name>CRecentMenu</name>
+    <message>
+        <source>(empty)</source>
+        <translation>（空）</translation>
+    </message>
+</context>
+<context>
+    <name>CRecovery</name>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 以及另外 %2 个</translation>
+    </message>
+    <message>
+        <source>Left unsaved when the program last ended: %1</source>
+        <translation>程序上次结束时未保存：%1</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>丢弃</translation>
+    </message>
+    <message>
+        <source>A save of %1 was cut off when the program last ended: the file may hold parts of both versions.</source>
+        <translation>程序上次结束时对 %1 的保存被中断：文件可能混有新旧两个版本的内容。</translation>
+    </message>
+    <message>
+        <source>Put the old version back</source>
+        <translation>恢复旧版本</translation>
+    </message>
+    <message>
+        <source>Leave the file as it is</source>
+        <translation>保持文件不变</translation>
+    </message>
+    <message>
+        <source>%1 was closed, and its file is no longer there.</source>
+        <translation>%1 已关闭，而它的文件已不存在。</translation>
+    </message>
+    <message>
+        <source>%1 was closed with unsaved changes.</source>
+        <translation>%1 已关闭，但有未保存的更改。</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>还原</translation>
+    </message>
+    <message>
+        <source>Unsaved changes of %1 were replaced.</source>
+        <translation>%1 的未保存更改已被替换。</translation>
     </message>
 </context>
 <context>
@@ -1060,10 +1154,6 @@
         <translation>确定要重新加载并放弃所做的修改吗？</translation>
     </message>
     <message>
-        <source>The file cannot be read: %1</source>
-        <translation>无法读取文件：%1</translation>
-    </message>
-    <message>
         <source>Page modified</source>
         <translation>页面已修改</translation>
     </message>
@@ -1090,10 +1180,6 @@
     <message>
         <source>Web file (*.html *.htm *.css *.js); All files(*.*)</source>
         <translation>Web 文件 (*.html *.htm *.css *.js); 所有文件(*.*)</translation>
-    </message>
-    <message>
-        <source>(empty)</source>
-        <translation>(空)</translation>
     </message>
     <message>
         <source>Fail to save file</source>
@@ -1148,16 +1234,36 @@
         <translation>该文件并非纯文本：无法全部显示。</translation>
     </message>
     <message>
-        <source>Find in Files</source>
-        <translation>在文件中查找</translation>
+        <source>Unsaved text is kept as drafts again.</source>
+        <translation>未保存的文本又可以存为草稿了。</translation>
     </message>
     <message>
-        <source>It is open with unsaved changes.</source>
-        <translation>文件已打开且有未保存的更改。</translation>
+        <source>Unsaved text cannot be kept as drafts: %1</source>
+        <translation>无法将未保存的文本存为草稿：%1</translation>
     </message>
     <message>
-        <source>The text has changed since the search.</source>
-        <translation>搜索之后文本已更改。</translation>
+        <source>Files opened from elsewhere get a window of their own: the system&apos;s mailbox for them cannot be used.</source>
+        <translation>从别处打开的文件将使用单独的窗口：无法使用系统为其提供的邮箱。</translation>
+    </message>
+    <message>
+        <source>The program ended while it loaded %1: this is its source.</source>
+        <translation>程序在加载 %1 时意外结束：这里显示其源代码。</translation>
+    </message>
+    <message>
+        <source>Show the page anyway</source>
+        <translation>仍然显示页面</translation>
+    </message>
+    <message>
+        <source>%1 is not opened: the program ended while it loaded it.</source>
+        <translation>未打开 %1：程序在加载它时意外结束。</translation>
+    </message>
+    <message>
+        <source>Show the picture anyway</source>
+        <translation>仍然显示图片</translation>
+    </message>
+    <message>
+        <source>The encoding is a guess: %1. Format, Text Codec reads the file in another.</source>
+        <translation>编码是推测的：%1。可在“格式”的“文本编码”中改用其他编码读取。</translation>
     </message>
 </context>
 <context>
