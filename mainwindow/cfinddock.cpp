@@ -11,9 +11,10 @@
 #include <QPointer>
 #include <QTextBlock>
 
-CFindDock::CFindDock(MainWindow *pWindow)
+CFindDock::CFindDock(MainWindow *pWindow, std::function<QString()> folder)
     : QObject(pWindow),
       m_pWindow(pWindow),
+      m_folder(std::move(folder)),
       m_pDock(new QDockWidget(tr("Find in Files"), pWindow))
 {
     m_pDock->setObjectName(QStringLiteral("Find in Files"));
@@ -37,6 +38,7 @@ CWidgetFindInFiles *CFindDock::makePanel()
         return m_pPanel;
     m_pPanel = new CWidgetFindInFiles(m_pDock);
     m_pDock->setWidget(m_pPanel);
+    m_pPanel->setFolder(m_folder());
     m_pPanel->setGuard([this](const QString &strPath) { return whyNotWrite(strPath); });
     connect(m_pPanel, &CWidgetFindInFiles::matchActivated, this, &CFindDock::onMatchActivated);
     connect(m_pPanel, &CWidgetFindInFiles::fileReplaced, this, &CFindDock::onFileReplaced);
@@ -44,10 +46,10 @@ CWidgetFindInFiles *CFindDock::makePanel()
     return m_pPanel;
 }
 
-void CFindDock::show(const QString &strText, const QString &strFolder)
+void CFindDock::show(const QString &strText)
 {
     const bool bOneLine = !strText.contains(QChar::ParagraphSeparator);
-    makePanel()->setFolder(strFolder);
+    makePanel()->setFolder(m_folder());
     m_pDock->show();
     m_pDock->raise();
     m_pPanel->prepare(bOneLine ? strText : QString());

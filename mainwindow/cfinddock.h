@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 class CDocument;
 class CWidgetFindInFiles;
 class MainWindow;
@@ -14,13 +16,14 @@ class CFindDock : public QObject
     Q_OBJECT
 
 public:
-    explicit CFindDock(MainWindow *pWindow);
+    // folder: where a search begins when the user says nothing else.
+    CFindDock(MainWindow *pWindow, std::function<QString()> folder);
 
     QDockWidget *dock() const { return m_pDock; }
     QWidget *panel() const; // Null before it was first shown.
 
-    // With the text to search for, which may be empty, and the folder to begin from.
-    void show(const QString &strText, const QString &strFolder);
+    // With the text to search for, which may be empty.
+    void show(const QString &strText);
 
 signals:
     // One line for the status bar.
@@ -34,6 +37,7 @@ private:
     void onFileReplaced(const QString &strPath);
 
     MainWindow *m_pWindow;
+    std::function<QString()> m_folder;
     QDockWidget *m_pDock;
     CWidgetFindInFiles *m_pPanel = nullptr;
 };

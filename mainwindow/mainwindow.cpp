@@ -50,7 +50,7 @@ MainWindow::MainWindow(QWidget *pParent)
         m_pUi->mainToolBar->addAction(pDock->toggleViewAction());
     }
     m_pPanels->start();
-    m_pFindDock = new CFindDock(this);
+    m_pFindDock = new CFindDock(this, [this] { return m_pPanels->browser()->rootPath(); });
     setupHtmlToolBar();
     m_pFormats = new CFormatMenus(m_pUi.get(), m_pHighlightMgt, m_pStatus, this);
     m_pRecent = new CRecentMenu({m_pUi->actionRecent_File_1, m_pUi->actionRecent_File_2,
@@ -155,9 +155,7 @@ void MainWindow::setupShortcuts()
     addKey("Ctrl+Shift+Tab", [step] { step(-1); });
     addKey("F6", [this] { stepPane(1); });
     addKey("Shift+F6", [this] { stepPane(-1); });
-    addKey("Ctrl+Shift+F", [this] {
-        m_pFindDock->show(currentDocument().selectedText(), m_pPanels->browser()->rootPath());
-    });
+    addKey("Ctrl+Shift+F", [this] { m_pFindDock->show(currentDocument().selectedText()); });
     addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 }
 
