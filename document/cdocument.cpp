@@ -162,6 +162,13 @@ SNotice CDocument::saveQuestion()
     return question;
 }
 
+SPlace CDocument::place() const
+{
+    SPlace place;
+    place.strPath = path();
+    return place;
+}
+
 SDraft CDocument::draft() const
 {
     SDraft draft;

@@ -5,6 +5,7 @@
 #include "app/filestate.h"
 #include "app/result.h"
 #include "document/notice.h"
+#include "document/place.h"
 
 #include <QMap>
 #include <QObject>
@@ -82,6 +83,11 @@ public:
     void checkFile();
     // The same, when another tab has just written it.
     void checkFileAfterSaveElsewhere();
+
+    // Where the user is in it.
+    virtual SPlace place() const;
+    // Goes back there. For a document that has just been loaded; a page goes when its load ends.
+    virtual void goToPlace(const SPlace &) { }
 
     // What a draft must hold to bring the document back.
     SDraft draft() const;

@@ -43,6 +43,18 @@ bool CEditorDocument::isModified() const
     return m_pEditor->isModified();
 }
 
+SPlace CEditorDocument::place() const
+{
+    SPlace place = CDocument::place();
+    notePlace(*m_pEditor, &place);
+    return place;
+}
+
+void CEditorDocument::goToPlace(const SPlace &place)
+{
+    ::goToPlace(m_pEditor, place);
+}
+
 QByteArray CEditorDocument::bytesToSave(const QString &) const
 {
     return m_pEditor->getText().toUtf8();

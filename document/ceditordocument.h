@@ -27,6 +27,9 @@ public:
     // that the text has in the codec it was read in.
     Result setCodec(const QString &strName) override;
 
+    SPlace place() const override;
+    void goToPlace(const SPlace &place) override;
+
 protected:
     QByteArray bytesToSave(const QString &strPath) const override;
     void setPath(const QString &strPath) override;

@@ -3,6 +3,8 @@
 #include "web/ceditwebview.h"
 #include "web/pagecodec.h"
 
+#include <QWebFrame>
+
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
 {
     const CHighlightEdit *pSource = m_pPage->sourceEdit();
@@ -81,6 +83,36 @@ void CPageDocument::showSource(bool bSource)
         m_pPage->applySource(m_pPage->sourceEdit()->getText());
     m_bSource = bSource;
     emit widgetChanged(pOld, widget());
+}
+
+SPlace CPageDocument::place() const
+{
+    SPlace place = CDocument::place();
+    place.bSource = m_bSource;
+    if (m_bSource)
+        notePlace(*m_pPage->sourceEdit(), &place);
+    else
+        place.scroll = m_pPage->page()->mainFrame()->scrollPosition();
+    return place;
+}
+
+void CPageDocument::goToPlace(const SPlace &place)
+{
+    auto *pOnce = new QObject(this);
+    connect(m_pPage, &QWebView::loadFinished, pOnce, [this, pOnce, place] {
+        m_pPage->disconnect(pOnce);
+        pOnce->deleteLater();
+        goToLoadedPlace(place);
+    });
+}
+
+void CPageDocument::goToLoadedPlace(const SPlace &place)
+{
+    showSource(place.bSource);
+    if (m_bSource)
+        ::goToPlace(m_pPage->sourceEdit(), place);
+    else
+        m_pPage->page()->mainFrame()->setScrollPosition(place.scroll);
 }
 
 QByteArray CPageDocument::bytesToSave(const QString &strPath) const

@@ -28,6 +28,9 @@ public:
     // shown.
     void showSource(bool bSource);
 
+    SPlace place() const override;
+    void goToPlace(const SPlace &place) override;
+
     // Without the source in front the commands are the page's.
     Result undo() override;
     Result redo() override;
@@ -53,6 +56,7 @@ protected:
 
 private:
     void onPageChanged();
+    void goToLoadedPlace(const SPlace &place);
     Result run(int nWebAction);
 
     QPointer<CEditWebView> m_pPage;
