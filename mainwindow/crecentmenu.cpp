@@ -17,6 +17,7 @@ void CRecentMenu::add(const QString &strPath)
     g_pSettings->setRecentFileList(withRecentFile(g_pSettings->getRecentFileList(), strPath));
     g_pSettings->save();
     update();
+    emit changed();
 }
 
 void CRecentMenu::update()

@@ -18,6 +18,9 @@ public:
     // The file was used: it comes first, and the settings are saved.
     void add(const QString &strPath);
 
+signals:
+    void changed();
+
 private:
     void update();
 

@@ -4,7 +4,8 @@
 #include <QTabWidget>
 
 // The open documents, one tab each. Adds to the standard widget: closing with the middle button, a
-// context menu whose choice comes back as its text, and double clicks beside the tabs.
+// context menu whose choice comes back as its text, double clicks beside the tabs, and a panel that
+// is shown while there is no tab.
 class CTabWidget : public QTabWidget
 {
     Q_OBJECT
@@ -20,8 +21,14 @@ public:
     void setPlainTabText(int nIndex, const QString &strText);
     void setPlainTabToolTip(int nIndex, const QString &strText);
 
-    // Puts another widget into the place of one; the tab stays as it is.
+    // Puts another widget into the place of one; the tab stays as it is, and the current one is the
+    // same as before.
     void replaceWidget(QWidget *pOld, QWidget *pNew);
+
+    // A child of this widget, over its area while there is no tab. A corner widget is shown while
+    // there is one.
+    void setEmptyPanel(QWidget *pPanel);
+    QWidget *emptyPanel() const { return m_pEmptyPanel; }
 
 signals:
     // The tab under the pointer, -1 for none.
@@ -35,7 +42,14 @@ protected:
     void mouseReleaseEvent(QMouseEvent *pEvent) override;
     void mouseDoubleClickEvent(QMouseEvent *pEvent) override;
     void contextMenuEvent(QContextMenuEvent *pEvent) override;
+    void resizeEvent(QResizeEvent *pEvent) override;
+    void tabInserted(int nIndex) override;
+    void tabRemoved(int nIndex) override;
 
 private:
+    void showEmptyPanel();
+
     QMenu m_menu;
+    QWidget *m_pEmptyPanel = nullptr;
+    bool m_bReplacing = false;
 };

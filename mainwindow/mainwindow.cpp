@@ -9,10 +9,13 @@
 #include "mainwindow/cformatmenus.h"
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cnoticebar.h"
+#include "mainwindow/cpasttabs.h"
 #include "mainwindow/crecentmenu.h"
 #include "mainwindow/csearch.h"
 #include "mainwindow/csidepanels.h"
+#include "mainwindow/cstartpanel.h"
 #include "mainwindow/cstatuslabels.h"
+#include "mainwindow/ctablistbutton.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/framestate.h"
 #include "ui_mainwindow.h"
@@ -57,8 +60,10 @@ MainWindow::MainWindow(QWidget *pParent)
                                  m_pUi->actionRecent_File_3, m_pUi->actionRecent_File_4,
                                  m_pUi->actionRecent_File_5, m_pUi->actionRecent_File_6},
                                 this);
+    setupPastTabs();
     m_pSearch = new CSearch(this);
     setupShortcuts();
+    setupTabKeys();
     setupConnections();
     m_pUi->actionLine_Wrap->setChecked(g_pSettings->getLineWrap());
     if (isFrameStateWhole(g_pSettings->getFrameState()))
@@ -70,6 +75,8 @@ MainWindow::MainWindow(QWidget *pParent)
 MainWindow::~MainWindow()
 {
     g_pSettings->setFrameState(m_arrClosedState.isEmpty() ? saveState() : m_arrClosedState);
+    if (m_arrClosedState.isEmpty())
+        m_pPastTabs->storeOpen();
     // The views, docks and the clipboard signal while they go; nobody may answer any more.
     QApplication::clipboard()->disconnect(this);
     m_pTabs->disconnect(this);
@@ -100,6 +107,33 @@ void MainWindow::setupTabs()
     connect(m_pTabs, &CTabWidget::emitMidButtonRelease, this, &MainWindow::onTabCloseRequested);
     connect(m_pTabs, &CTabWidget::clickAction, this, &MainWindow::onTabClickAction);
     connect(m_pTabs, &QTabWidget::tabBarDoubleClicked, this, &MainWindow::onTabDbClick);
+    m_pTabs->setCornerWidget(new CTabListButton(m_pTabs, [this] {
+        QVector<STabName> lstNames;
+        for (int n = 0; n < m_pTabs->count(); ++n) {
+            const CDocument &document = m_pDocuments->of(m_pTabs->widget(n));
+            lstNames.append({document.title(), document.path()});
+        }
+        return lstNames;
+    }));
+}
+
+void MainWindow::setupPastTabs()
+{
+    const QDir dataFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    m_pPastTabs = new CPastTabs(m_pTabs, m_pDocuments.get(),
+                                dataFolder.filePath(QStringLiteral("last-session")), this);
+    connect(m_pPastTabs, &CPastTabs::openWanted, this, &MainWindow::openFile);
+    connect(m_pPastTabs, &CPastTabs::message, this, &MainWindow::showStatusMessage);
+
+    auto *pStart =
+        new CStartPanel({m_pUi->actionNewText, m_pUi->actionNewHtml, m_pUi->actionOpen}, m_pTabs);
+    pStart->showLastSession(m_pPastTabs->lastPaths());
+    const auto showRecent = [pStart] { pStart->showRecentFiles(g_pSettings->getRecentFileList()); };
+    showRecent();
+    connect(m_pRecent, &CRecentMenu::changed, pStart, showRecent);
+    connect(pStart, &CStartPanel::recentFileChosen, this, &MainWindow::openRecentFile);
+    connect(pStart, &CStartPanel::lastSessionChosen, m_pPastTabs, &CPastTabs::reopenLast);
+    m_pTabs->setEmptyPanel(pStart);
 }
 
 void MainWindow::setupDocuments()
@@ -131,6 +165,12 @@ void MainWindow::setupDocuments()
     });
 }
 
+void MainWindow::addKey(const char *szKey, const std::function<void()> &fnActivated)
+{
+    auto *pShortcut = new QShortcut(QKeySequence(QLatin1String(szKey)), this);
+    connect(pShortcut, &QShortcut::activated, this, fnActivated);
+}
+
 void MainWindow::setupShortcuts()
 {
     // Single keys: the standard lists hold keys that are other actions' here.
@@ -140,23 +180,37 @@ void MainWindow::setupShortcuts()
     addActions({m_pUi->actionBack, m_pUi->actionForward, m_pUi->actionLeft_to_Right,
                 m_pUi->actionRight_to_Left});
 
-    const auto addKey = [this](const char *szKey, auto fnActivated) {
-        auto *pShortcut = new QShortcut(QKeySequence(QLatin1String(szKey)), this);
-        connect(pShortcut, &QShortcut::activated, this, fnActivated);
-    };
-    addKey("Ctrl+W", [this] { onTabCloseRequested(m_pTabs->currentIndex()); });
     addKey("Ctrl+Q", [this] { close(); });
+    addKey("F6", [this] { stepPane(1); });
+    addKey("Shift+F6", [this] { stepPane(-1); });
+    addKey("Ctrl+Shift+F", [this] { m_pFindDock->show(currentDocument().selectedText()); });
+    addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
+}
+
+void MainWindow::setupTabKeys()
+{
+    addKey("Ctrl+W", [this] { onTabCloseRequested(m_pTabs->currentIndex()); });
+    addKey("Ctrl+Shift+T", [this] { m_pPastTabs->reopenClosed(); });
     const auto step = [this](int nBy) {
         const int nCount = m_pTabs->count();
         if (nCount > 0)
             m_pTabs->setCurrentIndex((m_pTabs->currentIndex() + nBy + nCount) % nCount);
     };
-    addKey("Ctrl+Tab", [step] { step(1); });
-    addKey("Ctrl+Shift+Tab", [step] { step(-1); });
-    addKey("F6", [this] { stepPane(1); });
-    addKey("Shift+F6", [this] { stepPane(-1); });
-    addKey("Ctrl+Shift+F", [this] { m_pFindDock->show(currentDocument().selectedText()); });
-    addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
+    for (const char *szKey : {"Ctrl+Tab", "Ctrl+PgDown"})
+        addKey(szKey, [step] { step(1); });
+    for (const char *szKey : {"Ctrl+Shift+Tab", "Ctrl+PgUp"})
+        addKey(szKey, [step] { step(-1); });
+    for (int n = 1; n <= 9; ++n) {
+        addKey(qPrintable(QStringLiteral("Alt+%1").arg(n)), [this, n] {
+            if (n > m_pTabs->count())
+                showStatusMessage(tr("There is no tab %1.").arg(n));
+            m_pTabs->setCurrentIndex(n - 1);
+        });
+    }
+    addKey("Alt+0", [this] {
+        if (m_pTabs->count() > 0)
+            static_cast<QToolButton *>(m_pTabs->cornerWidget())->showMenu();
+    });
 }
 
 void MainWindow::setupConnections()

@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -18,6 +19,7 @@ class CHighlightMgt;
 class CHtmlToolBar;
 class CNoticeBar;
 class CPageDocument;
+class CPastTabs;
 class CRecentMenu;
 class CSearch;
 class CSidePanels;
@@ -30,8 +32,8 @@ class CTabWidget;
 // for each, _files.cpp saving and reading again, _closing.cpp the questions before a document goes, _commands.cpp and
 // _page.cpp what menus and tool bars give to the current document, _panels.cpp docks and panes.
 //
-// A question on the screen belongs to the document it was asked about: its event loop may change the
-// current one.
+// A question on the screen belongs to the document it was asked about: its event loop may change
+// the current one.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -147,7 +149,10 @@ private:
     // mainwindow.cpp
     void setupTabs();
     void setupDocuments();
+    void setupPastTabs();
+    void addKey(const char *szKey, const std::function<void()> &fnActivated);
     void setupShortcuts();
+    void setupTabKeys();
     void setupConnections();
     void refreshWindow();
     void updateTitle();
@@ -211,6 +216,7 @@ private:
     CSearch *m_pSearch = nullptr;
     CSidePanels *m_pPanels = nullptr;
     CFindDock *m_pFindDock = nullptr;
+    CPastTabs *m_pPastTabs = nullptr;
     QByteArray m_arrClosedState; // The layout as the window was closed; empty while it is open.
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
     bool m_bLoading = false; // While a document is being created or loaded.

@@ -2,6 +2,7 @@
 #include "mainwindow/mainwindow.h"
 
 #include "app/plaintext.h"
+#include "mainwindow/cpasttabs.h"
 #include "mainwindow/ctabwidget.h"
 
 #include <QCloseEvent>
@@ -13,8 +14,8 @@ MainWindow::Leaving MainWindow::askBeforeClosing(CDocument *pDocument)
     if (!pDocument->isModified())
         return Leaving::Settled;
     const QPointer<CDocument> pAsked(pDocument);
-    // Deliberately the current document is saved, whichever was asked about: the one that was current
-    // when the box opened, for files may arrive while it stands.
+    // Deliberately the current document is saved, whichever was asked about: the one that was
+    // current when the box opened, for files may arrive while it stands.
     const QPointer<CDocument> pCurrent(&currentDocument());
     const bool bPage = pDocument->page();
     const auto answer = showMessage(
@@ -52,9 +53,11 @@ bool MainWindow::closeDocument(CDocument *pDocument)
     case Leaving::Stays:
         return false;
     case Leaving::Settled:
+        m_pPastTabs->note(*pDocument);
         m_pDocuments->close(pDocument);
         break;
     case Leaving::Unsaved:
+        m_pPastTabs->note(*pDocument);
         m_pDocuments->closeDropping(pDocument);
         break;
     }
@@ -65,6 +68,7 @@ bool MainWindow::closeDocument(CDocument *pDocument)
 void MainWindow::closeEvent(QCloseEvent *pEvent)
 {
     bool bYesToAll = false;
+    m_pPastTabs->startEnding();
     // From the last to the first; what arrives while a question stands is asked about next.
     while (m_pTabs->count() > 0) {
         CDocument &document = m_pDocuments->of(m_pTabs->widget(m_pTabs->count() - 1));
@@ -73,6 +77,7 @@ void MainWindow::closeEvent(QCloseEvent *pEvent)
             return;
         }
     }
+    m_pPastTabs->storeEnding();
     m_arrClosedState = saveState(); // Docks that float are hidden with the window.
     pEvent->accept();
 }
@@ -97,6 +102,7 @@ bool MainWindow::closeForGood(CDocument *pDocument, bool *pYesToAll)
         if (*pYesToAll && !saveDocument(pDocument, false))
             return false;
     }
+    m_pPastTabs->note(*pDocument);
     m_pDocuments->close(pDocument);
     return true;
 }

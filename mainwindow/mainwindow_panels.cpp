@@ -55,6 +55,8 @@ void MainWindow::stepPane(int nBy)
     if (m_pTabs->count() > 0) {
         lstPanes.prepend(m_pTabs->tabBar());
         lstPanes.prepend(m_pTabs->currentWidget());
+    } else {
+        lstPanes.prepend(m_pTabs->emptyPanel());
     }
     if (QWidget *pPane = nextPane(lstPanes, focusWidget(), nBy))
         focusPane(pPane);

@@ -336,10 +336,20 @@ void TestAccess::f6_withoutDocument_leavesNobodyStuck()
     CWindowFixture fixture;
     MainWindow &window = fixture.window();
     QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QWidget *pPanel = window.findChild<QWidget *>("startPanel");
+    const auto inPanel = [&window, pPanel] {
+        return window.focusWidget() && pPanel->isAncestorOf(window.focusWidget());
+    };
     QTest::keyClick(&window, Qt::Key_F6);
-    QVERIFY(qobject_cast<QListView *>(window.focusWidget()));
-    QTest::keyClick(window.focusWidget(), Qt::Key_F6);
-    QVERIFY(qobject_cast<QListView *>(window.focusWidget()));
+    QVERIFY(window.focusWidget());
+    if (!inPanel())
+        QTest::keyClick(window.focusWidget(), Qt::Key_F6);
+    for (int n = 0; n < 2; ++n) {
+        QVERIFY(inPanel());
+        QTest::keyClick(window.focusWidget(), Qt::Key_F6);
+        QVERIFY(qobject_cast<QListView *>(window.focusWidget()));
+        QTest::keyClick(window.focusWidget(), Qt::Key_F6);
+    }
 }
 
 void TestAccess::colourMenus_openByKey()

@@ -1,0 +1,103 @@
+#include "mainwindow/cpasttabs.h"
+
+#include "document/cdocuments.h"
+#include "mainwindow/ctabwidget.h"
+
+#include <QFileInfo>
+
+CPastTabs::CPastTabs(CTabWidget *pTabs, CDocuments *pDocuments, const QString &strFile,
+                     QObject *pParent)
+    : QObject(pParent),
+      m_pTabs(pTabs),
+      m_pDocuments(pDocuments),
+      m_strFile(strFile),
+      m_last(readSession(strFile))
+{
+}
+
+void CPastTabs::note(const CDocument &document)
+{
+    const SPlace place = document.place();
+    m_closed.add(place);
+    if (!place.strPath.isEmpty())
+        m_ending.lstPlaces.prepend(place);
+}
+
+void CPastTabs::startEnding()
+{
+    m_ending = SSession();
+    m_ending.strCurrent = m_pDocuments->of(m_pTabs->currentWidget()).path();
+}
+
+void CPastTabs::storeEnding()
+{
+    store(m_ending);
+}
+
+void CPastTabs::storeOpen()
+{
+    startEnding();
+    for (int n = m_pTabs->count(); n > 0; --n)
+        note(m_pDocuments->of(m_pTabs->widget(n - 1)));
+    storeEnding();
+}
+
+// A run in which no file was open says nothing about what was open last.
+void CPastTabs::store(const SSession &session)
+{
+    if (!session.lstPlaces.isEmpty() || !m_closed.isEmpty())
+        writeSession(m_strFile, session); // Where that fails, the old one is offered again.
+}
+
+QStringList CPastTabs::lastPaths() const
+{
+    QStringList lstPaths;
+    for (const SPlace &place : m_last.lstPlaces)
+        lstPaths.append(place.strPath);
+    return lstPaths;
+}
+
+QStringList CPastTabs::openPaths() const
+{
+    QStringList lstPaths;
+    for (const CDocument *pDocument : m_pDocuments->all())
+        lstPaths.append(pDocument->path());
+    return lstPaths;
+}
+
+void CPastTabs::reopenClosed()
+{
+    const SPlace place = m_closed.takeLast(openPaths());
+    if (place.strPath.isEmpty())
+        emit message(tr("No closed tab is left to open again."));
+    else if (!reopen(place))
+        emit message(tr("No longer there: %1").arg(place.strPath));
+}
+
+void CPastTabs::reopenLast()
+{
+    QStringList lstGone;
+    for (const SPlace &place : qAsConst(m_last.lstPlaces)) {
+        if (!reopen(place))
+            lstGone.append(QFileInfo(place.strPath).fileName());
+    }
+    if (m_pDocuments->withPath(m_last.strCurrent) && !m_last.strCurrent.isEmpty())
+        emit openWanted(m_last.strCurrent);
+    if (m_pTabs->currentWidget())
+        m_pTabs->currentWidget()->setFocus();
+    if (!lstGone.isEmpty())
+        emit message(tr("No longer there: %1").arg(lstGone.join(QStringLiteral(", "))));
+}
+
+// False where there is no such file any more. An open document stays where the user is in it.
+bool CPastTabs::reopen(const SPlace &place)
+{
+    const bool bOpen = m_pDocuments->withPath(place.strPath);
+    if (!bOpen && !QFileInfo(place.strPath).isFile())
+        return false;
+    emit openWanted(place.strPath);
+    CDocument *pDocument = m_pDocuments->withPath(place.strPath);
+    if (pDocument && !bOpen)
+        pDocument->goToPlace(place);
+    return true;
+}
