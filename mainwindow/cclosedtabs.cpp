@@ -17,7 +17,7 @@ void CClosedTabs::add(const SPlace &place)
 SPlace CClosedTabs::takeLast(const QStringList &lstOpen)
 {
     while (!m_lstPlaces.isEmpty()) {
-        const SPlace place = m_lstPlaces.takeLast();
+        SPlace place = m_lstPlaces.takeLast();
         if (!lstOpen.contains(place.strPath))
             return place;
     }
