@@ -3,6 +3,7 @@
 #include "app/csettings.h"
 #include "browser/cwidgetfavorfilelist.h"
 #include "highlight/chighlightmgt.h"
+#include "highlight/ctextdocument.h" // Declares the types that are registered here.
 #include "mainwindow/actionicons.h"
 #include "mainwindow/cfiledropfilter.h"
 #include "mainwindow/cfinddock.h"
