@@ -163,6 +163,49 @@
     </message>
 </context>
 <context>
+    <name>CDocumentGuard</name>
+    <message>
+        <source>Overwrite</source>
+        <translation>上書き</translation>
+    </message>
+    <message>
+        <source>Another program has changed %1.</source>
+        <translation>%1 が別のプログラムによって変更されました。</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>%1 is no longer there. Saving writes it again.</source>
+        <translation>%1 は存在しなくなりました。保存すると作り直されます。</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>Left unsaved when the program last ended: %1</source>
+        <translation>前回の終了時に保存されていません: %1</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>Not saved: another program has changed %1.</source>
+        <translation>保存していません: %1 が別のプログラムによって変更されました。</translation>
+    </message>
+    <message>
+        <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
+        <translation>保存していません: %1 にはテキストとして表示できない部分があり、保存するとその部分は失われます。</translation>
+    </message>
+</context>
+<context>
     <name>CDraftKeeper</name>
     <message>
         <source>The draft could not be written.</source>
@@ -573,6 +616,17 @@
     </message>
 </context>
 <context>
+    <name>CPastTabs</name>
+    <message>
+        <source>No closed tab is left to open again.</source>
+        <translation>もう一度開ける閉じたタブはありません。</translation>
+    </message>
+    <message>
+        <source>No longer there: %1</source>
+        <translation>存在しなくなりました: %1</translation>
+    </message>
+</context>
+<context>
     <name>CPreviewWidget</name>
     <message>
         <source>Open position of file</source>
@@ -689,6 +743,29 @@
     </message>
 </context>
 <context>
+    <name>CStartPanel</name>
+    <message>
+        <source>Start</source>
+        <translation>スタート</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>or drop files here</source>
+        <translation>またはここにファイルをドロップ</translation>
+    </message>
+    <message>
+        <source>Reopen what was open last time</source>
+        <translation>前回開いていたファイルをもう一度開く</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>最近使ったファイル</translation>
+    </message>
+</context>
+<context>
     <name>CStatusLabels</name>
     <message>
         <source>Col, Row and Selected</source>
@@ -705,6 +782,17 @@
     <message>
         <source>Text Codec</source>
         <translation>文字コード</translation>
+    </message>
+</context>
+<context>
+    <name>CTabListButton</name>
+    <message>
+        <source>List of all tabs (%1)</source>
+        <translation>すべてのタブの一覧 (%1)</translation>
+    </message>
+    <message>
+        <source>List of all tabs</source>
+        <translation>すべてのタブの一覧</translation>
     </message>
 </context>
 <context>
@@ -1264,6 +1352,18 @@
     <message>
         <source>The encoding is a guess: %1. Format, Text Codec reads the file in another.</source>
         <translation>エンコーディングは推測です: %1。「書式」の「文字コード」で別のものを選べます。</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>ファイルを読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(なし)</translation>
+    </message>
+    <message>
+        <source>There is no tab %1.</source>
+        <translation>タブ %1 はありません。</translation>
     </message>
 </context>
 <context>

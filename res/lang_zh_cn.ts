@@ -163,6 +163,49 @@
     </message>
 </context>
 <context>
+    <name>CDocumentGuard</name>
+    <message>
+        <source>Overwrite</source>
+        <translation>覆盖</translation>
+    </message>
+    <message>
+        <source>Another program has changed %1.</source>
+        <translation>%1 已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>重新加载</translation>
+    </message>
+    <message>
+        <source>%1 is no longer there. Saving writes it again.</source>
+        <translation>%1 已不存在。保存将重新写入该文件。</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>未命名</translation>
+    </message>
+    <message>
+        <source>Left unsaved when the program last ended: %1</source>
+        <translation>上次程序结束时未保存：%1</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>丢弃</translation>
+    </message>
+    <message>
+        <source>Not saved: another program has changed %1.</source>
+        <translation>未保存：%1 已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
+        <translation>未保存：%1 并非全部都能显示为文本，保存将丢失其余内容。</translation>
+    </message>
+</context>
+<context>
     <name>CDraftKeeper</name>
     <message>
         <source>The draft could not be written.</source>
@@ -573,6 +616,17 @@
     </message>
 </context>
 <context>
+    <name>CPastTabs</name>
+    <message>
+        <source>No closed tab is left to open again.</source>
+        <translation>没有可以重新打开的已关闭标签页。</translation>
+    </message>
+    <message>
+        <source>No longer there: %1</source>
+        <translation>已不存在: %1</translation>
+    </message>
+</context>
+<context>
     <name>CPreviewWidget</name>
     <message>
         <source>Open position of file</source>
@@ -689,6 +743,29 @@
     </message>
 </context>
 <context>
+    <name>CStartPanel</name>
+    <message>
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>or drop files here</source>
+        <translation>或将文件拖放到此处</translation>
+    </message>
+    <message>
+        <source>Reopen what was open last time</source>
+        <translation>重新打开上次打开的文件</translation>
+    </message>
+    <message>
+        <source>Recent files</source>
+        <translation>最近的文件</translation>
+    </message>
+</context>
+<context>
     <name>CStatusLabels</name>
     <message>
         <source>Col, Row and Selected</source>
@@ -705,6 +782,17 @@
     <message>
         <source>Text Codec</source>
         <translation>文本编码</translation>
+    </message>
+</context>
+<context>
+    <name>CTabListButton</name>
+    <message>
+        <source>List of all tabs (%1)</source>
+        <translation>所有标签页的列表 (%1)</translation>
+    </message>
+    <message>
+        <source>List of all tabs</source>
+        <translation>所有标签页的列表</translation>
     </message>
 </context>
 <context>
@@ -1264,6 +1352,18 @@
     <message>
         <source>The encoding is a guess: %1. Format, Text Codec reads the file in another.</source>
         <translation>编码是推测的：%1。可在“格式”的“文本编码”中改用其他编码读取。</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>无法读取文件：%1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(空)</translation>
+    </message>
+    <message>
+        <source>There is no tab %1.</source>
+        <translation>没有标签页 %1。</translation>
     </message>
 </context>
 <context>
