@@ -4,6 +4,7 @@
 #include "document/cdocument.h"
 #include "document/cdraftkeeper.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QPointer>
 #include <QTimer>
@@ -68,15 +69,21 @@ void CRecovery::offerAbandoned()
     offer(notice);
 }
 
-// One document for each turn of the event loop, so that many leave the window alive.
+// As many as leave the window alive; the rest in later turns of the event loop.
 void CRecovery::recoverNext()
 {
-    if (m_lstToRecover.isEmpty())
-        return;
-    SDraft draft = m_lstToRecover.takeFirst();
-    if (m_pKeeper->read(&draft))
-        emit recoverWanted(draft);
-    QTimer::singleShot(0, this, &CRecovery::recoverNext);
+    const int nBearable = 50; // Milliseconds.
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (!m_lstToRecover.isEmpty() && elapsed.elapsed() < nBearable) {
+        SDraft draft = m_lstToRecover.takeFirst();
+        if (m_pKeeper->read(&draft))
+            emit recoverWanted(draft);
+        else // It stays on the disk for the next start.
+            emit failed(tr("The draft of %1 could not be read.").arg(nameOf(draft)));
+    }
+    if (!m_lstToRecover.isEmpty())
+        QTimer::singleShot(0, this, &CRecovery::recoverNext);
 }
 
 void CRecovery::offerCutOff()

@@ -163,49 +163,6 @@
     </message>
 </context>
 <context>
-    <name>CDocumentGuard</name>
-    <message>
-        <source>Overwrite</source>
-        <translation>上書き</translation>
-    </message>
-    <message>
-        <source>Another program has changed %1.</source>
-        <translation>%1 が別のプログラムによって変更されました。</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>再読み込み</translation>
-    </message>
-    <message>
-        <source>%1 is no longer there. Saving writes it again.</source>
-        <translation>%1 は存在しなくなりました。保存すると作り直されます。</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>無題</translation>
-    </message>
-    <message>
-        <source>Left unsaved when the program last ended: %1</source>
-        <translation>前回の終了時に保存されていません: %1</translation>
-    </message>
-    <message>
-        <source>Recover</source>
-        <translation>復元</translation>
-    </message>
-    <message>
-        <source>Discard</source>
-        <translation>破棄</translation>
-    </message>
-    <message>
-        <source>Not saved: another program has changed %1.</source>
-        <translation>保存していません: %1 が別のプログラムによって変更されました。</translation>
-    </message>
-    <message>
-        <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
-        <translation>保存していません: %1 にはテキストとして表示できない部分があり、保存するとその部分は失われます。</translation>
-    </message>
-</context>
-<context>
     <name>CDraftKeeper</name>
     <message>
         <source>The draft could not be written.</source>
@@ -740,6 +697,10 @@
     <message>
         <source>Unsaved changes of %1 were replaced.</source>
         <translation>%1 の未保存の変更が置き換えられました。</translation>
+    </message>
+    <message>
+        <source>The draft of %1 could not be read.</source>
+        <translation>%1 の下書きを読み取れませんでした。</translation>
     </message>
 </context>
 <context>
@@ -1352,14 +1313,6 @@
     <message>
         <source>The encoding is a guess: %1. Format, Text Codec reads the file in another.</source>
         <translation>エンコーディングは推測です: %1。「書式」の「文字コード」で別のものを選べます。</translation>
-    </message>
-    <message>
-        <source>The file cannot be read: %1</source>
-        <translation>ファイルを読み込めません: %1</translation>
-    </message>
-    <message>
-        <source>(empty)</source>
-        <translation>(なし)</translation>
     </message>
     <message>
         <source>There is no tab %1.</source>

@@ -163,49 +163,6 @@
     </message>
 </context>
 <context>
-    <name>CDocumentGuard</name>
-    <message>
-        <source>Overwrite</source>
-        <translation>覆盖</translation>
-    </message>
-    <message>
-        <source>Another program has changed %1.</source>
-        <translation>%1 已被其他程序更改。</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>重新加载</translation>
-    </message>
-    <message>
-        <source>%1 is no longer there. Saving writes it again.</source>
-        <translation>%1 已不存在。保存将重新写入该文件。</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>未命名</translation>
-    </message>
-    <message>
-        <source>Left unsaved when the program last ended: %1</source>
-        <translation>上次程序结束时未保存：%1</translation>
-    </message>
-    <message>
-        <source>Recover</source>
-        <translation>恢复</translation>
-    </message>
-    <message>
-        <source>Discard</source>
-        <translation>丢弃</translation>
-    </message>
-    <message>
-        <source>Not saved: another program has changed %1.</source>
-        <translation>未保存：%1 已被其他程序更改。</translation>
-    </message>
-    <message>
-        <source>Not saved: not all of %1 can be shown as text, and saving loses the rest.</source>
-        <translation>未保存：%1 并非全部都能显示为文本，保存将丢失其余内容。</translation>
-    </message>
-</context>
-<context>
     <name>CDraftKeeper</name>
     <message>
         <source>The draft could not be written.</source>
@@ -740,6 +697,10 @@
     <message>
         <source>Unsaved changes of %1 were replaced.</source>
         <translation>%1 的未保存更改已被替换。</translation>
+    </message>
+    <message>
+        <source>The draft of %1 could not be read.</source>
+        <translation>无法读取 %1 的草稿。</translation>
     </message>
 </context>
 <context>
@@ -1352,14 +1313,6 @@
     <message>
         <source>The encoding is a guess: %1. Format, Text Codec reads the file in another.</source>
         <translation>编码是推测的：%1。可在“格式”的“文本编码”中改用其他编码读取。</translation>
-    </message>
-    <message>
-        <source>The file cannot be read: %1</source>
-        <translation>无法读取文件：%1</translation>
-    </message>
-    <message>
-        <source>(empty)</source>
-        <translation>(空)</translation>
     </message>
     <message>
         <source>There is no tab %1.</source>

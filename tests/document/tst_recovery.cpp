@@ -287,7 +287,7 @@ private slots:
         f.documents().recovery().offerAbandoned();
         QVERIFY(f.documents().recovery().notice().strText.size() < 1000);
         QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
-        QCOMPARE(lstDocuments.size(), 1); // The event loop lives between one and the next.
+        QVERIFY(lstDocuments.size() < 500); // The event loop lives between some and the next.
         QTRY_COMPARE_WITH_TIMEOUT(lstDocuments.size(), 500, 60000);
         QSet<QString> setTexts;
         for (CDocument *pDocument : qAsConst(lstDocuments))

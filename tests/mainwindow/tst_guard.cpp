@@ -71,7 +71,7 @@ private slots:
             QTRY_VERIFY(bar(f)->text().contains("a.cpp"));
             QVERIFY(bar(f)->text().contains("Untitled"));
             press(f, "Recover");
-            QCOMPARE(f.tabs().count(), 2);
+            QTRY_COMPARE(f.tabs().count(), 2);
             QTRY_COMPARE(bar(f)->text(), QString());
             f.tabs().setCurrentIndex(0);
             if (f.window().currentDocument().path() != strPath)

@@ -234,8 +234,10 @@ private:
         note(QStringLiteral("refresh %1").arg(bYes));
         const bool bGone = !m_mapDisk.contains(canonical(document.path()));
         const QString strText = document.editor()->getText();
-        const CBoxAnswer answer({bYes ? QMessageBox::Yes : QMessageBox::Cancel, QMessageBox::Ok},
-                                arrival());
+        QList<QMessageBox::StandardButton> lstAnswers = {QMessageBox::Ok}; // "Fail to open file".
+        if (document.isModified())
+            lstAnswers.prepend(bYes ? QMessageBox::Yes : QMessageBox::Cancel);
+        const CBoxAnswer answer(lstAnswers, arrival());
         window().on_actionRefresh_triggered();
         if (bYes && !bGone)
             settle(strText); // Declined in a box that named the loss, or not modified.
