@@ -4,6 +4,7 @@
 
 #include <QPointer>
 #include <QTabWidget>
+#include <QTimer>
 
 namespace {
 
@@ -60,7 +61,8 @@ void CTabListButton::fillMenu()
         if (n == m_pTabs->currentIndex())
             m_menu.setDefaultAction(pAction);
     }
-    m_menu.setActiveAction(m_menu.defaultAction());
+    // Once it is shown: only then does a menu that is too long for the screen scroll there.
+    QTimer::singleShot(0, &m_menu, [this] { m_menu.setActiveAction(m_menu.defaultAction()); });
 }
 
 void CTabListButton::goTo(QWidget *pWidget)
