@@ -20,6 +20,7 @@ CNoticeBar::CNoticeBar(QWidget *pParent)
     m_pLabel->setMargin(4);
     m_pClose->setIcon(QIcon(QStringLiteral(":/res/close.png")));
     m_pClose->setToolTip(tr("Close this notice"));
+    m_pClose->setAccessibleName(tr("Close this notice"));
     m_pClose->setAutoRaise(true);
     m_pClose->setFocusPolicy(Qt::TabFocus);
     connect(m_pClose, &QToolButton::clicked, this, &CNoticeBar::dismissed);
