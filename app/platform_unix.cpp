@@ -13,8 +13,8 @@
 #include <QUrl>
 
 #include <cerrno>
-#include <clocale>
 #include <climits>
+#include <clocale>
 #include <csignal>
 #include <cstdio>
 

@@ -8,7 +8,8 @@ SFileContent CDocument::read(const QString &strPath)
 {
     SReadLimits limits;
     limits.nMaxSize = g_nMaxReadable;
-    limits.nMemoryPerByte = 12; // Bytes, text, blocks with their layouts, and the highlighter's copy.
+    limits.nMemoryPerByte =
+        12; // Bytes, text, blocks with their layouts, and the highlighter's copy.
     return readFile(strPath, limits);
 }
 
@@ -155,9 +156,10 @@ SNotice CDocument::saveQuestion()
             tr("Not saved: not all of %1 can be shown as text, and saving loses the rest.")
                 .arg(path());
     } else if (!isCodecSure()) {
-        question.strText = tr("Not saved: the encoding of %1 is a guess (%2). Saving writes what the "
-                              "window shows, as UTF-8; if that is wrong, choose another Text Codec.")
-                               .arg(path(), codecName());
+        question.strText =
+            tr("Not saved: the encoding of %1 is a guess (%2). Saving writes what the "
+               "window shows, as UTF-8; if that is wrong, choose another Text Codec.")
+                .arg(path(), codecName());
     }
     return question;
 }

@@ -91,7 +91,8 @@ public:
 
     // What a draft must hold to bring the document back.
     SDraft draft() const;
-    // Takes over what a draft holds: modified, and beginning from the file that the draft began from.
+    // Takes over what a draft holds: modified, and beginning from the file that the draft began
+    // from.
     void restore(const SDraft &draft);
 
     // Editing commands. They answer whether they could do anything.

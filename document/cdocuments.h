@@ -11,14 +11,16 @@
 
 class CPageDocument;
 
-// The open documents of a window. Sees to it that nothing they hold is lost: keeps drafts of what is
-// modified, notices when a file changes on the disk, and offers what was dropped. Never opens a box.
+// The open documents of a window. Sees to it that nothing they hold is lost: keeps drafts of what
+// is modified, notices when a file changes on the disk, and offers what was dropped. Never opens a
+// box.
 class CDocuments : public QObject
 {
     Q_OBJECT
 
 public:
-    // strFolder: the program's data; drafts lie in "recovery" below it, notes of loads in "loading".
+    // strFolder: the program's data; drafts lie in "recovery" below it, notes of loads in
+    // "loading".
     CDocuments(const QString &strFolder, QObject *pParent);
     ~CDocuments() override;
 
@@ -27,8 +29,8 @@ public:
 
     // Takes the document over.
     void add(CDocument *pDocument);
-    // With its views. Its text is saved or may be lost; where it would be the last copy of a deleted
-    // file, it is kept as a draft and offered.
+    // With its views. Its text is saved or may be lost; where it would be the last copy of a
+    // deleted file, it is kept as a draft and offered.
     void close(CDocument *pDocument);
     // The same for a document whose unsaved text nobody asked about: it is kept and offered.
     void closeDropping(CDocument *pDocument);

@@ -16,8 +16,7 @@ CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pV
             [this] { dropText(SDraft::Reason::Refreshed); });
     connect(m_pPage, &CEditWebView::fileRead, this, &CPageDocument::onFileRead);
     // A load puts the flag back when it ends, without a signal of its own.
-    connect(m_pPage, &QWebView::loadFinished, this,
-            [this] { emit modifiedChanged(isModified()); });
+    connect(m_pPage, &QWebView::loadFinished, this, [this] { emit modifiedChanged(isModified()); });
 }
 
 CPageDocument::~CPageDocument()
@@ -155,8 +154,8 @@ void CPageDocument::fillDraft(SDraft *pDraft) const
     pDraft->bPage = true;
     pDraft->nReturnFormat = m_pPage->sourceEdit()->returnFormat();
     // As a save would write it, so that the source is kept over a recovery, too.
-    pDraft->strText = m_bSource ? m_pPage->sourceEdit()->getText()
-                                : QString::fromUtf8(m_pPage->htmlForSaving());
+    pDraft->strText =
+        m_bSource ? m_pPage->sourceEdit()->getText() : QString::fromUtf8(m_pPage->htmlForSaving());
 }
 
 void CPageDocument::showDraft(const SDraft &draft)

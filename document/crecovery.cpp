@@ -91,9 +91,10 @@ void CRecovery::offerCutOff()
     const QVector<SCutOffWriting> lstWritings = CInPlaceJournal::cutOff();
     for (const SCutOffWriting &writing : lstWritings) {
         SNotice notice;
-        notice.strText = tr("A save of %1 was cut off when the program last ended: the file may hold "
-                            "parts of both versions.")
-                             .arg(writing.strPath);
+        notice.strText =
+            tr("A save of %1 was cut off when the program last ended: the file may hold "
+               "parts of both versions.")
+                .arg(writing.strPath);
         const auto restore = [this, writing] {
             QString strError;
             if (CInPlaceJournal::restore(writing, &strError))

@@ -9,8 +9,8 @@
 class CDocument;
 class CDraftKeeper;
 
-// Offers what would be lost otherwise: drafts that an earlier run left, and text that a step of this
-// run dropped. Each offer is a notice; unanswered, it comes again at the next start.
+// Offers what would be lost otherwise: drafts that an earlier run left, and text that a step of
+// this run dropped. Each offer is a notice; unanswered, it comes again at the next start.
 class CRecovery : public QObject
 {
     Q_OBJECT

@@ -81,8 +81,9 @@ public:
     void reload();
     // Shows the bytes of the file as reload() does.
     void reloadData(const QByteArray &arrData);
-    // Reads the same bytes in another codec; nothing happens for an unknown one. The bytes are those
-    // that the text has in its codec, which may not hold all that was typed: see textReplacing().
+    // Reads the same bytes in another codec; nothing happens for an unknown one. The bytes are
+    // those that the text has in its codec, which may not hold all that was typed: see
+    // textReplacing().
     void setCodecName(const QString &strName);
     // Shows the file's own bytes in another codec. The text counts as read, not as typed.
     void readIn(const QString &strCodec, const QByteArray &arrData);

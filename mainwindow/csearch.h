@@ -8,8 +8,8 @@ class CDocument;
 class CHighlightEdit;
 class MainWindow;
 
-// The find and go-to-line dialogs of the window, and the commands that they and the menu give to the
-// current document.
+// The find and go-to-line dialogs of the window, and the commands that they and the menu give to
+// the current document.
 class CSearch : public QObject
 {
     Q_OBJECT

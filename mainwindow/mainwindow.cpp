@@ -160,9 +160,10 @@ void MainWindow::setupDocuments()
     connect(pRecovery, &CRecovery::failed, this, &MainWindow::showStatusMessage);
     CDraftKeeper *pDrafts = &m_pDocuments->drafts();
     connect(pDrafts, &CDraftKeeper::workingChanged, this, [this, pDrafts] {
-        showStatusMessage(pDrafts->isWorking()
-                              ? tr("Unsaved text is kept as drafts again.")
-                              : tr("Unsaved text cannot be kept as drafts: %1").arg(pDrafts->why()));
+        showStatusMessage(
+            pDrafts->isWorking()
+                ? tr("Unsaved text is kept as drafts again.")
+                : tr("Unsaved text cannot be kept as drafts: %1").arg(pDrafts->why()));
     });
 }
 

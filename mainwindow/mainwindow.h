@@ -28,9 +28,10 @@ class CTabWidget;
 
 // The single top-level window: wires actions, documents, docks and dialogs, and computes nothing.
 // By concern: mainwindow.cpp the frame, _states.cpp what it shows of the current document,
-// _documents.cpp new documents, _open.cpp the ways by which files come in, _opening.cpp the right view
-// for each, _files.cpp saving and reading again, _closing.cpp the questions before a document goes, _commands.cpp and
-// _page.cpp what menus and tool bars give to the current document, _panels.cpp docks and panes.
+// _documents.cpp new documents, _open.cpp the ways by which files come in, _opening.cpp the right
+// view for each, _files.cpp saving and reading again, _closing.cpp the questions before a document
+// goes, _commands.cpp and _page.cpp what menus and tool bars give to the current document,
+// _panels.cpp docks and panes.
 //
 // A question on the screen belongs to the document it was asked about: its event loop may change
 // the current one.

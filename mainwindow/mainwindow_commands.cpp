@@ -7,8 +7,8 @@
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
-#include "mainwindow/csearch.h"
 #include "mainwindow/cformatmenus.h"
+#include "mainwindow/csearch.h"
 #include "ui_mainwindow.h"
 
 #include <QColorDialog>

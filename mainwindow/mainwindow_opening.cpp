@@ -75,8 +75,7 @@ void MainWindow::openSourceOf(const QString &strPath, const SFileContent &conten
     showText(strPath, content);
     CDocument *pDocument = &currentDocument();
     SNotice notice;
-    notice.strText =
-        tr("The program ended while it loaded %1: this is its source.").arg(strPath);
+    notice.strText = tr("The program ended while it loaded %1: this is its source.").arg(strPath);
     notice.lstChoices = {{tr("Show the page anyway"), [this, pDocument, strPath] {
                               m_pDocuments->loads().forgive(strPath);
                               if (closeDocument(pDocument))

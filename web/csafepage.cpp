@@ -1,8 +1,8 @@
 #include "web/csafepage.h"
 
 #include "web/cpagenetwork.h"
-#include "web/pagecodec.h"
 #include "web/frames.h"
+#include "web/pagecodec.h"
 
 #include <QNetworkRequest>
 #include <QStyle>

@@ -299,8 +299,7 @@ private slots:
     {
         CDocumentsFixture f;
         CDocument *pDocument = f.open(f.file("a.xml", "<a><b/></a>"));
-        pDocument->editor()->setDefinition(
-            {{"language", QVariantMap {{"name", "XML"}}}});
+        pDocument->editor()->setDefinition({{"language", QVariantMap {{"name", "XML"}}}});
         f.type(pDocument, "<!--mine-->");
         QVERIFY(pDocument->editor()->formatting());
         QVERIFY(choose(pDocument->notice(), "Restore"));

@@ -69,7 +69,9 @@ private slots:
     void codec_ofAnUneditedFile_readsTheFilesOwnBytes()
     {
         CDocumentsFixture f;
-        const QByteArray bytes("\xff\xfe" "a\0\xe9\0b", 7); // An odd last byte.
+        const QByteArray bytes("\xff\xfe"
+                               "a\0\xe9\0b",
+                               7); // An odd last byte.
         CDocument *pDocument = f.open(f.file("a.txt", bytes));
         static_cast<void>(pDocument->setCodec("UTF-16")); // It may have been read so already.
         QCOMPARE(pDocument->editor()->rawText().left(2), QString::fromUtf8("a\xc3\xa9"));
@@ -87,8 +89,7 @@ private slots:
         QCOMPARE(pDocument->editor()->rawText(), QString("ab"));
         f.type(pDocument, "x");
         QVERIFY(pDocument->setCodec("windows-1252").isDone());
-        QCOMPARE(pDocument->editor()->rawText(),
-                 QString::fromLatin1("x\0a\0b\0", 6));
+        QCOMPARE(pDocument->editor()->rawText(), QString::fromLatin1("x\0a\0b\0", 6));
     }
 
     void guessedEncoding_isAskedAboutBeforeASave()
@@ -104,7 +105,8 @@ private slots:
         QCOMPARE(f.content(strPath), bytes);
         // Chosen by the user, it is a guess no longer.
         QVERIFY(pDocument->reload().isDone());
-        QVERIFY(pDocument->setCodec("windows-1251").isDone() || pDocument->setCodec("KOI8-R").isDone());
+        QVERIFY(pDocument->setCodec("windows-1251").isDone()
+                || pDocument->setCodec("KOI8-R").isDone());
         f.type(pDocument, "x");
         QVERIFY(pDocument->save().isDone());
     }
@@ -120,7 +122,9 @@ private slots:
     void byteOrderMark_isNoLoss()
     {
         CDocumentsFixture f;
-        CDocument *pDocument = f.open(f.file("a.txt", "\xef\xbb\xbf" "caf\xc3\xa9"));
+        CDocument *pDocument = f.open(f.file("a.txt",
+                                             "\xef\xbb\xbf"
+                                             "caf\xc3\xa9"));
         QVERIFY(pDocument->isWhole());
     }
 };

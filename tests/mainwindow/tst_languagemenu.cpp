@@ -5,8 +5,8 @@
 
 #include "highlight/chighlightmgt.h"
 
-#include <QTextBlock>
 #include <QMenu>
+#include <QTextBlock>
 
 class TestLanguageMenu : public QObject
 {

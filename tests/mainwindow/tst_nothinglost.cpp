@@ -1,9 +1,10 @@
-// Random sequences of what a user, other programs and the system do, against a model of what must be
-// on the disk and what must be in an editor or on offer. QUILLAN_STEPS, QUILLAN_SEED: another session.
+// Random sequences of what a user, other programs and the system do, against a model of what must
+// be on the disk and what must be in an editor or on offer. QUILLAN_STEPS, QUILLAN_SEED: another
+// session.
 //
-// Everything that is typed is a token of its own, such as "[17]". A token is owed to the user until it
-// was saved, or declined in a box that named the loss. An owed token stands in an open editor or in a
-// draft on the disk.
+// Everything that is typed is a token of its own, such as "[17]". A token is owed to the user until
+// it was saved, or declined in a box that named the loss. An owed token stands in an open editor or
+// in a draft on the disk.
 
 #include "cwindowfixture.h"
 
@@ -85,7 +86,8 @@ private slots:
             check(n % 20 == 0);
         }
         if (QTest::currentTestFailed())
-            fprintf(stderr, "the last steps:\n%s\n", qPrintable(m_lstSteps.mid(m_lstSteps.size() - 60).join('\n')));
+            fprintf(stderr, "the last steps:\n%s\n",
+                    qPrintable(m_lstSteps.mid(m_lstSteps.size() - 60).join('\n')));
         m_pFixture.reset();
     }
 
@@ -361,7 +363,10 @@ private:
         const QSet<int> setFound = tokensInDrafts();
         const QSet<int> setLost = m_setOwed - setFound;
         for (const int nToken : setLost)
-            QVERIFY2(!m_setOnDraft.contains(nToken), qPrintable(QStringLiteral("[%1] was in a draft, and is not in: %2").arg(nToken).arg(drafts())));
+            QVERIFY2(!m_setOnDraft.contains(nToken),
+                     qPrintable(QStringLiteral("[%1] was in a draft, and is not in: %2")
+                                    .arg(nToken)
+                                    .arg(drafts())));
         m_setOwed -= setLost;
     }
 
@@ -398,8 +403,8 @@ private:
             return;
         for (auto it = m_mapDisk.cbegin(); it != m_mapDisk.cend(); ++it) {
             QVERIFY2(CWindowFixture::content(it.key()) == it.value(),
-                     qPrintable(m_strStep + it.key() + " holds "
-                                + CWindowFixture::content(it.key()) + ", not " + it.value()));
+                     qPrintable(m_strStep + it.key() + " holds " + CWindowFixture::content(it.key())
+                                + ", not " + it.value()));
         }
         QSet<int> setMissing = m_setOwed;
         for (CDocument *pDocument : window().documents().all()) {
