@@ -4,7 +4,8 @@
 
 namespace {
 
-QByteArray svg(const QByteArray &content, const QByteArray &attributes = "width='99' height='99'")
+QByteArray drawing(const QByteArray &content,
+                   const QByteArray &attributes = "width='99' height='99'")
 {
     return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
         + attributes + ">" + content + "</svg>";
@@ -33,7 +34,7 @@ QByteArray entities()
         result += "<!ENTITY a" + QByteArray::number(n) + " '"
             + repeated("&a" + QByteArray::number(n - 1) + ";", 10) + "'>";
     }
-    return result + "]>" + svg("<text y='9'>&a19;</text>");
+    return result + "]>" + drawing("<text y='9'>&a19;</text>");
 }
 
 QByteArray image(const QByteArray &address)
@@ -53,39 +54,41 @@ QList<SHostileFile> hostileDrawings()
                          data,
                          {}});
     };
-    add("uses", svg(uses(12)));
-    add("use of itself", svg("<g id='a'><use xlink:href='#a'/></g>"));
-    add("groups", svg(QByteArray("<g>").repeated(50000) + QByteArray("</g>").repeated(50000)));
+    add("uses", drawing(uses(12)));
+    add("use of itself", drawing("<g id='a'><use xlink:href='#a'/></g>"));
+    add("groups", drawing(QByteArray("<g>").repeated(50000) + QByteArray("</g>").repeated(50000)));
     add("groups without end", QByteArray("<svg>") + QByteArray("<g>").repeated(200000));
     add("group alone", "<g/>");
     add("drawings in each other", QByteArray("<svg>").repeated(20000));
     add("entities", entities());
-    add("large", svg("", "width='100000' height='100000'"));
-    add("as large as can be", svg("<rect width='9' height='9'/>", "width='8000' height='8000'"));
-    add("negative", svg("<rect width='-9' height='9'/>", "width='-5' height='1e30'"));
-    add("no view", svg("<rect width='9' height='9'/>", "viewBox='0 0 0 0'"));
-    add("device", svg(image("/dev/zero")));
-    add("terminal", svg(image("/dev/ptmx")));
-    add("picture", svg(image("data:image/png;base64," + pngClaiming(60000, 60000).toBase64())));
+    add("large", drawing("", "width='100000' height='100000'"));
+    add("as large as can be",
+        drawing("<rect width='9' height='9'/>", "width='8000' height='8000'"));
+    add("negative", drawing("<rect width='-9' height='9'/>", "width='-5' height='1e30'"));
+    add("no view", drawing("<rect width='9' height='9'/>", "viewBox='0 0 0 0'"));
+    add("device", drawing(image("/dev/zero")));
+    add("terminal", drawing(image("/dev/ptmx")));
+    add("picture", drawing(image("data:image/png;base64," + pngClaiming(60000, 60000).toBase64())));
     add("drawing in a drawing",
-        svg(image("data:image/svg+xml;base64," + svg(image("/dev/zero")).toBase64())));
-    add("sheet", "<?xml-stylesheet type=\"text/css\" href=\"/dev/zero\"?>" + svg("<g/>"));
+        drawing(image("data:image/svg+xml;base64," + drawing(image("/dev/zero")).toBase64())));
+    add("sheet", "<?xml-stylesheet type=\"text/css\" href=\"/dev/zero\"?>" + drawing("<g/>"));
     add("points",
-        svg("<path stroke='red' d='M0 0" + QByteArray("L9 1e3 1 1").repeated(200000) + "'/>"));
-    add("dashes", svg("<path stroke='red' stroke-dasharray='.0001 .0001' d='M0 0L1e7 1e7'/>"));
-    add("wide line", svg("<path stroke='red' stroke-width='1e20' d='M0 0L9 9L1e20 5'/>"));
-    add("arcs", svg("<path d='M0 0" + QByteArray("A1e9 1e-9 45 1 1 9 9").repeated(50000) + "'/>"));
+        drawing("<path stroke='red' d='M0 0" + QByteArray("L9 1e3 1 1").repeated(200000) + "'/>"));
+    add("dashes", drawing("<path stroke='red' stroke-dasharray='.0001 .0001' d='M0 0L1e7 1e7'/>"));
+    add("wide line", drawing("<path stroke='red' stroke-width='1e20' d='M0 0L9 9L1e20 5'/>"));
+    add("arcs",
+        drawing("<path d='M0 0" + QByteArray("A1e9 1e-9 45 1 1 9 9").repeated(50000) + "'/>"));
     add("stops",
-        svg("<linearGradient id='g'>"
-            + QByteArray("<stop offset='.5' stop-color='red'/>").repeated(200000)
-            + "</linearGradient><rect width='99' height='99' fill='url(#g)'/>"));
-    add("text", svg("<text y='9'>" + QByteArray(1000000, 'x') + "</text>"));
-    add("large text", svg("<text y='9' font-size='1e9'>xxxxxxxx</text>"));
+        drawing("<linearGradient id='g'>"
+                + QByteArray("<stop offset='.5' stop-color='red'/>").repeated(200000)
+                + "</linearGradient><rect width='99' height='99' fill='url(#g)'/>"));
+    add("text", drawing("<text y='9'>" + QByteArray(1000000, 'x') + "</text>"));
+    add("large text", drawing("<text y='9' font-size='1e9'>xxxxxxxx</text>"));
     add("turns",
-        svg(QByteArray("<g transform='rotate(45) scale(1e9)'>").repeated(500)
-            + "<rect width='9' height='9'/>" + QByteArray("</g>").repeated(500)));
-    add("packed", gzipped(svg(QByteArray(50000000, ' '))), ".svgz");
-    add("packed badly", gzipped(svg("")).left(20), ".svgz");
+        drawing(QByteArray("<g transform='rotate(45) scale(1e9)'>").repeated(500)
+                + "<rect width='9' height='9'/>" + QByteArray("</g>").repeated(500)));
+    add("packed", gzipped(drawing(QByteArray(50000000, ' '))), ".svgz");
+    add("packed badly", gzipped(drawing("")).left(20), ".svgz");
     return lstFiles;
 }
 
