@@ -37,6 +37,7 @@ CWidgetFileList::CWidgetFileList(QWidget *pParent)
 
 CWidgetFileList::~CWidgetFileList()
 {
+    m_pComboFolder->disconnect(this); // Losing the focus as it goes, it may tell of an entry.
     delete m_pFollower; // First: it waits for its reader, and nobody is to hear of that.
     m_pModel->stop();
     // As a child of the view it would go, and tell of its rows going, after most of the view.
