@@ -107,6 +107,8 @@ public:
     virtual Result replace(const QString &strFind, const QString &strReplacement);
     virtual Result replaceAll(const QString &strFind, const QString &strReplacement);
     virtual QString selectedText() const;
+    // Of a page that is shown: a QWebPage::WebAction, such as bold.
+    virtual Result format(int nWebAction);
 
     // Only where the text is one: see CEditorDocument.
     virtual Result setCodec(const QString &strName);

@@ -108,6 +108,11 @@ QString CDocument::selectedText() const
     return editor() ? editor()->textCursor().selectedText() : QString();
 }
 
+Result CDocument::format(int)
+{
+    return Result::refused();
+}
+
 Result CDocument::setCodec(const QString &)
 {
     return Result::refused();

@@ -42,6 +42,7 @@ public:
     Result replace(const QString &strFind, const QString &strReplacement) override;
     Result replaceAll(const QString &strFind, const QString &strReplacement) override;
     QString selectedText() const override;
+    Result format(int nWebAction) override;
     void setLineWrap(bool bWrap) override;
 
 protected:

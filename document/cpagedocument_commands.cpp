@@ -62,6 +62,11 @@ Result CPageDocument::replaceAll(const QString &strFind, const QString &strRepla
     return Result::doneIf(m_pPage->replaceAllPageText(strFind, strReplacement));
 }
 
+Result CPageDocument::format(int nWebAction)
+{
+    return m_bSource ? Result::refused() : run(nWebAction);
+}
+
 QString CPageDocument::selectedText() const
 {
     return m_bSource ? CDocument::selectedText() : m_pPage->selectedText();

@@ -1,5 +1,6 @@
 #include "mainwindow/chtmltoolbar.h"
 
+#include "app/csettings.h"
 #include "web/ceditwebview.h"
 
 #include <QColorDialog>
@@ -127,6 +128,23 @@ void CHtmlToolBar::addColorButton(QToolBar *pToolBar, SColorButton *pColor, cons
     auto *pOpenMenu = new QShortcut(QKeySequence(QStringLiteral("Alt+Down")), pColor->pButton);
     pOpenMenu->setContext(Qt::WidgetShortcut);
     connect(pOpenMenu, &QShortcut::activated, pColor->pButton, &QToolButton::showMenu);
+}
+
+void CHtmlToolBar::applyColor(CEditWebView *pPage, const QColor &clr, bool bBackground)
+{
+    if (!pPage)
+        return;
+    if (bBackground) {
+        pPage->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent") : clr.name());
+        g_pSettings->setBackColor(clr);
+    } else {
+        pPage->setForeColor(clr.name());
+        g_pSettings->setTextColor(clr);
+    }
+    g_pSettings->save();
+    setChosenColors(g_pSettings->getTextColor(), g_pSettings->getBackColor());
+    pPage->setFocus();
+    showFormat(*pPage);
 }
 
 void CHtmlToolBar::showFormat(const CEditWebView &page)

@@ -31,6 +31,9 @@ public:
     // The colours that the buttons apply.
     void setChosenColors(const QColor &clrText, const QColor &clrBack);
 
+    // Colours the page's selection and remembers the colour; without a page, nothing.
+    void applyColor(CEditWebView *pPage, const QColor &clr, bool bBackground);
+
 signals:
     void textColorChosen(QColor clr);
     void backColorChosen(QColor clr);

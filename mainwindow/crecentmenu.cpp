@@ -20,6 +20,15 @@ void CRecentMenu::add(const QString &strPath)
     emit changed();
 }
 
+void CRecentMenu::open(int nIndex)
+{
+    const QString strPath = g_pSettings->getRecentFileList().value(nIndex);
+    if (strPath.isEmpty())
+        return;
+    emit openWanted(strPath);
+    add(strPath);
+}
+
 void CRecentMenu::update()
 {
     const QStringList lstFiles = g_pSettings->getRecentFileList();

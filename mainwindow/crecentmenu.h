@@ -18,8 +18,12 @@ public:
     // The file was used: it comes first, and the settings are saved.
     void add(const QString &strPath);
 
+    // Asks for the file of an entry, which then comes first.
+    void open(int nIndex);
+
 signals:
     void changed();
+    void openWanted(QString strPath);
 
 private:
     void update();

@@ -5,11 +5,13 @@
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h" // Declares the types that are registered here.
 #include "mainwindow/actionicons.h"
+#include "mainwindow/cclosing.h"
 #include "mainwindow/cfiledropfilter.h"
 #include "mainwindow/cfinddock.h"
 #include "mainwindow/cformatmenus.h"
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cnoticebar.h"
+#include "mainwindow/copener.h"
 #include "mainwindow/cpasttabs.h"
 #include "mainwindow/crecentmenu.h"
 #include "mainwindow/csearch.h"
@@ -20,12 +22,12 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/framestate.h"
 #include "ui_mainwindow.h"
+#include "web/cpreviewwidget.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QDockWidget>
-#include <QMenuBar>
-#include <QShortcut>
 #include <QStandardPaths>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -63,6 +65,11 @@ MainWindow::MainWindow(QWidget *pParent)
                                 this);
     setupPastTabs();
     m_pSearch = new CSearch(this);
+    m_pOpener = new COpener(this, m_pTabs, m_pPanels->preview()->taster(), &m_bLoading);
+    m_pClosing = new CClosing(this, m_pTabs, m_pPastTabs, [this](CDocument *pDocument) {
+        return saveDocument(pDocument, false);
+    });
+    m_pOpener->setClose([this](CDocument *pDocument) { return m_pClosing->close(pDocument); });
     setupShortcuts();
     setupTabKeys();
     setupConnections();
@@ -132,7 +139,7 @@ void MainWindow::setupPastTabs()
     const auto showRecent = [pStart] { pStart->showRecentFiles(g_pSettings->getRecentFileList()); };
     showRecent();
     connect(m_pRecent, &CRecentMenu::changed, pStart, showRecent);
-    connect(pStart, &CStartPanel::recentFileChosen, this, &MainWindow::openRecentFile);
+    connect(pStart, &CStartPanel::recentFileChosen, m_pRecent, &CRecentMenu::open);
     connect(pStart, &CStartPanel::lastSessionChosen, m_pPastTabs, &CPastTabs::reopenLast);
     m_pTabs->setEmptyPanel(pStart);
 }
@@ -146,7 +153,8 @@ void MainWindow::setupDocuments()
         QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation), nullptr);
     CRecovery *pRecovery = &m_pDocuments->recovery();
     connect(pRecovery, &CRecovery::noticeChanged, this, &MainWindow::showNotice);
-    connect(pRecovery, &CRecovery::recoverWanted, this, &MainWindow::recover);
+    connect(pRecovery, &CRecovery::recoverWanted, this,
+            [this](const SDraft &draft) { m_pOpener->recover(draft); });
     connect(m_pNotice, &CNoticeBar::dismissed, this, [this, pRecovery] {
         CDocument &document = currentDocument();
         if (document.notice().strText.isEmpty())
@@ -167,60 +175,15 @@ void MainWindow::setupDocuments()
     });
 }
 
-void MainWindow::addKey(const char *szKey, const std::function<void()> &fnActivated)
-{
-    auto *pShortcut = new QShortcut(QKeySequence(QLatin1String(szKey)), this);
-    connect(pShortcut, &QShortcut::activated, this, fnActivated);
-}
-
-void MainWindow::setupShortcuts()
-{
-    // Single keys: the standard lists hold keys that are other actions' here.
-    m_pUi->actionRedo->setShortcuts(
-        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
-    // In no menu or toolbar, so that the window has to know them for their keys.
-    addActions({m_pUi->actionBack, m_pUi->actionForward, m_pUi->actionLeft_to_Right,
-                m_pUi->actionRight_to_Left});
-
-    addKey("Ctrl+Q", [this] { close(); });
-    addKey("F6", [this] { stepPane(1); });
-    addKey("Shift+F6", [this] { stepPane(-1); });
-    addKey("Ctrl+Shift+F", [this] { m_pFindDock->show(currentDocument().selectedText()); });
-    addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
-}
-
-void MainWindow::setupTabKeys()
-{
-    addKey("Ctrl+W", [this] { onTabCloseRequested(m_pTabs->currentIndex()); });
-    addKey("Ctrl+Shift+T", [this] { m_pPastTabs->reopenClosed(); });
-    const auto step = [this](int nBy) {
-        const int nCount = m_pTabs->count();
-        if (nCount > 0)
-            m_pTabs->setCurrentIndex((m_pTabs->currentIndex() + nBy + nCount) % nCount);
-    };
-    for (const char *szKey : {"Ctrl+Tab", "Ctrl+PgDown"})
-        addKey(szKey, [step] { step(1); });
-    for (const char *szKey : {"Ctrl+Shift+Tab", "Ctrl+PgUp"})
-        addKey(szKey, [step] { step(-1); });
-    for (int n = 1; n <= 9; ++n) {
-        addKey(qPrintable(QStringLiteral("Alt+%1").arg(n)), [this, n] {
-            if (n > m_pTabs->count())
-                showStatusMessage(tr("There is no tab %1.").arg(n));
-            m_pTabs->setCurrentIndex(n - 1);
-        });
-    }
-    addKey("Alt+0", [this] {
-        if (m_pTabs->count() > 0)
-            static_cast<QToolButton *>(m_pTabs->cornerWidget())->showMenu();
-    });
-}
-
 void MainWindow::setupConnections()
 {
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this,
             &MainWindow::clipboardDataChanged);
     connect(g_pSettings, &CSettings::textFontSizeChanged, m_pStatus,
             &CStatusLabels::onTextFontSize);
+    connect(m_pRecent, &CRecentMenu::openWanted, this, &MainWindow::openFile);
+    connect(m_pOpener, &COpener::added, this, &MainWindow::connectDocument);
+    connect(m_pOpener, &COpener::message, this, &MainWindow::showStatusMessage);
     connect(m_pSearch, &CSearch::message, this, &MainWindow::showStatusMessage);
     connect(m_pFindDock, &CFindDock::message, this, &MainWindow::showStatusMessage);
     connect(m_pPanels->browser(), &CWidgetFavorFileList::statusMessage, this,

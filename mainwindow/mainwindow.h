@@ -11,6 +11,7 @@ namespace Ui {
 class MainWindow;
 }
 
+class CClosing;
 class CEditWebView;
 class CFindDock;
 class CFormatMenus;
@@ -18,7 +19,7 @@ class CHighlightEdit;
 class CHighlightMgt;
 class CHtmlToolBar;
 class CNoticeBar;
-class CPageDocument;
+class COpener;
 class CPastTabs;
 class CRecentMenu;
 class CSearch;
@@ -28,10 +29,10 @@ class CTabWidget;
 
 // The single top-level window: wires actions, documents, docks and dialogs, and computes nothing.
 // By concern: mainwindow.cpp the frame, _states.cpp what it shows of the current document,
-// _documents.cpp new documents, _open.cpp the ways by which files come in, _opening.cpp the right
-// view for each, _files.cpp saving and reading again, _closing.cpp the questions before a document
-// goes, _commands.cpp and _page.cpp what menus and tool bars give to the current document,
-// _panels.cpp docks and panes.
+// _keys.cpp keys, _documents.cpp how documents speak to it, _open.cpp the ways by which files come
+// in, _files.cpp saving and reading again, _closing.cpp closing, _commands.cpp and _page.cpp what
+// menus and tool bars give to the current document, _panels.cpp docks and panes. What has a state
+// of its own is a class beside it.
 //
 // A question on the screen belongs to the document it was asked about: its event loop may change
 // the current one.
@@ -151,9 +152,6 @@ private:
     void setupTabs();
     void setupDocuments();
     void setupPastTabs();
-    void addKey(const char *szKey, const std::function<void()> &fnActivated);
-    void setupShortcuts();
-    void setupTabKeys();
     void setupConnections();
     void refreshWindow();
     void updateTitle();
@@ -162,36 +160,23 @@ private:
     void showNotice();
     void showStatusMessage(const QString &strText);
 
+    // mainwindow_keys.cpp
+    void addKey(const char *szKey, const std::function<void()> &fnActivated);
+    void setupShortcuts();
+    void setupTabKeys();
+
     // mainwindow_documents.cpp
-    void addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon);
-    CDocument *addTextDocument();
-    CPageDocument *addPageDocument();
+    void connectDocument(CDocument *pDocument);
     void connectEditor(CHighlightEdit *pEditor);
-    void openText(const QString &strPath);
-    void openPage(const QString &strPath);
-    void openImage(const QString &strPath);
-    void showText(const QString &strPath, const SFileContent &content);
-    void openSourceOf(const QString &strPath, const SFileContent &content);
-    bool mayOpenImage(const QString &strPath);
-    void showOpenFailure(const QString &strPath, const QString &strReason);
-    void nameTab(const CDocument &document);
-    void recover(const SDraft &draft);
+    void connectPage(CEditWebView *pPage);
 
     // mainwindow_files.cpp
     bool saveDocument(CDocument *pDocument, bool bAnyway);
     bool saveDocumentAs(CDocument *pDocument);
     void refreshDocument(CDocument *pDocument);
 
-    // mainwindow_closing.cpp
-    enum class Leaving { Stays, Settled, Unsaved };
-    Leaving askBeforeClosing(CDocument *pDocument);
-    bool mayLeavePage(CDocument *pDocument);
-    bool closeDocument(CDocument *pDocument);
-    bool closeForGood(CDocument *pDocument, bool *pYesToAll);
-
     // mainwindow_open.cpp
     void openFiles(const QStringList &lstPaths);
-    void openRecentFile(int nIndex);
 
     // mainwindow_commands.cpp
     void finish(const Result &result);
@@ -199,11 +184,6 @@ private:
     // mainwindow_page.cpp
     void setupHtmlToolBar();
     CEditWebView *shownPage() const;
-    void pageCommand(int nWebAction);
-    void showPageColor(CDocument *pDocument, const QColor &clr, bool bBackground);
-
-    // mainwindow_panels.cpp
-    void stepPane(int nBy);
 
     std::unique_ptr<Ui::MainWindow> m_pUi;
     CTabWidget *m_pTabs = nullptr;
@@ -218,6 +198,8 @@ private:
     CSidePanels *m_pPanels = nullptr;
     CFindDock *m_pFindDock = nullptr;
     CPastTabs *m_pPastTabs = nullptr;
+    COpener *m_pOpener = nullptr;
+    CClosing *m_pClosing = nullptr;
     QByteArray m_arrClosedState; // The layout as the window was closed; empty while it is open.
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
     bool m_bLoading = false; // While a document is being created or loaded.

@@ -8,6 +8,7 @@
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
 #include "mainwindow/cformatmenus.h"
+#include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/csearch.h"
 #include "ui_mainwindow.h"
 
@@ -104,7 +105,8 @@ void MainWindow::on_actionColor_Dialog_triggered()
     if (CHighlightEdit *pEditor = pDocument->editor())
         pEditor->textCursor().insertText(clr.name());
     else
-        showPageColor(pDocument, clr, false);
+        m_pHtmlTools->applyColor(pDocument->page(), clr, false);
+    refreshWindow();
 }
 
 void MainWindow::onLangClick()

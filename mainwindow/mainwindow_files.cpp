@@ -4,6 +4,7 @@
 #include "app/plaintext.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
+#include "mainwindow/copener.h"
 #include "mainwindow/ctabwidget.h"
 
 #include <QDir>
@@ -87,7 +88,7 @@ void MainWindow::refreshDocument(CDocument *pDocument)
     }
     const Result result = pDocument->reload();
     if (!result.isDone() && pDocument->kind() == CDocument::Kind::Text)
-        showOpenFailure(pDocument->path(), result.text());
+        m_pOpener->showFailure(pDocument->path(), result.text());
     else if (!result.text().isEmpty())
         showStatusMessage(result.text());
     refreshWindow();

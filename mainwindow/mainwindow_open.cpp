@@ -73,43 +73,34 @@ void MainWindow::on_actionOpen_triggered()
     m_pPanels->browser()->setRootPath(QFileInfo(m_strLastPath).absolutePath());
 }
 
-void MainWindow::openRecentFile(int nIndex)
-{
-    const QString strPath = g_pSettings->getRecentFileList().value(nIndex);
-    if (strPath.isEmpty())
-        return;
-    openFile(strPath);
-    m_pRecent->add(strPath);
-}
-
 void MainWindow::on_actionRecent_File_1_triggered()
 {
-    openRecentFile(0);
+    m_pRecent->open(0);
 }
 
 void MainWindow::on_actionRecent_File_2_triggered()
 {
-    openRecentFile(1);
+    m_pRecent->open(1);
 }
 
 void MainWindow::on_actionRecent_File_3_triggered()
 {
-    openRecentFile(2);
+    m_pRecent->open(2);
 }
 
 void MainWindow::on_actionRecent_File_4_triggered()
 {
-    openRecentFile(3);
+    m_pRecent->open(3);
 }
 
 void MainWindow::on_actionRecent_File_5_triggered()
 {
-    openRecentFile(4);
+    m_pRecent->open(4);
 }
 
 void MainWindow::on_actionRecent_File_6_triggered()
 {
-    openRecentFile(5);
+    m_pRecent->open(5);
 }
 
 void MainWindow::openFileWithFolder(const QString &strPathFileName)

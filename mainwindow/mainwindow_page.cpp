@@ -26,9 +26,9 @@ void MainWindow::setupHtmlToolBar()
     connect(m_pHtmlTools->sizeBox()->lineEdit(), &QLineEdit::returnPressed, this,
             &MainWindow::onCurrentFontSizeChanged);
     connect(m_pHtmlTools, &CHtmlToolBar::textColorChosen, this,
-            [this](const QColor &clr) { showPageColor(&currentDocument(), clr, false); });
+            [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, false); });
     connect(m_pHtmlTools, &CHtmlToolBar::backColorChosen, this,
-            [this](const QColor &clr) { showPageColor(&currentDocument(), clr, true); });
+            [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, true); });
 }
 
 // The page editor while the page itself stands in the current tab; else null.
@@ -38,36 +38,29 @@ CEditWebView *MainWindow::shownPage() const
     return document.editor() ? nullptr : document.page();
 }
 
-void MainWindow::pageCommand(int nWebAction)
-{
-    if (CEditWebView *pPage = shownPage())
-        pPage->triggerEdit(static_cast<QWebPage::WebAction>(nWebAction));
-    updateActions();
-}
-
 void MainWindow::on_actionBold_triggered()
 {
-    pageCommand(QWebPage::ToggleBold);
+    finish(currentDocument().format(QWebPage::ToggleBold));
 }
 
 void MainWindow::on_actionItalic_triggered()
 {
-    pageCommand(QWebPage::ToggleItalic);
+    finish(currentDocument().format(QWebPage::ToggleItalic));
 }
 
 void MainWindow::on_actionUnderline_triggered()
 {
-    pageCommand(QWebPage::ToggleUnderline);
+    finish(currentDocument().format(QWebPage::ToggleUnderline));
 }
 
 void MainWindow::on_actionLeft_to_Right_triggered()
 {
-    pageCommand(QWebPage::SetTextDirectionLeftToRight);
+    finish(currentDocument().format(QWebPage::SetTextDirectionLeftToRight));
 }
 
 void MainWindow::on_actionRight_to_Left_triggered()
 {
-    pageCommand(QWebPage::SetTextDirectionRightToLeft);
+    finish(currentDocument().format(QWebPage::SetTextDirectionRightToLeft));
 }
 
 void MainWindow::on_actionBack_triggered()
@@ -96,24 +89,6 @@ void MainWindow::onCurrentFontSizeChanged()
         pPage->setFontSize(m_pHtmlTools->sizeBox()->currentText());
         pPage->setFocus();
     }
-}
-
-void MainWindow::showPageColor(CDocument *pDocument, const QColor &clr, bool bBackground)
-{
-    CEditWebView *pPage = pDocument->editor() ? nullptr : pDocument->page();
-    if (!pPage)
-        return;
-    if (bBackground) {
-        pPage->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent") : clr.name());
-        g_pSettings->setBackColor(clr);
-    } else {
-        pPage->setForeColor(clr.name());
-        g_pSettings->setTextColor(clr);
-    }
-    g_pSettings->save();
-    m_pHtmlTools->setChosenColors(g_pSettings->getTextColor(), g_pSettings->getBackColor());
-    pPage->setFocus();
-    updateActions();
 }
 
 void MainWindow::on_actionSwapHtml_triggered()

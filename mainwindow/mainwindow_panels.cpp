@@ -45,19 +45,3 @@ void MainWindow::onTabClickAction(const QString &strText)
     if (strText == tr("Open position of file") && !strPath.isEmpty())
         openFilePosition(strPath);
 }
-
-void MainWindow::stepPane(int nBy)
-{
-    QList<QWidget *> lstPanes = {m_pPanels->browser(), m_pPanels->preview(), m_pNotice,
-                                 m_pUi->htmlToolBar};
-    if (QWidget *pFindPanel = m_pFindDock->panel())
-        lstPanes.append(pFindPanel);
-    if (m_pTabs->count() > 0) {
-        lstPanes.prepend(m_pTabs->tabBar());
-        lstPanes.prepend(m_pTabs->currentWidget());
-    } else {
-        lstPanes.prepend(m_pTabs->emptyPanel());
-    }
-    if (QWidget *pPane = nextPane(lstPanes, focusWidget(), nBy))
-        focusPane(pPane);
-}

@@ -86,9 +86,9 @@ const QHash<QString, QPair<QString, QString>> &handledKeys()
         {"F2", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_F2"}},
         {"Delete", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Delete"}},
         {"Ctrl+Alt+N", {"browser/cwidgetfilelist_keys.cpp", "Qt::AltModifier, Qt::Key_N"}},
-        {"Ctrl+Page Down", {"mainwindow/mainwindow.cpp", "Ctrl+PgDown"}},
-        {"Ctrl+Page Up", {"mainwindow/mainwindow.cpp", "Ctrl+PgUp"}},
-        {"Alt+1 … Alt+9", {"mainwindow/mainwindow.cpp", "Alt+%1"}},
+        {"Ctrl+Page Down", {"mainwindow/mainwindow_keys.cpp", "Ctrl+PgDown"}},
+        {"Ctrl+Page Up", {"mainwindow/mainwindow_keys.cpp", "Ctrl+PgUp"}},
+        {"Alt+1 … Alt+9", {"mainwindow/mainwindow_keys.cpp", "Alt+%1"}},
         {"Ctrl+plus", {"editor/chighlightedit_keys.cpp", "Qt::Key_Plus"}},
         {"Ctrl+minus", {"editor/chighlightedit_keys.cpp", "Qt::Key_Minus"}},
         {"Ctrl+0", {"editor/chighlightedit_keys.cpp", "Qt::Key_0"}},
@@ -199,7 +199,7 @@ void TestDocumentsTruth::setup_isSilentWhenNothingIsMissing()
 void TestDocumentsTruth::everyKeyOfTheReadme_isInTheCode()
 {
     const QSet<QString> keys = formKeys();
-    const QString strCode = content("mainwindow/mainwindow.cpp")
+    const QString strCode = content("mainwindow/mainwindow_keys.cpp")
         + content("mainwindow/chtmltoolbar.cpp") + content("browser/cwidgetfilelist_keys.cpp")
         + content("editor/chighlightedit_commands.cpp");
     int nKeys = 0;

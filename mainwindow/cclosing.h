@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+class CDocument;
+class CPastTabs;
+class CTabWidget;
+class MainWindow;
+
+// The questions before a document goes, and what becomes of it. An answer is for the document that
+// was asked about, whatever the event loop of the box does meanwhile.
+class CClosing : public QObject
+{
+    Q_OBJECT
+
+public:
+    // save: saves a document as the user would; false when it could not. All outlive this object.
+    CClosing(MainWindow *pWindow, CTabWidget *pTabs, CPastTabs *pPastTabs,
+             std::function<bool(CDocument *)> save);
+
+    // False when the user keeps the document.
+    bool close(CDocument *pDocument);
+    // All documents, from the last to the first; false when the user keeps one.
+    bool closeAll();
+    // A modified page is about to show another address.
+    bool mayLeavePage(CDocument *pDocument);
+
+private:
+    enum class Leaving { Stays, Settled, Unsaved };
+
+    Leaving askBeforeClosing(CDocument *pDocument);
+    bool closeForGood(CDocument *pDocument, bool *pYesToAll);
+
+    MainWindow *m_pWindow;
+    CTabWidget *m_pTabs;
+    CPastTabs *m_pPastTabs;
+    std::function<bool(CDocument *)> m_save;
+};

@@ -1,0 +1,167 @@
+#include "mainwindow/copener.h"
+
+#include "app/csettings.h"
+#include "app/plaintext.h"
+#include "document/cimagedocument.h"
+#include "document/cpagedocument.h"
+#include "editor/chighlightedit.h"
+#include "mainwindow/ctabwidget.h"
+#include "mainwindow/mainwindow.h"
+#include "web/ctaster.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <QScopedValueRollback>
+
+namespace {
+
+bool isImageSuffix(const QString &strSuffix)
+{
+    if (strSuffix == QLatin1String("svg") || strSuffix == QLatin1String("svgz"))
+        return false; // Text that one edits.
+    const QList<QByteArray> lstFormats = QImageReader::supportedImageFormats();
+    return std::any_of(lstFormats.cbegin(), lstFormats.cend(), [&](const QByteArray &format) {
+        return QString::fromLatin1(format).toLower() == strSuffix;
+    });
+}
+
+} // namespace
+
+COpener::COpener(MainWindow *pWindow, CTabWidget *pTabs, CTaster *pTaster, bool *pLoading)
+    : QObject(pWindow), m_pWindow(pWindow), m_pTabs(pTabs), m_pTaster(pTaster), m_pLoading(pLoading)
+{
+}
+
+void COpener::open(const QString &strPathFileName)
+{
+    if (const CDocument *pDocument = m_pWindow->documents().withPath(strPathFileName)) {
+        m_pTabs->setCurrentWidget(pDocument->widget());
+        return;
+    }
+    const QString strSuffix = QFileInfo(strPathFileName).suffix().toLower();
+    if (strSuffix == QLatin1String("html") || strSuffix == QLatin1String("htm"))
+        openPage(strPathFileName);
+    else if (isImageSuffix(strSuffix))
+        openImage(strPathFileName);
+    else
+        openText(strPathFileName);
+    m_pWindow->onModifiedChanged();
+}
+
+void COpener::openPage(const QString &strPath)
+{
+    // Read before a tab is there: the page would show an error of its own under this path.
+    const SFileContent content = CDocument::read(strPath);
+    if (!CDocument::isLoadable(content)) {
+        showFailure(strPath, content.strError);
+        return;
+    }
+    if (m_pWindow->documents().loads().isBlamed(strPath)) {
+        openSourceOf(strPath, content);
+        return;
+    }
+    m_pWindow->documents().beginLoad(strPath);
+    {
+        const QScopedValueRollback<bool> loading(*m_pLoading, true);
+        CPageDocument *pDocument = addPageDocument();
+        m_pWindow->documents().endLoadWith(pDocument, strPath);
+        const Result result = pDocument->load(strPath, content);
+        emit message(result.text());
+        nameTab(*pDocument);
+    }
+    m_pWindow->currentDocument().widget()->setFocus();
+}
+
+// As a text, without the engine that ended the program over it.
+void COpener::openSourceOf(const QString &strPath, const SFileContent &content)
+{
+    m_pTaster->setKnown(strPath, CTaster::Result::Fails);
+    showText(strPath, content);
+    CDocument *pDocument = &m_pWindow->currentDocument();
+    SNotice notice;
+    notice.strText =
+        MainWindow::tr("The program ended while it loaded %1: this is its source.").arg(strPath);
+    notice.lstChoices = {{MainWindow::tr("Show the page anyway"), [this, pDocument, strPath] {
+                              m_pWindow->documents().loads().forgive(strPath);
+                              if (m_close(pDocument))
+                                  open(strPath);
+                          }}};
+    pDocument->setNotice(CDocument::Topic::Loading, notice);
+}
+
+// Not at all where the program ended over it, unless the user says so.
+bool COpener::mayOpenImage(const QString &strPath)
+{
+    if (!m_pWindow->documents().loads().isBlamed(strPath))
+        return true;
+    m_pTaster->setKnown(strPath, CTaster::Result::Fails);
+    SNotice notice;
+    notice.strText =
+        MainWindow::tr("%1 is not opened: the program ended while it loaded it.").arg(strPath);
+    notice.lstChoices = {{MainWindow::tr("Show the picture anyway"), [this, strPath] {
+                              m_pWindow->documents().recovery().dismiss();
+                              m_pWindow->documents().loads().forgive(strPath);
+                              open(strPath);
+                          }}};
+    m_pWindow->documents().recovery().offer(notice);
+    return false;
+}
+
+void COpener::openImage(const QString &strPath)
+{
+    if (!mayOpenImage(strPath))
+        return;
+    m_pWindow->documents().beginLoad(strPath);
+    m_pWindow->setCursor(Qt::WaitCursor);
+    auto *pDocument = new CImageDocument(m_pWindow);
+    pDocument->loadPicture(strPath);
+    m_pWindow->documents().endLoad(strPath);
+    addDocument(pDocument, QString(), QStringLiteral(":/res/image.png"));
+    nameTab(*pDocument);
+    m_pWindow->unsetCursor();
+}
+
+void COpener::openText(const QString &strPath)
+{
+    const SFileContent content = CDocument::read(strPath);
+    if (!CDocument::isLoadable(content)) {
+        showFailure(strPath, content.strError);
+        return;
+    }
+    showText(strPath, content);
+}
+
+void COpener::showText(const QString &strPath, const SFileContent &content)
+{
+    const QScopedValueRollback<bool> loading(*m_pLoading, true);
+    CDocument *pDocument = addTextDocument();
+    CHighlightEdit *pEditor = pDocument->editor();
+    // Made a second time for an opened file: each of these slots runs twice per signal.
+    connect(g_pSettings, &CSettings::textFontSizeChanged, pEditor, &CHighlightEdit::onTextFontSize);
+    connect(pEditor, &CHighlightEdit::modificationChanged, m_pWindow,
+            &MainWindow::onModifiedChanged);
+    connect(pEditor, &CHighlightEdit::focusIn, m_pWindow, &MainWindow::onWidgetFocusIn);
+
+    m_pWindow->setCursor(Qt::WaitCursor);
+    const Result result = pDocument->load(strPath, content);
+    emit message(result.text());
+    nameTab(*pDocument);
+    m_pWindow->unsetCursor();
+    pEditor->setFocus();
+    if (!pDocument->isWhole())
+        emit message(MainWindow::tr("The file is not all text: not all of it can be shown."));
+    else if (!pDocument->isCodecSure())
+        emit message(
+            MainWindow::tr("The encoding is a guess: %1. Format, Text Codec reads the file in "
+                           "another.")
+                .arg(pEditor->codecName()));
+    else if (!QFileInfo(strPath).isWritable())
+        emit message(MainWindow::tr("The file is read-only."));
+}
+
+void COpener::showFailure(const QString &strPath, const QString &strReason)
+{
+    emit message(strReason);
+    showMessage(m_pWindow, QMessageBox::Critical, MainWindow::tr("Fail to open file"),
+                MainWindow::tr("Fail to open file(%1).").arg(strPath));
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class CDocument;
+class CPageDocument;
+class CTabWidget;
+class CTaster;
+class MainWindow;
+struct SDraft;
+struct SFileContent;
+
+// Makes documents and their tabs: new ones, and those of files in the right kind of view. A file
+// that cannot be read gets the specified box and no tab.
+class COpener : public QObject
+{
+    Q_OBJECT
+
+public:
+    // pLoading: the window's flag, set while a document is being created or loaded. pTaster is told
+    // of pages and pictures that ended the program. All outlive this object.
+    COpener(MainWindow *pWindow, CTabWidget *pTabs, CTaster *pTaster, bool *pLoading);
+
+    // Closes a document as the user would; false when it stays.
+    void setClose(std::function<bool(CDocument *)> close) { m_close = std::move(close); }
+
+    void newText();
+    void newPage();
+    // Opens the file, or selects the tab that shows this very path.
+    void open(const QString &strPath);
+    void recover(const SDraft &draft);
+    void showFailure(const QString &strPath, const QString &strReason);
+
+signals:
+    // A document has a tab, which is current, and no content yet.
+    void added(CDocument *pDocument);
+    // One line for the status bar.
+    void message(QString strText);
+
+private:
+    void addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon);
+    CDocument *addTextDocument();
+    CPageDocument *addPageDocument();
+    void openText(const QString &strPath);
+    void openPage(const QString &strPath);
+    void openImage(const QString &strPath);
+    void showText(const QString &strPath, const SFileContent &content);
+    void openSourceOf(const QString &strPath, const SFileContent &content);
+    bool mayOpenImage(const QString &strPath);
+    void nameTab(const CDocument &document);
+
+    MainWindow *m_pWindow;
+    CTabWidget *m_pTabs;
+    CTaster *m_pTaster;
+    bool *m_pLoading;
+    std::function<bool(CDocument *)> m_close;
+};
