@@ -26,27 +26,22 @@ QTextBlock lastSelectedBlock(const QTextCursor &cursor)
 
 } // namespace
 
-// Control with plus, minus and 0.
 bool CHighlightEdit::zoomByKey(const QKeyEvent *pEvent)
 {
-    const Qt::KeyboardModifiers modifiers =
-        pEvent->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    if (modifiers != Qt::ControlModifier)
-        return false;
-    switch (pEvent->key()) {
-    case Qt::Key_Plus:
-    case Qt::Key_Equal: // Plus without Shift.
+    switch (zoomKey(pEvent)) {
+    case ZoomKey::Larger:
         changeFontSize(font().pixelSize() + 1);
         return true;
-    case Qt::Key_Minus:
+    case ZoomKey::Smaller:
         changeFontSize(font().pixelSize() - 1);
         return true;
-    case Qt::Key_0:
+    case ZoomKey::Usual:
         changeFontSize(g_nDefaultFontSize);
         return true;
-    default:
-        return false;
+    case ZoomKey::None:
+        break;
     }
+    return false;
 }
 
 void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)

@@ -18,3 +18,25 @@ inline bool isDeadKey(const QKeyEvent *pEvent)
 {
     return pEvent->key() >= Qt::Key_Dead_Grave && pEvent->key() <= Qt::Key_Dead_Longsolidusoverlay;
 }
+
+enum class ZoomKey { None, Larger, Smaller, Usual };
+
+// Control with plus, minus and 0, also without the Shift that plus takes, and on the keypad.
+inline ZoomKey zoomKey(const QKeyEvent *pEvent)
+{
+    const Qt::KeyboardModifiers modifiers =
+        pEvent->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    if (modifiers != Qt::ControlModifier)
+        return ZoomKey::None;
+    switch (pEvent->key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        return ZoomKey::Larger;
+    case Qt::Key_Minus:
+        return ZoomKey::Smaller;
+    case Qt::Key_0:
+        return ZoomKey::Usual;
+    default:
+        return ZoomKey::None;
+    }
+}

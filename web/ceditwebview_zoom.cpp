@@ -1,6 +1,8 @@
 // The size at which a page is shown. It is no part of the page.
 #include "web/ceditwebview.h"
 
+#include "editor/typedkeys.h"
+
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -35,25 +37,20 @@ void CEditWebView::wheelEvent(QWheelEvent *pEvent)
     pEvent->accept();
 }
 
-// Control with plus, minus and 0.
 bool CEditWebView::zoomByKey(const QKeyEvent *pEvent)
 {
-    const Qt::KeyboardModifiers modifiers =
-        pEvent->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    if (modifiers != Qt::ControlModifier)
-        return false;
-    switch (pEvent->key()) {
-    case Qt::Key_Plus:
-    case Qt::Key_Equal: // Plus without Shift.
+    switch (zoomKey(pEvent)) {
+    case ZoomKey::Larger:
         zoomBy(1);
         return true;
-    case Qt::Key_Minus:
+    case ZoomKey::Smaller:
         zoomBy(-1);
         return true;
-    case Qt::Key_0:
+    case ZoomKey::Usual:
         setZoomFactor(1);
         return true;
-    default:
-        return false;
+    case ZoomKey::None:
+        break;
     }
+    return false;
 }

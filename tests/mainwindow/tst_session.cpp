@@ -123,6 +123,22 @@ private slots:
                      QStringLiteral("plain very bold"));
     }
 
+    void pageHandedOver_takesKeysAtOnce()
+    {
+        CWindowFixture f;
+        const QByteArray html = "<!DOCTYPE html>\n<html>\n<body>\n<p>one</p>\n</body>\n</html>\n";
+        const QString strPath = f.file("page.html", html);
+        QVERIFY(activate(f));
+        f.window().parseArgument(QLatin1Char('"') + strPath + QLatin1Char('"'));
+        CEditWebView *pPage = f.window().currentDocument().page();
+        QTRY_COMPARE(pPage->page()->mainFrame()->toPlainText(), QString("one"));
+        QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget *>(pPage));
+        type("two ");
+        QTRY_VERIFY(pPage->toHtml().contains("two"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QTRY_COMPARE(f.content(strPath), QByteArray(html).replace("one", "two one"));
+    }
+
     void text_isSearchedAndChangedWithKeys()
     {
         CWindowFixture f;
