@@ -71,6 +71,19 @@ Result CDocument::saveAnyway()
 
 Result CDocument::saveAs(const QString &strPath)
 {
+    if (strPath == path())
+        return save();
+    SNotice question = lossQuestion();
+    if (question.strText.isEmpty())
+        return write(strPath);
+    question.lstChoices = {
+        {tr("Save all the same"), [this, strPath] { emit saveAsWanted(strPath); }}};
+    setNotice(Topic::Question, question);
+    return Result::refused();
+}
+
+Result CDocument::saveAsAnyway(const QString &strPath)
+{
     return write(strPath);
 }
 
@@ -145,13 +158,20 @@ SNotice CDocument::changedNotice()
 // Empty when saving loses nothing.
 SNotice CDocument::saveQuestion()
 {
+    if (!fileStateOf(path()).bExists || isFileUnchanged(path(), &m_state))
+        return lossQuestion();
+    SNotice question = changedNotice();
+    question.strText = m_bSavedElsewhere
+        ? tr("Not saved: another tab has saved %1.").arg(path())
+        : tr("Not saved: another program has changed %1.").arg(path());
+    return question;
+}
+
+// Empty when the text is all of the file and surely reads as it was meant.
+SNotice CDocument::lossQuestion() const
+{
     SNotice question;
-    if (fileStateOf(path()).bExists && !isFileUnchanged(path(), &m_state)) {
-        question = changedNotice();
-        question.strText = m_bSavedElsewhere
-            ? tr("Not saved: another tab has saved %1.").arg(path())
-            : tr("Not saved: another program has changed %1.").arg(path());
-    } else if (!m_bWhole) {
+    if (!m_bWhole) {
         question.strText =
             tr("Not saved: not all of %1 can be shown as text, and saving loses the rest.")
                 .arg(path());

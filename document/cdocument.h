@@ -67,8 +67,10 @@ public:
     // Refused without a text when the notice bar asks the user first; see saveWanted().
     Result save();
     Result saveAnyway();
-    // Under a new path, whatever lies there.
+    // Under a new path, whatever lies there. Asks in the bar, too, when the text is not all of the
+    // file; see saveAsWanted().
     Result saveAs(const QString &strPath);
+    Result saveAsAnyway(const QString &strPath);
 
     // The file has another name now, and nothing else about it is new.
     void fileRenamed(const QString &strPath);
@@ -134,6 +136,7 @@ signals:
     void renamed(); // The file, by this program.
     // The user answered that the document shall be saved all the same.
     void saveWanted();
+    void saveAsWanted(QString strPath);
     void refreshWanted();
     void noticeChanged();
     // A step is about to drop text that was not saved and that nobody asked about. The text stands
@@ -165,6 +168,7 @@ protected:
 private:
     Result write(const QString &strPath);
     SNotice saveQuestion();
+    SNotice lossQuestion() const;
     SNotice changedNotice();
 
     SFileState m_state;

@@ -172,7 +172,7 @@ private:
 
     // mainwindow_files.cpp
     bool saveDocument(CDocument *pDocument, bool bAnyway);
-    bool saveDocumentAs(CDocument *pDocument);
+    bool saveDocumentAs(CDocument *pDocument, const QString &strAgreed = QString());
     void refreshDocument(CDocument *pDocument);
 
     // mainwindow_open.cpp

@@ -44,19 +44,24 @@ bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
     return false;
 }
 
-bool MainWindow::saveDocumentAs(CDocument *pDocument)
+// strAgreed: the path that the user has chosen, after the notice bar's question was answered.
+bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
 {
     if (!pDocument->widget())
         return false;
     const QPointer<CDocument> pAsked(pDocument);
     const QString strStart = pDocument->path().isEmpty() ? m_strLastPath : pDocument->path();
-    const QString strChosen =
-        QFileDialog::getSaveFileName(this, tr("Save file"), strStart, tr("All files(*.*)"));
+    const QString strChosen = !strAgreed.isEmpty()
+        ? strAgreed
+        : QFileDialog::getSaveFileName(this, tr("Save file"), strStart, tr("All files(*.*)"));
     if (strChosen.isEmpty() || !pAsked)
         return false;
     const QString strPath = QDir::toNativeSeparators(strChosen);
     m_strLastPath = strPath;
-    const Result result = pDocument->saveAs(strPath);
+    const Result result =
+        strAgreed.isEmpty() ? pDocument->saveAs(strPath) : pDocument->saveAsAnyway(strPath);
+    if (!result.isDone() && result.text().isEmpty())
+        return false; // The bar asks.
     if (!result.isDone()) {
         showStatusMessage(result.text());
         showMessage(this, QMessageBox::Warning, tr("Fail to open file"),

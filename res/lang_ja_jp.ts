@@ -161,6 +161,10 @@
         <source>Not saved: the encoding of %1 is a guess (%2). Saving writes what the window shows, as UTF-8; if that is wrong, choose another Text Codec.</source>
         <translation>保存していません: %1 のエンコーディングは推測です (%2)。保存するとウィンドウの表示内容が UTF-8 で書き込まれます。表示が誤っている場合は別の文字コードを選んでください。</translation>
     </message>
+    <message>
+        <source>Save all the same</source>
+        <translation>それでも保存</translation>
+    </message>
 </context>
 <context>
     <name>CDraftKeeper</name>

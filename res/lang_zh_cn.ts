@@ -161,6 +161,10 @@
         <source>Not saved: the encoding of %1 is a guess (%2). Saving writes what the window shows, as UTF-8; if that is wrong, choose another Text Codec.</source>
         <translation>未保存：%1 的编码是推测的（%2）。保存会将窗口所示内容写为 UTF-8；如果显示有误，请选择其他文本编码。</translation>
     </message>
+    <message>
+        <source>Save all the same</source>
+        <translation>仍然保存</translation>
+    </message>
 </context>
 <context>
     <name>CDraftKeeper</name>

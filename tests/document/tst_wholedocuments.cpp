@@ -92,6 +92,32 @@ private slots:
         QCOMPARE(pDocument->editor()->rawText(), QString::fromLatin1("x\0a\0b\0", 6));
     }
 
+    void saveAs_asksToo_andWritesNothingBefore()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", g_broken));
+        const QString strNew = f.path("b.txt");
+        QVERIFY(!pDocument->saveAs(strNew).isDone());
+        QVERIFY(!QFile::exists(strNew));
+        QSignalSpy spy(pDocument, &CDocument::saveAsWanted);
+        QVERIFY(choose(pDocument->notice(), "Save all the same"));
+        QCOMPARE(spy.value(0).value(0).toString(), strNew);
+        QVERIFY(pDocument->saveAsAnyway(strNew).isDone());
+        QCOMPARE(pDocument->path(), strNew);
+        QCOMPARE(f.content(f.path("a.txt")), g_broken);
+        QVERIFY(pDocument->isWhole());
+    }
+
+    void saveAs_underTheSameName_isASave()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        CDocument *pDocument = f.open(strPath);
+        f.write(strPath, "theirs");
+        QVERIFY(!pDocument->saveAs(strPath).isDone());
+        QCOMPARE(f.content(strPath), QByteArray("theirs"));
+    }
+
     void guessedEncoding_isAskedAboutBeforeASave()
     {
         CDocumentsFixture f;
