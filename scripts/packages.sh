@@ -26,7 +26,6 @@ PACKAGES_INSPECT="valgrind clazy"
 
 # To measure: peers for the benchmarks only.
 PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev ripgrep"
-PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev"
 
 # What bench_colours reads. These are unpacked by colour-files.sh and not installed: packages, and
 # sources of languages that packages hold no files of.
@@ -43,6 +42,7 @@ nmap-common node-bootstrap-sass node-less npm perl-modules-5.36 phpmyadmin po4a 
 roundcube-core ruby-rails-i18n tomcat10-examples vim-runtime wordpress zabbix-server-pgsql"
 SOURCES_COLOURS="
 bash commons-io git haskell-lens kotlinx-coroutines python-django weechat xmonad-contrib"
+
 # Pages of all kinds, for the tests of the page editor; without them these tests say that they skip.
 PACKAGES_PAGES="
 apache2-doc opensp bash-doc debian-faq lame-doc exim4-doc-html postfix-doc bzip2-doc sharutils-doc
