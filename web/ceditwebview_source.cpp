@@ -6,6 +6,7 @@
 #include "web/cpagereader.h"
 #include "web/keptlines.h"
 #include "web/pageaddresses.h"
+#include "web/pagecodec.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -34,7 +35,7 @@ void CEditWebView::takeSource()
     QString strSource = m_strGiven;
     QFile file(url().toLocalFile());
     if (strSource.isNull() && url().isLocalFile() && file.open(QIODevice::ReadOnly))
-        strSource = decodePage(file.readAll(), settings()->defaultTextEncoding());
+        strSource = decodePage(file.readAll());
     if (strSource.startsWith(QChar(QChar::ByteOrderMark)))
         strSource.remove(0, 1);
     const QString strSerialised = toHtml();

@@ -2,9 +2,7 @@
 
 #include "web/chtmltokenizer.h"
 
-#include <QHash>
 #include <QRegularExpression>
-#include <QTextCodec>
 
 namespace {
 
@@ -62,28 +60,6 @@ SRange declaredByXml(const QString &strHtml)
     return {match.capturedStart(1), match.capturedLength(1)};
 }
 
-const int g_nDeclarationBytes = 8192; // A declaration further behind counts for nobody.
-
-// Browsers take some names for larger sets.
-QByteArray codecNameFor(const QString &strDeclared)
-{
-    static const QHash<QString, QByteArray> mapNames = {
-        {QStringLiteral("iso-8859-1"), "windows-1252"},
-        {QStringLiteral("iso8859-1"), "windows-1252"},
-        {QStringLiteral("latin1"), "windows-1252"},
-        {QStringLiteral("us-ascii"), "windows-1252"},
-        {QStringLiteral("ascii"), "windows-1252"},
-        {QStringLiteral("iso-8859-9"), "windows-1254"},
-        {QStringLiteral("gb2312"), "GBK"},
-        {QStringLiteral("gb_2312-80"), "GBK"},
-        {QStringLiteral("utf-16"), "UTF-8"},
-        {QStringLiteral("utf-16le"), "UTF-8"},
-        {QStringLiteral("utf-16be"), "UTF-8"},
-        {QStringLiteral("utf8"), "UTF-8"}};
-    const QString strName = strDeclared.trimmed().toLower();
-    return mapNames.value(strName, strName.toLatin1());
-}
-
 } // namespace
 
 QString declaredCharset(const QString &strHtml)
@@ -98,22 +74,6 @@ QString declaredCharset(const QString &strHtml)
             return strHtml.mid(range.m_nStart, range.m_nLength).trimmed();
     }
     return QString();
-}
-
-QString decodePage(const QByteArray &data, const QString &strFallback)
-{
-    QTextCodec *pCodec = QTextCodec::codecForUtfText(data, nullptr);
-    if (!pCodec) {
-        const QString strDeclared =
-            declaredCharset(QString::fromLatin1(data.left(g_nDeclarationBytes)));
-        pCodec = QTextCodec::codecForName(codecNameFor(strDeclared));
-    }
-    if (!pCodec)
-        pCodec = QTextCodec::codecForName(strFallback.toLatin1());
-    QString strText = pCodec ? pCodec->toUnicode(data) : QString::fromUtf8(data);
-    if (strText.startsWith(QChar(QChar::ByteOrderMark)))
-        strText.remove(0, 1);
-    return strText;
 }
 
 QString declareUtf8(const QString &strHtml)

@@ -13,7 +13,3 @@ QString declareUtf8(const QString &strHtml);
 // The name of the encoding that the text declares: the first of XML declaration, meta charset and
 // meta http-equiv content-type. Empty when it declares none.
 QString declaredCharset(const QString &strHtml);
-
-// The bytes of a page as browsers read them: by a byte-order mark, else by what the page declares
-// at its start, else as strFallback says. Without the byte-order mark.
-QString decodePage(const QByteArray &data, const QString &strFallback = QStringLiteral("UTF-8"));

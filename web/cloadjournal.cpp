@@ -1,7 +1,7 @@
 #include "web/cloadjournal.h"
 
+#include "app/platformfiles.h"
 #include "web/filekey.h"
-#include "web/filelock.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,12 +17,17 @@ struct SNote
     QString strPath;
 };
 
+// Until the file is closed or this program ends, however it does.
+bool lockOpenFile(const QFile &file)
+{
+    return Platform::lockFile(file.handle()) == Platform::FileLock::Mine;
+}
+
 // Empty while the program that wrote it runs.
 SNote readLeftNote(const QString &strNote)
 {
     QFile file(strNote);
-    if (!QFileInfo(strNote).isFile() || !file.open(QIODevice::ReadWrite)
-        || !lockOpenFile(file.handle()))
+    if (!QFileInfo(strNote).isFile() || !file.open(QIODevice::ReadWrite) || !lockOpenFile(file))
         return SNote();
     const QList<QByteArray> lstLines = file.read(g_nMaxNote).split('\n');
     return {lstLines.constFirst(), QString::fromUtf8(QByteArray::fromHex(lstLines.value(1)))};
@@ -41,8 +46,8 @@ public:
     bool begin(const QByteArray &text)
     {
         return m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly)
-            && m_file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
-            && lockOpenFile(m_file.handle()) && m_file.write(text) == text.size() && m_file.flush();
+            && m_file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && lockOpenFile(m_file)
+            && m_file.write(text) == text.size() && m_file.flush();
     }
 
 private:

@@ -12,8 +12,8 @@
 namespace {
 
 // How far the web view looks for a declaration at least; ours are found within twice as much.
-constexpr int g_nHeadBytes = 2048;
-constexpr qint64 g_nMaxDetectedBytes = 8 << 20;
+constexpr int g_nHeadBytes = 8192;
+constexpr int g_nMaxDetectedBytes = 8 << 20;
 
 const QString g_strUtf8 = QStringLiteral("UTF-8");
 
@@ -40,9 +40,12 @@ QString codecNameForLabel(const QString &strLabel)
         {QStringLiteral("us-ascii"), QStringLiteral("windows-1252")},
         {QStringLiteral("ascii"), QStringLiteral("windows-1252")},
         {QStringLiteral("iso-8859-1"), QStringLiteral("windows-1252")},
+        {QStringLiteral("iso8859-1"), QStringLiteral("windows-1252")},
         {QStringLiteral("latin1"), QStringLiteral("windows-1252")},
         {QStringLiteral("iso-8859-9"), QStringLiteral("windows-1254")},
         {QStringLiteral("iso-8859-11"), QStringLiteral("TIS-620")},
+        {QStringLiteral("gb2312"), QStringLiteral("GBK")},
+        {QStringLiteral("gb_2312-80"), QStringLiteral("GBK")},
         {QStringLiteral("utf8"), g_strUtf8}};
     const QString strName = s_meanings.value(strLower, strLabel);
     const QTextCodec *pCodec = codecForName(strName);
@@ -51,7 +54,8 @@ QString codecNameForLabel(const QString &strLabel)
 
 QString detectedCodecName(const QByteArray &page)
 {
-    const QString strName = isAscii(page) ? QString() : codecNameForData(QString(), page);
+    const QByteArray head = withoutCutUtf8(page.left(g_nMaxDetectedBytes));
+    const QString strName = isAscii(head) ? QString() : codecNameForData(QString(), head);
     return strName.isEmpty() ? g_strUtf8 : strName;
 }
 
@@ -72,10 +76,18 @@ bool isPageWhole(const QByteArray &page)
     return isWholeText(codecForName(pageCodecName(page)), page);
 }
 
+QString decodePage(const QByteArray &page)
+{
+    QString strText = decodeText(codecForName(pageCodecName(page)), page);
+    if (strText.startsWith(QChar(QChar::ByteOrderMark)))
+        strText.remove(0, 1);
+    return strText;
+}
+
 QString undeclaredCodecName(const QUrl &url)
 {
     QFile file(url.toLocalFile());
     if (!url.isLocalFile() || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         return g_strUtf8;
-    return detectedCodecName(withoutCutUtf8(file.read(g_nMaxDetectedBytes)));
+    return detectedCodecName(file.read(g_nMaxDetectedBytes));
 }

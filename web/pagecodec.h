@@ -15,6 +15,9 @@ QString pageCodecName(const QByteArray &page);
 // encoding.
 bool isPageWhole(const QByteArray &page);
 
+// The bytes of a page as text, without a byte-order mark.
+QString decodePage(const QByteArray &page);
+
 // The codec for a page at that address that declares none: what is detected in a file of this disk,
 // UTF-8 for any other. Reads the file.
 QString undeclaredCodecName(const QUrl &url);

@@ -1,13 +1,14 @@
 #include "web/regularfile.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "app/filereader.h"
 
 bool readRegularFile(const QString &strPath, qint64 nMaxBytes, QByteArray *pData)
 {
-    QFile file(strPath);
-    if (!QFileInfo(strPath).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > nMaxBytes)
+    SReadLimits limits;
+    limits.nMaxSize = nMaxBytes;
+    const SFileContent content = readFile(strPath, limits);
+    if (!content.isWhole())
         return false;
-    *pData = file.readAll();
-    return file.error() == QFileDevice::NoError && pData->size() >= file.size();
+    *pData = content.bytes;
+    return true;
 }

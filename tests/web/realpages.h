@@ -1,6 +1,7 @@
 #pragma once
 
 #include "web/charset.h"
+#include "web/pagecodec.h"
 #include "web/tokenalign.h"
 #include "webtest.h"
 
