@@ -42,14 +42,6 @@ bool mayBeAbsent(QChar quantifier)
 
 } // namespace
 
-bool isAsciiData(const QByteArray &data)
-{
-    unsigned char nBits = 0;
-    for (const char c : data)
-        nBits |= static_cast<unsigned char>(c);
-    return nBits < 0x80;
-}
-
 QString requiredText(const QString &strExpression)
 {
     // Choices may leave out anything.

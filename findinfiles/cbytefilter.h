@@ -29,5 +29,3 @@ private:
 // The longest text that is part of every match of a regular expression, as far as a short look at
 // it tells; empty when it tells nothing.
 QString requiredText(const QString &strExpression);
-
-bool isAsciiData(const QByteArray &data);

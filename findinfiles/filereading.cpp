@@ -80,7 +80,7 @@ QByteArray fingerprintOf(const QByteArray &data)
 QVector<SFileMatch> findInData(const CLineSearch &search, const CByteFilter &filter,
                                const QByteArray &data, int nMost, const std::atomic<bool> &bCancel)
 {
-    const bool bAscii = isAsciiData(data);
+    const bool bAscii = isAscii(data);
     if (filter.isUseful() && !filter.mayMatch(data, bAscii) && (bAscii || isMultiByteUtf8(data)))
         return {};
     const QTextCodec *pCodec = codecForName(codecNameForData(QString(), data));

@@ -1,4 +1,5 @@
 // The filter may keep a file that holds no match, never the other way round.
+#include "app/textcodecs.h"
 #include "findinfiles/cbytefilter.h"
 #include "findinfiles/textmatches.h"
 
@@ -27,7 +28,7 @@ static bool found(const QString &strFind, const SearchOptions &options, const QS
 static bool kept(const QString &strFind, const SearchOptions &options, const QString &strText)
 {
     const QByteArray data = strText.toUtf8();
-    return CByteFilter(strFind, options).mayMatch(data, isAsciiData(data));
+    return CByteFilter(strFind, options).mayMatch(data, isAscii(data));
 }
 
 void tst_bytefilter::requiredText_isInEveryMatch_data()
@@ -89,8 +90,7 @@ void tst_bytefilter::everyCharacterThatMatches_isKept()
                 if (QChar::isSurrogate(u) || !search.find(QString(QChar(u)), 0).isValid())
                     continue;
                 const QByteArray data = QString(QChar(u)).toUtf8();
-                QVERIFY2(filter.mayMatch(data, isAsciiData(data)),
-                         qPrintable(QString::number(u, 16)));
+                QVERIFY2(filter.mayMatch(data, isAscii(data)), qPrintable(QString::number(u, 16)));
             }
         }
     }
