@@ -51,7 +51,6 @@ CDraftStore::CDraftStore(const QString &strFolder)
     : m_strFolder(strFolder), m_strOwnFolder(QDir(strFolder).filePath(newId()))
 {
     hasFolder(nullptr);
-    kept(); // What is too old goes.
 }
 
 QString CDraftStore::newId()
@@ -132,7 +131,7 @@ QVector<SDraft> CDraftStore::takeAbandoned(Parts parts) const
         QDir(m_strFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QString &strName : lstFolders) {
         const QString strFolder = QDir(m_strFolder).filePath(strName);
-        if (strFolder != m_strOwnFolder && strFolder != keptFolder())
+        if (strFolder != m_strOwnFolder)
             takeFrom(strFolder, parts, &lstDrafts);
     }
     return lstDrafts;

@@ -77,21 +77,10 @@ public:
     // the disk until removed. What cannot be read is left where it is.
     QVector<SDraft> takeAbandoned(Parts parts = Parts::All) const;
 
-    // Keeps a draft of text that was replaced, for a day, whatever becomes of this program. The id
-    // is a new one.
-    bool keep(const SDraft &draft, QString *pError = nullptr) const;
-
-    // The heads of what is kept, newest first. What is older than a day goes.
-    QVector<SDraft> kept() const;
-    bool readKept(const QString &strId, SDraft *pDraft, QString *pError = nullptr) const;
-    void removeKept(const QString &strId) const;
-
 private:
     bool hasFolder(QString *pError) const;
     bool makeFolder() const;
     QString filePath(const QString &strId) const;
-    QString keptFolder() const;
-    QString keptPath(const QString &strId) const;
     void takeFrom(const QString &strFolder, Parts parts, QVector<SDraft> *pDrafts) const;
 
     QString m_strFolder;

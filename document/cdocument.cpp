@@ -1,16 +1,13 @@
 #include "document/cdocument.h"
 
 #include "app/filewriter.h"
+#include "editor/textreading.h"
 
 #include <QScopedValueRollback>
 
 SFileContent CDocument::read(const QString &strPath)
 {
-    SReadLimits limits;
-    limits.nMaxSize = g_nMaxReadable;
-    limits.nMemoryPerByte =
-        12; // Bytes, text, blocks with their layouts, and the highlighter's copy.
-    return readFile(strPath, limits);
+    return readForEditor(strPath);
 }
 
 // While another program writes, what was read last is shown; that the file went on changing is told

@@ -134,7 +134,7 @@ void CDocuments::onSaved(const CDocument *pDocument)
 {
     watchFiles();
     for (CDocument *pOther : qAsConst(m_lstDocuments)) {
-        if (pOther != pDocument)
+        if (pOther != pDocument && isSameFile(fileStateOf(pOther->path()), pDocument->fileState()))
             pOther->checkFileAfterSaveElsewhere();
     }
 }

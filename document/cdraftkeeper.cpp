@@ -53,7 +53,10 @@ void CDraftKeeper::add(CDocument *pDocument)
 void CDraftKeeper::adopt(CDocument *pDocument, const SDraft &draft)
 {
     onSettled(pDocument);
-    m_entries[pDocument].strId = draft.strId;
+    const bool bUnwritten = m_unwritten.remove(draft.strId) > 0;
+    m_entries.insert(pDocument, {draft.strId, bUnwritten});
+    if (bUnwritten)
+        m_timer.start(g_nDelay);
 }
 
 void CDraftKeeper::onChanged(CDocument *pDocument)
@@ -86,12 +89,14 @@ SDraft CDraftKeeper::keep(const CDocument &document, SDraft::Reason reason)
     SDraft draft = document.draft();
     draft.strId = CDraftStore::newId();
     draft.reason = reason;
+    m_unwritten.insert(draft.strId, draft);
     write(draft);
     return draft;
 }
 
 void CDraftKeeper::discard(const SDraft &draft)
 {
+    m_unwritten.remove(draft.strId);
     m_pool.start(new CStoreTask([this, strId = draft.strId] { m_store.remove(strId); }));
 }
 
@@ -111,6 +116,8 @@ void CDraftKeeper::finish()
 void CDraftKeeper::writeDue()
 {
     m_sinceFirstChange.invalidate();
+    for (const SDraft &draft : qAsConst(m_unwritten))
+        write(draft);
     const QList<const CDocument *> lstDocuments = m_entries.keys();
     for (const CDocument *pDocument : lstDocuments) {
         if (!m_entries[pDocument].bDue)
@@ -144,7 +151,7 @@ void CDraftKeeper::write(const SDraft &draft)
     }));
 }
 
-// What could not be written is tried again with the next round; where somebody removed the folder,
+// What could not be written is tried again in the next round; where somebody removed the folder,
 // all drafts are written again.
 void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
 {
@@ -160,6 +167,8 @@ void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
             entry.bDue = entry.bDue || entry.strId == strId;
         if (!m_timer.isActive())
             m_timer.start(g_nLongestDelay);
+    } else {
+        m_unwritten.remove(strId);
     }
     const bool bWorked = isWorking();
     m_strFailure = strFailure;

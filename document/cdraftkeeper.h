@@ -64,6 +64,7 @@ private:
 
     CDraftStore m_store;
     QHash<const CDocument *, SEntry> m_entries;
+    QHash<QString, SDraft> m_unwritten; // Kept, and not on the disk yet. By id.
     QString m_strFailure;
     int m_nGeneration = 0; // Of the store's folder.
     QTimer m_timer;

@@ -1,26 +1,15 @@
 #include "editor/chighlightedit.h"
 
-#include "app/filereader.h"
 #include "app/plaintext.h"
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
+#include "editor/textreading.h"
 
 #include <QBuffer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCodec>
 #include <QTimer>
-
-namespace {
-
-SFileContent readText(const QString &strPath)
-{
-    SReadLimits limits;
-    limits.nMaxSize = g_nMaxReadable;
-    return readFile(strPath, limits);
-}
-
-} // namespace
 
 void CHighlightEdit::setTextData(const QByteArray &arrData, bool bKeepModified)
 {
@@ -54,7 +43,7 @@ void CHighlightEdit::reload()
 {
     if (m_strPathFileName.isEmpty())
         return;
-    const SFileContent content = readText(m_strPathFileName);
+    const SFileContent content = readForEditor(m_strPathFileName);
     if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
                     tr("Fail to open file(%1).").arg(m_strPathFileName));
@@ -84,7 +73,7 @@ void CHighlightEdit::onRefresh()
 {
     if (m_strPathFileName.isEmpty())
         return;
-    const SFileContent content = readText(m_strPathFileName);
+    const SFileContent content = readForEditor(m_strPathFileName);
     if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
                     tr("Cannot open file(%1).").arg(m_strPathFileName));

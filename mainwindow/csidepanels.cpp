@@ -107,8 +107,10 @@ void CSidePanels::previewFile(const QString &strPath, bool bSelected)
 {
     if (bSelected)
         m_timerPreview.stop(); // The selection came last; it is what the user wants to see.
-    m_pWindow->documents().drafts().flush(); // What is shown can end the program.
-    m_pPreview->setFile(strPath, m_pDockPreview->isVisible());
+    const bool bShown = m_pDockPreview->isVisible();
+    if (bShown)
+        m_pWindow->documents().drafts().flush(); // What is shown can end the program.
+    m_pPreview->setFile(strPath, bShown);
 }
 
 void CSidePanels::onPreviewVisible(bool bVisible)

@@ -294,68 +294,6 @@ private slots:
         QVERIFY(!strError.isEmpty());
     }
 
-    void keptDraft_isThereForADay()
-    {
-        QTemporaryDir folder;
-        SDraft replaced = draft("what was typed");
-        replaced.reason = SDraft::Reason::Refreshed;
-        {
-            const CDraftStore store(folder.path());
-            QVERIFY(store.keep(replaced));
-            replaced.strText = "later";
-            QTest::qSleep(2); // The next is newer.
-            QVERIFY(store.keep(replaced));
-        }
-        const CDraftStore next(folder.path());
-        QVERIFY(next.takeAbandoned().isEmpty());
-        const QVector<SDraft> lst = next.kept();
-        QCOMPARE(lst.size(), 2);
-        QVERIFY(lst.at(0).nTime >= lst.at(1).nTime);
-        QCOMPARE(lst.at(1).reason, SDraft::Reason::Refreshed);
-        SDraft whole;
-        QVERIFY(next.readKept(lst.at(1).strId, &whole));
-        QCOMPARE(whole.strText, QString("what was typed"));
-        next.removeKept(lst.at(1).strId);
-        QCOMPARE(next.kept().size(), 1);
-    }
-
-    void keptDraft_goesAfterADay_data()
-    {
-        QTest::addColumn<qint64>("nAge"); // Seconds.
-        QTest::addColumn<bool>("bThere");
-        const qint64 nDay = 24 * 60 * 60;
-        QTest::newRow("an hour") << qint64(3600) << true;
-        QTest::newRow("almost a day") << nDay - 60 << true;
-        QTest::newRow("more than a day") << nDay + 60 << false;
-        QTest::newRow("a year") << 365 * nDay << false;
-        QTest::newRow("from a wrong clock") << -2 * nDay << false;
-    }
-
-    void keptDraft_goesAfterADay()
-    {
-        QFETCH(qint64, nAge);
-        QFETCH(bool, bThere);
-        QTemporaryDir folder;
-        const CDraftStore store(folder.path());
-        QVERIFY(store.keep(draft("x")));
-        const QString strPath = folder.filePath("kept/" + store.kept().value(0).strId);
-        SDraft old;
-        QVERIFY(draftFromBytes(contents(strPath), &old));
-        old.nTime -= nAge * 1000;
-        put(strPath, draftToBytes(old));
-        QCOMPARE(store.kept().size(), int(bThere));
-        QCOMPARE(QFileInfo::exists(strPath), bThere);
-    }
-
-    void keptDraft_isForTheUserAlone()
-    {
-        QTemporaryDir folder;
-        const CDraftStore store(folder.path());
-        QVERIFY(store.keep(draft("secret")));
-        const QFileInfo info(folder.filePath("kept/" + store.kept().value(0).strId));
-        QVERIFY(!(info.permissions() & (QFile::ReadGroup | QFile::ReadOther)));
-    }
-
     void foreignFiles_areLeftWhereTheyAre()
     {
         QTemporaryDir folder;

@@ -166,6 +166,20 @@ private slots:
         QVERIFY(pOne->notice().strText.contains("Another tab"));
     }
 
+    void saveOfAnotherFile_takesNoBlameForAForeignChange()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.txt", "old");
+        CDocument *pChanged = f.open(strPath);
+        CDocument *pSaved = f.open(f.file("b.txt", "old"));
+        f.write(strPath, "theirs");
+        f.type(pSaved, "mine ");
+        QVERIFY(pSaved->save().isDone());
+        f.documents().checkFiles();
+        QCOMPARE(pChanged->notice().strText,
+                 QString("Another program has changed " + strPath + '.'));
+    }
+
     void saveAsOverAFileThatAnotherTabShows_isKnownThere()
     {
         CDocumentsFixture f;

@@ -260,6 +260,24 @@ private slots:
         QCOMPARE(draftFiles(f).size(), 1);
     }
 
+    void keptTextThatCannotBeWritten_isTriedAgain()
+    {
+        CDocumentsFixture f;
+        QVERIFY(QDir(f.path("recovery")).removeRecursively());
+        f.write(f.path("recovery"), "no folder");
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        f.documents().closeDropping(pDocument); // No document holds it any more.
+        f.documents().drafts().flush();
+        QVERIFY(!f.documents().drafts().isWorking());
+        QVERIFY(QFile::remove(f.path("recovery")));
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f).size(), 1);
+        f.start();
+        f.documents().recovery().offerAbandoned();
+        QVERIFY(f.documents().recovery().notice().strText.contains("a.txt"));
+    }
+
     void recoveryFolderThatIsRemoved_isFilledAgain()
     {
         CDocumentsFixture f;
