@@ -45,9 +45,9 @@ bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft);
 // The same for the beginning of one, up to its first line at least: all but the text.
 bool draftHeadFromBytes(const QByteArray &bytes, SDraft *pDraft);
 
-// Drafts on the disk, in a folder of which each running program has a sub-folder of its own, held
-// by a lock on an open file. Only the user can read them (mode 0600). A write replaces the draft
-// before it or leaves it whole; it is on the disk when the call returns. Any thread, one thread at
+// Drafts on the disk. Each running program has a sub-folder of its own, which it holds by a lock on
+// an open file. Only the user can read drafts (mode 0600). A write either replaces the earlier
+// draft or leaves it whole, and it is on the disk when the call returns. Any thread, one thread at
 // a time per draft.
 class CDraftStore
 {
@@ -61,8 +61,8 @@ public:
     // again.
     bool isValid() const;
 
-    // How often the sub-folder was there anew: where that grows, whoever removed the old one has
-    // removed all drafts in it, and they are to be written again.
+    // Counts how often the sub-folder had to be made. When it grows, somebody has removed the old
+    // one with all drafts in it, and they have to be written again.
     int generation() const;
 
     // A new file name, unique in the store.
@@ -73,8 +73,8 @@ public:
     bool read(const QString &strId, SDraft *pDraft, QString *pError = nullptr) const;
     void remove(const QString &strId) const;
 
-    // Takes over what programs left that are no longer running, and gives the drafts. They stay on
-    // the disk until removed. What cannot be read is left where it is.
+    // Takes over the drafts of programs that no longer run. They stay on the disk until they are
+    // removed. What cannot be read is left where it is.
     QVector<SDraft> takeAbandoned(Parts parts = Parts::All) const;
 
 private:

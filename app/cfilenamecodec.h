@@ -16,7 +16,7 @@
 class CFileNameCodec : public QTextCodec
 {
 public:
-    // First thing in main(), before the application object and any thread. Does nothing where the
+    // Call it first in main(), before the application object and any thread. Does nothing where the
     // locale has a character set of its own, and where the system's names are no bytes.
     static void install();
 

@@ -16,8 +16,8 @@ struct SCutOffWriting
     qint64 nTime = 0; // Milliseconds since 1970.
 };
 
-// Keeps the old bytes of a file that has to be written in place, on the disk, until the new ones
-// are there. One object per writing. Any thread.
+// Keeps the old bytes of a file on the disk while the file is written in place. One object per
+// writing. Any thread.
 class CInPlaceJournal
 {
 public:
@@ -41,8 +41,9 @@ public:
     // The new bytes are on the disk: the copy goes.
     void end();
 
-    // What programs left that are no longer running. Files that turn out to be whole, old or new,
-    // are not among them. Reads files that are in question, so it takes as long as they are large.
+    // The writings that were cut off, by programs that no longer run. Files that turn out to be
+    // whole, old or new, are not among them. It reads the files in question, which takes time for
+    // large ones.
     static QVector<SCutOffWriting> cutOff();
 
     // Gives the file its old bytes back and forgets the writing; false, and nothing forgotten,

@@ -6,9 +6,9 @@
 #include <QByteArray>
 #include <QString>
 
-// A file that is finished beside its place and then put there, so that whoever looks finds the old
-// one or the new one whole, after a power cut, too. What is not put there is removed.
-// Any thread, one at a time.
+// A new file that is finished beside its place and then put there. At any moment, and after a power
+// cut, the place holds the whole old file or the whole new one. A file that is never put in place
+// is removed. Any thread, one at a time.
 class CNewFile
 {
 public:
@@ -25,7 +25,7 @@ public:
 
     int handle() const { return m_file.handle(); }
 
-    // What this object wrote, as it is behind putInPlace(). What another program wrote over it
+    // The state of the file that this object put in place. What another program has written there
     // since is not in it.
     SFileState state() const { return m_state; }
 

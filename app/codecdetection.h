@@ -13,10 +13,10 @@ struct SDetectedCodec
     bool bSure = false;
 };
 
-// The encoding of the data, as a statistical detector and the letters of the usual languages show
-// it. Whatever is answered decodes the whole data cleanly, and gives the same bytes again, but for
-// a character that is cut off at the end. The language of the locale (its name in lower case, may
-// be empty) decides where several encodings read as well.
+// The encoding of the data, found with a statistical detector and the letters of the usual
+// languages. The answer decodes the whole data cleanly and gives the same bytes again; only a
+// character that is cut off at the end is forgiven. Where several encodings read equally well, the
+// language of the locale (its name in lower case, may be empty) decides.
 SDetectedCodec detectLegacyCodec(const QByteArray &data, const QString &strLocale);
 
 // UTF-16 or UTF-32 with a byte-order mark, or without one where it gives sound text with blanks or

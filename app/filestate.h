@@ -4,7 +4,7 @@
 #include <QJsonObject>
 #include <QString>
 
-// What a file was at one moment: who it is, and by what a later look can tell that it was changed.
+// Identity and state of a file at one moment, by which a later look can tell that it was changed.
 // Times are nanoseconds since 1970. A value; any thread.
 struct SFileState
 {
@@ -16,21 +16,21 @@ struct SFileState
     qint64 nChangedNs = 0; // Of the content, the name or the permissions; 0 where unknown.
     // SHA-1 of the content; empty where it is not known.
     QByteArray hash;
-    // The times alone cannot be trusted: a file system's clock ticks slowly, and a second write
-    // within a tick leaves them and all else as they are. There is a hash then.
+    // True when the times alone cannot be trusted: a file system's clock ticks slowly, and a second
+    // write within a tick leaves all of them as they are. There is a hash then.
     bool bFresh = false;
 };
 
-// Two files that do not exist are equal. Hashes count where both sides have one; what is fresh is
-// no difference.
+// Two files that do not exist are equal. Hashes are compared where both sides have one. bFresh does
+// not count.
 bool operator==(const SFileState &one, const SFileState &two);
 bool operator!=(const SFileState &one, const SFileState &two);
 
 // True when both are one file on the disk, whatever was written to it meanwhile.
 bool isSameFile(const SFileState &one, const SFileState &two);
 
-// The state by the system's word alone; links are followed. A file that cannot be looked at does
-// not exist.
+// The state as the system tells it, without a hash. Links are followed. A file that cannot be
+// looked at counts as one that does not exist.
 SFileState fileStateOf(const QString &strPath);
 SFileState fileStateOf(int nHandle);
 

@@ -5,10 +5,10 @@
 
 struct SFileState;
 
-// Writes an existing file over itself. Its space is reserved first, its old bytes are kept (see
-// CInPlaceJournal) until the disk has the new ones, and come back when those do not fit. Where no
-// copy can be kept on the disk, a file of up to 256 MB has one in memory, which the end of the
-// program takes along; a larger one is refused. Pipes and terminals take the bytes as they come.
-// pState and pError as for writeFile(), but not null.
+// Overwrites an existing file in place. It reserves the space first and keeps the old bytes (see
+// CInPlaceJournal) until the disk has the new ones; when those do not fit, the old ones come back.
+// Where the disk has no room for the copy, a file of up to 256 MB is copied to memory, which does
+// not survive the end of the program; a larger file is refused. Pipes and terminals get the bytes
+// as they are. pState and pError as for writeFile(), but not null.
 bool writeInPlace(const QString &strPath, const QByteArray &data, QString *pError,
                   SFileState *pState);

@@ -14,58 +14,58 @@ namespace Platform {
 // The program's arguments, its own name first, as local 8-bit strings.
 QList<QByteArray> processArguments(int nArgc, char **ppArgv);
 
-// True where the system's names of files are bytes, and those bytes UTF-8: by the locale, or
-// because the locale is the one without a language and says nothing.
+// True where file names are bytes for the system and those bytes are UTF-8: the locale says so, or
+// it is the "C" locale, which says nothing.
 bool hasUtf8Names();
 
-// Before the application object: Qt's X11 plug-in, which asks for OpenGL with the first window, is
-// told to do without. To load it takes as long as the bare start of a window, and nothing here
-// draws with it. A choice that the user made in the environment stays.
+// Tells Qt's X11 plug-in not to load OpenGL. Call it before the application object is made.
+// Loading OpenGL takes as long as a bare window's whole start, and nothing here draws with it.
+// A choice that the user made in the environment stays.
 void leaveOutOpenGl();
 
-// After the first window: the environment is again what the user gave, for programs started later.
+// Gives the environment back as the user made it, for programs that are started later. Call it
+// after the first window is shown.
 void restoreEnvironment();
 
-// Whose the shared segment and its lock are, whichever of the two there are already. What is not
-// this user's, or what others may read or write, is of Others: nothing must wait for it.
+// Who owns the shared segment and its lock, as far as they exist. Others: another user owns one of
+// them, or may read or write it. Nothing may wait for such a lock.
 enum class SegmentOwner { Nobody, Me, Others };
 SegmentOwner ownerOfSegment(const QString &strKey);
 
-// The lock of QSharedMemory, which by itself waits for ever: for so many milliseconds at most.
-// False without it. Only where the owner is not of Others.
+// Takes the lock of QSharedMemory and waits at most so many milliseconds; QSharedMemory::lock()
+// itself waits for ever. False when it did not get the lock. Not for a segment of Others.
 bool lockSegment(const QString &strKey, int nMilliseconds);
 void unlockSegment(const QString &strKey);
 
 // Frees a shared segment that a crashed program left behind. Does not disturb a live owner.
 void releaseDeadSegment(const QString &strKey);
 
-// Requests to end the program from outside end the event loop of QCoreApplication in order.
-// The watcher lives as long as pParent.
+// Makes SIGTERM and its kin end the event loop of QCoreApplication in an orderly way. The watcher
+// lives as long as pParent.
 void quitOnTermination(QObject *pParent);
 
 // Shows the file, selected, in a file manager window. The request does not block.
 bool revealFile(const QString &strPath);
 
-// Names what the desktop's icon of a file hangs on: files of one kind have one icon. Empty where
-// each file must be asked for.
+// A name for what decides the desktop's icon of a file: files of one kind share one icon. Empty
+// where each file has to be looked up by itself.
 QString fileIconKind(const QFileInfo &info);
 
-// True when replacing the file by a renamed copy would lose what hangs on it and no copy can carry:
-// further hard links, a foreign owner, a device or pipe.
 // Gives a file or folder another name on the same disk. Unlike rename(), never puts it in the place
-// of another: false then, as after any failure, with the system's text in pError (may be null).
+// of another file. False then, and after any other failure, with the system's text in pError (may
+// be null).
 bool renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError);
 
-// Opens a regular file for reading, and nothing else: a link, a pipe or a device gives -1, and none
-// is waited for. Otherwise a file descriptor, the caller's to close, and the size in bytes.
+// Opens a regular file for reading and gives its descriptor, which the caller closes, and its size
+// in bytes. A link, a pipe or a device gives -1 at once.
 int openRegularFile(const QString &strPath, qint64 *pSize);
 
-// True when replacing the file by a renamed copy would lose what hangs on it: further hard links,
-// a foreign owner or group, a device or pipe.
+// True when replacing the file by a renamed copy would lose something: it has further hard links, a
+// foreign owner or group, or it is a device or a pipe.
 bool mustWriteInPlace(const QString &strPath);
 
-// Enlarges an open file to nSize bytes with the disk space really taken. False when the disk is
-// full; the reason is in errorText().
+// Enlarges an open file to nSize bytes and really takes the space on the disk. False when the disk
+// is full; errorText() has the reason.
 bool reserveFileSpace(int nHandle, qint64 nSize);
 
 // False where QSettings has no file of its own (the registry of Windows).

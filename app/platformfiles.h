@@ -58,15 +58,15 @@ bool makeHole(int nHandle, qint64 nPosition, qint64 nSize);
 bool syncFile(int nHandle);
 bool syncFolder(const QString &strFolder);
 
-// In the place of what is there under the new name.
+// Replaces what is there under the new name.
 bool renameFile(const QString &strFrom, const QString &strTo);
 bool removeFile(const QString &strPath);
 
-// Gives the new file all that hangs on the one at the path: owner, group, permissions, access
-// lists, attributes. False when it could not; the file is then as narrow as it was or as the other.
+// Copies owner, group, permissions, access lists and attributes of the file at the path to the open
+// file. False when it could not; nobody may then read or write the open file who could not before.
 bool carryOver(const QString &strPath, int nHandle);
 
-// What the system takes from a file that is written to, and to give it back.
+// Set-id bits and capabilities: the system removes them from a file that is written to.
 struct SPrivileges
 {
     unsigned nMode = 0;
@@ -75,8 +75,8 @@ struct SPrivileges
 SPrivileges privilegesOf(int nHandle);
 void restorePrivileges(int nHandle, const SPrivileges &privileges);
 
-// True where the last failure means that a folder takes no new file or gives no old one away,
-// though the file in it may be written.
+// True when the last failure means that no file may be made in or removed from the folder. A file
+// in it may be writable all the same.
 bool isFolderClosed();
 
 // Holds an open file for this process until it is closed. Unknown where the file system has no
@@ -84,15 +84,15 @@ bool isFolderClosed();
 enum class FileLock { Mine, AnothersNow, Unknown };
 FileLock lockFile(int nHandle);
 
-// Neither a pipe whose reader has gone nor a limit of file sizes ends the program from now on: the
-// write fails instead.
+// From now on, writing to a pipe without a reader or beyond a limit of file sizes fails instead of
+// ending the program (SIGPIPE, SIGXFSZ).
 void surviveFailingWrites();
 
-// The system's text for what the last function here that failed on this thread failed with.
+// The system's text for the last failure of a function here on this thread.
 QString errorText();
 
-// Bytes of memory that this process can still get without driving the machine to its end; -1 where
-// the system does not tell.
+// Bytes of memory that this process can still get without making the machine swap; -1 where the
+// system does not tell.
 qint64 availableMemory();
 
 } // namespace Platform

@@ -2,9 +2,8 @@
 
 #include <QString>
 
-// What became of a command: it is done, or it was refused with a text for the user. The text is
-// empty where the user knows already: the command was cancelled, had nothing to do, or its question
-// stands in the notice bar.
+// The outcome of a command: done, or refused with a text for the user. The text is empty when the
+// user knows already: the command was cancelled, had nothing to do, or asks in the notice bar.
 class [[nodiscard]] Result
 {
 public:

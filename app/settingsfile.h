@@ -3,9 +3,10 @@
 #include <QByteArray>
 #include <QString>
 
-// QSettings decodes every value of a file as it reads it, "@Variant(...)" as a stream of any type.
-// A damaged stream asks for absurd amounts of memory or nests without end, and ends the program
-// before its window is there. Nothing of ours is stored that way.
+// Damaged settings must not end the program at its start. QSettings decodes every value while it
+// reads the file, and "@Variant(...)" as a stream of any type: a damaged one asks for absurd
+// amounts of memory or nests without end. This program stores nothing that way, so such values can
+// go.
 
 // The bytes of a settings file (Qt's INI dialect) without the lines whose values are streams.
 // Nothing at all when a stream is spread over lines, which QSettings never writes.

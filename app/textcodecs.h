@@ -38,8 +38,8 @@ QStringList getCodecList();
 // True for strictly valid UTF-8 with at least one byte outside ASCII.
 bool isMultiByteUtf8(const QByteArray &data);
 
-// The first bytes of a file, without a last character that the cut went through: as UTF-8, the rest
-// would be invalid for it.
+// The first bytes of a file without a UTF-8 character that the cut has split; otherwise the
+// beginning of a UTF-8 file would not be valid UTF-8.
 QByteArray withoutCutUtf8(const QByteArray &data);
 
 // The encoding of data of which nothing is known, for every loader: valid UTF-8, ASCII as

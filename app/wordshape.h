@@ -19,6 +19,6 @@ bool isWordPart(QChar c);
 // such signs stand.
 double signScore(QChar c, QChar before, QChar after);
 
-// For a foreign letter: what its neighbours say against it. Words keep to one script, and begin, at
-// most, with a capital.
+// For a foreign letter: how unlikely it is beside its neighbours. A word keeps to one script, and
+// only its first letter is a capital.
 double placeScore(QChar c, QChar before, QChar after);

@@ -11,8 +11,8 @@
 
 // Lists folders on a thread of its own, so that a slow disk never blocks the windows.
 //
-// fetch() asks for one folder; with sub-folder scanning on, the pass goes on breadth-first through
-// every folder it met, one in 100 ms. A pass ends when nothing is left or after stop(). All
+// fetch() asks for one folder. With sub-folder scanning on, the pass goes on breadth-first through
+// every folder that it met, one per 100 ms. A pass ends when nothing is left or after stop(). All
 // functions belong to the GUI thread, the signals come from the reader's. The owner stops and waits
 // for a running pass before it destroys the reader.
 class CFileInfoGatherer : public QThread

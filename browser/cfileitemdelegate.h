@@ -4,8 +4,8 @@
 
 // Draws the rows of a folder's list and edits their names.
 //
-// All rows have one size, made from the longest names: to ask each row of a huge folder for its
-// own would ask for its icon, and to find that takes longer than the windows may be held up.
+// All rows have one size, made from the longest names. Asking each row of a huge folder for its own
+// size would look up each icon, which would stall the window.
 class CFileItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

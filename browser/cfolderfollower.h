@@ -11,8 +11,8 @@
 
 #include <memory>
 
-// Follows one folder on the disk and lists it anew after it has changed. Any number of changes cost
-// one listing: it waits until they rest for a moment, or last too long. GUI thread only.
+// Watches one folder on the disk and lists it again after a change. Any number of changes cost one
+// listing: it waits until they pause for a moment, or have gone on for too long. GUI thread only.
 class CFolderFollower : public QObject
 {
     Q_OBJECT

@@ -8,8 +8,8 @@
 #include <functional>
 #include <memory>
 
-// Lists one folder after another on a reader's thread, always whole: a request never cuts off the
-// listing that runs, and of those that come meanwhile only the last is answered. GUI thread only.
+// Lists one folder after another on a reader's thread. A request never interrupts a running
+// listing; of the requests that come meanwhile only the last is answered. GUI thread only.
 class CFolderReader : public QObject
 {
     Q_OBJECT
