@@ -20,6 +20,7 @@
 #include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctablistbutton.h"
 #include "mainwindow/ctabwidget.h"
+#include "mainwindow/cworkprogress.h"
 #include "mainwindow/framestate.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"
@@ -29,6 +30,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QStandardPaths>
+#include <QStatusBar>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -47,6 +49,10 @@ MainWindow::MainWindow(QWidget *pParent)
     setAcceptDrops(true);
     m_pStatus = new CStatusLabels(statusBar());
     m_pStatus->onTextFontSize(g_pSettings->getTextFontSize());
+    m_pWork = new CWorkProgress(this);
+    m_pWork->onTextFontSize(g_pSettings->getTextFontSize());
+    statusBar()->insertWidget(1, m_pWork);
+    m_pWork->hide(); // The status bar shows what it is given.
     setupTabs();
     setupDocuments();
     m_pPanels = new CSidePanels(this, m_pHighlightMgt);
@@ -181,6 +187,7 @@ void MainWindow::setupConnections()
             &MainWindow::clipboardDataChanged);
     connect(g_pSettings, &CSettings::textFontSizeChanged, m_pStatus,
             &CStatusLabels::onTextFontSize);
+    connect(g_pSettings, &CSettings::textFontSizeChanged, m_pWork, &CWorkProgress::onTextFontSize);
     connect(m_pRecent, &CRecentMenu::openWanted, this, &MainWindow::openFile);
     connect(m_pOpener, &COpener::added, this, &MainWindow::connectDocument);
     connect(m_pOpener, &COpener::message, this, &MainWindow::showStatusMessage);

@@ -26,6 +26,7 @@ class CSearch;
 class CSidePanels;
 class CStatusLabels;
 class CTabWidget;
+class CWorkProgress;
 
 // The single top-level window: wires actions, documents, docks and dialogs, and computes nothing.
 // By concern: mainwindow.cpp the frame, _states.cpp what it shows of the current document,
@@ -48,6 +49,8 @@ public:
     CDocument &currentDocument() const;
     CDocuments &documents() { return *m_pDocuments; }
     const CHighlightMgt *highlightMgt() const { return m_pHighlightMgt; }
+    // Where work that takes long is told of.
+    CWorkProgress &workProgress() const { return *m_pWork; }
 
 public slots:
     // A hand-over message from a later start: see pathsFromMessage().
@@ -191,6 +194,7 @@ private:
     std::unique_ptr<CDocuments> m_pDocuments;
     CNoticeBar *m_pNotice = nullptr;
     CStatusLabels *m_pStatus = nullptr;
+    CWorkProgress *m_pWork = nullptr;
     CHtmlToolBar *m_pHtmlTools = nullptr;
     CFormatMenus *m_pFormats = nullptr;
     CRecentMenu *m_pRecent = nullptr;
