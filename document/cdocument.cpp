@@ -1,6 +1,7 @@
 #include "document/cdocument.h"
 
 #include "app/filewriter.h"
+#include "editor/chighlightedit.h"
 #include "editor/textreading.h"
 
 #include <QScopedValueRollback>
@@ -86,6 +87,8 @@ Result CDocument::saveAsAnyway(const QString &strPath)
 
 Result CDocument::write(const QString &strPath)
 {
+    if (editor())
+        editor()->finishReplaceAll(); // Half of it is nothing to keep.
     {
         const QScopedValueRollback<bool> saving(m_bSaving, true);
         QString strError;

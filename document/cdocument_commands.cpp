@@ -100,7 +100,8 @@ Result CDocument::replaceAll(const QString &strFind, const QString &strReplaceme
     if (!pEditor)
         return Result::refused();
     const CWaitCursor wait(pEditor);
-    return Result::doneIf(pEditor->replaceAll(strFind, strReplacement));
+    pEditor->startReplaceAll(strFind, strReplacement);
+    return Result::done();
 }
 
 QString CDocument::selectedText() const

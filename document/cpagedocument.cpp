@@ -1,5 +1,6 @@
 #include "document/cpagedocument.h"
 
+#include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 #include "web/pagecodec.h"
 
@@ -76,6 +77,7 @@ void CPageDocument::showSource(bool bSource)
 {
     if (bSource == m_bSource)
         return;
+    m_pPage->sourceEdit()->finishReplaceAll();
     QWidget *pOld = widget();
     m_pPage->showSource(bSource);
     if (!bSource)

@@ -19,6 +19,7 @@ class CBracketFinder;
 class CCompletionList;
 class CEditWebView;
 class CLineNumberArea;
+class CReplaceAll;
 class CTextDocument;
 class CTextLines;
 class CThreadHighlighter;
@@ -122,6 +123,12 @@ public:
     bool replace(const QString &findText, const QString &replaceText, QTextCursor *pCursor);
     // In the whole document, without wrapping, as one step of undo. True if anything was found.
     bool replaceAll(const QString &findText, const QString &replaceText);
+    // The same; what takes long goes on in pieces, see replaceAllJob(). Nothing happens while an
+    // earlier one goes on.
+    void startReplaceAll(const QString &strFind, const QString &strReplace);
+    // Null when none goes on. Whatever needs the whole text calls its finish() first.
+    CReplaceAll *replaceAllJob() const { return m_pReplaceAll; }
+    void finishReplaceAll();
     // Lines count from 1; false when there is no such line, and the last one is told.
     bool goToLine(int nLine);
     // In UTF-16 units from the text's start; behind the end it is the end.
@@ -297,6 +304,7 @@ private:
     int m_nLinesToCome = 0; // Of the text about to be set.
     CStandIns m_standIns;
     std::unique_ptr<CBackgroundJob> m_pCounter; // From the first search on.
+    CReplaceAll *m_pReplaceAll = nullptr; // While it goes on.
     CCarets m_carets; // When there are several; else one, of no meaning.
     CCompletionList *m_pCompletion = nullptr; // From the first word offered on.
     CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.

@@ -1,6 +1,7 @@
 // The keys of commands, and how a command is carried out.
 #include "editor/chighlightedit.h"
 
+#include "editor/creplaceall.h"
 #include "editor/ctextlines.h"
 #include "editor/linecommands.h"
 #include "editor/menukeys.h"
@@ -177,6 +178,10 @@ void CHighlightEdit::stepHistory(bool bUndo)
 {
     if (!(bUndo ? document()->isUndoAvailable() : document()->isRedoAvailable()))
         return;
+    if (m_pReplaceAll) { // Its step is not whole.
+        m_pReplaceAll->stop();
+        return;
+    }
     const int nSteps = document()->availableUndoSteps();
     const CCaretHistory::SRecord *pRecord =
         bUndo ? m_history.undoneFrom(nSteps) : m_history.redoneFrom(nSteps);

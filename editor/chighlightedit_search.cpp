@@ -1,6 +1,7 @@
 #include "editor/chighlightedit.h"
 
 #include "app/csettings.h"
+#include "editor/creplaceall.h"
 #include "editor/documentreplace.h"
 #include "editor/documentsearch.h"
 #include "editor/matchcount.h"
@@ -131,6 +132,39 @@ bool CHighlightEdit::replaceAll(const QString &findText, const QString &replaceT
     }
     emit replaceNum(nCount);
     return nCount > 0;
+}
+
+void CHighlightEdit::startReplaceAll(const QString &strFind, const QString &strReplace)
+{
+    if (m_pReplaceAll) {
+        tell(tr("Replace All is still at work."));
+        return;
+    }
+    if (strFind.isEmpty() || holdsBlockEnd(strReplace)) {
+        replaceAll(strFind, strReplace);
+        return;
+    }
+    m_pReplaceAll = new CReplaceAll(this, CLineSearch(strFind, searchOptions()), strReplace);
+    connect(m_pReplaceAll, &CReplaceAll::finished, this, [this](int nCount) {
+        m_pReplaceAll = nullptr;
+        emit cannotFound();
+        emit replaceNum(nCount);
+    });
+    connect(m_pReplaceAll, &CReplaceAll::stopped, this, [this] {
+        m_pReplaceAll = nullptr;
+        tell(tr("Replace All was stopped; nothing is replaced."));
+    });
+    connect(m_pReplaceAll, &CReplaceAll::disturbed, this, [this](int nCount) {
+        m_pReplaceAll = nullptr;
+        tell(tr("The text was changed: Replace All ended after %n matches.", nullptr, nCount));
+    });
+    m_pReplaceAll->start();
+}
+
+void CHighlightEdit::finishReplaceAll()
+{
+    if (m_pReplaceAll)
+        m_pReplaceAll->finish();
 }
 
 // Signals once that nothing more is found, as the last of all single searches would.

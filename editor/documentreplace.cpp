@@ -7,53 +7,90 @@
 #include <algorithm>
 
 CDocumentReplacer::CDocumentReplacer(QTextCursor *pEdit, const CLineSearch &search,
-                                     const QString &strReplace, const QTextCursor &keep)
-    : m_pEdit(pEdit), m_search(search), m_strReplace(strReplace), m_keep(keep)
+                                     const QString &strReplace, const QTextCursor &keep, int nPiece)
+    : m_pEdit(pEdit), m_search(search), m_strReplace(strReplace), m_keep(keep), m_nPiece(nPiece)
 {
 }
 
 int CDocumentReplacer::run()
 {
-    m_nCount = 0;
-    // One copy of the text takes a tenth of the time that asking each block for its text would.
-    m_strDocument = m_pEdit->document()->toRawText();
-    if (m_search.options().bSearchUp)
-        runUpwards();
-    else
-        runForward();
+    advance(QDeadlineTimer(QDeadlineTimer::Forever));
     return m_nCount;
 }
 
-void CDocumentReplacer::runForward()
+bool CDocumentReplacer::advance(const QDeadlineTimer &until)
 {
-    int nShift = 0; // By how much the lines done have become longer.
-    int nOffset = 0;
-    while (nOffset <= m_strDocument.length()) {
-        const RunMatch found = m_search.findInRun(m_strDocument, nOffset);
-        if (!found.isValid())
+    if (!m_bBegun)
+        begin();
+    while (!isAtEnd()) {
+        if (m_search.options().bSearchUp)
+            stepUpwards();
+        else
+            stepForward();
+        if (until.hasExpired())
             break;
-        const LineReplacement replacement = replaceLine(found, nShift);
-        if (!replacement.lstEdits.isEmpty())
-            nShift += replacement.strText.length() - found.nLineLength;
-        nOffset = found.nLineStart + found.nLineLength + 1;
     }
+    return !isAtEnd();
+}
+
+void CDocumentReplacer::begin()
+{
+    m_bBegun = true;
+    // One copy of the text takes a tenth of the time that asking each block for its text would.
+    m_strDocument = m_pEdit->document()->toRawText();
+    m_nPlace = m_search.options().bSearchUp ? m_strDocument.length() : 0;
+}
+
+bool CDocumentReplacer::isAtEnd() const
+{
+    return m_search.options().bSearchUp ? m_nPlace < 0 : m_nPlace > m_strDocument.length();
+}
+
+int CDocumentReplacer::done() const
+{
+    const int nPlace = qBound(0, m_nPlace, m_strDocument.length());
+    return m_search.options().bSearchUp ? m_strDocument.length() - nPlace : nPlace;
+}
+
+void CDocumentReplacer::stepForward()
+{
+    if (m_nPlace > m_nPieceEnd) {
+        const int nWanted = qMin(m_strDocument.length() - m_nPlace, m_nPiece);
+        m_nPieceEnd = m_strDocument.indexOf(QChar::ParagraphSeparator, m_nPlace + nWanted);
+        if (m_nPieceEnd < 0)
+            m_nPieceEnd = m_strDocument.length();
+    }
+    const QString strLines = QString::fromRawData(m_strDocument.constData(), m_nPieceEnd);
+    const RunMatch found = m_search.findInRun(strLines, m_nPlace);
+    if (!found.isValid()) {
+        m_nPlace = m_nPieceEnd + 1;
+        return;
+    }
+    const LineReplacement replacement = replaceLine(found, m_nShift);
+    if (!replacement.lstEdits.isEmpty())
+        m_nShift += replacement.strText.length() - found.nLineLength;
+    m_nPlace = found.nLineStart + found.nLineLength + 1;
 }
 
 // The document's last line, and the one before a line whose first column matched, are searched from
 // behind their last character, all others from that character. Expressions that match nothing tell
 // the difference.
-void CDocumentReplacer::runUpwards()
+void CDocumentReplacer::stepUpwards()
 {
-    bool bFromLineEnd = true;
-    int nLength = m_strDocument.length();
-    while (nLength >= 0) {
-        const QString strLines = QString::fromRawData(m_strDocument.constData(), nLength);
-        const RunMatch found = m_search.findInRun(strLines, bFromLineEnd ? nLength : -1);
-        if (!found.isValid())
-            break;
-        bFromLineEnd = replaceLine(found, 0).bAtLineStart;
-        nLength = found.nLineStart - 1;
+    const int nWanted = m_nPlace - m_nPiece;
+    const int nStart =
+        nWanted > 0 ? m_strDocument.lastIndexOf(QChar::ParagraphSeparator, nWanted - 1) + 1 : 0;
+    const int nLength = m_nPlace - nStart;
+    const QString strLines = QString::fromRawData(m_strDocument.constData() + nStart, nLength);
+    RunMatch found = m_search.findInRun(strLines, m_bFromLineEnd ? nLength : -1);
+    if (!found.isValid()) {
+        m_bFromLineEnd = false;
+        m_nPlace = nStart - 1;
+        return;
     }
+    found.nLineStart += nStart;
+    m_bFromLineEnd = replaceLine(found, 0).bAtLineStart;
+    m_nPlace = found.nLineStart - 1;
 }
 
 LineReplacement CDocumentReplacer::replaceLine(const RunMatch &found, int nShift)
@@ -69,6 +106,7 @@ LineReplacement CDocumentReplacer::replaceLine(const RunMatch &found, int nShift
 
 void CDocumentReplacer::apply(int nLineStart, int nLineLength, const LineReplacement &replacement)
 {
+    m_bEdited = true;
     // With the format given, the cursor need not look up the one in force at each place.
     const QTextCharFormat format;
     const auto set = [&](int nStart, int nLength, const QString &strText) {

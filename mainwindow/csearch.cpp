@@ -4,6 +4,8 @@
 #include "editor/cdlgfind.h"
 #include "editor/cdlggo.h"
 #include "editor/chighlightedit.h"
+#include "editor/creplaceall.h"
+#include "mainwindow/cworkprogress.h"
 #include "mainwindow/mainwindow.h"
 #include "web/ceditwebview.h"
 
@@ -113,6 +115,17 @@ void CSearch::replaceAll()
     // The number of replacements is signalled.
     if (!strFind.isEmpty() || document().editor())
         static_cast<void>(document().replaceAll(strFind, dialog()->getReplaceText()));
+    if (const CHighlightEdit *pEditor = document().editor(); pEditor && pEditor->replaceAllJob())
+        showProgress(pEditor->replaceAllJob());
+}
+
+void CSearch::showProgress(CReplaceAll *pJob)
+{
+    CWorkProgress *pProgress = &m_pWindow->workProgress();
+    const int nWork = pProgress->begin(pJob, tr("Replacing"), [pJob] { pJob->stop(); });
+    connect(
+        pJob, &CReplaceAll::progressed, pProgress,
+        [pProgress, nWork](qint64 nDone, qint64 nAll) { pProgress->advance(nWork, nDone, nAll); });
 }
 
 void CSearch::tellTop()

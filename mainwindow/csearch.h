@@ -6,6 +6,7 @@ class CDlgFind;
 class CDlgGo;
 class CDocument;
 class CHighlightEdit;
+class CReplaceAll;
 class MainWindow;
 
 // The find and go-to-line dialogs of the window, and the commands that they and the menu give to
@@ -44,6 +45,7 @@ private:
     CDlgFind *dialog();
     CDlgFind *dialogForSelection();
     CDocument &document() const;
+    void showProgress(CReplaceAll *pJob);
     void tell(const QString &strText);
 
     MainWindow *m_pWindow;

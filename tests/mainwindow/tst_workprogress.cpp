@@ -2,6 +2,7 @@
 
 #include "cwindowfixture.h"
 
+#include "editor/cdlgfind.h"
 #include "mainwindow/cworkprogress.h"
 
 #include <QProgressBar>
@@ -161,6 +162,42 @@ private slots:
         QVERIFY(pDialog->isVisible());
         QTest::keyClick(pDialog, Qt::Key_Escape);
         QVERIFY(!pDialog->isVisible());
+    }
+
+    void escapeDuringReplaceAll_replacesNothing()
+    {
+        CWindowFixture f;
+        const QByteArray text = QByteArray("aaaa aaaa aaaa aaaa\n").repeated(400000);
+        f.window().openFile(f.file("long.txt", text));
+        QVERIFY(activate(f));
+        f.settings().m_bFindUseRegularExpression = true; // The slower way.
+        f.window().on_actionReplace_triggered();
+        auto *pDialog = f.window().findChild<CDlgFind *>();
+        pDialog->setFindText("a");
+        f.window().onReplaceAll();
+        QVERIFY(f.editor()->replaceAllJob());
+        QTRY_VERIFY_WITH_TIMEOUT(f.window().workProgress().isVisible(), 20000);
+        QTest::keyClick(f.editor(), Qt::Key_Escape);
+        QVERIFY(!f.editor()->replaceAllJob());
+        QTRY_VERIFY(!f.window().workProgress().isVisible());
+        QCOMPARE(f.editor()->toPlainText().toUtf8(), text);
+        QVERIFY(!f.editor()->isModified());
+        QVERIFY(!f.label("labelMessage").isEmpty());
+    }
+
+    void saveDuringReplaceAll_writesAllOfIt()
+    {
+        CWindowFixture f;
+        const QString strPath =
+            f.file("long.txt", QByteArray("aaaa aaaa aaaa aaaa\n").repeated(100000));
+        f.window().openFile(strPath);
+        f.settings().m_bFindUseRegularExpression = true;
+        f.window().on_actionReplace_triggered();
+        f.window().findChild<CDlgFind *>()->setFindText("a");
+        f.window().onReplaceAll();
+        QVERIFY(f.editor()->replaceAllJob());
+        QVERIFY(f.window().on_actionSave_triggered());
+        QCOMPARE(CWindowFixture::content(strPath), QByteArray("   \n").repeated(100000));
     }
 
     void progress_leavesTheStatusBarItsHeight()
