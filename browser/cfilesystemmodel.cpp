@@ -73,8 +73,12 @@ void CFileSystemModel::setRootPath(const QString &strPath, bool bFetch)
 
 void CFileSystemModel::onReaderFinished()
 {
-    if (!m_pGatherer->isRunning() && m_pGatherer->isFetchMissed())
+    if (m_pGatherer->isRunning())
+        return;
+    if (m_pGatherer->isFetchMissed())
         emit fetchMissed();
+    else
+        emit fetchEnded();
 }
 
 void CFileSystemModel::removeRootChildren()

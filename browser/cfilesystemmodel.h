@@ -78,6 +78,8 @@ signals:
     // The reader is idle again although the last setRootPath() found it busy: the folder it asked
     // for waits to be asked for once more.
     void fetchMissed();
+    // The reader is idle: what the last setRootPath() asked for is here, as far as it went.
+    void fetchEnded();
 
 public slots:
     void onNewListOfFiles(QString strPath, QFileInfoList lstFileInfos);

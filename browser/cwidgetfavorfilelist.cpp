@@ -28,6 +28,7 @@ CWidgetFavorFileList::CWidgetFavorFileList(QWidget *pParent) : QWidget(pParent)
     connect(m_pFileList, &CWidgetFileList::fileSelectionChanged, this,
             &CWidgetFavorFileList::fileSelectionChanged);
     connect(m_pFileList, &CWidgetFileList::fileRenamed, this, &CWidgetFavorFileList::fileRenamed);
+    connect(m_pFileList, &CWidgetFileList::listing, this, &CWidgetFavorFileList::listing);
     connect(m_pFileList, &CWidgetFileList::statusMessage, this,
             &CWidgetFavorFileList::statusMessage);
 }
@@ -62,4 +63,9 @@ void CWidgetFavorFileList::onAddFavorFolder()
                              tr("Please select a folder on Folder Browser."), QMessageBox::Ok);
     else
         m_pFavorite->addFolder(strFolder);
+}
+
+void CWidgetFavorFileList::stopListing()
+{
+    m_pFileList->stopListing();
 }

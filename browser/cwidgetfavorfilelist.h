@@ -27,11 +27,13 @@ signals:
     void rootPathChanged(QString strPath);
     void fileSelectionChanged(QString strPath);
     void fileRenamed(QString strOld, QString strNew);
+    void listing(bool bRuns);
     void statusMessage(QString strText);
 
 public slots:
     void setRootPath(const QString &strPath);
     void onAddFavorFolder();
+    void stopListing();
 
 private:
     CWidgetFileList *m_pFileList = nullptr;

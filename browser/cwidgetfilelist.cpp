@@ -118,6 +118,7 @@ void CWidgetFileList::createList()
     // A click faster than the reader leaves it without the last folder.
     connect(m_pModel, &CFileSystemModel::fetchMissed, this,
             [this] { m_pModel->setRootPath(m_strChosen, true); });
+    connect(m_pModel, &CFileSystemModel::fetchEnded, this, [this] { emit listing(false); });
     connect(m_pModel, &CFileSystemModel::directoryLoaded, this,
             &CWidgetFileList::onDirectoryLoaded);
     m_pFollower = new CFolderFollower(this);
@@ -158,8 +159,15 @@ void CWidgetFileList::listFolder(const QString &strPath)
 {
     m_strChosen = strPath;
     m_strToSelect.clear();
+    emit listing(true);
     m_pModel->setRootPath(strPath, true);
     m_pFollower->follow(m_pModel->rootPath());
+}
+
+void CWidgetFileList::stopListing()
+{
+    m_pModel->stop();
+    emit statusMessage(tr("The listing was stopped; not all of the folder is shown."));
 }
 
 // The box tells of one choice up to twice, and once more when the keyboard leaves it.

@@ -41,6 +41,8 @@ signals:
     // A file or folder has got another path, by a key of this list. What is open from there, or
     // from below the folder, should follow.
     void fileRenamed(QString strOld, QString strNew);
+    // A folder begins or ends to be listed.
+    void listing(bool bRuns);
     // What a key of this list did, or why it did nothing.
     void statusMessage(QString strText);
 
@@ -64,6 +66,8 @@ public slots:
     void onNewFolder();
     // Takes back the last renaming, trash or new folder.
     void onTakeBack();
+    // Ends the listing that runs; what it has met is shown.
+    void stopListing();
 
 protected:
     bool eventFilter(QObject *pWatched, QEvent *pEvent) override;

@@ -44,6 +44,8 @@ signals:
     void matchActivated(QString strPath, int nLine, int nColumn, int nLength);
     // The file on the disk has been written.
     void fileReplaced(QString strPath);
+    // A search or a replacement begins or ends; strWhat names it.
+    void busyChanged(bool bBusy, QString strWhat);
     // What a search or a replacement came to.
     void statusMessage(QString strText);
 
@@ -100,6 +102,7 @@ private:
     CReplaceInFiles m_replace;
     Guard m_guard;
     bool m_bFolderTyped = false;
+    bool m_bBusy = false; // As it was told last.
     int m_nPressedState = -1; // Of the check box of the row that the mouse went down on.
     int m_nReplaced = 0; // Files of the replacement that runs.
     int m_nRefused = 0;

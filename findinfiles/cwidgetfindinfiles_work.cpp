@@ -43,6 +43,11 @@ void CWidgetFindInFiles::updateButtons()
     m_pBtnReplace->setEnabled(!isBusy() && m_pCheckReplace->isChecked()
                               && m_pResults->rowCount() > 0);
     m_pProgress->setVisible(isBusy());
+    if (m_bBusy == isBusy())
+        return;
+    m_bBusy = isBusy();
+    emit busyChanged(m_bBusy,
+                     m_replace.isRunning() ? tr("Replacing in files") : tr("Searching in files"));
 }
 
 void CWidgetFindInFiles::onFind()

@@ -3,6 +3,7 @@
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "findinfiles/cwidgetfindinfiles.h"
+#include "mainwindow/cworkprogress.h"
 #include "mainwindow/mainwindow.h"
 #include "web/ceditwebview.h"
 
@@ -43,7 +44,16 @@ CWidgetFindInFiles *CFindDock::makePanel()
     connect(m_pPanel, &CWidgetFindInFiles::matchActivated, this, &CFindDock::onMatchActivated);
     connect(m_pPanel, &CWidgetFindInFiles::fileReplaced, this, &CFindDock::onFileReplaced);
     connect(m_pPanel, &CWidgetFindInFiles::statusMessage, this, &CFindDock::message);
+    connect(m_pPanel, &CWidgetFindInFiles::busyChanged, this, &CFindDock::onBusyChanged);
     return m_pPanel;
+}
+
+void CFindDock::onBusyChanged(bool bBusy, const QString &strWhat)
+{
+    CWorkProgress &progress = m_pWindow->workProgress();
+    progress.end(m_nWork);
+    if (bBusy)
+        m_nWork = progress.begin(m_pPanel, strWhat, [this] { m_pPanel->onCancel(); });
 }
 
 void CFindDock::show(const QString &strText)

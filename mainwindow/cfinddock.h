@@ -35,9 +35,11 @@ private:
     void onMatchActivated(const QString &strPath, int nLine, int nColumn, int nLength);
     void selectMatch(CDocument *pDocument, int nLine, int nColumn, int nLength);
     void onFileReplaced(const QString &strPath);
+    void onBusyChanged(bool bBusy, const QString &strWhat);
 
     MainWindow *m_pWindow;
     std::function<QString()> m_folder;
     QDockWidget *m_pDock;
     CWidgetFindInFiles *m_pPanel = nullptr;
+    int m_nWork = 0; // The one that is told of.
 };

@@ -5,6 +5,7 @@
 #include "document/cdocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
+#include "mainwindow/cworkprogress.h"
 #include "mainwindow/mainwindow.h"
 #include "res/icons.h"
 #include "web/cpreviewwidget.h"
@@ -71,7 +72,17 @@ void CSidePanels::start()
             &MainWindow::onRootPathChanged);
     connect(m_pBrowser, &CWidgetFavorFileList::fileSelectionChanged, m_pWindow,
             &MainWindow::onFileSelectionChanged);
+    connect(m_pBrowser, &CWidgetFavorFileList::listing, this, &CSidePanels::onListing);
     m_pBrowser->setRootPath(startFolder());
+}
+
+void CSidePanels::onListing(bool bRuns)
+{
+    CWorkProgress &progress = m_pWindow->workProgress();
+    progress.end(m_nListing);
+    m_nListing = bRuns ? progress.begin(m_pBrowser, tr("Listing the folder"),
+                                        [this] { m_pBrowser->stopListing(); })
+                       : 0;
 }
 
 QDockWidget *CSidePanels::addDock(const QString &strName, const QString &strTitle, QWidget *pPanel,

@@ -38,6 +38,7 @@ private:
     QDockWidget *addDock(const QString &strName, const QString &strTitle, QWidget *pPanel,
                          Qt::DockWidgetArea area, const QString &strIcon);
     void previewCurrentDocument();
+    void onListing(bool bRuns);
 
     MainWindow *m_pWindow;
     CPreviewWidget *m_pPreview;
@@ -46,4 +47,5 @@ private:
     QDockWidget *m_pDockBrowser;
     QTimer m_timerPreview;
     bool m_bBrowserWasHidden = false;
+    int m_nListing = 0; // The work that is told of; 0 for none.
 };
