@@ -21,20 +21,32 @@ bool hasName(const QMenu *pMenu, QChar cLetter)
         && beginsWith(strName.mid(g_strNamePrefix.size()), cLetter);
 }
 
+QList<QAction *> menusOfLetter(const QMenuBar &bar, QChar cLetter)
+{
+    const QList<QAction *> lstActions = bar.actions();
+    QList<QAction *> lstByTitle;
+    QList<QAction *> lstByName;
+    for (QAction *pAction : lstActions) {
+        if (!pAction->menu() || !pAction->isEnabled())
+            continue;
+        if (beginsWith(pAction->menu()->title(), cLetter))
+            lstByTitle.append(pAction);
+        else if (hasName(pAction->menu(), cLetter))
+            lstByName.append(pAction);
+    }
+    return lstByTitle.isEmpty() ? lstByName : lstByTitle;
+}
+
 } // namespace
 
 bool openMenuOfLetter(QMenuBar *pBar, QChar cLetter)
 {
-    const QList<QAction *> lstActions = pBar->actions();
-    const auto openFirst = [&](auto isWanted) {
-        for (QAction *pAction : lstActions) {
-            if (pAction->menu() && pAction->isEnabled() && isWanted(pAction->menu())) {
-                pBar->setActiveAction(pAction);
-                return true;
-            }
-        }
+    const QList<QAction *> lstMenus = menusOfLetter(*pBar, cLetter);
+    if (lstMenus.isEmpty())
         return false;
-    };
-    return openFirst([&](const QMenu *pMenu) { return beginsWith(pMenu->title(), cLetter); })
-        || openFirst([&](const QMenu *pMenu) { return hasName(pMenu, cLetter); });
+    QAction *pOpen = pBar->activeAction();
+    const bool bOpen = pOpen && pOpen->menu() && pOpen->menu()->isVisible();
+    const int nNext = bOpen ? lstMenus.indexOf(pOpen) + 1 : 0;
+    pBar->setActiveAction(lstMenus.at(nNext % lstMenus.size()));
+    return true;
 }

@@ -1,17 +1,29 @@
 #include "mainwindow/cnoticebar.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
 
+namespace {
+
+const int g_nPoll = 50; // Milliseconds.
+
+bool isClick(const QEvent *pEvent)
+{
+    return pEvent->type() == QEvent::MouseButtonPress
+        || pEvent->type() == QEvent::MouseButtonRelease
+        || pEvent->type() == QEvent::MouseButtonDblClick;
+}
+
+} // namespace
+
 CNoticeBar::CNoticeBar(QWidget *pParent)
-    : QToolBar(tr("Notice"), pParent), m_pLabel(new QLabel(this)), m_pClose(new QToolButton(this))
+    : QFrame(pParent), m_pLabel(new QLabel(this)), m_pClose(new QToolButton(this))
 {
     setObjectName(QStringLiteral("noticeBar"));
-    setMovable(false);
-    toggleViewAction()->setVisible(false); // Comes and goes by itself.
     // Light with dark text in every desktop palette.
     setStyleSheet(QStringLiteral("CNoticeBar{background:#fff4ce;border:1px solid #e0c96a;}"
                                  "CNoticeBar QLabel{color:#3a2f00;}"));
@@ -24,28 +36,54 @@ CNoticeBar::CNoticeBar(QWidget *pParent)
     m_pClose->setAutoRaise(true);
     m_pClose->setFocusPolicy(Qt::TabFocus);
     connect(m_pClose, &QToolButton::clicked, this, &CNoticeBar::dismissed);
-
-    // One widget for the tool bar, which would put single buttons behind an arrow where a long text
-    // leaves them no room. Here the text wraps.
-    auto *pContent = new QWidget(this);
-    m_pLayout = new QHBoxLayout(pContent);
-    m_pLayout->setContentsMargins(0, 0, 0, 0);
+    m_pLayout = new QHBoxLayout(this);
+    m_pLayout->setContentsMargins(1, 1, 1, 1);
     m_pLayout->addWidget(m_pLabel, 1);
     m_pLayout->addWidget(m_pClose);
-    addWidget(pContent);
     hide();
+    m_timer.setInterval(g_nPoll);
+    connect(&m_timer, &QTimer::timeout, this, &CNoticeBar::showWanted);
+    qApp->installEventFilter(this);
 }
 
 void CNoticeBar::show(const SNotice &notice)
+{
+    m_wanted = notice;
+    showWanted();
+}
+
+bool CNoticeBar::mayChange() const
+{
+    return QGuiApplication::mouseButtons() == Qt::NoButton
+        && (!m_sinceClick.isValid()
+            || m_sinceClick.hasExpired(QApplication::doubleClickInterval()));
+}
+
+void CNoticeBar::showWanted()
+{
+    if (!mayChange()) {
+        m_timer.start();
+        return;
+    }
+    m_timer.stop();
+    showChoices();
+    m_pLabel->setText(m_wanted.strText);
+    setVisible(!m_wanted.strText.isEmpty());
+    if (isVisible() && rect().contains(mapFromGlobal(QCursor::pos())))
+        m_sinceShown.start();
+    else
+        m_sinceShown.invalidate();
+}
+
+void CNoticeBar::showChoices()
 {
     for (QPushButton *pButton : qAsConst(m_lstButtons)) {
         pButton->hide();
         pButton->deleteLater(); // It may be the one that was pressed.
     }
     m_lstButtons.clear();
-    m_pLabel->setText(notice.strText);
     QWidget *pLast = m_pLabel;
-    for (const SNotice::SChoice &choice : notice.lstChoices) {
+    for (const SNotice::SChoice &choice : m_wanted.lstChoices) {
         auto *pButton = new QPushButton(choice.strText);
         connect(pButton, &QPushButton::clicked, this, choice.chosen);
         m_pLayout->insertWidget(m_pLayout->count() - 1, pButton);
@@ -55,7 +93,24 @@ void CNoticeBar::show(const SNotice &notice)
         pLast = pButton;
     }
     setTabOrder(pLast, m_pClose);
-    setVisible(!notice.strText.isEmpty());
+}
+
+bool CNoticeBar::isFreshUnderMouse() const
+{
+    return m_sinceShown.isValid() && !m_sinceShown.hasExpired(QApplication::doubleClickInterval());
+}
+
+// Of the whole program: it tells when the mouse was used last, wherever.
+bool CNoticeBar::eventFilter(QObject *pObject, QEvent *pEvent)
+{
+    if (!isClick(pEvent) || !pObject->isWidgetType())
+        return false;
+    if (!isAncestorOf(static_cast<QWidget *>(pObject))) {
+        m_sinceClick.start();
+        return false;
+    }
+    m_sinceClick.invalidate();
+    return pEvent->type() == QEvent::MouseButtonPress && isFreshUnderMouse();
 }
 
 QString CNoticeBar::text() const

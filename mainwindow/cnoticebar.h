@@ -2,31 +2,50 @@
 
 #include "document/notice.h"
 
-#include <QToolBar>
+#include <QElapsedTimer>
+#include <QFrame>
+#include <QTimer>
 
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QToolButton;
 
-// The bar above the documents that shows a notice: its text as it stands, a button per choice and
-// one that closes the bar.
-class CNoticeBar : public QToolBar
+// The bar above a document that shows a notice: its text as it stands, a button per choice and one
+// that closes the bar.
+//
+// It comes, goes and changes only while the mouse rests, so that no click meets something else than
+// what it was aimed at: not while a button is down, nor for the time of a double click afterwards.
+// Clicks on the bar itself are what it waits for.
+class CNoticeBar : public QFrame
 {
     Q_OBJECT
 
 public:
     explicit CNoticeBar(QWidget *pParent);
 
-    // Replaces what is shown; an empty notice hides the bar.
+    // Replaces what is shown, or what waits to be shown; an empty notice hides the bar.
     void show(const SNotice &notice);
+    // As it is shown.
     QString text() const;
 
 signals:
     // The user closed the bar without a choice.
     void dismissed();
 
+protected:
+    bool eventFilter(QObject *pObject, QEvent *pEvent) override;
+
 private:
+    bool mayChange() const;
+    void showWanted();
+    void showChoices();
+    bool isFreshUnderMouse() const;
+
+    SNotice m_wanted;
+    QTimer m_timer; // Runs while the mouse is waited for.
+    QElapsedTimer m_sinceClick; // Since a button went down or up last, other than on the bar.
+    QElapsedTimer m_sinceShown; // Under the mouse; a click then was aimed at something else.
     QLabel *m_pLabel;
     QToolButton *m_pClose;
     QHBoxLayout *m_pLayout;

@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStackedWidget>
 
 CTabWidget::CTabWidget(QWidget *pParent) : QTabWidget(pParent)
 {
@@ -28,7 +29,7 @@ void CTabWidget::setPlainTabText(int nIndex, const QString &strText)
 
 void CTabWidget::setPlainTabToolTip(int nIndex, const QString &strText)
 {
-    setTabToolTip(nIndex, plainToolTip(strText));
+    setTabToolTip(nIndex, plainToolTip(visibleName(strText)));
 }
 
 void CTabWidget::replaceWidget(QWidget *pOld, QWidget *pNew)
@@ -37,6 +38,8 @@ void CTabWidget::replaceWidget(QWidget *pOld, QWidget *pNew)
     const int nIndex = indexOf(pOld);
     QWidget *pCurrent = currentWidget() == pOld ? pNew : currentWidget();
     // The old one loses its focus first: a page that is hidden with it takes a tab key.
+    const QWidget *pFocus = pOld->window()->focusWidget();
+    const bool bFocus = pFocus && (pFocus == pOld || pOld->isAncestorOf(pFocus));
     pOld->clearFocus();
     const QString strText = tabText(nIndex);
     const QString strToolTip = tabToolTip(nIndex);
@@ -45,6 +48,8 @@ void CTabWidget::replaceWidget(QWidget *pOld, QWidget *pNew)
     insertTab(nIndex, pNew, icon, strText);
     setTabToolTip(nIndex, strToolTip);
     setCurrentWidget(pCurrent);
+    if (bFocus)
+        pNew->setFocus();
 }
 
 void CTabWidget::setEmptyPanel(QWidget *pPanel)
@@ -61,16 +66,61 @@ void CTabWidget::showEmptyPanel()
         cornerWidget()->setVisible(count() > 0);
     if (!m_pEmptyPanel)
         return;
-    m_pEmptyPanel->setGeometry(rect());
     m_pEmptyPanel->setVisible(count() == 0);
     m_pEmptyPanel->raise();
+    placeHeader();
+}
+
+void CTabWidget::setHeader(QWidget *pHeader)
+{
+    m_pHeader = pHeader;
+    m_pHeader->setParent(this);
+    m_pPages = findChild<QStackedWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    m_pagesArea = m_pPages->geometry();
+    m_pHeader->installEventFilter(this);
+    m_pPages->installEventFilter(this);
+    placeHeader();
+}
+
+void CTabWidget::placeHeader()
+{
+    const bool bPages = count() > 0;
+    QRect area = bPages ? m_pagesArea : rect();
+    if (m_pHeader && !m_pHeader->isHidden()) {
+        const int nForWidth = m_pHeader->heightForWidth(area.width());
+        const int nHeight = nForWidth > 0 ? nForWidth : m_pHeader->sizeHint().height();
+        m_pHeader->setGeometry(area.left(), area.top(), area.width(), nHeight);
+        m_pHeader->raise();
+        area.setTop(area.top() + nHeight);
+    }
+    m_placedArea = area;
+    if (m_pPages && bPages)
+        m_pPages->setGeometry(area);
+    if (m_pEmptyPanel)
+        m_pEmptyPanel->setGeometry(bPages ? rect() : area);
+}
+
+// The standard widget places its pages whenever it likes; the header's height follows its text.
+bool CTabWidget::eventFilter(QObject *pObject, QEvent *pEvent)
+{
+    const bool bPlaced = (pEvent->type() == QEvent::Resize || pEvent->type() == QEvent::Move)
+        && m_pPages->geometry() != m_placedArea;
+    const bool bHeaderChanged = pEvent->type() == QEvent::LayoutRequest
+        || pEvent->type() == QEvent::ShowToParent || pEvent->type() == QEvent::HideToParent;
+    if (pObject == m_pPages && bPlaced) {
+        m_pagesArea = m_pPages->geometry();
+        placeHeader();
+    } else if (pObject == m_pHeader && bHeaderChanged) {
+        placeHeader();
+    }
+    return QTabWidget::eventFilter(pObject, pEvent);
 }
 
 void CTabWidget::resizeEvent(QResizeEvent *pEvent)
 {
     QTabWidget::resizeEvent(pEvent);
-    if (m_pEmptyPanel)
-        m_pEmptyPanel->setGeometry(rect());
+    if (count() == 0)
+        placeHeader();
 }
 
 void CTabWidget::tabInserted(int nIndex)

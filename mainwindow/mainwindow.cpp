@@ -152,9 +152,8 @@ void MainWindow::setupPastTabs()
 
 void MainWindow::setupDocuments()
 {
-    addToolBarBreak(Qt::TopToolBarArea);
-    m_pNotice = new CNoticeBar(this);
-    addToolBar(Qt::TopToolBarArea, m_pNotice);
+    m_pNotice = new CNoticeBar(m_pTabs);
+    m_pTabs->setHeader(m_pNotice);
     m_pDocuments = std::make_unique<CDocuments>(
         QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation), nullptr);
     CRecovery *pRecovery = &m_pDocuments->recovery();
@@ -168,7 +167,7 @@ void MainWindow::setupDocuments()
         else
             document.dismissNotice();
     });
-    // Not while the window is built: the bar would be counted into the stored frame state.
+    // Once the window stands.
     QTimer::singleShot(0, pRecovery, &CRecovery::offerCutOff);
     QTimer::singleShot(0, pRecovery, &CRecovery::offerAbandoned);
     connect(pRecovery, &CRecovery::failed, this, &MainWindow::showStatusMessage);

@@ -3,6 +3,7 @@
 
 #include "browser/cwidgetfavorfilelist.h"
 #include "mainwindow/cfinddock.h"
+#include "mainwindow/cmenuletters.h"
 #include "mainwindow/cnoticebar.h"
 #include "mainwindow/cpasttabs.h"
 #include "mainwindow/csidepanels.h"
@@ -49,6 +50,7 @@ void MainWindow::setupShortcuts()
     addKey("F6", [stepPane] { stepPane(1); });
     addKey("Shift+F6", [stepPane] { stepPane(-1); });
     addKey("Ctrl+Shift+F", [this] { m_pFindDock->show(currentDocument().selectedText()); });
+    new CMenuLetters(this);
     addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 }
 

@@ -1,5 +1,6 @@
 #include "mainwindow/ctabwidget.h"
 
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QtTest>
@@ -44,6 +45,59 @@ private slots:
         QTest::mouseDClick(&tabs, Qt::LeftButton, {}, QPoint(200, 100));
         QCOMPARE(spy.size(), 1);
         QCOMPARE(spy.at(0).at(0).toInt(), -1);
+    }
+
+    void header_standsAboveThePageAndTakesItsRoom()
+    {
+        CTabWidget tabs;
+        auto *pPage = new QWidget;
+        tabs.addTab(pPage, "First");
+        auto *pHeader = new QLabel("notice", &tabs);
+        pHeader->hide();
+        tabs.setHeader(pHeader);
+        tabs.resize(400, 200);
+        tabs.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+        const auto inTabs = [&tabs](QWidget *pWidget) {
+            return QRect(pWidget->mapTo(&tabs, QPoint()), pWidget->size());
+        };
+        const QRect whole = inTabs(pPage);
+        pHeader->show();
+        const auto isRight = [&](const QRect &area) {
+            const QRect header = inTabs(pHeader);
+            return header.height() > 0 && header.topLeft() == area.topLeft()
+                && header.width() == area.width()
+                && inTabs(pPage) == area.adjusted(0, header.height(), 0, 0);
+        };
+        QVERIFY(isRight(whole));
+        tabs.resize(500, 300);
+        QCoreApplication::processEvents();
+        QVERIFY(isRight(whole.adjusted(0, 0, 100, 100)));
+        pHeader->setText("notice\nof two lines");
+        QTRY_VERIFY(isRight(whole.adjusted(0, 0, 100, 100)));
+        tabs.addTab(new QWidget, "Second");
+        tabs.setCurrentIndex(1);
+        tabs.setCurrentIndex(0);
+        QCoreApplication::processEvents();
+        QVERIFY(isRight(whole.adjusted(0, 0, 100, 100)));
+        pHeader->hide();
+        QCOMPARE(inTabs(pPage), whole.adjusted(0, 0, 100, 100));
+    }
+
+    void header_standsAboveTheEmptyPanel()
+    {
+        CTabWidget tabs;
+        auto *pPanel = new QWidget(&tabs);
+        tabs.setEmptyPanel(pPanel);
+        auto *pHeader = new QLabel("notice", &tabs);
+        tabs.setHeader(pHeader);
+        tabs.resize(400, 200);
+        tabs.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+        QVERIFY(pHeader->height() > 0);
+        QCOMPARE(pPanel->geometry(), tabs.rect().adjusted(0, pHeader->height(), 0, 0));
+        pHeader->hide();
+        QCOMPARE(pPanel->geometry(), tabs.rect());
     }
 
     void markup_showsAsItIs()

@@ -1,0 +1,104 @@
+// The notice bar and the mouse, as the windowing system tells of it.
+
+#include "cwindowfixture.h"
+
+#include "mainwindow/cnoticebar.h"
+
+#include <QPushButton>
+#include <QTabBar>
+#include <QToolButton>
+#include <QWindow>
+
+namespace {
+
+SNotice notice(bool *pChosen = nullptr)
+{
+    return {QStringLiteral("Something happened."), {{QStringLiteral("Answer"), [pChosen] {
+                                                         if (pChosen)
+                                                             *pChosen = true;
+                                                     }}}};
+}
+
+CNoticeBar *bar(CWindowFixture &f)
+{
+    return f.window().findChild<CNoticeBar *>();
+}
+
+QPoint middleOf(CWindowFixture &f, QWidget *pWidget)
+{
+    return pWidget->mapTo(&f.window(), pWidget->rect().center());
+}
+
+} // namespace
+
+class TestNoticeBar : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void bar_standsBetweenTheTabsAndTheDocument()
+    {
+        CWindowFixture f;
+        f.window().openFile(f.file("a.txt"));
+        bar(f)->show(notice());
+        const int nTop = bar(f)->mapTo(&f.window(), QPoint()).y();
+        QVERIFY(nTop >= f.tabs().tabBar()->mapTo(&f.window(), QPoint(0, 0)).y()
+                    + f.tabs().tabBar()->height());
+        QCOMPARE(f.editor()->mapTo(&f.window(), QPoint()).y(), nTop + bar(f)->height());
+        QCOMPARE(bar(f)->width(), f.editor()->width());
+    }
+
+    void buttonDown_nothingMovesUntilItRests()
+    {
+        CWindowFixture f;
+        f.window().openFile(f.file("a.txt"));
+        QVERIFY(QTest::qWaitForWindowExposed(&f.window()));
+        const QPoint place = middleOf(f, f.editor()->viewport());
+        const QRect before = f.editor()->geometry();
+        QTest::mousePress(f.window().windowHandle(), Qt::LeftButton, {}, place);
+        bar(f)->show(notice());
+        QVERIFY(bar(f)->isHidden());
+        QTest::qWait(QApplication::doubleClickInterval() * 2); // However long it is held.
+        QVERIFY(bar(f)->isHidden());
+        QTest::mouseRelease(f.window().windowHandle(), Qt::LeftButton, {}, place);
+        QElapsedTimer sinceRelease;
+        sinceRelease.start();
+        QCoreApplication::processEvents();
+        QVERIFY(bar(f)->isHidden() || sinceRelease.hasExpired(QApplication::doubleClickInterval()));
+        QTRY_VERIFY(bar(f)->isVisible());
+        QVERIFY(sinceRelease.hasExpired(QApplication::doubleClickInterval()));
+        QCOMPARE(f.editor()->mapTo(&f.tabs(), QPoint()).y(), bar(f)->y() + bar(f)->height());
+        QVERIFY(f.editor()->height() < before.height());
+    }
+
+    void whatIsNoLongerToldWhileTheMouseIsDown_isNeverShown()
+    {
+        CWindowFixture f;
+        f.window().openFile(f.file("a.txt"));
+        QVERIFY(QTest::qWaitForWindowExposed(&f.window()));
+        const QPoint place = middleOf(f, f.editor()->viewport());
+        QTest::mousePress(f.window().windowHandle(), Qt::LeftButton, {}, place);
+        bar(f)->show(notice());
+        bar(f)->show({QStringLiteral("Another thing."), {}});
+        QTest::mouseRelease(f.window().windowHandle(), Qt::LeftButton, {}, place);
+        QTRY_COMPARE(bar(f)->text(), QStringLiteral("Another thing."));
+        QVERIFY(bar(f)->findChildren<QPushButton *>().isEmpty());
+    }
+
+    void clickOnTheBar_isAnsweredAtOnce()
+    {
+        CWindowFixture f;
+        f.window().openFile(f.file("a.txt"));
+        QVERIFY(QTest::qWaitForWindowExposed(&f.window()));
+        bool bChosen = false;
+        bar(f)->show(notice(&bChosen));
+        QTest::mouseClick(f.window().windowHandle(), Qt::LeftButton, {},
+                          middleOf(f, bar(f)->findChild<QPushButton *>()));
+        QVERIFY(bChosen);
+        bar(f)->show({});
+        QVERIFY(bar(f)->isHidden());
+    }
+};
+
+QTEST_MAIN(TestNoticeBar)
+#include "tst_noticebar.moc"
