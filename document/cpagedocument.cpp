@@ -1,5 +1,6 @@
 #include "document/cpagedocument.h"
 
+#include "app/plaintext.h"
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 #include "web/pagecodec.h"
@@ -93,8 +94,17 @@ SPlace CPageDocument::place() const
     if (m_bSource)
         notePlace(*m_pPage->sourceEdit(), &place);
     else
-        place.scroll = m_pPage->page()->mainFrame()->scrollPosition();
+        notePagePlace(&place);
     return place;
+}
+
+void CPageDocument::notePagePlace(SPlace *pPlace) const
+{
+    pPlace->scroll = m_pPage->page()->mainFrame()->scrollPosition();
+    if (const auto caret = m_pPage->caretPlace()) {
+        pPlace->nElements = caret->nElements;
+        pPlace->nCaret = caret->nText;
+    }
 }
 
 void CPageDocument::goToPlace(const SPlace &place)
@@ -110,10 +120,13 @@ void CPageDocument::goToPlace(const SPlace &place)
 void CPageDocument::goToLoadedPlace(const SPlace &place)
 {
     showSource(place.bSource);
-    if (m_bSource)
+    if (m_bSource) {
         ::goToPlace(m_pPage->sourceEdit(), place);
-    else
-        m_pPage->page()->mainFrame()->setScrollPosition(place.scroll);
+        return;
+    }
+    if (place.nElements > 0)
+        m_pPage->setCaretPlace({place.nElements, place.nCaret});
+    m_pPage->page()->mainFrame()->setScrollPosition(place.scroll);
 }
 
 QByteArray CPageDocument::bytesToSave(const QString &strPath) const
@@ -135,7 +148,7 @@ Result CPageDocument::showContent(const QString &strPath, const SFileContent &)
 {
     m_pPage->setFilePath(strPath);
     if (!m_pPage->loadFile(strPath))
-        return Result::refused(tr("The file cannot be read: %1").arg(strPath));
+        return Result::refused(tr("The file cannot be read: %1").arg(visibleName(strPath)));
     if (!m_bSource)
         m_pPage->setModified(false);
     return Result::done();

@@ -57,6 +57,7 @@ protected:
 
 private:
     void onPageChanged();
+    void notePagePlace(SPlace *pPlace) const;
     void goToLoadedPlace(const SPlace &place);
     Result run(int nWebAction);
 

@@ -11,7 +11,10 @@ struct SPlace
 {
     QString strPath; // Empty for a document without a file, which cannot be opened again.
     bool bSource = false; // A page that shows its source.
-    int nCaret = 0; // Of a code editor: UTF-16 units before the caret.
+    // Of a code editor: UTF-16 units before the caret. A page: those of text between the caret and
+    // the last start tag before it.
+    int nCaret = 0;
+    int nElements = 0; // A page: start tags before the caret; 0 when it has none.
     // A code editor: pixels to the right, and lines of the text above the first one shown. A page:
     // pixels.
     QPoint scroll;

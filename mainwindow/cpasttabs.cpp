@@ -1,5 +1,6 @@
 #include "mainwindow/cpasttabs.h"
 
+#include "app/plaintext.h"
 #include "document/cdocuments.h"
 #include "mainwindow/ctabwidget.h"
 
@@ -71,7 +72,9 @@ void CPastTabs::reopenClosed()
     if (place.strPath.isEmpty())
         emit message(tr("No closed tab is left to open again."));
     else if (!reopen(place))
-        emit message(tr("No longer there: %1").arg(place.strPath));
+        emit message(tr("No longer there: %1").arg(visibleName(place.strPath)));
+    else if (m_pTabs->currentWidget())
+        m_pTabs->currentWidget()->setFocus();
 }
 
 void CPastTabs::reopenLast()
@@ -79,7 +82,7 @@ void CPastTabs::reopenLast()
     QStringList lstGone;
     for (const SPlace &place : qAsConst(m_last.lstPlaces)) {
         if (!reopen(place))
-            lstGone.append(QFileInfo(place.strPath).fileName());
+            lstGone.append(visibleName(QFileInfo(place.strPath).fileName()));
     }
     if (m_pDocuments->withPath(m_last.strCurrent) && !m_last.strCurrent.isEmpty())
         emit openWanted(m_last.strCurrent);

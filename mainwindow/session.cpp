@@ -37,6 +37,7 @@ QJsonObject placeToJson(const SPlace &place)
     return {{QStringLiteral("path"), pathToJson(place.strPath)},
             {QStringLiteral("source"), place.bSource},
             {QStringLiteral("caret"), place.nCaret},
+            {QStringLiteral("elements"), place.nElements},
             {QStringLiteral("left"), place.scroll.x()},
             {QStringLiteral("top"), place.scroll.y()}};
 }
@@ -52,6 +53,7 @@ SPlace placeFromJson(const QJsonObject &object)
     place.strPath = pathFromJson(object.value(QStringLiteral("path")));
     place.bSource = object.value(QStringLiteral("source")).toBool();
     place.nCaret = count(object, QStringLiteral("caret"));
+    place.nElements = count(object, QStringLiteral("elements"));
     place.scroll = {count(object, QStringLiteral("left")), count(object, QStringLiteral("top"))};
     return place;
 }

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class CPageReader;
 class CSafePage;
@@ -92,6 +93,11 @@ public:
     // typed in the source, the page stays as it is, with caret and undo history. Best called after
     // showSource(false), as a source still shown is refreshed from the new page.
     void applySource(const QString &strHtml);
+
+    // Where the caret stands in the page; nothing when there is none.
+    std::optional<CPageMerge::SPlace> caretPlace() const;
+    // Where there is no such place, somewhere near it.
+    void setCaretPlace(const CPageMerge::SPlace &place);
 
     // Editing; works on the selection.
     // Runs a command with the page editable: while Control is held, it is not.

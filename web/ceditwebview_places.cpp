@@ -68,6 +68,17 @@ void CEditWebView::movePageCaret()
     const CPageMerge::SPlace place =
         places.placeOf(sourcePosition(places.source(), m_nCaretToShow));
     m_nCaretToShow = -1;
-    evaluate(PageScript::setCaret(place.nElements, place.nText));
+    setCaretPlace(place);
     m_placeLeft = placeFrom(evaluate(PageScript::caretPlace()).toList());
+}
+
+std::optional<CPageMerge::SPlace> CEditWebView::caretPlace() const
+{
+    const QVariantList lstCaret = evaluate(PageScript::caretPlace()).toList();
+    return lstCaret.isEmpty() ? std::nullopt : std::make_optional(placeFrom(lstCaret));
+}
+
+void CEditWebView::setCaretPlace(const CPageMerge::SPlace &place)
+{
+    evaluate(PageScript::setCaret(place.nElements, place.nText));
 }

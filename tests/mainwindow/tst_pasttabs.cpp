@@ -173,6 +173,9 @@ private slots:
         CEditWebView *pPage = f.window().currentDocument().page();
         QSignalSpy spyLoaded(pPage, &CEditWebView::loadFinished);
         QVERIFY(spyLoaded.wait());
+        pPage->setCaretPlace({40, 3});
+        const auto caret = pPage->caretPlace();
+        QVERIFY(caret && caret->nElements == 40 && caret->nText == 3);
         pPage->page()->mainFrame()->setScrollPosition(QPoint(0, 700));
         press(Qt::Key_W, Qt::ControlModifier);
         QTRY_COMPARE(f.tabs().count(), 0);
@@ -181,7 +184,11 @@ private slots:
         QTRY_COMPARE(f.window().currentDocument().kind(), CDocument::Kind::Page);
         pPage = f.window().currentDocument().page();
         QTRY_COMPARE(pPage->page()->mainFrame()->scrollPosition(), QPoint(0, 700));
+        QVERIFY(pPage->caretPlace() && *pPage->caretPlace() == *caret);
         QVERIFY(!f.window().currentDocument().isModified());
+        press(Qt::Key_Q); // Goes where the caret was.
+        QTRY_VERIFY(pPage->toHtml().contains("worqds"));
+        QVERIFY(f.window().currentDocument().undo().isDone());
 
         f.window().on_actionSwapHtml_triggered();
         f.editor()->goToPosition(15);

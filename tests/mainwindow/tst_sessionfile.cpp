@@ -30,6 +30,7 @@ private slots:
         SPlace page = placeAt(QStringLiteral("/w/ü & <b> 100%.html"));
         page.bSource = true;
         page.nCaret = 12;
+        page.nElements = 7;
         page.scroll = {3, 45};
         session.lstPlaces = {page, placeAt("/w/\"b\"\n.txt")};
         session.strCurrent = page.strPath;
@@ -38,6 +39,7 @@ private slots:
         QCOMPARE(back.lstPlaces.at(0).strPath, page.strPath);
         QCOMPARE(back.lstPlaces.at(0).bSource, true);
         QCOMPARE(back.lstPlaces.at(0).nCaret, 12);
+        QCOMPARE(back.lstPlaces.at(0).nElements, 7);
         QCOMPARE(back.lstPlaces.at(0).scroll, QPoint(3, 45));
         QCOMPARE(back.lstPlaces.at(1).strPath, session.lstPlaces.at(1).strPath);
         QCOMPARE(back.lstPlaces.at(1).bSource, false);
