@@ -40,6 +40,8 @@ private slots:
     void copyAndPaste_goLineByLine();
     void cut_takesEverySelection();
     void inputMethod_composesAtTheMainCaret();
+    void everyCaretAndSelection_isPainted();
+    void inputMethod_hearsWhereTheMainCaretIs();
     void altShiftArrows_selectABlock();
     void altDrag_selectsABlock();
     void readOnlyEditor_hasOneCaret();
@@ -445,6 +447,86 @@ void tst_Carets::inputMethod_composesAtTheMainCaret()
     QApplication::sendEvent(m_pEdit.get(), &committed);
     QCOMPARE(state(), QString("a\u4F60|\n\u4F60|c\nd"));
     QCOMPARE(m_pEdit->textCursor().block().layout()->preeditAreaText(), QString());
+}
+
+namespace {
+
+// Where the picture differs from the other one, row by row of text: the first and the last column
+// that differ, -1 for a row that is the same.
+QVector<QPair<int, int>> differences(const QImage &a, const QImage &b,
+                                     const QVector<QRect> &lstRows)
+{
+    QVector<QPair<int, int>> lst;
+    for (const QRect &row : lstRows) {
+        QPair<int, int> columns(-1, -1);
+        for (int x = row.left(); x <= row.right(); ++x) {
+            for (int y = row.top(); y <= row.bottom(); ++y) {
+                if (a.pixel(x, y) != b.pixel(x, y))
+                    columns = {columns.first < 0 ? x : columns.first, x};
+            }
+        }
+        lst.append(columns);
+    }
+    return lst;
+}
+
+} // namespace
+
+// Without the band behind the current line and the bold numbers, which move with the main caret:
+// only rows that it does not stand in are compared.
+void tst_Carets::everyCaretAndSelection_isPainted()
+{
+    m_pEdit->resize(400, 300);
+    m_pEdit->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pEdit.get()));
+    m_pEdit->setPlainText("main\nsecond line\nthird line\nfourth line");
+    const auto picture = [this] { return m_pEdit->viewport()->grab().toImage(); };
+    const auto cursorAt = [this](int nLine, int nColumn) {
+        QTextCursor cursor(m_pEdit->document()->findBlockByNumber(nLine));
+        cursor.setPosition(cursor.position() + nColumn);
+        return cursor;
+    };
+    QVector<QRect> lstRows;
+    for (int nLine = 1; nLine < 4; ++nLine) {
+        const QRect start = m_pEdit->cursorRect(cursorAt(nLine, 0));
+        lstRows.append(QRect(0, start.top(), m_pEdit->viewport()->width(), start.height()));
+    }
+    m_pEdit->setCarets(CCarets(SCaret {0, 0}));
+    const QImage one = picture();
+    const int nSecond = cursorAt(1, 3).position();
+    const int nThird = cursorAt(2, 2).position();
+    m_pEdit->setCarets(
+        CCarets({SCaret {0, 0}, SCaret {nSecond, nSecond}, SCaret {nThird, nThird + 4}}, 0));
+    const QImage three = picture();
+    const QVector<QPair<int, int>> lst = differences(one, three, lstRows);
+    const int nCaret = m_pEdit->cursorRect(cursorAt(1, 3)).center().x();
+    QVERIFY(lst.at(0).first >= 0);
+    QVERIFY(qAbs(lst.at(0).first - nCaret) <= 1); // The caret, and nothing else in its row.
+    QVERIFY(lst.at(0).second - lst.at(0).first < 1 + m_pEdit->cursorWidth());
+    const int nStart = m_pEdit->cursorRect(cursorAt(2, 2)).center().x();
+    const int nEnd = m_pEdit->cursorRect(cursorAt(2, 6)).center().x();
+    QVERIFY(qAbs(lst.at(1).first - nStart) <= 1);
+    QVERIFY(qAbs(lst.at(1).second - nEnd) <= 1);
+    QCOMPARE(lst.at(2), qMakePair(-1, -1));
+}
+
+void tst_Carets::inputMethod_hearsWhereTheMainCaretIs()
+{
+    m_pEdit->resize(400, 300);
+    m_pEdit->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pEdit.get()));
+    m_pEdit->setPlainText("one\ntwo\nthree");
+    m_pEdit->setCarets(CCarets({SCaret {1, 1}, SCaret {5, 5}}, 1)); // The second is the main one.
+    const auto rectAsked = [this] {
+        return m_pEdit->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    };
+    QTextCursor main(m_pEdit->document());
+    main.setPosition(5);
+    // Where the input method puts its list of candidates.
+    QCOMPARE(rectAsked().top(), m_pEdit->cursorRect(main).top());
+    QInputMethodEvent composing("ni", {});
+    QApplication::sendEvent(m_pEdit.get(), &composing);
+    QCOMPARE(rectAsked().top(), m_pEdit->cursorRect(main).top());
 }
 
 void tst_Carets::altShiftArrows_selectABlock()
