@@ -11,9 +11,25 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
+
+namespace {
+
+// The entries' texts are their paths, which somebody opens; what hides in them shows.
+class CFolderDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant &value, const QLocale &) const override
+    {
+        return visibleName(value.toString());
+    }
+};
+
+} // namespace
 
 CWidgetFavoriteFolder::CWidgetFavoriteFolder(QWidget *pParent)
     : QWidget(pParent), m_strActExplore(tr("Open position of file/folder"))
@@ -67,6 +83,7 @@ void CWidgetFavoriteFolder::createList()
     m_pListFolders->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_pListFolders->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_pListFolders->setActions({m_strActExplore});
+    m_pListFolders->setItemDelegate(new CFolderDelegate(m_pListFolders));
     m_pListFolders->installEventFilter(this);
     connect(m_pListFolders, &QAbstractItemView::doubleClicked, this,
             &CWidgetFavoriteFolder::onDbClickItem);
@@ -77,7 +94,7 @@ void CWidgetFavoriteFolder::createList()
 void CWidgetFavoriteFolder::insertFolder(int nRow, const QString &strPath)
 {
     auto *pItem = new QListWidgetItem(strPath);
-    pItem->setToolTip(plainToolTip(strPath));
+    pItem->setToolTip(plainToolTip(visibleName(strPath)));
     m_pListFolders->insertItem(nRow, pItem);
 }
 

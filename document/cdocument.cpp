@@ -1,6 +1,7 @@
 #include "document/cdocument.h"
 
 #include "app/filewriter.h"
+#include "app/plaintext.h"
 #include "editor/chighlightedit.h"
 #include "editor/textreading.h"
 
@@ -35,7 +36,7 @@ Result CDocument::reload()
 {
     const SFileContent content = read(path());
     if (!isLoadable(content))
-        return Result::refused(tr("The file cannot be read: %1").arg(path()));
+        return Result::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
         const Result result = showAgain(content);
@@ -146,11 +147,13 @@ SNotice CDocument::changedNotice()
 {
     SNotice notice;
     if (!fileStateOf(path()).bExists) {
-        notice.strText = tr("%1 is no longer there. Saving writes it again.").arg(path());
+        notice.strText =
+            tr("%1 is no longer there. Saving writes it again.").arg(visibleName(path()));
         return notice;
     }
-    notice.strText = m_bSavedElsewhere ? tr("Another tab has saved %1.").arg(path())
-                                       : tr("Another program has changed %1.").arg(path());
+    notice.strText = m_bSavedElsewhere
+        ? tr("Another tab has saved %1.").arg(visibleName(path()))
+        : tr("Another program has changed %1.").arg(visibleName(path()));
     notice.lstChoices.append({tr("Refresh"), [this] { emit refreshWanted(); }});
     return notice;
 }
@@ -162,8 +165,8 @@ SNotice CDocument::saveQuestion()
         return lossQuestion();
     SNotice question = changedNotice();
     question.strText = m_bSavedElsewhere
-        ? tr("Not saved: another tab has saved %1.").arg(path())
-        : tr("Not saved: another program has changed %1.").arg(path());
+        ? tr("Not saved: another tab has saved %1.").arg(visibleName(path()))
+        : tr("Not saved: another program has changed %1.").arg(visibleName(path()));
     return question;
 }
 
@@ -174,12 +177,12 @@ SNotice CDocument::lossQuestion() const
     if (!m_bWhole) {
         question.strText =
             tr("Not saved: not all of %1 can be shown as text, and saving loses the rest.")
-                .arg(path());
+                .arg(visibleName(path()));
     } else if (!isCodecSure()) {
         question.strText =
             tr("Not saved: the encoding of %1 is a guess (%2). Saving writes what the "
                "window shows, as UTF-8; if that is wrong, choose another Text Codec.")
-                .arg(path(), codecName());
+                .arg(visibleName(path()), codecName());
     }
     return question;
 }

@@ -1,5 +1,6 @@
 #include "document/cimagedocument.h"
 
+#include "app/plaintext.h"
 #include "web/cimagewidget.h"
 
 CImageDocument::CImageDocument(QWidget *pViewParent) : m_pImage(new CImageWidget(pViewParent)) { }
@@ -38,6 +39,7 @@ void CImageDocument::loadPicture(const QString &strPath)
 
 Result CImageDocument::showAgain(const SFileContent &)
 {
-    return m_pImage->reload() ? Result::done()
-                              : Result::refused(tr("The file cannot be read: %1").arg(path()));
+    return m_pImage->reload()
+        ? Result::done()
+        : Result::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
 }

@@ -1,6 +1,7 @@
 #include "document/crecovery.h"
 
 #include "app/cinplacejournal.h"
+#include "app/plaintext.h"
 #include "document/cdocument.h"
 #include "document/cdraftkeeper.h"
 
@@ -14,7 +15,7 @@ namespace {
 QString nameOf(const SDraft &draft)
 {
     return draft.strPath.isEmpty() ? CRecovery::tr("Untitled")
-                                   : QFileInfo(draft.strPath).fileName();
+                                   : visibleName(QFileInfo(draft.strPath).fileName());
 }
 
 QString namesOf(const QVector<SDraft> &lstDrafts)
@@ -94,7 +95,7 @@ void CRecovery::offerCutOff()
         notice.strText =
             tr("A save of %1 was cut off when the program last ended: the file may hold "
                "parts of both versions.")
-                .arg(writing.strPath);
+                .arg(visibleName(writing.strPath));
         const auto restore = [this, writing] {
             QString strError;
             if (CInPlaceJournal::restore(writing, &strError))

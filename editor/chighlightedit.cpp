@@ -2,6 +2,7 @@
 
 #include "app/commonhelpers.h"
 #include "app/csettings.h"
+#include "app/plaintext.h"
 #include "app/platform.h"
 #include "editor/caretedits.h"
 #include "editor/cbracketfinder.h"
@@ -117,8 +118,9 @@ void CHighlightEdit::buildMenu()
 
 QString CHighlightEdit::getTitle() const
 {
-    const QString strName =
-        m_strPathFileName.isEmpty() ? tr("Untitled") : QFileInfo(m_strPathFileName).fileName();
+    const QString strName = m_strPathFileName.isEmpty()
+        ? tr("Untitled")
+        : visibleName(QFileInfo(m_strPathFileName).fileName());
     return isModified() ? QString(strName + QLatin1Char('*')) : strName;
 }
 

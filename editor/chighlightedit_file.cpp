@@ -46,7 +46,7 @@ void CHighlightEdit::reload()
     const SFileContent content = readForEditor(m_strPathFileName);
     if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
-                    tr("Fail to open file(%1).").arg(m_strPathFileName));
+                    tr("Fail to open file(%1).").arg(visibleName(m_strPathFileName)));
         return;
     }
     warnOfReplacing();
@@ -76,7 +76,7 @@ void CHighlightEdit::onRefresh()
     const SFileContent content = readForEditor(m_strPathFileName);
     if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
-                    tr("Cannot open file(%1).").arg(m_strPathFileName));
+                    tr("Cannot open file(%1).").arg(visibleName(m_strPathFileName)));
         return;
     }
     warnOfReplacing();

@@ -89,7 +89,7 @@ bool CClosing::closeForGood(CDocument *pDocument, bool *pYesToAll)
         if (!*pYesToAll) {
             QString strText = MainWindow::tr("Do you save the modified file?");
             if (!pDocument->path().isEmpty())
-                strText += QStringLiteral("\n(%1)").arg(pDocument->path());
+                strText += QStringLiteral("\n(%1)").arg(visibleName(pDocument->path()));
             const QPointer<CDocument> pAsked(pDocument);
             const auto answer =
                 showMessage(m_pWindow, QMessageBox::Warning, MainWindow::tr("File Modified"),

@@ -79,8 +79,8 @@ void COpener::openSourceOf(const QString &strPath, const SFileContent &content)
     showText(strPath, content);
     CDocument *pDocument = &m_pWindow->currentDocument();
     SNotice notice;
-    notice.strText =
-        MainWindow::tr("The program ended while it loaded %1: this is its source.").arg(strPath);
+    notice.strText = MainWindow::tr("The program ended while it loaded %1: this is its source.")
+                         .arg(visibleName(strPath));
     notice.lstChoices = {{MainWindow::tr("Show the page anyway"), [this, pDocument, strPath] {
                               m_pWindow->documents().loads().forgive(strPath);
                               if (m_close(pDocument))
@@ -96,8 +96,8 @@ bool COpener::mayOpenImage(const QString &strPath)
         return true;
     m_pTaster->setKnown(strPath, CTaster::Result::Fails);
     SNotice notice;
-    notice.strText =
-        MainWindow::tr("%1 is not opened: the program ended while it loaded it.").arg(strPath);
+    notice.strText = MainWindow::tr("%1 is not opened: the program ended while it loaded it.")
+                         .arg(visibleName(strPath));
     notice.lstChoices = {{MainWindow::tr("Show the picture anyway"), [this, strPath] {
                               m_pWindow->documents().recovery().dismiss();
                               m_pWindow->documents().loads().forgive(strPath);
@@ -163,5 +163,5 @@ void COpener::showFailure(const QString &strPath, const QString &strReason)
 {
     emit message(strReason);
     showMessage(m_pWindow, QMessageBox::Critical, MainWindow::tr("Fail to open file"),
-                MainWindow::tr("Fail to open file(%1).").arg(strPath));
+                MainWindow::tr("Fail to open file(%1).").arg(visibleName(strPath)));
 }

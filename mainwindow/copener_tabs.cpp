@@ -2,6 +2,7 @@
 #include "mainwindow/copener.h"
 
 #include "app/csettings.h"
+#include "app/plaintext.h"
 #include "document/ceditordocument.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
@@ -97,7 +98,7 @@ void COpener::nameTab(const CDocument &document)
                             icon.isNull() ? QIcon(QStringLiteral(":/res/html_text.svg")) : icon);
         return; // The tool tip stays that of a new page.
     }
-    m_pTabs->setPlainTabText(nIndex, QFileInfo(strPath).fileName());
+    m_pTabs->setPlainTabText(nIndex, visibleName(QFileInfo(strPath).fileName()));
     if (document.page())
         return;
     m_pTabs->setPlainTabToolTip(nIndex, strPath);

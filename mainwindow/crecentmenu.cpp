@@ -35,7 +35,7 @@ void CRecentMenu::update()
     for (int n = 0; n < m_lstActions.size(); ++n) {
         QAction *pAction = m_lstActions.at(n);
         const bool bFile = n < lstFiles.size();
-        pAction->setText(bFile ? withoutMnemonic(lstFiles.at(n)) : tr("(empty)"));
+        pAction->setText(bFile ? withoutMnemonic(visibleName(lstFiles.at(n))) : tr("(empty)"));
         pAction->setEnabled(bFile);
         pAction->setVisible(bFile || n == 0);
     }

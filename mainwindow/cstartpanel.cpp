@@ -63,7 +63,7 @@ void CStartPanel::showRecentFiles(const QStringList &lstPaths)
     m_lstRecent.clear();
     m_pRecent->setVisible(!lstPaths.isEmpty());
     for (int n = 0; n < lstPaths.size(); ++n) {
-        auto *pLink = new CLinkButton(lstPaths.at(n), Qt::ElideMiddle, m_pContent);
+        auto *pLink = new CLinkButton(visibleName(lstPaths.at(n)), Qt::ElideMiddle, m_pContent);
         m_pLayout->insertWidget(m_pLayout->count() - 1, pLink); // Above the stretch.
         pLink->show();
         connect(pLink, &CLinkButton::clicked, this, [this, n] { emit recentFileChosen(n); });

@@ -54,7 +54,7 @@ void CTabListButton::fillMenu()
         strName = m_menu.fontMetrics().elidedText(
             onOneLine(strName), Qt::ElideMiddle, nWidest * m_menu.fontMetrics().averageCharWidth());
         QAction *pAction = m_menu.addAction(m_pTabs->tabIcon(n), entryText(n, strName));
-        pAction->setToolTip(plainToolTip(lstNames.at(n).strPath));
+        pAction->setToolTip(plainToolTip(visibleName(lstNames.at(n).strPath)));
         // Tabs may come and go while the menu stands.
         const QPointer<QWidget> pWidget(m_pTabs->widget(n));
         connect(pAction, &QAction::triggered, this, [this, pWidget] { goTo(pWidget); });

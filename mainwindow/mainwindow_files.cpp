@@ -39,7 +39,7 @@ bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
     if (!result.text().isEmpty()) {
         showStatusMessage(result.text());
         showMessage(this, QMessageBox::Critical, tr("Fail to save file"),
-                    tr("Cannot open file(%1).").arg(strPath));
+                    tr("Cannot open file(%1).").arg(visibleName(strPath)));
     }
     return false;
 }
@@ -65,7 +65,7 @@ bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
     if (!result.isDone()) {
         showStatusMessage(result.text());
         showMessage(this, QMessageBox::Warning, tr("Fail to open file"),
-                    tr("Cannot open file\"%1\".").arg(strPath));
+                    tr("Cannot open file\"%1\".").arg(visibleName(strPath)));
         return false;
     }
     if (pDocument->kind() == CDocument::Kind::Text) // The new name may be another language's.

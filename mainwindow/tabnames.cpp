@@ -1,5 +1,7 @@
 #include "mainwindow/tabnames.h"
 
+#include "app/plaintext.h"
+
 #include <QDir>
 #include <QHash>
 #include <QStringList>
@@ -15,7 +17,7 @@ QString withoutStar(const QString &strTitle)
 QStringList partsOf(const STabName &name)
 {
     QStringList lstParts = QDir::fromNativeSeparators(name.strPath).split(QLatin1Char('/'));
-    if (lstParts.constLast() == withoutStar(name.strTitle))
+    if (visibleName(lstParts.constLast()) == withoutStar(name.strTitle))
         lstParts.removeLast();
     return lstParts;
 }

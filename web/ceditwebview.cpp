@@ -2,6 +2,7 @@
 
 #include "app/commonhelpers.h"
 #include "app/filereader.h"
+#include "app/plaintext.h"
 #include "web/cpagenetwork.h"
 #include "web/cpagereader.h"
 #include "web/csafepage.h"
@@ -102,7 +103,7 @@ QString CEditWebView::getTitle() const
 {
     QString strTitle = title();
     if (strTitle.isEmpty())
-        strTitle = QFileInfo(m_strFilePath).fileName();
+        strTitle = visibleName(QFileInfo(m_strFilePath).fileName());
     if (strTitle.isEmpty())
         strTitle = tr("Untitled");
     if (m_bModified)

@@ -1,5 +1,6 @@
 #include "web/cimagewidget.h"
 
+#include "app/plaintext.h"
 #include "web/pictures.h"
 
 #include <QFileInfo>
@@ -42,7 +43,7 @@ bool CImageWidget::reload()
 
 QString CImageWidget::getTitle() const
 {
-    const QString strName = QFileInfo(m_strImageFile).fileName();
+    const QString strName = visibleName(QFileInfo(m_strImageFile).fileName());
     return strName.isEmpty() ? tr("Untitled") : strName;
 }
 

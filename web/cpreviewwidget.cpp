@@ -119,7 +119,7 @@ void CPreviewWidget::updateTitle()
         return;
     QString strTitle = tr("Preview");
     if (!m_strFile.isEmpty())
-        strTitle += QStringLiteral("(%1)").arg(QFileInfo(m_strFile).fileName());
+        strTitle += QStringLiteral("(%1)").arg(visibleName(QFileInfo(m_strFile).fileName()));
     pDock->setWindowTitle(plainWindowTitle(strTitle));
     pDock->toggleViewAction()->setText(withoutMnemonic(strTitle));
 }
