@@ -2,6 +2,9 @@
 #include "browser/cfilesystemmodel.h"
 
 #include <QHash>
+#include <QThreadPool>
+
+#include <algorithm>
 
 namespace {
 
@@ -9,6 +12,14 @@ bool isSameKind(const QFileInfo &a, const QFileInfo &b)
 {
     return a.isDir() == b.isDir() && a.isFile() == b.isFile() && a.isSymLink() == b.isSymLink()
         && a.exists() == b.exists();
+}
+
+// Those of a long list take longer to go than the windows may be held up. Nobody else knows them,
+// and they have no icons yet.
+void dropElsewhere(FileNodes nodes)
+{
+    const auto pNodes = std::make_shared<FileNodes>(std::move(nodes));
+    QThreadPool::globalInstance()->start([pNodes] { pNodes->clear(); });
 }
 
 } // namespace
@@ -19,6 +30,7 @@ bool CFileSystemModel::mergeListing(const QString &strPath, FileNodes nodes)
         return false;
     removeMissing(nodes);
     insertNew(&nodes);
+    dropElsewhere(std::move(nodes));
     // Only now: nobody asks for a row's number in between, and to number after each change would
     // take the square of the time.
     for (int n = 0; n < m_root.m_lstChildren.size(); ++n)
@@ -93,12 +105,16 @@ void CFileSystemModel::insertNew(FileNodes *pNodes)
 
 void CFileSystemModel::insertRange(int nRow, FileNodes *pNodes, size_t nFrom, size_t nTo)
 {
+    QList<CFileNode *> &lstChildren = m_root.m_lstChildren;
+    const int nBefore = lstChildren.size();
     beginInsertRows(QModelIndex(), nRow, nRow + int(nTo - nFrom) - 1);
-    for (size_t n = nFrom; n < nTo; ++n, ++nRow) {
+    for (size_t n = nFrom; n < nTo; ++n) {
         CFileNode *pNode = pNodes->at(n).release();
         pNode->m_pParent = &m_root;
-        pNode->m_nRow = nRow;
-        m_root.m_lstChildren.insert(nRow, pNode);
+        pNode->m_nRow = nRow + int(n - nFrom);
+        lstChildren.append(pNode);
     }
+    // To their place all at once: one by one, each would move all that stand behind.
+    std::rotate(lstChildren.begin() + nRow, lstChildren.begin() + nBefore, lstChildren.end());
     endInsertRows();
 }

@@ -2,7 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QHBoxLayout>
+#include <QBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
@@ -10,6 +10,7 @@
 namespace {
 
 const int g_nPoll = 50; // Milliseconds.
+const int g_nLeastText = 200; // Pixels.
 
 bool isClick(const QEvent *pEvent)
 {
@@ -36,10 +37,12 @@ CNoticeBar::CNoticeBar(QWidget *pParent)
     m_pClose->setAutoRaise(true);
     m_pClose->setFocusPolicy(Qt::TabFocus);
     connect(m_pClose, &QToolButton::clicked, this, &CNoticeBar::dismissed);
-    m_pLayout = new QHBoxLayout(this);
-    m_pLayout->setContentsMargins(1, 1, 1, 1);
+    auto *pLayout = new QHBoxLayout(this);
+    pLayout->setContentsMargins(1, 1, 1, 1);
+    m_pLayout = new QBoxLayout(QBoxLayout::LeftToRight);
     m_pLayout->addWidget(m_pLabel, 1);
-    m_pLayout->addWidget(m_pClose);
+    pLayout->addLayout(m_pLayout, 1);
+    pLayout->addWidget(m_pClose, 0, Qt::AlignTop);
     hide();
     m_timer.setInterval(g_nPoll);
     connect(&m_timer, &QTimer::timeout, this, &CNoticeBar::showWanted);
@@ -86,13 +89,24 @@ void CNoticeBar::showChoices()
     for (const SNotice::SChoice &choice : m_wanted.lstChoices) {
         auto *pButton = new QPushButton(choice.strText);
         connect(pButton, &QPushButton::clicked, this, choice.chosen);
-        m_pLayout->insertWidget(m_pLayout->count() - 1, pButton);
+        m_pLayout->addWidget(pButton, 0, Qt::AlignLeft | Qt::AlignVCenter);
         pButton->show(); // The layout would do so later.
         m_lstButtons.append(pButton);
         setTabOrder(pLast, pButton);
         pLast = pButton;
     }
     setTabOrder(pLast, m_pClose);
+}
+
+// Where the text has no room beside the buttons they stand below it.
+int CNoticeBar::heightForWidth(int nWidth) const
+{
+    int nRoom = nWidth - m_pClose->sizeHint().width();
+    for (const QPushButton *pButton : m_lstButtons)
+        nRoom -= pButton->sizeHint().width() + m_pLayout->spacing();
+    m_pLayout->setDirection(nRoom >= g_nLeastText ? QBoxLayout::LeftToRight
+                                                  : QBoxLayout::TopToBottom);
+    return layout()->totalHeightForWidth(nWidth);
 }
 
 bool CNoticeBar::isFreshUnderMouse() const

@@ -6,7 +6,7 @@
 #include <QFrame>
 #include <QTimer>
 
-class QHBoxLayout;
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 class QToolButton;
@@ -28,6 +28,8 @@ public:
     void show(const SNotice &notice);
     // As it is shown.
     QString text() const;
+    // Also chooses how the buttons stand at that width.
+    int heightForWidth(int nWidth) const override;
 
 signals:
     // The user closed the bar without a choice.
@@ -48,6 +50,6 @@ private:
     QElapsedTimer m_sinceShown; // Under the mouse; a click then was aimed at something else.
     QLabel *m_pLabel;
     QToolButton *m_pClose;
-    QHBoxLayout *m_pLayout;
+    QBoxLayout *m_pLayout; // The text and the buttons.
     QList<QPushButton *> m_lstButtons; // One for each choice.
 };

@@ -84,18 +84,23 @@ void CTabWidget::setHeader(QWidget *pHeader)
 
 void CTabWidget::placeHeader()
 {
+    if (m_bPlacing)
+        return;
+    const QScopedValueRollback<bool> placing(m_bPlacing, true);
     const bool bPages = count() > 0;
     QRect area = bPages ? m_pagesArea : rect();
     if (m_pHeader && !m_pHeader->isHidden()) {
         const int nForWidth = m_pHeader->heightForWidth(area.width());
-        const int nHeight = nForWidth > 0 ? nForWidth : m_pHeader->sizeHint().height();
+        const int nWanted = nForWidth > 0 ? nForWidth : m_pHeader->sizeHint().height();
+        const int nHeight = qMin(nWanted, area.height() * 2 / 3);
         m_pHeader->setGeometry(area.left(), area.top(), area.width(), nHeight);
         m_pHeader->raise();
         area.setTop(area.top() + nHeight);
     }
-    m_placedArea = area;
-    if (m_pPages && bPages)
+    if (m_pPages && bPages) {
         m_pPages->setGeometry(area);
+        m_placedArea = m_pPages->geometry(); // Pages may need more room than there is.
+    }
     if (m_pEmptyPanel)
         m_pEmptyPanel->setGeometry(bPages ? rect() : area);
 }
@@ -104,7 +109,7 @@ void CTabWidget::placeHeader()
 bool CTabWidget::eventFilter(QObject *pObject, QEvent *pEvent)
 {
     const bool bPlaced = (pEvent->type() == QEvent::Resize || pEvent->type() == QEvent::Move)
-        && m_pPages->geometry() != m_placedArea;
+        && !m_bPlacing && m_pPages->geometry() != m_placedArea;
     const bool bHeaderChanged = pEvent->type() == QEvent::LayoutRequest
         || pEvent->type() == QEvent::ShowToParent || pEvent->type() == QEvent::HideToParent;
     if (pObject == m_pPages && bPlaced) {

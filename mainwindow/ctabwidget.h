@@ -59,6 +59,7 @@ private:
     QWidget *m_pHeader = nullptr;
     QWidget *m_pPages = nullptr; // The standard widget's own, once there is a header.
     QRect m_pagesArea; // As the standard widget gives it to the pages.
+    bool m_bPlacing = false;
     QRect m_placedArea; // What the header leaves of it.
     QWidget *m_pEmptyPanel = nullptr;
     bool m_bReplacing = false;

@@ -48,6 +48,32 @@ private slots:
         QCOMPARE(bar(f)->width(), f.editor()->width());
     }
 
+    void narrowBar_showsAllOfItsButtons()
+    {
+        CTabWidget tabs;
+        auto *pPage = new QWidget;
+        pPage->setMinimumSize(100, 200); // More than is left of it.
+        tabs.addTab(pPage, "page");
+        auto *pBar = new CNoticeBar(&tabs);
+        tabs.setHeader(pBar);
+        for (const int nWidth : {150, 600}) {
+            pBar->show(
+                {QStringLiteral("Something happened, and it takes words to tell it. ").repeated(3),
+                 {{QStringLiteral("Answer it"), [] {}}, {QStringLiteral("Another"), [] {}}}});
+            tabs.resize(nWidth, 260);
+            tabs.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+            QCoreApplication::processEvents();
+            QCOMPARE(pBar->width(), pPage->parentWidget()->width());
+            const auto lstButtons = pBar->findChildren<QAbstractButton *>();
+            QVERIFY(lstButtons.size() >= 3);
+            for (QAbstractButton *pButton : lstButtons) {
+                if (pButton->isVisible())
+                    QVERIFY(pBar->rect().contains(pButton->geometry()));
+            }
+        }
+    }
+
     void buttonDown_nothingMovesUntilItRests()
     {
         CWindowFixture f;
