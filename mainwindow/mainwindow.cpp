@@ -36,6 +36,12 @@
 
 MainWindow *g_pMainWindow = nullptr;
 
+namespace {
+
+const int g_nLeastPage = 240; // Pixels: in a narrow window the docks give way to the document.
+
+} // namespace
+
 MainWindow::MainWindow(QWidget *pParent)
     : QMainWindow(pParent), m_pUi(std::make_unique<Ui::MainWindow>())
 {
@@ -109,6 +115,7 @@ void MainWindow::setupTabs()
     m_pTabs->setTabsClosable(true);
     m_pTabs->setMovable(true);
     m_pTabs->setDocumentMode(true);
+    m_pTabs->setMinimumWidth(g_nLeastPage);
     m_pTabs->setAttribute(Qt::WA_StyledBackground);
     setCentralWidget(m_pTabs);
     m_pTabs->addMenuActions({tr("Open position of file")});
