@@ -88,7 +88,8 @@ void CFileSystemModel::insertNew(FileNodes *pNodes)
     for (size_t n = 0; n < pNodes->size();) {
         const int nKnown = known.value(pNodes->at(n)->m_strPath, -1);
         if (nKnown >= 0) {
-            lstKnown.at(nKnown)->m_fileInfo = pNodes->at(n)->m_fileInfo;
+            // The old one goes with the node that is not needed.
+            std::swap(lstKnown.at(nKnown)->m_fileInfo, pNodes->at(n)->m_fileInfo);
             nRow = qMax(nRow, nKnown + nInserted + 1);
             ++n;
             continue;
