@@ -39,7 +39,11 @@ void CReplaceAll::stop()
     QTextDocument *pDocument = m_pEdit->document();
     const bool bOnlyOurs = pDocument->revision() == m_nRevision;
     end();
-    if (bOnlyOurs && m_replacer.hasEdited()) {
+    if (!bOnlyOurs) { // Undo would take back something else.
+        emit disturbed(m_replacer.count());
+        return;
+    }
+    if (m_replacer.hasEdited()) {
         pDocument->undo();
         pDocument->clearUndoRedoStacks(QTextDocument::RedoStack);
     }

@@ -24,6 +24,7 @@ private slots:
     void stoppedBeforeTheFirstMatch_earlierStepsStay();
     void typingMeanwhile_isRefused();
     void changedMeanwhile_ends();
+    void stoppedAfterAForeignChange_thatStays();
     void undoMeanwhile_stops();
     void finish_doesTheRestAtOnce();
     void secondStart_leavesTheFirstAlone();
@@ -185,6 +186,20 @@ void tst_ReplaceAll::changedMeanwhile_ends()
     QVERIFY(disturbed.at(0).at(0).toInt() > 0);
     QCOMPARE(m_pEdit->toPlainText(), QString("ab another text"));
     QVERIFY(!m_pEdit->isReadOnly());
+}
+
+void tst_ReplaceAll::stoppedAfterAForeignChange_thatStays()
+{
+    setLongText();
+    CReplaceAll *pJob = makeJob("ab", "abc");
+    QSignalSpy disturbed(pJob, &CReplaceAll::disturbed);
+    QSignalSpy progressed(pJob, &CReplaceAll::progressed);
+    pJob->start(0);
+    QTRY_VERIFY(!progressed.isEmpty());
+    QTextCursor(m_pEdit->document()).insertText("foreign ");
+    pJob->stop();
+    QCOMPARE(disturbed.size(), 1);
+    QVERIFY(m_pEdit->toPlainText().startsWith("foreign x abc y"));
 }
 
 void tst_ReplaceAll::undoMeanwhile_stops()
