@@ -93,60 +93,59 @@ void CAnchoredPattern::findFirst(const PatternNode &pattern)
 {
     const bool bOnlyAhead = m_ahead && !m_bAheadIsNegative && isEmptySequence(pattern);
     const CPatternAutomaton &automaton = bOnlyAhead ? *m_ahead : *m_automaton;
-    for (int n = 0; n < SymbolCount; ++n) {
-        m_first[size_t(n)] = automaton.mayStartWith(n);
+    for (size_t n = 0; n < m_arrFirst.size(); ++n) {
+        m_arrFirst[n] = automaton.mayStartWith(int(n));
+        m_first |= m_arrFirst[n];
+    }
+    for (int n = 0; n < SymbolCount && m_first.count() == 1; ++n) {
+        m_nOnlyStart = m_first[size_t(n)] ? n : m_nOnlyStart;
     }
 }
 
-bool CAnchoredPattern::takeDoubt()
-{
-    const bool bHere = m_automaton && m_automaton->takeDoubt();
-    const bool bAhead = m_ahead && m_ahead->takeDoubt();
-    return bHere || bAhead;
-}
-
-int CAnchoredPattern::endOfMatch(const QString &strText, int nStart)
+int CAnchoredPattern::endOfMatch(const CSymbolLine &line, int nStart)
 {
     if (!isUsable()) {
         return -1;
     }
     if (!m_ahead) {
-        return m_automaton->longestEnd(strText, nStart);
+        return m_automaton->longestEnd(line, nStart);
     }
     m_lstEnds.clear();
-    m_automaton->findEnds(strText, nStart, &m_lstEnds);
-    while (!m_lstEnds.empty() && !isFollowedRightly(strText, m_lstEnds.back())) {
+    findCandidates(line, nStart, &m_lstEnds);
+    while (!m_lstEnds.empty() && !isFollowedRightly(line, m_lstEnds.back())) {
         m_lstEnds.pop_back();
     }
     return m_lstEnds.empty() ? -1 : m_lstEnds.back();
 }
 
-bool CAnchoredPattern::isFollowedRightly(const QString &strText, int nEnd)
+// Ends that the lookahead is worth asking for.
+void CAnchoredPattern::findCandidates(const CSymbolLine &line, int nStart, std::vector<int> *pEnds)
 {
-    return !m_ahead || (m_ahead->longestEnd(strText, nEnd) >= 0) != m_bAheadIsNegative;
+    if (m_bAheadIsNegative) {
+        m_automaton->findEnds(line, nStart, pEnds);
+        return;
+    }
+    // It knows neither line starts nor words, so that one context is like the others.
+    m_automaton->findEnds(line, nStart, pEnds, m_ahead->mayStartWith(0));
 }
 
-void CAnchoredPattern::findEnds(const QString &strText, int nStart, std::vector<int> *pEnds)
+bool CAnchoredPattern::isFollowedRightly(const CSymbolLine &line, int nEnd)
+{
+    return !m_ahead || m_ahead->matches(line, nEnd) != m_bAheadIsNegative;
+}
+
+void CAnchoredPattern::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds)
 {
     if (!isUsable()) {
         return;
     }
     const auto nBefore = std::ptrdiff_t(pEnds->size());
-    m_automaton->findEnds(strText, nStart, pEnds);
-    const auto isWrong = [&](int nEnd) { return !isFollowedRightly(strText, nEnd); };
+    m_automaton->findEnds(line, nStart, pEnds);
+    const auto isWrong = [&](int nEnd) { return !isFollowedRightly(line, nEnd); };
     pEnds->erase(std::remove_if(pEnds->begin() + nBefore, pEnds->end(), isWrong), pEnds->end());
 }
 
-bool CAnchoredPattern::matchesBefore(const QString &strText, int nEnd)
+bool CAnchoredPattern::matchesBefore(const CSymbolLine &line, int nEnd)
 {
-    const int nFrom = std::max(0, nEnd - nMaxLookBehind);
-    QString strBackwards;
-    strBackwards.reserve(nEnd - nFrom + 1);
-    for (int n = nEnd - 1; n >= nFrom; --n) {
-        strBackwards += strText.at(n);
-    }
-    if (nFrom > 0) {
-        strBackwards += QChar(QChar::ReplacementCharacter); // not the line's start
-    }
-    return isUsable() && m_automaton->longestEnd(strBackwards, 0) >= 0;
+    return isUsable() && m_automaton->matchesBackwards(line, nEnd, nMaxLookBehind);
 }

@@ -3,6 +3,7 @@
 #include "highlight/cpatternautomaton.h"
 
 #include <QString>
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -25,24 +26,29 @@ public:
     {
         return m_automaton && m_automaton->isUsable() && (!m_ahead || m_ahead->isUsable());
     }
-    // Whether a search met letters that equal one of ASCII when letter case does not count; asking
-    // forgets it.
-    bool takeDoubt();
-    // What a match that is not empty begins with, and an empty one stands before.
-    bool mayStartWith(int nSymbol) const { return m_first[size_t(nSymbol)]; }
+    // What a match that is not empty begins with, and an empty one stands before: anywhere, or in
+    // one of the contexts of the machine.
+    const SymbolSet &mayStartWith() const { return m_first; }
+    const std::array<SymbolSet, CPatternAutomaton::ContextCount> &firstByContext() const
+    {
+        return m_arrFirst;
+    }
+    // The only symbol of these, -1 when there are more.
+    int onlyStart() const { return m_nOnlyStart; }
     bool isOnlyAtLineStart() const { return m_bOnlyAtLineStart; }
 
     // The end of the longest match that begins at nStart, -1 when there is none.
-    int endOfMatch(const QString &strText, int nStart);
+    int endOfMatch(const CSymbolLine &line, int nStart);
     // Appends the ends of the matches that begin at nStart, ascending.
-    void findEnds(const QString &strText, int nStart, std::vector<int> *pEnds);
+    void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
     // Of a backward pattern: whether it matches what stands before nEnd. Looks at a part of the
     // line only, as a long line is asked in many places.
-    bool matchesBefore(const QString &strText, int nEnd);
+    bool matchesBefore(const CSymbolLine &line, int nEnd);
 
 private:
     void findFirst(const PatternNode &pattern);
-    bool isFollowedRightly(const QString &strText, int nEnd);
+    bool isFollowedRightly(const CSymbolLine &line, int nEnd);
+    void findCandidates(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
 
     std::optional<CPatternAutomaton> m_automaton;
     // The lookahead at the pattern's end.
@@ -50,5 +56,7 @@ private:
     bool m_bAheadIsNegative = false;
     bool m_bOnlyAtLineStart = false;
     SymbolSet m_first;
+    int m_nOnlyStart = -1;
+    std::array<SymbolSet, CPatternAutomaton::ContextCount> m_arrFirst;
     std::vector<int> m_lstEnds;
 };

@@ -105,15 +105,16 @@ void CCommentScanner::setMultiLine(const QString &strStart, const QString &strEn
     m_multiLineEnd = CLinePattern(strEnd);
 }
 
-int CCommentScanner::endOfComment(const QString &strText, int nFrom) const
+int CCommentScanner::endOfComment(const CSymbolLine &line, int nFrom) const
 {
-    const int nEnd = m_multiLineEnd.indexIn(strText, nFrom);
+    const int nEnd = m_multiLineEnd.indexIn(line, nFrom);
     return nEnd < 0 ? -1 : nEnd + m_multiLineEnd.matchedLength();
 }
 
-int CCommentScanner::continueLineBefore(const QString &strText, int nPreviousState,
+int CCommentScanner::continueLineBefore(const CSymbolLine &line, int nPreviousState,
                                         Line *pLine) const
 {
+    const QString &strText = line.text();
     const int nOpen = qMax(0, nPreviousState);
     const int nSize = strText.size();
     constexpr int nContinuedComment = HighlightState::SingleLineComment | HighlightState::Continued;
@@ -122,7 +123,7 @@ int CCommentScanner::continueLineBefore(const QString &strText, int nPreviousSta
         return addRange(0, nSize, Role::Comment, pLine);
     }
     if (nOpen & HighlightState::MultiLineComment) {
-        return addOpenRange(0, endOfComment(strText, 0), nSize, Role::Comment,
+        return addOpenRange(0, endOfComment(line, 0), nSize, Role::Comment,
                             HighlightState::MultiLineComment, pLine);
     }
     if (nOpen & HighlightState::DoubleQuoted) {
@@ -139,18 +140,19 @@ int CCommentScanner::continueLineBefore(const QString &strText, int nPreviousSta
 
 // Of the starts ahead only one that lies strictly before the others counts: where two begin at the
 // same place the rest of the line stays as it is.
-void CCommentScanner::scan(const QString &strText, int nPreviousState, Line *pLine) const
+void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pLine) const
 {
+    const QString &strText = line.text();
     const int nSize = strText.size();
     CNextStart nextLine;
     CNextStart nextMulti;
     CNextStart nextQuote;
-    int nAt = continueLineBefore(strText, nPreviousState, pLine);
+    int nAt = continueLineBefore(line, nPreviousState, pLine);
     while (nAt < nSize) {
         const int nLine =
-            nextLine.from(nAt, [&](int n) { return m_singleLine.indexIn(strText, n); });
+            nextLine.from(nAt, [&](int n) { return m_singleLine.indexIn(line, n); });
         const int nMulti =
-            nextMulti.from(nAt, [&](int n) { return m_multiLineStart.indexIn(strText, n); });
+            nextMulti.from(nAt, [&](int n) { return m_multiLineStart.indexIn(line, n); });
         const int nQuote =
             nextQuote.from(nAt, [&](int n) { return strText.indexOf(QLatin1Char('"'), n); });
         if (isBefore(nLine, nMulti) && isBefore(nLine, nQuote)) {
@@ -159,9 +161,9 @@ void CCommentScanner::scan(const QString &strText, int nPreviousState, Line *pLi
             nAt = addRange(nLine, nSize, Role::Comment, pLine);
         } else if (isBefore(nMulti, nLine) && isBefore(nMulti, nQuote)) {
             // The length of a match that was found earlier on is asked again.
-            m_multiLineStart.indexIn(strText, nMulti);
+            m_multiLineStart.indexIn(line, nMulti);
             const int nInside = nMulti + m_multiLineStart.matchedLength();
-            const int nEnd = addOpenRange(nMulti, endOfComment(strText, nInside), nSize,
+            const int nEnd = addOpenRange(nMulti, endOfComment(line, nInside), nSize,
                                           Role::Comment, HighlightState::MultiLineComment, pLine);
             if (nEnd == nAt) {
                 return; // patterns that match nothing lead nowhere

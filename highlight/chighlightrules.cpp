@@ -101,12 +101,13 @@ bool CHighlightRules::highlight(const QString &strText, int nPreviousState, High
         return true;
     }
     bool bInsideTag = isInsideTag(nPreviousState);
-    CLanguage::CCode code(m_own, strText);
-    if (!code.add(0, strText.size(), &bInsideTag, &pLine->lstRanges, isAborted)) {
+    m_line.assign(strText);
+    m_own.setLine(&m_line);
+    if (!m_own.add(0, strText.size(), &bInsideTag, &pLine->lstRanges, isAborted)) {
         return false;
     }
     pLine->nState = bInsideTag ? int(HighlightState::InsideTag) : 0;
-    m_comments.scan(strText, nPreviousState, pLine);
+    m_comments.scan(m_line, nPreviousState, pLine);
     return true;
 }
 
@@ -118,15 +119,26 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
     };
     const int nBefore = nPreviousState < 0 ? 0 : nPreviousState >> nStateBits;
     std::vector<RegionSpan> &lstSpans = m_lstSpans;
-    CRegionScanner scanner(strText, m_states.stackOf(nBefore), languages, &lstSpans);
+    m_line.assign(strText);
+    if (nBefore != m_nStack) {
+        m_stack = m_states.stackOf(nBefore);
+        m_nStack = m_stack.empty() ? 0 : nBefore;
+    }
+    CRegionScanner scanner(m_line, &m_stack, languages, &lstSpans);
     scanner.scan();
+    if (scanner.hasChangedStack()) {
+        m_nStack = m_states.numberOf(m_stack);
+        if (m_nStack == 0) {
+            m_stack.clear(); // The table of stacks may be full.
+        }
+    }
     bool bInsideTag = isInsideTag(nPreviousState);
     QVarLengthArray<bool, 32> lstDone(m_lstLanguages.size());
     std::fill(lstDone.begin(), lstDone.end(), false);
     for (const RegionSpan &span : lstSpans) {
         if (span.role == RegionRole::Code && !lstDone[span.nLanguage]) {
             lstDone[span.nLanguage] = true;
-            if (!addCode(strText, lstSpans, span.nLanguage, &bInsideTag, pLine, isAborted)) {
+            if (!addCode(lstSpans, span.nLanguage, &bInsideTag, pLine, isAborted)) {
                 return false;
             }
         }
@@ -138,17 +150,18 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
                                         bComment ? HighlightRole::Comment : HighlightRole::String});
         }
     }
-    pLine->nState = (m_states.numberOf(scanner.stack()) << nStateBits)
+    pLine->nState = (m_nStack << nStateBits)
         | (bInsideTag ? int(HighlightState::InsideTag) : 0) | openBit(scanner.roleAtEnd());
     return true;
 }
 
 // The parts of one language, whose matches are found in one walk.
-bool CHighlightRules::addCode(const QString &strText, const std::vector<RegionSpan> &lstSpans,
-                              int nLanguage, bool *pInsideTag, HighlightLine *pLine,
+bool CHighlightRules::addCode(const std::vector<RegionSpan> &lstSpans, int nLanguage,
+                              bool *pInsideTag, HighlightLine *pLine,
                               const AbortCheck &isAborted) const
 {
-    CLanguage::CCode code(language(nLanguage), strText);
+    const CLanguage &code = language(nLanguage);
+    code.setLine(&m_line);
     for (const RegionSpan &span : lstSpans) {
         if (span.role == RegionRole::Code && span.nLanguage == nLanguage
             && !code.add(span.nStart, span.nEnd, pInsideTag, &pLine->lstRanges, isAborted)) {

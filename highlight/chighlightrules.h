@@ -43,7 +43,7 @@ private:
 
     bool highlightRegions(const QString &strText, int nPreviousState, HighlightLine *pLine,
                           const AbortCheck &isAborted) const;
-    bool addCode(const QString &strText, const std::vector<RegionSpan> &lstSpans, int nLanguage,
+    bool addCode(const std::vector<RegionSpan> &lstSpans, int nLanguage,
                  bool *pInsideTag, HighlightLine *pLine, const AbortCheck &isAborted) const;
 
     QString m_strLanguage;
@@ -61,5 +61,9 @@ private:
     QVariantMap m_mapEmbedded;
     mutable std::vector<std::optional<CLanguage>> m_lstEmbedded;
     mutable CRegionStates m_states;
+    // What the last line left open and its number: most often the next line begins with it.
+    mutable RegionStack m_stack;
+    mutable int m_nStack = 0;
+    mutable CSymbolLine m_line;
     mutable std::vector<RegionSpan> m_lstSpans; // of the line under way; keeps its memory
 };

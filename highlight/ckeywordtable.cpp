@@ -1,9 +1,9 @@
 #include "highlight/ckeywordtable.h"
 
-#include "highlight/characterclasses.h"
 #include "highlight/clinepattern.h"
 
 #include <algorithm>
+#include <cstring>
 
 using namespace CharacterClass;
 
@@ -23,15 +23,10 @@ quint32 lengthBit(int nLength)
     return quint32(1) << std::min(nLength, 31);
 }
 
-int firstIndex(QChar ch)
-{
-    return std::min<int>(ch.unicode(), 128);
-}
-
 } // namespace
 
 CKeywordTable::CKeywordTable(Qt::CaseSensitivity sensitivity)
-    : m_sensitivity(sensitivity), m_lstBuckets(1, -1)
+    : m_sensitivity(sensitivity), m_lstBuckets(4, -1)
 {
 }
 
@@ -49,10 +44,15 @@ bool CKeywordTable::add(const QString &strKeyword, int nRule)
     QString strFolded = strPlain;
     std::transform(strFolded.begin(), strFolded.end(), strFolded.begin(),
                    [this](QChar ch) { return folded(ch); });
-    m_lstEntries.push_back({strFolded, nWordLength, nRule, -1});
-    m_arrLengths[firstIndex(strFolded.at(0))] |= lengthBit(nWordLength);
+    Entry entry {strFolded, {}, bAscii, nWordLength, nRule, 0, -1};
+    for (const QChar ch : strFolded) {
+        entry.lstSymbols.push_back(uchar(symbolOf(ch)));
+    }
+    entry.nHash = hashOf(entry.lstSymbols.data(), nWordLength);
+    m_arrLengths[entry.lstSymbols.front()] |= lengthBit(nWordLength);
+    m_lstEntries.push_back(entry);
     if (m_lstBuckets.size() < 2 * m_lstEntries.size()) {
-        m_lstBuckets.assign(4 * m_lstEntries.size(), -1);
+        m_lstBuckets.assign(4 * m_lstBuckets.size(), -1);
         for (int n = 0; n < int(m_lstEntries.size()); ++n) {
             link(n);
         }
@@ -73,62 +73,77 @@ QChar CKeywordTable::folded(QChar ch) const
     return ch.toLower();
 }
 
-uint CKeywordTable::hash(const QChar *pch, int nLength) const
+uint CKeywordTable::hashOf(const uchar *pSymbols, int nLength)
 {
-    uint nHash = uint(nLength);
+    uint nHash = 0;
     for (int n = 0; n < nLength; ++n) {
-        nHash = nHash * 31 + folded(pch[n]).unicode();
+        nHash = nHash * 31 + pSymbols[n];
     }
-    return nHash ^ (nHash >> 15);
+    return nHash ^ (nHash >> 7);
 }
 
 void CKeywordTable::link(int nEntry)
 {
-    Entry &entry = m_lstEntries[nEntry];
-    int &nHead =
-        m_lstBuckets[hash(entry.strKeyword.constData(), entry.nWordLength) % m_lstBuckets.size()];
+    Entry &entry = m_lstEntries[size_t(nEntry)];
+    int &nHead = m_lstBuckets[entry.nHash & (m_lstBuckets.size() - 1)];
     entry.nNext = nHead;
     nHead = nEntry;
 }
 
-void CKeywordTable::find(const QString &strText, int nStart, int nEnd,
-                         std::vector<KeywordHit> *pHits) const
+bool CKeywordTable::mayStartWith(int nSymbol) const
 {
-    const int nSize = strText.size();
-    const int nLast = nEnd < 0 ? nSize - 1 : std::min(nEnd, nSize - 1);
-    int n = nStart;
-    // A word that began before the start has no boundary there.
-    if (n > 0 && is(strText.at(n - 1), Word)) {
-        n = endOfWord(strText, n);
+    if (nSymbol >= 128 && m_sensitivity == Qt::CaseInsensitive) {
+        return isWordSymbol(nSymbol); // It may be folded into ASCII.
     }
-    while (n <= nLast) {
-        if (!is(strText.at(n), Word)) {
-            ++n;
-            continue;
+    const bool bCapital = nSymbol >= 'A' && nSymbol <= 'Z';
+    const bool bFold = bCapital && m_sensitivity == Qt::CaseInsensitive;
+    return m_arrLengths[size_t(bFold ? nSymbol + 32 : nSymbol)] != 0;
+}
+
+void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<KeywordHit> *pHits) const
+{
+    const bool bFold = m_sensitivity == Qt::CaseInsensitive;
+    if (bFold && line.hasFolding()) {
+        findFolding(line, nAt, pHits);
+        return;
+    }
+    const uchar *const pSymbols = (bFold ? line.folded() : line.symbols()) + nAt;
+    int nLength = 1;
+    while (arrWordSymbols[pSymbols[nLength]]) {
+        ++nLength;
+    }
+    if (!(m_arrLengths[pSymbols[0]] & lengthBit(nLength))) {
+        return;
+    }
+    const uint nHash = hashOf(pSymbols, nLength);
+    const int nLeft = line.size() - nAt;
+    for (int n = m_lstBuckets[nHash & (m_lstBuckets.size() - 1)]; n >= 0;) {
+        const Entry &entry = m_lstEntries[size_t(n)];
+        n = entry.nNext;
+        const auto nSize = int(entry.lstSymbols.size());
+        // What a keyword holds behind its first word is compared, too, and that it ends where a
+        // word begins or ends.
+        if (entry.nHash == nHash && entry.nWordLength == nLength && nSize <= nLeft
+            && memcmp(entry.lstSymbols.data(), pSymbols, size_t(nSize)) == 0
+            && arrWordSymbols[pSymbols[nSize - 1]] != arrWordSymbols[pSymbols[nSize]]
+            && (entry.bAscii || isAt(entry, line.text(), nAt))) {
+            pHits->push_back({entry.nRule, nAt, nSize});
         }
-        const int nAfter = endOfWord(strText, n);
-        const int nFirst = firstIndex(folded(strText.at(n)));
-        if (m_arrLengths[nFirst] & lengthBit(nAfter - n)) {
-            findWord(strText, n, nAfter - n, pHits);
-        }
-        n = nAfter;
     }
 }
 
-void CKeywordTable::findWord(const QString &strText, int nWord, int nLength,
-                             std::vector<KeywordHit> *pHits) const
+// In a line with letters that only folding makes equal to those of ASCII.
+void CKeywordTable::findFolding(const CSymbolLine &line, int nAt,
+                                std::vector<KeywordHit> *pHits) const
 {
-    const uint nHash = hash(strText.constData() + nWord, nLength);
-    for (int n = m_lstBuckets[nHash % m_lstBuckets.size()]; n >= 0; n = m_lstEntries[n].nNext) {
-        const Entry &entry = m_lstEntries[n];
-        if (entry.nWordLength == nLength && isAt(entry, strText, nWord)) {
-            pHits->push_back({entry.nRule, nWord, entry.strKeyword.size()});
+    const int nLength = endOfWord(line.text(), nAt) - nAt;
+    for (const Entry &entry : m_lstEntries) {
+        if (entry.nWordLength == nLength && isAt(entry, line.text(), nAt)) {
+            pHits->push_back({entry.nRule, nAt, entry.strKeyword.size()});
         }
     }
 }
 
-// The word has its full length; what a keyword holds behind its first word is compared here, and
-// that it ends where a word begins or ends.
 bool CKeywordTable::isAt(const Entry &entry, const QString &strText, int nAt) const
 {
     const int nLength = entry.strKeyword.size();

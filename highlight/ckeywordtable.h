@@ -1,6 +1,9 @@
 #pragma once
 
+#include "highlight/csymbolline.h"
+
 #include <QString>
+#include <array>
 #include <vector>
 
 // A match of the keyword rule with that number.
@@ -22,31 +25,35 @@ public:
     bool add(const QString &strKeyword, int nRule);
     bool isEmpty() const { return m_lstEntries.empty(); }
 
-    // Appends the keywords that begin in nStart..nEnd, or in the rest of the line when nEnd is
-    // negative, ordered by position. Matches of one rule may
-    // overlap only where a keyword repeats its own beginning, such as "a-a" in "a-a-a".
-    void find(const QString &strText, int nStart, int nEnd, std::vector<KeywordHit> *pHits) const;
+    // Whether a keyword may begin with this symbol.
+    bool mayStartWith(int nSymbol) const;
+    // Appends the keywords that begin with the word at nAt; a word has to begin there. Matches of
+    // one rule may overlap only where a keyword repeats its own beginning, such as "a-a" in
+    // "a-a-a".
+    void findAt(const CSymbolLine &line, int nAt, std::vector<KeywordHit> *pHits) const;
 
 private:
     struct Entry
     {
         QString strKeyword; // folded when letter case does not count
+        std::vector<uchar> lstSymbols; // of it
+        bool bAscii; // the symbols say all
         int nWordLength; // of the word it begins with
         int nRule;
+        uint nHash; // of that word
         int nNext; // in the same bucket, -1 at its end
     };
 
     QChar folded(QChar ch) const;
-    uint hash(const QChar *pch, int nLength) const;
+    static uint hashOf(const uchar *pSymbols, int nLength);
     void link(int nEntry);
-    void findWord(const QString &strText, int nWord, int nLength,
-                  std::vector<KeywordHit> *pHits) const;
+    void findFolding(const CSymbolLine &line, int nAt, std::vector<KeywordHit> *pHits) const;
     bool isAt(const Entry &entry, const QString &strText, int nAt) const;
 
     Qt::CaseSensitivity m_sensitivity;
     std::vector<Entry> m_lstEntries;
-    std::vector<int> m_lstBuckets; // heads of the chains
-    // For each first character below 128 the lengths of words that begin with it, as bits; bit 31
-    // stands for 31 and more. Words that begin with another character share the last entry.
-    quint32 m_arrLengths[129] = {};
+    std::vector<int> m_lstBuckets; // heads of the chains; their count is a power of two
+    // For each symbol the lengths of words that begin with it, as bits; bit 31 stands for 31 and
+    // more.
+    std::array<quint32, SymbolCount> m_arrLengths {};
 };

@@ -1,25 +1,6 @@
 #include "highlight/clanguage.h"
 
-#include "highlight/fixedrules.h"
-
-namespace {
-
-std::optional<CLinePattern> ownPattern(const QVariantMap &mapRegions, const QString &strTag,
-                                       Qt::CaseSensitivity sensitivity)
-{
-    const QVariantList lstChildren = mapRegions.value(QStringLiteral("children")).toList();
-    for (const QVariant &child : lstChildren) {
-        const QVariantMap mapChild = child.toMap();
-        if (mapChild.value(QStringLiteral("tag")).toString().toLower() == strTag) {
-            const QVariantMap mapAttributes = mapChild.value(QStringLiteral("attributes")).toMap();
-            return CLinePattern(mapAttributes.value(QStringLiteral("pattern")).toString(),
-                                sensitivity);
-        }
-    }
-    return std::nullopt;
-}
-
-} // namespace
+#include <utility>
 
 CLanguage::CLanguage(const QVariantMap &mapDefinition, const QStringList &lstLanguages)
 {
@@ -29,12 +10,31 @@ CLanguage::CLanguage(const QVariantMap &mapDefinition, const QStringList &lstLan
     const QVariantMap mapRegions = mapDefinition.value(QStringLiteral("regions")).toMap();
     const bool bSensitive = mapKeywords.value(QStringLiteral("casesensitive")).toBool();
     const Qt::CaseSensitivity sensitivity = bSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    m_keywords = CKeywordMatcher(sensitivity);
+    m_code = CCodeMatcher(sensitivity);
     readContexts(mapHighlighting.value(QStringLiteral("contexts")).toList());
     readKeywords(mapHighlighting);
     m_regions = CRegionRules(mapRegions, lstLanguages, sensitivity);
-    m_numbers = ownPattern(mapRegions, QStringLiteral("numbers"), sensitivity);
-    m_operators = ownPattern(mapRegions, QStringLiteral("operators"), sensitivity);
+    readFixedRules(mapRegions.value(QStringLiteral("children")).toList());
+}
+
+// Of each only the first counts.
+void CLanguage::readFixedRules(const QVariantList &lstElements)
+{
+    bool bNumbers = false;
+    bool bOperators = false;
+    for (const QVariant &element : lstElements) {
+        const QVariantMap mapElement = element.toMap();
+        const QString strTag = mapElement.value(QStringLiteral("tag")).toString().toLower();
+        const QString strPattern = mapElement.value(QStringLiteral("attributes"))
+                                       .toMap()
+                                       .value(QStringLiteral("pattern"))
+                                       .toString();
+        if (strTag == QLatin1String("numbers") && !std::exchange(bNumbers, true)) {
+            m_code.setNumbers(strPattern);
+        } else if (strTag == QLatin1String("operators") && !std::exchange(bOperators, true)) {
+            m_code.setOperators(strPattern);
+        }
+    }
 }
 
 void CLanguage::readContexts(const QVariantList &lstContexts)
@@ -71,91 +71,59 @@ void CLanguage::readKeywords(const QVariantMap &mapHighlighting)
                 continue;
             }
             if (bPatterns) {
-                m_keywords.addPattern(strItem);
+                m_code.addPattern(strItem);
             } else {
-                m_keywords.addWord(strItem);
+                m_code.addWord(strItem);
             }
         }
     }
 }
 
-CLanguage::CCode::CCode(const CLanguage &language, const QString &strText)
-    : m_language(language), m_strText(strText), m_search(language.m_keywords, strText)
+void CLanguage::setLine(const CSymbolLine *pLine) const
 {
+    m_pLine = pLine;
+    m_open = m_close = NextTag();
+    m_code.setLine(pLine);
 }
 
-bool CLanguage::CCode::add(int nFrom, int nTo, bool *pInsideTag,
-                           std::vector<HighlightRange> *pRanges, const AbortCheck &isAborted)
+bool CLanguage::add(int nFrom, int nTo, bool *pInsideTag, std::vector<HighlightRange> *pRanges,
+                    const AbortCheck &isAborted) const
 {
-    if (m_language.m_numbers) {
-        addMatches(*m_language.m_numbers, nFrom, nTo, HighlightRole::Number, &m_nextNumber,
-                   pRanges);
-    } else {
-        addNumbers(m_strText, nFrom, nTo, pRanges);
-    }
-    if (m_language.m_operators) {
-        addMatches(*m_language.m_operators, nFrom, nTo, HighlightRole::Operator, &m_nextOperator,
-                   pRanges);
-    } else {
-        addOperators(m_strText, nFrom, nTo, pRanges);
-    }
-    return addKeywords(nFrom, nTo, pInsideTag, pRanges, isAborted);
+    m_code.begin(nFrom, nTo);
+    const bool bDone = m_tagOpen.isEmpty() ? m_code.lookThrough(nFrom, nTo, true, isAborted)
+                                           : lookThroughTags(nFrom, nTo, pInsideTag, isAborted);
+    return bDone && m_code.finish(pRanges, isAborted);
 }
 
-void CLanguage::CCode::addMatches(const CLinePattern &pattern, int nFrom, int nTo,
-                                  HighlightRole role, Next *pNext,
-                                  std::vector<HighlightRange> *pRanges) const
+bool CLanguage::lookThroughTags(int nFrom, int nTo, bool *pInsideTag,
+                                const AbortCheck &isAborted) const
 {
-    if (m_search.hasSymbols() && !pattern.mayMatch(m_search.symbols())) {
-        return;
-    }
-    const auto search = [&](int nAt) {
-        pNext->nFrom = nAt;
-        pNext->nStart = pattern.indexIn(m_strText, nAt);
-        pNext->nLength = pattern.matchedLength();
-    };
-    const bool bAhead = pNext->nStart < 0 || pNext->nStart >= nFrom;
-    if (pNext->nFrom < 0 || pNext->nFrom > nFrom || !bAhead) {
-        search(nFrom);
-    }
-    while (pNext->nStart >= 0 && pNext->nStart < nTo && pNext->nLength > 0) {
-        const int nEnd = std::min(nTo, pNext->nStart + pNext->nLength);
-        pRanges->push_back({pNext->nStart, nEnd - pNext->nStart, role});
-        search(nEnd);
-    }
-}
-
-bool CLanguage::CCode::addKeywords(int nFrom, int nTo, bool *pInsideTag,
-                                   std::vector<HighlightRange> *pRanges,
-                                   const AbortCheck &isAborted)
-{
-    const int nSize = m_strText.size();
-    const bool bToEnd = nTo == nSize;
-    const auto addUpTo = [&](int nStart, int nEnd) {
-        const int nLast = bToEnd || (nEnd >= 0 && nEnd < nTo) ? nEnd : nTo - 1;
-        return m_search.addMatches(nStart, nLast, pRanges, isAborted);
-    };
-    const CLinePattern &open = m_language.m_tagOpen;
-    const CLinePattern &close = m_language.m_tagClose;
-    if (open.isEmpty()) {
-        return addUpTo(nFrom, -1);
-    }
-    int nStart = *pInsideTag ? nFrom : open.indexIn(m_strText, nFrom);
-    int nEnd = close.indexIn(m_strText, nFrom);
+    int nAt = nFrom;
+    int nStart = *pInsideTag ? nFrom : m_open.from(nFrom, m_tagOpen, *m_pLine);
     *pInsideTag = false;
-    while (nStart >= 0 && (bToEnd || nStart < nTo)) {
-        if (!addUpTo(nStart, nEnd)) {
+    while (nStart >= 0 && nStart < nTo) {
+        const int nEnd = m_close.from(nStart, m_tagClose, *m_pLine);
+        const bool bOpen = nEnd < 0 || nEnd >= nTo;
+        const int nBehind = bOpen ? nTo : nEnd + 1;
+        if (!m_code.lookThrough(nAt, nStart, false, isAborted)
+            || !m_code.lookThrough(nStart, nBehind, true, isAborted)) {
             return false;
         }
-        if (nEnd < 0 || (!bToEnd && nEnd >= nTo)) {
+        nAt = nBehind;
+        if (bOpen) {
             *pInsideTag = true;
             return true;
         }
-        // An opening that lies ahead is still the next one.
-        if (nStart <= nEnd) {
-            nStart = open.indexIn(m_strText, nEnd + 1);
-        }
-        nEnd = close.indexIn(m_strText, nEnd + 1);
+        nStart = m_open.from(nAt, m_tagOpen, *m_pLine);
     }
-    return true;
+    return m_code.lookThrough(nAt, nTo, false, isAborted);
+}
+
+int CLanguage::NextTag::from(int n, const CLinePattern &pattern, const CSymbolLine &line)
+{
+    if (nFrom < 0 || n < nFrom || (nAt >= 0 && n > nAt)) {
+        nFrom = n;
+        nAt = pattern.indexIn(line, n);
+    }
+    return nAt;
 }

@@ -1,6 +1,6 @@
 #include "highlight/clinepattern.h"
 
-#include <algorithm>
+#include <cstring>
 
 CLinePattern::CLinePattern(const QString &strPattern, Qt::CaseSensitivity sensitivity)
     : m_bEmpty(strPattern.isEmpty()), m_sensitivity(sensitivity), m_rx(strPattern, sensitivity)
@@ -37,26 +37,37 @@ QString CLinePattern::plainText(const QString &strPattern)
     return strPlain;
 }
 
-int CLinePattern::indexIn(const QString &strText, int nFrom, int nLast) const
+CAnchoredPattern *CLinePattern::machineFor(const CSymbolLine &line) const
 {
-    m_bSearchedAll = true;
-    if (m_bEmpty || !m_bValid) {
-        return -1;
-    }
-    if (!m_strPlain.isEmpty()) {
-        return indexOfPlain(strText, nFrom);
+#ifdef QUILLAN_WITHOUT_STATE_MACHINES
+    Q_UNUSED(line)
+    return nullptr;
+#else
+    if (m_bEmpty || !m_bValid || (m_sensitivity == Qt::CaseInsensitive && line.hasFolding())) {
+        return nullptr;
     }
     if (!m_machine) {
         m_machine.emplace(m_rx.pattern(), m_sensitivity);
     }
-    if (m_machine->isUsable()) {
-        const int nStart = indexByAutomaton(strText, nFrom, nLast);
-        if (nStart >= -1) {
-            m_bSearchedAll = nLast < 0;
+    return m_machine->isUsable() ? &*m_machine : nullptr;
+#endif
+}
+
+int CLinePattern::indexIn(const CSymbolLine &line, int nFrom) const
+{
+    if (m_bEmpty || !m_bValid) {
+        return -1;
+    }
+    if (!m_strPlain.isEmpty()) {
+        return indexOfPlain(line.text(), nFrom);
+    }
+    if (CAnchoredPattern *const pMachine = machineFor(line)) {
+        const int nStart = indexByAutomaton(pMachine, line, nFrom);
+        if (pMachine->isUsable()) {
             return nStart;
         }
     }
-    const int nStart = m_rx.indexIn(strText, nFrom);
+    const int nStart = m_rx.indexIn(line.text(), nFrom);
     m_nLength = m_rx.matchedLength();
     return nStart;
 }
@@ -72,31 +83,20 @@ int CLinePattern::indexOfPlain(const QString &strText, int nFrom) const
     return nAt;
 }
 
-// -2 when the automaton cannot tell: letters that equal others only when case does not count are
-// QRegExp's business, and so is a pattern whose machine has grown too large.
-int CLinePattern::indexByAutomaton(const QString &strText, int nFrom, int nLast) const
+int CLinePattern::indexByAutomaton(CAnchoredPattern *pMachine, const CSymbolLine &line, int nFrom) const
 {
-    const QChar *const pch = strText.constData();
-    const int nSize = strText.size();
-    const int nLimit = nLast < 0 ? nSize : std::min(nSize, nLast);
-    const bool bFolds = m_sensitivity == Qt::CaseInsensitive;
-    for (int n = nFrom; n <= nLimit; ++n) {
-        while (n < nSize && n <= nLimit && !m_machine->mayStartWith(symbolOf(pch[n]))) {
-            if (bFolds && foldsToAscii(pch[n])) {
-                return -2;
-            }
-            ++n;
+    const uchar *const pSymbols = line.symbols();
+    const int nSize = line.size();
+    const SymbolSet &first = pMachine->mayStartWith();
+    const int nOnly = pMachine->onlyStart();
+    for (int n = nFrom; n <= nSize; ++n) {
+        if (nOnly >= 0 && n < nSize) {
+            const void *const pNext = memchr(pSymbols + n, nOnly, size_t(nSize - n));
+            n = pNext ? int(static_cast<const uchar *>(pNext) - pSymbols) : nSize;
+        } else if (n < nSize && !first[pSymbols[n]]) {
+            continue;
         }
-        if (n > nLimit) {
-            break;
-        }
-        if (bFolds && n < nSize && foldsToAscii(pch[n])) {
-            return -2;
-        }
-        const int nEnd = m_machine->endOfMatch(strText, n);
-        if (!m_machine->isUsable() || (bFolds && m_machine->takeDoubt())) {
-            return -2;
-        }
+        const int nEnd = pMachine->endOfMatch(line, n);
         if (nEnd >= 0) {
             m_nLength = nEnd - n;
             return n;

@@ -20,22 +20,24 @@ public:
 
     bool isEmpty() const { return m_bEmpty; }
     bool isValid() const { return m_bValid; }
-    // Whether a line with these characters can hold a match.
-    bool mayMatch(const SymbolSet &line) const { return m_required.areIn(line); }
+    // What a line that holds a match has to hold.
+    const RequiredCharacters &required() const { return m_required; }
     // The first match from nFrom on and in it the longest; -1 when there is none. "^" stands for
-    // the start of the line. Unless nLast is negative a match that begins behind it may be missed.
-    int indexIn(const QString &strText, int nFrom, int nLast = -1) const;
-    // Whether the last search would have found a match anywhere in the rest of the line.
-    bool searchedAll() const { return m_bSearchedAll; }
+    // the start of the line.
+    int indexIn(const CSymbolLine &line, int nFrom) const;
     // Of the match found last, in UTF-16 code units; may be 0.
     int matchedLength() const { return m_nLength; }
 
     // The text that a pattern stands for if it is plain; a null string when it is not.
     static QString plainText(const QString &strPattern);
+    // The machine that finds it; null when only QRegExp can, as in a line with letters that equal
+    // others when case does not count.
+    CAnchoredPattern *machineFor(const CSymbolLine &line) const;
 
 private:
     int indexOfPlain(const QString &strText, int nFrom) const;
-    int indexByAutomaton(const QString &strText, int nFrom, int nLast) const;
+    int indexByAutomaton(CAnchoredPattern *pMachine,
+                         const CSymbolLine &line, int nFrom) const;
 
     bool m_bEmpty = true;
     bool m_bValid = true;
@@ -46,5 +48,4 @@ private:
     mutable std::optional<CAnchoredPattern> m_machine;
     QRegExp m_rx;
     mutable int m_nLength = -1;
-    mutable bool m_bSearchedAll = true;
 };

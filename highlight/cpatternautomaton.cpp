@@ -5,7 +5,6 @@
 namespace {
 
 constexpr int nAccept = 0; // the first NFA state: a match ends here
-constexpr int nLineEnd = -1; // in place of a symbol
 constexpr size_t nMaxNfa = 4000;
 constexpr size_t nMaxStates = 1000;
 
@@ -25,16 +24,13 @@ CPatternAutomaton::CPatternAutomaton(const PatternNode &pattern)
         return;
     }
     classify();
-    std::vector<bool> lstMayStart(m_lstSymbolOfClass.size());
-    for (int nContext = 0; nContext < 4; ++nContext) {
-        const int nState = stateFor({m_nStart}, nContext);
-        for (size_t nClass = 0; nClass < lstMayStart.size(); ++nClass) {
-            const bool bMay = step(nState, int(nClass)) != code(-1, false);
-            lstMayStart[nClass] = lstMayStart[nClass] || bMay;
+    for (int nContext = 0; nContext < ContextCount; ++nContext) {
+        const int nState = startState(nContext);
+        for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+            const int nKnown = m_lstSteps[size_t(nState) * nWidth + size_t(nSymbol)];
+            const int nCode = nKnown < 0 ? step(nState, nSymbol) : nKnown;
+            m_arrMayStart[size_t(nContext)][size_t(nSymbol)] = nCode != code(-1, false);
         }
-    }
-    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
-        m_mayStart[nSymbol] = lstMayStart[size_t(m_arrClass[nSymbol])];
     }
 }
 
@@ -119,25 +115,22 @@ void CPatternAutomaton::classify()
         for (const SymbolSet &set : lstSets) {
             lstSignature.push_back(set[size_t(nSymbol)]);
         }
-        const auto [it, bNew] = mapClasses.insert({lstSignature, int(mapClasses.size())});
-        m_arrClass[nSymbol] = it->second;
-        if (bNew) {
-            m_lstSymbolOfClass.push_back(nSymbol);
-        }
+        const auto it = mapClasses.insert({lstSignature, int(mapClasses.size())}).first;
+        m_arrClass[size_t(nSymbol)] = it->second;
     }
-    m_lstSymbolOfClass.push_back(nLineEnd);
+    m_arrClass[LineEndSymbol] = int(mapClasses.size());
 }
 
 // Whether an anchor holds between what the context says and the symbol ahead.
 bool CPatternAutomaton::holds(PatternNode::Kind kind, int nContext, int nSymbol) const
 {
-    const bool bWordAhead = nSymbol != nLineEnd && isWordSymbol(nSymbol);
+    const bool bWordAhead = nSymbol != LineEndSymbol && isWordSymbol(nSymbol);
     const bool bEdge = bWordAhead != bool(nContext & BehindWord);
     switch (kind) {
     case PatternNode::LineStart:
         return nContext & AtLineStart;
     case PatternNode::LineEnd:
-        return nSymbol == nLineEnd;
+        return nSymbol == LineEndSymbol;
     case PatternNode::WordEdge:
         return bEdge;
     default:
@@ -150,16 +143,15 @@ int CPatternAutomaton::stateFor(std::vector<int> lstNfa, int nContext)
     const auto [it, bNew] =
         m_mapStates.insert({{std::move(lstNfa), nContext}, int(m_lstStates.size())});
     if (bNew) {
-        m_lstStates.push_back(
-            {it->first.first, nContext, std::vector<int>(m_lstSymbolOfClass.size(), -1)});
+        m_lstStates.push_back({it->first.first, nContext});
+        m_lstSteps.resize(m_lstSteps.size() + nWidth, -1);
         m_bUsable = m_bUsable && m_lstStates.size() < nMaxStates;
     }
     return it->second;
 }
 
-int CPatternAutomaton::step(int nState, int nClass)
+int CPatternAutomaton::step(int nState, int nSymbol)
 {
-    const int nSymbol = m_lstSymbolOfClass[size_t(nClass)];
     const int nContext = m_lstStates[size_t(nState)].nContext;
     std::vector<bool> lstSeen(m_lstNfa.size());
     std::vector<int> lstToDo = m_lstStates[size_t(nState)].lstNfa;
@@ -179,7 +171,7 @@ int CPatternAutomaton::step(int nState, int nClass)
             lstToDo.push_back(nfa.nOut);
             lstToDo.push_back(nfa.nOther);
         } else if (nfa.kind == PatternNode::Symbol) {
-            if (nSymbol != nLineEnd && nfa.set[size_t(nSymbol)]) {
+            if (nSymbol != LineEndSymbol && nfa.set[size_t(nSymbol)]) {
                 lstReached.push_back(nfa.nOut);
             }
         } else if (holds(nfa.kind, nContext, nSymbol)) {
@@ -189,20 +181,19 @@ int CPatternAutomaton::step(int nState, int nClass)
     std::sort(lstReached.begin(), lstReached.end());
     lstReached.erase(std::unique(lstReached.begin(), lstReached.end()), lstReached.end());
     const int nAfter =
-        m_bUsesWords && nSymbol != nLineEnd && isWordSymbol(nSymbol) ? BehindWord : 0;
+        m_bUsesWords && nSymbol != LineEndSymbol && isWordSymbol(nSymbol) ? BehindWord : 0;
     const int nNext = lstReached.empty() ? -1 : stateFor(std::move(lstReached), nAfter);
     const int nCode = code(nNext, bEnds);
-    m_lstStates[size_t(nState)].lstNext[size_t(nClass)] = nCode;
-    return nCode;
+    for (size_t n = 0; n < nWidth; ++n) {
+        if (m_arrClass[n] == m_arrClass[size_t(nSymbol)]) {
+            m_lstSteps[size_t(nState) * nWidth + n] = qint16(nCode);
+        }
+    }
+    return m_bUsable ? nCode : code(-1, false);
 }
 
-int CPatternAutomaton::startState(const QString &strText, int nStart)
+int CPatternAutomaton::startState(int nContext)
 {
-    int nContext = nStart == 0 ? AtLineStart : 0;
-    if (m_bUsesWords && nStart > 0
-        && CharacterClass::is(strText.at(nStart - 1), CharacterClass::Word)) {
-        nContext |= BehindWord;
-    }
     int &nState = m_arrStartStates[nContext];
     if (nState < 0) {
         nState = stateFor({m_nStart}, nContext);
@@ -210,38 +201,89 @@ int CPatternAutomaton::startState(const QString &strText, int nStart)
     return nState;
 }
 
-int CPatternAutomaton::classOf(QChar ch)
+// symbolAt() gives the symbol so many steps ahead; onEnd(), told of an end, whether to go on.
+template<typename SymbolAt, typename OnEnd>
+void CPatternAutomaton::run(int nState, SymbolAt symbolAt, OnEnd onEnd)
 {
-    m_bDoubt = m_bDoubt || (!CharacterClass::isAscii(ch) && foldsToAscii(ch));
-    return m_arrClass[symbolOf(ch)];
-}
-
-template<typename OnEnd>
-void CPatternAutomaton::run(const QString &strText, int nStart, OnEnd onEnd)
-{
-    int nState = startState(strText, nStart);
-    for (int n = nStart; m_bUsable && nState >= 0; ++n) {
-        const int nClass =
-            n < strText.size() ? classOf(strText.at(n)) : int(m_lstSymbolOfClass.size()) - 1;
-        int nCode = m_lstStates[size_t(nState)].lstNext[size_t(nClass)];
+    const qint16 *pSteps = m_lstSteps.data();
+    for (int n = 0; nState >= 0; ++n) {
+        const int nSymbol = symbolAt(n);
+        int nCode = pSteps[size_t(nState) * nWidth + size_t(nSymbol)];
         if (nCode < 0) {
-            nCode = step(nState, nClass);
+            nCode = step(nState, nSymbol);
+            pSteps = m_lstSteps.data();
         }
-        if (nCode & 1) {
-            onEnd(n);
+        if ((nCode & 1) && !onEnd(n)) {
+            return;
         }
-        nState = nCode / 2 - 1;
+        nState = (nCode >> 1) - 1;
     }
 }
 
-void CPatternAutomaton::findEnds(const QString &strText, int nStart, std::vector<int> *pEnds)
+template<typename OnEnd>
+void CPatternAutomaton::runForwards(const CSymbolLine &line, int nStart, OnEnd onEnd)
 {
-    run(strText, nStart, [pEnds](int nEnd) { pEnds->push_back(nEnd); });
+    const uchar *const pSymbols = line.symbols() + nStart;
+    const int nContext = nStart == 0 ? AtLineStart
+        : m_bUsesWords && isWordSymbol(pSymbols[-1]) ? BehindWord
+                                                     : 0;
+    run(
+        m_arrStartStates[nContext], [pSymbols](int n) { return int(pSymbols[n]); },
+        [nStart, &onEnd](int n) { return onEnd(nStart + n); });
 }
 
-int CPatternAutomaton::longestEnd(const QString &strText, int nStart)
+void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds)
+{
+    runForwards(line, nStart, [pEnds](int nEnd) {
+        pEnds->push_back(nEnd);
+        return true;
+    });
+}
+
+void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds,
+                                 const SymbolSet &before)
+{
+    const uchar *const pSymbols = line.symbols();
+    runForwards(line, nStart, [=, &before](int nEnd) {
+        if (pSymbols[nEnd] == LineEndSymbol || before[pSymbols[nEnd]]) {
+            pEnds->push_back(nEnd);
+        }
+        return true;
+    });
+}
+
+int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
 {
     int nLongest = -1;
-    run(strText, nStart, [&nLongest](int nEnd) { nLongest = nEnd; });
+    runForwards(line, nStart, [&nLongest](int nEnd) {
+        nLongest = nEnd;
+        return true;
+    });
     return nLongest;
+}
+
+bool CPatternAutomaton::matches(const CSymbolLine &line, int nStart)
+{
+    bool bFound = false;
+    runForwards(line, nStart, [&bFound](int) {
+        bFound = true;
+        return false;
+    });
+    return bFound;
+}
+
+// Where more text stands before what is read, the line's start is not there.
+bool CPatternAutomaton::matchesBackwards(const CSymbolLine &line, int nEnd, int nMax)
+{
+    const int nCount = std::min(nEnd, nMax);
+    const uchar *const pSymbols = line.symbols() + nEnd - 1;
+    const auto symbolAt = [pSymbols, nCount, bCut = nCount < nEnd](int n) {
+        return n < nCount ? int(*(pSymbols - n)) : bCut && n == nCount ? OtherSymbol : LineEndSymbol;
+    };
+    bool bFound = false;
+    run(m_arrStartStates[AtLineStart], symbolAt, [&bFound](int) {
+        bFound = true;
+        return false;
+    });
+    return bFound;
 }

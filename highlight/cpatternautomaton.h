@@ -1,10 +1,10 @@
 #pragma once
 
+#include "highlight/csymbolline.h"
 #include "highlight/patternsyntax.h"
 
-#include <QString>
+#include <array>
 #include <map>
-#include <utility>
 #include <vector>
 
 // Finds what a QRegExp pattern matches, first and longest, character by character without going
@@ -13,21 +13,28 @@
 class CPatternAutomaton
 {
 public:
+    // What is known of the place where a match begins.
+    enum Context { BehindWord = 1, AtLineStart = 2, ContextCount = 4 };
+
     // Of a pattern without lookaheads.
     explicit CPatternAutomaton(const PatternNode &pattern);
 
     // Whether the machine stayed small enough; a search may find that it does not.
     bool isUsable() const { return m_bUsable; }
-    // Whether a search met letters that equal one of ASCII when letter case does not count, which
-    // symbols do not tell; asking forgets it.
-    bool takeDoubt() { return std::exchange(m_bDoubt, false); }
-    // Whether a match may begin with this symbol.
-    bool mayStartWith(int nSymbol) const { return m_mayStart[size_t(nSymbol)]; }
+    // The symbols that a match may begin with, or stand before when it is empty.
+    const SymbolSet &mayStartWith(int nContext) const { return m_arrMayStart[size_t(nContext)]; }
 
     // Appends the ends of the matches that begin at nStart, ascending.
-    void findEnds(const QString &strText, int nStart, std::vector<int> *pEnds);
+    void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
+    // Only those before one of these symbols or the line's end.
+    void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds,
+                  const SymbolSet &before);
     // The end of the longest match that begins at nStart, -1 when there is none.
-    int longestEnd(const QString &strText, int nStart);
+    int longestEnd(const CSymbolLine &line, int nStart);
+    // Whether a match begins at nStart.
+    bool matches(const CSymbolLine &line, int nStart);
+    // The same with the text read backwards from nEnd, and of it nMax characters only.
+    bool matchesBackwards(const CSymbolLine &line, int nEnd, int nMax);
 
 private:
     struct NfaState
@@ -38,13 +45,12 @@ private:
         int nOut = 0;
         int nOther = 0;
     };
-    enum Context { BehindWord = 1, AtLineStart = 2 };
     struct State
     {
         std::vector<int> lstNfa; // what it stands for, before anchors are looked at
         int nContext;
-        std::vector<int> lstNext; // by class of the symbol ahead: code(), or -1 when not yet known
     };
+    static constexpr size_t nWidth = SymbolCount + 1; // of the table of steps
 
     int addNfa(PatternNode::Kind kind, int nOut, int nOther = -1);
     int compile(const PatternNode &node, int nNext);
@@ -52,21 +58,22 @@ private:
     void classify();
     bool holds(PatternNode::Kind kind, int nContext, int nSymbol) const;
     int stateFor(std::vector<int> lstNfa, int nContext);
-    int step(int nState, int nClass);
-    int startState(const QString &strText, int nStart);
-    int classOf(QChar ch);
-    template<typename OnEnd> void run(const QString &strText, int nStart, OnEnd onEnd);
+    int step(int nState, int nSymbol);
+    int startState(int nContext);
+    template<typename SymbolAt, typename OnEnd>
+    void run(int nState, SymbolAt symbolAt, OnEnd onEnd);
+    template<typename OnEnd> void runForwards(const CSymbolLine &line, int nStart, OnEnd onEnd);
 
     std::vector<NfaState> m_lstNfa;
     int m_nStart = 0;
     bool m_bUsesWords = false;
     bool m_bUsable = true;
-    bool m_bDoubt = false;
     // Symbols that the pattern does not tell apart share a class; the last class is the line's end.
-    int m_arrClass[SymbolCount] = {};
-    std::vector<int> m_lstSymbolOfClass;
-    SymbolSet m_mayStart;
+    std::array<int, nWidth> m_arrClass {};
+    std::array<SymbolSet, ContextCount> m_arrMayStart;
     std::vector<State> m_lstStates;
+    // For each state the steps by the symbol ahead: code(), or -1 when not yet known.
+    std::vector<qint16> m_lstSteps;
     std::map<std::pair<std::vector<int>, int>, int> m_mapStates;
-    int m_arrStartStates[4] = {-1, -1, -1, -1};
+    int m_arrStartStates[ContextCount] = {-1, -1, -1, -1};
 };

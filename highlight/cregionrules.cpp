@@ -10,10 +10,7 @@ namespace {
 SymbolSet symbolsOf(const RegionRule &rule)
 {
     const CAnchoredPattern &first = rule.bHasStart ? rule.start : rule.key;
-    SymbolSet set;
-    for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
-        set[size_t(nSymbol)] = first.mayStartWith(nSymbol);
-    }
+    SymbolSet set = first.mayStartWith();
     const bool bKeyFirst = rule.bHasKey && !rule.bHasStart;
     if (bKeyFirst && rule.kind == RegionRule::Nest) {
         set.reset();
@@ -63,6 +60,11 @@ void CRegionRules::fillSymbols()
                 context.arrRulesAtLineStart[nSymbol] |= quint64(lstSymbols[nRule][nSymbol]) << nBit;
             }
             context.nRulesAtLineEnd |= quint64(rule.kind == RegionRule::End) << nBit;
+        }
+        for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+            if (context.arrRules[size_t(nSymbol)]) {
+                context.nOnlyStart = ++context.nStarts == 1 ? nSymbol : -1;
+            }
         }
     }
     for (const int nRule : m_lstAnywhere) {

@@ -52,6 +52,8 @@ struct RegionContext
     // start.
     std::array<quint64, SymbolCount> arrRules {};
     std::array<quint64, SymbolCount> arrRulesAtLineStart {};
+    int nStarts = 0; // symbols that one of the rules may begin with
+    int nOnlyStart = -1; // the only one of them
     quint64 nRulesAtLineEnd = 0; // that may match there without a character
 };
 

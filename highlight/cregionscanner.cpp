@@ -1,5 +1,8 @@
 #include "highlight/cregionscanner.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 constexpr int nMaxInPlace = 50;
@@ -12,10 +15,11 @@ bool isFirm(const RegionFrame &frame, const RegionContext &context)
 
 } // namespace
 
-CRegionScanner::CRegionScanner(const QString &strText, RegionStack stack,
+CRegionScanner::CRegionScanner(const CSymbolLine &line, RegionStack *pStack,
                                const Languages &languages, std::vector<RegionSpan> *pSpans)
-    : m_strText(strText),
-      m_stack(std::move(stack)),
+    : m_line(line),
+      m_strText(line.text()),
+      m_stack(*pStack),
       m_languages(languages),
       m_own(languages(0)),
       m_lstSpans(*pSpans)
@@ -32,7 +36,7 @@ const QString &CRegionScanner::key() const
 
 const RegionContext &CRegionScanner::contextOf(const RegionFrame &frame) const
 {
-    return m_languages(frame.nLanguage).context(frame.nContext);
+    return rulesOf(frame.nLanguage).context(frame.nContext);
 }
 
 // Columns that the line's blanks take, -1 when it has nothing else.
@@ -53,18 +57,23 @@ void CRegionScanner::look()
 {
     if (m_stack.empty()) {
         m_nLanguage = std::max(0, m_own.baseLanguage());
-        m_pRules = m_nLanguage == 0 ? &m_own : &m_languages(m_nLanguage);
+        m_pRules = &rulesOf(m_nLanguage);
         m_pContext = &m_pRules->context(0);
     } else {
         m_nLanguage = m_stack.back().nLanguage;
-        m_pRules = &m_languages(m_nLanguage);
+        m_pRules = &rulesOf(m_nLanguage);
         m_pContext = &m_pRules->context(m_stack.back().nContext);
     }
     m_bFirmBelow = false;
+    const bool bAnywhere = !m_own.rulesAnywhere().empty();
+    if (m_stack.size() <= 1 && !bAnywhere) {
+        m_pAnywhere = nullptr;
+        return;
+    }
     m_overrides.reset();
     bool bOwn = false;
     for (size_t n = 0; n < m_stack.size(); ++n) {
-        const CRegionRules &rules = m_languages(m_stack[n].nLanguage);
+        const CRegionRules &rules = rulesOf(m_stack[n].nLanguage);
         const RegionContext &context = rules.context(m_stack[n].nContext);
         if (n + 1 < m_stack.size() && isFirm(m_stack[n], context)) {
             m_bFirmBelow = true;
@@ -72,7 +81,7 @@ void CRegionScanner::look()
         }
         bOwn = bOwn || m_stack[n].nLanguage == 0;
     }
-    m_pAnywhere = !bOwn && !m_own.rulesAnywhere().empty() ? &m_own : nullptr;
+    m_pAnywhere = !bOwn && bAnywhere ? &m_own : nullptr;
     if (m_pAnywhere) {
         m_overrides |= m_own.symbolsAnywhere();
     }
@@ -109,6 +118,7 @@ void CRegionScanner::dropDedented()
         }
         if (m_nIndentation >= 0 && m_nIndentation <= m_stack[n].strKey.toInt()) {
             m_stack.resize(n);
+            m_bChanged = true;
         }
     }
 }
@@ -117,20 +127,27 @@ void CRegionScanner::dropDedented()
 int CRegionScanner::nextCandidate(int nFrom) const
 {
     const int nSize = m_strText.size();
-    const QChar *const pch = m_strText.constData();
+    const uchar *const pSymbols = m_line.symbols();
     const auto &arrRules = m_pContext->arrRules;
     int n = nFrom;
     if (n == 0) {
         return n;
     }
     if (m_bFirmBelow || m_pAnywhere) {
-        while (n < nSize && !arrRules[size_t(symbolOf(pch[n]))]
-               && !m_overrides[size_t(symbolOf(pch[n]))]) {
+        while (n < nSize && !arrRules[pSymbols[n]]
+               && !m_overrides[pSymbols[n]]) {
             ++n;
         }
         return n;
     }
-    while (n < nSize && !arrRules[size_t(symbolOf(pch[n]))]) {
+    if (m_pContext->nStarts == 0) {
+        return std::max(n, nSize);
+    }
+    if (m_pContext->nOnlyStart >= 0 && n < nSize) {
+        const void *const pNext = memchr(pSymbols + n, m_pContext->nOnlyStart, size_t(nSize - n));
+        return pNext ? int(static_cast<const uchar *>(pNext) - pSymbols) : nSize;
+    }
+    while (n < nSize && !arrRules[pSymbols[n]]) {
         ++n;
     }
     return n;
@@ -143,7 +160,7 @@ bool CRegionScanner::applyAt(int nAt)
     }
     quint64 nBits = m_pContext->nRulesAtLineEnd;
     if (nAt < m_strText.size()) {
-        const auto nSymbol = size_t(symbolOf(m_strText.at(nAt)));
+        const auto nSymbol = size_t(m_line.symbols()[nAt]);
         nBits = (nAt == 0 ? m_pContext->arrRulesAtLineStart : m_pContext->arrRules)[nSymbol];
     }
     for (size_t n = 0; nBits != 0; ++n, nBits >>= 1) {
@@ -160,7 +177,7 @@ bool CRegionScanner::applyOverride(int nAt)
 {
     for (size_t n = 0; n + 1 < m_stack.size() && m_bFirmBelow; ++n) {
         const RegionFrame &frame = m_stack[n];
-        const CRegionRules &rules = m_languages(frame.nLanguage);
+        const CRegionRules &rules = rulesOf(frame.nLanguage);
         const RegionContext &context = rules.context(frame.nContext);
         if (!isFirm(frame, context)) {
             continue;
@@ -201,9 +218,11 @@ void CRegionScanner::endLine()
         const RegionContext::Lines lines = contextOf(m_stack[n]).lines;
         if (lines == RegionContext::One || (lines == RegionContext::Backslash && !isContinued())) {
             m_stack.resize(n);
+            m_bChanged = true;
         }
     }
     // The first comes first, and the others wait below it.
+    m_bChanged = m_bChanged || !m_lstPending.empty();
     for (auto it = m_lstPending.rbegin(); it != m_lstPending.rend(); ++it) {
         m_stack.push_back(*it);
         m_stack.back().bWaits = it + 1 != m_lstPending.rend();

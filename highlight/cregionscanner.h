@@ -25,20 +25,25 @@ public:
     // has to stay where it is.
     using Languages = std::function<const CRegionRules &(int nLanguage)>;
 
-    // Of what holds the text, and stack as the line before left it.
-    // *pSpans is where the parts go.
-    CRegionScanner(const QString &strText, RegionStack stack, const Languages &languages,
+    // *pStack is as the line before left it and becomes what this one leaves open. *pSpans is where
+    // the parts go.
+    CRegionScanner(const CSymbolLine &line, RegionStack *pStack, const Languages &languages,
                    std::vector<RegionSpan> *pSpans);
 
     // Finds the parts of the line, without a gap; those that are alike are one.
     void scan();
-    // What the line leaves open; after scan().
-    const RegionStack &stack() const { return m_stack; }
+    // Whether *pStack is another than before; after scan().
+    bool hasChangedStack() const { return m_bChanged; }
+    // Of what the line leaves open; after scan().
     RegionRole roleAtEnd() const { return m_pContext->role; }
 
 private:
     static int indentationOf(const QString &strText);
     const QString &key() const;
+    const CRegionRules &rulesOf(int nLanguage) const
+    {
+        return nLanguage == 0 ? m_own : m_languages(nLanguage);
+    }
     const RegionContext &contextOf(const RegionFrame &frame) const;
     void look();
 
@@ -57,8 +62,10 @@ private:
     void endLine();
     void flush(int nTo);
 
+    const CSymbolLine &m_line;
     const QString &m_strText;
-    RegionStack m_stack;
+    RegionStack &m_stack;
+    bool m_bChanged = false;
     const Languages &m_languages;
     const CRegionRules &m_own;
     RegionStack m_lstPending; // begin with the next line

@@ -18,7 +18,7 @@ QString mirrored(const QString &strKey)
 bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
 {
     RegionRule &rule = rules.rule(nRule);
-    if (rule.bHasAfter && !rule.after.matchesBefore(m_strText, nAt)) {
+    if (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)) {
         return false;
     }
     if (rule.kind == RegionRule::Begin || rule.kind == RegionRule::Nest) {
@@ -32,7 +32,7 @@ bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
         end(m_stack.size() - 1, nAt, nBehind);
         return true;
     }
-    const int nBehind = rule.start.endOfMatch(m_strText, nAt);
+    const int nBehind = rule.start.endOfMatch(m_line, nAt);
     if (nBehind <= nAt) {
         return false;
     }
@@ -54,7 +54,7 @@ bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLan
         const bool bKeyIsHere = rule.bHasKey && mirrored(frame.strKey) != frame.strKey
             && m_strText.at(nAt) == frame.strKey.at(0);
         nBehind =
-            rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_strText, nAt);
+            rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_line, nAt);
     } else {
         nBehind = endOfBegin(rule, nAt, &frame.strKey);
     }
@@ -78,6 +78,7 @@ bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLan
 void CRegionScanner::push(const RegionFrame &frame, int nAt, int nBehind)
 {
     flush(nAt);
+    m_bChanged = true;
     m_stack.push_back(frame);
     look();
     m_nAt = nBehind;
@@ -92,6 +93,7 @@ void CRegionScanner::push(const RegionFrame &frame, int nAt, int nBehind)
 // Ends the region at that depth with all that it holds.
 void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
 {
+    m_bChanged = true;
     const RegionFrame frame = m_stack[nDepth];
     const RegionContext &context = contextOf(frame);
     flush(nAt);
@@ -141,28 +143,28 @@ void CRegionScanner::beginSecond(const RegionFrame &first, const RegionContext &
 
 int CRegionScanner::endOfBegin(RegionRule &rule, int nAt, QString *pKey)
 {
-    if (rule.bHasAfter && !rule.after.matchesBefore(m_strText, nAt)) {
+    if (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)) {
         return -1;
     }
-    int n = rule.bHasStart ? rule.start.endOfMatch(m_strText, nAt) : nAt;
+    int n = rule.bHasStart ? rule.start.endOfMatch(m_line, nAt) : nAt;
     if (n >= 0 && rule.bHasKey) {
         const int nKey = n;
-        n = rule.key.endOfMatch(m_strText, nKey);
+        n = rule.key.endOfMatch(m_line, nKey);
         *pKey = n < 0 ? QString() : m_strText.mid(nKey, n - nKey);
     }
-    return n >= 0 && rule.bHasThen ? rule.then.endOfMatch(m_strText, n) : n;
+    return n >= 0 && rule.bHasThen ? rule.then.endOfMatch(m_line, n) : n;
 }
 
 int CRegionScanner::endOfEnd(RegionRule &rule, int nAt, const QString &strKey)
 {
     if (!rule.bHasKey) {
-        return rule.start.endOfMatch(m_strText, nAt);
+        return rule.start.endOfMatch(m_line, nAt);
     }
     const QString strEnd = rule.bMirrored ? mirrored(strKey) : strKey;
     m_lstEnds.assign(1, nAt);
     if (rule.bHasStart) {
         m_lstEnds.clear();
-        rule.start.findEnds(m_strText, nAt, &m_lstEnds);
+        rule.start.findEnds(m_line, nAt, &m_lstEnds);
     }
     for (; !m_lstEnds.empty(); m_lstEnds.pop_back()) {
         const int nKey = m_lstEnds.back();
@@ -170,7 +172,7 @@ int CRegionScanner::endOfEnd(RegionRule &rule, int nAt, const QString &strKey)
             continue;
         }
         const int nBehind = nKey + strEnd.size();
-        const int nEnd = rule.bHasThen ? rule.then.endOfMatch(m_strText, nBehind) : nBehind;
+        const int nEnd = rule.bHasThen ? rule.then.endOfMatch(m_line, nBehind) : nBehind;
         if (nEnd >= 0) {
             return nEnd;
         }

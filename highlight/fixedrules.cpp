@@ -1,6 +1,6 @@
 #include "highlight/fixedrules.h"
 
-#include "highlight/characterclasses.h"
+#include "highlight/symbols.h"
 
 using namespace CharacterClass;
 
@@ -68,35 +68,25 @@ const QChar *endOfOperator(const QChar *pch, const QChar *pchEnd)
 
 } // namespace
 
-void addNumbers(const QString &strText, int nFrom, int nTo, std::vector<HighlightRange> *pRanges)
+int endOfNumber(const QString &strText, int nAt, int nTo)
 {
     const QChar *const pchBegin = strText.constData();
-    const QChar *const pchEnd = pchBegin + nTo;
-    for (const QChar *pch = pchBegin + nFrom; pch < pchEnd;) {
-        const QChar *pchAfter = is(*pch, NumberStart) ? endOfNumber(pch, pchEnd) : pch;
-        if (pchAfter == pch) {
-            ++pch;
-            continue;
-        }
-        pRanges->push_back({int(pch - pchBegin), int(pchAfter - pch), HighlightRole::Number});
-        pch = pchAfter;
-    }
+    return int(endOfNumber(pchBegin + nAt, pchBegin + nTo) - pchBegin);
 }
 
-void addOperators(const QString &strText, int nFrom, int nTo, std::vector<HighlightRange> *pRanges)
+int endOfOperator(const QString &strText, int nAt, int nTo)
 {
     const QChar *const pchBegin = strText.constData();
-    const QChar *const pchEnd = pchBegin + nTo;
-    for (const QChar *pch = pchBegin + nFrom; pch < pchEnd;) {
-        const bool bMayStart = isAscii(*pch)
-            && ((arrAsciiFlags[pch->unicode()] & (Operator | BeforeEquals))
-                || *pch == QLatin1Char('='));
-        const QChar *pchAfter = bMayStart ? endOfOperator(pch, pchEnd) : pch;
-        if (pchAfter == pch) {
-            ++pch;
-            continue;
-        }
-        pRanges->push_back({int(pch - pchBegin), int(pchAfter - pch), HighlightRole::Operator});
-        pch = pchAfter;
-    }
+    return int(endOfOperator(pchBegin + nAt, pchBegin + nTo) - pchBegin);
+}
+
+bool mayStartNumber(int nSymbol)
+{
+    return nSymbol == OtherDigit || (nSymbol < 128 && is(QChar(nSymbol), NumberStart));
+}
+
+bool mayStartOperator(int nSymbol)
+{
+    return nSymbol < 128
+        && ((arrAsciiFlags[size_t(nSymbol)] & (Operator | BeforeEquals)) || nSymbol == '=');
 }

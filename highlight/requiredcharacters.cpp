@@ -46,6 +46,8 @@ Sets required(const PatternNode &node)
             lst.insert(lst.end(), lstChild.begin(), lstChild.end());
         }
         return lst;
+    case PatternNode::Lookahead:
+        return required(node.children.front());
     default:
         return lst;
     }
@@ -64,19 +66,4 @@ RequiredCharacters::RequiredCharacters(const PatternNode &pattern, Qt::CaseSensi
             m_lstSets.push_back(set);
         }
     }
-}
-
-bool RequiredCharacters::areIn(const SymbolSet &line) const
-{
-    return std::all_of(m_lstSets.begin(), m_lstSets.end(),
-                       [&line](const SymbolSet &set) { return (set & line).any(); });
-}
-
-SymbolSet symbolsIn(const QString &strText)
-{
-    SymbolSet set;
-    for (const QChar ch : strText) {
-        set.set(size_t(symbolOf(ch)));
-    }
-    return set;
 }

@@ -2,7 +2,6 @@
 
 #include "highlight/patternsyntax.h"
 
-#include <QString>
 #include <vector>
 
 // A cheap answer to "can this pattern match in this line at all?": a match of "->|=>" holds a ">",
@@ -14,11 +13,9 @@ public:
     RequiredCharacters() = default;
     RequiredCharacters(const PatternNode &pattern, Qt::CaseSensitivity sensitivity);
 
-    // Whether the line holds one character of each set that every match has to hold one of.
-    bool areIn(const SymbolSet &line) const;
+    // A match holds one character of each set.
+    const std::vector<SymbolSet> &sets() const { return m_lstSets; }
 
 private:
     std::vector<SymbolSet> m_lstSets;
 };
-
-SymbolSet symbolsIn(const QString &strText);

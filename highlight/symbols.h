@@ -3,11 +3,19 @@
 #include "highlight/characterclasses.h"
 
 #include <QChar>
+#include <array>
 #include <bitset>
 
 // Characters as the patterns of definitions tell them apart: each of ASCII for itself, all others
 // by what QRegExp's \d, \w and \s make of them.
-enum Symbol { OtherDigit = 128, OtherWord, OtherSpace, OtherSymbol, SymbolCount };
+enum Symbol {
+    OtherDigit = 128,
+    OtherWord,
+    OtherSpace,
+    OtherSymbol,
+    SymbolCount,
+    LineEndSymbol = SymbolCount // stands behind the last character of a line
+};
 
 using SymbolSet = std::bitset<SymbolCount>;
 
@@ -27,6 +35,19 @@ inline bool isWordSymbol(int nSymbol)
     return nSymbol < 128 ? CharacterClass::is(QChar(nSymbol), CharacterClass::Word)
                          : nSymbol <= OtherWord;
 }
+
+// The same for a symbol of a line, its end included, by a table.
+constexpr std::array<quint8, SymbolCount + 1> wordSymbols()
+{
+    std::array<quint8, SymbolCount + 1> arr {};
+    for (size_t n = 0; n < 128; ++n) {
+        arr[n] = CharacterClass::arrAsciiFlags[n] & CharacterClass::Word ? 1 : 0;
+    }
+    arr[OtherDigit] = arr[OtherWord] = 1;
+    return arr;
+}
+
+inline constexpr std::array<quint8, SymbolCount + 1> arrWordSymbols = wordSymbols();
 
 // Letters beyond ASCII that equal one of ASCII when letter case does not count.
 inline bool foldsToAscii(QChar ch)

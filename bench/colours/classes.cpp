@@ -1,36 +1,21 @@
 #include "classes.h"
 
 #include "highlight/chighlightrules.h"
+#include "peerstyles.h"
 
 #include <KSyntaxHighlighting/AbstractHighlighter>
 #include <KSyntaxHighlighting/Definition>
 #include <KSyntaxHighlighting/Format>
 #include <KSyntaxHighlighting/Repository>
 #include <KSyntaxHighlighting/State>
-#include <QHash>
-#include <optional>
 
 namespace {
 
 using KSyntaxHighlighting::Format;
 using KSyntaxHighlighting::Theme;
 
-// Where the peer uses a style for its colour alone: the names of JSON are strings by its grammar,
-// and neither Make's operators nor a patch's removed lines are literals.
-std::optional<bool> classByName(const Format &format)
-{
-    static const QHash<QString, bool> s_mapClasses {{QStringLiteral("Style_String_Key"), true},
-                                                    {QStringLiteral("Operator"), false},
-                                                    {QStringLiteral("Removed line"), false}};
-    const auto it = s_mapClasses.constFind(format.name());
-    return it == s_mapClasses.constEnd() ? std::nullopt : std::make_optional(*it);
-}
-
 bool isCommentOrString(const Format &format)
 {
-    if (const std::optional<bool> bClass = classByName(format)) {
-        return *bClass;
-    }
     switch (format.textStyle()) {
     case Theme::Comment:
     case Theme::CommentVar:
@@ -52,29 +37,42 @@ bool isCommentOrString(const Format &format)
 class CPeer : public KSyntaxHighlighting::AbstractHighlighter
 {
 public:
-    CharacterClasses run(const QStringList &lstLines)
+    explicit CPeer(QString strLanguage) : m_strLanguage(std::move(strLanguage)) {}
+
+    PeersText run(const QStringList &lstLines)
     {
-        CharacterClasses lst;
         KSyntaxHighlighting::State state;
         for (const QString &strLine : lstLines) {
-            m_lstLine.assign(size_t(strLine.size()), false);
+            m_strLine = strLine;
+            const std::vector<bool> lstNone(size_t(strLine.size()), false);
+            m_text.asItStands.push_back(lstNone);
+            m_text.byGrammar.push_back(lstNone);
+            m_text.lstStyles.emplace_back();
+            for (int n = 0; n < strLine.size(); ++n) {
+                m_text.lstStyles.back().append(QString());
+            }
             state = highlightLine(strLine, state);
-            lst.push_back(m_lstLine);
         }
-        return lst;
+        return m_text;
     }
 
 protected:
     void applyFormat(int nOffset, int nLength, const Format &format) override
     {
         const bool bText = isCommentOrString(format);
-        for (int n = nOffset; n < nOffset + nLength && n < int(m_lstLine.size()); ++n) {
-            m_lstLine[size_t(n)] = bText;
+        const QString strStyle = format.name();
+        for (int n = nOffset; n < nOffset + nLength && n < m_strLine.size(); ++n) {
+            m_text.asItStands.back()[size_t(n)] = bText;
+            m_text.byGrammar.back()[size_t(n)] =
+                classByGrammar(m_strLanguage, strStyle, m_strLine.at(n)).value_or(bText);
+            m_text.lstStyles.back()[n] = strStyle;
         }
     }
 
 private:
-    std::vector<bool> m_lstLine;
+    const QString m_strLanguage;
+    QString m_strLine;
+    PeersText m_text;
 };
 
 } // namespace
@@ -101,14 +99,15 @@ CharacterClasses classesOfOurs(const QVariantMap &mapDefinition, const QStringLi
     return lst;
 }
 
-CharacterClasses classesOfPeer(const QString &strFileName, const QStringList &lstLines)
+PeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
+                        const QStringList &lstLines)
 {
     static KSyntaxHighlighting::Repository s_repository;
     const auto definition = s_repository.definitionForFileName(strFileName);
     if (!definition.isValid()) {
-        return CharacterClasses();
+        return PeersText();
     }
-    CPeer peer;
+    CPeer peer(strLanguage);
     peer.setDefinition(definition);
     return peer.run(lstLines);
 }

@@ -7,6 +7,15 @@
 // For each character of each line: is it comment or string?
 using CharacterClasses = std::vector<std::vector<bool>>;
 
+struct PeersText
+{
+    CharacterClasses asItStands; // by the kinds of its styles
+    CharacterClasses byGrammar; // with what its styles say otherwise put right
+    std::vector<QStringList> lstStyles; // their names, for each character
+};
+
 CharacterClasses classesOfOurs(const QVariantMap &mapDefinition, const QStringList &lstLines);
-// strFileName decides the peer's definition; empty when it has none.
-CharacterClasses classesOfPeer(const QString &strFileName, const QStringList &lstLines);
+// strFileName decides the peer's definition; empty when it has none. strLanguage is the one of the
+// table of styles.
+PeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
+                        const QStringList &lstLines);

@@ -11,13 +11,14 @@ void Comparison::add(const Comparison &other)
     nLongestRun = std::max(nLongestRun, other.nLongestRun);
 }
 
-void compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
-                 Comparison *pComparison, int nMinRun, std::vector<WrongRun> *pRuns)
+Comparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
+                       int nMinRun, std::vector<WrongRun> *pRuns)
 {
+    Comparison result;
     WrongRun run {0, 0};
     const auto endRun = [&] {
-        pComparison->nLongestRun = std::max(pComparison->nLongestRun, run.nLines);
-        if (run.nLines >= nMinRun) {
+        result.nLongestRun = std::max(result.nLongestRun, run.nLines);
+        if (pRuns && run.nLines >= nMinRun) {
             pRuns->push_back(run);
         }
         run.nLines = 0;
@@ -31,18 +32,19 @@ void compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPee
         for (size_t n = 0; n < nSize; ++n) {
             nDiffering += lstOurs[nLine][n] != lstPeers[nLine][n];
         }
-        pComparison->nCharacters += qint64(nSize);
-        pComparison->nDiffering += qint64(nDiffering);
-        ++pComparison->nLines;
+        result.nCharacters += qint64(nSize);
+        result.nDiffering += qint64(nDiffering);
+        ++result.nLines;
         if (2 * nDiffering <= nSize) {
             endRun();
             continue;
         }
-        ++pComparison->nWrongLines;
+        ++result.nWrongLines;
         if (run.nLines == 0) {
             run.nFirst = int(nLine);
         }
         ++run.nLines;
     }
     endRun();
+    return result;
 }

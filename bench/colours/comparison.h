@@ -26,6 +26,6 @@ struct WrongRun
     int nLines;
 };
 
-// Adds one file; the runs of at least nMinRun lines go to *pRuns.
-void compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
-                 Comparison *pComparison, int nMinRun, std::vector<WrongRun> *pRuns);
+// One file; the runs of at least nMinRun lines go to *pRuns.
+Comparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
+                       int nMinRun = 0, std::vector<WrongRun> *pRuns = nullptr);

@@ -76,7 +76,25 @@ const QList<FileKind> &fileKinds()
     return s_lst;
 }
 
-QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount)
+namespace {
+
+// Leaves out as many as there are too many, evenly.
+QStringList spread(const QStringList &lstAll, int nCount)
+{
+    QStringList lst;
+    for (int n = 0; n < lstAll.size() && lst.size() < nCount; ++n) {
+        const int nLeft = nCount - int(lst.size());
+        n += std::max(1, int(lstAll.size() - n) / nLeft) - 1;
+        if (n < lstAll.size() && isReadable(lstAll.at(n))) {
+            lst.append(lstAll.at(n));
+        }
+    }
+    return lst;
+}
+
+} // namespace
+
+QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, int nSet)
 {
     QStringList lstAll;
     for (const QString &strFolder : kind.lstFolders) {
@@ -93,15 +111,12 @@ QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount)
     }
     lstAll.removeDuplicates();
     lstAll.sort();
-    QStringList lst;
-    for (int n = 0; n < lstAll.size() && lst.size() < nCount; ++n) {
-        // Leaves out as many as there are too many, evenly.
-        const int nLeft = nCount - int(lst.size());
-        const int nStep = std::max(1, int(lstAll.size() - n) / nLeft);
-        n += nStep - 1;
-        if (n < lstAll.size() && isReadable(lstAll.at(n))) {
-            lst.append(lstAll.at(n));
+    QStringList lst = spread(lstAll, nCount);
+    for (int n = 0; n < nSet; ++n) {
+        for (const QString &strPath : qAsConst(lst)) {
+            lstAll.removeOne(strPath);
         }
+        lst = spread(lstAll, nCount);
     }
     return lst;
 }

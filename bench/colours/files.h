@@ -14,5 +14,6 @@ struct FileKind
 
 const QList<FileKind> &fileKinds();
 
-// nCount files of the kind, spread evenly over all that are neither tiny nor huge.
-QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount);
+// nCount files of the kind, spread evenly over all that are neither tiny nor huge. Set 1 is made of
+// files that set 0 does not hold, and so on.
+QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, int nSet = 0);

@@ -1,5 +1,9 @@
 // How fast lines are coloured, without thread, document or screen, beside other engines and beside
 // the literal reading of the rules. Prints a Markdown table.
+//   bench_highlight [--ours] [--folder FOLDER] [NAME...]
+// FOLDER holds the real files that bench_colours reads and adds a row for each of its languages.
+// With names only those rows; --ours leaves the other engines out, as a profiler wants it.
+#include "colours/files.h"
 #include "corpus.h"
 #include "highlight/chighlightmgt.h"
 #include "peers.h"
@@ -34,22 +38,101 @@ QString ratio(double fSeconds, double fOurs, double fScale = 1)
     return fSeconds <= 0 ? QStringLiteral("-") : QString::number(fSeconds * fScale / fOurs, 'f', 1);
 }
 
-QList<Corpus> collectAll()
+struct Options
 {
-    const QStringList lstCpp {"/usr/include/c++", "/usr/include/x86_64-linux-gnu/qt5"};
-    const QStringList lstCppPatterns {"*.h", "*.hpp", "*.tcc", "*.cpp", "algorithm", "bits"};
-    const Corpus large = collect("C++ 50 MB", "a.cpp", lstCpp, lstCppPatterns, 50 * nMega);
-    Corpus medium = large.head(10 * nMega);
-    medium.strName = "C++ 10 MB";
-    Corpus small = large.head(nMega);
-    small.strName = "C++ 1 MB";
-    return {small,
-            medium,
-            large,
-            collect("HTML", "a.html", {"/usr/share/doc", "/usr/share"}, {"*.html"}, 5 * nMega),
-            collect("JSON", "a.json", {"/usr/share", "/usr/lib"}, {"*.json"}, 5 * nMega),
-            collect("Python", "a.py", {"/usr/lib/python3"}, {"*.py"}, 5 * nMega),
-            collect("XML", "a.xml", {"/usr/share"}, {"*.xml"}, 5 * nMega)};
+    bool bOnlyOurs = false;
+    QString strFolder;
+    QStringList lstNames; // all when there are none
+
+    bool wants(const QString &strName) const
+    {
+        return lstNames.isEmpty() || lstNames.contains(strName);
+    }
+};
+
+Options readOptions(QStringList lst)
+{
+    Options options;
+    lst.removeFirst();
+    options.bOnlyOurs = lst.removeAll(QStringLiteral("--ours")) > 0;
+    const int nFolder = lst.indexOf(QStringLiteral("--folder"));
+    if (nFolder >= 0 && nFolder + 1 < lst.size()) {
+        options.strFolder = lst.at(nFolder + 1);
+        lst.erase(lst.begin() + nFolder, lst.begin() + nFolder + 2);
+    }
+    options.lstNames = lst;
+    return options;
+}
+
+QList<Corpus> collectCpp(const Options &options)
+{
+    const QStringList lstFolders {"/usr/include/c++", "/usr/include/x86_64-linux-gnu/qt5"};
+    const QStringList lstPatterns {"*.h", "*.hpp", "*.tcc", "*.cpp", "algorithm", "bits"};
+    const QList<QPair<QString, int>> lstSizes {
+        {"C++ 1 MB", 1}, {"C++ 10 MB", 10}, {"C++ 50 MB", 50}};
+    QList<Corpus> lst;
+    for (const auto &[strName, nMegabytes] : lstSizes) {
+        if (options.wants(strName)) {
+            lst.append(collect(strName, "a.cpp", lstFolders, lstPatterns, nMegabytes * nMega));
+        }
+    }
+    return lst;
+}
+
+QList<Corpus> collectAll(const Options &options)
+{
+    struct Kind
+    {
+        QString strName;
+        QString strFileName;
+        QStringList lstFolders;
+        QString strPattern;
+    };
+    const QList<Kind> lstKinds {
+        {"HTML", "a.html", {"/usr/share/doc", "/usr/share"}, "*.html"},
+        {"JSON", "a.json", {"/usr/share", "/usr/lib"}, "*.json"},
+        {"Python", "a.py", {"/usr/lib/python3"}, "*.py"},
+        {"XML", "a.xml", {"/usr/share"}, "*.xml"},
+    };
+    QList<Corpus> lst = collectCpp(options);
+    for (const Kind &kind : lstKinds) {
+        if (options.wants(kind.strName)) {
+            lst.append(collect(kind.strName, kind.strFileName, kind.lstFolders, {kind.strPattern},
+                               5 * nMega));
+        }
+    }
+    const QList<FileKind> lstReal = options.strFolder.isEmpty() ? QList<FileKind>() : fileKinds();
+    for (const FileKind &kind : lstReal) {
+        const QString strName = kind.strName + QStringLiteral(", real files");
+        if (options.wants(strName)) {
+            lst.append(readFiles(strName, kind.strFileName, filesOf(kind, options.strFolder, 24),
+                                 2 * nMega));
+        }
+    }
+    return lst;
+}
+
+void measure(const Corpus &corpus, const QVariantMap &mapDefinition, bool bOnlyOurs,
+             QTextStream *pOut)
+{
+    // One megabyte is enough of a slow thing.
+    const Corpus head = bOnlyOurs ? Corpus() : corpus.head(nMega);
+    const auto peer = [&](const std::function<double()> &seconds) {
+        return bOnlyOurs ? -1 : best(seconds);
+    };
+    const double fOurs = best([&] { return secondsOfOurs(mapDefinition, corpus); });
+    const double fSyntax = peer([&] { return secondsOfKSyntaxHighlighting(corpus); });
+    const double fScintilla = peer([&] { return secondsOfScintilla(corpus); });
+    const double fLiteral = peer([&] { return secondsOfLiteral(mapDefinition, head); });
+    const double fScale = double(corpus.nBytes) / std::max(1.0, double(head.nBytes));
+    *pOut << "| " << corpus.strName << (corpus.bRepeated ? " (repeated)" : "") << " | "
+          << corpus.lstLines.size() << " | "
+          << QString::number(corpus.lstLines.size() / 1e6 / fOurs, 'f', 2) << " | "
+          << rate(fOurs, corpus.nBytes) << " | " << rate(fSyntax, corpus.nBytes) << " | "
+          << rate(fScintilla, corpus.nBytes) << " | " << rate(fLiteral, head.nBytes) << " | "
+          << ratio(fSyntax, fOurs) << " | " << ratio(fScintilla, fOurs) << " | "
+          << ratio(fLiteral, fOurs, fScale) << " |\n";
+    pOut->flush();
 }
 
 } // namespace
@@ -63,28 +146,14 @@ int main(int nArguments, char *arrArguments[])
     out << "| text | lines | Mlines/s | MB/s | KSyntaxHighlighting MB/s | QScintilla MB/s | "
            "literal MB/s | to KSyntaxHighlighting | to QScintilla | to literal |\n"
         << "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
-    const QList<Corpus> lstCorpora = collectAll();
+    const Options options = readOptions(application.arguments());
+    const QList<Corpus> lstCorpora = collectAll(options);
     for (const Corpus &corpus : lstCorpora) {
         if (corpus.lstLines.isEmpty()) {
             out << "| " << corpus.strName << " | no such files here |\n";
             continue;
         }
-        const QVariantMap mapDefinition = registry.definitionForFile(corpus.strFileName);
-        // One megabyte is enough of a slow thing.
-        const Corpus head = corpus.head(nMega);
-        const double fOurs = best([&] { return secondsOfOurs(mapDefinition, corpus); });
-        const double fSyntax = best([&] { return secondsOfKSyntaxHighlighting(corpus); });
-        const double fScintilla = best([&] { return secondsOfScintilla(corpus); });
-        const double fLiteral = best([&] { return secondsOfLiteral(mapDefinition, head); });
-        const double fScale = double(corpus.nBytes) / double(head.nBytes);
-        out << "| " << corpus.strName << (corpus.bRepeated ? " (repeated)" : "") << " | "
-            << corpus.lstLines.size() << " | "
-            << QString::number(corpus.lstLines.size() / 1e6 / fOurs, 'f', 2) << " | "
-            << rate(fOurs, corpus.nBytes) << " | " << rate(fSyntax, corpus.nBytes) << " | "
-            << rate(fScintilla, corpus.nBytes) << " | " << rate(fLiteral, head.nBytes) << " | "
-            << ratio(fSyntax, fOurs) << " | " << ratio(fScintilla, fOurs) << " | "
-            << ratio(fLiteral, fOurs, fScale) << " |\n";
-        out.flush();
+        measure(corpus, registry.definitionForFile(corpus.strFileName), options.bOnlyOurs, &out);
     }
     return 0;
 }

@@ -22,9 +22,6 @@ Corpus Corpus::head(qint64 nMaxBytes) const
 Corpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
                const QStringList &lstPatterns, qint64 nBytes)
 {
-    Corpus corpus;
-    corpus.strName = strName;
-    corpus.strFileName = strFileName;
     QStringList lstPaths;
     for (const QString &strFolder : lstFolders) {
         QDirIterator it(strFolder, lstPatterns, QDir::Files, QDirIterator::Subdirectories);
@@ -33,6 +30,15 @@ Corpus collect(const QString &strName, const QString &strFileName, const QString
         }
     }
     lstPaths.sort();
+    return readFiles(strName, strFileName, lstPaths, nBytes);
+}
+
+Corpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
+                 qint64 nBytes)
+{
+    Corpus corpus;
+    corpus.strName = strName;
+    corpus.strFileName = strFileName;
     for (int n = 0; !lstPaths.isEmpty() && corpus.nBytes < nBytes; ++n) {
         if (n == lstPaths.size()) {
             if (corpus.nBytes == 0) {

@@ -18,6 +18,9 @@ struct Corpus
     Corpus head(qint64 nMaxBytes) const;
 };
 
-// Empty lines when the folders hold no such files.
+// The files one after the other, again and again until there are nBytes.
+Corpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
+                 qint64 nBytes);
+// Of all such files in the folders; empty when they hold none.
 Corpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
                const QStringList &lstPatterns, qint64 nBytes);

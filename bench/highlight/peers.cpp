@@ -11,11 +11,8 @@
 #include <KSyntaxHighlighting/State>
 #endif
 #ifdef HAVE_QSCINTILLA
-#include <Qsci/qscilexercpp.h>
-#include <Qsci/qscilexerhtml.h>
-#include <Qsci/qscilexerjson.h>
-#include <Qsci/qscilexerpython.h>
-#include <Qsci/qscilexerxml.h>
+#include "lexers.h"
+
 #include <Qsci/qsciscintilla.h>
 #endif
 
@@ -105,30 +102,12 @@ double secondsOfKSyntaxHighlighting(const Corpus &)
 #endif
 
 #ifdef HAVE_QSCINTILLA
-namespace {
-
-std::unique_ptr<QsciLexer> lexerFor(const QString &strName)
-{
-    if (strName.startsWith(QLatin1String("C++"))) {
-        return std::make_unique<QsciLexerCPP>();
-    }
-    if (strName == QLatin1String("HTML")) {
-        return std::make_unique<QsciLexerHTML>();
-    }
-    if (strName == QLatin1String("JSON")) {
-        return std::make_unique<QsciLexerJSON>();
-    }
-    if (strName == QLatin1String("Python")) {
-        return std::make_unique<QsciLexerPython>();
-    }
-    return std::make_unique<QsciLexerXML>();
-}
-
-} // namespace
-
 double secondsOfScintilla(const Corpus &corpus)
 {
-    const std::unique_ptr<QsciLexer> pLexer = lexerFor(corpus.strName);
+    const std::unique_ptr<QsciLexer> pLexer = lexerFor(corpus.strFileName);
+    if (!pLexer) {
+        return -1;
+    }
     pLexer->setProperty("fold", "0");
     QsciScintilla widget;
     widget.setUtf8(true);

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "highlight/ckeywordtable.h"
+#include "highlight/clinepattern.h"
+#include "highlight/highlightline.h"
+
+#include <array>
+#include <vector>
+
+// What a definition says about code: numbers, operators, and the keywords and patterns in the order
+// in which they were added. One walk over a line finds all of it: for each character a table says
+// which rules may begin there. Patterns that state machines cannot run are searched for one by one.
+// Not to be used by two threads at a time.
+class CCodeMatcher
+{
+public:
+    explicit CCodeMatcher(Qt::CaseSensitivity sensitivity = Qt::CaseInsensitive);
+
+    // A whole word: "\bitem\b" with its stars escaped, everything else being pattern syntax.
+    void addWord(const QString &strItem);
+    // A regular expression; one that is not valid is left out.
+    void addPattern(const QString &strPattern);
+    // In place of the fixed rules; an empty pattern is found nowhere.
+    void setNumbers(const QString &strPattern);
+    void setOperators(const QString &strPattern);
+
+    // The line that is looked through next; it has to stay where it is meanwhile.
+    void setLine(const CSymbolLine *pLine) const;
+    // A part of the line from nFrom up to nTo: begin(), then lookThrough() for pieces of it from
+    // left to right, with or without keywords, then finish(), which appends numbers, operators,
+    // keywords by piece, rule and position. Numbers and operators end at nTo at the latest; a
+    // keyword has to begin in its piece. False when isAborted, asked now and then, answered true.
+    void begin(int nFrom, int nTo) const;
+    bool lookThrough(int nFrom, int nTo, bool bKeywords, const AbortCheck &isAborted) const;
+    bool finish(std::vector<HighlightRange> *pRanges, const AbortCheck &isAborted) const;
+
+private:
+    struct Pattern
+    {
+        int nRule; // of keywords
+        HighlightRole role;
+        CLinePattern pattern;
+        quint64 nRequired = 0; // the sets of characters that a line with a match holds one of each
+    };
+    // The next match of a pattern, kept for the part of the line behind: a long line with many
+    // parts is not searched to its end for each of them.
+    struct Next
+    {
+        int nFrom = -1; // where the search began; -1: not yet
+        int nStart = -1;
+        int nLength = 0;
+    };
+    // The first patterns have the bits from 0 on.
+    static constexpr int nMaxPatterns = 61;
+    enum Bit { NumberBit = nMaxPatterns, OperatorBit, WordBit, BitCount };
+    static_assert(BitCount == 64, "one bit for each rule");
+    // What is known of a place: the tables are as many.
+    enum Place { Elsewhere, InWord, AtStart, PlaceCount };
+
+    void addPatternOf(HighlightRole role, int nRule, const QString &strPattern);
+    quint64 numberOf(const SymbolSet &set);
+    void compile() const;
+    void enter(int nBit, const std::array<SymbolSet, CPatternAutomaton::ContextCount> &first) const;
+    quint64 requirementsIn(const CSymbolLine &line) const;
+    void walk(int nFrom, int nTo, quint64 nLive) const;
+    void tryRules(quint64 nBits, int nAt) const;
+    void tryPattern(int nBit, int nAt) const;
+    bool searchSlowly(HighlightRole role, int nFrom, int nTo, const AbortCheck &isAborted) const;
+    void searchSlowly(size_t nPattern, int nFrom, int nTo) const;
+    void take(const Pattern &pattern, int nStart, int nLength) const;
+    void dropHits(const Pattern &pattern) const;
+    void addKeywords() const;
+
+    Qt::CaseSensitivity m_sensitivity;
+    CKeywordTable m_table;
+    std::vector<Pattern> m_lstPatterns;
+    int m_nRules = 0;
+    bool m_bOwnNumbers = false;
+    bool m_bOwnOperators = false;
+    // The sets that patterns require, and for each symbol those that hold it, as bits.
+    std::vector<SymbolSet> m_lstSets;
+    std::array<quint64, SymbolCount + 1> m_arrSets {};
+
+    // For each place and symbol the rules that may begin; made when the first line comes.
+    mutable bool m_bCompiled = false;
+    mutable std::array<std::array<quint64, SymbolCount + 1>, PlaceCount> m_arrStarts {};
+    mutable quint64 m_nBehindStart = 0; // rules that may begin elsewhere than at a line's start
+    mutable quint64 m_nKeywordBits = 0;
+    mutable quint64 m_nRun = 0; // patterns that machines run
+    mutable std::array<CAnchoredPattern *, nMaxPatterns> m_arrMachines {};
+    // Of the line.
+    mutable const CSymbolLine *m_pLine = nullptr;
+    mutable quint64 m_nPossible = 0;
+    mutable std::vector<size_t> m_lstSlow; // patterns
+    mutable std::vector<Next> m_lstNext; // of each pattern
+    // Of the part under way.
+    mutable int m_nFrom = 0;
+    mutable int m_nTo = 0;
+    mutable quint64 m_nEnded = 0; // rules that find nothing any more
+    mutable std::array<int, BitCount> m_arrNext {}; // where the rule's next match may begin
+    mutable std::vector<HighlightRange> m_lstNumbers;
+    mutable std::vector<HighlightRange> m_lstOperators;
+    mutable std::vector<HighlightRange> m_lstKeywords;
+    mutable std::vector<KeywordHit> m_lstHits; // keywords of the piece under way
+};
