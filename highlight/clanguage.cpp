@@ -1,5 +1,6 @@
 #include "highlight/clanguage.h"
 
+#include <algorithm>
 #include <utility>
 
 CLanguage::CLanguage(const QVariantMap &mapDefinition, const QStringList &lstLanguages)
@@ -98,13 +99,15 @@ bool CLanguage::add(int nFrom, int nTo, bool *pInsideTag, std::vector<HighlightR
 bool CLanguage::lookThroughTags(int nFrom, int nTo, bool *pInsideTag,
                                 const AbortCheck &isAborted) const
 {
+    // A pattern may match nothing at the line's end.
+    const bool bToEnd = nTo == m_pLine->size();
     int nAt = nFrom;
     int nStart = *pInsideTag ? nFrom : m_open.from(nFrom, m_tagOpen, *m_pLine);
     *pInsideTag = false;
-    while (nStart >= 0 && nStart < nTo) {
+    while (nStart >= 0 && (bToEnd || nStart < nTo)) {
         const int nEnd = m_close.from(nStart, m_tagClose, *m_pLine);
-        const bool bOpen = nEnd < 0 || nEnd >= nTo;
-        const int nBehind = bOpen ? nTo : nEnd + 1;
+        const bool bOpen = nEnd < 0 || (!bToEnd && nEnd >= nTo);
+        const int nBehind = bOpen ? nTo : std::min(nTo, nEnd + 1);
         if (!m_code.lookThrough(nAt, nStart, false, isAborted)
             || !m_code.lookThrough(nStart, nBehind, true, isAborted)) {
             return false;
@@ -114,7 +117,7 @@ bool CLanguage::lookThroughTags(int nFrom, int nTo, bool *pInsideTag,
             *pInsideTag = true;
             return true;
         }
-        nStart = m_open.from(nAt, m_tagOpen, *m_pLine);
+        nStart = m_open.from(nEnd + 1, m_tagOpen, *m_pLine);
     }
     return m_code.lookThrough(nAt, nTo, false, isAborted);
 }

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <QHash>
+#include <QMap>
+#include <QRegExp>
+#include <QString>
+#include <QVariant>
+#include <memory>
+#include <vector>
+
+// The regions of a definition as its documentation describes them: the elements themselves, a list
+// of what is open, and a QRegExp for each pattern, asked place after place. Slow and plain; the
+// program's own rules have to give the same. Of languages whose patterns count letter case.
+class CLiteralRegions
+{
+public:
+    explicit CLiteralRegions(const QVariantMap &mapDefinition);
+
+    // For each character 'c' in a comment, 's' in a string, '.' elsewhere. Lines in their order.
+    QString divide(const QString &strLine);
+    // What is open, in words.
+    QString state() const;
+
+private:
+    struct Element
+    {
+        QString strTag;
+        QMap<QString, QString> mapAttributes;
+        std::vector<std::shared_ptr<Element>> lstChildren;
+        int nLanguage = 0;
+        int nNumber = 0;
+
+        bool has(const char *psz) const { return mapAttributes.contains(QLatin1String(psz)); }
+        QString get(const char *psz) const { return mapAttributes.value(QLatin1String(psz)); }
+        bool is(const char *psz) const { return get(psz) == QLatin1String("true"); }
+    };
+    using ElementPtr = std::shared_ptr<Element>;
+    struct Open
+    {
+        ElementPtr pElement; // null: the text of an embedded language
+        int nLanguage;
+        QString strKey;
+        bool bSecondHalf = false;
+        bool bWaits = false;
+    };
+    struct Language
+    {
+        ElementPtr pRegions;
+        QMap<QString, ElementPtr> mapNamed; // regions by name
+        QMap<QString, ElementPtr> mapGroups;
+        Qt::CaseSensitivity sensitivity = Qt::CaseSensitive;
+    };
+    struct Match
+    {
+        int nFrom = -1;
+        int nStart = -1;
+        int nLength = 0;
+    };
+
+    ElementPtr read(const QVariantMap &mapElement, int nLanguage);
+    void addLanguage(const QVariantMap &mapDefinition);
+    void collectNames(const ElementPtr &pElement, Language *pLanguage);
+    int endOf(int nLanguage, const QString &strPattern, int nAt);
+    bool standsBehind(int nLanguage, const Element &element, int nAt);
+    int endOfEnd(const Open &open, int nAt);
+    QChar kind(const Open *pOpen) const;
+    bool isFirm(size_t n) const;
+    std::vector<ElementPtr> rulesInside(int nLanguage, const ElementPtr &pElement);
+
+    bool tryPlace(int nAt);
+    bool tryEndsFurtherOut(int nAt);
+    bool tryAnywhere(int nAt);
+    bool tryInnermost(int nAt);
+    bool tryElement(const ElementPtr &pElement, int nLanguage, int nAt);
+    bool beginRegion(const ElementPtr &pElement, int nLanguage, int nAt);
+    void enter(const Open &open, int nAt, int nBehind);
+    void leave(size_t nDepth, int nAt, int nBehind);
+    void paint(int nFrom, int nTo, QChar ch);
+    void endLine();
+    bool endsWithLine(const Element &element) const;
+
+    std::vector<Language> m_lstLanguages;
+    QStringList m_lstNames;
+    int m_nElements = 0;
+    std::vector<Open> m_lstOpen;
+    std::vector<Open> m_lstPending;
+    QString m_strLine;
+    QString m_strKinds;
+    int m_nAt = 0;
+    QHash<QString, QRegExp> m_mapPatterns;
+    QHash<QString, Match> m_mapMatches; // in the line
+};
