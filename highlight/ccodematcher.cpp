@@ -113,8 +113,7 @@ void CCodeMatcher::compile() const
     for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
         const bool bNumber = !m_bOwnNumbers && mayStartNumber(nSymbol);
         const bool bOperator = !m_bOwnOperators && mayStartOperator(nSymbol);
-        const quint64 nFixed =
-            (bNumber ? bit(NumberBit) : 0) | (bOperator ? bit(OperatorBit) : 0);
+        const quint64 nFixed = (bNumber ? bit(NumberBit) : 0) | (bOperator ? bit(OperatorBit) : 0);
         for (auto &arrStarts : m_arrStarts) {
             arrStarts[size_t(nSymbol)] |= nFixed;
         }
@@ -178,7 +177,8 @@ void CCodeMatcher::begin(int nFrom, int nTo) const
     m_arrNext[NumberBit] = m_arrNext[OperatorBit] = 0;
 }
 
-bool CCodeMatcher::lookThrough(int nFrom, int nTo, bool bKeywords, const AbortCheck &isAborted) const
+bool CCodeMatcher::lookThrough(int nFrom, int nTo, bool bKeywords,
+                               const AbortCheck &isAborted) const
 {
     m_lstHits.clear();
     for (int n = nFrom; n < nTo; n += nStride) {
@@ -253,8 +253,8 @@ void CCodeMatcher::tryRules(quint64 nBits, int nAt) const
         } else if (nBit == NumberBit || nBit == OperatorBit) {
             const bool bNumber = nBit == NumberBit;
             const QString &strText = m_pLine->text();
-            const int nBehind = bNumber ? endOfNumber(strText, nAt, m_nTo)
-                                        : endOfOperator(strText, nAt, m_nTo);
+            const int nBehind =
+                bNumber ? endOfNumber(strText, nAt, m_nTo) : endOfOperator(strText, nAt, m_nTo);
             if (nBehind > nAt) {
                 (bNumber ? m_lstNumbers : m_lstOperators)
                     .push_back({nAt, nBehind - nAt,

@@ -149,8 +149,7 @@ void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pL
     CNextStart nextQuote;
     int nAt = continueLineBefore(line, nPreviousState, pLine);
     while (nAt < nSize) {
-        const int nLine =
-            nextLine.from(nAt, [&](int n) { return m_singleLine.indexIn(line, n); });
+        const int nLine = nextLine.from(nAt, [&](int n) { return m_singleLine.indexIn(line, n); });
         const int nMulti =
             nextMulti.from(nAt, [&](int n) { return m_multiLineStart.indexIn(line, n); });
         const int nQuote =
@@ -163,8 +162,8 @@ void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pL
             // The length of a match that was found earlier on is asked again.
             m_multiLineStart.indexIn(line, nMulti);
             const int nInside = nMulti + m_multiLineStart.matchedLength();
-            const int nEnd = addOpenRange(nMulti, endOfComment(line, nInside), nSize,
-                                          Role::Comment, HighlightState::MultiLineComment, pLine);
+            const int nEnd = addOpenRange(nMulti, endOfComment(line, nInside), nSize, Role::Comment,
+                                          HighlightState::MultiLineComment, pLine);
             if (nEnd == nAt) {
                 return; // patterns that match nothing lead nowhere
             }

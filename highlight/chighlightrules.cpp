@@ -150,8 +150,8 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
                                         bComment ? HighlightRole::Comment : HighlightRole::String});
         }
     }
-    pLine->nState = (m_nStack << nStateBits)
-        | (bInsideTag ? int(HighlightState::InsideTag) : 0) | openBit(scanner.roleAtEnd());
+    pLine->nState = (m_nStack << nStateBits) | (bInsideTag ? int(HighlightState::InsideTag) : 0)
+        | openBit(scanner.roleAtEnd());
     return true;
 }
 

@@ -43,8 +43,8 @@ private:
 
     bool highlightRegions(const QString &strText, int nPreviousState, HighlightLine *pLine,
                           const AbortCheck &isAborted) const;
-    bool addCode(const std::vector<RegionSpan> &lstSpans, int nLanguage,
-                 bool *pInsideTag, HighlightLine *pLine, const AbortCheck &isAborted) const;
+    bool addCode(const std::vector<RegionSpan> &lstSpans, int nLanguage, bool *pInsideTag,
+                 HighlightLine *pLine, const AbortCheck &isAborted) const;
 
     QString m_strLanguage;
     QString m_strSingleLine;

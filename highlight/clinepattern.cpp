@@ -83,7 +83,8 @@ int CLinePattern::indexOfPlain(const QString &strText, int nFrom) const
     return nAt;
 }
 
-int CLinePattern::indexByAutomaton(CAnchoredPattern *pMachine, const CSymbolLine &line, int nFrom) const
+int CLinePattern::indexByAutomaton(CAnchoredPattern *pMachine, const CSymbolLine &line,
+                                   int nFrom) const
 {
     const uchar *const pSymbols = line.symbols();
     const int nSize = line.size();

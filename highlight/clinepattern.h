@@ -36,8 +36,7 @@ public:
 
 private:
     int indexOfPlain(const QString &strText, int nFrom) const;
-    int indexByAutomaton(CAnchoredPattern *pMachine,
-                         const CSymbolLine &line, int nFrom) const;
+    int indexByAutomaton(CAnchoredPattern *pMachine, const CSymbolLine &line, int nFrom) const;
 
     bool m_bEmpty = true;
     bool m_bValid = true;

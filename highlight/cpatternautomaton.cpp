@@ -224,7 +224,7 @@ template<typename OnEnd>
 void CPatternAutomaton::runForwards(const CSymbolLine &line, int nStart, OnEnd onEnd)
 {
     const uchar *const pSymbols = line.symbols() + nStart;
-    const int nContext = nStart == 0 ? AtLineStart
+    const int nContext = nStart == 0                 ? AtLineStart
         : m_bUsesWords && isWordSymbol(pSymbols[-1]) ? BehindWord
                                                      : 0;
     run(
@@ -278,7 +278,9 @@ bool CPatternAutomaton::matchesBackwards(const CSymbolLine &line, int nEnd, int 
     const int nCount = std::min(nEnd, nMax);
     const uchar *const pSymbols = line.symbols() + nEnd - 1;
     const auto symbolAt = [pSymbols, nCount, bCut = nCount < nEnd](int n) {
-        return n < nCount ? int(*(pSymbols - n)) : bCut && n == nCount ? OtherSymbol : LineEndSymbol;
+        return n < nCount         ? int(*(pSymbols - n))
+            : bCut && n == nCount ? OtherSymbol
+                                  : LineEndSymbol;
     };
     bool bFound = false;
     run(m_arrStartStates[AtLineStart], symbolAt, [&bFound](int) {

@@ -134,8 +134,7 @@ int CRegionScanner::nextCandidate(int nFrom) const
         return n;
     }
     if (m_bFirmBelow || m_pAnywhere) {
-        while (n < nSize && !arrRules[pSymbols[n]]
-               && !m_overrides[pSymbols[n]]) {
+        while (n < nSize && !arrRules[pSymbols[n]] && !m_overrides[pSymbols[n]]) {
             ++n;
         }
         return n;

@@ -53,8 +53,7 @@ bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLan
         frame.strKey = key();
         const bool bKeyIsHere = rule.bHasKey && mirrored(frame.strKey) != frame.strKey
             && m_strText.at(nAt) == frame.strKey.at(0);
-        nBehind =
-            rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_line, nAt);
+        nBehind = rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_line, nAt);
     } else {
         nBehind = endOfBegin(rule, nAt, &frame.strKey);
     }

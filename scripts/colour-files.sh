@@ -7,10 +7,21 @@ folder=$(realpath -m "${1:-$(dirname "$0")/../build/colours}")
 mkdir -p "$folder/download/lists" "$folder/files"
 cd "$folder/download"
 
+unpack() { # PACKAGE FOLDER
+    [ -d "../files/$2" ] && return
+    if apt-get download -qq "$1"; then
+        dpkg-deb -x "$1"_*.deb "../files/$2"
+    else
+        echo "left out: $1" >&2
+    fi
+}
+
 for package in $PACKAGES_COLOURS; do
-    [ -d "../files/$package" ] && continue
-    apt-get download -qq "$package" || { echo "left out: $package" >&2; continue; }
-    dpkg-deb -x "$package"_*.deb "../files/$package"
+    unpack "$package" "$package"
+done
+for entry in $PATTERNS_COLOURS; do
+    newest=$(apt-cache pkgnames | grep -E "${entry#*=}" | sort -V | tail -n 1)
+    unpack "${newest:-${entry%%=*}}" "${entry%%=*}"
 done
 
 # Sources have lists of their own, so that the machine's stay as they are.
@@ -22,7 +33,7 @@ sources=(-o "Dir::Etc::sourcelist=$PWD/sources.list" -o Dir::Etc::sourceparts=/d
 apt-get "${sources[@]}" update -qq
 for package in $SOURCES_COLOURS; do
     [ -d "../files/src-$package" ] && continue
-    apt-get "${sources[@]}" source -qq --download-only "$package" >/dev/null ||
+    apt-get "${sources[@]}" source -qq --tar-only --download-only "$package" >/dev/null ||
         { echo "left out: $package" >&2; continue; }
     mkdir -p "../files/src-$package"
     for archive in "$package"_*.tar.*; do

@@ -32,14 +32,18 @@ PACKAGES_BENCH="libkf5syntaxhighlighting-dev libqscintilla2-qt5-dev ripgrep"
 PACKAGES_COLOURS="
 ansible-core asciidoctor awesome bash-completion cdbs cmake-data debian-reference-en dkms dokuwiki
 elixir erlang-src git git-doc golang-golang-x-net-dev initramfs-tools libjs-bootstrap5
-libmojolicious-perl libruby3.1 librust-aho-corasick-dev librust-anyhow-dev librust-bitflags-dev
+libmojolicious-perl librust-aho-corasick-dev librust-anyhow-dev librust-bitflags-dev
 librust-chrono-dev librust-clap-dev librust-either-dev librust-glob-dev librust-http-dev
 librust-hyper-dev librust-itertools-dev librust-libc-dev librust-log-dev librust-memchr-dev
 librust-nom-dev librust-once-cell-dev librust-quote-dev librust-rand-dev librust-rayon-dev
 librust-regex-dev librust-semver-dev librust-serde-dev librust-syn-dev librust-time-dev
-librust-tokio-dev librust-toml-dev librust-url-dev linux-headers-6.1.0-47-common lua-penlight nim
-nmap-common node-bootstrap-sass node-less npm perl-modules-5.36 phpmyadmin po4a postgresql-15 quilt
+librust-tokio-dev librust-toml-dev librust-url-dev lua-penlight nim
+nmap-common node-bootstrap-sass node-less npm phpmyadmin po4a quilt
 roundcube-core ruby-rails-i18n tomcat10-examples vim-runtime wordpress zabbix-server-pgsql"
+# The newest package whose name matches, under a name that stays: FOLDER=PATTERN.
+PATTERNS_COLOURS="
+libruby=^libruby[0-9.]+$ linux-headers=^linux-headers-[0-9.-]+-common$
+perl-modules=^perl-modules-[0-9.]+$ postgresql=^postgresql-[0-9]+$"
 SOURCES_COLOURS="
 bash commons-io git haskell-lens kotlinx-coroutines python-django weechat xmonad-contrib"
 

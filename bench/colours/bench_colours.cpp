@@ -148,7 +148,8 @@ int compareAll(const CHighlightMgt &registry, const Options &options)
 {
     QTextStream out(stdout);
     out.setCodec("UTF-8");
-    out << "| language | files | fixed rules, % | as it stands, % | styles put right, % | of it peer "
+    out << "| language | files | fixed rules, % | as it stands, % | styles put right, % | of it "
+           "peer "
            "wrong (looked at), % | left, % | lines left, % | longest run, fixed rules | as it "
            "stands | left |\n|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
     double arrSums[4] = {};

@@ -37,7 +37,7 @@ bool isCommentOrString(const Format &format)
 class CPeer : public KSyntaxHighlighting::AbstractHighlighter
 {
 public:
-    explicit CPeer(QString strLanguage) : m_strLanguage(std::move(strLanguage)) {}
+    explicit CPeer(QString strLanguage) : m_strLanguage(std::move(strLanguage)) { }
 
     PeersText run(const QStringList &lstLines)
     {

@@ -8,9 +8,9 @@
 #include <Qsci/qscilexercss.h>
 #include <Qsci/qscilexerdiff.h>
 #include <Qsci/qscilexerhtml.h>
-#include <Qsci/qscilexerjson.h>
 #include <Qsci/qscilexerjava.h>
 #include <Qsci/qscilexerjavascript.h>
+#include <Qsci/qscilexerjson.h>
 #include <Qsci/qscilexerlua.h>
 #include <Qsci/qscilexermakefile.h>
 #include <Qsci/qscilexermarkdown.h>

@@ -11,8 +11,7 @@ constexpr int nMaxInPlace = 50;
 
 QString partner(const QString &strKey)
 {
-    static const QMap<QString, QString> s_map {
-        {"(", ")"}, {"[", "]"}, {"{", "}"}, {"<", ">"}};
+    static const QMap<QString, QString> s_map {{"(", ")"}, {"[", "]"}, {"{", "}"}, {"<", ">"}};
     return s_map.value(strKey, strKey);
 }
 
@@ -54,11 +53,10 @@ void CLiteralRegions::addLanguage(const QVariantMap &mapDefinition)
     Language language;
     const QVariantMap mapKeywords =
         mapDefinition.value("general").toMap().value("keywords").toMap();
-    language.sensitivity = mapKeywords.value("casesensitive").toBool() ? Qt::CaseSensitive
-                                                                       : Qt::CaseInsensitive;
+    language.sensitivity =
+        mapKeywords.value("casesensitive").toBool() ? Qt::CaseSensitive : Qt::CaseInsensitive;
     m_nElements = 0;
-    language.pRegions =
-        read(mapDefinition.value("regions").toMap(), int(m_lstLanguages.size()));
+    language.pRegions = read(mapDefinition.value("regions").toMap(), int(m_lstLanguages.size()));
     collectNames(language.pRegions, &language);
     m_lstLanguages.push_back(language);
 }
@@ -217,8 +215,8 @@ bool CLiteralRegions::tryAnywhere(int nAt)
     return false;
 }
 
-std::vector<CLiteralRegions::ElementPtr>
-CLiteralRegions::rulesInside(int nLanguage, const ElementPtr &pElement)
+std::vector<CLiteralRegions::ElementPtr> CLiteralRegions::rulesInside(int nLanguage,
+                                                                      const ElementPtr &pElement)
 {
     const Language &language = m_lstLanguages[size_t(nLanguage)];
     if (!pElement) {
@@ -256,8 +254,8 @@ bool CLiteralRegions::tryInnermost(int nAt)
         const bool bByKey = element.get("end").contains("%2");
         const bool bPair = bByKey && partner(open.strKey) != open.strKey
             && m_strLine.midRef(nAt, 1) == open.strKey;
-        const int nNested = bByKey ? (bPair ? nAt + 1 : -1)
-                                   : endOf(open.nLanguage, element.get("nests"), nAt);
+        const int nNested =
+            bByKey ? (bPair ? nAt + 1 : -1) : endOf(open.nLanguage, element.get("nests"), nAt);
         if (nNested > nAt && m_lstOpen.size() + m_lstPending.size() < nMaxDepth) {
             Open again = open;
             again.bWaits = false;
@@ -297,8 +295,7 @@ bool CLiteralRegions::tryElement(const ElementPtr &pElement, int nLanguage, int 
 bool CLiteralRegions::beginRegion(const ElementPtr &pElement, int nLanguage, int nAt)
 {
     const Element &element = *pElement;
-    if ((!element.has("start") && !element.has("key"))
-        || !standsBehind(nLanguage, element, nAt)) {
+    if ((!element.has("start") && !element.has("key")) || !standsBehind(nLanguage, element, nAt)) {
         return false;
     }
     Open open {pElement, nLanguage, QString()};

@@ -37,8 +37,7 @@ QString kindsOf(const HighlightLine &line, int nSize)
     for (const HighlightRange &range : line.lstRanges) {
         const bool bComment = range.role == HighlightRole::Comment;
         if (bComment || range.role == HighlightRole::String) {
-            str.replace(range.nStart, range.nLength,
-                        QString(range.nLength, bComment ? 'c' : 's'));
+            str.replace(range.nStart, range.nLength, QString(range.nLength, bComment ? 'c' : 's'));
         }
     }
     return str;
@@ -96,7 +95,7 @@ void collectPieces(const QVariantMap &mapElement, QStringList *pPieces)
 QStringList randomLines(const QVariantMap &mapDefinition, quint32 nSeed)
 {
     QStringList lstPieces {" ", " ", "\t", "a", "B1", "_", "\u00e9", "\u4e2d", "\\", "\"", "'",
-                           "`", "#",  "/",  "=", "(",  ")", "{",      "}",      "<",  ">"};
+                           "`", "#", "/",  "=", "(",  ")", "{",      "}",      "<",  ">"};
     const int nGeneral = lstPieces.size();
     collectPieces(mapDefinition.value("regions").toMap(), &lstPieces);
     for (const QVariant &embedded : mapDefinition.value("embedded").toMap()) {

@@ -38,3 +38,9 @@ repeat local line = io.read("l") until line == nil or line:match("^%s*$")
 local long = [[text in
 long brackets]]
 return s, math.pi, utf8.char(0x20AC), _VERSION
+
+-- A string over lines.
+local long = "first \z
+              second -- no comment \z
+              third"
+local after = 'x'

@@ -46,3 +46,15 @@ module Shop
 end
 
 puts [1, 2, 3].map { _1 ** 2 }.inspect, %w[a b], nil, true, __FILE__ while false
+
+# A pattern that begins with a blank, a character, here-documents that begin in a field.
+assert_text([
+  /     1\| module "Foo/,
+])
+dir == '/' ? dir : dir.chomp(?/)
+text = "#{<<-"one;"}\n#{<<-"two;".chomp}"
+  first #{dir}
+one;
+  second "
+two;
+puts text / 2
