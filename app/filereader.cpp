@@ -108,18 +108,27 @@ Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteA
     return fault;
 }
 
-// One opening and one reading. Changing where the file was not the same behind the reading.
-SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
+// Opens nothing but a regular file.
+Fault openRegular(const QString &strPath, CDescriptor *pFile)
 {
     // Looked at before it is opened, too: to open a device can set it going.
     const Platform::FileKind kind = Platform::kindOfPath(strPath);
     if (kind != Platform::FileKind::Regular && kind != Platform::FileKind::Missing)
-        return CReadTexts::failure(Fault::NotAFile);
-    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
-    if (!file.isOpen())
-        return CReadTexts::failure(Fault::CannotOpen);
-    if (Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular)
-        return CReadTexts::failure(Fault::NotAFile);
+        return Fault::NotAFile;
+    *pFile = CDescriptor(Platform::openFile(strPath, Platform::FileAccess::Read));
+    if (!pFile->isOpen())
+        return Fault::CannotOpen;
+    return Platform::kindOfHandle(pFile->handle()) == Platform::FileKind::Regular ? Fault::None
+                                                                                  : Fault::NotAFile;
+}
+
+// One opening and one reading. Changing where the file was not the same behind the reading.
+SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
+{
+    CDescriptor file;
+    const Fault opening = openRegular(strPath, &file);
+    if (opening != Fault::None)
+        return CReadTexts::failure(opening);
     SFileContent content;
     content.state = fileStateOf(file.handle());
     const bool bFresh = isFresh(content.state); // Now: a change may come while it is read.
@@ -154,6 +163,21 @@ SFileContent readFile(const QString &strPath, const SReadLimits &limits)
     if (content.fault == Fault::Changing)
         content.strError = CReadTexts::failure(Fault::Changing).strError;
     return content;
+}
+
+SFileContent lookAtFile(const QString &strPath, const SReadLimits &limits)
+{
+    CDescriptor file;
+    const Fault opening = openRegular(strPath, &file);
+    if (opening != Fault::None)
+        return CReadTexts::failure(opening);
+    const SFileState state = fileStateOf(file.handle());
+    return CReadTexts::failure(faultBefore(state, limits), state);
+}
+
+SFileContent readingFailed(SFileContent::Fault fault, const SFileState &state)
+{
+    return CReadTexts::failure(fault, state);
 }
 
 QByteArray hashOfOpenFile(int nHandle)

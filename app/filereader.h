@@ -53,6 +53,13 @@ const qint64 g_nMaxReadable = 0x7fffffff - 0x1000;
 // does.
 SFileContent readFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
 
+// What readFile() would find out before it reads: the file's state without a hash, and each fault
+// that needs no byte of it. Any thread.
+SFileContent lookAtFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
+
+// A content that could not be had, with the text for the user.
+SFileContent readingFailed(SFileContent::Fault fault, const SFileState &state);
+
 // The hash of a whole open file, as a state has it; empty where it cannot be read.
 QByteArray hashOfOpenFile(int nHandle);
 

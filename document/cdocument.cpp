@@ -34,6 +34,10 @@ Result CDocument::load(const QString &strPath, const SFileContent &content)
 
 Result CDocument::reload()
 {
+    if (isArriving())
+        return refusedAsReadOnly();
+    if (reloadInBackground())
+        return Result::done();
     const SFileContent content = read(path());
     if (!isLoadable(content))
         return Result::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
@@ -53,8 +57,16 @@ void CDocument::onFileRead(const SFileContent &content)
     emit reloaded();
 }
 
+Result CDocument::refusedAsReadOnly() const
+{
+    return Result::refused(isArriving() ? tr("The file is still being loaded.")
+                                        : tr("The text is shown in pieces and cannot be changed."));
+}
+
 Result CDocument::save()
 {
+    if (isReadOnly())
+        return refusedAsReadOnly();
     SNotice question = saveQuestion();
     if (question.strText.isEmpty())
         return write(path());
@@ -70,6 +82,8 @@ Result CDocument::saveAnyway()
 
 Result CDocument::saveAs(const QString &strPath)
 {
+    if (isReadOnly())
+        return refusedAsReadOnly();
     if (strPath == path())
         return save();
     SNotice question = lossQuestion();
@@ -88,6 +102,8 @@ Result CDocument::saveAsAnyway(const QString &strPath)
 
 Result CDocument::write(const QString &strPath)
 {
+    if (isReadOnly()) // An answer in the bar may come late.
+        return refusedAsReadOnly();
     if (editor())
         editor()->finishReplaceAll(); // Half of it is nothing to keep.
     {
@@ -127,7 +143,7 @@ void CDocument::fileRenamed(const QString &strPath)
 
 void CDocument::checkFile()
 {
-    if (path().isEmpty() || m_bLoading || m_bSaving || m_bChangeTold
+    if (path().isEmpty() || isLoading() || m_bSaving || m_bChangeTold
         || isFileUnchanged(path(), &m_state))
         return;
     m_bChangeTold = true;
@@ -136,7 +152,7 @@ void CDocument::checkFile()
 
 void CDocument::checkFileAfterSaveElsewhere()
 {
-    if (path().isEmpty() || isFileUnchanged(path(), &m_state))
+    if (path().isEmpty() || isLoading() || isFileUnchanged(path(), &m_state))
         return;
     m_bSavedElsewhere = true;
     m_bChangeTold = false;
@@ -218,7 +234,7 @@ void CDocument::restore(const SDraft &draft)
 
 void CDocument::dropText(SDraft::Reason reason)
 {
-    if (!m_bLoading)
+    if (!isLoading())
         emit textDropping(reason);
 }
 

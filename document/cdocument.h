@@ -53,7 +53,14 @@ public:
     virtual bool isModified() const { return false; }
     // False for pictures, and for a page that shows another address than its file's.
     virtual bool canSave() const { return false; }
-    bool isLoading() const { return m_bLoading; }
+    // While it is created or filled; a large text for as long as it arrives.
+    bool isLoading() const { return m_bLoading || isArriving(); }
+    // A large text on its way: it can be read and copied, and nothing else. It is not modified.
+    virtual bool isArriving() const { return false; }
+    // Not to be changed nor saved: arriving, or not shown as the file has it.
+    virtual bool isReadOnly() const { return isArriving(); }
+    // Ends the arrival. False when only a part of the text is there: then close the document.
+    virtual bool stopArriving() { return true; }
     bool isSaving() const { return m_bSaving; }
 
     // The file: each refusal leaves the document as it was.
@@ -122,7 +129,7 @@ public:
     void setNotice(Topic topic, const SNotice &notice);
     void clearNotice(Topic topic) { setNotice(topic, SNotice()); }
     // The user closed the bar.
-    void dismissNotice();
+    virtual void dismissNotice();
 
 signals:
     // The text or the picture changed, or may have.
@@ -131,6 +138,12 @@ signals:
     // Another widget stands for the document now.
     void widgetChanged(QWidget *pOld, QWidget *pNew);
     void loaded(); // For the first time.
+    // A large text: began or ended; how far; its first lines stand there.
+    void arrivingChanged();
+    void arrivalProgressed(qint64 nDone, qint64 nAll);
+    void firstTextShown();
+    // It could not be read to its end. bPartial: only a part is there, close the document.
+    void arrivalFailed(const QString &strReason, bool bPartial);
     void reloaded();
     void saved();
     void renamed(); // The file, by this program.
@@ -153,6 +166,8 @@ protected:
     virtual void markSaved() { }
     virtual Result showContent(const QString &strPath, const SFileContent &content);
     virtual Result showAgain(const SFileContent &content);
+    // True when the file is large and is read in the background from now on.
+    virtual bool reloadInBackground() { return false; }
     virtual QString codecName() const { return QString(); }
     virtual bool isContentWhole(const SFileContent &) const { return true; }
     virtual void fillDraft(SDraft *) const { }
@@ -167,6 +182,7 @@ protected:
 
 private:
     Result write(const QString &strPath);
+    Result refusedAsReadOnly() const;
     SNotice saveQuestion();
     SNotice lossQuestion() const;
     SNotice changedNotice();

@@ -80,6 +80,8 @@ Result CDocument::find(const QString &strText, bool bBackward)
     CHighlightEdit *pEditor = editor();
     if (!pEditor)
         return Result::refused();
+    if (isArriving())
+        return refusedAsReadOnly();
     const CWaitCursor wait(pEditor);
     return Result::doneIf(bBackward ? pEditor->findPrevious(strText)
                                     : pEditor->find(strText, false, nullptr));
@@ -90,6 +92,8 @@ Result CDocument::replace(const QString &strFind, const QString &strReplacement)
     CHighlightEdit *pEditor = editor();
     if (!pEditor)
         return Result::refused();
+    if (isReadOnly())
+        return refusedAsReadOnly();
     const CWaitCursor wait(pEditor);
     return Result::doneIf(pEditor->replace(strFind, strReplacement, nullptr));
 }
@@ -99,6 +103,8 @@ Result CDocument::replaceAll(const QString &strFind, const QString &strReplaceme
     CHighlightEdit *pEditor = editor();
     if (!pEditor)
         return Result::refused();
+    if (isReadOnly())
+        return refusedAsReadOnly();
     const CWaitCursor wait(pEditor);
     pEditor->startReplaceAll(strFind, strReplacement);
     return Result::done();
@@ -124,6 +130,8 @@ Result CDocument::setReturnFormat(int nFormat)
     CHighlightEdit *pEditor = editor();
     if (!pEditor || pEditor->returnFormat() == nFormat)
         return Result::refused();
+    if (isReadOnly())
+        return refusedAsReadOnly();
     pEditor->setReturnFormat(nFormat);
     pEditor->setModified(true); // What would be saved is no longer what lies on the disk.
     return Result::done();

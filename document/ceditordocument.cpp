@@ -10,6 +10,7 @@ CEditorDocument::CEditorDocument(QWidget *pViewParent) : m_pEditor(new CHighligh
     connect(m_pEditor, &CHighlightEdit::textReplacing, this,
             [this] { dropText(SDraft::Reason::Refreshed); });
     connect(m_pEditor, &CHighlightEdit::fileRead, this, &CEditorDocument::onFileRead);
+    connectArrival();
 }
 
 CEditorDocument::~CEditorDocument()
@@ -35,24 +36,12 @@ QString CEditorDocument::path() const
 
 QString CEditorDocument::title() const
 {
-    return m_pEditor->getTitle();
+    return isArriving() ? tr("%1 (loading)").arg(m_pEditor->getTitle()) : m_pEditor->getTitle();
 }
 
 bool CEditorDocument::isModified() const
 {
     return m_pEditor->isModified();
-}
-
-SPlace CEditorDocument::place() const
-{
-    SPlace place = CDocument::place();
-    notePlace(*m_pEditor, &place);
-    return place;
-}
-
-void CEditorDocument::goToPlace(const SPlace &place)
-{
-    ::goToPlace(m_pEditor, place);
 }
 
 QByteArray CEditorDocument::bytesToSave(const QString &) const
@@ -101,6 +90,8 @@ bool CEditorDocument::isContentWhole(const SFileContent &) const
 
 Result CEditorDocument::setCodec(const QString &strName)
 {
+    if (isReadOnly())
+        return Result::refused();
     if (!codecForName(strName) || strName == m_pEditor->codecName())
         return Result::refused();
     if (!isModified() && !path().isEmpty()) {

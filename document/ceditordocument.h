@@ -4,6 +4,8 @@
 
 #include <QPointer>
 
+#include <optional>
+
 // A text or source file in a code editor.
 class CEditorDocument : public CDocument
 {
@@ -20,13 +22,22 @@ public:
     QString path() const override;
     QString title() const override;
     bool isModified() const override;
-    bool canSave() const override { return true; }
+    bool canSave() const override { return !isReadOnly(); }
+    bool isArriving() const override;
+    bool isReadOnly() const override;
+    bool stopArriving() override;
+    void dismissNotice() override;
     bool isCodecSure() const override;
 
     // Shows the file in that codec: from its own bytes while nothing was typed, else from the bytes
     // that the text has in the codec it was read in.
     Result setCodec(const QString &strName) override;
 
+    // A large file: shows it piece by piece while the event loop runs. Ends with loaded() or
+    // arrivalFailed().
+    void loadInBackground(const QString &strPath);
+
+    // While the text arrives, the place that it goes to afterwards.
     SPlace place() const override;
     void goToPlace(const SPlace &place) override;
 
@@ -36,11 +47,24 @@ protected:
     void markSaved() override;
     Result showContent(const QString &strPath, const SFileContent &content) override;
     Result showAgain(const SFileContent &content) override;
+    bool reloadInBackground() override;
     QString codecName() const override;
     bool isContentWhole(const SFileContent &content) const override;
     void fillDraft(SDraft *pDraft) const override;
     void showDraft(const SDraft &draft) override;
 
 private:
+    void connectArrival();
+    void onArrived(const SFileContent &content);
+    void onArrivalFailed(const SFileContent &content, bool bPartial);
+    void askAboutLongLine(int nLength);
+    void answerAboutLongLine(bool bWhole);
+    void tellOfPieces();
+
+    bool m_bFirstTime = false; // Nothing was shown before the text that arrives.
+    QString m_strArriving; // The path that is read.
+    bool m_bAsking = false; // Whether a long line is to be shown whole.
+    bool m_bKeepsPlace = false; // It is read again.
+    std::optional<SPlace> m_goal; // Of a text that arrives.
     QPointer<CHighlightEdit> m_pEditor;
 };

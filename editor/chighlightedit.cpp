@@ -111,7 +111,7 @@ void CHighlightEdit::buildMenu()
     m_pActToggleComment->setShortcutVisibleInContextMenu(true);
     connect(m_pActToggleComment, &QAction::triggered, this, &CHighlightEdit::toggleComment);
     m_menu.addSeparator();
-    m_menu.addAction(tr("Refresh"), this, &CHighlightEdit::onRefresh);
+    m_pActRefresh = m_menu.addAction(tr("Refresh"), this, &CHighlightEdit::onRefresh);
     m_menu.addSeparator();
     m_menu.addAction(tr("Open file position"), this, &CHighlightEdit::onOpenFilePosition);
 }
@@ -133,7 +133,7 @@ void CHighlightEdit::setPathFileName(const QString &strPathFileName)
 
 bool CHighlightEdit::isModified() const
 {
-    return document()->isModified();
+    return document()->isModified() && !isLoading();
 }
 
 void CHighlightEdit::setModified(bool bModified)
@@ -170,7 +170,7 @@ QString CHighlightEdit::languageName() const
 
 bool CHighlightEdit::canToggleComment() const
 {
-    return m_pHighlighter && textCursor().hasSelection()
+    return m_pHighlighter && !isReadOnly() && textCursor().hasSelection()
         && (!m_pHighlighter->singleLineComment().isEmpty()
             || !m_pHighlighter->multiLineCommentStart().isEmpty());
 }
@@ -234,6 +234,7 @@ void CHighlightEdit::contextMenuEvent(QContextMenuEvent *pEvent)
     m_pActCut->setEnabled(bSelection && !isReadOnly());
     m_pActPaste->setEnabled(pClipboard && pClipboard->hasText() && !isReadOnly());
     m_pActToggleComment->setEnabled(canToggleComment());
+    m_pActRefresh->setEnabled(!isLoading());
     m_menu.popup(pEvent->globalPos());
 }
 

@@ -20,6 +20,7 @@ class CCompletionList;
 class CEditWebView;
 class CLineNumberArea;
 class CReplaceAll;
+class CTextArrival;
 class CTextDocument;
 class CTextLines;
 class CThreadHighlighter;
@@ -28,15 +29,17 @@ struct SFileContent;
 struct CommentMarkers;
 struct CommentToggle;
 struct DocumentMatch;
+struct SArrivedText;
 struct SCommand;
+struct STextRequest;
 struct STypedWord;
 
 // The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
 // from a thread of its own, reading and writing of text files, search, editing aids.
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _mouse,
-// _paint, _search, _verify.
+// _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _loading,
+// _mouse, _paint, _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -66,6 +69,8 @@ public:
 
     // The language; an empty map for none.
     void setDefinition(const QVariantMap &mapDefinition);
+    // Is this the one that was set last?
+    bool hasDefinition(const QVariantMap &mapDefinition) const { return m_definition == mapDefinition; }
     QString languageName() const;
     CThreadHighlighter *highlighter() const { return m_pHighlighter; }
     CTextDocument *textDocument() const { return m_pDocument; }
@@ -90,6 +95,26 @@ public:
     void readIn(const QString &strCodec, const QByteArray &arrData);
     // Shows a text that was kept elsewhere, with every character it has. Modified.
     void setRestoredText(const QString &strText, const QString &strCodec);
+
+    // A large file comes in slices while the event loop runs: read on another thread, then shown
+    // piece by piece. Meanwhile the editor is read-only and counts as not modified; at the end all
+    // is as after setTextData() or reloadData().
+    enum class LongLines { Ask, Whole, InPieces };
+    // Of pathFileName(). Until the new text is read, the old one stays; bKeepPlace: cursor line and
+    // scroll position come back with it.
+    void loadInSlices(LongLines longLines, bool bKeepPlace);
+    bool isLoading() const { return m_pArrival; }
+    // Has the new text begun to take the old one's place?
+    bool isTextPartial() const;
+    // Forgets the rest. A partial text stays read-only: it is for the owner to close or to fill.
+    void stopLoading();
+    // Lines were cut to be shown at all: the text is not the file's, and read-only.
+    bool isInPieces() const { return m_bInPieces; }
+    // Calls go once the text has arrived as far as that position (UTF-16 units) and line (from 1);
+    // at once when nothing is loading. Forgotten when the user goes elsewhere before, or when
+    // another call follows.
+    void whenArrived(int nPosition, int nLine, const std::function<void()> &go);
+
     // Empty: detected on the next load.
     QString codecName() const { return m_strCodecName; }
     // False when some of the bytes last read could not be shown: what is written loses them.
@@ -158,6 +183,18 @@ signals:
     void textReplacing();
     // The editor has read its file again by itself.
     void fileRead(const SFileContent &content);
+    // loadInSlices() has begun or ended, however.
+    void loadingChanged();
+    void loadProgressed(qint64 nDone, qint64 nAll);
+    // The first lines stand there; they may be all for a while.
+    void firstTextShown();
+    // The whole text has arrived; content without its bytes.
+    void loadFinished(const SFileContent &content);
+    // The text is as it was before, or part of the new one, and then stays read-only.
+    void loadFailed(const SFileContent &content, bool bPartial);
+    // Loading stands still, because of a line that Qt shows only with long pauses. The user is to
+    // be asked; loadInSlices() takes the answer.
+    void longLineFound(int nLength);
     // Some time after find() has selected a match: which one it is, and of how many. Not when a key
     // came before.
     void findCounted(int nIndex, int nCount);
@@ -224,6 +261,18 @@ private:
     bool zoomByKey(const QKeyEvent *pEvent);
     void showText(const QString &strText);
     void warnOfReplacing();
+    void goBackTo(int nLine, int nScroll);
+    STextRequest textRequest() const;
+    void refreshInSlices();
+    void startArrival(const STextRequest &request);
+    void setFixed(bool bFixed);
+    void beginSlices();
+    void appendSlice(const QString &strSlice);
+    void onLinesKnown(int nLines);
+    void onArrived(const SArrivedText &text);
+    void forgetArrival();
+    void endArrival();
+    void goWhereArrived(bool bAll);
     bool isSeveralLinesSelected() const;
     void indentSelection(bool bOutdent);
     void indentNewLine();
@@ -287,6 +336,7 @@ private:
     bool m_bPathChanged = false;
     bool m_bWhole = true;
     bool m_bCodecSure = true;
+    bool m_bInPieces = false;
     QString m_strPathFileName;
     QString m_strSuffix;
     QString m_strCodecName;
@@ -300,9 +350,19 @@ private:
     QAction *m_pActCut = nullptr;
     QAction *m_pActPaste = nullptr;
     QAction *m_pActToggleComment = nullptr;
+    QAction *m_pActRefresh = nullptr;
     int m_nReturnFormat;
     int m_nLinesToCome = 0; // Of the text about to be set.
     CStandIns m_standIns;
+    CTextArrival *m_pArrival = nullptr; // While loading; a child.
+    struct SGoal
+    {
+        int nPosition = 0;
+        int nLine = 0;
+        std::function<void()> go; // Empty: no goal.
+        QPoint from; // The cursor's position and the scroll bar's value when it was set.
+    };
+    SGoal m_goal;
     std::unique_ptr<CBackgroundJob> m_pCounter; // From the first search on.
     CReplaceAll *m_pReplaceAll = nullptr; // While it goes on.
     CCarets m_carets; // When there are several; else one, of no meaning.

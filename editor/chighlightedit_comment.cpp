@@ -60,7 +60,7 @@ void commentLines(QTextCursor *pEdit, const QTextBlock &first, const QTextBlock 
 bool CHighlightEdit::toggleComment()
 {
     const QTextCursor cursor = textCursor();
-    if (!m_pHighlighter || !cursor.hasSelection())
+    if (!m_pHighlighter || isReadOnly() || !cursor.hasSelection())
         return false;
     const CommentMarkers markers {m_pHighlighter->singleLineComment(),
                                   m_pHighlighter->multiLineCommentStart(),

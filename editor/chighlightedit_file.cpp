@@ -5,7 +5,6 @@
 #include "editor/lineendings.h"
 #include "editor/textreading.h"
 
-#include <QBuffer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCodec>
@@ -41,7 +40,7 @@ void CHighlightEdit::onTimeoutKeepModified()
 
 void CHighlightEdit::reload()
 {
-    if (m_strPathFileName.isEmpty())
+    if (m_strPathFileName.isEmpty() || isLoading())
         return;
     const SFileContent content = readForEditor(m_strPathFileName);
     if (!content.isWhole()) {
@@ -59,7 +58,11 @@ void CHighlightEdit::reloadData(const QByteArray &arrData)
     const int nLine = textCursor().blockNumber();
     const int nScroll = verticalScrollBar()->value();
     setTextData(arrData, false);
+    goBackTo(nLine, nScroll);
+}
 
+void CHighlightEdit::goBackTo(int nLine, int nScroll)
+{
     QTextBlock block = document()->findBlockByLineNumber(nLine);
     if (!block.isValid()) // The file has become shorter.
         block = document()->lastBlock();
@@ -71,8 +74,12 @@ void CHighlightEdit::reloadData(const QByteArray &arrData)
 
 void CHighlightEdit::onRefresh()
 {
-    if (m_strPathFileName.isEmpty())
+    if (m_strPathFileName.isEmpty() || isLoading())
         return;
+    if (isShownInSlices(m_strPathFileName)) {
+        refreshInSlices();
+        return;
+    }
     const SFileContent content = readForEditor(m_strPathFileName);
     if (!content.isWhole()) {
         showMessage(this, QMessageBox::Critical, tr("Fail to open file"),
@@ -80,10 +87,7 @@ void CHighlightEdit::onRefresh()
         return;
     }
     warnOfReplacing();
-    QBuffer buffer;
-    buffer.setData(content.bytes);
-    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
-    showBytes(nullptr, buffer.readAll()); // Always UTF-8, unlike reload().
+    showBytes(nullptr, readAsText(content.bytes)); // Always UTF-8, unlike reload().
     emit fileRead(content);
 }
 
@@ -157,6 +161,9 @@ void CHighlightEdit::showBytes(const QTextCodec *pCodec, const QByteArray &arrDa
 // Undo starts again.
 void CHighlightEdit::showText(const QString &strText)
 {
+    stopLoading();
+    setFixed(false);
+    m_bInPieces = false;
     const QString strShown = m_standIns.hide(strText);
     // The gutter takes its width beforehand: a view that changes its width lays out every block.
     m_nLinesToCome = lineCount(strShown);

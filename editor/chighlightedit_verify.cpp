@@ -28,12 +28,14 @@ bool isVerifiedXml(const QString &strLanguage)
 
 bool CHighlightEdit::canVerifyValid() const
 {
-    return m_pHighlighter && (isVerifiedXml(languageName()) || isJson(languageName()));
+    return m_pHighlighter && !isReadOnly()
+        && (isVerifiedXml(languageName()) || isJson(languageName()));
 }
 
 bool CHighlightEdit::canFormatting() const
 {
-    return m_pHighlighter && (isFormattedXml(languageName()) || isJson(languageName()));
+    return m_pHighlighter && !isReadOnly()
+        && (isFormattedXml(languageName()) || isJson(languageName()));
 }
 
 bool CHighlightEdit::verifyValid()

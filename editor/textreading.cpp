@@ -1,10 +1,47 @@
 #include "editor/textreading.h"
 
-SFileContent readForEditor(const QString &strPath)
+#include <QBuffer>
+
+namespace {
+
+qint64 g_nMostShownAtOnce = qint64(2) << 20;
+
+} // namespace
+
+SReadLimits editorLimits()
 {
     SReadLimits limits;
     limits.nMaxSize = g_nMaxReadable;
     // Bytes, text, blocks with their layouts, and the highlighter's copy.
     limits.nMemoryPerByte = 12;
-    return readFile(strPath, limits);
+    return limits;
+}
+
+SFileContent readForEditor(const QString &strPath)
+{
+    return readFile(strPath, editorLimits());
+}
+
+qint64 mostShownAtOnce()
+{
+    return g_nMostShownAtOnce;
+}
+
+bool isShownInSlices(const QString &strPath)
+{
+    const SFileContent content = lookAtFile(strPath, editorLimits());
+    return content.isWhole() && content.state.nSize > mostShownAtOnce();
+}
+
+void setMostShownAtOnce(qint64 nBytes)
+{
+    g_nMostShownAtOnce = nBytes;
+}
+
+QByteArray readAsText(const QByteArray &arrData)
+{
+    QBuffer buffer;
+    buffer.setData(arrData);
+    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
+    return buffer.readAll();
 }

@@ -2,6 +2,18 @@
 
 #include "app/filereader.h"
 
-// All of a file for an editor; refused where memory could not hold it with all that an editor makes
-// of it. Any thread; blocks while the disk does.
+// What an editor reads: at most what memory can hold with all that an editor makes of it.
+SReadLimits editorLimits();
+
+// All of a file for an editor. Any thread; blocks while the disk does.
 SFileContent readForEditor(const QString &strPath);
+
+// Bytes. A larger file is read in the background and shown in slices.
+qint64 mostShownAtOnce();
+// True for a larger file that can be read.
+bool isShownInSlices(const QString &strPath);
+// For tests. GUI thread, while nothing is loaded.
+void setMostShownAtOnce(qint64 nBytes);
+
+// The bytes as a file opened as text gives them: without CR.
+QByteArray readAsText(const QByteArray &arrData);

@@ -86,6 +86,26 @@ void CThreadHighlighter::rehighlight()
     if (!bByEdit && !m_pLines->isEdited()) {
         m_pLines->markAllStale();
     }
+    if (!m_bPaused) {
+        startPass();
+    }
+}
+
+void CThreadHighlighter::setPaused(bool bPaused)
+{
+    if (bPaused == m_bPaused) {
+        return;
+    }
+    m_bPaused = bPaused;
+    if (bPaused) {
+        stopThread();
+    } else {
+        startPass();
+    }
+}
+
+void CThreadHighlighter::startPass()
+{
     {
         const std::lock_guard<std::mutex> locker(m_mutex);
         m_bSyntaxRestart = true;

@@ -33,6 +33,10 @@ public:
     // characters without the white space around it marks nothing.
     void setSelectedWord(const QString &strWord);
 
+    // Paused, it does nothing but remember what is asked of it: for a text that comes in many
+    // pieces, each of which would make void what was found out about the others.
+    void setPaused(bool bPaused);
+
     // Of the definition in force; empty without one, but the single-line comment is "//" until the
     // first definition is set.
     QString languageName() const;
@@ -61,6 +65,7 @@ private:
 
     // Requests, GUI thread.
     void startIfIdle();
+    void startPass();
     void onEdited();
     void onEditAnnounced();
     void onEditSettled();
@@ -100,6 +105,7 @@ private:
     QTimer m_timerDeliver;
     QTimer m_timerEdit;
     int m_nRequestsToCome = 0; // by edits whose rehighlight() is still in the event queue
+    bool m_bPaused = false;
     bool m_bUnannounced = false; // contentsChange came without contentsChanged
     bool m_bStoppedBeforeEdit = false;
 };

@@ -23,7 +23,8 @@ void showEditorStates(Ui::MainWindow *pUi, const CHighlightEdit *pEditor)
     const bool bSelection = pEditor->textCursor().hasSelection();
     pUi->actionUndo->setEnabled(pEditor->document()->isUndoAvailable());
     pUi->actionRedo->setEnabled(pEditor->document()->isRedoAvailable());
-    enable({pUi->actionCut, pUi->actionCopy}, bSelection);
+    pUi->actionCopy->setEnabled(bSelection);
+    pUi->actionCut->setEnabled(bSelection && !pEditor->isReadOnly());
     pUi->actionSelect_All->setEnabled(true);
     pUi->actionToggle_Comment->setEnabled(pEditor->canToggleComment());
     pUi->actionVerify_Valid->setEnabled(pEditor->canVerifyValid());
@@ -76,16 +77,18 @@ void showActionStates(Ui::MainWindow *pUi, const CDocument &document)
     const CHighlightEdit *pEditor = document.editor();
     const bool bText = pEditor || document.page();
     pUi->actionSave->setEnabled(document.canSave());
-    pUi->actionSave_As->setEnabled(bText);
+    const bool bArrived = !document.isArriving();
+    const bool bEditable = bText && !document.isReadOnly();
+    pUi->actionSave_As->setEnabled(bEditable);
     pUi->actionSave_All->setEnabled(false);
-    pUi->actionRefresh->setEnabled(!document.path().isEmpty());
-    enable({pUi->actionFind, pUi->actionFind_Next, pUi->actionFind_Previous, pUi->actionReplace,
-            pUi->actionColor_Dialog},
-           bText);
+    pUi->actionRefresh->setEnabled(!document.path().isEmpty() && bArrived);
+    enable({pUi->actionFind, pUi->actionFind_Next, pUi->actionFind_Previous}, bText && bArrived);
+    enable({pUi->actionReplace, pUi->actionColor_Dialog}, bEditable);
     pUi->actionGo_to_Line->setEnabled(pEditor);
-    pUi->menuLanguage->setEnabled(pEditor);
+    pUi->menuLanguage->setEnabled(pEditor && bArrived);
     // A page's source is UTF-8 always.
-    pUi->menuText_Codec->setEnabled(document.kind() == CDocument::Kind::Text);
+    pUi->menuText_Codec->setEnabled(document.kind() == CDocument::Kind::Text
+                                      && !document.isReadOnly());
     if (pEditor)
         showEditorStates(pUi, pEditor);
     else

@@ -103,8 +103,12 @@ void CFindDock::selectMatch(CDocument *pDocument, int nLine, int nColumn, int nL
     if (!pDocument->editor() && pDocument->page())
         m_pWindow->on_actionSwapHtml_triggered();
     CHighlightEdit *pEditor = pDocument->editor();
-    if (!pEditor)
-        return;
+    if (pEditor)
+        pEditor->whenArrived(0, nLine, [=] { selectInEditor(pEditor, nLine, nColumn, nLength); });
+}
+
+void CFindDock::selectInEditor(CHighlightEdit *pEditor, int nLine, int nColumn, int nLength)
+{
     if (!pEditor->goToLine(nLine)) {
         emit message(tr("The text has changed since the search."));
         return;

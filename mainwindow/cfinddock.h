@@ -6,6 +6,7 @@
 #include <functional>
 
 class CDocument;
+class CHighlightEdit;
 class CWidgetFindInFiles;
 class MainWindow;
 class QDockWidget;
@@ -34,6 +35,7 @@ private:
     QString whyNotWrite(const QString &strPath) const;
     void onMatchActivated(const QString &strPath, int nLine, int nColumn, int nLength);
     void selectMatch(CDocument *pDocument, int nLine, int nColumn, int nLength);
+    void selectInEditor(CHighlightEdit *pEditor, int nLine, int nColumn, int nLength);
     void onFileReplaced(const QString &strPath);
     void onBusyChanged(bool bBusy, const QString &strWhat);
 

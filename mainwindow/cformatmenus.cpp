@@ -63,7 +63,7 @@ void CFormatMenus::showReturnFormat(const CDocument &document)
     const int nFormat = pEditor ? pEditor->returnFormat() : -1;
     QString strLabel;
     for (int n = 0; n < 3; ++n) {
-        arrActions[n]->setEnabled(pEditor);
+        arrActions[n]->setEnabled(pEditor && !document.isReadOnly());
         arrActions[n]->setChecked(n == nFormat);
         if (n == nFormat)
             strLabel = arrActions[n]->text();

@@ -2,9 +2,11 @@
 
 #include "app/csettings.h"
 #include "app/plaintext.h"
+#include "document/ceditordocument.h"
 #include "document/cimagedocument.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
+#include "editor/textreading.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
 #include "web/ctaster.h"
@@ -123,6 +125,10 @@ void COpener::openImage(const QString &strPath)
 
 void COpener::openText(const QString &strPath)
 {
+    if (isShownInSlices(strPath)) {
+        showTextInBackground(strPath);
+        return;
+    }
     const SFileContent content = CDocument::read(strPath);
     if (!CDocument::isLoadable(content)) {
         showFailure(strPath, content.strError);
@@ -131,31 +137,60 @@ void COpener::openText(const QString &strPath)
     showText(strPath, content);
 }
 
-void COpener::showText(const QString &strPath, const SFileContent &content)
+CEditorDocument *COpener::addTextOfFile()
 {
-    const QScopedValueRollback<bool> loading(*m_pLoading, true);
-    CDocument *pDocument = addTextDocument();
+    CEditorDocument *pDocument = addTextDocument();
     CHighlightEdit *pEditor = pDocument->editor();
     // Made a second time for an opened file: each of these slots runs twice per signal.
     connect(g_pSettings, &CSettings::textFontSizeChanged, pEditor, &CHighlightEdit::onTextFontSize);
     connect(pEditor, &CHighlightEdit::modificationChanged, m_pWindow,
             &MainWindow::onModifiedChanged);
     connect(pEditor, &CHighlightEdit::focusIn, m_pWindow, &MainWindow::onWidgetFocusIn);
+    return pDocument;
+}
 
+void COpener::showText(const QString &strPath, const SFileContent &content)
+{
+    const QScopedValueRollback<bool> loading(*m_pLoading, true);
+    CDocument *pDocument = addTextOfFile();
     m_pWindow->setCursor(Qt::WaitCursor);
     const Result result = pDocument->load(strPath, content);
     emit message(result.text());
     nameTab(*pDocument);
     m_pWindow->unsetCursor();
-    pEditor->setFocus();
-    if (!pDocument->isWhole())
+    pDocument->editor()->setFocus();
+    tellOfText(*pDocument);
+}
+
+// The language is chosen by the first lines, and once more at the end: they may be long.
+void COpener::showTextInBackground(const QString &strPath)
+{
+    CEditorDocument *pDocument = addTextOfFile();
+    connect(pDocument, &CDocument::firstTextShown, this,
+            [this, pDocument] { chooseLanguage(*pDocument); });
+    connect(pDocument, &CDocument::loaded, this, [this, pDocument] {
+        disconnect(pDocument, nullptr, this, nullptr);
+        chooseLanguage(*pDocument);
+        if (&m_pWindow->currentDocument() == pDocument)
+            tellOfText(*pDocument);
+    });
+    emit message(QString());
+    pDocument->loadInBackground(strPath);
+    nameTab(*pDocument);
+    pDocument->editor()->setFocus();
+}
+
+// What the user has to know before it is saved.
+void COpener::tellOfText(const CDocument &document)
+{
+    if (!document.isWhole())
         emit message(MainWindow::tr("The file is not all text: not all of it can be shown."));
-    else if (!pDocument->isCodecSure())
+    else if (!document.isCodecSure())
         emit message(
             MainWindow::tr("The encoding is a guess: %1. Format, Text Codec reads the file in "
                            "another.")
-                .arg(pEditor->codecName()));
-    else if (!QFileInfo(strPath).isWritable())
+                .arg(document.editor()->codecName()));
+    else if (!QFileInfo(document.path()).isWritable())
         emit message(MainWindow::tr("The file is read-only."));
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 
 class CDocument;
+class CEditorDocument;
 class CPageDocument;
 class CTabWidget;
 class CTaster;
@@ -42,12 +43,16 @@ signals:
 
 private:
     void addDocument(CDocument *pDocument, const QString &strTitle, const QString &strIcon);
-    CDocument *addTextDocument();
+    CEditorDocument *addTextDocument();
+    CEditorDocument *addTextOfFile();
     CPageDocument *addPageDocument();
     void openText(const QString &strPath);
     void openPage(const QString &strPath);
     void openImage(const QString &strPath);
     void showText(const QString &strPath, const SFileContent &content);
+    void showTextInBackground(const QString &strPath);
+    void tellOfText(const CDocument &document);
+    void chooseLanguage(const CDocument &document);
     void openSourceOf(const QString &strPath, const SFileContent &content);
     bool mayOpenImage(const QString &strPath);
     void nameTab(const CDocument &document);

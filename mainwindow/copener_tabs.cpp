@@ -45,7 +45,7 @@ void COpener::addDocument(CDocument *pDocument, const QString &strTitle, const Q
     emit added(pDocument);
 }
 
-CDocument *COpener::addTextDocument()
+CEditorDocument *COpener::addTextDocument()
 {
     auto *pDocument = new CEditorDocument(m_pWindow);
     pDocument->editor()->setModified(false);
@@ -98,13 +98,13 @@ void COpener::nameTab(const CDocument &document)
                             icon.isNull() ? QIcon(QStringLiteral(":/res/html_text.svg")) : icon);
         return; // The tool tip stays that of a new page.
     }
-    m_pTabs->setPlainTabText(nIndex, visibleName(QFileInfo(strPath).fileName()));
+    m_pTabs->setPlainTabText(nIndex, visibleName(document.isArriving() ? document.title()
+                                                                         : QFileInfo(strPath).fileName()));
     if (document.page())
         return;
     m_pTabs->setPlainTabToolTip(nIndex, strPath);
     if (CHighlightEdit *pEditor = document.editor()) {
-        pEditor->setDefinition(m_pWindow->highlightMgt()->definitionForContent(
-            QFileInfo(strPath).fileName(), firstLines(*pEditor->document())));
+        chooseLanguage(document);
         const bool bSvg =
             pEditor->suffix() == QLatin1String("svg") || pEditor->suffix() == QLatin1String("svgz");
         m_pTabs->setTabIcon(nIndex,
@@ -113,11 +113,22 @@ void COpener::nameTab(const CDocument &document)
     }
 }
 
+// A new definition has every line coloured anew.
+void COpener::chooseLanguage(const CDocument &document)
+{
+    CHighlightEdit *pEditor = document.editor();
+    const QVariantMap mapDefinition = m_pWindow->highlightMgt()->definitionForContent(
+        QFileInfo(document.path()).fileName(), firstLines(*pEditor->document()));
+    if (!pEditor->hasDefinition(mapDefinition))
+        pEditor->setDefinition(mapDefinition);
+}
+
 void COpener::recover(const SDraft &draft)
 {
     {
         const QScopedValueRollback<bool> loading(*m_pLoading, true);
-        CDocument *pDocument = draft.bPage ? addPageDocument() : addTextDocument();
+        CDocument *pDocument = draft.bPage ? static_cast<CDocument *>(addPageDocument())
+                                           : addTextDocument();
         m_pWindow->documents().restore(pDocument, draft);
         if (!draft.strPath.isEmpty())
             nameTab(*pDocument);

@@ -75,8 +75,10 @@ void CSearch::findAgain(bool bBackward)
     }
     dialog()->clearInfo();
     emit message(QString());
-    // An editor tells a miss itself.
-    if (!document().find(strText, bBackward).isDone() && !document().editor())
+    const Result result = document().find(strText, bBackward);
+    if (!result.text().isEmpty())
+        emit message(result.text());
+    else if (!result.isDone() && !document().editor()) // An editor tells a miss itself.
         tellMiss();
 }
 
@@ -84,7 +86,10 @@ void CSearch::findNext()
 {
     const QString strText = dialog()->getFindText();
     dialog()->clearInfo();
-    const bool bFound = document().find(strText, false).isDone();
+    const Result result = document().find(strText, false);
+    const bool bFound = result.isDone();
+    if (!result.text().isEmpty())
+        emit message(result.text());
     if (const CHighlightEdit *pEditor = document().editor())
         dialog()->uncover(selectedSpot(*pEditor));
     else if (const CEditWebView *pPage = document().page(); pPage && bFound)

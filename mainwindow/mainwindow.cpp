@@ -5,6 +5,7 @@
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h" // Declares the types that are registered here.
 #include "mainwindow/actionicons.h"
+#include "mainwindow/carrivals.h"
 #include "mainwindow/cclosing.h"
 #include "mainwindow/cfiledropfilter.h"
 #include "mainwindow/cfinddock.h"
@@ -81,6 +82,8 @@ MainWindow::MainWindow(QWidget *pParent)
     m_pClosing = new CClosing(this, m_pTabs, m_pPastTabs, [this](CDocument *pDocument) {
         return saveDocument(pDocument, false);
     });
+    m_pArrivals = new CArrivals(this, m_pTabs,
+                                [this](CDocument *pDocument) { m_pClosing->close(pDocument); });
     m_pOpener->setClose([this](CDocument *pDocument) { return m_pClosing->close(pDocument); });
     setupShortcuts();
     setupTabKeys();

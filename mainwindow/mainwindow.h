@@ -11,6 +11,7 @@ namespace Ui {
 class MainWindow;
 }
 
+class CArrivals;
 class CClosing;
 class CEditWebView;
 class CFindDock;
@@ -204,6 +205,7 @@ private:
     CPastTabs *m_pPastTabs = nullptr;
     COpener *m_pOpener = nullptr;
     CClosing *m_pClosing = nullptr;
+    CArrivals *m_pArrivals = nullptr;
     QByteArray m_arrClosedState; // The layout as the window was closed; empty while it is open.
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
     bool m_bLoading = false; // While a document is being created or loaded.

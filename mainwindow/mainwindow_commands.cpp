@@ -207,7 +207,7 @@ void MainWindow::on_actionGo_to_Line_triggered()
 void MainWindow::onGoToLine(int nLine)
 {
     if (CHighlightEdit *pEditor = currentDocument().editor()) {
-        pEditor->goToLine(nLine);
+        pEditor->whenArrived(0, nLine, [pEditor, nLine] { pEditor->goToLine(nLine); });
         pEditor->setFocus();
     }
 }

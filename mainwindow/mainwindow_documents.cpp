@@ -4,6 +4,7 @@
 #include "app/csettings.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
+#include "mainwindow/carrivals.h"
 #include "mainwindow/cclosing.h"
 #include "mainwindow/copener.h"
 #include "mainwindow/csearch.h"
@@ -11,6 +12,7 @@
 
 void MainWindow::connectDocument(CDocument *pDocument)
 {
+    m_pArrivals->add(pDocument);
     connect(pDocument, &CDocument::noticeChanged, this, &MainWindow::showNotice);
     connect(pDocument, &CDocument::reloaded, this, &MainWindow::onModifiedChanged);
     connect(pDocument, &CDocument::renamed, this, &MainWindow::onModifiedChanged);

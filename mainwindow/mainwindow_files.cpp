@@ -47,7 +47,7 @@ bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
 // strAgreed: the path that the user has chosen, after the notice bar's question was answered.
 bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
 {
-    if (!pDocument->widget())
+    if (!pDocument->widget() || pDocument->isReadOnly())
         return false;
     const QPointer<CDocument> pAsked(pDocument);
     const QString strStart = pDocument->path().isEmpty() ? m_strLastPath : pDocument->path();
@@ -83,6 +83,8 @@ void MainWindow::on_actionRefresh_triggered()
 
 void MainWindow::refreshDocument(CDocument *pDocument)
 {
+    if (pDocument->isArriving())
+        return;
     if (pDocument->isModified()) {
         const QPointer<CDocument> pAsked(pDocument);
         const auto answer = showMessage(this, QMessageBox::Warning, tr("File Modified"),

@@ -101,7 +101,8 @@ void MainWindow::onSelectionChanged()
 
 void MainWindow::onEditPageContentChanged()
 {
-    if (m_bLoading)
+    const auto *pEditor = qobject_cast<CHighlightEdit *>(sender());
+    if (m_bLoading || (pEditor && pEditor->isLoading()))
         return;
     if (qobject_cast<QWebPage *>(sender()))
         updateTitle();

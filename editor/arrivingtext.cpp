@@ -1,0 +1,170 @@
+#include "editor/arrivingtext.h"
+
+#include "app/platformfiles.h"
+#include "app/textcodecs.h"
+#include "editor/lineendings.h"
+#include "editor/textreading.h"
+
+#include <QTextCodec>
+#include <QTextDecoder>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+namespace {
+
+using Fault = SFileContent::Fault;
+
+const int g_nPiece = 10000; // UTF-16 units of a line that is cut; some screens wide.
+// Bytes of memory that the widget and the highlighter take, of which a file of short lines has
+// more than its size lets expect.
+const qint64 g_nBytesPerLine = 400;
+const qint64 g_nBytesPerCharacter = 6;
+
+bool goesOn(const SArrivalSteps &steps, qint64 nBytes)
+{
+    return !steps.progress || steps.progress(nBytes, nBytes);
+}
+
+void decideCodec(const STextRequest &request, const QByteArray &bytes, SArrivedText *pText)
+{
+    pText->strCodec = request.strCodec;
+    pText->bCodecSure = request.bCodecSure;
+    pText->nReturnFormat = request.nReturnFormat;
+    if (request.reading == STextRequest::Reading::AsUtf8)
+        return;
+    if (request.strCodec.isEmpty()) {
+        const SDetectedCodec detected = detectCodec(bytes);
+        pText->strCodec = detected.strName;
+        pText->bCodecSure = detected.bSure;
+    } else {
+        pText->strCodec = codecNameForData(request.strCodec, bytes);
+    }
+    pText->nReturnFormat = detectReturnFormat(bytes, request.nReturnFormat);
+}
+
+// In those a document sees the end of a line, and which stand-in they get hangs on the whole text.
+bool needsTheWholeText(QChar c)
+{
+    return c.unicode() == 0x2029 || (c.unicode() & 0xFFFE) == 0xFDD0;
+}
+
+// Whole lines from the beginning of the data; empty where the first of them is long.
+QString firstLines(const QTextCodec *pCodec, const QByteArray &bytes, const SSliceLimits &limits)
+{
+    const QByteArray beginning = bytes.left(limits.nCharacters);
+    if (!pCodec && beginning.contains('\0'))
+        return QString();
+    const std::unique_ptr<QTextDecoder> pDecoder(pCodec ? pCodec->makeDecoder() : nullptr);
+    const QString strText =
+        pDecoder ? pDecoder->toUnicode(beginning) : decodeText(nullptr, beginning);
+    if (std::any_of(strText.cbegin(), strText.cend(), needsTheWholeText))
+        return QString();
+    // The last line may go on, and a CR at the very end may be half of a line end.
+    const int nLast = qMax(strText.lastIndexOf(QLatin1Char('\n'), -2),
+                           strText.lastIndexOf(QLatin1Char('\r'), -2));
+    if (strText.size() < 2 || nLast < 0)
+        return QString();
+    const bool bPair =
+        strText.at(nLast) == QLatin1Char('\r') && strText.at(nLast + 1) == QLatin1Char('\n');
+    return strText.left(qMin(sliceEnd(strText, 0, limits), nLast + (bPair ? 2 : 1)));
+}
+
+// From the end, so that the text gives its memory back meanwhile.
+std::deque<QString> cut(QString strText, int nFrom, const SSliceLimits &limits)
+{
+    std::deque<int> starts;
+    for (int n = nFrom; n < strText.size(); n = sliceEnd(strText, n, limits))
+        starts.push_back(n);
+    std::deque<QString> slices;
+    const int nSlicesBetween = 64; // To give memory back is a call of the system.
+    for (; !starts.empty(); starts.pop_back()) {
+        slices.push_front(strText.mid(starts.back()));
+        strText.truncate(starts.back());
+        if (slices.size() % nSlicesBetween == 0)
+            strText.squeeze();
+    }
+    return slices;
+}
+
+bool isMemoryEnough(const SArrivedText &text, const QString &strText)
+{
+    const qint64 nMemory = Platform::availableMemory();
+    const qint64 nNeeded =
+        text.nLines * g_nBytesPerLine + strText.size() * g_nBytesPerCharacter;
+    return nMemory < 0 || nNeeded <= nMemory;
+}
+
+QString decode(const STextRequest &request, QByteArray bytes, SArrivedText *pText,
+               const SArrivalSteps &steps, QString *pFirst)
+{
+    const bool bAsFile = request.reading == STextRequest::Reading::AsFile;
+    const QTextCodec *pCodec = bAsFile ? codecForName(pText->strCodec) : nullptr;
+    if (!bAsFile)
+        bytes = readAsText(bytes);
+    if (steps.firstSlice) {
+        *pFirst = firstLines(pCodec, bytes, request.slices);
+        if (!pFirst->isEmpty())
+            steps.firstSlice(*pFirst);
+    }
+    pText->bWhole = isWholeText(pCodec, bytes);
+    return decodeText(pCodec, bytes);
+}
+
+void prepare(SFileContent content, const STextRequest &request, const SArrivalSteps &steps,
+             SArrivedText *pText)
+{
+    const qint64 nBytes = content.bytes.size();
+    decideCodec(request, content.bytes, pText);
+    if (!goesOn(steps, nBytes))
+        return;
+    QString strFirst;
+    QByteArray bytes = std::move(content.bytes);
+    QString strText = decode(request, std::move(bytes), pText, steps, &strFirst);
+    strText = pText->standIns.hide(strText);
+    pText->nLongestLine = longestLine(strText);
+    const bool bTooLong = pText->nLongestLine > request.nLongestLine;
+    pText->bAsk = bTooLong && request.longLines == STextRequest::LongLines::Ask;
+    pText->bInPieces = bTooLong && request.longLines == STextRequest::LongLines::InPieces;
+    if (pText->bInPieces)
+        strText = inPieces(strText, g_nPiece, request.nLongestLine);
+    pText->nLines = lineCount(strText);
+    if (!isMemoryEnough(*pText, strText))
+        throw std::bad_alloc();
+    pText->bBeginsOtherwise = !strText.startsWith(strFirst);
+    if (!pText->bAsk && goesOn(steps, nBytes)) {
+        const int nFrom = pText->bBeginsOtherwise ? 0 : strFirst.size();
+        pText->slices = cut(std::move(strText), nFrom, request.slices);
+    }
+}
+
+} // namespace
+
+SArrivedText slicesOf(SFileContent content, const STextRequest &request, const SArrivalSteps &steps)
+{
+    SArrivedText text;
+    text.content.state = content.state;
+    text.content.fault = content.fault;
+    text.content.strError = content.strError;
+    try {
+        prepare(std::move(content), request, steps, &text);
+    } catch (const std::bad_alloc &) {
+        text = SArrivedText();
+        text.content = readingFailed(Fault::NoMemory, content.state);
+    }
+    return text;
+}
+
+SArrivedText readInSlices(const STextRequest &request, const SArrivalSteps &steps)
+{
+    SReadLimits limits = editorLimits();
+    limits.progress = steps.progress;
+    SFileContent content = readFile(request.strPath, limits);
+    if (!content.isWhole() && content.fault != Fault::Changing) {
+        SArrivedText text;
+        text.content = content;
+        return text;
+    }
+    return slicesOf(std::move(content), request, steps);
+}

@@ -1,0 +1,214 @@
+// A large file that arrives in slices.
+#include "editor/chighlightedit.h"
+
+#include "editor/ctextarrival.h"
+#include "highlight/ctextdocument.h"
+#include "highlight/cthreadhighlighter.h"
+
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <utility>
+
+namespace {
+
+STextRequest::LongLines asRequested(CHighlightEdit::LongLines longLines)
+{
+    switch (longLines) {
+    case CHighlightEdit::LongLines::Whole:
+        return STextRequest::LongLines::Whole;
+    case CHighlightEdit::LongLines::InPieces:
+        return STextRequest::LongLines::InPieces;
+    case CHighlightEdit::LongLines::Ask:
+        break;
+    }
+    return STextRequest::LongLines::Ask;
+}
+
+} // namespace
+
+STextRequest CHighlightEdit::textRequest() const
+{
+    STextRequest request;
+    request.strPath = m_strPathFileName;
+    request.strCodec = m_strCodecName;
+    request.bCodecSure = m_bCodecSure;
+    request.nReturnFormat = m_nReturnFormat;
+    return request;
+}
+
+// The context menu's Refresh.
+void CHighlightEdit::refreshInSlices()
+{
+    warnOfReplacing();
+    STextRequest request = textRequest();
+    request.reading = STextRequest::Reading::AsUtf8;
+    startArrival(request);
+}
+
+void CHighlightEdit::loadInSlices(LongLines longLines, bool bKeepPlace)
+{
+    STextRequest request = textRequest();
+    request.longLines = asRequested(longLines);
+    if (m_pArrival)
+        request.reading = m_pArrival->request().reading; // The answer to longLineFound().
+    startArrival(request);
+    if (!bKeepPlace)
+        return;
+    const int nLine = textCursor().blockNumber();
+    const int nScroll = verticalScrollBar()->value();
+    m_goal.nLine = qMax(nLine, nScroll) + 1;
+    m_goal.go = [this, nLine, nScroll] { goBackTo(nLine, nScroll); };
+}
+
+void CHighlightEdit::startArrival(const STextRequest &request)
+{
+    const bool bRestarts = isLoading();
+    forgetArrival();
+    m_pArrival = new CTextArrival(request, this);
+    CTextArrival *pArrival = m_pArrival;
+    connect(pArrival, &CTextArrival::begun, this, &CHighlightEdit::beginSlices);
+    connect(pArrival, &CTextArrival::linesKnown, this, &CHighlightEdit::onLinesKnown);
+    connect(pArrival, &CTextArrival::sliceArrived, this, &CHighlightEdit::appendSlice);
+    connect(pArrival, &CTextArrival::progressed, this, &CHighlightEdit::loadProgressed);
+    connect(pArrival, &CTextArrival::finished, this, &CHighlightEdit::onArrived);
+    connect(pArrival, &CTextArrival::longLineFound, this, &CHighlightEdit::longLineFound);
+    connect(pArrival, &CTextArrival::failed, this, [this](const SFileContent &content) {
+        const bool bPartial = isTextPartial();
+        endArrival(); // The sender lives until the event loop runs.
+        setFixed(bPartial || m_bInPieces);
+        emit loadFailed(content, bPartial);
+        emit loadingChanged();
+    });
+    setFixed(true);
+    pArrival->start();
+    if (!bRestarts)
+        emit loadingChanged();
+}
+
+bool CHighlightEdit::isTextPartial() const
+{
+    return m_pArrival && m_pArrival->hasBegun();
+}
+
+void CHighlightEdit::stopLoading()
+{
+    if (!isLoading())
+        return;
+    const bool bPartial = isTextPartial();
+    endArrival();
+    setFixed(bPartial || m_bInPieces);
+    emit loadingChanged();
+}
+
+// The cursor stays, for selecting and copying; a box of the base class's own kind would hide it.
+void CHighlightEdit::setFixed(bool bFixed)
+{
+    setTextInteractionFlags(bFixed ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                   : Qt::TextEditorInteraction);
+}
+
+// The old text goes. From here on undo is off, or each slice would be a step.
+void CHighlightEdit::beginSlices()
+{
+    leaveCarets();
+    m_history.clear();
+    m_bInPieces = false;
+    document()->setUndoRedoEnabled(false);
+    setPlainText(QString());
+    m_goal.from = QPoint();
+}
+
+// The gutter takes its width beforehand: a view that changes its width lays out every block. The
+// highlighter rests: each slice would make void what it has just found out.
+void CHighlightEdit::onLinesKnown(int nLines)
+{
+    m_nLinesToCome = nLines;
+    updateLineNumberAreaWidth();
+    m_pHighlighter->setPaused(true);
+}
+
+// A cursor at the end stays where it is instead of moving on with the text.
+void CHighlightEdit::appendSlice(const QString &strSlice)
+{
+    const int nEnd = document()->characterCount() - 1;
+    const QTextCursor before = textCursor();
+    const int nAnchor = before.anchor();
+    const int nPosition = before.position();
+    QTextCursor cursor(document());
+    cursor.beginEditBlock(); // Within it no line is laid out.
+    cursor.setPosition(nEnd);
+    cursor.insertText(strSlice);
+    cursor.endEditBlock();
+    if (nAnchor == nEnd || nPosition == nEnd)
+        selectRange(qMin(nAnchor, nPosition), qMax(nAnchor, nPosition), nPosition < nAnchor);
+    if (nEnd == 0)
+        emit firstTextShown();
+    goWhereArrived(false);
+}
+
+void CHighlightEdit::onArrived(const SArrivedText &text)
+{
+    m_strCodecName = text.strCodec;
+    m_bCodecSure = text.bCodecSure;
+    m_bWhole = text.bWhole;
+    m_nReturnFormat = text.nReturnFormat;
+    m_standIns = text.standIns;
+    m_bInPieces = text.bInPieces;
+    goWhereArrived(true);
+    endArrival();
+    setFixed(m_bInPieces);
+    emit loadFinished(text.content);
+    emit loadingChanged();
+}
+
+void CHighlightEdit::forgetArrival()
+{
+    m_goal = SGoal();
+    if (!m_pArrival)
+        return;
+    m_pArrival->disconnect();
+    m_pArrival->stop();
+    m_pArrival->deleteLater(); // It may be the sender.
+    m_pArrival = nullptr;
+}
+
+void CHighlightEdit::endArrival()
+{
+    const bool bPartial = isTextPartial();
+    forgetArrival();
+    m_pHighlighter->setPaused(false);
+    m_nLinesToCome = 0;
+    updateLineNumberAreaWidth();
+    if (!bPartial)
+        return;
+    document()->setUndoRedoEnabled(true);
+    setModified(false);
+}
+
+void CHighlightEdit::whenArrived(int nPosition, int nLine, const std::function<void()> &go)
+{
+    if (!isLoading()) {
+        go();
+        return;
+    }
+    const QPoint here(textCursor().position(), verticalScrollBar()->value());
+    m_goal = {nPosition, nLine, go, isTextPartial() ? here : QPoint()};
+    goWhereArrived(false);
+}
+
+void CHighlightEdit::goWhereArrived(bool bAll)
+{
+    if (!m_goal.go || !isTextPartial())
+        return;
+    const QPoint here(textCursor().position(), verticalScrollBar()->value());
+    if (here != m_goal.from) {
+        m_goal = SGoal();
+        return;
+    }
+    const int nPage = verticalScrollBar()->pageStep() + 1; // Behind the line, to scroll to it.
+    const bool bThere = document()->characterCount() > m_goal.nPosition
+        && qint64(blockCount()) > qint64(m_goal.nLine) + nPage;
+    if (bAll || bThere)
+        std::exchange(m_goal, SGoal()).go();
+}

@@ -1,0 +1,90 @@
+#include "editor/ctextarrival.h"
+
+#include <QElapsedTimer>
+
+namespace {
+
+// Milliseconds of one turn: painting and scrolling come on top of it.
+const int g_nTurn = 20;
+// Thousandths of the work: reading and decoding take about so much.
+const qint64 g_nAll = 1000;
+const qint64 g_nReading = 100;
+
+} // namespace
+
+CTextArrival::CTextArrival(const STextRequest &request, QObject *pParent)
+    : QObject(pParent), m_request(request), m_pLoader(new CTextLoader)
+{
+    connect(m_pLoader.get(), &CTextLoader::progressed, this, [this](qint64 nDone, qint64 nAll) {
+        emit progressed(nAll > 0 ? g_nReading * nDone / nAll : 0, g_nAll);
+    });
+    connect(m_pLoader.get(), &CTextLoader::firstSliceReady, this, &CTextArrival::onFirstSlice);
+    connect(m_pLoader.get(), &CTextLoader::ready, this, &CTextArrival::onReady);
+    connect(&m_timer, &QTimer::timeout, this, &CTextArrival::giveSlices);
+}
+
+void CTextArrival::start()
+{
+    m_pLoader->start(m_request);
+}
+
+void CTextArrival::stop()
+{
+    m_bStopped = true;
+    m_timer.stop();
+    m_pLoader->disconnect(this);
+    m_pLoader.release()->deleteLater(); // It may be the sender.
+}
+
+void CTextArrival::begin()
+{
+    m_bBegun = true;
+    emit begun();
+}
+
+void CTextArrival::onFirstSlice(const QString &strSlice)
+{
+    begin();
+    emit sliceArrived(strSlice);
+}
+
+void CTextArrival::onReady(const std::shared_ptr<SArrivedText> &pText)
+{
+    using Fault = SFileContent::Fault;
+    const Fault fault = pText->content.fault;
+    if (fault != Fault::None && fault != Fault::Changing) {
+        emit failed(pText->content);
+        return;
+    }
+    if (pText->bAsk) {
+        emit longLineFound(pText->nLongestLine);
+        return;
+    }
+    m_pText = pText;
+    m_nSlices = pText->slices.size();
+    if (!m_bBegun || pText->bBeginsOtherwise)
+        begin();
+    emit linesKnown(pText->nLines);
+    m_timer.start(0);
+}
+
+void CTextArrival::giveSlices()
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    std::deque<QString> &slices = m_pText->slices;
+    while (!m_bStopped && !slices.empty() && elapsed.elapsed() < g_nTurn) {
+        const QString strSlice = std::move(slices.front());
+        slices.pop_front();
+        emit sliceArrived(strSlice);
+    }
+    if (m_bStopped)
+        return;
+    if (!slices.empty()) {
+        const qint64 nGiven = qint64(m_nSlices - slices.size());
+        emit progressed(g_nReading + (g_nAll - g_nReading) * nGiven / qint64(m_nSlices), g_nAll);
+        return;
+    }
+    m_timer.stop();
+    emit finished(*m_pText);
+}

@@ -1,0 +1,69 @@
+#include "editor/ctextloader.h"
+
+#include <QRunnable>
+#include <QThreadPool>
+
+#include <mutex>
+
+// What both threads know of each other. Of the standard library, because ThreadSanitizer sees
+// through it.
+struct CTextLoader::SLink
+{
+    std::mutex mutex;
+    CTextLoader *pLoader; // Null once nobody waits any more.
+
+    bool isWanted()
+    {
+        const std::lock_guard<std::mutex> locker(mutex);
+        return pLoader;
+    }
+    template<class Call> void post(const Call &call)
+    {
+        const std::lock_guard<std::mutex> locker(mutex);
+        if (pLoader)
+            QMetaObject::invokeMethod(
+                pLoader, [p = pLoader, call] { call(p); }, Qt::QueuedConnection);
+    }
+};
+
+namespace {
+
+class CTask : public QRunnable
+{
+public:
+    explicit CTask(std::function<void()> task) : m_task(std::move(task)) { }
+    void run() override { m_task(); }
+
+private:
+    std::function<void()> m_task;
+};
+
+} // namespace
+
+CTextLoader::CTextLoader(QObject *pParent) : QObject(pParent), m_pLink(std::make_shared<SLink>())
+{
+    m_pLink->pLoader = this;
+}
+
+CTextLoader::~CTextLoader()
+{
+    const std::lock_guard<std::mutex> locker(m_pLink->mutex);
+    m_pLink->pLoader = nullptr;
+}
+
+// On the pool that the application waits for at its end.
+void CTextLoader::start(const STextRequest &request)
+{
+    SArrivalSteps steps;
+    steps.progress = [pLink = m_pLink](qint64 nDone, qint64 nAll) {
+        pLink->post([nDone, nAll](CTextLoader *p) { emit p->progressed(nDone, nAll); });
+        return pLink->isWanted();
+    };
+    steps.firstSlice = [pLink = m_pLink](const QString &strSlice) {
+        pLink->post([strSlice](CTextLoader *p) { emit p->firstSliceReady(strSlice); });
+    };
+    QThreadPool::globalInstance()->start(new CTask([pLink = m_pLink, request, steps] {
+        const auto pText = std::make_shared<SArrivedText>(readInSlices(request, steps));
+        pLink->post([pText](CTextLoader *p) { emit p->ready(pText); });
+    }));
+}

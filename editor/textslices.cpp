@@ -1,0 +1,95 @@
+#include "editor/textslices.h"
+
+#include <algorithm>
+
+namespace {
+
+// A character has more marks than this in no script; what has more may be divided.
+const int g_nMostMarks = 32;
+
+bool isLineEnd(QChar c)
+{
+    return c == QLatin1Char('\n') || c == QLatin1Char('\r');
+}
+
+// Behind the line end that is at the place or follows it, or at the end of the text.
+int behindLine(const QString &strText, int nFrom)
+{
+    const QChar *const pEnd = strText.constEnd();
+    const QChar *pAt = std::find_if(strText.constBegin() + nFrom, pEnd, isLineEnd);
+    if (pAt == pEnd)
+        return strText.size();
+    const bool bPair =
+        *pAt == QLatin1Char('\r') && pAt + 1 != pEnd && pAt[1] == QLatin1Char('\n');
+    return int(pAt - strText.constBegin()) + (bPair ? 2 : 1);
+}
+
+bool belongsToTheOneBefore(QChar c)
+{
+    const ushort uJoiner = 0x200D;
+    return c.isLowSurrogate() || c.isMark() || c.unicode() == uJoiner;
+}
+
+int pieceEnd(const QString &strText, int nFrom, int nPiece)
+{
+    const int nEnd = nFrom + nPiece;
+    for (int n = nEnd; n > qMax(nFrom, nEnd - g_nMostMarks); --n) {
+        if (!belongsToTheOneBefore(strText.at(n)))
+            return n;
+    }
+    return strText.at(nEnd).isLowSurrogate() && nPiece > 1 ? nEnd - 1 : nEnd;
+}
+
+} // namespace
+
+int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits)
+{
+    const int nLimit = int(qMin(qint64(strText.size()), qint64(nFrom) + limits.nCharacters));
+    int nEnd = behindLine(strText, nFrom);
+    for (int nLines = 1; nLines < limits.nLines && nEnd < nLimit; ++nLines) {
+        const int nNext = behindLine(strText, nEnd);
+        if (nNext > nLimit)
+            break;
+        nEnd = nNext;
+    }
+    return nEnd;
+}
+
+int longestLine(const QString &strText)
+{
+    int nLongest = 0;
+    const QChar *pAt = strText.constBegin();
+    const QChar *const pEnd = strText.constEnd();
+    while (pAt != pEnd) {
+        const QChar *const pLineEnd = std::find_if(pAt, pEnd, isLineEnd);
+        nLongest = qMax(nLongest, int(pLineEnd - pAt));
+        pAt = pLineEnd == pEnd ? pEnd : pLineEnd + 1;
+    }
+    return nLongest;
+}
+
+QString inPieces(const QString &strText, int nPiece, int nLongest)
+{
+    QString strResult;
+    int nCopied = 0;
+    const auto copyUpTo = [&](int nEnd) {
+        strResult.append(strText.constData() + nCopied, nEnd - nCopied);
+        nCopied = nEnd;
+    };
+    for (int nLine = 0; nLine < strText.size();) {
+        const int nNext = behindLine(strText, nLine);
+        int nLineEnd = nNext;
+        while (nLineEnd > nLine && isLineEnd(strText.at(nLineEnd - 1)))
+            --nLineEnd;
+        if (nLineEnd - nLine > nLongest) {
+            copyUpTo(nLine);
+            while (nLineEnd - nCopied > nPiece) {
+                copyUpTo(pieceEnd(strText, nCopied, nPiece));
+                strResult.append(QLatin1Char('\n'));
+            }
+        }
+        nLine = nNext;
+    }
+    copyUpTo(strText.size());
+    return strResult;
+}

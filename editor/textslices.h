@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+// A large text as the slices in which a document takes it. Reentrant, no widgets.
+
+// What one slice holds at most. A line is never divided: its end is part of its slice, and a longer
+// line is a slice of its own, because a document lays a line out anew each time it grows.
+struct SSliceLimits
+{
+    int nCharacters = 0x10000; // UTF-16 units.
+    int nLines = 2000; // A line costs a document as much as some thirty characters.
+};
+
+// Where the slice that begins at nFrom ends. Behind a line end (LF, CR, or both as one) or at the
+// end of the text.
+int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits);
+
+// The length of the longest line, in UTF-16 units without its end.
+int longestLine(const QString &strText);
+
+// The text with a LF in each line that is longer than nLongest units, every nPiece units or a little
+// before: not inside a surrogate pair, nor before a mark that belongs to the character in front.
+QString inPieces(const QString &strText, int nPiece, int nLongest);
