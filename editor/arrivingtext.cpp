@@ -16,7 +16,8 @@ namespace {
 
 using Fault = SFileContent::Fault;
 
-const int g_nPiece = 10000; // UTF-16 units of a line that is cut; some screens wide.
+const int g_nPiece = 1000; // UTF-16 units of a line that is cut; some screens wide.
+const int g_nFirstSlice = 0x10000; // Bytes, of which at least the screen gets full.
 // Bytes of memory that the widget and the highlighter take, of which a file of short lines has
 // more than its size lets expect.
 const qint64 g_nBytesPerLine = 400;
@@ -53,7 +54,7 @@ bool needsTheWholeText(QChar c)
 // Whole lines from the beginning of the data; empty where the first of them is long.
 QString firstLines(const QTextCodec *pCodec, const QByteArray &bytes, const SSliceLimits &limits)
 {
-    const QByteArray beginning = bytes.left(limits.nCharacters);
+    const QByteArray beginning = bytes.left(qMin(limits.nCharacters, g_nFirstSlice));
     if (!pCodec && beginning.contains('\0'))
         return QString();
     const std::unique_ptr<QTextDecoder> pDecoder(pCodec ? pCodec->makeDecoder() : nullptr);

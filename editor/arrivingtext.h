@@ -28,7 +28,7 @@ struct STextRequest
     int nReturnFormat = 0; // Kept where the data have no line end. See ReturnFormat.
     Reading reading = Reading::AsFile;
     LongLines longLines = LongLines::Ask;
-    int nLongestLine = 6000000; // UTF-16 units that a line is shown with unasked.
+    int nLongestLine = 0x7fffffff; // UTF-16 units that a line is shown with unasked.
     SSliceLimits slices;
 };
 

@@ -2,6 +2,7 @@
 #include "editor/chighlightedit.h"
 
 #include "editor/ctextarrival.h"
+#include "editor/textreading.h"
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
 
@@ -34,6 +35,7 @@ STextRequest CHighlightEdit::textRequest() const
     request.strCodec = m_strCodecName;
     request.bCodecSure = m_bCodecSure;
     request.nReturnFormat = m_nReturnFormat;
+    request.nLongestLine = longestLineUnasked();
     return request;
 }
 

@@ -5,6 +5,7 @@
 namespace {
 
 qint64 g_nMostShownAtOnce = qint64(2) << 20;
+int g_nLongestLineUnasked = 6000000;
 
 } // namespace
 
@@ -36,6 +37,16 @@ bool isShownInSlices(const QString &strPath)
 void setMostShownAtOnce(qint64 nBytes)
 {
     g_nMostShownAtOnce = nBytes;
+}
+
+int longestLineUnasked()
+{
+    return g_nLongestLineUnasked;
+}
+
+void setLongestLineUnasked(int nLength)
+{
+    g_nLongestLineUnasked = nLength;
 }
 
 QByteArray readAsText(const QByteArray &arrData)

@@ -6,10 +6,13 @@
 
 // What one slice holds at most. A line is never divided: its end is part of its slice, and a longer
 // line is a slice of its own, because a document lays a line out anew each time it grows.
+//
+// Lines cost a document much more than characters; and after each slice its last screenful is laid
+// out, for the scroll bars, which a slice of few lines would not be worth.
 struct SSliceLimits
 {
-    int nCharacters = 0x10000; // UTF-16 units.
-    int nLines = 2000; // A line costs a document as much as some thirty characters.
+    int nCharacters = 0x100000; // UTF-16 units.
+    int nLines = 2000;
 };
 
 // Where the slice that begins at nFrom ends. Behind a line end (LF, CR, or both as one) or at the

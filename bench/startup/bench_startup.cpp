@@ -23,6 +23,8 @@ struct Sample
     qint64 nProcessor = 0; // Microseconds of processor time of the GUI thread; 0: not known.
     int nPeak = 0; // KiB, when the window or the text was there.
     int nPeakAtRest = 0; // KiB, when all work was done.
+    qint64 nFirst = 0; // Microseconds until the first lines were on the screen; 0: not known.
+    qint64 nGap = 0; // Microseconds of processor time between two turns of the event loop, at most.
 };
 
 struct Program
@@ -76,7 +78,29 @@ Sample openFile(const QString &strProgram, const QString &strFile)
     program.waitForFinished(-1);
     const QList<QByteArray> lstWords = program.readAllStandardOutput().trimmed().split(' ');
     return {lstWords.value(0).toLongLong(), lstWords.value(1).toLongLong(),
-            lstWords.value(2).toInt(), lstWords.value(3).toInt()};
+            lstWords.value(2).toInt(),      lstWords.value(3).toInt(),
+            lstWords.value(4).toLongLong(), lstWords.value(5).toLongLong()};
+}
+
+QString writeRepeated(const QString &strPath, const QByteArray &text, int nMegabytes)
+{
+    QFile file(strPath);
+    file.open(QIODevice::WriteOnly);
+    while (file.size() < qint64(nMegabytes) * 1000000)
+        file.write(text);
+    return strPath;
+}
+
+// Plain text without a language.
+QString writeLog(const QDir &dir, int nMegabytes)
+{
+    QByteArray lines;
+    for (int n = 0; n < 10000; ++n) {
+        lines += "2024-05-17 12:00:" + QByteArray::number(n % 60) + " host service["
+            + QByteArray::number(n * 7919 % 32768) + "]: request " + QByteArray::number(n)
+            + " of the session was answered after some milliseconds\n";
+    }
+    return writeRepeated(dir.filePath(QStringLiteral("%1.log").arg(nMegabytes)), lines, nMegabytes);
 }
 
 // Our own sources, again and again.
@@ -92,11 +116,7 @@ QString writeText(const QDir &dir, int nMegabytes)
             sources += file.readAll();
         }
     }
-    QFile file(dir.filePath(QStringLiteral("%1.cpp").arg(nMegabytes)));
-    file.open(QIODevice::WriteOnly);
-    while (file.size() < qint64(nMegabytes) * 1000000)
-        file.write(sources);
-    return file.fileName();
+    return writeRepeated(dir.filePath(QStringLiteral("%1.cpp").arg(nMegabytes)), sources, nMegabytes);
 }
 
 template<class Member> auto best(const QList<Sample> &lstSamples, Member member)
@@ -117,9 +137,17 @@ QByteArray timeCells(const Program &program, const Program &bare, qint64 Sample:
     return QByteArray::number(dTime, 'f', 0) + " | " + QByteArray::number(dTime / dBare, 'f', 2);
 }
 
+QByteArray milliseconds(const Program &program, qint64 Sample::*pMember)
+{
+    const double dTime = best(program.lstSamples, pMember) / 1000.0;
+    return dTime == 0.0 ? QByteArray() : QByteArray::number(dTime, 'f', 0);
+}
+
 void printRow(const char *szWhat, const Program &program, const Program &bare)
 {
-    std::printf("| %s | %s | %s | %s | %.0f | %.0f |\n", szWhat, program.szName,
+    std::printf("| %s | %s | %s | %s | %s | %s | %.0f | %.0f |\n", szWhat, program.szName,
+                milliseconds(program, &Sample::nFirst).constData(),
+                milliseconds(program, &Sample::nGap).constData(),
                 timeCells(program, bare, &Sample::nMicroseconds).constData(),
                 timeCells(program, bare, &Sample::nProcessor).constData(),
                 best(program.lstSamples, &Sample::nPeak) / 1024.0,
@@ -155,15 +183,18 @@ int main(int nArgc, char **ppArgv)
     if (QFile::exists(strWhole))
         lstStarting.append({"whole program", strWhole, {}});
 
-    std::puts("| what | program | ms | times bare | processor ms | times bare | peak MiB "
-              "| peak MiB at rest |");
-    std::puts("|---|---|---|---|---|---|---|---|");
+    std::puts("| what | program | first lines, ms | longest gap, ms | ms | times bare | processor ms "
+              "| times bare | peak MiB | peak MiB at rest |");
+    std::puts("|---|---|---|---|---|---|---|---|---|---|");
     measure("empty start", lstStarting, 2 * nRounds, startEmpty);
-    for (const int nMegabytes : {1, 10, 50}) {
-        const QString strFile = writeText(QDir(folder.path()), nMegabytes);
-        const QByteArray what = "open " + QByteArray::number(nMegabytes) + " MB";
+    const auto open = [&](const QByteArray &what, const QString &strFile) {
         measure(what.constData(), lstOpening, nRounds,
                 [&strFile](const QString &strProgram) { return openFile(strProgram, strFile); });
-    }
+        QFile::remove(strFile);
+    };
+    for (const int nMegabytes : {1, 10, 50})
+        open("C++, " + QByteArray::number(nMegabytes) + " MB",
+             writeText(QDir(folder.path()), nMegabytes));
+    open("log, 100 MB", writeLog(QDir(folder.path()), 100));
     return 0;
 }

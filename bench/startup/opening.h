@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 #include <cstdio>
 #include <ctime>
@@ -33,7 +34,38 @@ inline qint64 processorTime()
     return qint64(time.tv_sec) * 1000000 + time.tv_nsec / 1000;
 }
 
-// load() shows the bytes, settle() waits until the editor has done all its work.
+// The longest work of the calling thread between two turns of its event loop, in microseconds of
+// processor time.
+class CLongestGap
+{
+public:
+    CLongestGap()
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
+        m_timer.start(0);
+    }
+    void tick()
+    {
+        const qint64 nNow = processorTime();
+        m_nLongest = qMax(m_nLongest, nNow - m_nLast);
+        m_nLast = nNow;
+    }
+    qint64 longest() const { return m_nLongest; }
+
+private:
+    QTimer m_timer;
+    qint64 m_nLast = processorTime();
+    qint64 m_nLongest = 0;
+};
+
+inline void paint(QPlainTextEdit *pEdit)
+{
+    QCoreApplication::sendPostedEvents(pEdit, QEvent::MetaCall); // Scroll bars come only now.
+    pEdit->viewport()->repaint();
+}
+
+// load() reads and shows the file of that path, calls its second argument when the first lines are
+// there, and returns when all are. settle() waits until the editor has done all its work.
 template<class Load, class Settle>
 int runOpening(QPlainTextEdit *pEdit, const Load &load, const Settle &settle)
 {
@@ -44,20 +76,24 @@ int runOpening(QPlainTextEdit *pEdit, const Load &load, const Settle &settle)
         return QCoreApplication::exec();
     QCoreApplication::processEvents();
 
+    CLongestGap gap;
     const qint64 nProcessorBefore = processorTime();
+    qint64 nFirst = 0;
     QElapsedTimer timer;
     timer.start();
-    QFile file(strPath);
-    if (!file.open(QIODevice::ReadOnly))
-        return 1;
-    load(file.readAll());
-    QCoreApplication::sendPostedEvents(pEdit, QEvent::MetaCall); // Scroll bars come only now.
-    pEdit->viewport()->repaint();
+    load(strPath, [&] {
+        paint(pEdit);
+        nFirst = timer.nsecsElapsed() / 1000;
+    });
+    paint(pEdit);
     const qint64 nMicroseconds = timer.nsecsElapsed() / 1000;
     const qint64 nProcessor = processorTime() - nProcessorBefore;
+    gap.tick();
+    const qint64 nGap = gap.longest();
     const int nPeak = peakMemory();
     settle();
-    std::printf("%lld %lld %d %d\n", static_cast<long long>(nMicroseconds),
-                static_cast<long long>(nProcessor), nPeak, peakMemory());
+    std::printf("%lld %lld %d %d %lld %lld\n", static_cast<long long>(nMicroseconds),
+                static_cast<long long>(nProcessor), nPeak, peakMemory(),
+                static_cast<long long>(nFirst), static_cast<long long>(nGap));
     return 0;
 }

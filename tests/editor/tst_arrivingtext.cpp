@@ -96,7 +96,11 @@ class TestArrivingText : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { qRegisterMetaType<SFileContent>("SFileContent"); }
+    void initTestCase()
+    {
+        qRegisterMetaType<SFileContent>("SFileContent");
+        setLongestLineUnasked(100000);
+    }
 
     void anyText_inAnySlices_isTheTextShownAtOnce_data()
     {
@@ -298,8 +302,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const WithSettings settings;
-        const STextRequest limits;
-        const QByteArray line(limits.nLongestLine + 1, 'x');
+        const QByteArray line(longestLineUnasked() + 1, 'x');
         writeFile(folder.filePath("large"), "first\n" + line + "\nlast");
         CHighlightEdit edit;
         edit.setPathFileName(folder.filePath("large"));

@@ -3,6 +3,7 @@
 
 #include "cwindowfixture.h"
 #include "largesource.h"
+#include "editor/textreading.h"
 #include "support/watched.h"
 
 #include <QDir>
@@ -21,6 +22,9 @@ class TestClosing : public QObject
     Q_OBJECT
 
 private slots:
+    // What happens while it is loaded is tst_loading's.
+    void initTestCase() { setMostShownAtOnce(qint64(1) << 30); }
+
     void largeFile_closedWhileItIsColoured_leavesNothing()
     {
         bool bGiven = false;

@@ -9,6 +9,7 @@
 #include "cwindowfixture.h"
 
 #include "app/cdraftstore.h"
+#include "editor/textreading.h"
 #include "mainwindow/cnoticebar.h"
 
 #include <QDirIterator>
@@ -74,6 +75,8 @@ private slots:
         m_mapDisk.clear();
         m_setOwed.clear();
         m_setOnDraft.clear();
+        // A file of some hundred lines is a large one here, which is loaded in the background.
+        setMostShownAtOnce(500);
         QTemporaryDir folder;
         m_strFolder = folder.path();
         for (int n = 0; n < 4; ++n)
@@ -138,7 +141,7 @@ private:
 
     void type()
     {
-        if (!m_pFixture->editor())
+        if (!m_pFixture->editor() || m_pFixture->editor()->isReadOnly())
             return;
         const int nToken = ++m_nToken;
         note(QStringLiteral("type %1").arg(nToken));
@@ -179,7 +182,7 @@ private:
     void save()
     {
         CDocument &document = current();
-        if (!document.editor() || document.path().isEmpty())
+        if (!document.editor() || document.path().isEmpty() || !document.canSave())
             return;
         note("save " + document.path());
         const QString strText = document.editor()->getText();
@@ -199,7 +202,7 @@ private:
     void saveAs()
     {
         CDocument &document = current();
-        if (!document.editor())
+        if (!document.editor() || !document.canSave())
             return;
         const QString strPath = anyPath();
         note("save as " + strPath);
@@ -213,7 +216,9 @@ private:
     void foreignWrite(const QString &strPath)
     {
         note("foreign " + strPath);
-        const QByteArray bytes = "theirs " + QByteArray::number(++m_nToken);
+        QByteArray bytes = "theirs " + QByteArray::number(++m_nToken);
+        if (below(3) == 0)
+            bytes += QByteArray("\nand more of it").repeated(200 + below(3000));
         QFile file(strPath);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(strPath));
@@ -230,7 +235,7 @@ private:
     void refresh()
     {
         CDocument &document = current();
-        if (document.path().isEmpty())
+        if (document.path().isEmpty() || document.isArriving())
             return;
         const bool bYes = below(3);
         note(QStringLiteral("refresh %1").arg(bYes));

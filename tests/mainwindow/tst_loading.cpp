@@ -1,0 +1,533 @@
+// A large file while it is loaded, beside everything else that can happen in the window.
+#include "cwindowfixture.h"
+
+#include "document/ceditordocument.h"
+#include "editor/textreading.h"
+#include "findinfiles/cwidgetfindinfiles.h"
+#include "mainwindow/cfinddock.h"
+#include "mainwindow/cnoticebar.h"
+#include "mainwindow/cpasttabs.h"
+#include "mainwindow/cworkprogress.h"
+#include "support/watched.h"
+
+#include <QDirIterator>
+#include <QEventLoop>
+#include <QMenu>
+#include <QPushButton>
+#include <QTextBlock>
+#include <QThreadPool>
+
+namespace {
+
+const int g_nLines = 60000;
+
+QByteArray largeText(const QByteArray &word = "word")
+{
+    QByteArray text;
+    for (int n = 1; n <= g_nLines; ++n)
+        text += word + " in line " + QByteArray::number(n) + ", and some more of it to load\n";
+    return text;
+}
+
+// Runs the event loop until the signal comes, and not a turn longer.
+template<class Sender, class Signal> void runUntil(Sender *pSender, Signal signal)
+{
+    QEventLoop loop;
+    QObject::connect(pSender, signal, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+CDocument *open(CWindowFixture &f, const QString &strPath)
+{
+    f.window().openFile(strPath);
+    CDocument *pDocument = f.window().documents().withPath(strPath);
+    if (!pDocument || !pDocument->isArriving())
+        qFatal("%s is not being loaded", qPrintable(strPath));
+    return pDocument;
+}
+
+// Brings the load to one of its moments.
+void reach(CDocument *pDocument, const QString &strMoment)
+{
+    if (strMoment == "first lines") {
+        runUntil(pDocument, &CDocument::firstTextShown);
+    } else if (strMoment == "half") {
+        while (pDocument->editor()->blockCount() < g_nLines / 2)
+            runUntil(pDocument, &CDocument::arrivalProgressed);
+    }
+    if (!pDocument->isArriving())
+        qFatal("the load is over");
+}
+
+void moments()
+{
+    QTest::addColumn<QString>("moment");
+    for (const char *szMoment : {"reading", "first lines", "half"})
+        QTest::newRow(szMoment) << szMoment;
+}
+
+QStringList draftFiles()
+{
+    QStringList lstFiles;
+    QDirIterator it(CWindowFixture::draftFolder(), QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        if (it.next().endsWith(".draft"))
+            lstFiles.append(it.filePath());
+    }
+    return lstFiles;
+}
+
+bool press(CWindowFixture &f, const QString &strText)
+{
+    const auto lst = f.window().findChild<CNoticeBar *>()->findChildren<QPushButton *>();
+    for (QPushButton *pButton : lst) {
+        if (pButton->text() == strText && pButton->isVisibleTo(pButton->parentWidget())) {
+            pButton->click();
+            return true;
+        }
+    }
+    return false;
+}
+
+QString notice(CWindowFixture &f)
+{
+    return f.window().findChild<CNoticeBar *>()->text();
+}
+
+} // namespace
+
+class TestLoading : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        setMostShownAtOnce(1000000);
+        setLongestLineUnasked(1000000);
+        const QString strLink = QCoreApplication::applicationDirPath() + "/highlighter";
+        QFile::remove(strLink);
+        QVERIFY(QFile::link(QUILLAN_SOURCE_DIR "/highlighter", strLink));
+    }
+
+    void whileItLoads_commandsWait()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.xml", largeText()));
+        const QStringList lstWaiting = {
+            "actionSave",     "actionSave_As", "actionFind",        "actionFind_Next",
+            "actionReplace",  "actionRefresh", "actionFormatting",  "actionVerify_Valid",
+            "actionWindows",  "actionUnix",    "actionFind_Previous", "actionColor_Dialog",
+            "actionUndo",     "actionCut",     "actionToggle_Comment"};
+        reach(pDocument, "first lines");
+        f.editor()->selectAll();
+        for (const QString &strAction : lstWaiting)
+            QVERIFY2(!f.action(qPrintable(strAction))->isEnabled(), qPrintable(strAction));
+        QVERIFY(!f.window().findChild<QMenu *>("menuText_Codec")->isEnabled());
+        QVERIFY(!f.window().findChild<QMenu *>("menuLanguage")->isEnabled());
+        for (const char *szAction : {"actionCopy", "actionSelect_All", "actionGo_to_Line"})
+            QVERIFY2(f.action(szAction)->isEnabled(), szAction);
+        QTRY_VERIFY(!pDocument->isArriving());
+        for (const char *szAction : {"actionSave", "actionSave_As", "actionFind", "actionReplace",
+                                     "actionRefresh", "actionWindows", "actionVerify_Valid"})
+            QVERIFY2(f.action(szAction)->isEnabled(), szAction);
+        QVERIFY(f.window().findChild<QMenu *>("menuText_Codec")->isEnabled());
+    }
+
+    void whileItLoads_nothingIsSavedNorSearchedNorReadAnew()
+    {
+        CWindowFixture f;
+        const QByteArray text = largeText();
+        const QString strPath = f.file("large.txt", text);
+        CDocument *pDocument = open(f, strPath);
+        reach(pDocument, "half");
+        const CBoxAnswer answer;
+        const CFileDialogAnswer dialog({f.path("other.txt")});
+        QVERIFY(!f.window().on_actionSave_triggered());
+        QVERIFY(!f.window().on_actionSave_As_triggered());
+        QVERIFY(!pDocument->saveAnyway().isDone());
+        QVERIFY(!pDocument->saveAsAnyway(f.path("other.txt")).isDone());
+        QVERIFY(!pDocument->find("word", false).isDone());
+        QVERIFY(!pDocument->replaceAll("word", "other").isDone());
+        QVERIFY(!pDocument->setCodec("UTF-16").isDone());
+        QVERIFY(!pDocument->setReturnFormat(0).isDone());
+        QVERIFY(!pDocument->reload().isDone());
+        f.window().on_actionRefresh_triggered();
+        f.editor()->onRefresh();
+        QVERIFY(answer.boxes().isEmpty() && dialog.caption().isEmpty());
+        QVERIFY(!QFile::exists(f.path("other.txt")));
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->getText().toUtf8(), text);
+        QCOMPARE(CWindowFixture::content(strPath), text);
+        QVERIFY(!pDocument->isModified());
+    }
+
+    void tabAndStatusBar_tellOfIt_andCancelClosesTheTab()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText().repeated(8));
+        CDocument *pDocument = open(f, strPath);
+        QCOMPARE(f.tabs().tabText(0), QString("large.txt (loading)"));
+        auto *pProgress = f.window().findChild<CWorkProgress *>();
+        QTRY_VERIFY(pProgress->isVisible());
+        QVERIFY(pDocument->isArriving());
+        QVERIFY(pProgress->findChild<QLabel *>()->text().contains("large.txt"));
+        pProgress->stopShown();
+        QCOMPARE(f.tabs().count(), 0);
+        QVERIFY(pProgress->isHidden());
+    }
+
+    void atItsEnd_theTabIsThatOfAnyFile()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.cpp", largeText()));
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.tabs().tabText(0), QString("large.cpp"));
+        QCOMPARE(f.editor()->languageName(), QString("C++"));
+        QVERIFY(f.window().findChild<CWorkProgress *>()->isHidden());
+        QVERIFY(pDocument->fileState().bExists && pDocument->isWhole());
+        QVERIFY(notice(f).isEmpty());
+        f.editor()->insertPlainText("x");
+        QCOMPARE(f.tabs().tabText(0), QString("large.cpp*"));
+        QVERIFY(f.window().on_actionSave_triggered());
+        QCOMPARE(CWindowFixture::content(f.path("large.cpp")), QByteArray('x' + largeText()));
+    }
+
+    void closedTab_asksNothingAndWritesNothing_data() { moments(); }
+    void closedTab_asksNothingAndWritesNothing()
+    {
+        QFETCH(QString, moment);
+        QDir(CWindowFixture::draftFolder()).removeRecursively();
+        CWindowFixture f;
+        const QByteArray text = largeText();
+        const QString strPath = f.file("large.txt", text);
+        reach(open(f, strPath), moment);
+        const CBoxAnswer answer;
+        f.window().documents().drafts().flush();
+        f.window().onTabCloseRequested(0);
+        QCOMPARE(f.tabs().count(), 0);
+        QVERIFY(answer.boxes().isEmpty());
+        f.window().documents().drafts().flush();
+        QCOMPARE(draftFiles(), QStringList());
+        QVERIFY(notice(f).isEmpty());
+        QCOMPARE(CWindowFixture::content(strPath), text);
+    }
+
+    void closedWindow_asksNothing_data() { moments(); }
+    void closedWindow_asksNothing()
+    {
+        QFETCH(QString, moment);
+        QDir(CWindowFixture::draftFolder()).removeRecursively();
+        const CConsole console;
+        {
+            CWindowFixture f;
+            reach(open(f, f.file("large.txt", largeText())), moment);
+            const CBoxAnswer answer;
+            QVERIFY(f.window().close());
+            QVERIFY(answer.boxes().isEmpty());
+        }
+        QCOMPARE(draftFiles(), QStringList());
+        QVERIFY2(CConsole::lines().isEmpty(), qPrintable(CConsole::lines().join('\n')));
+    }
+
+    void windowThatGoes_asOnExit_isClean_data() { moments(); }
+    void windowThatGoes_asOnExit_isClean()
+    {
+        QFETCH(QString, moment);
+        QDir(CWindowFixture::draftFolder()).removeRecursively();
+        const CConsole console;
+        {
+            CWindowFixture f;
+            reach(open(f, f.file("large.txt", largeText())), moment);
+        }
+        QCOMPARE(draftFiles(), QStringList());
+        QVERIFY2(CConsole::lines().isEmpty(), qPrintable(CConsole::lines().join('\n')));
+    }
+
+    void sameFileHandedOver_showsItsTab_data() { moments(); }
+    void sameFileHandedOver_showsItsTab()
+    {
+        QFETCH(QString, moment);
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText());
+        CDocument *pDocument = open(f, strPath);
+        f.window().on_actionNewText_triggered();
+        reach(pDocument, moment);
+        f.window().parseArgument('"' + strPath + '"');
+        QCOMPARE(f.tabs().count(), 2);
+        QCOMPARE(&f.window().currentDocument(), pDocument);
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->blockCount(), g_nLines + 1);
+    }
+
+    void otherDocument_isWorkedInAndSavedMeanwhile()
+    {
+        CWindowFixture f;
+        const QString strOther = f.file("other.txt", "text\n");
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        f.window().openFile(strOther);
+        reach(pDocument, "half");
+        QCOMPARE(f.window().currentDocument().path(), strOther);
+        QTest::keyClicks(f.editor(), "typed ");
+        QVERIFY(f.action("actionSave")->isEnabled() && f.action("actionFind")->isEnabled());
+        QVERIFY(f.window().on_actionSave_triggered());
+        QCOMPARE(CWindowFixture::content(strOther), QByteArray("typed text\n"));
+        QVERIFY(pDocument->isArriving());
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.window().currentDocument().path(), strOther);
+        QCOMPARE(f.tabs().tabText(0), QString("large.txt"));
+        QCOMPARE(f.tabs().tabText(1), QString("other.txt"));
+    }
+
+    void fileChangedMeanwhile_isToldAtTheEnd_data()
+    {
+        QTest::addColumn<bool>("removed");
+        QTest::newRow("written") << false;
+        QTest::newRow("removed") << true;
+    }
+    void fileChangedMeanwhile_isToldAtTheEnd()
+    {
+        QFETCH(bool, removed);
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText());
+        CDocument *pDocument = open(f, strPath);
+        reach(pDocument, "half"); // The file has been read.
+        if (removed)
+            QVERIFY(QFile::remove(strPath));
+        else
+            f.file("large.txt", "theirs");
+        f.window().documents().checkFiles();
+        QVERIFY(notice(f).isEmpty());
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->getText().toUtf8(), largeText());
+        QVERIFY2(notice(f).contains(removed ? "no longer there" : "has changed"),
+                 qPrintable(notice(f)));
+    }
+
+    void refresh_bringsTheNewText_andKeepsTheLine()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText());
+        CDocument *pDocument = open(f, strPath);
+        QTRY_VERIFY(!pDocument->isArriving());
+        f.editor()->goToLine(40000);
+        f.editor()->insertPlainText("typed ");
+        f.file("large.txt", largeText("other"));
+        const CBoxAnswer answer({QMessageBox::Yes});
+        f.window().on_actionRefresh_triggered();
+        QCOMPARE(answer.boxes().size(), 1);
+        QVERIFY(pDocument->isArriving() && !pDocument->isModified());
+        QVERIFY(f.editor()->textCursor().block().text().startsWith("typed word"));
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->getText().toUtf8(), largeText("other"));
+        QCOMPARE(f.editor()->textCursor().blockNumber(), 39999);
+        QVERIFY(!pDocument->isModified() && notice(f).isEmpty());
+    }
+
+    void refreshThatIsStoppedInTime_leavesTheTextAndItsChanges()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        QTRY_VERIFY(!pDocument->isArriving());
+        f.editor()->insertPlainText("typed ");
+        const CBoxAnswer answer({QMessageBox::Yes});
+        f.window().on_actionRefresh_triggered();
+        QVERIFY(pDocument->stopArriving());
+        QVERIFY(pDocument->isModified());
+        QCOMPARE(f.tabs().tabText(0), QString("large.txt*"));
+        QVERIFY(f.window().on_actionSave_triggered());
+        QVERIFY(CWindowFixture::content(f.path("large.txt")).startsWith("typed word"));
+    }
+
+    void refreshOfTheContextMenu_offersWhatWasTyped()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        QTRY_VERIFY(!pDocument->isArriving());
+        f.editor()->insertPlainText("typed ");
+        f.editor()->onRefresh();
+        QVERIFY(pDocument->isArriving());
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->getText().toUtf8(), largeText());
+        QVERIFY(press(f, "Restore"));
+        QVERIFY(f.editor()->getText().startsWith("typed word"));
+        QVERIFY(pDocument->isModified() && !f.editor()->isReadOnly());
+    }
+
+    void restoreOfADraft_whileItIsReadAgain_stays_data() { moments(); }
+    void restoreOfADraft_whileItIsReadAgain_stays()
+    {
+        QFETCH(QString, moment);
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        QTRY_VERIFY(!pDocument->isArriving());
+        f.editor()->insertPlainText("typed ");
+        f.editor()->onRefresh();
+        if (moment != "half") // Until the new text is there, the old one has as many lines.
+            reach(pDocument, moment);
+        QVERIFY(press(f, "Restore"));
+        QVERIFY(!pDocument->isArriving() && !f.editor()->isReadOnly());
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QVERIFY(f.editor()->getText().startsWith("typed word"));
+        QVERIFY(pDocument->isModified());
+        QVERIFY(f.window().on_actionSave_triggered() || press(f, "Overwrite"));
+        QVERIFY(CWindowFixture::content(f.path("large.txt")).startsWith("typed word"));
+    }
+
+    void closedWhileItIsReadAgain_asksNothing_data() { moments(); }
+    void closedWhileItIsReadAgain_asksNothing()
+    {
+        QFETCH(QString, moment);
+        QDir(CWindowFixture::draftFolder()).removeRecursively();
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        QTRY_VERIFY(!pDocument->isArriving());
+        f.editor()->insertPlainText("typed ");
+        const CBoxAnswer answer({QMessageBox::Yes});
+        f.window().on_actionRefresh_triggered();
+        if (moment != "half")
+            reach(pDocument, moment);
+        f.window().onTabCloseRequested(0);
+        QCOMPARE(answer.boxes().size(), 1); // Refresh's own.
+        QCOMPARE(f.tabs().count(), 0);
+        f.window().documents().drafts().flush();
+        QCOMPARE(draftFiles(), QStringList());
+        QCOMPARE(CWindowFixture::content(f.path("large.txt")), largeText());
+    }
+
+    void reopenedTab_goesToItsPlace_alsoWhenItWasClosedWhileItLoaded()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText());
+        CDocument *pDocument = open(f, strPath);
+        QTRY_VERIFY(!pDocument->isArriving());
+        f.editor()->goToLine(50000);
+        auto *pPast = f.window().findChild<CPastTabs *>();
+        f.window().onTabCloseRequested(0);
+        pPast->reopenClosed();
+        QVERIFY(f.window().currentDocument().isArriving());
+        f.window().onTabCloseRequested(0); // Its place is still to come.
+        pPast->reopenClosed();
+        pDocument = &f.window().currentDocument();
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->textCursor().blockNumber(), 49999);
+    }
+
+    void goToLine_waitsForTheLine()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        reach(pDocument, "first lines");
+        f.window().onGoToLine(55000);
+        QCOMPARE(f.editor()->textCursor().blockNumber(), 0);
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->textCursor().blockNumber(), 54999);
+    }
+
+    void matchOfFindInFiles_waitsForItsLine()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText());
+        f.window().findChild<CFindDock *>()->show(QString());
+        auto *pPanel = f.window().findChild<CWidgetFindInFiles *>();
+        emit pPanel->matchActivated(strPath, 50000, 5, 2);
+        CDocument *pDocument = &f.window().currentDocument();
+        QVERIFY(pDocument->isArriving());
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.editor()->textCursor().blockNumber(), 49999);
+        QCOMPARE(f.editor()->textCursor().selectedText(), QString("in"));
+    }
+
+    void fileRenamedMeanwhile_keepsItsTab()
+    {
+        CWindowFixture f;
+        const QString strOld = f.file("large.txt", largeText());
+        CDocument *pDocument = open(f, strOld);
+        QVERIFY(QFile::rename(strOld, f.path("new.txt")));
+        f.window().documents().followRenamed(strOld, f.path("new.txt"));
+        QTRY_VERIFY(!pDocument->isArriving());
+        QCOMPARE(f.tabs().count(), 1);
+        QCOMPARE(f.tabs().tabText(0), QString("new.txt"));
+        QCOMPARE(f.editor()->getText().toUtf8(), largeText());
+    }
+
+    void fileThatCannotBeRead_isToldInTheBarAndItsTabCloses()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText()));
+        QSignalSpy spy(pDocument, &QObject::destroyed);
+        const CBoxAnswer answer;
+        emit pDocument->arrivalFailed("the reason", true);
+        QTRY_COMPARE(spy.size(), 1);
+        QCOMPARE(f.tabs().count(), 0);
+        QVERIFY(notice(f).contains("large.txt") && notice(f).contains("the reason"));
+        QVERIFY(answer.boxes().isEmpty());
+    }
+
+    void readAgainInVain_theTextStays()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText());
+        CDocument *pDocument = open(f, strPath);
+        QTRY_VERIFY(!pDocument->isArriving());
+        auto *pText = qobject_cast<CEditorDocument *>(pDocument);
+        QVERIFY(pDocument->reload().isDone());
+        pText->editor()->setPathFileName(f.path("nothing.txt")); // What is read next.
+        pText->editor()->loadInSlices(CHighlightEdit::LongLines::Ask, true);
+        QSignalSpy spy(pDocument, &CDocument::arrivalFailed);
+        QTRY_COMPARE(spy.size(), 1);
+        QCOMPARE(f.tabs().count(), 1);
+        QCOMPARE(f.editor()->getText().toUtf8(), largeText());
+        QVERIFY(!f.editor()->isReadOnly());
+        QVERIFY(notice(f).contains("could not be loaded"));
+    }
+
+    void longLine_isAskedAboutInTheBar_data()
+    {
+        QTest::addColumn<QString>("answer"); // Empty: the bar is closed.
+        QTest::newRow("in pieces") << "Show it in pieces";
+        QTest::newRow("whole") << "Show it whole";
+        QTest::newRow("none") << QString();
+    }
+    void longLine_isAskedAboutInTheBar()
+    {
+        QFETCH(QString, answer);
+        CWindowFixture f;
+        const QByteArray text = "first\n" + QByteArray(1100000, 'x') + "\nlast\n";
+        const QString strPath = f.file("large.txt", text);
+        CDocument *pDocument = open(f, strPath);
+        QTRY_VERIFY(!notice(f).isEmpty());
+        QVERIFY(pDocument->isArriving());
+        QVERIFY2(notice(f).contains("1,100,000"), qPrintable(notice(f)));
+        if (answer.isEmpty())
+            emit f.window().findChild<CNoticeBar *>()->dismissed();
+        else
+            QVERIFY(press(f, answer));
+        QTRY_VERIFY(!pDocument->isArriving());
+        const bool bWhole = answer == "Show it whole";
+        QCOMPARE(f.editor()->isInPieces(), !bWhole);
+        QCOMPARE(f.action("actionSave")->isEnabled(), bWhole);
+        QCOMPARE(f.action("actionSave_As")->isEnabled(), bWhole);
+        QCOMPARE(f.action("actionReplace")->isEnabled(), bWhole);
+        QVERIFY(f.action("actionFind")->isEnabled() && f.action("actionRefresh")->isEnabled());
+        QCOMPARE(f.editor()->isReadOnly(), !bWhole);
+        QCOMPARE(pDocument->saveAnyway().isDone(), bWhole);
+        QCOMPARE(CWindowFixture::content(strPath), text);
+        QCOMPARE(notice(f).isEmpty(), bWhole);
+    }
+
+    void closedWhileTheBarAsks_isClean()
+    {
+        CWindowFixture f;
+        open(f, f.file("large.txt", QByteArray(1100000, 'x')));
+        QTRY_VERIFY(!notice(f).isEmpty());
+        const CBoxAnswer answer;
+        f.window().onTabCloseRequested(0);
+        QCOMPARE(f.tabs().count(), 0);
+        QVERIFY(answer.boxes().isEmpty() && notice(f).isEmpty());
+    }
+};
+
+QTEST_MAIN(TestLoading)
+#include "tst_loading.moc"
