@@ -124,12 +124,13 @@ void prepare(SFileContent content, const STextRequest &request, const SArrivalSt
     QByteArray bytes = std::move(content.bytes);
     QString strText = decode(request, std::move(bytes), pText, steps, &strFirst);
     strText = pText->standIns.hide(strText);
-    pText->nLongestLine = longestLine(strText);
-    const bool bTooLong = pText->nLongestLine > request.nLongestLine;
+    const SHeaviestLine heaviest = heaviestLine(strText);
+    pText->nHeaviestLine = heaviest.nLength;
+    const bool bTooLong = heaviest.nWeight > request.nHeaviestLine;
     pText->bAsk = bTooLong && request.longLines == STextRequest::LongLines::Ask;
     pText->bInPieces = bTooLong && request.longLines == STextRequest::LongLines::InPieces;
     if (pText->bInPieces)
-        strText = inPieces(strText, g_nPiece, request.nLongestLine);
+        strText = inPieces(strText, g_nPiece, request.nHeaviestLine);
     pText->nLines = lineCount(strText);
     if (!isMemoryEnough(*pText, strText))
         throw std::bad_alloc();

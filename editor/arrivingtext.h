@@ -28,7 +28,7 @@ struct STextRequest
     int nReturnFormat = 0; // Kept where the data have no line end. See ReturnFormat.
     Reading reading = Reading::AsFile;
     LongLines longLines = LongLines::Ask;
-    int nLongestLine = 0x7fffffff; // UTF-16 units that a line is shown with unasked.
+    qint64 nHeaviestLine = 0x7fffffff; // That is shown unasked; see SHeaviestLine.
     SSliceLimits slices;
 };
 
@@ -42,7 +42,7 @@ struct SArrivedText
     int nReturnFormat = 0;
     CStandIns standIns;
     int nLines = 0;
-    int nLongestLine = 0; // UTF-16 units.
+    int nHeaviestLine = 0; // UTF-16 units.
     bool bAsk = false; // There is a line too long, and no slice before the user has answered.
     bool bInPieces = false; // Lines were cut: the text is not the file's.
     bool bBeginsOtherwise = false; // The slice given before does not begin this text after all.

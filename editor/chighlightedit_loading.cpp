@@ -35,7 +35,7 @@ STextRequest CHighlightEdit::textRequest() const
     request.strCodec = m_strCodecName;
     request.bCodecSure = m_bCodecSure;
     request.nReturnFormat = m_nReturnFormat;
-    request.nLongestLine = longestLineUnasked();
+    request.nHeaviestLine = heaviestLineUnasked();
     return request;
 }
 

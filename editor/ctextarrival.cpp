@@ -57,7 +57,7 @@ void CTextArrival::onReady(const std::shared_ptr<SArrivedText> &pText)
         return;
     }
     if (pText->bAsk) {
-        emit longLineFound(pText->nLongestLine);
+        emit longLineFound(pText->nHeaviestLine);
         return;
     }
     m_pText = pText;

@@ -5,7 +5,7 @@
 namespace {
 
 qint64 g_nMostShownAtOnce = qint64(2) << 20;
-int g_nLongestLineUnasked = 6000000;
+int g_nHeaviestLineUnasked = 6000000;
 
 } // namespace
 
@@ -39,14 +39,14 @@ void setMostShownAtOnce(qint64 nBytes)
     g_nMostShownAtOnce = nBytes;
 }
 
-int longestLineUnasked()
+int heaviestLineUnasked()
 {
-    return g_nLongestLineUnasked;
+    return g_nHeaviestLineUnasked;
 }
 
-void setLongestLineUnasked(int nLength)
+void setHeaviestLineUnasked(int nWeight)
 {
-    g_nLongestLineUnasked = nLength;
+    g_nHeaviestLineUnasked = nWeight;
 }
 
 QByteArray readAsText(const QByteArray &arrData)

@@ -15,11 +15,11 @@ bool isShownInSlices(const QString &strPath);
 // For tests. GUI thread, while nothing is loaded.
 void setMostShownAtOnce(qint64 nBytes);
 
-// UTF-16 units. Before a longer line is shown, the user is asked: Qt lays a line out as a whole,
-// which takes half a second for a million letters, each time it is drawn anew.
-int longestLineUnasked();
+// Before a heavier line is shown, the user is asked (see SHeaviestLine): Qt lays a line out as a
+// whole each time it is drawn anew, a million letters in a quarter of a second.
+int heaviestLineUnasked();
 // For tests, as above.
-void setLongestLineUnasked(int nLength);
+void setHeaviestLineUnasked(int nWeight);
 
 // The bytes as a file opened as text gives them: without CR.
 QByteArray readAsText(const QByteArray &arrData);

@@ -19,9 +19,14 @@ struct SSliceLimits
 // end of the text.
 int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits);
 
-// The length of the longest line, in UTF-16 units without its end.
-int longestLine(const QString &strText);
+// The line that Qt lays out at the greatest cost.
+struct SHeaviestLine
+{
+    int nLength = 0; // UTF-16 units without the line end.
+    qint64 nWeight = 0; // Letters of a cheap script that would take as long.
+};
+SHeaviestLine heaviestLine(const QString &strText);
 
-// The text with a LF in each line that is longer than nLongest units, every nPiece units or a little
+// The text with a LF in each line that is heavier than nHeaviest, every nPiece units or a little
 // before: not inside a surrogate pair, nor before a mark that belongs to the character in front.
-QString inPieces(const QString &strText, int nPiece, int nLongest);
+QString inPieces(const QString &strText, int nPiece, qint64 nHeaviest);

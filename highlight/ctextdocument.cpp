@@ -3,14 +3,16 @@
 #include "highlight/clinestore.h"
 
 #include <QPlainTextDocumentLayout>
+#include <QTextCursor>
 #include <algorithm>
 #include <iterator>
 #include <vector>
 
 namespace {
 
-// Walking that many blocks costs more than copying the whole text and looking for its line ends.
-constexpr int nLinesToCopyAtOnce = 1000;
+// Asking that many blocks for their text costs more than copying it at once and looking for its line
+// ends.
+constexpr int nLinesToCopyAtOnce = 500;
 
 // What Qt's layout of one line can take without a pause that is felt: its time grows with the
 // length, and faster than the number of ranges.
@@ -35,6 +37,14 @@ Ranges shownRanges(const Ranges &lst)
     std::copy_if(lst.begin(), lst.end(), std::back_inserter(lstShown),
                  [nLimit](const QTextLayout::FormatRange &range) { return range.start < nLimit; });
     return lstShown;
+}
+
+QString textOfLines(const QTextBlock &first, int nLines)
+{
+    const QTextBlock last = first.document()->findBlockByNumber(first.blockNumber() + nLines - 1);
+    QTextCursor cursor(first);
+    cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
+    return cursor.selectedText();
 }
 
 bool isMark(const QTextLayout::FormatRange &range)
@@ -79,9 +89,10 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
         nNew = blockCount();
         nOld = m_pLines->count();
     }
-    if (nNew > nLinesToCopyAtOnce && nNew > blockCount() / 2) {
-        const QString strText = toRawText();
-        int nAt = block.position();
+    if (nNew > nLinesToCopyAtOnce) {
+        const bool bAll = nNew > blockCount() / 2;
+        const QString strText = bAll ? toRawText() : textOfLines(block, nNew);
+        int nAt = bAll ? block.position() : 0;
         m_pLines->replace(nFirst, nOld, nNew, [&strText, &nAt] {
             const int nEnd = strText.indexOf(QChar::ParagraphSeparator, nAt);
             QString strLine = strText.mid(nAt, nEnd < 0 ? -1 : nEnd - nAt);

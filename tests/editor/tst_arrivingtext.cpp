@@ -99,7 +99,7 @@ private slots:
     void initTestCase()
     {
         qRegisterMetaType<SFileContent>("SFileContent");
-        setLongestLineUnasked(100000);
+        setHeaviestLineUnasked(100000);
     }
 
     void anyText_inAnySlices_isTheTextShownAtOnce_data()
@@ -302,7 +302,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const WithSettings settings;
-        const QByteArray line(longestLineUnasked() + 1, 'x');
+        const QByteArray line(heaviestLineUnasked() + 1, 'x');
         writeFile(folder.filePath("large"), "first\n" + line + "\nlast");
         CHighlightEdit edit;
         edit.setPathFileName(folder.filePath("large"));

@@ -82,7 +82,7 @@ private slots:
         QCOMPARE(sliceEnd(strText, 4, {100, 100}), 9);
     }
 
-    void longestLine_isMeasuredWithoutItsEnd_data()
+    void heaviestLine_isMeasuredWithoutItsEnd_data()
     {
         QTest::addColumn<QString>("strText");
         QTest::addColumn<int>("nLongest");
@@ -93,11 +93,21 @@ private slots:
         QTest::newRow("ends alone") << "\r\n\n\r" << 0;
     }
 
-    void longestLine_isMeasuredWithoutItsEnd()
+    void heaviestLine_isMeasuredWithoutItsEnd()
     {
         QFETCH(QString, strText);
         QFETCH(int, nLongest);
-        QCOMPARE(longestLine(strText), nLongest);
+        QCOMPARE(heaviestLine(strText).nLength, nLongest);
+        QCOMPARE(heaviestLine(strText).nWeight, qint64(nLongest));
+    }
+
+    void lineOfThai_weighsMore()
+    {
+        const QString strThai(10, QChar(0x0E01));
+        const SHeaviestLine heaviest = heaviestLine(QString(50, 'x') + '\n' + strThai);
+        QCOMPARE(heaviest.nLength, 10);
+        QVERIFY(heaviest.nWeight > 100);
+        QCOMPARE(inPieces(strThai, 5, 100), QString(strThai.left(5) + '\n' + strThai.left(5)));
     }
 
     void pieces_areTheTextWithLineEndsInLongLinesOnly()

@@ -104,7 +104,7 @@ private slots:
     void initTestCase()
     {
         setMostShownAtOnce(1000000);
-        setLongestLineUnasked(1000000);
+        setHeaviestLineUnasked(1000000);
         const QString strLink = QCoreApplication::applicationDirPath() + "/highlighter";
         QFile::remove(strLink);
         QVERIFY(QFile::link(QUILLAN_SOURCE_DIR "/highlighter", strLink));

@@ -218,7 +218,7 @@ private:
         note("foreign " + strPath);
         QByteArray bytes = "theirs " + QByteArray::number(++m_nToken);
         if (below(3) == 0)
-            bytes += QByteArray("\nand more of it").repeated(200 + below(3000));
+            bytes += QByteArray("\nand more of it").repeated(100 + below(400));
         QFile file(strPath);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(strPath));
@@ -291,14 +291,21 @@ private:
         const QMessageBox::StandardButton answer = arrAnswers[below(3)];
         note(QStringLiteral("close %1 of %2 answer %3").arg(nIndex).arg(tabs.count()).arg(answer));
         const QString strAsked = asked.editor()->getText();
-        const QString strSaved = saved.editor()->getText();
+        QString strSaved = saved.editor()->getText();
+        if (saved.isArriving()) { // It may be there as a whole before the box is answered.
+            connect(&saved, &CDocument::saved, &saved,
+                    [&strSaved, &saved] { strSaved = saved.editor()->getText(); });
+        }
         const QString strSavedPath = saved.path();
         const bool bModified = asked.isModified();
         QSignalSpy spySaved(&saved, &CDocument::saved);
         if (strSavedPath.isEmpty() && answer == QMessageBox::Yes)
             return;
         const CBoxAnswer boxes({answer}, arrival());
+        const QPointer<CDocument> pSaved(&saved);
         window().onTabCloseRequested(nIndex);
+        if (pSaved)
+            pSaved->disconnect(pSaved);
         if (bModified && answer == QMessageBox::No)
             settle(strAsked);
         if (bModified && !spySaved.isEmpty())
