@@ -92,8 +92,7 @@ std::deque<QString> cut(QString strText, int nFrom, const SSliceLimits &limits)
 bool isMemoryEnough(const SArrivedText &text, const QString &strText)
 {
     const qint64 nMemory = Platform::availableMemory();
-    const qint64 nNeeded =
-        text.nLines * g_nBytesPerLine + strText.size() * g_nBytesPerCharacter;
+    const qint64 nNeeded = text.nLines * g_nBytesPerLine + strText.size() * g_nBytesPerCharacter;
     return nMemory < 0 || nNeeded <= nMemory;
 }
 

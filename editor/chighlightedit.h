@@ -38,8 +38,8 @@ struct STypedWord;
 // from a thread of its own, reading and writing of text files, search, editing aids.
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _loading,
-// _mouse, _paint, _search, _verify.
+// _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys,
+// _loading, _mouse, _paint, _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -70,7 +70,10 @@ public:
     // The language; an empty map for none.
     void setDefinition(const QVariantMap &mapDefinition);
     // Is this the one that was set last?
-    bool hasDefinition(const QVariantMap &mapDefinition) const { return m_definition == mapDefinition; }
+    bool hasDefinition(const QVariantMap &mapDefinition) const
+    {
+        return m_definition == mapDefinition;
+    }
     QString languageName() const;
     CThreadHighlighter *highlighter() const { return m_pHighlighter; }
     CTextDocument *textDocument() const { return m_pDocument; }

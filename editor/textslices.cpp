@@ -33,8 +33,7 @@ int behindLine(const QString &strText, int nFrom)
     const QChar *pAt = std::find_if(strText.constBegin() + nFrom, pEnd, isLineEnd);
     if (pAt == pEnd)
         return strText.size();
-    const bool bPair =
-        *pAt == QLatin1Char('\r') && pAt + 1 != pEnd && pAt[1] == QLatin1Char('\n');
+    const bool bPair = *pAt == QLatin1Char('\r') && pAt + 1 != pEnd && pAt[1] == QLatin1Char('\n');
     return int(pAt - strText.constBegin()) + (bPair ? 2 : 1);
 }
 

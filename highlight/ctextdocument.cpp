@@ -10,8 +10,8 @@
 
 namespace {
 
-// Asking that many blocks for their text costs more than copying it at once and looking for its line
-// ends.
+// Asking that many blocks for their text costs more than copying it at once and looking for its
+// line ends.
 constexpr int nLinesToCopyAtOnce = 500;
 
 // What Qt's layout of one line can take without a pause that is felt: its time grows with the

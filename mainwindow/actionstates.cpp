@@ -88,7 +88,7 @@ void showActionStates(Ui::MainWindow *pUi, const CDocument &document)
     pUi->menuLanguage->setEnabled(pEditor && bArrived);
     // A page's source is UTF-8 always.
     pUi->menuText_Codec->setEnabled(document.kind() == CDocument::Kind::Text
-                                      && !document.isReadOnly());
+                                    && !document.isReadOnly());
     if (pEditor)
         showEditorStates(pUi, pEditor);
     else

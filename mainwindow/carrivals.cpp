@@ -8,8 +8,7 @@
 #include <QFileInfo>
 #include <QTimer>
 
-CArrivals::CArrivals(MainWindow *pWindow, CTabWidget *pTabs,
-                     std::function<void(CDocument *)> close)
+CArrivals::CArrivals(MainWindow *pWindow, CTabWidget *pTabs, std::function<void(CDocument *)> close)
     : QObject(pWindow), m_pWindow(pWindow), m_pTabs(pTabs), m_close(std::move(close))
 {
 }
@@ -21,10 +20,9 @@ void CArrivals::add(CDocument *pDocument)
         if (m_mapWorks.contains(pDocument))
             m_pWindow->workProgress().advance(m_mapWorks.value(pDocument), nDone, nAll);
     });
-    connect(pDocument, &CDocument::arrivalFailed, this,
-            [=](const QString &strReason, bool bPartial) {
-                onFailed(pDocument, strReason, bPartial);
-            });
+    connect(
+        pDocument, &CDocument::arrivalFailed, this,
+        [=](const QString &strReason, bool bPartial) { onFailed(pDocument, strReason, bPartial); });
     connect(pDocument, &QObject::destroyed, this,
             [this](QObject *pGone) { m_mapWorks.remove(pGone); });
 }
@@ -38,8 +36,8 @@ void CArrivals::onChanged(CDocument *pDocument)
         m_pWindow->workProgress().end(m_mapWorks.take(pDocument));
     } else if (!m_mapWorks.contains(pDocument)) {
         const QString strName = visibleName(QFileInfo(pDocument->path()).fileName());
-        const int nWork = m_pWindow->workProgress().begin(
-            pDocument, tr("Loading %1").arg(strName), [this, pDocument] { stop(pDocument); });
+        const int nWork = m_pWindow->workProgress().begin(pDocument, tr("Loading %1").arg(strName),
+                                                          [this, pDocument] { stop(pDocument); });
         m_mapWorks.insert(pDocument, nWork);
     }
     m_pWindow->onModifiedChanged();

@@ -127,8 +127,8 @@ void COpener::recover(const SDraft &draft)
 {
     {
         const QScopedValueRollback<bool> loading(*m_pLoading, true);
-        CDocument *pDocument = draft.bPage ? static_cast<CDocument *>(addPageDocument())
-                                           : addTextDocument();
+        CDocument *pDocument =
+            draft.bPage ? static_cast<CDocument *>(addPageDocument()) : addTextDocument();
         m_pWindow->documents().restore(pDocument, draft);
         if (!draft.strPath.isEmpty())
             nameTab(*pDocument);

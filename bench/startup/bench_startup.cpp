@@ -116,7 +116,8 @@ QString writeText(const QDir &dir, int nMegabytes)
             sources += file.readAll();
         }
     }
-    return writeRepeated(dir.filePath(QStringLiteral("%1.cpp").arg(nMegabytes)), sources, nMegabytes);
+    return writeRepeated(dir.filePath(QStringLiteral("%1.cpp").arg(nMegabytes)), sources,
+                         nMegabytes);
 }
 
 template<class Member> auto best(const QList<Sample> &lstSamples, Member member)
@@ -183,8 +184,9 @@ int main(int nArgc, char **ppArgv)
     if (QFile::exists(strWhole))
         lstStarting.append({"whole program", strWhole, {}});
 
-    std::puts("| what | program | first lines, ms | longest gap, ms | ms | times bare | processor ms "
-              "| times bare | peak MiB | peak MiB at rest |");
+    std::puts(
+        "| what | program | first lines, ms | longest gap, ms | ms | times bare | processor ms "
+        "| times bare | peak MiB | peak MiB at rest |");
     std::puts("|---|---|---|---|---|---|---|---|---|---|");
     measure("empty start", lstStarting, 2 * nRounds, startEmpty);
     const auto open = [&](const QByteArray &what, const QString &strFile) {

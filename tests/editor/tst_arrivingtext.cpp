@@ -30,10 +30,22 @@ SFileContent contentOf(const QByteArray &bytes)
 // The parts that make decoding, line ends and stand-ins difficult.
 QString randomText(QRandomGenerator *pRandom, int nLength)
 {
-    static const QStringList s_lstParts = {
-        "int n = 42; ", "/* ",  "*/ ", "\"text\" ", "// end", "\n", "\n", "\r\n", "\r",
-        QString::fromUtf8("größer "), QString::fromUtf8("漢字"), QString::fromUtf8("🙂"),
-        QString(QChar(0x2029)), QString(QChar(0xFDD0)), QString(QChar(0xA0)), QString(QChar(0x2028))};
+    static const QStringList s_lstParts = {"int n = 42; ",
+                                           "/* ",
+                                           "*/ ",
+                                           "\"text\" ",
+                                           "// end",
+                                           "\n",
+                                           "\n",
+                                           "\r\n",
+                                           "\r",
+                                           QString::fromUtf8("größer "),
+                                           QString::fromUtf8("漢字"),
+                                           QString::fromUtf8("🙂"),
+                                           QString(QChar(0x2029)),
+                                           QString(QChar(0xFDD0)),
+                                           QString(QChar(0xA0)),
+                                           QString(QChar(0x2028))};
     // Most texts have none of the strange ones.
     const int nParts = pRandom->bounded(2) ? s_lstParts.size() : s_lstParts.size() - 7;
     QString strText;
@@ -44,10 +56,11 @@ QString randomText(QRandomGenerator *pRandom, int nLength)
 
 QByteArray randomBytes(QRandomGenerator *pRandom, int nLength)
 {
-    static const char *const s_arrCodecs[] = {"UTF-8", "UTF-8", "UTF-16", "GB18030", "Shift_JIS",
-                                              "windows-1252"};
+    static const char *const s_arrCodecs[] = {"UTF-8",   "UTF-8",     "UTF-16",
+                                              "GB18030", "Shift_JIS", "windows-1252"};
     const QString strText = randomText(pRandom, nLength);
-    QByteArray bytes = QTextCodec::codecForName(s_arrCodecs[pRandom->bounded(6)])->fromUnicode(strText);
+    QByteArray bytes =
+        QTextCodec::codecForName(s_arrCodecs[pRandom->bounded(6)])->fromUnicode(strText);
     if (pRandom->bounded(4) == 0 && !bytes.isEmpty()) // Broken somewhere.
         bytes[pRandom->bounded(bytes.size())] = char(pRandom->bounded(256));
     return bytes;

@@ -22,8 +22,14 @@ QStringList slices(const QString &strText, const SSliceLimits &limits)
 
 QString randomText(QRandomGenerator *pRandom, int nLength)
 {
-    static const QStringList s_lstParts = {"a",  "bc", "\n", "\r", "\r\n", QString::fromUtf8("é"),
-                                           QString::fromUtf8("🙂"), QString(QChar(0x301))};
+    static const QStringList s_lstParts = {"a",
+                                           "bc",
+                                           "\n",
+                                           "\r",
+                                           "\r\n",
+                                           QString::fromUtf8("é"),
+                                           QString::fromUtf8("🙂"),
+                                           QString(QChar(0x301))};
     QString strText;
     while (strText.size() < nLength)
         strText += s_lstParts.at(pRandom->bounded(s_lstParts.size()));

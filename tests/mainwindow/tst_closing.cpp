@@ -2,8 +2,8 @@
 // QUILLAN_CLOSING_CYCLES: how often a large file is opened and closed (200 by hand).
 
 #include "cwindowfixture.h"
-#include "largesource.h"
 #include "editor/textreading.h"
+#include "largesource.h"
 #include "support/watched.h"
 
 #include <QDir>

@@ -115,10 +115,10 @@ private slots:
         CWindowFixture f;
         CDocument *pDocument = open(f, f.file("large.xml", largeText()));
         const QStringList lstWaiting = {
-            "actionSave",     "actionSave_As", "actionFind",        "actionFind_Next",
-            "actionReplace",  "actionRefresh", "actionFormatting",  "actionVerify_Valid",
-            "actionWindows",  "actionUnix",    "actionFind_Previous", "actionColor_Dialog",
-            "actionUndo",     "actionCut",     "actionToggle_Comment"};
+            "actionSave",    "actionSave_As", "actionFind",          "actionFind_Next",
+            "actionReplace", "actionRefresh", "actionFormatting",    "actionVerify_Valid",
+            "actionWindows", "actionUnix",    "actionFind_Previous", "actionColor_Dialog",
+            "actionUndo",    "actionCut",     "actionToggle_Comment"};
         reach(pDocument, "first lines");
         f.editor()->selectAll();
         for (const QString &strAction : lstWaiting)
