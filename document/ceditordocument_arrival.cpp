@@ -25,7 +25,7 @@ bool CEditorDocument::isArriving() const
 
 bool CEditorDocument::isReadOnly() const
 {
-    return isArriving() || m_pEditor->isInPieces();
+    return m_pEditor->isReadOnly(); // Also a part that stays when the arrival was stopped.
 }
 
 void CEditorDocument::loadInBackground(const QString &strPath)

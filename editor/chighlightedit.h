@@ -108,7 +108,7 @@ public:
     void loadInSlices(LongLines longLines, bool bKeepPlace);
     bool isLoading() const { return m_pArrival; }
     // Has the new text begun to take the old one's place?
-    bool isTextPartial() const;
+    bool isTextPartial() const { return m_bPartial; }
     // Forgets the rest. A partial text stays read-only: it is for the owner to close or to fill.
     void stopLoading();
     // Lines were cut to be shown at all: the text is not the file's, and read-only.
@@ -340,6 +340,8 @@ private:
     bool m_bWhole = true;
     bool m_bCodecSure = true;
     bool m_bInPieces = false;
+    bool m_bPartial = false; // The text is the beginning of one that is loaded.
+    bool m_bFixed = false; // Read-only because of either.
     QString m_strPathFileName;
     QString m_strSuffix;
     QString m_strCodecName;

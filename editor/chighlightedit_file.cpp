@@ -162,7 +162,8 @@ void CHighlightEdit::showBytes(const QTextCodec *pCodec, const QByteArray &arrDa
 void CHighlightEdit::showText(const QString &strText)
 {
     stopLoading();
-    setFixed(false);
+    if (m_bFixed)
+        setFixed(false);
     m_bInPieces = false;
     const QString strShown = m_standIns.hide(strText);
     // The gutter takes its width beforehand: a view that changes its width lays out every block.

@@ -76,7 +76,7 @@ void CHighlightEdit::startArrival(const STextRequest &request)
     connect(pArrival, &CTextArrival::finished, this, &CHighlightEdit::onArrived);
     connect(pArrival, &CTextArrival::longLineFound, this, &CHighlightEdit::longLineFound);
     connect(pArrival, &CTextArrival::failed, this, [this](const SFileContent &content) {
-        const bool bPartial = isTextPartial();
+        const bool bPartial = m_bPartial;
         endArrival(); // The sender lives until the event loop runs.
         setFixed(bPartial || m_bInPieces);
         emit loadFailed(content, bPartial);
@@ -88,24 +88,20 @@ void CHighlightEdit::startArrival(const STextRequest &request)
         emit loadingChanged();
 }
 
-bool CHighlightEdit::isTextPartial() const
-{
-    return m_pArrival && m_pArrival->hasBegun();
-}
-
 void CHighlightEdit::stopLoading()
 {
     if (!isLoading())
         return;
-    const bool bPartial = isTextPartial();
+    const bool bPartial = m_bPartial;
     endArrival();
     setFixed(bPartial || m_bInPieces);
     emit loadingChanged();
 }
 
-// The cursor stays, for selecting and copying; a box of the base class's own kind would hide it.
+// Unlike setReadOnly(), leaves the cursor, for selecting and copying by key.
 void CHighlightEdit::setFixed(bool bFixed)
 {
+    m_bFixed = bFixed;
     setTextInteractionFlags(bFixed ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
                                    : Qt::TextEditorInteraction);
 }
@@ -116,6 +112,7 @@ void CHighlightEdit::beginSlices()
     leaveCarets();
     m_history.clear();
     m_bInPieces = false;
+    m_bPartial = true;
     document()->setUndoRedoEnabled(false);
     setPlainText(QString());
     m_goal.from = QPoint();
@@ -177,7 +174,7 @@ void CHighlightEdit::forgetArrival()
 
 void CHighlightEdit::endArrival()
 {
-    const bool bPartial = isTextPartial();
+    const bool bPartial = std::exchange(m_bPartial, false);
     forgetArrival();
     m_pHighlighter->setPaused(false);
     m_nLinesToCome = 0;
@@ -195,13 +192,13 @@ void CHighlightEdit::whenArrived(int nPosition, int nLine, const std::function<v
         return;
     }
     const QPoint here(textCursor().position(), verticalScrollBar()->value());
-    m_goal = {nPosition, nLine, go, isTextPartial() ? here : QPoint()};
+    m_goal = {nPosition, nLine, go, m_pArrival->hasBegun() ? here : QPoint()};
     goWhereArrived(false);
 }
 
 void CHighlightEdit::goWhereArrived(bool bAll)
 {
-    if (!m_goal.go || !isTextPartial())
+    if (!m_goal.go || !m_pArrival->hasBegun())
         return;
     const QPoint here(textCursor().position(), verticalScrollBar()->value());
     if (here != m_goal.from) {

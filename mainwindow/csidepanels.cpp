@@ -103,7 +103,7 @@ QDockWidget *CSidePanels::addDock(const QString &strName, const QString &strTitl
 void CSidePanels::previewCurrentDocument()
 {
     const CHighlightEdit *pEditor = m_pWindow->currentDocument().editor();
-    if (!pEditor || !m_pDockPreview->isVisible())
+    if (!pEditor || pEditor->isLoading() || !m_pDockPreview->isVisible())
         return;
     const QString strLanguage = pEditor->languageName();
     if (strLanguage == QLatin1String("HTML") || strLanguage == QLatin1String("SVG"))

@@ -8,11 +8,13 @@
 #include "mainwindow/cclosing.h"
 #include "mainwindow/copener.h"
 #include "mainwindow/csearch.h"
+#include "mainwindow/csidepanels.h"
 #include "web/ceditwebview.h"
 
 void MainWindow::connectDocument(CDocument *pDocument)
 {
     m_pArrivals->add(pDocument);
+    connect(pDocument, &CDocument::arrivingChanged, this, [this] { m_pPanels->previewSoon(); });
     connect(pDocument, &CDocument::noticeChanged, this, &MainWindow::showNotice);
     connect(pDocument, &CDocument::reloaded, this, &MainWindow::onModifiedChanged);
     connect(pDocument, &CDocument::renamed, this, &MainWindow::onModifiedChanged);

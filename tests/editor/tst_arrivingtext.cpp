@@ -6,6 +6,7 @@
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
 #include "tests/editor/definitions.h"
+#include "tests/editor/randomtext.h"
 #include "tests/editor/withsettings.h"
 
 #include <QFile>
@@ -48,10 +49,7 @@ QString randomText(QRandomGenerator *pRandom, int nLength)
                                            QString(QChar(0x2028))};
     // Most texts have none of the strange ones.
     const int nParts = pRandom->bounded(2) ? s_lstParts.size() : s_lstParts.size() - 7;
-    QString strText;
-    while (strText.size() < nLength)
-        strText += s_lstParts.at(pRandom->bounded(nParts));
-    return strText;
+    return randomText(pRandom, s_lstParts.mid(0, nParts), nLength);
 }
 
 QByteArray randomBytes(QRandomGenerator *pRandom, int nLength)
@@ -78,7 +76,7 @@ void loadAll(CHighlightEdit *pEdit, const QString &strPath)
     QSignalSpy spy(pEdit, &CHighlightEdit::loadFinished);
     pEdit->setPathFileName(strPath);
     pEdit->loadInSlices(CHighlightEdit::LongLines::Ask, false);
-    QTRY_COMPARE(spy.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
 }
 
 QVector<int> states(const CHighlightEdit &edit)
@@ -196,7 +194,7 @@ private slots:
         QVERIFY(!sliced.isReadOnly());
         QCOMPARE(sliced.textInteractionFlags(), direct.textInteractionFlags());
         QCOMPARE(sliced.textCursor().position(), direct.textCursor().position());
-        QTRY_VERIFY(isColoured(direct) && isColoured(sliced));
+        QTRY_VERIFY_WITH_TIMEOUT(isColoured(direct) && isColoured(sliced), 60000);
         QCOMPARE(states(sliced), states(direct));
         QVERIFY(colours(sliced) == colours(direct));
 
@@ -217,7 +215,7 @@ private slots:
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyFirst(&edit, &CHighlightEdit::firstTextShown);
         edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
-        QTRY_COMPARE(spyFirst.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spyFirst.size(), 1, 60000);
         QVERIFY(edit.isLoading());
         const QString strBefore = edit.document()->firstBlock().text();
         QTest::keyClicks(&edit, "x");
@@ -231,7 +229,7 @@ private slots:
         QCOMPARE(edit.document()->firstBlock().text(), strBefore);
         QVERIFY(!edit.isModified());
         QVERIFY(edit.textCursor().hasSelection());
-        QTRY_VERIFY(!edit.isLoading());
+        QTRY_VERIFY_WITH_TIMEOUT(!edit.isLoading(), 60000);
         QCOMPARE(edit.blockCount(), 200001);
         // The selection did not grow with the text behind it.
         QVERIFY(edit.textCursor().selectionEnd() < edit.document()->characterCount() - 1);
@@ -249,11 +247,11 @@ private slots:
             QSignalSpy spyFirst(&edit, &CHighlightEdit::firstTextShown);
             edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
             edit.whenArrived(0, 290000, [&edit] { edit.goToLine(290000); });
-            QTRY_COMPARE(spyFirst.size(), 1);
+            QTRY_COMPARE_WITH_TIMEOUT(spyFirst.size(), 1, 60000);
             QCOMPARE(edit.textCursor().blockNumber(), 0);
             if (bUserMoves)
                 QTest::keyClick(&edit, Qt::Key_Down);
-            QTRY_VERIFY(!edit.isLoading());
+            QTRY_VERIFY_WITH_TIMEOUT(!edit.isLoading(), 60000);
             QCOMPARE(edit.textCursor().blockNumber(), bUserMoves ? 1 : 289999);
         }
     }
@@ -273,7 +271,7 @@ private slots:
         QSignalSpy spy(&edit, &CHighlightEdit::loadFinished);
         edit.loadInSlices(CHighlightEdit::LongLines::Ask, true);
         QCOMPARE(edit.document()->firstBlock().text(), QString("old"));
-        QTRY_COMPARE(spy.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QCOMPARE(edit.document()->firstBlock().text(), QString("new"));
         QCOMPARE(edit.textCursor().blockNumber(), 49999);
         QCOMPARE(edit.verticalScrollBar()->value(), nScroll);
@@ -306,7 +304,7 @@ private slots:
         QVERIFY(QFile::remove(folder.filePath("large")));
         QSignalSpy spy(&edit, &CHighlightEdit::loadFailed);
         edit.loadInSlices(CHighlightEdit::LongLines::Ask, true);
-        QTRY_COMPARE(spy.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QVERIFY(!edit.isLoading() && !edit.isReadOnly());
         QCOMPARE(edit.blockCount(), 1001);
     }
@@ -321,21 +319,50 @@ private slots:
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyAsked(&edit, &CHighlightEdit::longLineFound);
         edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
-        QTRY_COMPARE(spyAsked.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spyAsked.size(), 1, 60000);
         QCOMPARE(spyAsked.first().first().toInt(), line.size());
         QVERIFY(edit.isLoading() && edit.blockCount() < 3);
 
         QSignalSpy spy(&edit, &CHighlightEdit::loadFinished);
         edit.loadInSlices(CHighlightEdit::LongLines::InPieces, false);
-        QTRY_COMPARE(spy.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QVERIFY(edit.isInPieces() && edit.isReadOnly() && !edit.isModified());
         QVERIFY(edit.blockCount() > 100);
         QCOMPARE(edit.toPlainText().remove('\n'), QString::fromLatin1("first" + line + "last"));
 
         edit.loadInSlices(CHighlightEdit::LongLines::Whole, false);
-        QTRY_COMPARE(spy.size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 2, 60000);
         QVERIFY(!edit.isInPieces() && !edit.isReadOnly());
         QCOMPARE(edit.blockCount(), 3);
+    }
+
+    void secondTryThatFails_leavesAPartialTextReadOnly()
+    {
+        const QTemporaryDir folder;
+        const WithSettings settings;
+        const QByteArray line(heaviestLineUnasked() + 1, 'x');
+        writeFile(folder.filePath("large"), QByteArray("first\n").repeated(20000) + line);
+        CHighlightEdit edit;
+        edit.setPathFileName(folder.filePath("large"));
+        QSignalSpy spyAsked(&edit, &CHighlightEdit::longLineFound);
+        edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+        QTRY_COMPARE_WITH_TIMEOUT(spyAsked.size(), 1, 60000);
+        QVERIFY(edit.isTextPartial());
+        QVERIFY(QFile::remove(folder.filePath("large")));
+        QSignalSpy spy(&edit, &CHighlightEdit::loadFailed);
+        edit.loadInSlices(CHighlightEdit::LongLines::Whole, false);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
+        QVERIFY(spy.first().at(1).toBool());
+        QVERIFY(edit.isReadOnly() && !edit.isModified());
+    }
+
+    void readOnlyEditor_staysSoWhenItsTextIsSet()
+    {
+        const WithSettings settings;
+        CHighlightEdit edit;
+        edit.setReadOnly(true);
+        edit.setTextData("text", false);
+        QVERIFY(edit.isReadOnly());
     }
 
     void editorThatGoesMeanwhile_isClean()
@@ -362,7 +389,7 @@ private slots:
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyFirst(&edit, &CHighlightEdit::firstTextShown);
         edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
-        QTRY_COMPARE(spyFirst.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spyFirst.size(), 1, 60000);
         edit.setTextData("other", false);
         QVERIFY(!edit.isLoading() && !edit.isReadOnly());
         QThreadPool::globalInstance()->waitForDone();

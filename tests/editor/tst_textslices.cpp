@@ -1,5 +1,6 @@
 // Where a large text is divided.
 #include "editor/textslices.h"
+#include "tests/editor/randomtext.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -30,10 +31,7 @@ QString randomText(QRandomGenerator *pRandom, int nLength)
                                            QString::fromUtf8("é"),
                                            QString::fromUtf8("🙂"),
                                            QString(QChar(0x301))};
-    QString strText;
-    while (strText.size() < nLength)
-        strText += s_lstParts.at(pRandom->bounded(s_lstParts.size()));
-    return strText;
+    return randomText(pRandom, s_lstParts, nLength);
 }
 
 bool endsALine(const QString &strSlice)

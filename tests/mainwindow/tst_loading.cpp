@@ -127,7 +127,7 @@ private slots:
         QVERIFY(!f.window().findChild<QMenu *>("menuLanguage")->isEnabled());
         for (const char *szAction : {"actionCopy", "actionSelect_All", "actionGo_to_Line"})
             QVERIFY2(f.action(szAction)->isEnabled(), szAction);
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         for (const char *szAction : {"actionSave", "actionSave_As", "actionFind", "actionReplace",
                                      "actionRefresh", "actionWindows", "actionVerify_Valid"})
             QVERIFY2(f.action(szAction)->isEnabled(), szAction);
@@ -156,7 +156,7 @@ private slots:
         f.editor()->onRefresh();
         QVERIFY(answer.boxes().isEmpty() && dialog.caption().isEmpty());
         QVERIFY(!QFile::exists(f.path("other.txt")));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->getText().toUtf8(), text);
         QCOMPARE(CWindowFixture::content(strPath), text);
         QVERIFY(!pDocument->isModified());
@@ -169,7 +169,7 @@ private slots:
         CDocument *pDocument = open(f, strPath);
         QCOMPARE(f.tabs().tabText(0), QString("large.txt (loading)"));
         auto *pProgress = f.window().findChild<CWorkProgress *>();
-        QTRY_VERIFY(pProgress->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(pProgress->isVisible(), 60000);
         QVERIFY(pDocument->isArriving());
         QVERIFY(pProgress->findChild<QLabel *>()->text().contains("large.txt"));
         pProgress->stopShown();
@@ -181,7 +181,7 @@ private slots:
     {
         CWindowFixture f;
         CDocument *pDocument = open(f, f.file("large.cpp", largeText()));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.tabs().tabText(0), QString("large.cpp"));
         QCOMPARE(f.editor()->languageName(), QString("C++"));
         QVERIFY(f.window().findChild<CWorkProgress *>()->isHidden());
@@ -256,7 +256,7 @@ private slots:
         f.window().parseArgument('"' + strPath + '"');
         QCOMPARE(f.tabs().count(), 2);
         QCOMPARE(&f.window().currentDocument(), pDocument);
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->blockCount(), g_nLines + 1);
     }
 
@@ -273,7 +273,7 @@ private slots:
         QVERIFY(f.window().on_actionSave_triggered());
         QCOMPARE(CWindowFixture::content(strOther), QByteArray("typed text\n"));
         QVERIFY(pDocument->isArriving());
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.window().currentDocument().path(), strOther);
         QCOMPARE(f.tabs().tabText(0), QString("large.txt"));
         QCOMPARE(f.tabs().tabText(1), QString("other.txt"));
@@ -298,7 +298,7 @@ private slots:
             f.file("large.txt", "theirs");
         f.window().documents().checkFiles();
         QVERIFY(notice(f).isEmpty());
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->getText().toUtf8(), largeText());
         QVERIFY2(notice(f).contains(removed ? "no longer there" : "has changed"),
                  qPrintable(notice(f)));
@@ -309,7 +309,7 @@ private slots:
         CWindowFixture f;
         const QString strPath = f.file("large.txt", largeText());
         CDocument *pDocument = open(f, strPath);
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         f.editor()->goToLine(40000);
         f.editor()->insertPlainText("typed ");
         f.file("large.txt", largeText("other"));
@@ -318,7 +318,7 @@ private slots:
         QCOMPARE(answer.boxes().size(), 1);
         QVERIFY(pDocument->isArriving() && !pDocument->isModified());
         QVERIFY(f.editor()->textCursor().block().text().startsWith("typed word"));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->getText().toUtf8(), largeText("other"));
         QCOMPARE(f.editor()->textCursor().blockNumber(), 39999);
         QVERIFY(!pDocument->isModified() && notice(f).isEmpty());
@@ -328,7 +328,7 @@ private slots:
     {
         CWindowFixture f;
         CDocument *pDocument = open(f, f.file("large.txt", largeText()));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         f.editor()->insertPlainText("typed ");
         const CBoxAnswer answer({QMessageBox::Yes});
         f.window().on_actionRefresh_triggered();
@@ -343,11 +343,11 @@ private slots:
     {
         CWindowFixture f;
         CDocument *pDocument = open(f, f.file("large.txt", largeText()));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         f.editor()->insertPlainText("typed ");
         f.editor()->onRefresh();
         QVERIFY(pDocument->isArriving());
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->getText().toUtf8(), largeText());
         QVERIFY(press(f, "Restore"));
         QVERIFY(f.editor()->getText().startsWith("typed word"));
@@ -360,7 +360,7 @@ private slots:
         QFETCH(QString, moment);
         CWindowFixture f;
         CDocument *pDocument = open(f, f.file("large.txt", largeText()));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         f.editor()->insertPlainText("typed ");
         f.editor()->onRefresh();
         if (moment != "half") // Until the new text is there, the old one has as many lines.
@@ -382,7 +382,7 @@ private slots:
         QDir(CWindowFixture::draftFolder()).removeRecursively();
         CWindowFixture f;
         CDocument *pDocument = open(f, f.file("large.txt", largeText()));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         f.editor()->insertPlainText("typed ");
         const CBoxAnswer answer({QMessageBox::Yes});
         f.window().on_actionRefresh_triggered();
@@ -401,7 +401,7 @@ private slots:
         CWindowFixture f;
         const QString strPath = f.file("large.txt", largeText());
         CDocument *pDocument = open(f, strPath);
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         f.editor()->goToLine(50000);
         auto *pPast = f.window().findChild<CPastTabs *>();
         f.window().onTabCloseRequested(0);
@@ -410,7 +410,7 @@ private slots:
         f.window().onTabCloseRequested(0); // Its place is still to come.
         pPast->reopenClosed();
         pDocument = &f.window().currentDocument();
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->textCursor().blockNumber(), 49999);
     }
 
@@ -421,7 +421,7 @@ private slots:
         reach(pDocument, "first lines");
         f.window().onGoToLine(55000);
         QCOMPARE(f.editor()->textCursor().blockNumber(), 0);
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->textCursor().blockNumber(), 54999);
     }
 
@@ -434,7 +434,7 @@ private slots:
         emit pPanel->matchActivated(strPath, 50000, 5, 2);
         CDocument *pDocument = &f.window().currentDocument();
         QVERIFY(pDocument->isArriving());
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.editor()->textCursor().blockNumber(), 49999);
         QCOMPARE(f.editor()->textCursor().selectedText(), QString("in"));
     }
@@ -446,7 +446,7 @@ private slots:
         CDocument *pDocument = open(f, strOld);
         QVERIFY(QFile::rename(strOld, f.path("new.txt")));
         f.window().documents().followRenamed(strOld, f.path("new.txt"));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         QCOMPARE(f.tabs().count(), 1);
         QCOMPARE(f.tabs().tabText(0), QString("new.txt"));
         QCOMPARE(f.editor()->getText().toUtf8(), largeText());
@@ -459,7 +459,7 @@ private slots:
         QSignalSpy spy(pDocument, &QObject::destroyed);
         const CBoxAnswer answer;
         emit pDocument->arrivalFailed("the reason", true);
-        QTRY_COMPARE(spy.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QCOMPARE(f.tabs().count(), 0);
         QVERIFY(notice(f).contains("large.txt") && notice(f).contains("the reason"));
         QVERIFY(answer.boxes().isEmpty());
@@ -470,13 +470,13 @@ private slots:
         CWindowFixture f;
         const QString strPath = f.file("large.txt", largeText());
         CDocument *pDocument = open(f, strPath);
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         auto *pText = qobject_cast<CEditorDocument *>(pDocument);
         QVERIFY(pDocument->reload().isDone());
         pText->editor()->setPathFileName(f.path("nothing.txt")); // What is read next.
         pText->editor()->loadInSlices(CHighlightEdit::LongLines::Ask, true);
         QSignalSpy spy(pDocument, &CDocument::arrivalFailed);
-        QTRY_COMPARE(spy.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QCOMPARE(f.tabs().count(), 1);
         QCOMPARE(f.editor()->getText().toUtf8(), largeText());
         QVERIFY(!f.editor()->isReadOnly());
@@ -497,14 +497,14 @@ private slots:
         const QByteArray text = "first\n" + QByteArray(1100000, 'x') + "\nlast\n";
         const QString strPath = f.file("large.txt", text);
         CDocument *pDocument = open(f, strPath);
-        QTRY_VERIFY(!notice(f).isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!notice(f).isEmpty(), 60000);
         QVERIFY(pDocument->isArriving());
         QVERIFY2(notice(f).contains("1,100,000"), qPrintable(notice(f)));
         if (answer.isEmpty())
             emit f.window().findChild<CNoticeBar *>()->dismissed();
         else
             QVERIFY(press(f, answer));
-        QTRY_VERIFY(!pDocument->isArriving());
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
         const bool bWhole = answer == "Show it whole";
         QCOMPARE(f.editor()->isInPieces(), !bWhole);
         QCOMPARE(f.action("actionSave")->isEnabled(), bWhole);
@@ -521,7 +521,7 @@ private slots:
     {
         CWindowFixture f;
         open(f, f.file("large.txt", QByteArray(1100000, 'x')));
-        QTRY_VERIFY(!notice(f).isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!notice(f).isEmpty(), 60000);
         const CBoxAnswer answer;
         f.window().onTabCloseRequested(0);
         QCOMPARE(f.tabs().count(), 0);
