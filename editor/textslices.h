@@ -12,7 +12,7 @@
 struct SSliceLimits
 {
     int nCharacters = 0x100000; // UTF-16 units.
-    int nLines = 2000;
+    int nLines = 4000;
 };
 
 // Where the slice that begins at nFrom ends. Behind a line end (LF, CR, or both as one) or at the
