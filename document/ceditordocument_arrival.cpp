@@ -1,6 +1,7 @@
 // A large file, which arrives while the event loop runs.
 #include "document/ceditordocument.h"
 
+#include "app/plaintext.h"
 #include "editor/chighlightedit.h"
 #include "editor/textreading.h"
 
@@ -93,10 +94,9 @@ void CEditorDocument::askAboutLongLine(int nLength)
     m_bAsking = true;
     SNotice notice;
     notice.strText =
-        tr("%1 has a line of %2 characters. Shown whole, it stops the window for some time "
-           "whenever "
+        tr("%1 has a line of %2 characters. Shown whole, it stops the window for some time whenever "
            "it is drawn anew; in pieces, the text can be read, but not changed or saved.")
-            .arg(path(), QLocale().toString(nLength));
+            .arg(visibleName(path()), QLocale().toString(nLength));
     notice.lstChoices = {{tr("Show it in pieces"), [this] { answerAboutLongLine(false); }},
                          {tr("Show it whole"), [this] { answerAboutLongLine(true); }}};
     setNotice(Topic::Loading, notice);
@@ -119,7 +119,7 @@ void CEditorDocument::tellOfPieces()
     SNotice notice;
     notice.strText =
         tr("Long lines of %1 are shown in pieces: it can be read, but not changed or saved.")
-            .arg(path());
+            .arg(visibleName(path()));
     notice.lstChoices = {{tr("Show it whole"), [this] {
                               m_bKeepsPlace = false;
                               answerAboutLongLine(true);

@@ -54,7 +54,8 @@ void CArrivals::stop(CDocument *pDocument)
 void CArrivals::onFailed(CDocument *pDocument, const QString &strReason, bool bPartial)
 {
     SNotice notice;
-    notice.strText = tr("%1 could not be loaded: %2").arg(pDocument->path(), strReason);
+    notice.strText =
+        tr("%1 could not be loaded: %2").arg(visibleName(pDocument->path()), strReason);
     if (!bPartial) {
         pDocument->setNotice(CDocument::Topic::Loading, notice);
         return;

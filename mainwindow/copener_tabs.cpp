@@ -98,8 +98,9 @@ void COpener::nameTab(const CDocument &document)
                             icon.isNull() ? QIcon(QStringLiteral(":/res/html_text.svg")) : icon);
         return; // The tool tip stays that of a new page.
     }
-    m_pTabs->setPlainTabText(nIndex, visibleName(document.isArriving() ? document.title()
-                                                                         : QFileInfo(strPath).fileName()));
+    m_pTabs->setPlainTabText(
+        nIndex,
+        visibleName(document.isArriving() ? document.title() : QFileInfo(strPath).fileName()));
     if (document.page())
         return;
     m_pTabs->setPlainTabToolTip(nIndex, strPath);
