@@ -43,6 +43,8 @@ struct SFileContent
     QString strError; // For the user, without the file's name. Empty: read whole.
 
     bool isWhole() const { return fault == Fault::None; }
+    // There is something to show: all of the file, or what another program was writing just then.
+    bool hasBytes() const { return isWhole() || fault == Fault::Changing; }
 };
 
 // The largest file that a call can read, in bytes.

@@ -88,6 +88,8 @@ public:
     bool isWhole() const { return m_bWhole; }
     // False when the text was read in a codec that is a guess.
     virtual bool isCodecSure() const { return true; }
+    // The encoding that the text was read in; empty where there is no text.
+    virtual QString codecName() const { return QString(); }
     // Looks whether the file is still as it was last seen, and raises a notice when it is not.
     void checkFile();
     // The same, when another tab has just written it.
@@ -168,7 +170,6 @@ protected:
     virtual Result showAgain(const SFileContent &content);
     // True when the file is large and is read in the background from now on.
     virtual bool reloadInBackground() { return false; }
-    virtual QString codecName() const { return QString(); }
     virtual bool isContentWhole(const SFileContent &) const { return true; }
     virtual void fillDraft(SDraft *) const { }
     virtual void showDraft(const SDraft &) { }

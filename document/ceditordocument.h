@@ -28,6 +28,7 @@ public:
     bool stopArriving() override;
     void dismissNotice() override;
     bool isCodecSure() const override;
+    QString codecName() const override;
 
     // Shows the file in that codec: from its own bytes while nothing was typed, else from the bytes
     // that the text has in the codec it was read in.
@@ -48,7 +49,6 @@ protected:
     Result showContent(const QString &strPath, const SFileContent &content) override;
     Result showAgain(const SFileContent &content) override;
     bool reloadInBackground() override;
-    QString codecName() const override;
     bool isContentWhole(const SFileContent &content) const override;
     void fillDraft(SDraft *pDraft) const override;
     void showDraft(const SDraft &draft) override;

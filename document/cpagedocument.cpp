@@ -1,9 +1,8 @@
 #include "document/cpagedocument.h"
 
-#include "app/plaintext.h"
+#include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
-#include "web/pagecodec.h"
 
 #include <QWebFrame>
 
@@ -58,6 +57,11 @@ QString CPageDocument::title() const
 bool CPageDocument::isModified() const
 {
     return m_pPage->isModified() || (m_bSource && m_pPage->sourceEdit()->isModified());
+}
+
+QString CPageDocument::codecName() const
+{
+    return m_pPage->codecName();
 }
 
 bool CPageDocument::canSave() const
@@ -144,24 +148,26 @@ void CPageDocument::markSaved()
     m_pPage->markSaved(); // And its source editor.
 }
 
-Result CPageDocument::showContent(const QString &strPath, const SFileContent &)
+Result CPageDocument::showContent(const QString &strPath, const SFileContent &content)
 {
-    m_pPage->setFilePath(strPath);
-    if (!m_pPage->loadFile(strPath))
-        return Result::refused(tr("The file cannot be read: %1").arg(visibleName(strPath)));
+    m_pPage->loadSource(strPath, content);
     if (!m_bSource)
         m_pPage->setModified(false);
     return Result::done();
 }
 
-Result CPageDocument::showAgain(const SFileContent &)
+// Of a followed link, that page is read again.
+Result CPageDocument::showAgain(const SFileContent &content)
 {
-    return Result::doneIf(m_pPage->reload()); // Which says why in the status bar.
+    if (!m_pPage->showsOwnAddress())
+        return Result::doneIf(m_pPage->reload()); // Which says why in the status bar.
+    m_pPage->reloadSource(content, m_pPage->chosenCodecName());
+    return Result::done();
 }
 
 bool CPageDocument::isContentWhole(const SFileContent &content) const
 {
-    return isPageWhole(content.bytes);
+    return isWholeText(codecForName(codecName()), content.bytes);
 }
 
 void CPageDocument::fillDraft(SDraft *pDraft) const

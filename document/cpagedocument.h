@@ -23,6 +23,7 @@ public:
     QString title() const override;
     bool isModified() const override;
     bool canSave() const override;
+    QString codecName() const override;
 
     // Changes between the page and its source; widgetChanged() tells when the other one can be
     // shown.
@@ -42,6 +43,8 @@ public:
     Result replace(const QString &strFind, const QString &strReplacement) override;
     Result replaceAll(const QString &strFind, const QString &strReplacement) override;
     QString selectedText() const override;
+    // While the source is shown: as for a text, with the page read anew where nothing was typed.
+    Result setCodec(const QString &strName) override;
     Result format(int nWebAction) override;
     void setLineWrap(bool bWrap) override;
 

@@ -1,6 +1,8 @@
 // Commands of a page. With the source in front they are those of its editor.
 #include "document/cpagedocument.h"
 
+#include "app/textcodecs.h"
+#include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 
 Result CPageDocument::run(int nWebAction)
@@ -70,6 +72,28 @@ Result CPageDocument::format(int nWebAction)
 QString CPageDocument::selectedText() const
 {
     return m_bSource ? CDocument::selectedText() : m_pPage->selectedText();
+}
+
+Result CPageDocument::setCodec(const QString &strName)
+{
+    if (!m_bSource || !codecForName(strName) || strName == codecName())
+        return Result::refused();
+    if (!isModified() && !path().isEmpty() && canSave()) {
+        const SFileContent content = read(path());
+        // Another program's version is read by Refresh, not by the way.
+        if (content.isWhole() && content.state == fileState()) {
+            m_pPage->reloadSource(content, strName);
+            setWhole(isContentWhole(content));
+            return Result::done();
+        }
+    }
+    const QString strText = m_pPage->sourceEdit()->rawText();
+    const QByteArray bytes = encodeText(codecForName(codecName()), strText);
+    if (decodeText(codecForName(codecName()), bytes) != strText)
+        dropText(SDraft::Reason::Codec);
+    m_pPage->readSourceIn(strName);
+    setWhole(isWhole() && isWholeText(codecForName(strName), bytes));
+    return Result::done();
 }
 
 void CPageDocument::setLineWrap(bool bWrap)

@@ -86,9 +86,7 @@ void showActionStates(Ui::MainWindow *pUi, const CDocument &document)
     enable({pUi->actionReplace, pUi->actionColor_Dialog}, bEditable);
     pUi->actionGo_to_Line->setEnabled(pEditor);
     pUi->menuLanguage->setEnabled(pEditor && bArrived);
-    // A page's source is UTF-8 always.
-    pUi->menuText_Codec->setEnabled(document.kind() == CDocument::Kind::Text
-                                    && !document.isReadOnly());
+    pUi->menuText_Codec->setEnabled(pEditor && !document.isReadOnly());
     if (pEditor)
         showEditorStates(pUi, pEditor);
     else

@@ -89,7 +89,7 @@ void CFormatMenus::showLanguage(const CDocument &document)
 void CFormatMenus::showCodec(const CDocument &document)
 {
     const CHighlightEdit *pEditor = document.editor();
-    const QString strCodec = pEditor ? pEditor->codecName() : QString();
+    const QString strCodec = document.codecName(); // Of a page's source, that of its file.
     m_pStatus->setTextCodec(pEditor ? QString(QLatin1String(g_szIndent) + strCodec) : QString());
     const QList<QAction *> lstCodecs = m_pUi->menuText_Codec->actions();
     for (QAction *pAction : lstCodecs)

@@ -70,6 +70,9 @@ void COpener::openPage(const QString &strPath)
         const Result result = pDocument->load(strPath, content);
         emit message(result.text());
         nameTab(*pDocument);
+        if (!pDocument->isWhole())
+            emit message(
+                MainWindow::tr("The file is not all text: not all of it can be shown."));
     }
     m_pWindow->currentDocument().widget()->setFocus();
 }

@@ -1,7 +1,6 @@
 #include "web/ceditwebview.h"
 
 #include "app/commonhelpers.h"
-#include "app/filereader.h"
 #include "app/plaintext.h"
 #include "web/cpagenetwork.h"
 #include "web/cpagereader.h"
@@ -11,7 +10,6 @@
 #include "web/pictures.h"
 
 #include <QContextMenuEvent>
-#include <QFile>
 #include <QFileInfo>
 #include <QTextDocument>
 #include <QUndoStack>
@@ -184,9 +182,7 @@ void CEditWebView::onRefresh()
 {
     if (m_bModified)
         emit textReplacing();
-    const SFileContent content = readFile(m_strFilePath);
-    if (reload() && showsOwnAddress())
-        emit fileRead(content);
+    reload();
 }
 
 void CEditWebView::onCopy()

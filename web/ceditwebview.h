@@ -17,6 +17,7 @@ class CPageReader;
 class CSafePage;
 class QHelpEvent;
 struct SFileContent;
+struct SPageSource;
 
 // The visual editor of an HTML page: the rendered page itself is edited. Its twin, the source
 // editor, shows the page's HTML.
@@ -53,14 +54,21 @@ public:
     bool loadFile(const QString &strPath);
     void setUrl(const QUrl &url);
     void setHtml(const QString &strHtml, const QUrl &urlBase = QUrl());
-    // The bytes of a file that was read already, in an encoding that the caller knows; without one,
-    // as the page declares.
-    void loadSource(const QByteArray &arrData, const QString &strCodec, const QUrl &url);
+    // Shows a file that was read already, in an encoding that the user chose; without one, as the
+    // page declares or as detected. Takes the path over.
+    void loadSource(const QString &strPath, const SFileContent &content,
+                    const QString &strCodec = QString());
+    // The same for the document's file, whose history and place on the screen stay.
+    void reloadSource(const SFileContent &content, const QString &strCodec);
     // An empty page as a file has it, with the caret in its body.
     void startNewPage();
     // Reads the document's file again, or the address that is shown instead of it. False when the
     // file cannot be read: the page stays as it was, and statusMessage() says so.
     bool reload();
+    // The encoding that the page was read in. A chosen one stays for reload(), until the page is
+    // saved.
+    QString codecName() const { return m_strCodec; }
+    QString chosenCodecName() const { return m_bCodecChosen ? m_strCodec : QString(); }
     void back();
     void forward();
     bool canGoBack() const;
@@ -68,6 +76,8 @@ public:
     // False while the view shows another address (a followed link), or failed to load the file:
     // saving would then overwrite the file with something else.
     bool showsOwnFile() const;
+    // The same, whether it could be loaded or not.
+    bool showsOwnAddress() const;
     // Asked before a modified page is left for another; true once it was saved or may be lost.
     // Without a question a modified page is not left.
     void setLeaveQuestion(const std::function<bool()> &question) { m_leaveQuestion = question; }
@@ -93,6 +103,9 @@ public:
     // typed in the source, the page stays as it is, with caret and undo history. Best called after
     // showSource(false), as a source still shown is refreshed from the new page.
     void applySource(const QString &strHtml);
+    // Reads the bytes that the shown source has in its encoding in another one; what that one
+    // cannot hold is lost.
+    void readSourceIn(const QString &strCodec);
 
     // Where the caret stands in the page; nothing when there is none.
     std::optional<CPageMerge::SPlace> caretPlace() const;
@@ -194,7 +207,10 @@ private:
     void moveSourceCaret();
     void movePageCaret();
 
-    bool showsOwnAddress() const;
+    void showText(const QString &strHtml, const QUrl &urlBase);
+    void go(const std::function<void()> &load);
+    void showFile(const QUrl &url, const SPageSource &source);
+    void noteCodec();
     QUrl fileUrl() const;
     static QUrl fileUrl(const QString &strPath);
     bool mayLeave();
@@ -229,6 +245,8 @@ private:
     QPointer<CHighlightEdit> m_pSourceEdit;
     QMenu m_menuContext;
 
+    QString m_strCodec = QStringLiteral("UTF-8");
+    bool m_bCodecChosen = false;
     QUrl m_urlNamed; // The address shown when the file path was set.
     bool m_bLoadFailed = false;
     bool m_bLinksFollowed = true;

@@ -1,6 +1,8 @@
 // Addresses: loading, reloading, following links, the history.
 #include "web/ceditwebview.h"
 
+#include "editor/textreading.h"
+#include "web/cpagenetwork.h"
 #include "web/csafepage.h"
 #include "web/dataaddresses.h"
 
@@ -32,11 +34,58 @@ bool isSameDocument(const QUrl &a, const QUrl &b)
 
 bool CEditWebView::loadFile(const QString &strPath)
 {
-    if (!isReadable(strPath))
+    const SFileContent content = readForEditor(strPath);
+    if (!content.hasBytes())
         return false;
-    setFilePath(strPath);
-    setUrl(fileUrl());
+    loadSource(strPath, content);
     return true;
+}
+
+void CEditWebView::loadSource(const QString &strPath, const SFileContent &content,
+                              const QString &strCodec)
+{
+    setFilePath(strPath);
+    const SPageSource source = SPageSource::ofFile(content, strCodec);
+    m_strGiven = QString();
+    safePage()->navigateTo(source, [this] { QWebView::setUrl(fileUrl()); });
+    noteCodec();
+}
+
+void CEditWebView::reloadSource(const SFileContent &content, const QString &strCodec)
+{
+    showFile(fileUrl(), SPageSource::ofFile(content, strCodec));
+}
+
+// What is shown already is loaded anew: that keeps its place.
+void CEditWebView::showFile(const QUrl &url, const SPageSource &source)
+{
+    m_strGiven = QString();
+    const bool bAgain = isSameDocument(url, this->url());
+    safePage()->navigateTo(source, [&] {
+        if (bAgain)
+            triggerPageAction(QWebPage::Reload, false);
+        else // Saved under another name since it was loaded.
+            QWebView::setUrl(url);
+    });
+    noteCodec();
+}
+
+void CEditWebView::noteCodec()
+{
+    m_strCodec = safePage()->source().strCodec;
+    m_bCodecChosen = safePage()->source().bChosen;
+}
+
+// Somewhere, where the page reads the file itself. What it reads is what the document stands on.
+void CEditWebView::go(const std::function<void()> &load)
+{
+    m_strGiven = QString();
+    safePage()->navigate(load);
+    noteCodec();
+    const SPageSource source = safePage()->source();
+    if (source.content.hasBytes() && source.bFile
+        && isSameDocument(safePage()->network()->document(), fileUrl()))
+        emit fileRead(source.content);
 }
 
 QUrl CEditWebView::fileUrl() const
@@ -55,14 +104,20 @@ QUrl CEditWebView::fileUrl(const QString &strPath)
 
 void CEditWebView::setUrl(const QUrl &url)
 {
-    m_strGiven = QString();
-    safePage()->navigate([&] { QWebView::setUrl(url); });
+    go([&] { QWebView::setUrl(url); });
 }
 
 void CEditWebView::setHtml(const QString &strHtml, const QUrl &urlBase)
 {
+    showText(strHtml, urlBase);
+    noteCodec();
+}
+
+void CEditWebView::showText(const QString &strHtml, const QUrl &urlBase)
+{
     m_strGiven = strHtml.isNull() ? QStringLiteral("") : strHtml;
-    safePage()->navigate([&] { QWebView::setHtml(refuseHarmfulData(strHtml), urlBase); });
+    safePage()->navigateTo(SPageSource::ofText(),
+                           [&] { QWebView::setHtml(refuseHarmfulData(strHtml), urlBase); });
 }
 
 bool CEditWebView::reload()
@@ -71,15 +126,18 @@ bool CEditWebView::reload()
     if (bOwn && m_strFilePath.isEmpty())
         return true;
     const QUrl urlRead = bOwn ? fileUrl() : url();
-    if (urlRead.isLocalFile() && !isReadable(urlRead.toLocalFile())) {
+    if (!urlRead.isLocalFile()) {
+        go([this] { triggerPageAction(QWebPage::Reload, false); });
+        return true;
+    }
+    const SFileContent content = readForEditor(urlRead.toLocalFile());
+    if (!content.hasBytes()) {
         emit statusMessage(tr("Cannot open file(%1).").arg(urlRead.toLocalFile()));
         return false;
     }
-    m_strGiven = QString();
-    if (isSameDocument(urlRead, url()))
-        safePage()->navigate([this] { triggerPageAction(QWebPage::Reload, false); });
-    else // Saved under another name since it was loaded.
-        setUrl(urlRead);
+    showFile(urlRead, SPageSource::ofFile(content, chosenCodecName()));
+    if (bOwn)
+        emit fileRead(content);
     return true;
 }
 
@@ -104,8 +162,7 @@ void CEditWebView::forward()
 void CEditWebView::step(QWebPage::WebAction action)
 {
     QWebSettings::clearMemoryCaches();
-    m_strGiven = QString();
-    safePage()->navigate([=] { triggerPageAction(action, false); });
+    go([=] { triggerPageAction(action, false); });
 }
 
 // A page that was typed and saved has no place in the history, but its file can be gone back to.

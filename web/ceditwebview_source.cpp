@@ -4,19 +4,12 @@
 #include "app/textcodecs.h"
 #include "web/charset.h"
 #include "web/cpagereader.h"
+#include "web/csafepage.h"
 #include "web/keptlines.h"
 #include "web/pageaddresses.h"
-#include "web/pagecodec.h"
 
-#include <QFile>
 #include <QRegularExpression>
 #include <QTextDocument>
-
-void CEditWebView::loadSource(const QByteArray &arrData, const QString &strCodec, const QUrl &url)
-{
-    const QTextCodec *pCodec = codecForName(strCodec);
-    setHtml(pCodec ? decodeText(pCodec, arrData) : decodePage(arrData), url);
-}
 
 void CEditWebView::startNewPage()
 {
@@ -32,10 +25,10 @@ void CEditWebView::startNewPage()
 // When a load has ended.
 void CEditWebView::takeSource()
 {
+    const SPageSource &source = safePage()->source();
     QString strSource = m_strGiven;
-    QFile file(url().toLocalFile());
-    if (strSource.isNull() && url().isLocalFile() && file.open(QIODevice::ReadOnly))
-        strSource = decodePage(file.readAll());
+    if (strSource.isNull() && source.bFile && source.content.hasBytes())
+        strSource = source.text();
     if (strSource.startsWith(QChar(QChar::ByteOrderMark)))
         strSource.remove(0, 1);
     const QString strSerialised = toHtml();
@@ -85,6 +78,8 @@ void CEditWebView::markSaved()
         m_strMerged = strSaved;
     }
     m_bBaseSaved = !isSourceShown() || !isSourceEdited();
+    m_strCodec = QStringLiteral("UTF-8"); // What lies on the disk now, whatever was read.
+    m_bCodecChosen = false;
     endStep();
     setModified(false);
 }
@@ -112,12 +107,23 @@ void CEditWebView::applySource(const QString &strHtml)
     if (isSourceEdited()) {
         const bool bOwn = showsOwnAddress() && !m_strFilePath.isEmpty();
         const bool bChosen = m_pSourceEdit->returnFormat() != m_nPushedFormat;
-        setHtml(bChosen ? strHtml : withKeptLineEnds(m_strPushed, strHtml),
-                bOwn ? fileUrl() : url());
+        showText(bChosen ? strHtml : withKeptLineEnds(m_strPushed, strHtml),
+                 bOwn ? fileUrl() : url());
     } else {
         movePageCaret();
     }
     m_nSourceCaret = m_pSourceEdit->textCursor().position();
+}
+
+void CEditWebView::readSourceIn(const QString &strCodec)
+{
+    const QByteArray bytes = encodeText(codecForName(m_strCodec), m_pSourceEdit->rawText());
+    const bool bModified = m_pSourceEdit->isModified();
+    m_pSourceEdit->setRestoredText(decodeText(codecForName(strCodec), bytes),
+                                   m_pSourceEdit->codecName());
+    m_pSourceEdit->setModified(bModified);
+    m_strCodec = strCodec;
+    m_bCodecChosen = true;
 }
 
 bool CEditWebView::isSourceEdited() const

@@ -1,5 +1,6 @@
 #include "web/cpagenetwork.h"
 
+#include "app/filereader.h"
 #include "web/cpagereply.h"
 #include "web/dataaddresses.h"
 #include "web/localresources.h"
@@ -63,7 +64,14 @@ bool CPageNetwork::isFileAllowed(const QUrl &url) const
 
 void CPageNetwork::expectFrame(const QObject *pFrame, const QUrl &url)
 {
-    m_hashFrames.insert(pFrame, url);
+    m_hashFrames.insert(pFrame, {url, false, false, QByteArray()});
+}
+
+void CPageNetwork::expectFrame(const QObject *pFrame, const QUrl &url, const SFileContent &content)
+{
+    const bool bReadable = content.hasBytes() && content.bytes.size() <= g_nMaxPictureBytes;
+    m_hashFrames.insert(pFrame,
+                        {url, true, bReadable, bReadable ? content.bytes : QByteArray()});
 }
 
 QNetworkReply *CPageNetwork::createRequest(Operation operation, const QNetworkRequest &request,
@@ -92,21 +100,28 @@ bool CPageNetwork::mayLoadSheet(const QNetworkRequest &request)
     return ++m_nSheets <= g_nMaxSheets && ++m_hashSheets[strName] <= g_nMaxSheetsOfAFile;
 }
 
-bool CPageNetwork::isDocument(const QNetworkRequest &request)
+// Without an address where the request is for something else than a document.
+CPageNetwork::SFrame CPageNetwork::takeFrame(const QNetworkRequest &request)
 {
-    const QUrl url = m_hashFrames.take(request.originatingObject());
-    return url.isValid() && url.matches(request.url(), QUrl::RemoveFragment);
+    const SFrame frame = m_hashFrames.take(request.originatingObject());
+    const bool bDocument =
+        frame.url.isValid() && frame.url.matches(request.url(), QUrl::RemoveFragment);
+    return bDocument ? frame : SFrame();
 }
 
 // Null where the file holds what no page may show.
 CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequest &request)
 {
     const QString strFile = request.url().toLocalFile();
-    QByteArray data;
-    if (!readRegularFile(strFile, g_nMaxPictureBytes, &data))
+    const SFrame frame = takeFrame(request);
+    QByteArray data = frame.bytes;
+    const bool bRead = frame.bRead ? frame.bReadable
+                                   : readRegularFile(strFile, g_nMaxPictureBytes, &data);
+    if (!bRead)
         return nullptr;
-    const bool bHarmless = isDocument(request) ? isHarmlessDocument(data)
-                                               : isHarmlessResource(data, isNamedDrawing(strFile));
+    const bool bHarmless = frame.url.isValid()
+        ? isHarmlessDocument(data)
+        : isHarmlessResource(data, isNamedDrawing(strFile));
     return bHarmless ? new CPageReply(operation, request, refuseHarmfulData(data), this) : nullptr;
 }
 

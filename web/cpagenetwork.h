@@ -7,6 +7,7 @@
 #include <QVector>
 
 class CPageReply;
+struct SFileContent;
 
 // All that a shown page may fetch. A page of this disk gets files of its own site (see
 // localresources.h) and data URLs, and no network at all: neither images that tell a server that
@@ -26,6 +27,9 @@ public:
     bool isAllowed(const QUrl &url) const;
     // The next request of that frame for that address is for a document, not for a picture.
     void expectFrame(const QObject *pFrame, const QUrl &url);
+    // The same for a file that was read already; the answer are these bytes. Nothing when the fault
+    // of the reading left nothing.
+    void expectFrame(const QObject *pFrame, const QUrl &url, const SFileContent &content);
 
 signals:
     void refused(const QUrl &url);
@@ -37,14 +41,21 @@ protected:
 private:
     bool isFileAllowed(const QUrl &url) const;
     bool mayLoadSheet(const QNetworkRequest &request);
-    bool isDocument(const QNetworkRequest &request);
+    struct SFrame
+    {
+        QUrl url; // What it is about to show.
+        bool bRead = false; // The bytes are that; else they are still in the file.
+        bool bReadable = false;
+        QByteArray bytes;
+    };
+    SFrame takeFrame(const QNetworkRequest &request);
     CPageReply *answerFromFile(Operation operation, const QNetworkRequest &request);
     void tellLater(CPageReply *pReply);
     void tellAll();
 
     QVector<QPointer<CPageReply>> m_arrUntold; // Of which the page does not know yet.
     QUrl m_urlDocument;
-    QHash<const QObject *, QUrl> m_hashFrames; // What each frame is about to show.
+    QHash<const QObject *, SFrame> m_hashFrames;
     QHash<QString, int> m_hashSheets; // How often each style sheet was asked for.
     int m_nSheets = 0;
 };

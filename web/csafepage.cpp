@@ -2,7 +2,6 @@
 
 #include "web/cpagenetwork.h"
 #include "web/frames.h"
-#include "web/pagecodec.h"
 
 #include <QNetworkRequest>
 #include <QStyle>
@@ -69,6 +68,25 @@ void CSafePage::navigate(const std::function<void()> &load)
     m_bNavigating = bOuter;
 }
 
+void CSafePage::navigateTo(const SPageSource &source, const std::function<void()> &load)
+{
+    m_pGiven = &source;
+    navigate(load);
+    m_pGiven = nullptr;
+}
+
+// Called within navigate(), or as a server sends the reader on.
+void CSafePage::begin(const QUrl &url)
+{
+    m_source = m_pGiven ? *m_pGiven : readPageSource(url);
+    m_pNetwork->setDocument(url);
+    settings()->setDefaultTextEncoding(m_source.undeclaredCodecName());
+    if (m_source.bFile)
+        m_pNetwork->expectFrame(mainFrame(), url, m_source.contentToShow());
+    else
+        m_pNetwork->expectFrame(mainFrame(), url);
+}
+
 bool CSafePage::supportsExtension(Extension extension) const
 {
     return extension != ErrorPageExtension && QWebPage::supportsExtension(extension);
@@ -84,9 +102,7 @@ bool CSafePage::acceptNavigationRequest(QWebFrame *pFrame, const QNetworkRequest
             || (m_pNetwork->isAllowed(url) && mayShowInFrame(pFrame, url));
     }
     if (m_bNavigating || isRedirect(url)) {
-        m_pNetwork->setDocument(url);
-        settings()->setDefaultTextEncoding(undeclaredCodecName(url));
-        m_pNetwork->expectFrame(mainFrame(), url);
+        begin(url);
         return true;
     }
     if (type != NavigationTypeLinkClicked || isContentEditable())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "web/pagesource.h"
+
 #include <QUrl>
 #include <QWebPage>
 
@@ -23,8 +25,14 @@ public:
     // names no colours of its own is black, which a dark desktop would show on black.
     void showIn(QWebView *pView);
 
-    // Runs a load, reload or step in the history.
+    // Runs a load, reload or step in the history. A file is read once, before the call returns:
+    // source() tells what was read.
     void navigate(const std::function<void()> &load);
+    // The same for a file that was read already, and for a text that is the page: then no file is
+    // read.
+    void navigateTo(const SPageSource &source, const std::function<void()> &load);
+    // What the page was made from, or is being made from.
+    const SPageSource &source() const { return m_source; }
     CPageNetwork *network() const { return m_pNetwork; }
     bool supportsExtension(Extension extension) const override;
 
@@ -39,10 +47,13 @@ protected:
 
 private:
     void restrictSettings();
+    void begin(const QUrl &url);
     bool isRedirect(const QUrl &url) const;
     bool isWithinDocument(const QUrl &url) const;
 
     CPageNetwork *m_pNetwork;
+    SPageSource m_source;
+    const SPageSource *m_pGiven = nullptr; // While navigateTo() runs.
     bool m_bNavigating = false;
     bool m_bLoading = false;
 };

@@ -3,11 +3,8 @@
 #include "app/textcodecs.h"
 #include "web/charset.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QTextCodec>
-#include <QUrl>
 
 namespace {
 
@@ -52,14 +49,14 @@ QString codecNameForLabel(const QString &strLabel)
     return pCodec ? QString::fromLatin1(pCodec->name()) : QString();
 }
 
-QString detectedCodecName(const QByteArray &page)
+} // namespace
+
+QString undeclaredCodecName(const QByteArray &page)
 {
     const QByteArray head = withoutCutUtf8(page.left(g_nMaxDetectedBytes));
     const QString strName = isAscii(head) ? QString() : codecNameForData(QString(), head);
     return strName.isEmpty() ? g_strUtf8 : strName;
 }
-
-} // namespace
 
 QString pageCodecName(const QByteArray &page)
 {
@@ -68,7 +65,7 @@ QString pageCodecName(const QByteArray &page)
         return strMarked;
     const QString strDeclared =
         codecNameForLabel(declaredCharset(QString::fromLatin1(page.left(g_nHeadBytes))));
-    return strDeclared.isEmpty() ? detectedCodecName(page) : strDeclared;
+    return strDeclared.isEmpty() ? undeclaredCodecName(page) : strDeclared;
 }
 
 bool isPageWhole(const QByteArray &page)
@@ -76,18 +73,15 @@ bool isPageWhole(const QByteArray &page)
     return isWholeText(codecForName(pageCodecName(page)), page);
 }
 
-QString decodePage(const QByteArray &page)
+QString decodePage(const QByteArray &page, const QString &strCodec)
 {
-    QString strText = decodeText(codecForName(pageCodecName(page)), page);
+    QString strText = decodeText(codecForName(strCodec), page);
     if (strText.startsWith(QChar(QChar::ByteOrderMark)))
         strText.remove(0, 1);
     return strText;
 }
 
-QString undeclaredCodecName(const QUrl &url)
+QString decodePage(const QByteArray &page)
 {
-    QFile file(url.toLocalFile());
-    if (!url.isLocalFile() || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
-        return g_strUtf8;
-    return detectedCodecName(file.read(g_nMaxDetectedBytes));
+    return decodePage(page, pageCodecName(page));
 }

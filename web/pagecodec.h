@@ -3,8 +3,6 @@
 #include <QByteArray>
 #include <QString>
 
-class QUrl;
-
 // The encoding of a page's bytes. Reentrant, no widgets.
 
 // The name of the codec that a browser reads the page with: as its byte-order mark says, else as it
@@ -15,9 +13,9 @@ QString pageCodecName(const QByteArray &page);
 // encoding.
 bool isPageWhole(const QByteArray &page);
 
-// The bytes of a page as text, without a byte-order mark.
+// The bytes of a page as text, without a byte-order mark; in the codec of that name.
+QString decodePage(const QByteArray &page, const QString &strCodec);
 QString decodePage(const QByteArray &page);
 
-// The codec for a page at that address that declares none: what is detected in a file of this disk,
-// UTF-8 for any other. Reads the file.
-QString undeclaredCodecName(const QUrl &url);
+// The codec of a page that declares none: what is detected. Never empty.
+QString undeclaredCodecName(const QByteArray &page);

@@ -1,3 +1,4 @@
+#include "app/filereader.h"
 #include "webtest.h"
 
 #include <QClipboard>
@@ -57,10 +58,17 @@ void tst_PageManners::newPageInItsSource_hasTheCaretInTheBody()
 
 void tst_PageManners::givenBytes_areReadInTheGivenEncoding()
 {
-    m_pView->loadSource("<p>caf\xE9\r\n", QStringLiteral("ISO-8859-1"), QUrl());
+    QSignalSpy spy(m_pView, &QWebView::loadFinished);
+    const QString strPath = m_pCase->write(QStringLiteral("a.html"), "<p>what lies there now");
+    SFileContent content;
+    content.bytes = "<meta charset=koi8-r><p>caf\xE9\r\n";
+    m_pView->loadSource(strPath, content, QStringLiteral("ISO-8859-1"));
+    QVERIFY(spy.wait());
     QCOMPARE(textOf(m_pView).trimmed(), QStringLiteral("café"));
-    QCOMPARE(m_pView->htmlForSaving(), QByteArray("<p>caf\xC3\xA9\r\n"));
-    m_pView->loadSource("<meta charset=latin1><p>caf\xE9", QString(), QUrl());
+    QCOMPARE(m_pView->htmlForSaving(), QByteArray("<meta charset=utf-8><p>caf\xC3\xA9\r\n"));
+    content.bytes = "<meta charset=latin1><p>caf\xE9";
+    m_pView->loadSource(strPath, content);
+    QVERIFY(spy.wait());
     QCOMPARE(m_pView->htmlForSaving(), QByteArray("<meta charset=utf-8><p>caf\xC3\xA9"));
 }
 
