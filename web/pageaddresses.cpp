@@ -27,6 +27,18 @@ bool holdsAddress(const QString &strAttribute)
     return setNames.contains(strAttribute);
 }
 
+bool holdsCandidates(const QString &strAttribute)
+{
+    return strAttribute == QLatin1String("srcset") || strAttribute == QLatin1String("imagesrcset");
+}
+
+// Addresses of these lead from the code base of their element, where it names one.
+bool leadsFromCodeBase(const QString &strAttribute)
+{
+    return strAttribute == QLatin1String("data") || strAttribute == QLatin1String("archive")
+        || strAttribute == QLatin1String("classid");
+}
+
 // "a/../b" is "b"; what climbs beyond the start stays.
 QString withoutDetours(const QString &strPath)
 {
@@ -55,7 +67,10 @@ public:
 private:
     void moveAttributes(const SHtmlToken &tag);
     void moveAddress(int nStart, int nLength);
+    void moveCandidates(int nStart, int nEnd);
+    void moveRefresh(int nStart, int nLength);
     void moveStyles(int nStart, int nEnd);
+    int behindDescriptors(int nStart, int nEnd) const;
 
     const QString &m_strHtml;
     const QString m_strPrefix; // From the new folder to the old one.
@@ -76,10 +91,57 @@ void CMove::moveAddress(int nStart, int nLength)
     m_nCopied = nStart + nLength;
 }
 
+// Up to the next comma that is not in parentheses.
+int CMove::behindDescriptors(int nStart, int nEnd) const
+{
+    int n = nStart;
+    for (int nDepth = 0; n < nEnd; ++n) {
+        const QChar c = m_strHtml.at(n);
+        if (c == QLatin1Char(',') && nDepth <= 0)
+            break;
+        nDepth += (c == QLatin1Char('(')) - (c == QLatin1Char(')'));
+    }
+    return n;
+}
+
+// "a.png 1x, b.png 2x" (HTML, 4.8.4.2.2).
+void CMove::moveCandidates(int nStart, int nEnd)
+{
+    int n = nStart;
+    while (n < nEnd) {
+        if (isHtmlSpace(m_strHtml.at(n)) || m_strHtml.at(n) == QLatin1Char(',')) {
+            ++n;
+            continue;
+        }
+        const int nAddress = n;
+        while (n < nEnd && !isHtmlSpace(m_strHtml.at(n)))
+            ++n;
+        int nBehind = n;
+        while (nBehind > nAddress && m_strHtml.at(nBehind - 1) == QLatin1Char(','))
+            --nBehind;
+        moveAddress(nAddress, nBehind - nAddress);
+        if (nBehind == n)
+            n = behindDescriptors(n, nEnd);
+    }
+}
+
+// "3; url=a.html"
+void CMove::moveRefresh(int nStart, int nLength)
+{
+    static const QRegularExpression regExp(
+        QStringLiteral("^\\s*[\\d.]*\\s*[;,]?\\s*url\\s*=\\s*(?:\"([^\"]*)|'([^']*)|([^\\s\"']+))"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = regExp.match(m_strHtml.mid(nStart, nLength));
+    const int nGroup = match.lastCapturedIndex();
+    if (nGroup > 0)
+        moveAddress(nStart + match.capturedStart(nGroup), match.capturedLength(nGroup));
+}
+
 void CMove::moveStyles(int nStart, int nEnd)
 {
     static const QRegularExpression regExpUrl(
-        QStringLiteral("(?:\\burl\\(\\s*|@import\\s+)(?:\"([^\"]*)\"|'([^']*)'|([^\\s\"'()]+))"),
+        QStringLiteral("(?:\\burl\\(\\s*|@import\\s+)(?:\"([^\"]*)\"|'([^']*)'|"
+                       "&(?:quot|#34|#39|apos);(.*?)&(?:quot|#34|#39|apos);|([^\\s\"'()]+))"),
         QRegularExpression::CaseInsensitiveOption);
     QRegularExpressionMatchIterator it =
         regExpUrl.globalMatch(m_strHtml.midRef(nStart, nEnd - nStart));
@@ -92,9 +154,20 @@ void CMove::moveStyles(int nStart, int nEnd)
 
 void CMove::moveAttributes(const SHtmlToken &tag)
 {
-    for (const SHtmlAttribute &attribute : htmlAttributes(m_strHtml, tag)) {
-        if (holdsAddress(attribute.strName))
+    const QVector<SHtmlAttribute> lstAttributes = htmlAttributes(m_strHtml, tag);
+    const bool bCodeBase = findAttribute(lstAttributes, QLatin1String("codebase"));
+    const SHtmlAttribute *pMeaning = findAttribute(lstAttributes, QLatin1String("http-equiv"));
+    const bool bRefresh = tag.isStart(m_strHtml, QLatin1String("meta")) && pMeaning
+        && m_strHtml.midRef(pMeaning->nValue, pMeaning->nLength)
+                .compare(QLatin1String("refresh"), Qt::CaseInsensitive)
+            == 0;
+    for (const SHtmlAttribute &attribute : lstAttributes) {
+        if (holdsAddress(attribute.strName) && !(bCodeBase && leadsFromCodeBase(attribute.strName)))
             moveAddress(attribute.nValue, attribute.nLength);
+        else if (holdsCandidates(attribute.strName))
+            moveCandidates(attribute.nValue, attribute.nValue + attribute.nLength);
+        else if (bRefresh && attribute.strName == QLatin1String("content"))
+            moveRefresh(attribute.nValue, attribute.nLength);
         else if (attribute.strName == QLatin1String("style"))
             moveStyles(attribute.nValue, attribute.nValue + attribute.nLength);
     }

@@ -309,6 +309,28 @@ void tst_PageMerge::movedAddresses_data()
          "<style>@import \"../my%20pages/s.css\"; p { background: url('../my%20pages/a.png') }"
          "</style>");
     keep("<!-- <a href=\"b.html\"> --><script>'<a href=\"b.html\">'</script>");
+    move("<video poster=a.png>", "<video poster=../my%20pages/a.png>");
+    move("<body background='a.png'>", "<body background='../my%20pages/a.png'>");
+    move("<object data=\"a.svg\">", "<object data=\"../my%20pages/a.svg\">");
+    move("<object codebase=\"b/\" data=\"a.svg\">",
+         "<object codebase=\"../my%20pages/b/\" data=\"a.svg\">");
+    move("<img srcset=\"a.png 1x, b.png 2x\">",
+         "<img srcset=\"../my%20pages/a.png 1x, ../my%20pages/b.png 2x\">");
+    move("<source srcset='a.png, /b.png 2x,c.png 3x,'>",
+         "<source srcset='../my%20pages/a.png, /b.png 2x,../my%20pages/c.png 3x,'>");
+    move("<img srcset=\"data:image/png;base64,QUJD,RA 1x, a,b.png calc(1,2), c.png\">",
+         "<img srcset=\"data:image/png;base64,QUJD,RA 1x, ../my%20pages/a,b.png calc(1,2), "
+         "../my%20pages/c.png\">");
+    keep("<img srcset=\"\"><img srcset=\" , ,\"><img srcset>");
+    move("<p style=\"background:url(&quot;a.png&quot;),url('b.png')\">",
+         "<p style=\"background:url(&quot;../my%20pages/a.png&quot;),"
+         "url('../my%20pages/b.png')\">");
+    keep("<p style=\"background:url(&quot;http://x/a.png&quot;)\">");
+    move("<meta http-equiv=Refresh content=\"3; URL=b.html\">",
+         "<meta http-equiv=Refresh content=\"3; URL=../my%20pages/b.html\">");
+    move("<meta content=\"0;url='b.html'\" http-equiv=refresh>",
+         "<meta content=\"0;url='../my%20pages/b.html'\" http-equiv=refresh>");
+    keep("<meta name=refresh content=\"3; url=b.html\"><meta http-equiv=refresh content=3>");
 }
 
 void tst_PageMerge::movedAddresses()
