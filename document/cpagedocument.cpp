@@ -16,6 +16,8 @@ CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pV
     connect(m_pPage, &CEditWebView::textReplacing, this,
             [this] { dropText(SDraft::Reason::Refreshed); });
     connect(m_pPage, &CEditWebView::fileRead, this, &CPageDocument::onFileRead);
+    connect(m_pPage, &CEditWebView::notice, this,
+            [this](const QString &strText) { setNotice(Topic::Loading, {strText, {}}); });
     // A load puts the flag back when it ends, without a signal of its own.
     connect(m_pPage, &QWebView::loadFinished, this, [this] { emit modifiedChanged(isModified()); });
 }

@@ -106,12 +106,29 @@ void CSidePanels::previewCurrentDocument()
     if (!pEditor || pEditor->isLoading() || !m_pDockPreview->isVisible())
         return;
     const QString strLanguage = pEditor->languageName();
-    if (strLanguage == QLatin1String("HTML") || strLanguage == QLatin1String("SVG"))
-        m_pWindow->documents().drafts().flush(); // What is shown can end the program.
+    if (strLanguage != QLatin1String("HTML") && strLanguage != QLatin1String("SVG"))
+        return;
+    m_pWindow->documents().drafts().flush(); // What is shown can end the program.
+    follow(&m_pWindow->currentDocument());
     if (strLanguage == QLatin1String("HTML"))
         m_pPreview->previewHtml(pEditor->getText(), QUrl::fromLocalFile(pEditor->pathFileName()));
-    else if (strLanguage == QLatin1String("SVG"))
+    else
         m_pPreview->previewSvg(pEditor->getText());
+}
+
+// What is shown of a document goes with it.
+void CSidePanels::follow(CDocument *pDocument)
+{
+    if (m_pPreviewed == pDocument)
+        return;
+    m_pPreviewed = pDocument;
+    connect(pDocument, &CDocument::closed, this, [this, pDocument] {
+        disconnect(pDocument, &CDocument::closed, this, nullptr);
+        if (m_pPreviewed != pDocument)
+            return;
+        m_pPreviewed = nullptr;
+        m_pPreview->clearPreview();
+    });
 }
 
 void CSidePanels::previewFile(const QString &strPath, bool bSelected)
@@ -121,6 +138,8 @@ void CSidePanels::previewFile(const QString &strPath, bool bSelected)
     const bool bShown = m_pDockPreview->isVisible();
     if (bShown)
         m_pWindow->documents().drafts().flush(); // What is shown can end the program.
+    if (bShown)
+        m_pPreviewed = nullptr;
     m_pPreview->setFile(strPath, bShown);
 }
 

@@ -39,6 +39,7 @@ private:
                          Qt::DockWidgetArea area, const QString &strIcon);
     void previewCurrentDocument();
     void onListing(bool bRuns);
+    void follow(CDocument *pDocument);
 
     MainWindow *m_pWindow;
     CPreviewWidget *m_pPreview;
@@ -46,6 +47,7 @@ private:
     QDockWidget *m_pDockPreview;
     QDockWidget *m_pDockBrowser;
     QTimer m_timerPreview;
+    CDocument *m_pPreviewed = nullptr; // Whose text the preview shows; null for a file or nothing.
     bool m_bBrowserWasHidden = false;
     int m_nListing = 0; // The work that is told of; 0 for none.
 };

@@ -57,7 +57,6 @@ void MainWindow::connectPage(CEditWebView *pPage)
     connect(pPage->page(), &QWebPage::contentsChanged, this, &MainWindow::onEditPageContentChanged);
     connect(pPage, &CEditWebView::modifiedChanged, this, &MainWindow::onModifiedChanged);
     connect(pPage, &CEditWebView::replaceNum, this, &MainWindow::onReplaceNum);
-    connect(pPage, &CEditWebView::notice, this, &MainWindow::showStatusMessage);
     connect(pPage, &CEditWebView::overUrl, this, &MainWindow::onOverUrl);
     connect(pPage, &CEditWebView::linkLeft, this, &MainWindow::onLinkLeft);
     connect(pPage, &CEditWebView::statusMessage, this, &MainWindow::showStatusMessage);

@@ -53,9 +53,14 @@ void CEditWebView::tellHiddenPictures()
                                 : tr("%1 pictures are not shown: they lie on the network");
     if (strText.contains(QLatin1String("%1")))
         strText = strText.arg(nOutside + nNetwork);
-    if (strText != m_strNotice) {
-        m_strNotice = strText;
-        emit notice(strText);
+    // On the network is where the pictures of most pages lie, and none of them is missed here: that
+    // is worth a line. A picture outside was meant to be shown, and can be moved.
+    const QString strNotice = nOutside > 0 ? strText : QString();
+    if (nOutside == 0 && !strText.isEmpty())
+        emit statusMessage(strText);
+    if (strNotice != m_strNotice) {
+        m_strNotice = strNotice;
+        emit notice(strNotice);
     }
 }
 

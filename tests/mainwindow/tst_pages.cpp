@@ -1,9 +1,11 @@
 #include "cwindowfixture.h"
 
 #include "web/ceditwebview.h"
+#include "web/cpreviewwidget.h"
 
 #include <QComboBox>
 #include <QDialog>
+#include <QDockWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QTextCodec>
@@ -155,6 +157,70 @@ private slots:
         QTRY_VERIFY(f.editor()->toPlainText().contains("<b>two</b>"));
         QCOMPARE(f.editor()->codecName(), QStringLiteral("UTF-8"));
         QVERIFY(!f.window().currentDocument().isModified());
+    }
+
+    void previewOfAClosedDocument_goes_thatOfAFileStays()
+    {
+        CWindowFixture f;
+        f.settings().setIsHtmlText(true);
+        f.window().findChild<QDockWidget *>("Preview")->show();
+        const auto *pPreview = f.window().findChild<CPreviewWidget *>();
+        const auto shown = [pPreview] {
+            const auto lstViews = pPreview->findChildren<QWebView *>();
+            QString strText;
+            for (const QWebView *pView : lstViews)
+                strText += pView->page()->mainFrame()->toPlainText();
+            return strText;
+        };
+        const auto open = [&f] {
+            openPage(f);
+            QTRY_VERIFY(f.editor()->toPlainText().contains("<b>two</b>"));
+            // As the window finds it, installed.
+            f.editor()->setDefinition({{"language", QVariantMap {{"name", "HTML"}}}});
+            f.window().onDockPreviewChanged(true);
+        };
+        open();
+        QTRY_VERIFY(shown().contains("one two"));
+        f.window().onTabCloseRequested(0);
+        QCOMPARE(shown(), QString());
+        open();
+        QTRY_VERIFY(shown().contains("one two"));
+        f.window().onFileSelectionChanged(f.file("other.html", "<p>another file</p>"));
+        QTRY_VERIFY(shown().contains("another file"));
+        f.window().onTabCloseRequested(0);
+        QVERIFY(shown().contains("another file"));
+    }
+
+    void pictureOutsideThePagesFolders_isToldInTheBar()
+    {
+        CWindowFixture f;
+        const QTemporaryDir elsewhere;
+        const QString strPicture = elsewhere.filePath("a.png");
+        QVERIFY(QImage(2, 2, QImage::Format_RGB32).save(strPicture));
+        openPage(f, "<img src='" + QUrl::fromLocalFile(strPicture).toEncoded() + "'>");
+        QTRY_VERIFY(
+            f.window().currentDocument().notice().strText.startsWith("1 picture is not shown"));
+        f.window().currentDocument().dismissNotice();
+        QVERIFY(f.window().currentDocument().notice().strText.isEmpty());
+    }
+
+    void textCodecMenu_worksOnTheSource()
+    {
+        CWindowFixture f;
+        openPage(f, "<p>caf\xE9</p>");
+        QTRY_COMPARE(bodyText(f), QString::fromUtf8("café"));
+        auto *pMenu = f.window().findChild<QMenu *>("menuText_Codec");
+        QVERIFY(!pMenu->isEnabled());
+        f.action("actionSwapHtml")->trigger();
+        QVERIFY(pMenu->isEnabled());
+        QCOMPARE(f.label("labelTextCodec"), QStringLiteral("  windows-1252"));
+        const auto lstActions = pMenu->actions();
+        for (QAction *pAction : lstActions) {
+            if (pAction->text() == "windows-1251")
+                pAction->trigger();
+        }
+        QTRY_VERIFY(f.editor()->toPlainText().contains(QString::fromUtf8("cafй")));
+        QCOMPARE(f.label("labelTextCodec"), QStringLiteral("  windows-1251"));
     }
 
     void newPageWithAccent_isTheSameWhenReopened()
