@@ -10,6 +10,8 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
 #include "web/ctaster.h"
+#include "web/pagecodec.h"
+#include "web/pagehazards.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -58,8 +60,9 @@ void COpener::openPage(const QString &strPath)
         showFailure(strPath, content.strError);
         return;
     }
-    if (m_pWindow->documents().loads().isBlamed(strPath)) {
-        openSourceOf(strPath, content);
+    const QString strRefusal = refusalOf(strPath, content);
+    if (!strRefusal.isEmpty()) {
+        openSourceOf(strPath, content, strRefusal);
         return;
     }
     m_pWindow->documents().beginLoad(strPath);
@@ -77,17 +80,33 @@ void COpener::openPage(const QString &strPath)
     m_pWindow->currentDocument().widget()->setFocus();
 }
 
-// As a text, without the engine that ended the program over it.
-void COpener::openSourceOf(const QString &strPath, const SFileContent &content)
+// Why the page engine shall not get the page, unless the user says so; empty when it may.
+QString COpener::refusalOf(const QString &strPath, const SFileContent &content) const
+{
+    if (m_pWindow->documents().loads().isBlamed(strPath))
+        return MainWindow::tr("The program ended while it loaded %1: this is its source.")
+            .arg(visibleName(strPath));
+    const EPageHazard hazard = m_setShownAnyway.contains(strPath)
+        ? EPageHazard::None
+        : pageHazard(decodePage(content.bytes));
+    if (hazard == EPageHazard::None)
+        return QString();
+    return MainWindow::tr("Showing %1 could end the program, as %2: this is its source.")
+        .arg(visibleName(strPath), pageHazardReason(hazard));
+}
+
+// As a text, without the page engine.
+void COpener::openSourceOf(const QString &strPath, const SFileContent &content,
+                           const QString &strWhy)
 {
     m_pTaster->setKnown(strPath, CTaster::Result::Fails);
     showText(strPath, content);
     CDocument *pDocument = &m_pWindow->currentDocument();
     SNotice notice;
-    notice.strText = MainWindow::tr("The program ended while it loaded %1: this is its source.")
-                         .arg(visibleName(strPath));
+    notice.strText = strWhy;
     notice.lstChoices = {{MainWindow::tr("Show the page anyway"), [this, pDocument, strPath] {
                               m_pWindow->documents().loads().forgive(strPath);
+                              m_setShownAnyway.insert(strPath);
                               if (m_close(pDocument))
                                   open(strPath);
                           }}};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -53,7 +54,8 @@ private:
     void showTextInBackground(const QString &strPath);
     void tellOfText(const CDocument &document);
     void chooseLanguage(const CDocument &document);
-    void openSourceOf(const QString &strPath, const SFileContent &content);
+    QString refusalOf(const QString &strPath, const SFileContent &content) const;
+    void openSourceOf(const QString &strPath, const SFileContent &content, const QString &strWhy);
     bool mayOpenImage(const QString &strPath);
     void nameTab(const CDocument &document);
 
@@ -62,4 +64,5 @@ private:
     CTaster *m_pTaster;
     bool *m_pLoading;
     std::function<bool(CDocument *)> m_close;
+    QSet<QString> m_setShownAnyway; // Pages that the user wants to see, whatever they hold.
 };

@@ -216,6 +216,7 @@ private:
     bool mayLeave();
     void step(QWebPage::WebAction action);
     void followLink(const QUrl &url);
+    void followToFile(const QUrl &url);
 
     void ensureCaret();
     void tellHiddenPictures();

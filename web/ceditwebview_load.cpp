@@ -5,19 +5,14 @@
 #include "web/cpagenetwork.h"
 #include "web/csafepage.h"
 #include "web/dataaddresses.h"
+#include "web/pagehazards.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QPointer>
 #include <QWebHistory>
 #include <QWebSettings>
 
 namespace {
-
-bool isReadable(const QString &strPath)
-{
-    return QFileInfo(strPath).isFile() && QFile(strPath).open(QIODevice::ReadOnly);
-}
 
 // A page that was never loaded, or was set from text without an address.
 bool isBlank(const QUrl &url)
@@ -204,10 +199,28 @@ void CEditWebView::followLink(const QUrl &url)
         url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
     if (!m_bLinksFollowed || (!bWeb && !url.isLocalFile()))
         return;
-    if (url.isLocalFile() && !isReadable(url.toLocalFile())) {
-        emit statusMessage(tr("Cannot open file(%1).").arg(url.toLocalFile()));
+    if (url.isLocalFile())
+        followToFile(url);
+    else if (mayLeave())
+        setUrl(url);
+}
+
+void CEditWebView::followToFile(const QUrl &url)
+{
+    const QString strPath = url.toLocalFile();
+    const SPageSource source = SPageSource::ofFile(readForEditor(strPath), QString());
+    if (!source.content.hasBytes()) {
+        emit statusMessage(tr("Cannot open file(%1).").arg(strPath));
         return;
     }
-    if (mayLeave())
-        setUrl(url);
+    const EPageHazard hazard = pageHazardOfFile(strPath, source.text());
+    if (hazard != EPageHazard::None) {
+        emit statusMessage(tr("%1 is not shown, as %2.").arg(strPath, pageHazardReason(hazard)));
+        return;
+    }
+    if (!mayLeave())
+        return;
+    showFile(url, source);
+    if (isSameDocument(url, fileUrl()))
+        emit fileRead(source.content);
 }

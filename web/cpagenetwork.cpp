@@ -4,6 +4,8 @@
 #include "web/cpagereply.h"
 #include "web/dataaddresses.h"
 #include "web/localresources.h"
+#include "web/pagecodec.h"
+#include "web/pagehazards.h"
 #include "web/pageresources.h"
 #include "web/pictures.h"
 #include "web/regularfile.h"
@@ -119,9 +121,12 @@ CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequ
                                    : readRegularFile(strFile, g_nMaxPictureBytes, &data);
     if (!bRead)
         return nullptr;
-    const bool bHarmless = frame.url.isValid()
-        ? isHarmlessDocument(data)
-        : isHarmlessResource(data, isNamedDrawing(strFile));
+    bool bHarmless = isHarmlessDocument(data);
+    if (!frame.url.isValid())
+        bHarmless = isHarmlessResource(data, isNamedDrawing(strFile));
+    else if (!frame.bRead) // A frame; of the page itself the user decides.
+        bHarmless =
+            bHarmless && pageHazardOfFile(strFile, decodePage(data)) == EPageHazard::None;
     return bHarmless ? new CPageReply(operation, request, refuseHarmfulData(data), this) : nullptr;
 }
 

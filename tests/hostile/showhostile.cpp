@@ -10,6 +10,8 @@
 #include "web/ceditwebview.h"
 #include "web/cimagewidget.h"
 #include "web/cpreviewwidget.h"
+#include "web/pagecodec.h"
+#include "web/pagehazards.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -86,8 +88,13 @@ bool preview(const QString &strPath)
     return bShown && !(pImage && pImage->isVisible() && pImage->isNull());
 }
 
+// Where the window would open the source instead, the page is refused.
 bool openPage(const QString &strPath)
 {
+    QFile file(strPath);
+    if (!file.open(QIODevice::ReadOnly)
+        || pageHazard(decodePage(file.readAll())) != EPageHazard::None)
+        return false;
     CEditWebView view;
     view.resize(900, 700);
     view.show();

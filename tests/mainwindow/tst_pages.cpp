@@ -204,6 +204,22 @@ private slots:
         QVERIFY(f.window().currentDocument().notice().strText.isEmpty());
     }
 
+    void pageThatCouldEndTheProgram_opensAsItsSource_andAsAPageWhenWanted()
+    {
+        CWindowFixture f;
+        const QByteArray html = QByteArray("<div style='display:flex'>").repeated(17) + "text";
+        openPage(f, html);
+        QCOMPARE(kind(f), CDocument::Kind::Text);
+        QCOMPARE(f.editor()->toPlainText().toLatin1(), html);
+        const SNotice notice = f.window().currentDocument().notice();
+        QVERIFY(notice.strText.contains("too deep"));
+        QCOMPARE(notice.lstChoices.size(), 1);
+        notice.lstChoices.constFirst().chosen();
+        QCOMPARE(f.tabs().count(), 1);
+        QCOMPARE(kind(f), CDocument::Kind::Page);
+        QTRY_COMPARE(bodyText(f), QStringLiteral("text"));
+    }
+
     void textCodecMenu_worksOnTheSource()
     {
         CWindowFixture f;
