@@ -7,6 +7,24 @@
 
 #include <QScopedValueRollback>
 
+namespace {
+
+// A text of that size takes a minute and some six gigabytes.
+qint64 s_nCeiling = qint64(512) << 20;
+
+} // namespace
+
+void CDocument::setCeiling(qint64 nBytes)
+{
+    s_nCeiling = nBytes;
+}
+
+bool CDocument::isAboveCeiling(const QString &strPath)
+{
+    const SFileState state = fileStateOf(strPath);
+    return state.bExists && state.nSize > s_nCeiling && state.nSize <= g_nMaxReadable;
+}
+
 SFileContent CDocument::read(const QString &strPath)
 {
     return readForEditor(strPath);

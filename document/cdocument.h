@@ -66,6 +66,10 @@ public:
     // The file: each refusal leaves the document as it was.
     // All of a file for a document. Pass on only what isLoadable().
     static SFileContent read(const QString &strPath);
+    // True for a file so large that the user is asked before it is read.
+    static bool isAboveCeiling(const QString &strPath);
+    // In bytes. For tests.
+    static void setCeiling(qint64 nBytes);
     static bool isLoadable(const SFileContent &content);
     // Shows what was read from the path.
     Result load(const QString &strPath, const SFileContent &content);

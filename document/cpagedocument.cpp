@@ -4,6 +4,7 @@
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 
+#include <QScopedValueRollback>
 #include <QWebFrame>
 
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
@@ -15,9 +16,14 @@ CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pV
     connect(pSource, &QPlainTextEdit::textChanged, this, &CDocument::contentsChanged);
     connect(m_pPage, &CEditWebView::textReplacing, this,
             [this] { dropText(SDraft::Reason::Refreshed); });
+    connect(m_pPage, &CEditWebView::textDropped, this, [this](const QString &strHtml) {
+        const QScopedValueRollback<QString> dropped(m_strDropped, strHtml);
+        dropText(SDraft::Reason::Loaded);
+    });
     connect(m_pPage, &CEditWebView::fileRead, this, &CPageDocument::onFileRead);
-    connect(m_pPage, &CEditWebView::notice, this,
-            [this](const QString &strText) { setNotice(Topic::Loading, {strText, {}}); });
+    connect(m_pPage, &CEditWebView::notice, this, [this](const QString &strText) {
+        setNotice(Topic::Loading, {strText, {}});
+    });
     // A load puts the flag back when it ends, without a signal of its own.
     connect(m_pPage, &QWebView::loadFinished, this, [this] { emit modifiedChanged(isModified()); });
 }
@@ -176,6 +182,10 @@ void CPageDocument::fillDraft(SDraft *pDraft) const
 {
     pDraft->bPage = true;
     pDraft->nReturnFormat = m_pPage->sourceEdit()->returnFormat();
+    if (!m_strDropped.isNull()) {
+        pDraft->strText = m_strDropped;
+        return;
+    }
     // As a save would write it, so that the source is kept over a recovery, too.
     pDraft->strText =
         m_bSource ? m_pPage->sourceEdit()->getText() : QString::fromUtf8(m_pPage->htmlForSaving());

@@ -65,5 +65,6 @@ private:
     Result run(int nWebAction);
 
     QPointer<CEditWebView> m_pPage;
+    QString m_strDropped; // While it is handed on: a text that is no more in the page.
     bool m_bSource = false; // Shown in the page's place.
 };

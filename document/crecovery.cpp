@@ -5,6 +5,7 @@
 #include "document/cdocument.h"
 #include "document/cdraftkeeper.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QPointer>
@@ -18,21 +19,33 @@ QString nameOf(const SDraft &draft)
                                    : visibleName(QFileInfo(draft.strPath).fileName());
 }
 
-QString namesOf(const QVector<SDraft> &lstDrafts)
+// With the folder, as many files have the same name.
+QString itemOf(const SDraft &draft)
 {
-    const int nMostNames = 10; // More would fill the window.
-    QStringList lstNames;
-    for (const SDraft &draft : lstDrafts.mid(0, nMostNames))
-        lstNames.append(nameOf(draft));
-    const QString strNames = lstNames.join(QStringLiteral(", "));
-    const int nMore = lstDrafts.size() - lstNames.size();
-    return nMore == 0 ? strNames : CRecovery::tr("%1 and %2 more").arg(strNames).arg(nMore);
+    const QString strFolder = QDir::toNativeSeparators(QFileInfo(draft.strPath).path());
+    return draft.strPath.isEmpty() ? nameOf(draft)
+                                   : QStringLiteral("%1 (%2)").arg(nameOf(draft), strFolder);
 }
 
 } // namespace
 
 CRecovery::CRecovery(CDraftKeeper *pKeeper, QObject *pParent) : QObject(pParent), m_pKeeper(pKeeper)
 {
+    connect(pKeeper, &CDraftKeeper::workingChanged, this, &CRecovery::tellDraftsFail);
+}
+
+SNotice CRecovery::notice() const
+{
+    return m_noticeDrafts.strText.isEmpty() ? m_lstNotices.value(0) : m_noticeDrafts;
+}
+
+void CRecovery::tellDraftsFail()
+{
+    m_noticeDrafts = SNotice();
+    if (!m_pKeeper->isWorking())
+        m_noticeDrafts.strText =
+            tr("Unsaved text cannot be kept as drafts: %1").arg(m_pKeeper->why());
+    emit noticeChanged();
 }
 
 void CRecovery::offer(const SNotice &notice)
@@ -43,31 +56,69 @@ void CRecovery::offer(const SNotice &notice)
 
 void CRecovery::dismiss()
 {
-    if (m_lstNotices.isEmpty())
+    if (!m_noticeDrafts.strText.isEmpty())
+        m_noticeDrafts = SNotice();
+    else if (m_lstNotices.isEmpty())
         return;
-    m_lstNotices.removeFirst();
+    else
+        m_lstNotices.removeFirst();
     emit noticeChanged();
 }
 
 void CRecovery::offerAbandoned()
 {
     const QVector<SDraft> lstDrafts = m_pKeeper->takeAbandoned();
-    if (lstDrafts.isEmpty())
-        return;
-    SNotice notice;
-    notice.strText = tr("Left unsaved when the program last ended: %1").arg(namesOf(lstDrafts));
-    const auto recover = [this, lstDrafts] {
-        dismiss();
-        m_lstToRecover += lstDrafts;
+    if (!lstDrafts.isEmpty())
+        offerDrafts(lstDrafts);
+}
+
+// Of several, some may be chosen; the others are offered again.
+void CRecovery::offerDrafts(const QVector<SDraft> &lstDrafts)
+{
+    const auto recover = [this](const QVector<SDraft> &lstChosen) {
+        m_lstToRecover += lstChosen;
         recoverNext();
     };
-    const auto discard = [this, lstDrafts] {
-        dismiss();
-        for (const SDraft &draft : lstDrafts)
+    const auto discard = [this](const QVector<SDraft> &lstChosen) {
+        for (const SDraft &draft : lstChosen)
             m_pKeeper->discard(draft);
     };
-    notice.lstChoices = {{tr("Recover"), recover}, {tr("Discard"), discard}};
-    offer(notice);
+    SNotice notice;
+    if (lstDrafts.size() == 1) {
+        notice.strText =
+            tr("Left unsaved when the program last ended: %1").arg(nameOf(lstDrafts.constFirst()));
+    } else {
+        notice.strText =
+            tr("%1 documents were left unsaved when the program last ended:").arg(lstDrafts.size());
+        for (const SDraft &draft : lstDrafts)
+            notice.lstItems.append(itemOf(draft));
+    }
+    notice.lstChoices = {choiceFor(tr("Recover"), lstDrafts, recover),
+                         choiceFor(tr("Discard"), lstDrafts, discard)};
+    m_lstNotices.prepend(notice);
+    emit noticeChanged();
+}
+
+SNotice::SChoice CRecovery::choiceFor(const QString &strText, const QVector<SDraft> &lstDrafts,
+                                      const std::function<void(const QVector<SDraft> &)> &act)
+{
+    const auto all = [this, lstDrafts, act] {
+        dismiss();
+        act(lstDrafts);
+    };
+    const auto some = [this, lstDrafts, act](const QList<int> &lstNumbers) {
+        QVector<SDraft> lstChosen;
+        QVector<SDraft> lstOthers;
+        for (int n = 0; n < lstDrafts.size(); ++n)
+            (lstNumbers.contains(n) ? lstChosen : lstOthers).append(lstDrafts.at(n));
+        if (lstChosen.isEmpty())
+            return;
+        dismiss();
+        if (!lstOthers.isEmpty())
+            offerDrafts(lstOthers);
+        act(lstChosen);
+    };
+    return {strText, all, some};
 }
 
 // As many as leave the window alive; the rest in later turns of the event loop.

@@ -31,7 +31,7 @@ public:
     void offerReplaced(CDocument *pDocument, const SDraft &draft);
 
     // The offer that belongs to no open document; empty for none.
-    SNotice notice() const { return m_lstNotices.value(0); }
+    SNotice notice() const;
     // The user closed the bar: the next offer is shown.
     void dismiss();
 
@@ -43,9 +43,14 @@ signals:
     void failed(QString strText);
 
 private:
+    SNotice::SChoice choiceFor(const QString &strText, const QVector<SDraft> &lstDrafts,
+                               const std::function<void(const QVector<SDraft> &)> &act);
+    void offerDrafts(const QVector<SDraft> &lstDrafts);
+    void tellDraftsFail();
     void recoverNext();
 
     CDraftKeeper *m_pKeeper;
+    SNotice m_noticeDrafts; // While no draft can be written.
     QList<SNotice> m_lstNotices;
     QVector<SDraft> m_lstToRecover; // The user has said so.
 };

@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -22,7 +24,10 @@ bool isClick(const QEvent *pEvent)
 } // namespace
 
 CNoticeBar::CNoticeBar(QWidget *pParent)
-    : QFrame(pParent), m_pLabel(new QLabel(this)), m_pClose(new QToolButton(this))
+    : QFrame(pParent),
+      m_pLabel(new QLabel(this)),
+      m_pList(new QListWidget(this)),
+      m_pClose(new QToolButton(this))
 {
     setObjectName(QStringLiteral("noticeBar"));
     // Light with dark text in every desktop palette.
@@ -37,10 +42,18 @@ CNoticeBar::CNoticeBar(QWidget *pParent)
     m_pClose->setAutoRaise(true);
     m_pClose->setFocusPolicy(Qt::TabFocus);
     connect(m_pClose, &QToolButton::clicked, this, &CNoticeBar::dismissed);
+    m_pList->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_pList->setUniformItemSizes(true);
+    m_pList->setAccessibleName(tr("Unsaved documents"));
+    m_pList->hide();
+    auto *pTexts = new QVBoxLayout;
+    pTexts->setSpacing(0);
+    pTexts->addWidget(m_pLabel);
+    pTexts->addWidget(m_pList);
     auto *pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(1, 1, 1, 1);
     m_pLayout = new QBoxLayout(QBoxLayout::LeftToRight);
-    m_pLayout->addWidget(m_pLabel, 1);
+    m_pLayout->addLayout(pTexts, 1);
     pLayout->addLayout(m_pLayout, 1);
     pLayout->addWidget(m_pClose, 0, Qt::AlignTop);
     hide();
@@ -71,6 +84,7 @@ void CNoticeBar::showWanted()
     m_timer.stop();
     showChoices();
     m_pLabel->setText(m_wanted.strText);
+    showItems(m_wanted.lstItems);
     setVisible(!m_wanted.strText.isEmpty());
     if (isVisible() && rect().contains(mapFromGlobal(QCursor::pos())))
         m_sinceShown.start();
@@ -85,10 +99,15 @@ void CNoticeBar::showChoices()
         pButton->deleteLater(); // It may be the one that was pressed.
     }
     m_lstButtons.clear();
-    QWidget *pLast = m_pLabel;
+    QWidget *pLast = m_pList;
     for (const SNotice::SChoice &choice : m_wanted.lstChoices) {
         auto *pButton = new QPushButton(choice.strText);
-        connect(pButton, &QPushButton::clicked, this, choice.chosen);
+        connect(pButton, &QPushButton::clicked, this, [this, choice] {
+            if (m_pList->count() > 0)
+                choice.chosenOf(chosenItems());
+            else
+                choice.chosen();
+        });
         m_pLayout->addWidget(pButton, 0, Qt::AlignLeft | Qt::AlignVCenter);
         pButton->show(); // The layout would do so later.
         m_lstButtons.append(pButton);
@@ -125,6 +144,26 @@ bool CNoticeBar::eventFilter(QObject *pObject, QEvent *pEvent)
     }
     m_sinceClick.invalidate();
     return pEvent->type() == QEvent::MouseButtonPress && isFreshUnderMouse();
+}
+
+void CNoticeBar::showItems(const QStringList &lstItems)
+{
+    const int nMostRows = 6; // The others are scrolled to.
+    m_pList->clear();
+    m_pList->addItems(lstItems);
+    m_pList->selectAll();
+    m_pList->setVisible(!lstItems.isEmpty());
+    const int nRows = qMin(nMostRows, lstItems.size());
+    m_pList->setFixedHeight(nRows * m_pList->sizeHintForRow(0) + 2 * m_pList->frameWidth());
+}
+
+QList<int> CNoticeBar::chosenItems() const
+{
+    QList<int> lstRows;
+    const QModelIndexList lstIndexes = m_pList->selectionModel()->selectedRows();
+    for (const QModelIndex &index : lstIndexes)
+        lstRows.append(index.row());
+    return lstRows;
 }
 
 QString CNoticeBar::text() const

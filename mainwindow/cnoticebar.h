@@ -8,11 +8,12 @@
 
 class QBoxLayout;
 class QLabel;
+class QListWidget;
 class QPushButton;
 class QToolButton;
 
-// The bar above a document that shows a notice: its text as it stands, a button per choice and one
-// that closes the bar.
+// The bar above a document that shows a notice: its text as it stands, a list of its items, a button
+// per choice and one that closes the bar.
 //
 // It comes, goes and changes only while the mouse rests, so that no click meets something else than
 // what it was aimed at: not while a button is down, nor for the time of a double click afterwards.
@@ -43,12 +44,15 @@ private:
     void showWanted();
     void showChoices();
     bool isFreshUnderMouse() const;
+    void showItems(const QStringList &lstItems);
+    QList<int> chosenItems() const;
 
     SNotice m_wanted;
     QTimer m_timer; // Runs while the mouse is waited for.
     QElapsedTimer m_sinceClick; // Since a button went down or up last, other than on the bar.
     QElapsedTimer m_sinceShown; // Under the mouse; a click then was aimed at something else.
     QLabel *m_pLabel;
+    QListWidget *m_pList; // All of it is chosen at first.
     QToolButton *m_pClose;
     QBoxLayout *m_pLayout; // The text and the buttons.
     QList<QPushButton *> m_lstButtons; // One for each choice.

@@ -15,6 +15,7 @@
 
 #include <QFileInfo>
 #include <QImageReader>
+#include <QLocale>
 #include <QScopedValueRollback>
 
 namespace {
@@ -52,14 +53,41 @@ void COpener::open(const QString &strPathFileName)
     m_pWindow->onModifiedChanged();
 }
 
+// True when the file is very large: the bar asks whether it shall be opened.
+bool COpener::isAskedFirst(const QString &strPath)
+{
+    if (m_setLargeWanted.contains(strPath) || !CDocument::isAboveCeiling(strPath))
+        return false;
+    SNotice notice;
+    notice.strText = MainWindow::tr("%1 is %2. Open it anyway?")
+                         .arg(visibleName(strPath),
+                              QLocale().formattedDataSize(fileStateOf(strPath).nSize));
+    notice.lstChoices = {{MainWindow::tr("Open"),
+                          [this, strPath] {
+                              m_pWindow->documents().recovery().dismiss();
+                              m_setLargeWanted.insert(strPath);
+                              open(strPath);
+                          },
+                          {}}};
+    m_pWindow->documents().recovery().offer(notice);
+    return true;
+}
+
+bool COpener::read(const QString &strPath, SFileContent *pContent)
+{
+    *pContent = CDocument::read(strPath);
+    if (CDocument::isLoadable(*pContent))
+        return true;
+    showFailure(strPath, pContent->strError);
+    return false;
+}
+
 void COpener::openPage(const QString &strPath)
 {
     // Read before a tab is there: the page would show an error of its own under this path.
-    const SFileContent content = CDocument::read(strPath);
-    if (!CDocument::isLoadable(content)) {
-        showFailure(strPath, content.strError);
+    SFileContent content;
+    if (isAskedFirst(strPath) || !read(strPath, &content))
         return;
-    }
     const QString strRefusal = refusalOf(strPath, content);
     if (!strRefusal.isEmpty()) {
         openSourceOf(strPath, content, strRefusal);
@@ -74,8 +102,7 @@ void COpener::openPage(const QString &strPath)
         emit message(result.text());
         nameTab(*pDocument);
         if (!pDocument->isWhole())
-            emit message(
-                MainWindow::tr("The file is not all text: not all of it can be shown."));
+            emit message(MainWindow::tr("The file is not all text: not all of it can be shown."));
     }
     m_pWindow->currentDocument().widget()->setFocus();
 }
@@ -147,16 +174,15 @@ void COpener::openImage(const QString &strPath)
 
 void COpener::openText(const QString &strPath)
 {
+    if (isAskedFirst(strPath))
+        return;
     if (isShownInSlices(strPath)) {
         showTextInBackground(strPath);
         return;
     }
-    const SFileContent content = CDocument::read(strPath);
-    if (!CDocument::isLoadable(content)) {
-        showFailure(strPath, content.strError);
-        return;
-    }
-    showText(strPath, content);
+    SFileContent content;
+    if (read(strPath, &content))
+        showText(strPath, content);
 }
 
 CEditorDocument *COpener::addTextOfFile()

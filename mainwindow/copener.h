@@ -47,6 +47,8 @@ private:
     CEditorDocument *addTextDocument();
     CEditorDocument *addTextOfFile();
     CPageDocument *addPageDocument();
+    bool isAskedFirst(const QString &strPath);
+    bool read(const QString &strPath, SFileContent *pContent);
     void openText(const QString &strPath);
     void openPage(const QString &strPath);
     void openImage(const QString &strPath);
@@ -64,5 +66,6 @@ private:
     CTaster *m_pTaster;
     bool *m_pLoading;
     std::function<bool(CDocument *)> m_close;
+    QSet<QString> m_setLargeWanted; // Files that shall be opened, however large they are.
     QSet<QString> m_setShownAnyway; // Pages that the user wants to see, whatever they hold.
 };

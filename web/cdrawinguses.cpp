@@ -25,8 +25,7 @@ qint64 CDrawingUses::count() const
 }
 
 // A part that uses itself is put in once.
-qint64 CDrawingUses::countOf(const QString &strId, int nDepth,
-                             QHash<QString, qint64> *pKnown) const
+qint64 CDrawingUses::countOf(const QString &strId, int nDepth, QHash<QString, qint64> *pKnown) const
 {
     const auto it = pKnown->constFind(strId);
     if (it != pKnown->constEnd())

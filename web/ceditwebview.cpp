@@ -9,13 +9,17 @@
 #include "web/markup.h"
 #include "web/pictures.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QTextDocument>
 #include <QUndoStack>
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebHistory>
+
+#include <utility>
 
 namespace {
 
@@ -33,6 +37,7 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
     connect(page(), &QWebPage::contentsChanged, this, &CEditWebView::onEditPageContentChanged);
     connect(page(), &QWebPage::selectionChanged, this,
             [this] { enterFrame(page()->currentFrame()); });
+    safePage()->setPaste([this] { return pasteHarmful(QGuiApplication::clipboard()->mimeData()); });
     // Queued: the question may run an event loop, which the web view must not be waiting for.
     connect(safePage(), &CSafePage::linkFollowed, this, &CEditWebView::followLink,
             Qt::QueuedConnection);
@@ -138,17 +143,46 @@ QString CEditWebView::toHtml() const
 void CEditWebView::onLoadStarted()
 {
     m_bModifiedBeforeLoad = m_bModified;
+    m_bPageComing = true;
+    m_strTyped = QString();
+}
+
+// Typed before a load has ended: into the page that is loading, or into the one that it replaces.
+void CEditWebView::rememberTyped(const std::function<void()> &edit)
+{
+    const QPointer<CEditWebView> pThis(this);
+    const QString strBefore = m_bPageComing ? toHtml() : QString();
+    edit();
+    const QString strNow = pThis && m_bPageComing ? toHtml() : QString();
+    if (strNow == strBefore)
+        return;
+    m_strTyped = strNow;
+    m_rootTyped = page()->mainFrame()->documentElement();
+}
+
+// At the end of a load: true when what was typed meanwhile is in the page.
+bool CEditWebView::keepTyped()
+{
+    m_bPageComing = false;
+    const QString strTyped = std::exchange(m_strTyped, QString());
+    if (strTyped.isNull())
+        return false;
+    if (std::exchange(m_rootTyped, QWebElement()) == page()->mainFrame()->documentElement())
+        return true;
+    emit textDropped(strTyped);
+    return false;
 }
 
 void CEditWebView::onLoadFinished(bool bOk)
 {
     m_bLoadFailed = !bOk;
+    const bool bTyped = keepTyped();
     takeSource();
     enterFrame(page()->mainFrame());
     followFrameset();
-    m_bBaseSaved = !m_bModifiedBeforeLoad;
+    m_bBaseSaved = !m_bModifiedBeforeLoad && !bTyped;
     m_nUndoIndex = 0;
-    setModified(m_bModifiedBeforeLoad);
+    setModified(m_bModifiedBeforeLoad || bTyped);
     if (isSourceShown())
         pushSource();
     movePageCaret();

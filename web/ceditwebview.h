@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QTimer>
+#include <QWebElement>
 #include <QWebView>
 
 #include <functional>
@@ -16,6 +17,7 @@
 class CPageReader;
 class CSafePage;
 class QHelpEvent;
+class QMimeData;
 struct SFileContent;
 struct SPageSource;
 
@@ -162,6 +164,8 @@ signals:
     void statusMessage(const QString &strText);
     // The file is about to be read again over edits that were not saved, and nobody was asked.
     void textReplacing();
+    // The text that was typed while another page was on its way here, and went with its page.
+    void textDropped(const QString &strHtml);
     // The view has read its file again by itself.
     void fileRead(const SFileContent &content);
 
@@ -180,6 +184,7 @@ protected:
     bool event(QEvent *pEvent) override;
     void mousePressEvent(QMouseEvent *pEvent) override;
     void mouseMoveEvent(QMouseEvent *pEvent) override;
+    void mouseReleaseEvent(QMouseEvent *pEvent) override;
     void leaveEvent(QEvent *pEvent) override;
     void wheelEvent(QWheelEvent *pEvent) override;
     void keyPressEvent(QKeyEvent *pEvent) override;
@@ -223,10 +228,14 @@ private:
     void followFrameset();
     bool showPictureToolTip(const QHelpEvent *pEvent);
     bool zoomByKey(const QKeyEvent *pEvent);
+    void rememberTyped(const std::function<void()> &edit);
+    bool keepTyped();
     void followTyping(const QKeyEvent *pEvent);
     void endStep();
     void onUndoIndexChanged(int nIndex);
 
+    bool pasteHarmful(const QMimeData *pData);
+    void dropHtml(QDropEvent *pEvent);
     void setEditable(bool bWanted);
     void formatByKey(QKeyEvent *pEvent);
     void enterFrame(const QWebFrame *pFrame);
@@ -261,6 +270,9 @@ private:
     CPageMerge::SPlace m_placeLeft; // The page's caret when it was left last.
     QString m_strGiven; // What setHtml() was called with; null while an address is shown.
     QTimer m_timerPush; // Checks the source that was pushed while somebody types.
+    bool m_bPageComing = false; // From the start of a load to its end.
+    QString m_strTyped; // The page as it was when something was typed meanwhile; null for nothing.
+    QWebElement m_rootTyped; // Of that page.
     CTypingSteps m_steps;
     int m_nUndoIndex = 0;
     int m_nUndoCount = 0;

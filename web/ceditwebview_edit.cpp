@@ -1,6 +1,7 @@
 // Commands on the selection and queries of its format.
 #include "web/ceditwebview.h"
 
+#include "web/dataaddresses.h"
 #include "web/markup.h"
 #include "web/pagescript.h"
 
@@ -37,7 +38,7 @@ void CEditWebView::runEditable(const std::function<void()> &command)
     const bool bEditable = page()->isContentEditable();
     if (!m_bInSubframe)
         setEditable(true);
-    command();
+    rememberTyped(command);
     setEditable(bEditable);
 }
 
@@ -53,7 +54,8 @@ void CEditWebView::insertHtml(const QString &strHtml)
     const QString strCommand =
         strHtml.isEmpty() ? QStringLiteral("delete") : QStringLiteral("insertHTML");
     endStep();
-    runEditable([&] { evaluate(PageScript::execute(strCommand, strHtml)); });
+    const QString strSafe = refuseHarmfulData(strHtml); // As in a page that is loaded.
+    runEditable([&] { evaluate(PageScript::execute(strCommand, strSafe)); });
 }
 
 bool CEditWebView::isBold() const

@@ -60,6 +60,12 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
         pEvent->accept();
         return;
     }
+    if (pEvent->matches(QKeySequence::Paste)
+        && (page()->isContentEditable() || (m_bControlDown && m_bEditableBeforeControl))) {
+        triggerEdit(QWebPage::Paste); // The web view's own key would not ask its page.
+        pEvent->accept();
+        return;
+    }
     if (pEvent->key() == Qt::Key_Control) {
         if (!m_bControlDown)
             m_bEditableBeforeControl = page()->isContentEditable();
@@ -75,9 +81,13 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
         });
         return;
     }
-    if (page()->isContentEditable())
+    const bool bTyped = page()->isContentEditable();
+    if (bTyped)
         followTyping(pEvent);
-    QWebView::keyPressEvent(pEvent);
+    if (bTyped)
+        rememberTyped([=] { QWebView::keyPressEvent(pEvent); });
+    else
+        QWebView::keyPressEvent(pEvent);
 }
 
 // The keys that every editor has and the web view lacks.
@@ -190,6 +200,10 @@ void CEditWebView::dragMoveEvent(QDragMoveEvent *pEvent)
 
 void CEditWebView::dropEvent(QDropEvent *pEvent)
 {
-    if (!leaveToWindow(pEvent))
+    if (leaveToWindow(pEvent))
+        return;
+    if (pEvent->mimeData()->hasHtml() && pEvent->source() != this)
+        dropHtml(pEvent);
+    else
         QWebView::dropEvent(pEvent);
 }

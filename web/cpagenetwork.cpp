@@ -72,8 +72,7 @@ void CPageNetwork::expectFrame(const QObject *pFrame, const QUrl &url)
 void CPageNetwork::expectFrame(const QObject *pFrame, const QUrl &url, const SFileContent &content)
 {
     const bool bReadable = content.hasBytes() && content.bytes.size() <= g_nMaxPictureBytes;
-    m_hashFrames.insert(pFrame,
-                        {url, true, bReadable, bReadable ? content.bytes : QByteArray()});
+    m_hashFrames.insert(pFrame, {url, true, bReadable, bReadable ? content.bytes : QByteArray()});
 }
 
 QNetworkReply *CPageNetwork::createRequest(Operation operation, const QNetworkRequest &request,
@@ -117,16 +116,15 @@ CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequ
     const QString strFile = request.url().toLocalFile();
     const SFrame frame = takeFrame(request);
     QByteArray data = frame.bytes;
-    const bool bRead = frame.bRead ? frame.bReadable
-                                   : readRegularFile(strFile, g_nMaxPictureBytes, &data);
+    const bool bRead =
+        frame.bRead ? frame.bReadable : readRegularFile(strFile, g_nMaxPictureBytes, &data);
     if (!bRead)
         return nullptr;
     bool bHarmless = isHarmlessDocument(data);
     if (!frame.url.isValid())
         bHarmless = isHarmlessResource(data, isNamedDrawing(strFile));
     else if (!frame.bRead) // A frame; of the page itself the user decides.
-        bHarmless =
-            bHarmless && pageHazardOfFile(strFile, decodePage(data)) == EPageHazard::None;
+        bHarmless = bHarmless && pageHazardOfFile(strFile, decodePage(data)) == EPageHazard::None;
     return bHarmless ? new CPageReply(operation, request, refuseHarmfulData(data), this) : nullptr;
 }
 

@@ -87,6 +87,12 @@ void CSafePage::begin(const QUrl &url)
         m_pNetwork->expectFrame(mainFrame(), url);
 }
 
+void CSafePage::triggerAction(WebAction action, bool bChecked)
+{
+    if (action != Paste || !m_paste || !isContentEditable() || !m_paste())
+        QWebPage::triggerAction(action, bChecked);
+}
+
 bool CSafePage::supportsExtension(Extension extension) const
 {
     return extension != ErrorPageExtension && QWebPage::supportsExtension(extension);

@@ -35,6 +35,9 @@ public:
     const SPageSource &source() const { return m_source; }
     CPageNetwork *network() const { return m_pNetwork; }
     bool supportsExtension(Extension extension) const override;
+    // Asked before the clipboard is pasted; true when that has been done.
+    void setPaste(const std::function<bool()> &paste) { m_paste = paste; }
+    void triggerAction(WebAction action, bool bChecked = false) override;
 
 signals:
     // A click on a link to another document; only signalled while the page is not editable, as a
@@ -54,6 +57,7 @@ private:
     CPageNetwork *m_pNetwork;
     SPageSource m_source;
     const SPageSource *m_pGiven = nullptr; // While navigateTo() runs.
+    std::function<bool()> m_paste;
     bool m_bNavigating = false;
     bool m_bLoading = false;
 };

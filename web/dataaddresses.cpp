@@ -1,6 +1,7 @@
 #include "web/dataaddresses.h"
 
 #include "web/cescapedreader.h"
+#include "web/dataicons.h"
 #include "web/pageresources.h"
 
 #include <QTextCodec>
@@ -119,7 +120,7 @@ QString refuseAtDepth(const QString &strText, int nDepth)
 
 QString refuseHarmfulData(const QString &strText)
 {
-    return refuseAtDepth(strText, 0);
+    return refuseDataIcons(refuseAtDepth(strText, 0), g_strRefused);
 }
 
 QByteArray refuseHarmfulData(const QByteArray &bytes)

@@ -9,7 +9,7 @@
 // with the escapes of style sheets, with line ends within.
 
 // The text, in which addresses that hold what no page may show (see pageresources.h) have another
-// scheme, which leads nowhere.
+// scheme, which leads nowhere; so have all of icons (see dataicons.h).
 QString refuseHarmfulData(const QString &strText);
 // The same for the bytes of a file, whatever its encoding.
 QByteArray refuseHarmfulData(const QByteArray &bytes);

@@ -42,7 +42,6 @@ QString SPageSource::undeclaredCodecName() const
 
 SPageSource readPageSource(const QUrl &url)
 {
-    return url.isLocalFile()
-        ? SPageSource::ofFile(readForEditor(url.toLocalFile()), QString())
-        : SPageSource::ofText();
+    return url.isLocalFile() ? SPageSource::ofFile(readForEditor(url.toLocalFile()), QString())
+                             : SPageSource::ofText();
 }

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QRegularExpression>
 #include <QTextCodec>
 
 namespace {
@@ -253,10 +254,12 @@ private slots:
         QCOMPARE(spy.size(), 1);
         QVERIFY(!drafts.isWorking());
         QVERIFY(!drafts.why().isEmpty());
+        QVERIFY(f.documents().recovery().notice().strText.contains(drafts.why()));
         QVERIFY(QFile::remove(f.path("recovery")));
         drafts.flush();
         QCOMPARE(spy.size(), 2);
         QVERIFY(drafts.isWorking());
+        QVERIFY(f.documents().recovery().notice().strText.isEmpty());
         QCOMPARE(draftFiles(f).size(), 1);
     }
 
@@ -303,7 +306,11 @@ private slots:
         QList<CDocument *> lstDocuments;
         recoverInto(f, &lstDocuments);
         f.documents().recovery().offerAbandoned();
-        QVERIFY(f.documents().recovery().notice().strText.size() < 1000);
+        const SNotice notice = f.documents().recovery().notice();
+        QVERIFY(notice.strText.size() < 1000);
+        QCOMPARE(notice.lstItems.size(), 500);
+        notice.lstChoices.at(1).chosenOf({}); // "Discard" of none.
+        QCOMPARE(f.documents().recovery().notice().lstItems.size(), 500);
         QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
         QVERIFY(lstDocuments.size() < 500); // The event loop lives between some and the next.
         QTRY_COMPARE_WITH_TIMEOUT(lstDocuments.size(), 500, 60000);
@@ -311,6 +318,34 @@ private slots:
         for (CDocument *pDocument : qAsConst(lstDocuments))
             setTexts.insert(pDocument->editor()->rawText());
         QCOMPARE(setTexts.size(), 500);
+    }
+
+    void someOfTheDrafts_areChosenAndTheOthersOfferedAgain()
+    {
+        CDocumentsFixture f;
+        for (const char *szName : {"a.txt", "b.txt", "c.txt"})
+            f.type(f.open(f.file(szName, "old")), szName);
+        f.start();
+        QList<CDocument *> lstDocuments;
+        recoverInto(f, &lstDocuments);
+        f.documents().recovery().offerAbandoned();
+        SNotice notice = f.documents().recovery().notice();
+        const int nSecond = notice.lstItems.indexOf(QRegularExpression("^b\\.txt \\(.+\\)$"));
+        QVERIFY(nSecond >= 0);
+        notice.lstChoices.at(0).chosenOf({nSecond});
+        QCOMPARE(lstDocuments.size(), 1);
+        QCOMPARE(lstDocuments.constFirst()->editor()->rawText(), QString("b.txtold"));
+        notice = f.documents().recovery().notice();
+        QCOMPARE(notice.lstItems.size(), 2);
+        notice.lstChoices.at(1).chosenOf({0});
+        f.documents().drafts().finish();
+        notice = f.documents().recovery().notice();
+        QVERIFY(notice.lstItems.isEmpty());
+        QVERIFY(notice.strText.contains("Left unsaved"));
+        QCOMPARE(draftFiles(f).size(), 2); // The recovered one, and the one that is offered.
+        notice.lstChoices.at(0).chosen();
+        QCOMPARE(lstDocuments.size(), 2);
+        QVERIFY(f.documents().recovery().notice().strText.isEmpty());
     }
 
     void formatting_keepsTheUnsavedTextBefore()

@@ -27,7 +27,11 @@
 namespace {
 
 // Of the processor. The page engine would take minutes for many a page.
+#ifdef QUILLAN_ADDRESS_SANITIZER
+constexpr rlim_t g_nSecondsOfAnOpenPage = 10;
+#else
 constexpr rlim_t g_nSecondsOfAnOpenPage = 3;
+#endif
 constexpr rlim_t g_nSecondsOfOthers = 10;
 constexpr rlim_t g_nMostBytes = 8UL * 1024 * 1024 * 1024;
 constexpr int g_nStill = 300; // Milliseconds after which nothing more is expected.

@@ -47,7 +47,6 @@ private slots:
     void selectedFile_endsNothingAndHoldsNothingUp();
     void openedFile_endsNothing_data();
     void openedFile_endsNothing();
-    void openedPage_isTriedOnly();
 
 private:
     QList<SOutcome> showAll(const QString &strMode, Kind kind);
@@ -171,7 +170,7 @@ void tst_HostileFiles::selectedFile_endsNothingAndHoldsNothingUp()
 void tst_HostileFiles::openedFile_endsNothing_data()
 {
     QTest::addColumn<int>("kind");
-    for (const Kind kind : {Kind::Picture, Kind::Drawing, Kind::Text})
+    for (const Kind kind : {Kind::Page, Kind::Picture, Kind::Drawing, Kind::Text})
         QTest::newRow(kindName(kind).toLatin1()) << int(kind);
 }
 
@@ -184,15 +183,6 @@ void tst_HostileFiles::openedFile_endsNothing()
         QVERIFY2(outcome.strWord != QLatin1String("ended"), qPrintable(outcome.strFile));
         QVERIFY2(outcome.nMegabytes < g_nMostMegabytes, qPrintable(outcome.strFile));
     }
-}
-
-// What the user opens is loaded, come what may; a journal keeps it from being loaded again.
-void tst_HostileFiles::openedPage_isTriedOnly()
-{
-    const QList<SOutcome> lstOutcomes = showAll(QStringLiteral("open"), Kind::Page);
-    report(QStringLiteral("opened"), Kind::Page, lstOutcomes);
-    for (const SOutcome &outcome : lstOutcomes)
-        QVERIFY2(outcome.nMegabytes < g_nMostMegabytes, qPrintable(outcome.strFile));
 }
 
 QTEST_GUILESS_MAIN(tst_HostileFiles)

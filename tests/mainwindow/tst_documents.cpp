@@ -389,6 +389,29 @@ private slots:
         }
     }
 
+    void largeFile_isOpenedWhenTheBarsQuestionIsAnswered()
+    {
+        CWindowFixture f;
+        CDocument::setCeiling(10);
+        const QString strPath = f.file("a.txt", "more than ten bytes\n");
+        f.window().openFile(f.file("b.txt", "few"));
+        QCOMPARE(f.tabs().count(), 1);
+        f.window().openFile(strPath);
+        f.window().openFile(f.file("c.html", "<p>more than ten bytes"));
+        QCOMPARE(f.tabs().count(), 1);
+        for (int n = 0; n < 2; ++n) {
+            const SNotice notice = f.window().documents().recovery().notice();
+            QVERIFY(notice.strText.endsWith("Open it anyway?"));
+            notice.lstChoices.constFirst().chosen();
+        }
+        QVERIFY(f.window().documents().recovery().notice().strText.isEmpty());
+        QCOMPARE(f.tabs().count(), 3);
+        QCOMPARE(f.window().documents().withPath(strPath)->editor()->rawText(),
+                 QString("more than ten bytes\n"));
+        QVERIFY(f.window().documents().withPath(strPath)->reload().isDone());
+        CDocument::setCeiling(qint64(512) << 20);
+    }
+
     void textCodec_isTickedAndSwitched()
     {
         CWindowFixture f;

@@ -7,6 +7,7 @@
 #endif
 
 #include <QDirIterator>
+#include <QListWidget>
 #include <QPushButton>
 
 namespace {
@@ -68,8 +69,13 @@ private slots:
         QCOMPARE(draftsOnDisk(), 2);
         {
             CWindowFixture f;
-            QTRY_VERIFY(bar(f)->text().contains("a.cpp"));
-            QVERIFY(bar(f)->text().contains("Untitled"));
+            QTRY_VERIFY(bar(f)->text().contains("left unsaved"));
+            const auto *pList = bar(f)->findChild<QListWidget *>();
+            QVERIFY(pList->isVisible());
+            QCOMPARE(pList->count(), 2);
+            QCOMPARE(pList->selectedItems().size(), 2);
+            QCOMPARE(pList->findItems("a.cpp", Qt::MatchStartsWith).size(), 1);
+            QCOMPARE(pList->findItems("Untitled", Qt::MatchExactly).size(), 1);
             press(f, "Recover");
             QTRY_COMPARE(f.tabs().count(), 2);
             QTRY_COMPARE(bar(f)->text(), QString());

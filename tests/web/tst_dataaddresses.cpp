@@ -11,6 +11,8 @@ class tst_DataAddresses : public QObject
     Q_OBJECT
 
 private slots:
+    void icon_data();
+    void icon();
     void harmfulData_isFoundHoweverItIsSpelled_data();
     void harmfulData_isFoundHoweverItIsSpelled();
     void harmlessData_staysAsItIs_data();
@@ -181,6 +183,51 @@ void tst_DataAddresses::resource_isTextFontOrPicture()
     QFETCH(bool, drawing);
     QCOMPARE(isHarmlessResource(data, false), harmless);
     QCOMPARE(isHarmlessResource(data, true), drawing);
+}
+
+// The engine would decode and keep it by itself, whatever it is.
+void tst_DataAddresses::icon_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<bool>("refused");
+    const auto add = [](const char *szHtml, bool bRefused) {
+        QTest::newRow(szHtml) << QString::fromLatin1(szHtml) << bRefused;
+    };
+    add("<link rel=icon href='data:image/png;base64,iVBORw0KGgo='>", true);
+    add("<link rel=\"icon\" href=\"data:image/x-icon;base64,AAABAAEA\">", true);
+    add("<link rel=icon href='data:image/svg+xml,%3Csvg xmlns=%22x%22/%3E'>", true);
+    add("<link rel=icon href=data:>", true);
+    add("<link rel=icon href='data:,'>", true);
+    add("<link rel=icon href='data:;base64,'>", true);
+    add("<link rel=icon href='data:image/png,%89PNG%0D%0A'>", true);
+    add("<link href='data:,x' rel='shortcut icon'>", true);
+    add("<LINK REL=ICON HREF=DATA:,x>", true);
+    add("<link rel='apple-touch-icon' href='data:,x'>", true);
+    add("<link rel='i&#99;on' href='data:,x'>", true);
+    add("<link rel=icon href='&#100;a\nt\ta&colon;,x'>", true);
+    add("<link rel=icon href='  data:,x'>", true);
+    add("<link rel=icon href='&Tab;da&NewLine;ta:,x'>", true);
+    add("<link title='<p>' rel=icon href='data:,x'>", true);
+    add("<link title='rel=stylesheet>' rel=icon href='data:,x'/>", true);
+    add("<h:link rel='icon' href='data:,x'/>", true);
+    add("<link rel=icon href=a.png>", false);
+    add("<link rel=stylesheet href='data:text/css,p{}'>", false);
+    add("<a rel=icon href='data:,x'>", false);
+    add("<!-- <link rel=icon href='data:,x'> -->", false);
+}
+
+void tst_DataAddresses::icon()
+{
+    QFETCH(QString, html);
+    QFETCH(bool, refused);
+    const QString strSafe = refuseHarmfulData(html);
+    QCOMPARE(strSafe != html, refused);
+    QCOMPARE(strSafe.contains(QLatin1String("quillan-refused:")), refused);
+    QCOMPARE(refuseHarmfulData(strSafe), strSafe);
+    const QByteArray bytes = refuseHarmfulData(html.toLatin1());
+    QCOMPARE(bytes != html.toLatin1(), refused);
+    if (refused)
+        QVERIFY(restoreRefusedData(strSafe).contains(QLatin1String("data:")));
 }
 
 QTEST_GUILESS_MAIN(tst_DataAddresses)

@@ -76,8 +76,8 @@ void tst_PageHazards::hazard_data()
     add("divisions in a script", "<script>" + times("<div>", 50000) + "</script>", H::None);
     add("flexible boxes", times(g_szFlex, 17), H::FlexBoxes);
     add("few flexible boxes", times(g_szFlex, 16), H::None);
-    add("flexible boxes beside each other", times(g_szFlex, 10) + times("</div>", 10)
-            + times(g_szFlex, 10), H::None);
+    add("flexible boxes beside each other",
+        times(g_szFlex, 10) + times("</div>", 10) + times(g_szFlex, 10), H::None);
     add("columns", times(g_szColumns, 7), H::Columns);
     add("few columns", times(g_szColumns, 6), H::None);
     add("reflections", times(g_szReflection, 13), H::Reflections);
@@ -89,8 +89,8 @@ void tst_PageHazards::hazard_data()
     add("links outside a drawing", "<p id=a>" + times("<a href='#a'>x</a>", 200000), H::None);
     add("masks in each other",
         svg("<mask id='b'><g mask='url(#a)'><rect mask='url(#a)'/></g></mask>"), H::Uses);
-    add("masks of a mask",
-        svg("<mask id='b'><g mask='url(#a)'></g><rect mask='url(#a)'/></mask>"), H::None);
+    add("masks of a mask", svg("<mask id='b'><g mask='url(#a)'></g><rect mask='url(#a)'/></mask>"),
+        H::None);
     add("shadows", "<p style='text-shadow:" + times("0 0 500px red,", 21) + "red'>", H::Effects);
     add("sharp shadows", "<p style='text-shadow:" + times("1px 1px 0 red,", 200) + "red'>",
         H::None);

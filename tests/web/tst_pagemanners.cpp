@@ -22,6 +22,10 @@ private slots:
     void shownPictures_areNotTold();
     void zoomKeys_changeTheSizeOnly();
     void pasteLeavesNoMarks();
+    void pastedMarkup_goesThroughWhatALoadedPageGoesThrough();
+    void pastedMarkupThatCouldEndTheProgram_isPastedAsText();
+    void typedWhileThePageLoads_staysTyped();
+    void typedIntoAPageThatIsReplaced_isTold();
     void frames_areToldAndKept();
     void saveElsewhere_leadsWhereThePageLed();
     void xhtml_staysWellFormed();
@@ -151,6 +155,106 @@ void tst_PageManners::pasteLeavesNoMarks()
     const QByteArray saved = m_pView->htmlForSaving();
     QVERIFY2(saved.contains("bold"), saved.constData());
     QVERIFY2(!saved.contains("Fragment"), saved.constData());
+}
+
+namespace {
+
+const char g_szHarmful[] = "<b onclick='x()'>bold</b><script>x()</script>"
+                           "<img id='i' src='data:image/svg+xml;base64,PHN2Zz48L3N2Zz4='>";
+
+void putOnClipboard(const QString &strHtml, const QString &strText)
+{
+    auto *pData = new QMimeData;
+    pData->setHtml(strHtml);
+    pData->setText(strText);
+    QGuiApplication::clipboard()->setMimeData(pData);
+}
+
+QString addressOfPicture(CEditWebView *pView)
+{
+    return run(pView, QStringLiteral("document.querySelector('img').getAttribute('src')"))
+        .toString();
+}
+
+// A drawing in the name of a picture.
+QString harmfulMarkup()
+{
+    return QString::fromLatin1(g_szHarmful).replace(QLatin1String("svg+xml"), QLatin1String("png"));
+}
+
+} // namespace
+
+void tst_PageManners::pastedMarkup_goesThroughWhatALoadedPageGoesThrough()
+{
+    for (const bool bKey : {false, true}) {
+        set(QStringLiteral("<p>x</p>\n"));
+        m_pView->setFocus();
+        putOnClipboard(harmfulMarkup(), QStringLiteral("bold"));
+        run(m_pView,
+            QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 1)"));
+        if (bKey)
+            QTest::keyClick(m_pView, Qt::Key_V, Qt::ControlModifier);
+        else
+            m_pView->onPaste();
+        QVERIFY(addressOfPicture(m_pView).startsWith(QLatin1String("quillan-refused:")));
+        const QString strHtml = m_pView->toHtml();
+        QVERIFY2(strHtml.contains(QLatin1String("<b>bold</b>")), qPrintable(strHtml));
+        QVERIFY(strHtml.contains(QLatin1String("data:image/png;base64,PHN2")));
+        QVERIFY(!strHtml.contains(QLatin1String("script")));
+        QVERIFY(!strHtml.contains(QLatin1String("onclick")));
+    }
+}
+
+void tst_PageManners::pastedMarkupThatCouldEndTheProgram_isPastedAsText()
+{
+    set(QStringLiteral("<p>x</p>\n"));
+    const QSignalSpy spy(m_pView, &CEditWebView::statusMessage);
+    putOnClipboard(QStringLiteral("<div style='display:flex'>").repeated(20)
+                       + QStringLiteral("deep"),
+                   QStringLiteral("deep"));
+    run(m_pView,
+        QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 1)"));
+    m_pView->triggerEdit(QWebPage::Paste);
+    QCOMPARE(m_pView->htmlForSaving(), QByteArray("<p>xdeep</p>\n"));
+    QCOMPARE(spy.size(), 1);
+    QVERIFY(spy.at(0).at(0).toString().startsWith(QLatin1String("Pasted as text")));
+}
+
+// The end of a load takes the flag back to what it was.
+void tst_PageManners::typedWhileThePageLoads_staysTyped()
+{
+    followChanges(m_pView);
+    const QSignalSpy spyDropped(m_pView, &CEditWebView::textDropped);
+    QSignalSpy spy(m_pView, &QWebView::loadFinished);
+    // Pictures keep it loading when its text is there.
+    QByteArray page = "<p>words</p>\n";
+    for (int n = 0; n < 200; ++n)
+        page += "<img src=" + QByteArray::number(n) + ".png>\n";
+    QVERIFY(m_pView->loadFile(m_pCase->write(QStringLiteral("a.html"), page)));
+    QTRY_VERIFY(textOf(m_pView).contains(QLatin1String("words")));
+    QVERIFY(spy.isEmpty());
+    typeText(m_pView, QStringLiteral("mine "));
+    QVERIFY(!spy.isEmpty() || spy.wait());
+    QVERIFY(m_pView->isModified());
+    QVERIFY(m_pView->htmlForSaving().startsWith("<p>mine words</p>\n"));
+    QVERIFY(spyDropped.isEmpty());
+}
+
+void tst_PageManners::typedIntoAPageThatIsReplaced_isTold()
+{
+    followChanges(m_pView);
+    const QString strPath = m_pCase->write(QStringLiteral("a.html"), "<p>words</p>\n");
+    QVERIFY(loadAndWait(m_pView, strPath));
+    QVERIFY(!m_pView->isModified());
+    const QSignalSpy spyDropped(m_pView, &CEditWebView::textDropped);
+    QSignalSpy spy(m_pView, &QWebView::loadFinished);
+    QVERIFY(m_pView->reload());
+    typeText(m_pView, QStringLiteral("mine "));
+    QVERIFY(!spy.isEmpty() || spy.wait());
+    QCOMPARE(textOf(m_pView).trimmed(), QStringLiteral("words"));
+    QCOMPARE(spyDropped.size(), 1);
+    QVERIFY(spyDropped.at(0).at(0).toString().contains(QLatin1String("mine words")));
+    QVERIFY(!m_pView->isModified());
 }
 
 void tst_PageManners::frames_areToldAndKept()
