@@ -10,6 +10,11 @@
 
 namespace {
 
+class CPageHazards
+{
+    Q_DECLARE_TR_FUNCTIONS(CPageHazards)
+};
+
 // Beside each, what the engine took: milliseconds of the processor at so many.
 constexpr int g_nMaxNesting = 4000; // 90 at 3,000; 1,969 at 10,000.
 constexpr int g_nMaxXmlNesting = 500; // The stack ends at 3,000; as HTML, 512 count.
@@ -300,33 +305,29 @@ EPageHazard pageHazardOfFile(const QString &strPath, const QString &strText)
 
 QString pageHazardReason(EPageHazard hazard)
 {
-    struct STexts
-    {
-        Q_DECLARE_TR_FUNCTIONS(CPageHazards)
-    };
     switch (hazard) {
     case EPageHazard::None:
         return QString();
     case EPageHazard::Nesting:
-        return STexts::tr("its elements lie too deep within each other");
+        return CPageHazards::tr("its elements lie too deep within each other");
     case EPageHazard::FlexBoxes:
-        return STexts::tr("its flexible boxes lie too deep within each other");
+        return CPageHazards::tr("its flexible boxes lie too deep within each other");
     case EPageHazard::Columns:
-        return STexts::tr("its columns lie too deep within each other");
+        return CPageHazards::tr("its columns lie too deep within each other");
     case EPageHazard::Reflections:
-        return STexts::tr("its reflections lie too deep within each other");
+        return CPageHazards::tr("its reflections lie too deep within each other");
     case EPageHazard::Attributes:
-        return STexts::tr("one of its elements has too many attributes");
+        return CPageHazards::tr("one of its elements has too many attributes");
     case EPageHazard::Uses:
-        return STexts::tr("the parts of a drawing in it use each other too often");
+        return CPageHazards::tr("the parts of a drawing in it use each other too often");
     case EPageHazard::Effects:
-        return STexts::tr("its effects take too long to be drawn");
+        return CPageHazards::tr("its effects take too long to be drawn");
     case EPageHazard::LongText:
-        return STexts::tr("it has a text that is too long to be laid out");
+        return CPageHazards::tr("it has a text that is too long to be laid out");
     case EPageHazard::Fields:
-        return STexts::tr("it has too many form fields");
+        return CPageHazards::tr("it has too many form fields");
     case EPageHazard::Spans:
-        return STexts::tr("its table cells span too many others");
+        return CPageHazards::tr("its table cells span too many others");
     }
     return QString();
 }

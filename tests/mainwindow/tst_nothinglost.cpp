@@ -366,7 +366,7 @@ private:
         }
         m_pFixture = std::make_unique<CWindowFixture>();
         QCoreApplication::processEvents();
-        if (window().findChild<CNoticeBar *>()->text().startsWith("Left unsaved"))
+        if (window().findChild<CNoticeBar *>()->text().contains("eft unsaved"))
             QVERIFY(press("Recover"));
     }
 
