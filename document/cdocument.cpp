@@ -9,7 +9,7 @@
 
 namespace {
 
-// A text of that size takes a minute and some six gigabytes.
+// By what readForEditor() reckons with, a text of that size takes six gigabytes.
 qint64 s_nCeiling = qint64(512) << 20;
 
 } // namespace

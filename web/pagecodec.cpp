@@ -68,11 +68,6 @@ QString pageCodecName(const QByteArray &page)
     return strDeclared.isEmpty() ? undeclaredCodecName(page) : strDeclared;
 }
 
-bool isPageWhole(const QByteArray &page)
-{
-    return isWholeText(codecForName(pageCodecName(page)), page);
-}
-
 QString decodePage(const QByteArray &page, const QString &strCodec)
 {
     QString strText = decodeText(codecForName(strCodec), page);

@@ -9,10 +9,6 @@
 // declares, else as detected. Never empty.
 QString pageCodecName(const QByteArray &page);
 
-// False when not all of the page can be shown, and so saved: some of its bytes are no text in its
-// encoding.
-bool isPageWhole(const QByteArray &page);
-
 // The bytes of a page as text, without a byte-order mark; in the codec of that name.
 QString decodePage(const QByteArray &page, const QString &strCodec);
 QString decodePage(const QByteArray &page);

@@ -21,11 +21,6 @@ QString SPageSource::text() const
     return decodePage(content.bytes, strCodec);
 }
 
-bool SPageSource::isWhole() const
-{
-    return !bFile || isWholeText(codecForName(strCodec), content.bytes);
-}
-
 // A byte-order mark overrules whatever the page declares.
 SFileContent SPageSource::contentToShow() const
 {

@@ -16,8 +16,6 @@ struct SPageSource
 
     // The bytes as text, without a byte-order mark.
     QString text() const;
-    // False when some of the bytes are no text in the encoding.
-    bool isWhole() const;
     // What the page engine shall get so that it reads the page in that encoding.
     SFileContent contentToShow() const;
     // For the engine: what a page means that declares nothing, and what it loads.

@@ -2,6 +2,7 @@
 
 #include "web/pagecodec.h"
 
+#include "app/textcodecs.h"
 #include "web/charset.h"
 #include "web/cpreviewwidget.h"
 #include "webtest.h"
@@ -9,6 +10,12 @@
 #include <QTextCodec>
 
 namespace {
+
+// As a document asks about its page.
+bool isPageWhole(const QByteArray &page)
+{
+    return isWholeText(codecForName(pageCodecName(page)), page);
+}
 
 QByteArray undeclaredPage(const char *szCodec, const QString &strText)
 {
