@@ -94,10 +94,8 @@ void CHighlightEdit::connectSignals()
             &CThreadHighlighter::rehighlight, Qt::QueuedConnection);
     connect(m_pDocument, &QTextDocument::undoCommandAdded, this,
             [this] { m_history.forgetFrom(m_pDocument->availableUndoSteps()); });
-    // The number of a wrapped line stands above the part of the text that is repainted.
-    const auto updateGutter = QOverload<>::of(&QWidget::update);
-    connect(this, &QPlainTextEdit::cursorPositionChanged, m_pLineNumberArea, updateGutter);
-    connect(this, &QPlainTextEdit::selectionChanged, m_pLineNumberArea, updateGutter);
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CHighlightEdit::followMarkedLines);
+    connect(this, &QPlainTextEdit::selectionChanged, this, &CHighlightEdit::followMarkedLines);
 }
 
 void CHighlightEdit::buildMenu()
@@ -159,6 +157,7 @@ void CHighlightEdit::setDefinition(const QVariantMap &mapDefinition)
 {
     m_pHighlighter->setDefinition(mapDefinition);
     m_definition = mapDefinition;
+    m_pairKey.reset();
     if (m_pBrackets)
         m_pBrackets->setDefinition(mapDefinition);
 }

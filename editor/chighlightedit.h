@@ -39,7 +39,7 @@ struct STypedWord;
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
 // _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys,
-// _loading, _mouse, _paint, _search, _verify.
+// _loading, _mouse, _paint, _repaint, _search, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -311,18 +311,53 @@ private:
     {
         int nBracket = -1;
         int nPartner = -1; // -1, too, while it is looked for.
+        int nLine = -1; // The blocks that the two stand in.
+        int nPartnerLine = -1;
         bool bSearching = false;
         bool operator!=(const SBracketPair &other) const
         {
             return nBracket != other.nBracket || nPartner != other.nPartner;
         }
     };
+    // What a pair was looked for with.
+    struct SPairKey
+    {
+        uint nVersion;
+        uint nLook;
+        int nPosition;
+        int nFirstVisible;
+        int nHeight;
+        bool operator==(const SPairKey &other) const
+        {
+            return nVersion == other.nVersion && nLook == other.nLook
+                && nPosition == other.nPosition && nFirstVisible == other.nFirstVisible
+                && nHeight == other.nHeight;
+        }
+    };
     SBracketPair bracketPair();
+    const SBracketPair &currentPair();
+    void followBrackets();
     SBracketPair pairOf(const QTextBlock &block, int nInBlock);
     QTextBlock lastVisibleBlock() const;
+    // A range of blocks, both ends included.
+    struct SLines
+    {
+        int nFirst = -1;
+        int nLast = -1;
+        bool contains(int nLine) const { return nLine >= nFirst && nLine <= nLast; }
+        bool operator==(const SLines &other) const
+        {
+            return nFirst == other.nFirst && nLast == other.nLast;
+        }
+    };
+    SLines markedLines() const;
+    void followMarkedLines();
+    using BlockVisitor = std::function<void(int nBlock, const QRect &strip)>;
+    void forVisibleBlocks(const BlockVisitor &visit) const;
+    void repaintLines(const QVector<int> &lstLines);
     void goToPartner(bool bSelect);
     void onBracketFound();
-    void paintBrackets(QPainter *pPainter, const QRect &rect);
+    void paintBrackets(QPainter *pPainter);
     void watchCarets();
     void leaveCarets();
     using CaretPainter = std::function<void(const SCaret &, const QTextBlock &, const QPointF &)>;
@@ -374,7 +409,11 @@ private:
     CCompletionList *m_pCompletion = nullptr; // From the first word offered on.
     CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.
     std::optional<QVariantMap> m_definition;
+    int m_nBandLine = 0; // As it was last painted, like the next two.
+    SLines m_shownMarked;
     SBracketPair m_shownPair;
+    SBracketPair m_pair; // As it was last looked for.
+    std::optional<SPairKey> m_pairKey;
     std::optional<bool> m_jump; // To the partner that is looked for; true: selecting.
     int m_nJumpFrom = 0; // The cursor's place then.
     std::optional<SCaretBlock> m_block; // What the carets are the lines of.

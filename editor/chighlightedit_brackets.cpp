@@ -9,7 +9,13 @@
 
 QTextBlock CHighlightEdit::lastVisibleBlock() const
 {
-    return cursorForPosition(QPoint(0, viewport()->height() - 1)).block();
+    QTextBlock block = firstVisibleBlock();
+    qreal dBottom = blockBoundingGeometry(block).translated(contentOffset()).bottom();
+    while (dBottom < viewport()->height() && block.next().isValid()) {
+        block = block.next();
+        dBottom += blockBoundingRect(block).height();
+    }
+    return block;
 }
 
 // The one behind the cursor comes first; one without a partner makes way for the other.
@@ -35,6 +41,7 @@ CHighlightEdit::SBracketPair CHighlightEdit::pairOf(const QTextBlock &block, int
 {
     SBracketPair pair;
     pair.nBracket = block.position() + nInBlock;
+    pair.nLine = block.blockNumber();
     CShownLines shown(firstVisibleBlock(), lastVisibleBlock());
     SBracketMatch match = matchingBracket(&shown, blockCount(), block.blockNumber(), nInBlock);
     if (match.result == SBracketMatch::Beyond) {
@@ -49,14 +56,17 @@ CHighlightEdit::SBracketPair CHighlightEdit::pairOf(const QTextBlock &block, int
         pair.bSearching = !answer;
         match = answer.value_or(SBracketMatch());
     }
-    if (match.result == SBracketMatch::Found)
+    if (match.result == SBracketMatch::Found) {
+        pair.nPartnerLine = match.nLine;
         pair.nPartner = document()->findBlockByNumber(match.nLine).position() + match.nInLine;
+    }
     return pair;
 }
 
 void CHighlightEdit::onBracketFound()
 {
-    viewport()->update();
+    m_pairKey.reset();
+    followBrackets();
     if (!m_jump)
         return;
     const bool bSelect = *m_jump;
@@ -78,7 +88,7 @@ void CHighlightEdit::selectToBracket()
 // To the same side of the partner, so that the way back is the same; a selection holds both.
 void CHighlightEdit::goToPartner(bool bSelect)
 {
-    const SBracketPair pair = bracketPair();
+    const SBracketPair pair = currentPair();
     const int nPosition = textCursor().position();
     if (pair.bSearching) {
         m_jump = bSelect;

@@ -39,9 +39,7 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
     const QFont fntNormal = gutterFont();
     QFont fntBold = fntNormal;
     fntBold.setWeight(QFont::Bold);
-    const QTextCursor cursor = textCursor();
-    const int nFirstMarked = document()->findBlock(cursor.selectionStart()).blockNumber();
-    const int nLastMarked = document()->findBlock(cursor.selectionEnd()).blockNumber();
+    const SLines marked = markedLines();
     const int nWidth = lineNumberAreaWidth() - 1 - g_pSettings->getTextFontSize() / 2;
 
     QPainter painter(m_pLineNumberArea);
@@ -52,7 +50,7 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
         const qreal dHeight = blockBoundingRect(block).height();
         if (block.isVisible() && dTop + dHeight >= pEvent->rect().top()) {
             const int nBlock = block.blockNumber();
-            const bool bMarked = nBlock >= nFirstMarked && nBlock <= nLastMarked;
+            const bool bMarked = marked.contains(nBlock);
             painter.setFont(bMarked ? fntBold : fntNormal);
             painter.setPen(bMarked ? QColor(QStringLiteral("#888"))
                                    : QColor(QStringLiteral("#ccc")));

@@ -44,18 +44,13 @@ void addRangeRects(const QTextBlock &block, int nStart, int nEnd, const QPointF 
 
 } // namespace
 
-void CHighlightEdit::highlightCurrentLine()
-{
-    viewport()->update();
-}
-
 void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
 {
     {
         QPainter painter(viewport());
         const QRectF rect = blockBoundingGeometry(textCursor().block());
         painter.fillRect(rect.translated(contentOffset()).toRect(), m_clrCurrentLine);
-        paintBrackets(&painter, pEvent->rect());
+        paintBrackets(&painter);
         if (hasSeveralCarets())
             paintSelections(&painter);
     }
@@ -66,13 +61,11 @@ void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
     }
 }
 
-// The partner may have changed where nothing else did, and then is not part of what is painted now.
-void CHighlightEdit::paintBrackets(QPainter *pPainter, const QRect &rect)
+// New colours may have changed the partner, which then is not part of what is painted now.
+void CHighlightEdit::paintBrackets(QPainter *pPainter)
 {
-    const SBracketPair pair = bracketPair();
-    if (pair != m_shownPair && !rect.contains(viewport()->rect()))
-        viewport()->update();
-    m_shownPair = pair;
+    followBrackets();
+    const SBracketPair &pair = m_shownPair;
     if (pair.nPartner < 0)
         return;
     const int nFirst = qMin(pair.nBracket, pair.nPartner);

@@ -1,8 +1,8 @@
 #include "highlight/ctextdocument.h"
 
 #include "highlight/clinestore.h"
+#include "highlight/cplaintextlayout.h"
 
-#include <QPlainTextDocumentLayout>
 #include <QTextCursor>
 #include <algorithm>
 #include <iterator>
@@ -55,9 +55,11 @@ bool isMark(const QTextLayout::FormatRange &range)
 } // namespace
 
 CTextDocument::CTextDocument(QObject *pParent)
-    : QTextDocument(pParent), m_pLines(std::make_shared<CLineStore>())
+    : QTextDocument(pParent),
+      m_pLines(std::make_shared<CLineStore>()),
+      m_pLayout(new CPlainTextLayout(this))
 {
-    setDocumentLayout(new QPlainTextDocumentLayout(this));
+    setDocumentLayout(m_pLayout);
     connect(this, &QTextDocument::contentsChange, this, &CTextDocument::updateLines);
 }
 
@@ -77,7 +79,6 @@ void CTextDocument::onContentsChange()
 // that hold the new characters are read again; how many they replace follows from the line counts.
 void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
 {
-    m_nDirtyFrom = m_nDirtyEnd = 0;
     const int nLast = characterCount() - 1;
     QTextBlock block = findBlock(std::clamp(nPosition, 0, nLast));
     int nFirst = block.blockNumber();
@@ -146,34 +147,8 @@ void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
         return; // most blocks of a pass that marks a word
     }
 
-    if (tb.position() != m_nDirtyEnd) {
-        flushDirty();
-        m_nDirtyFrom = tb.position();
-    }
-    pLayout->setFormats(lstRanges);
-    m_nDirtyEnd = tb.position() + tb.length();
-    if (!m_bCollecting) {
-        flushDirty();
-    }
-}
-
-void CTextDocument::beginResults()
-{
-    m_bCollecting = true;
-}
-
-void CTextDocument::endResults()
-{
-    m_bCollecting = false;
-    flushDirty();
-}
-
-void CTextDocument::flushDirty()
-{
-    if (m_nDirtyEnd > m_nDirtyFrom) {
-        markContentsDirty(m_nDirtyFrom, m_nDirtyEnd - m_nDirtyFrom);
-    }
-    m_nDirtyFrom = m_nDirtyEnd = 0;
+    ++m_nLook;
+    m_pLayout->setFormats(tb, lstRanges);
 }
 
 void CTextDocument::clearAdditionalFormats()
@@ -183,6 +158,7 @@ void CTextDocument::clearAdditionalFormats()
             pLayout->clearFormats();
         }
     }
+    ++m_nLook;
     markContentsDirty(0, characterCount());
     // No block has the ranges any more that an incremental pass would leave alone.
     m_pLines->markAllStale();

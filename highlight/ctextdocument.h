@@ -7,6 +7,7 @@
 #include <memory>
 
 class CLineStore;
+class CPlainTextLayout;
 
 // A plain-text document that shows highlighting computed elsewhere. Format ranges come per block
 // with the version of the text that they were computed for and are applied only while that version
@@ -25,15 +26,12 @@ public:
 
     // Grows by one with every change of the contents; wraps around.
     uint version() const;
+    // Grows whenever a block gets other ranges; wraps around.
+    uint look() const { return m_nLook; }
 
     // The copy of the lines for the highlighter's thread, always as current as the text. Shared,
     // because that thread may outlive the document by the moment that its owner waits for it.
     std::shared_ptr<CLineStore> lines() const { return m_pLines; }
-
-    // Between the two calls neighbouring blocks are marked for repainting together, which spares
-    // laying each out on its own. No event loop may run between them.
-    void beginResults();
-    void endResults();
 
 public slots:
     void onContentsChange();
@@ -47,13 +45,10 @@ private:
     void updateLines(int nPosition, int nCharsRemoved, int nCharsAdded);
     void replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
                        const QList<QTextLayout::FormatRange> &lst);
-    void flushDirty();
 
     std::shared_ptr<CLineStore> m_pLines;
-    bool m_bCollecting = false;
-    // The extent whose formats changed and that is not marked yet, in characters; empty: none.
-    int m_nDirtyFrom = 0;
-    int m_nDirtyEnd = 0;
+    CPlainTextLayout *m_pLayout; // The base class owns it.
+    uint m_nLook = 0;
 };
 
 Q_DECLARE_METATYPE(QTextBlock)

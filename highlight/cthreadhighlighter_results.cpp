@@ -18,11 +18,9 @@ void CThreadHighlighter::deliver()
     if (m_pDocument) {
         QElapsedTimer timer;
         timer.start();
-        m_pDocument->beginResults();
         while (!m_queue.isEmpty() && timer.elapsed() < nSliceMs) {
             deliverSome(m_queue.take(nResultsAtOnce));
         }
-        m_pDocument->endResults();
     }
     m_bDelivering = false;
     if (m_pDocument && !m_queue.isEmpty() && !m_bDelivering.exchange(true)) {

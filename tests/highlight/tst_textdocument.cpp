@@ -26,7 +26,9 @@ private slots:
     void sameRangesAgain_leaveTheBlockAlone();
     void clearAdditionalFormats_removesAllRanges();
     void clearAdditionalFormats_ofAnEmptyDocumentDoesNothing();
-    void collectedResults_areShownTogether();
+    void rangesOfABlockLaidOut_layOutAndPaintThatBlockOnly();
+    void rangesOfABlockNeverLaidOut_layOutAndPaintNothing();
+    void editBehindRanges_isToldAsWhatItIs();
     void lines_followEveryEdit_data();
     void lines_followEveryEdit();
     void lines_followRandomEdits();
@@ -255,22 +257,43 @@ void tst_TextDocument::clearAdditionalFormats_ofAnEmptyDocumentDoesNothing()
     QCOMPARE(document.blockCount(), 1);
 }
 
-void tst_TextDocument::collectedResults_areShownTogether()
+void tst_TextDocument::rangesOfABlockLaidOut_layOutAndPaintThatBlockOnly()
 {
     CTextDocument document;
-    document.setPlainText("a\nb\nc\nd\ne");
+    document.setPlainText("abc\ndef\nghi");
+    document.documentLayout()->blockBoundingRect(document.firstBlock());
     QSignalSpy spyOne(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock);
     QSignalSpy spyAll(document.documentLayout(), &QAbstractTextDocumentLayout::update);
-    document.beginResults();
-    for (const int nLine : {0, 1, 2, 4}) {
-        document.onHighlightBlock(document.version(), document.findBlockByNumber(nLine),
-                                  {range(0)});
-    }
-    document.endResults();
-    QCOMPARE(spyOne.count() + spyAll.count(), 2);
-    for (const int nLine : {0, 1, 2, 4}) {
-        QCOMPARE(startsIn(document.findBlockByNumber(nLine)), QList<int>({0}));
-    }
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    QCOMPARE(spyOne.count(), 1);
+    QCOMPARE(spyAll.count(), 0);
+    QCOMPARE(document.firstBlock().layout()->lineCount(), 1);
+}
+
+void tst_TextDocument::rangesOfABlockNeverLaidOut_layOutAndPaintNothing()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef\nghi");
+    QSignalSpy spyOne(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock);
+    QSignalSpy spyAll(document.documentLayout(), &QAbstractTextDocumentLayout::update);
+    document.onHighlightBlock(document.version(), document.lastBlock(), {range(0)});
+    QCOMPARE(spyOne.count(), 0);
+    for (const QList<QVariant> &update : qAsConst(spyAll))
+        QVERIFY(update.at(0).toRectF().isEmpty());
+    QCOMPARE(document.lastBlock().layout()->lineCount(), 0);
+    QCOMPARE(startsIn(document.lastBlock()), QList<int>({0}));
+}
+
+void tst_TextDocument::editBehindRanges_isToldAsWhatItIs()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef\nghi");
+    document.onHighlightBlock(document.version(), document.firstBlock(), {range(0)});
+    QSignalSpy spy(&document, &QTextDocument::contentsChange);
+    QTextCursor cursor(document.lastBlock());
+    cursor.insertText("x");
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.at(0), QVariantList({8, 0, 1}));
 }
 
 void tst_TextDocument::lines_followEveryEdit_data()

@@ -1,0 +1,96 @@
+// What has to be painted anew: the lines that a change has made look otherwise, and no more.
+#include "editor/chighlightedit.h"
+#include "editor/clinenumberarea.h"
+#include "highlight/ctextdocument.h"
+
+#include <QTextBlock>
+
+namespace {
+
+// A number stands a little lower than its line and may reach that far below it.
+const int g_nNumberBelowLine = 6;
+
+} // namespace
+
+// Each block that can be seen, with its number and its strip of the view.
+void CHighlightEdit::forVisibleBlocks(const BlockVisitor &visit) const
+{
+    if (!isVisible())
+        return; // What is shown later is painted whole.
+    QTextBlock block = firstVisibleBlock();
+    int nBlock = block.blockNumber();
+    qreal dTop = blockBoundingGeometry(block).translated(contentOffset()).top();
+    for (; block.isValid() && dTop <= viewport()->height(); block = block.next(), ++nBlock) {
+        const qreal dHeight = blockBoundingRect(block).height();
+        visit(nBlock, QRectF(0, dTop, viewport()->width(), dHeight).toAlignedRect());
+        dTop += dHeight;
+    }
+}
+
+void CHighlightEdit::repaintLines(const QVector<int> &lstLines)
+{
+    forVisibleBlocks([&](int nBlock, const QRect &strip) {
+        if (lstLines.contains(nBlock))
+            viewport()->update(strip);
+    });
+}
+
+// The band goes with the cursor from line to line. A changed number of lines is painted by the base
+// class.
+void CHighlightEdit::highlightCurrentLine()
+{
+    const int nLine = textCursor().blockNumber();
+    if (nLine != m_nBandLine)
+        repaintLines({m_nBandLine, nLine});
+    m_nBandLine = nLine;
+    followBrackets();
+}
+
+CHighlightEdit::SLines CHighlightEdit::markedLines() const
+{
+    const QTextCursor cursor = textCursor();
+    if (!cursor.hasSelection()) {
+        const int nLine = cursor.blockNumber();
+        return {nLine, nLine};
+    }
+    return {document()->findBlock(cursor.selectionStart()).blockNumber(),
+            document()->findBlock(cursor.selectionEnd()).blockNumber()};
+}
+
+// Of the gutter. The number of a wrapped line stands above the part of the text that is painted
+// anew.
+void CHighlightEdit::followMarkedLines()
+{
+    const SLines lines = markedLines();
+    if (lines == m_shownMarked)
+        return;
+    const SLines before = std::exchange(m_shownMarked, lines);
+    forVisibleBlocks([&](int nBlock, const QRect &strip) {
+        if (before.contains(nBlock) != lines.contains(nBlock)) {
+            m_pLineNumberArea->update(0, strip.top(), m_pLineNumberArea->width(),
+                                      strip.height() + g_nNumberBelowLine);
+        }
+    });
+}
+
+// The pair hangs on the text, its colours and what of it can be seen; while none of them has
+// changed, as when the cursor blinks, nothing is looked for.
+const CHighlightEdit::SBracketPair &CHighlightEdit::currentPair()
+{
+    const SPairKey key {m_pDocument->version(), m_pDocument->look(), textCursor().position(),
+                        firstVisibleBlock().blockNumber(), viewport()->height()};
+    if (m_pairKey && *m_pairKey == key)
+        return m_pair;
+    m_pair = bracketPair();
+    m_pairKey = key;
+    return m_pair;
+}
+
+void CHighlightEdit::followBrackets()
+{
+    const SBracketPair &pair = currentPair();
+    if (!(pair != m_shownPair))
+        return;
+    const SBracketPair before = std::exchange(m_shownPair, pair);
+    repaintLines({before.nLine, before.nPartnerLine, pair.nLine, pair.nPartnerLine});
+}
