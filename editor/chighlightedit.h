@@ -352,6 +352,7 @@ private:
     };
     SLines markedLines() const;
     void followMarkedLines();
+    void followVisibleLines();
     using BlockVisitor = std::function<void(int nBlock, const QRect &strip)>;
     void forVisibleBlocks(const BlockVisitor &visit) const;
     void repaintLines(const QVector<int> &lstLines);
@@ -411,6 +412,9 @@ private:
     std::optional<QVariantMap> m_definition;
     int m_nBandLine = 0; // As it was last painted, like the next two.
     SLines m_shownMarked;
+    int m_nFirstSeen = -1; // The first block, the height and the number of all blocks.
+    int m_nHeightSeen = 0;
+    int m_nBlocksSeen = 0;
     SBracketPair m_shownPair;
     SBracketPair m_pair; // As it was last looked for.
     std::optional<SPairKey> m_pairKey;

@@ -46,6 +46,7 @@ void addRangeRects(const QTextBlock &block, int nStart, int nEnd, const QPointF 
 
 void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
 {
+    followVisibleLines();
     {
         QPainter painter(viewport());
         const QRectF rect = blockBoundingGeometry(textCursor().block());

@@ -2,6 +2,7 @@
 #include "editor/chighlightedit.h"
 #include "editor/clinenumberarea.h"
 #include "highlight/ctextdocument.h"
+#include "highlight/cthreadhighlighter.h"
 
 #include <QTextBlock>
 
@@ -55,6 +56,19 @@ CHighlightEdit::SLines CHighlightEdit::markedLines() const
     }
     return {document()->findBlock(cursor.selectionStart()).blockNumber(),
             document()->findBlock(cursor.selectionEnd()).blockNumber()};
+}
+
+// The highlighter colours first what can be seen.
+void CHighlightEdit::followVisibleLines()
+{
+    const int nFirst = firstVisibleBlock().blockNumber();
+    const int nHeight = viewport()->height();
+    if (nFirst == m_nFirstSeen && nHeight == m_nHeightSeen && blockCount() == m_nBlocksSeen)
+        return;
+    m_nFirstSeen = nFirst;
+    m_nHeightSeen = nHeight;
+    m_nBlocksSeen = blockCount();
+    m_pHighlighter->setVisibleLines(nFirst, lastVisibleBlock().blockNumber());
 }
 
 // Of the gutter. The number of a wrapped line stands above the part of the text that is painted

@@ -25,14 +25,15 @@ int CLineStore::Chunk::offset(int nLine) const
 void CLineStore::Chunk::insert(int nLine, int nCount, const std::function<QString()> &nextLine)
 {
     QString strNew;
-    lst.insert(lst.begin() + nLine, nCount, Entry {0, 1, -1});
+    lst.insert(lst.begin() + nLine, nCount, Entry {0, 1, 1, -1});
     for (int n = nLine; n < nLine + nCount; ++n) {
         const QString strLine = nextLine();
         strNew += strLine;
         lst[n].nLength = uint(strLine.size());
     }
-    strText.insert(offset(nLine), strNew);
+    text.insert(offset(nLine), strNew);
     nStale += nCount;
+    nUnknown += nCount;
 }
 
 void CLineStore::Chunk::remove(int nLine, int nCount)
@@ -42,8 +43,9 @@ void CLineStore::Chunk::remove(int nLine, int nCount)
     for (auto it = begin; it != begin + nCount; ++it) {
         nChars += it->nLength;
         nStale -= int(it->bStale);
+        nUnknown -= int(it->bUnknown);
     }
-    strText.remove(offset(nLine), nChars);
+    text.remove(offset(nLine), nChars);
     lst.erase(begin, begin + nCount);
 }
 
@@ -51,6 +53,12 @@ void CLineStore::Chunk::setStale(int nLine, bool bStale)
 {
     nStale += int(bStale) - int(lst[nLine].bStale);
     lst[nLine].bStale = bStale;
+}
+
+void CLineStore::Chunk::setUnknown(int nLine, bool bUnknown)
+{
+    nUnknown += int(bUnknown) - int(lst[nLine].bUnknown);
+    lst[nLine].bUnknown = bUnknown;
 }
 
 // A document without text has one empty line.
@@ -70,7 +78,7 @@ QString CLineStore::text(int nLine) const
     const std::lock_guard<std::mutex> locker(m_mutex);
     const Position at = locate(nLine);
     const Chunk &chunk = m_lstChunks[at.nChunk];
-    return chunk.strText.mid(chunk.offset(at.nLine), chunk.lst[at.nLine].nLength);
+    return chunk.text.mid(chunk.offset(at.nLine), chunk.lst[at.nLine].nLength);
 }
 
 void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QString()> &nextLine)
@@ -103,8 +111,9 @@ void CLineStore::markAllStale()
     for (Chunk &chunk : m_lstChunks) {
         for (Entry &entry : chunk.lst) {
             entry.bStale = true;
+            entry.bUnknown = true;
         }
-        chunk.nStale = int(chunk.lst.size());
+        chunk.nStale = chunk.nUnknown = int(chunk.lst.size());
     }
     m_nGeneration.fetch_add(1, std::memory_order_release);
 }
@@ -118,83 +127,172 @@ bool CLineStore::isEdited() const
 bool CLineStore::isComplete() const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    return m_lstUnderWay.empty()
+    return m_arrUnderWay[InOrder].empty() && m_arrUnderWay[First].empty()
         && std::all_of(m_lstChunks.begin(), m_lstChunks.end(),
                        [](const Chunk &chunk) { return chunk.nStale == 0; });
 }
 
-void CLineStore::confirm(uint nVersion, int nCount)
+void CLineStore::confirm(uint nVersion, int nCount, Order order)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     if (nVersion == version()) {
-        m_lstUnderWay.erase(m_lstUnderWay.begin(), m_lstUnderWay.begin() + nCount);
+        std::deque<int> &lst = m_arrUnderWay[order];
+        lst.erase(lst.begin(), lst.begin() + nCount);
     }
 }
 
-CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) const
+bool CLineStore::isStale(const Entry &entry)
 {
-    const std::lock_guard<std::mutex> locker(m_mutex);
-    Batch batch;
-    if (nVersion != version() || nFrom >= m_nCount) {
-        return batch;
-    }
-    Position at = locate(nFrom);
+    return entry.bStale != 0;
+}
+
+bool CLineStore::isUnknown(const Entry &entry)
+{
+    return entry.bUnknown != 0;
+}
+
+bool CLineStore::isAny(const Entry &)
+{
+    return true;
+}
+
+// The first line from nFrom on and before nEnd that is wanted; nEnd if there is none. pCount is the
+// count of such lines that a chunk keeps.
+int CLineStore::nextIn(int nFrom, int nEnd, int Chunk::*pCount, Wanted isWanted) const
+{
     int nLine = nFrom;
-    const auto chunk = [&]() -> const Chunk & { return m_lstChunks[at.nChunk]; };
-    const auto skipChunk = [&] {
-        nLine += int(chunk().lst.size()) - at.nLine;
-        at = {at.nChunk + 1, 0};
-    };
-    while (bOnlyStale && nLine < m_nCount
-           && (at.nLine == int(chunk().lst.size()) || !chunk().lst[at.nLine].bStale)) {
-        if (chunk().nStale == 0 || at.nLine == int(chunk().lst.size())) {
-            skipChunk();
-        } else {
-            ++at.nLine;
-            ++nLine;
+    if (nLine >= nEnd) {
+        return nEnd;
+    }
+    for (Position at = locate(nLine); nLine < nEnd; at = {at.nChunk + 1, 0}) {
+        const Chunk &chunk = m_lstChunks[at.nChunk];
+        if (chunk.*pCount == 0) {
+            nLine += int(chunk.lst.size()) - at.nLine;
+            continue;
+        }
+        for (; at.nLine < int(chunk.lst.size()) && nLine < nEnd; ++at.nLine, ++nLine) {
+            if (isWanted(chunk.lst[at.nLine])) {
+                return nLine;
+            }
         }
     }
-    if (nLine >= m_nCount) {
-        return batch;
-    }
+    return nEnd;
+}
+
+// Successive wanted lines of one chunk.
+CLineStore::Batch CLineStore::batchAt(int nLine, Wanted isWanted, int nEnd) const
+{
+    Batch batch;
     batch.nFirst = nLine;
     if (nLine > 0) {
         const Position before = locate(nLine - 1);
         batch.nStateBefore = m_lstChunks[before.nChunk].lst[before.nLine].nState;
     }
-    int nOffset = chunk().offset(at.nLine);
-    for (int nChars = 0; at.nLine < int(chunk().lst.size())
-         && int(batch.lst.size()) < nLinesPerBatch && nChars < nCharsPerBatch;
-         ++at.nLine) {
-        const Entry &entry = chunk().lst[at.nLine];
-        if (bOnlyStale && !entry.bStale) {
+    const Position at = locate(nLine);
+    const Chunk &chunk = m_lstChunks[at.nChunk];
+    const int nLast =
+        std::min({int(chunk.lst.size()), at.nLine + nLinesPerBatch, at.nLine + nEnd - nLine});
+    int nOffset = chunk.offset(at.nLine);
+    int nChars = 0;
+    for (int n = at.nLine; n < nLast && nChars < nCharsPerBatch; ++n) {
+        const Entry &entry = chunk.lst[n];
+        if (!isWanted(entry)) {
             break;
         }
-        batch.lst.push_back(
-            {chunk().strText.mid(nOffset, int(entry.nLength)), entry.nState, entry.bStale != 0});
+        batch.lst.push_back({chunk.text.mid(nOffset, int(entry.nLength)), entry.nState,
+                             entry.bStale != 0, entry.bUnknown != 0});
         nOffset += int(entry.nLength);
         nChars += int(entry.nLength);
     }
     return batch;
 }
 
-bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone)
+CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (nVersion != version() || nGeneration != generation()) {
+    if (nVersion != version() || nFrom >= m_nCount) {
+        return Batch();
+    }
+    if (!bOnlyStale) {
+        return batchAt(nFrom, isAny, m_nCount);
+    }
+    const int nLine = nextIn(nFrom, m_nCount, &Chunk::nStale, isStale);
+    return nLine < m_nCount ? batchAt(nLine, isStale, m_nCount) : Batch();
+}
+
+CLineStore::Batch CLineStore::fetchAmong(uint nVersion, int nFirst, int nLast) const
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    const int nEnd = std::min(nLast + 1, m_nCount);
+    if (nVersion != version()) {
+        return Batch();
+    }
+    const int nLine = nextIn(std::max(nFirst, 0), nEnd, &Chunk::nStale, isStale);
+    if (nLine >= nEnd || nextIn(0, nLine, &Chunk::nUnknown, isUnknown) < nLine) {
+        return Batch();
+    }
+    return batchAt(nLine, isStale, nEnd);
+}
+
+CLineStore::Batch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast) const
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    if (nVersion != version()) {
+        return Batch();
+    }
+    const int nEnd = std::min(nLast + 1, m_nCount);
+    const int nStale = nextIn(std::max(nFirst, 0), nEnd, &Chunk::nStale, isStale);
+    if (nStale >= nEnd) {
+        return Batch();
+    }
+    const int nLine = nextIn(0, nStale, &Chunk::nUnknown, isUnknown);
+    return nLine < nStale ? batchAt(nLine, isUnknown, nStale) : Batch();
+}
+
+bool CLineStore::isCurrent(uint nVersion, uint nGeneration) const
+{
+    return nVersion == version() && nGeneration == generation();
+}
+
+// A line behind a state that changed has to be done again.
+void CLineStore::recordState(const Done &done)
+{
+    const Position at = locate(done.nLine);
+    Chunk &chunk = m_lstChunks[at.nChunk];
+    const bool bChanged = chunk.lst[at.nLine].nState != done.nState;
+    chunk.lst[at.nLine].nState = done.nState;
+    chunk.setUnknown(at.nLine, false);
+    if (bChanged && done.nLine + 1 < m_nCount) {
+        const Position next = locate(done.nLine + 1);
+        m_lstChunks[next.nChunk].setStale(next.nLine, true);
+        m_lstChunks[next.nChunk].setUnknown(next.nLine, true);
+    }
+}
+
+bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone,
+                        Order order)
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    if (!isCurrent(nVersion, nGeneration)) {
         return false;
     }
     for (const Done &done : lstDone) {
+        recordState(done);
         const Position at = locate(done.nLine);
-        Chunk &chunk = m_lstChunks[at.nChunk];
-        const bool bChanged = chunk.lst[at.nLine].nState != done.nState;
-        chunk.lst[at.nLine].nState = done.nState;
-        chunk.setStale(at.nLine, false);
-        m_lstUnderWay.push_back(done.nLine);
-        if (bChanged && done.nLine + 1 < m_nCount) {
-            const Position next = locate(done.nLine + 1);
-            m_lstChunks[next.nChunk].setStale(next.nLine, true);
-        }
+        m_lstChunks[at.nChunk].setStale(at.nLine, false);
+        m_arrUnderWay[order].push_back(done.nLine);
+    }
+    return true;
+}
+
+bool CLineStore::commitStates(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone)
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    if (!isCurrent(nVersion, nGeneration)) {
+        return false;
+    }
+    for (const Done &done : lstDone) {
+        recordState(done);
     }
     return true;
 }
@@ -222,11 +320,13 @@ CLineStore::Position CLineStore::locate(int nLine) const
 
 void CLineStore::voidResultsUnderWay()
 {
-    for (const int nLine : m_lstUnderWay) {
-        const Position at = locate(nLine);
-        m_lstChunks[at.nChunk].setStale(at.nLine, true);
+    for (std::deque<int> &lst : m_arrUnderWay) {
+        for (const int nLine : lst) {
+            const Position at = locate(nLine);
+            m_lstChunks[at.nChunk].setStale(at.nLine, true);
+        }
+        lst.clear();
     }
-    m_lstUnderWay.clear();
 }
 
 void CLineStore::remove(int nFirst, int nCount)
@@ -265,7 +365,7 @@ void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &
         lstNew.emplace_back();
         lstNew.back().lst.reserve(nHere);
         lstNew.back().insert(0, nHere, nextLine);
-        lstNew.back().strText.squeeze();
+        lstNew.back().text.squeeze();
     }
     m_lstChunks.insert(m_lstChunks.begin() + at.nChunk + 1, std::make_move_iterator(lstNew.begin()),
                        std::make_move_iterator(lstNew.end()));
@@ -280,10 +380,12 @@ void CLineStore::splitBehind(const Position &at)
         return;
     }
     Chunk tail;
-    tail.strText = chunk.strText.mid(chunk.offset(at.nLine));
+    tail.text = chunk.text.part(chunk.offset(at.nLine));
     tail.lst.assign(chunk.lst.begin() + at.nLine, chunk.lst.end());
     tail.nStale = int(std::count_if(tail.lst.begin(), tail.lst.end(),
                                     [](const Entry &entry) { return entry.bStale; }));
+    tail.nUnknown = int(std::count_if(tail.lst.begin(), tail.lst.end(),
+                                      [](const Entry &entry) { return entry.bUnknown; }));
     chunk.remove(at.nLine, nSize - at.nLine);
     m_lstChunks.insert(m_lstChunks.begin() + at.nChunk + 1, std::move(tail));
 }

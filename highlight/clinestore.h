@@ -1,5 +1,7 @@
 #pragma once
 
+#include "highlight/ccompacttext.h"
+
 #include <QString>
 #include <atomic>
 #include <deque>
@@ -14,6 +16,10 @@
 // the rules changed, or its result was under way when an edit made it void. Lines that are not
 // stale have a result that belongs to their text and to the stored state of the line before.
 //
+// The state of a line may be known before its result is: a worker that is asked for lines far ahead
+// computes the states up to them and comes back for the results. States are what the text makes
+// them up to the first line whose state is unknown.
+//
 // The GUI thread edits, one worker computes; each call takes the lock for itself. Lines count from
 // 0.
 class CLineStore
@@ -24,6 +30,7 @@ public:
         QString strText;
         int nState; // at its end, as last computed; -1 when never
         bool bStale;
+        bool bUnknown;
     };
     // Successive lines, the text of each copied.
     struct Batch
@@ -32,6 +39,8 @@ public:
         int nStateBefore = -1; // the state that the first line starts with
         std::vector<Line> lst; // empty: there is nothing left, or the version is another one
     };
+    // Results of lines that can be seen come before the others.
+    enum Order { InOrder, First };
     struct Done
     {
         int nLine;
@@ -54,18 +63,28 @@ public:
     bool isEdited() const;
     // Whether every line has its result and all of them have arrived.
     bool isComplete() const;
-    // The nCount results that were committed first have arrived, or nothing when the version is
-    // old.
-    void confirm(uint nVersion, int nCount);
+    // The nCount results that were committed first in that order have arrived, or nothing when the
+    // version is old.
+    void confirm(uint nVersion, int nCount, Order order = InOrder);
 
     // The worker's part.
 
     // The next lines from nFrom on: those of the first group of stale ones, or without bOnlyStale
     // whatever comes next.
     Batch fetch(uint nVersion, int nFrom, bool bOnlyStale) const;
+    // The stale lines among those from nFirst to nLast, up to one batch. Empty when there is none,
+    // or when the state that they begin with is not known yet.
+    Batch fetchAmong(uint nVersion, int nFirst, int nLast) const;
+    // When fetchAmong() waits for the states in front of it: the next lines whose states are
+    // unknown, up to one batch. Empty when it waits for nothing.
+    Batch fetchBefore(uint nVersion, int nFirst, int nLast) const;
     // Records new states; a line behind one whose state changed becomes stale. False, and nothing
-    // is recorded, when the version or the generation is not the current one.
-    bool commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone);
+    // is recorded, when the version or the generation is not the current one. The results are on
+    // their way: in order, or before all others.
+    bool commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone,
+                Order order = InOrder);
+    // The same without results: the lines stay stale.
+    bool commitStates(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone);
     void finishPass(uint nVersion);
     // Grows with every markAllStale(): a result of older rules does not count.
     uint generation() const { return m_nGeneration.load(std::memory_order_acquire); }
@@ -73,21 +92,24 @@ public:
 private:
     struct Entry
     {
-        uint nLength : 31;
+        uint nLength : 30;
         uint bStale : 1;
+        uint bUnknown : 1; // The state has to be computed anew; such a line is stale, too.
         int nState;
     };
     // A run of lines, their texts end to end.
     struct Chunk
     {
-        QString strText;
+        CCompactText text;
         std::vector<Entry> lst;
         int nStale = 0;
+        int nUnknown = 0;
 
         int offset(int nLine) const;
         void insert(int nLine, int nCount, const std::function<QString()> &nextLine);
         void remove(int nLine, int nCount);
         void setStale(int nLine, bool bStale);
+        void setUnknown(int nLine, bool bUnknown);
     };
     struct Position
     {
@@ -96,6 +118,14 @@ private:
     };
 
     Position locate(int nLine) const;
+    using Wanted = bool (*)(const Entry &);
+    static bool isStale(const Entry &entry);
+    static bool isUnknown(const Entry &entry);
+    static bool isAny(const Entry &entry);
+    Batch batchAt(int nLine, Wanted isWanted, int nEnd) const;
+    int nextIn(int nFrom, int nEnd, int Chunk::*pCount, Wanted isWanted) const;
+    bool isCurrent(uint nVersion, uint nGeneration) const;
+    void recordState(const Done &done);
     void voidResultsUnderWay();
     void remove(int nFirst, int nCount);
     void insert(int nFirst, int nCount, const std::function<QString()> &nextLine);
@@ -104,7 +134,8 @@ private:
     mutable std::mutex m_mutex;
     std::vector<Chunk> m_lstChunks;
     int m_nCount = 0;
-    std::deque<int> m_lstUnderWay; // lines whose results were committed and not yet confirmed
+    // Lines whose results were committed and not yet confirmed, for each order.
+    std::deque<int> m_arrUnderWay[2];
     bool m_bEdited = true;
     std::atomic<uint> m_nVersion {0};
     std::atomic<uint> m_nGeneration {0};

@@ -29,13 +29,32 @@ bool CResultQueue::push(std::vector<HighlightResult> &lst, const std::function<b
     return bWasEmpty;
 }
 
+void CResultQueue::pushFirst(std::vector<HighlightResult> &lst)
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    for (HighlightResult &waiting : m_lst) {
+        const bool bNewer = std::any_of(lst.begin(), lst.end(), [&](const HighlightResult &result) {
+            return result.nLine == waiting.nLine;
+        });
+        waiting.bSuperseded =
+            waiting.bSuperseded || (bNewer && waiting.kind == HighlightResult::Syntax);
+    }
+    for (HighlightResult &result : lst) {
+        result.bFirst = true;
+        m_lstFirst.push_back(std::move(result));
+    }
+}
+
 std::vector<HighlightResult> CResultQueue::take(int nMax)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    const auto end = m_lst.begin() + std::ptrdiff_t(std::min(m_lst.size(), size_t(nMax)));
-    std::vector<HighlightResult> lst(std::make_move_iterator(m_lst.begin()),
-                                     std::make_move_iterator(end));
-    m_lst.erase(m_lst.begin(), end);
+    std::vector<HighlightResult> lst;
+    for (std::deque<HighlightResult> *pFrom : {&m_lstFirst, &m_lst}) {
+        const size_t nHere = std::min(pFrom->size(), size_t(nMax) - lst.size());
+        const auto end = pFrom->begin() + std::ptrdiff_t(nHere);
+        std::move(pFrom->begin(), end, std::back_inserter(lst));
+        pFrom->erase(pFrom->begin(), end);
+    }
     m_nBound = nUsualBound;
     m_roomMade.notify_all();
     return lst;
@@ -44,7 +63,7 @@ std::vector<HighlightResult> CResultQueue::take(int nMax)
 bool CResultQueue::isEmpty() const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    return m_lst.empty();
+    return m_lst.empty() && m_lstFirst.empty();
 }
 
 void CResultQueue::wake()

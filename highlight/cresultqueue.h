@@ -1,5 +1,7 @@
 #pragma once
 
+#include "highlight/highlightline.h"
+
 #include <QList>
 #include <QTextLayout>
 #include <condition_variable>
@@ -17,7 +19,10 @@ struct HighlightResult
     uint nVersion;
     int nLine;
     int nState; // the block's new user state; syntax results only
-    QList<QTextLayout::FormatRange> lst;
+    std::vector<HighlightRange> lstRanges; // syntax results only
+    QList<QTextLayout::FormatRange> lstMarks; // of the selected word only
+    bool bFirst = false; // see CResultQueue::pushFirst()
+    bool bSuperseded = false; // there is a newer one of its line, which came first
 };
 
 // Results on their way from the worker to the GUI thread. The queue is bounded, because a worker
@@ -31,7 +36,10 @@ public:
     // Worker: appends, after waiting for room. Waits no longer once isCancelled answers true; the
     // results go in all the same. True when the queue was empty.
     bool push(std::vector<HighlightResult> &lst, const std::function<bool()> &isCancelled);
-    // GUI thread: the oldest results, at most nMax.
+    // Worker: appends to what comes before all else, and does not wait. What older results the
+    // lines have in the queue are superseded.
+    void pushFirst(std::vector<HighlightResult> &lst);
+    // GUI thread: what comes first, then the oldest results, at most nMax in all.
     std::vector<HighlightResult> take(int nMax);
     bool isEmpty() const;
     // Makes a waiting push() ask isCancelled again.
@@ -40,6 +48,7 @@ public:
 private:
     mutable std::mutex m_mutex;
     std::condition_variable m_roomMade;
+    std::deque<HighlightResult> m_lstFirst;
     std::deque<HighlightResult> m_lst;
     size_t m_nBound;
 };

@@ -52,6 +52,21 @@ bool isMark(const QTextLayout::FormatRange &range)
     return range.format.intProperty(QTextFormat::UserProperty) & 1;
 }
 
+// The ranges of one kind, new, with those of the other kind from before. Marks come last.
+Ranges withOthers(bool bMarks, const Ranges &lst, const Ranges &lstBefore)
+{
+    const auto isReplaced = [bMarks](const QTextLayout::FormatRange &range) {
+        return isMark(range) == bMarks;
+    };
+    if (std::all_of(lstBefore.begin(), lstBefore.end(), isReplaced)) {
+        return lst;
+    }
+    Ranges lstOthers;
+    std::remove_copy_if(lstBefore.begin(), lstBefore.end(), std::back_inserter(lstOthers),
+                        isReplaced);
+    return bMarks ? lstOthers + lst : lst + lstOthers;
+}
+
 } // namespace
 
 CTextDocument::CTextDocument(QObject *pParent)
@@ -112,36 +127,31 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
 // NOLINTBEGIN(performance-unnecessary-value-param): as the queued signals carry them.
 void CTextDocument::onHighlightBlock(uint nVer, QTextBlock tb, QList<QTextLayout::FormatRange> lst)
 {
-    replaceRanges(SyntaxRange, nVer, tb, lst);
+    replaceRanges(SyntaxRange, nVer, tb, lst.toVector());
 }
 
 void CTextDocument::onHighlightSelected(uint nVer, QTextBlock tb,
                                         QList<QTextLayout::FormatRange> lst)
 {
-    replaceRanges(SelectedWordMark, nVer, tb, lst);
+    replaceRanges(SelectedWordMark, nVer, tb, lst.toVector());
 }
 // NOLINTEND(performance-unnecessary-value-param)
 
-void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
-                                  const QList<QTextLayout::FormatRange> &lst)
+void CTextDocument::setSyntaxRanges(uint nVer, const QTextBlock &block, const Ranges &lst)
+{
+    replaceRanges(SyntaxRange, nVer, block, lst);
+}
+
+void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb, const Ranges &lst)
 {
     QTextLayout *pLayout = nVer == version() && tb.isValid() ? tb.layout() : nullptr;
     if (!pLayout) {
         return;
     }
-    const auto isReplaced = [kind](const QTextLayout::FormatRange &range) {
-        return isMark(range) == (kind == SelectedWordMark);
-    };
     const Ranges lstBefore = pLayout->formats();
     Ranges lstRanges;
     if (tb.length() <= nMaxColouredLength) {
-        lstRanges.reserve(lstBefore.size() + lst.size());
-        std::remove_copy_if(lstBefore.begin(), lstBefore.end(), std::back_inserter(lstRanges),
-                            isReplaced);
-        const int nAt = kind == SyntaxRange ? 0 : lstRanges.size();
-        lstRanges.insert(nAt, lst.size(), QTextLayout::FormatRange());
-        std::copy(lst.begin(), lst.end(), lstRanges.begin() + nAt);
-        lstRanges = shownRanges(lstRanges);
+        lstRanges = shownRanges(withOthers(kind == SelectedWordMark, lst, lstBefore));
     }
     if (lstRanges == lstBefore) {
         return; // most blocks of a pass that marks a word

@@ -33,6 +33,10 @@ public:
     // because that thread may outlive the document by the moment that its owner waits for it.
     std::shared_ptr<CLineStore> lines() const { return m_pLines; }
 
+    // As onHighlightBlock().
+    void setSyntaxRanges(uint nVer, const QTextBlock &block,
+                         const QVector<QTextLayout::FormatRange> &lst);
+
 public slots:
     void onContentsChange();
     void onHighlightBlock(uint nVer, QTextBlock tb, QList<QTextLayout::FormatRange> lst);
@@ -44,7 +48,7 @@ private:
 
     void updateLines(int nPosition, int nCharsRemoved, int nCharsAdded);
     void replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
-                       const QList<QTextLayout::FormatRange> &lst);
+                       const QVector<QTextLayout::FormatRange> &lst);
 
     std::shared_ptr<CLineStore> m_pLines;
     CPlainTextLayout *m_pLayout; // The base class owns it.

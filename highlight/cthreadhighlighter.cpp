@@ -59,6 +59,13 @@ void CThreadHighlighter::setSelectedWord(const QString &strWord)
     startIfIdle();
 }
 
+void CThreadHighlighter::setVisibleLines(int nFirst, int nLast)
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    m_nFirstVisible = nFirst;
+    m_nLastVisible = nLast;
+}
+
 QString CThreadHighlighter::languageName() const
 {
     return m_pRules->languageName();

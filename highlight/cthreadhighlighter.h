@@ -36,6 +36,9 @@ public:
     // Paused, it does nothing but remember what is asked of it: for a text that comes in many
     // pieces, each of which would make void what was found out about the others.
     void setPaused(bool bPaused);
+    // The blocks that can be seen: their results come before all others, as soon as the state that
+    // they begin with is known. Nothing is asked for by this.
+    void setVisibleLines(int nFirst, int nLast);
 
     // Of the definition in force; empty without one, but the single-line comment is "//" until the
     // first definition is set.
@@ -75,24 +78,30 @@ private:
     void runPass(Pass *pPass);
     void takeRules(Pass *pPass) const;
     bool isCutShort(const Pass &pass) const;
-    bool processBatch(const Pass &pass, const CLineStore::Batch &batch);
+    bool processVisible(const Pass &pass);
+    bool processStates(const Pass &pass, const CLineStore::Batch &batch);
+    bool processBatch(const Pass &pass, const CLineStore::Batch &batch,
+                      CLineStore::Order order = CLineStore::InOrder);
     bool endPass(const Pass &pass);
-    void send(const Pass &pass, std::vector<HighlightResult> *pResults);
+    void send(const Pass &pass, std::vector<HighlightResult> *pResults, CLineStore::Order order);
 
     // Results, GUI thread.
     void deliver();
     void deliverSome(const std::vector<HighlightResult> &lst);
+    void deliverSyntax(const HighlightResult &result, const QTextBlock &block);
     void repeatSelection();
 
     QPointer<CTextDocument> m_pDocument;
     std::shared_ptr<CLineStore> m_pLines;
     CResultQueue m_queue;
 
-    // Guards the rules, the word and whether the worker may still see a request. Of the standard
-    // library, as in the parts below, because ThreadSanitizer sees through it.
+    // Guards the rules, the word, what can be seen and whether the worker may still see a request.
+    // Of the standard library, as in the parts below, because ThreadSanitizer sees through it.
     mutable std::mutex m_mutex;
     std::shared_ptr<const CHighlightRules> m_pRules;
     QString m_strWord;
+    int m_nFirstVisible = 0;
+    int m_nLastVisible = -1; // less than the first: nothing is known to be seen
     bool m_bActive = false;
 
     std::atomic_bool m_bStop {false};
@@ -108,4 +117,5 @@ private:
     bool m_bPaused = false;
     bool m_bUnannounced = false; // contentsChange came without contentsChanged
     bool m_bStoppedBeforeEdit = false;
+    bool m_bOthersListen = false; // to blockFormatChanged(), beside the document
 };

@@ -12,28 +12,9 @@ struct CThreadHighlighter::Pass
     bool bSelection = false;
     std::shared_ptr<const CHighlightRules> pRules;
     CSelectedWord word;
+    int nFirstVisible = 0;
+    int nLastVisible = -1;
 };
-
-namespace {
-
-QList<QTextLayout::FormatRange> toFormatRanges(const std::vector<HighlightRange> &lst)
-{
-    static const QTextCharFormat arrFormats[] = {
-        CHighlightRules::format(HighlightRole::Keyword),
-        CHighlightRules::format(HighlightRole::Comment),
-        CHighlightRules::format(HighlightRole::String),
-        CHighlightRules::format(HighlightRole::Number),
-        CHighlightRules::format(HighlightRole::Operator),
-    };
-    QList<QTextLayout::FormatRange> lstResult;
-    lstResult.reserve(int(lst.size()));
-    for (const HighlightRange &range : lst) {
-        lstResult.append({range.nStart, range.nLength, arrFormats[int(range.role)]});
-    }
-    return lstResult;
-}
-
-} // namespace
 
 void CThreadHighlighter::run()
 {
@@ -69,6 +50,9 @@ void CThreadHighlighter::runPass(Pass *pPass)
         if (!pPass->bSyntax && !pPass->bSelection) {
             return;
         }
+        if (pPass->bSyntax && processVisible(*pPass)) {
+            continue;
+        }
         const CLineStore::Batch batch = m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
         if (batch.lst.empty()) {
             if (pPass->bSyntax) {
@@ -89,6 +73,8 @@ void CThreadHighlighter::takeRules(Pass *pPass) const
     pPass->nGeneration = m_pLines->generation();
     const std::lock_guard<std::mutex> locker(m_mutex);
     pPass->pRules = m_pRules;
+    pPass->nFirstVisible = m_nFirstVisible;
+    pPass->nLastVisible = m_nLastVisible;
     if (pPass->word.text() != m_strWord) {
         pPass->word = CSelectedWord(m_strWord);
     }
@@ -102,7 +88,43 @@ bool CThreadHighlighter::isCutShort(const Pass &pass) const
         || m_pLines->version() != pass.nVersion;
 }
 
-bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch &batch)
+// What can be seen comes first, but never by a guess: its colours hang on the states of all lines
+// before it. They are worked out ahead, which is fast; the results of those lines come in their
+// turn, since it is showing them that takes long. False when there is nothing to do for it.
+bool CThreadHighlighter::processVisible(const Pass &pass)
+{
+    if (pass.nLastVisible < pass.nFirstVisible) {
+        return false;
+    }
+    const CLineStore::Batch visible =
+        m_pLines->fetchAmong(pass.nVersion, pass.nFirstVisible, pass.nLastVisible);
+    if (!visible.lst.empty()) {
+        return processBatch(pass, visible, CLineStore::First);
+    }
+    const CLineStore::Batch before =
+        m_pLines->fetchBefore(pass.nVersion, pass.nFirstVisible, pass.nLastVisible);
+    return !before.lst.empty() && processStates(pass, before);
+}
+
+bool CThreadHighlighter::processStates(const Pass &pass, const CLineStore::Batch &batch)
+{
+    const auto isAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
+    std::vector<CLineStore::Done> lstDone;
+    HighlightLine coloured;
+    int nLine = batch.nFirst;
+    int nState = batch.nStateBefore;
+    for (const CLineStore::Line &line : batch.lst) {
+        if (!pass.pRules->highlight(line.strText, nState, &coloured, isAborted)) {
+            break;
+        }
+        nState = coloured.nState;
+        lstDone.push_back({nLine++, nState});
+    }
+    return m_pLines->commitStates(pass.nVersion, pass.nGeneration, lstDone);
+}
+
+bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch &batch,
+                                      CLineStore::Order order)
 {
     const auto isSyntaxAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
     const auto isSelectionAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
@@ -112,6 +134,7 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch 
     int nState = batch.nStateBefore;
     bool bChanged = false; // the state in front of this line is not the one it was computed with
     bool bSyntax = pass.bSyntax;
+    const bool bSelection = pass.bSelection && order == CLineStore::InOrder;
     int nLine = batch.nFirst;
     for (const CLineStore::Line &line : batch.lst) {
         if (bSyntax && (line.bStale || bChanged)) {
@@ -120,24 +143,28 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch 
                 bChanged = coloured.nState != line.nState;
                 nState = coloured.nState;
                 lstDone.push_back({nLine, nState});
-                lstResults.push_back({HighlightResult::Syntax, pass.nVersion, nLine, nState,
-                                      toFormatRanges(coloured.lstRanges)});
+                lstResults.push_back({HighlightResult::Syntax,
+                                      pass.nVersion,
+                                      nLine,
+                                      nState,
+                                      coloured.lstRanges,
+                                      {}});
             }
         } else {
             nState = line.nState;
             bChanged = false;
         }
         QList<QTextLayout::FormatRange> lstMarks;
-        if (pass.bSelection && pass.word.findMarks(line.strText, &lstMarks, isSelectionAborted)) {
+        if (bSelection && pass.word.findMarks(line.strText, &lstMarks, isSelectionAborted)) {
             lstResults.push_back(
-                {HighlightResult::SelectedWord, pass.nVersion, nLine, 0, lstMarks});
+                {HighlightResult::SelectedWord, pass.nVersion, nLine, 0, {}, lstMarks});
         }
         ++nLine;
     }
-    if (!m_pLines->commit(pass.nVersion, pass.nGeneration, lstDone)) {
+    if (!m_pLines->commit(pass.nVersion, pass.nGeneration, lstDone, order)) {
         return false;
     }
-    send(pass, &lstResults);
+    send(pass, &lstResults, order);
     return true;
 }
 
@@ -159,9 +186,14 @@ bool CThreadHighlighter::endPass(const Pass &pass)
     return true;
 }
 
-void CThreadHighlighter::send(const Pass &pass, std::vector<HighlightResult> *pResults)
+void CThreadHighlighter::send(const Pass &pass, std::vector<HighlightResult> *pResults,
+                              CLineStore::Order order)
 {
-    m_queue.push(*pResults, [&] { return isCutShort(pass); });
+    if (order == CLineStore::First) {
+        m_queue.pushFirst(*pResults);
+    } else {
+        m_queue.push(*pResults, [&] { return isCutShort(pass); });
+    }
     if (!m_bDelivering.exchange(true)) {
         QMetaObject::invokeMethod(this, &CThreadHighlighter::deliver, Qt::QueuedConnection);
     }

@@ -1,4 +1,5 @@
 // How results reach the document, on the GUI thread.
+#include "highlight/chighlightrules.h"
 #include "highlight/cthreadhighlighter.h"
 
 #include <QElapsedTimer>
@@ -9,6 +10,23 @@ namespace {
 constexpr int nSliceMs = 8;
 constexpr int nResultsAtOnce = 64;
 
+QVector<QTextLayout::FormatRange> toFormats(const std::vector<HighlightRange> &lst)
+{
+    static const QTextCharFormat arrFormats[] = {
+        CHighlightRules::format(HighlightRole::Keyword),
+        CHighlightRules::format(HighlightRole::Comment),
+        CHighlightRules::format(HighlightRole::String),
+        CHighlightRules::format(HighlightRole::Number),
+        CHighlightRules::format(HighlightRole::Operator),
+    };
+    QVector<QTextLayout::FormatRange> lstResult;
+    lstResult.reserve(int(lst.size()));
+    for (const HighlightRange &range : lst) {
+        lstResult.append({range.nStart, range.nLength, arrFormats[int(range.role)]});
+    }
+    return lstResult;
+}
+
 } // namespace
 
 // Works for a moment and comes back from a timer, not from a posted event: posted events are
@@ -18,6 +36,9 @@ void CThreadHighlighter::deliver()
     if (m_pDocument) {
         QElapsedTimer timer;
         timer.start();
+        m_bOthersListen =
+            receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
+            > 1;
         while (!m_queue.isEmpty() && timer.elapsed() < nSliceMs) {
             deliverSome(m_queue.take(nResultsAtOnce));
         }
@@ -32,7 +53,7 @@ void CThreadHighlighter::deliverSome(const std::vector<HighlightResult> &lst)
 {
     QTextBlock block;
     int nLine = -1;
-    int nDelivered = 0;
+    int arrDelivered[] = {0, 0};
     uint nVersion = m_pDocument->version();
     bool bMarksLost = false;
     for (const HighlightResult &result : lst) {
@@ -47,16 +68,33 @@ void CThreadHighlighter::deliverSome(const std::vector<HighlightResult> &lst)
             nLine = result.nLine;
         }
         if (result.kind == HighlightResult::Syntax) {
-            block.setUserState(result.nState);
-            ++nDelivered;
-            emit blockFormatChanged(result.nVersion, block, result.lst);
+            ++arrDelivered[result.bFirst ? CLineStore::First : CLineStore::InOrder];
+            deliverSyntax(result, block);
         } else {
-            emit selectedChanged(result.nVersion, block, result.lst);
+            emit selectedChanged(result.nVersion, block, result.lstMarks);
         }
     }
-    m_pLines->confirm(nVersion, nDelivered);
+    for (const CLineStore::Order order : {CLineStore::InOrder, CLineStore::First}) {
+        m_pLines->confirm(nVersion, arrDelivered[order], order);
+    }
     if (bMarksLost) {
         repeatSelection();
+    }
+}
+
+// The document is told directly when it is the only one that listens: lists as the signal carries
+// them take several times as long, and there is one for each line.
+void CThreadHighlighter::deliverSyntax(const HighlightResult &result, const QTextBlock &block)
+{
+    if (result.bSuperseded) {
+        return;
+    }
+    QTextBlock(block).setUserState(result.nState);
+    const QVector<QTextLayout::FormatRange> lst = toFormats(result.lstRanges);
+    if (m_bOthersListen) {
+        emit blockFormatChanged(result.nVersion, block, lst.toList());
+    } else {
+        m_pDocument->setSyntaxRanges(result.nVersion, block, lst);
     }
 }
 
