@@ -74,4 +74,8 @@ bool keepsSettingsInFiles();
 // The line-ending style of new documents: 0 CR LF, 1 LF.
 int defaultReturnFormat();
 
+// Gives memory that was freed back to the system, where the C library would keep it for later. May
+// take some milliseconds: for after something large has gone.
+void returnFreedMemory();
+
 } // namespace Platform

@@ -24,6 +24,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace {
 
 // A signal handler may do little more than write: it wakes the event loop through this pair.
@@ -199,4 +203,11 @@ bool Platform::keepsSettingsInFiles()
 int Platform::defaultReturnFormat()
 {
     return 1;
+}
+
+void Platform::returnFreedMemory()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }

@@ -10,6 +10,7 @@
 
 #include <fcntl.h>
 #include <io.h>
+#include <malloc.h>
 #include <qt_windows.h>
 #include <shellapi.h>
 
@@ -142,4 +143,9 @@ bool Platform::keepsSettingsInFiles()
 int Platform::defaultReturnFormat()
 {
     return 0;
+}
+
+void Platform::returnFreedMemory()
+{
+    _heapmin();
 }

@@ -17,11 +17,13 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
 
 #include <algorithm>
 
 namespace {
 
+const int g_nLargeText = 1000 * 1000; // Characters.
 const char g_szSelectionColor[] = "#90da90";
 
 bool carriesLocalFiles(const QMimeData *pSource)
@@ -59,6 +61,9 @@ CHighlightEdit::~CHighlightEdit()
 {
     // Before the document, whose child it is: the thread reads the document's lines.
     delete m_pHighlighter;
+    // Once the document has gone, too.
+    if (m_pDocument->characterCount() > g_nLargeText && QCoreApplication::instance())
+        QTimer::singleShot(0, QCoreApplication::instance(), Platform::returnFreedMemory);
 }
 
 // Band, gutter, selection and language colours are fixed and light; the desktop's palette may be

@@ -280,6 +280,7 @@ private:
     void indentSelection(bool bOutdent);
     void indentNewLine();
     bool typePair(const QString &strTyped);
+    bool moveInRows(const QKeyEvent *pEvent);
     void applyToggle(const CommentToggle &toggle, const CommentMarkers &markers);
     void selectRange(int nStart, int nEnd, bool bCursorAtStart);
     void selectLines(const QTextBlock &first, const QTextBlock &last, bool bCursorAtStart);

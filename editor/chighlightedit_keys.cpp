@@ -2,6 +2,7 @@
 
 #include "editor/indentation.h"
 #include "editor/typedkeys.h"
+#include "highlight/ctextdocument.h"
 
 #include <QKeyEvent>
 #include <QTextBlock>
@@ -46,7 +47,7 @@ bool CHighlightEdit::zoomByKey(const QKeyEvent *pEvent)
 
 void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
 {
-    if (zoomByKey(pEvent) || runKeyCommand(pEvent) || keyAtCarets(pEvent)) {
+    if (zoomByKey(pEvent) || runKeyCommand(pEvent) || keyAtCarets(pEvent) || moveInRows(pEvent)) {
         pEvent->accept();
         return;
     }
@@ -77,6 +78,24 @@ void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
     pEvent->setAccepted(enter.isAccepted());
     if (!isReadOnly())
         indentNewLine();
+}
+
+// Lines are not wrapped, so Home and End mean the whole line, though it is shown in rows.
+bool CHighlightEdit::moveInRows(const QKeyEvent *pEvent)
+{
+    if (!m_pDocument->isInRows(textCursor().block()))
+        return false;
+    if (pEvent->matches(QKeySequence::MoveToStartOfLine))
+        moveCursor(QTextCursor::StartOfBlock);
+    else if (pEvent->matches(QKeySequence::MoveToEndOfLine))
+        moveCursor(QTextCursor::EndOfBlock);
+    else if (pEvent->matches(QKeySequence::SelectStartOfLine))
+        moveCursor(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
+    else if (pEvent->matches(QKeySequence::SelectEndOfLine))
+        moveCursor(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    else
+        return false;
+    return true;
 }
 
 bool CHighlightEdit::isSeveralLinesSelected() const

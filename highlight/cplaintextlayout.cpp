@@ -7,6 +7,9 @@ namespace {
 // What changes in a block that nobody has laid out changes nothing that is seen.
 const QRectF g_nowhere(-100, -100, 0, 0);
 
+const int g_nLongestLine = 100000;
+const int g_nRowLength = 1000;
+
 } // namespace
 
 CPlainTextLayout::CPlainTextLayout(QTextDocument *pDocument) : QPlainTextDocumentLayout(pDocument)
@@ -38,7 +41,86 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
 {
     const bool bFormatsOnly = nFrom == m_nFormatsAt && nRemoved == nAdded
         && nAdded == document()->findBlock(nFrom).length();
-    if (!bFormatsOnly) {
+    if (!bFormatsOnly && !changeRows(nFrom, nRemoved + nAdded)) {
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     }
+    m_nBlocks = document()->blockCount();
+}
+
+int CPlainTextLayout::longestLine()
+{
+    return g_nLongestLine;
+}
+
+int CPlainTextLayout::rowLength()
+{
+    return g_nRowLength;
+}
+
+bool CPlainTextLayout::isInRows(const QTextBlock &block) const
+{
+    return block.length() > g_nLongestLine
+        && document()->defaultTextOption().wrapMode() == QTextOption::NoWrap;
+}
+
+QRectF CPlainTextLayout::blockBoundingRect(const QTextBlock &block) const
+{
+    // Qt may have laid it out as one row by itself.
+    if (block.isValid() && isInRows(block) && block.layout()->lineCount() < 2) {
+        const_cast<CPlainTextLayout *>(this)->layOutInRows(block);
+    }
+    return QPlainTextDocumentLayout::blockBoundingRect(block);
+}
+
+QSizeF CPlainTextLayout::documentSize() const
+{
+    return QPlainTextDocumentLayout::documentSize().expandedTo(QSizeF(m_dWidestRow, 0));
+}
+
+// As the base class does it, but for the length of the rows. What Qt has found out about the text
+// is kept, since finding it out takes in the whole line; a row's glyphs are made when it is
+// painted.
+void CPlainTextLayout::layOutInRows(QTextBlock block)
+{
+    QTextLayout *pLayout = block.layout();
+    QTextOption option = document()->defaultTextOption();
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    pLayout->setTextOption(option);
+    pLayout->setCacheEnabled(false);
+    pLayout->beginLayout();
+    qreal dHeight = 0;
+    for (QTextLine row = pLayout->createLine(); row.isValid(); row = pLayout->createLine()) {
+        row.setLeadingIncluded(true);
+        row.setNumColumns(g_nRowLength);
+        row.setPosition(QPointF(document()->documentMargin(), dHeight));
+        dHeight += row.height();
+        m_dWidestRow =
+            qMax(m_dWidestRow, row.naturalTextWidth() + 2 * document()->documentMargin());
+    }
+    pLayout->endLayout();
+    pLayout->setCacheEnabled(true);
+    const int nRows = pLayout->lineCount();
+    if (block.lineCount() != nRows) {
+        block.setLineCount(block.isVisible() ? nRows : 0);
+        emit documentSizeChanged(documentSize());
+    }
+}
+
+// True when the change is one within a line in rows, and has been dealt with.
+bool CPlainTextLayout::changeRows(int nFrom, int nChanged)
+{
+    const QTextBlock block = document()->findBlock(nFrom);
+    if (!isInRows(block) || document()->blockCount() != m_nBlocks
+        || block != document()->findBlock(qMax(nFrom, nFrom + nChanged - 1))) {
+        return false;
+    }
+    const bool bLaidOut = block.layout()->lineCount() > 1;
+    const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : -1;
+    block.layout()->clearLayout();
+    if (blockBoundingRect(block).height() == dHeight) {
+        emit updateBlock(block);
+    } else {
+        emit update();
+    }
+    return true;
 }

@@ -8,11 +8,23 @@
 // takes each for a change of the text that reaches twice as far, and has the whole view painted
 // anew. Here just the block is laid out and painted again, and only if it was laid out at all. GUI
 // thread only.
+//
+// A very long line has no place in Qt's coordinates, which end at 33 million pixels, and would be
+// shaped from its beginning whenever a part of it is painted. Where lines are not wrapped, one of
+// more than longestLine() characters is shown in rows of rowLength() characters each; then only the
+// rows that can be seen are touched.
 class CPlainTextLayout : public QPlainTextDocumentLayout
 {
     Q_OBJECT
 public:
     explicit CPlainTextLayout(QTextDocument *pDocument);
+
+    static int longestLine();
+    static int rowLength();
+    bool isInRows(const QTextBlock &block) const;
+
+    QRectF blockBoundingRect(const QTextBlock &block) const override;
+    QSizeF documentSize() const override;
 
     void setFormats(const QTextBlock &block, const QVector<QTextLayout::FormatRange> &lstFormats);
 
@@ -20,5 +32,10 @@ protected:
     void documentChanged(int nFrom, int nRemoved, int nAdded) override;
 
 private:
+    void layOutInRows(QTextBlock block);
+    bool changeRows(int nFrom, int nChanged);
+
+    int m_nBlocks = 1; // Before the change that comes next.
+    qreal m_dWidestRow = 0;
     int m_nFormatsAt = -1; // The block whose change is one of formats alone; -1 for none.
 };

@@ -85,6 +85,11 @@ uint CTextDocument::version() const
     return m_pLines->version();
 }
 
+bool CTextDocument::isInRows(const QTextBlock &block) const
+{
+    return m_pLayout->isInRows(block);
+}
+
 void CTextDocument::onContentsChange()
 {
     m_pLines->touch();

@@ -33,6 +33,9 @@ public:
     // because that thread may outlive the document by the moment that its owner waits for it.
     std::shared_ptr<CLineStore> lines() const { return m_pLines; }
 
+    // Whether the line is shown in rows although lines are not wrapped: see CPlainTextLayout.
+    bool isInRows(const QTextBlock &block) const;
+
     // As onHighlightBlock().
     void setSyntaxRanges(uint nVer, const QTextBlock &block,
                          const QVector<QTextLayout::FormatRange> &lst);

@@ -48,6 +48,16 @@ QString CStatusLabels::message() const
 void CStatusLabels::setCursorText(const QString &strText)
 {
     m_pCursor->setText(strText);
+    fitCursorLabel();
+}
+
+// A label of a fixed size has a new text painted and nothing laid out. It only grows, so that its
+// neighbours stand still while the cursor moves.
+void CStatusLabels::fitCursorLabel()
+{
+    const QSize needed = m_pCursor->sizeHint();
+    if (m_pCursor->minimumWidth() < needed.width() || m_pCursor->minimumHeight() != needed.height())
+        m_pCursor->setFixedSize(needed.expandedTo(QSize(m_pCursor->minimumWidth(), 0)));
 }
 
 void CStatusLabels::setLanguage(const QString &strText)
@@ -71,4 +81,5 @@ void CStatusLabels::onTextFontSize(int nVal)
         QStringLiteral("QLabel{color:#444;font-size:%1px}").arg(qRound(nVal * 0.8));
     for (QLabel *pLabel : {m_pMessage, m_pCursor, m_pLanguage, m_pReturnFormat, m_pTextCodec})
         pLabel->setStyleSheet(strStyle);
+    fitCursorLabel();
 }

@@ -26,6 +26,7 @@ public slots:
     void onTextFontSize(int nVal);
 
 private:
+    void fitCursorLabel();
     QLabel *addLabel(const QString &strName, const QString &strToolTip);
 
     QStatusBar *m_pStatusBar; // The labels' owner.

@@ -108,6 +108,9 @@ void CStorm::step()
         m_editor.pHighlighter->setSelectedWord(below(2) ? "value" : "int ");
     } else if (nKind < 96) {
         m_editor.pHighlighter->rehighlight();
+    } else if (nKind < 98) {
+        const int nFirst = below(document.blockCount());
+        m_editor.pHighlighter->setVisibleLines(nFirst, nFirst + below(60));
     } else {
         QCoreApplication::processEvents();
     }

@@ -42,6 +42,10 @@ private slots:
     void destruction_inTheMiddleOfAPassIsClean_data();
     void destruction_inTheMiddleOfAPassIsClean();
     void resultsInFlight_doNotStarveTheEventLoop();
+
+    void linesThatCanBeSeen_getTheirResultsFirst();
+    void linesThatCanBeSeen_areColouredOnceAndRightly();
+    void scrolledDuringAPass_bringsItsLinesForward();
 };
 
 namespace {
@@ -460,6 +464,67 @@ void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
         QCoreApplication::processEvents();
     }
     QVERIFY2(nMost < 15000, qPrintable(QString::number(nMost)));
+}
+
+void tst_ThreadHighlighter::linesThatCanBeSeen_getTheirResultsFirst()
+{
+    HighlightedEditor editor;
+    editor.pHighlighter->setVisibleLines(15000, 15049);
+    QList<int> lstLines;
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&](uint, const QTextBlock &block) { lstLines.append(block.blockNumber()); });
+    editor.document.setPlainText(manyLines(20000));
+    QVERIFY(editor.settle());
+    QCOMPARE(lstLines.size(), 20001);
+    for (int n = 0; n < 50; ++n) {
+        QCOMPARE(lstLines.at(n), 15000 + n);
+    }
+    // Then from the first to the last.
+    for (int n = 50; n < lstLines.size(); ++n) {
+        QCOMPARE(lstLines.at(n), n < 15050 ? n - 50 : n);
+    }
+}
+
+// What they begin with is known before they are coloured: a comment that begins in the first line
+// is never shown as anything else.
+void tst_ThreadHighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
+{
+    HighlightedEditor editor;
+    const QVariantMap mapDefinition = nastyDefinitions().first();
+    editor.pHighlighter->setDefinition(mapDefinition);
+    editor.pHighlighter->setVisibleLines(9000, 9020);
+    editor.document.setPlainText("/* it begins here\n" + manyLines(10000).remove("/* text */"));
+    QHash<int, int> mapResults;
+    CHighlightRules rules(mapDefinition);
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&](uint, const QTextBlock &block) { ++mapResults[block.blockNumber()]; });
+    QTRY_VERIFY(mapResults.size() > 20);
+    for (int nLine = 9000; nLine <= 9020; ++nLine) {
+        QCOMPARE(mapResults.value(nLine), 1);
+    }
+    QVERIFY(editor.settle());
+    for (int nLine = 9000; nLine <= 9020; ++nLine) {
+        QCOMPARE(mapResults.value(nLine), 1);
+    }
+    QCOMPARE(firstDifference(editor.document, rules), QString());
+}
+
+void tst_ThreadHighlighter::scrolledDuringAPass_bringsItsLinesForward()
+{
+    HighlightedEditor editor;
+    QList<int> lstLines;
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&](uint, const QTextBlock &block) {
+                lstLines.append(block.blockNumber());
+                if (lstLines.size() == 1000) {
+                    editor.pHighlighter->setVisibleLines(55000, 55040);
+                }
+            });
+    editor.document.setPlainText(manyLines(60000));
+    QVERIFY(editor.settle());
+    QVERIFY2(lstLines.indexOf(55000) < 30000, qPrintable(QString::number(lstLines.indexOf(55000))));
+    QCOMPARE(lstLines.size(), 60001);
+    QCOMPARE(firstDifference(editor.document, CHighlightRules()), QString());
 }
 
 QTEST_MAIN(tst_ThreadHighlighter)
