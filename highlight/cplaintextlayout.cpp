@@ -41,6 +41,10 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
 {
     const bool bFormatsOnly = nFrom == m_nFormatsAt && nRemoved == nAdded
         && nAdded == document()->findBlock(nFrom).length();
+    // A text set anew has no rows of the old one.
+    if (!bFormatsOnly && nFrom == 0 && nAdded >= document()->characterCount() - 1) {
+        m_dWidestRow = 0;
+    }
     if (!bFormatsOnly && !changeRows(nFrom, nRemoved + nAdded)) {
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     }

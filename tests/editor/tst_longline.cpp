@@ -23,6 +23,7 @@ private slots:
     void scrollBar_reachesTheLastRow();
     void lineShortened_isOneRowAgain();
     void key_keepsTheRowsAndTheText();
+    void otherText_leavesNothingOfTheRowsWidth();
 
 private:
     void show(const QString &strText);
@@ -152,6 +153,15 @@ void TestLongLine::key_keepsTheRowsAndTheText()
     m_pEdit->undo();
     QCOMPARE(m_pEdit->toPlainText(), strText);
     QCOMPARE(line().layout()->lineCount(), nRows);
+}
+
+void TestLongLine::otherText_leavesNothingOfTheRowsWidth()
+{
+    show(longText(50000));
+    QVERIFY(m_pEdit->horizontalScrollBar()->maximum() > 0);
+    m_pEdit->setPlainText(QStringLiteral("short\ntext"));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_pEdit->horizontalScrollBar()->maximum(), 0);
 }
 
 QTEST_MAIN(TestLongLine)
