@@ -48,6 +48,7 @@ void showPageStates(Ui::MainWindow *pUi, const CEditWebView *pPage)
 void showHtmlStates(Ui::MainWindow *pUi, const CEditWebView *pPage)
 {
     pUi->htmlToolBar->setVisible(pPage);
+    pUi->pageToolBar->setVisible(pPage);
     enable({pUi->actionBold, pUi->actionItalic, pUi->actionUnderline, pUi->actionLeft_to_Right,
             pUi->actionRight_to_Left},
            pPage);

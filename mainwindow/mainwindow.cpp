@@ -71,6 +71,7 @@ MainWindow::MainWindow(QWidget *pParent)
     m_pPanels->start();
     m_pFindDock = new CFindDock(this, [this] { return m_pPanels->browser()->rootPath(); });
     setupHtmlToolBar();
+    setupPageToolBar();
     m_pFormats = new CFormatMenus(m_pUi.get(), m_pHighlightMgt, m_pStatus, this);
     m_pRecent = new CRecentMenu({m_pUi->actionRecent_File_1, m_pUi->actionRecent_File_2,
                                  m_pUi->actionRecent_File_3, m_pUi->actionRecent_File_4,

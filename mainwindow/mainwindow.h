@@ -21,6 +21,7 @@ class CHighlightMgt;
 class CHtmlToolBar;
 class CNoticeBar;
 class COpener;
+class CPageToolBar;
 class CPastTabs;
 class CRecentMenu;
 class CSearch;
@@ -187,6 +188,7 @@ private:
 
     // mainwindow_page.cpp
     void setupHtmlToolBar();
+    void setupPageToolBar();
     CEditWebView *shownPage() const;
 
     std::unique_ptr<Ui::MainWindow> m_pUi;
@@ -197,6 +199,7 @@ private:
     CStatusLabels *m_pStatus = nullptr;
     CWorkProgress *m_pWork = nullptr;
     CHtmlToolBar *m_pHtmlTools = nullptr;
+    CPageToolBar *m_pPageTools = nullptr;
     CFormatMenus *m_pFormats = nullptr;
     CRecentMenu *m_pRecent = nullptr;
     CSearch *m_pSearch = nullptr;

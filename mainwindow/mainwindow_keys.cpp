@@ -35,7 +35,7 @@ void MainWindow::setupShortcuts()
     addKey("Ctrl+Q", [this] { close(); });
     const auto stepPane = [this](int nBy) {
         QList<QWidget *> lstPanes = {m_pPanels->browser(), m_pPanels->preview(), m_pNotice,
-                                     m_pUi->htmlToolBar};
+                                     m_pUi->htmlToolBar, m_pUi->pageToolBar};
         if (QWidget *pFindPanel = m_pFindDock->panel())
             lstPanes.append(pFindPanel);
         if (m_pTabs->count() > 0) {

@@ -6,6 +6,7 @@
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctabwidget.h"
+#include "pageedit/cpagetoolbar.h"
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
 
@@ -29,6 +30,13 @@ void MainWindow::setupHtmlToolBar()
             [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, false); });
     connect(m_pHtmlTools, &CHtmlToolBar::backColorChosen, this,
             [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, true); });
+}
+
+void MainWindow::setupPageToolBar()
+{
+    m_pUi->pageToolBar->setIconSize(QSize(24, 24));
+    m_pPageTools = new CPageToolBar(m_pUi->pageToolBar);
+    addActions(m_pPageTools->actions());
 }
 
 // The page editor while the page itself stands in the current tab; else null.

@@ -115,6 +115,10 @@ public:
     void setCaretPlace(const CPageMerge::SPlace &place);
 
     // Editing; works on the selection.
+    // False while the caret is in a frame, or the page has nothing but frames.
+    bool isBodyEdited() const { return !m_bInSubframe && !m_bFrameset; }
+    // What is typed or done next is a step of undo of its own.
+    void endStep();
     // Runs a command with the page editable: while Control is held, it is not.
     void runEditable(const std::function<void()> &command);
     void triggerEdit(QWebPage::WebAction action);
@@ -231,7 +235,6 @@ private:
     void rememberTyped(const std::function<void()> &edit);
     bool keepTyped();
     void followTyping(const QKeyEvent *pEvent);
-    void endStep();
     void onUndoIndexChanged(int nIndex);
 
     bool pasteHarmful(const QMimeData *pData);

@@ -1,0 +1,46 @@
+#include "pageedit/pagecommands.h"
+
+#include "pageedit/cpagestep.h"
+#include "pageedit/pagelibrary.h"
+#include "web/ceditwebview.h"
+#include "web/markup.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUndoStack>
+
+namespace {
+
+QString asScript(const QVariantMap &arguments)
+{
+    const QByteArray json =
+        QJsonDocument(QJsonObject::fromVariantMap(arguments)).toJson(QJsonDocument::Compact);
+    return QStringLiteral("JSON.parse(%1)").arg(scriptString(QString::fromUtf8(json)));
+}
+
+} // namespace
+
+bool runPageCommand(CEditWebView *pPage, const QString &strName, const QVariantMap &arguments)
+{
+    if (!pPage->isBodyEdited())
+        return false;
+    static int s_nLastId = 0; // No number comes again, also when a page is loaded anew.
+    const int nId = ++s_nLastId;
+    pPage->endStep();
+    const QString strArguments =
+        QStringLiteral("%1, %2, %3")
+            .arg(QString::number(nId), scriptString(strName), asScript(arguments));
+    if (!callPageLibrary(pPage, QStringLiteral("run"), strArguments).toBool())
+        return false;
+    pPage->page()->undoStack()->push(new CPageStep(pPage, nId));
+    emit pPage->page()->contentsChanged();
+    return true;
+}
+
+QVariant askPage(const CEditWebView *pPage, const QString &strName, const QVariantMap &arguments)
+{
+    const QString strArguments =
+        QStringLiteral("%1, %2").arg(scriptString(strName), asScript(arguments));
+    const QVariant varAnswer = callPageLibrary(pPage, QStringLiteral("ask"), strArguments);
+    return QJsonDocument::fromJson(varAnswer.toString().toUtf8()).toVariant();
+}

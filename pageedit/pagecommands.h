@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QVariantMap>
+
+class CEditWebView;
+
+// Commands on the selection of a page that is edited. Each is a function of ours in scripts/*.js
+// that changes the document by itself; nothing of the page runs. What it changed is recorded node
+// by node and is one step in the page's own undo stack, between the web view's steps.
+//
+// The web view's insertHTML is of no use for this: it cuts paragraphs in two, writes styles into
+// them, and leaves empty ones.
+//
+// GUI thread only. A page whose frame holds the caret, or that consists of frames, refuses.
+
+// Runs commands.NAME with the arguments (JSON values). False when the document stayed as it was;
+// then there is no step either. Tells of the change by the page's contentsChanged().
+bool runPageCommand(CEditWebView *pPage, const QString &strName,
+                    const QVariantMap &arguments = QVariantMap());
+
+// The answer of queries.NAME; null where there is none. Changes nothing.
+QVariant askPage(const CEditWebView *pPage, const QString &strName,
+                 const QVariantMap &arguments = QVariantMap());

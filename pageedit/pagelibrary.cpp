@@ -1,0 +1,57 @@
+#include "pageedit/pagelibrary.h"
+
+#include "web/ceditwebview.h"
+
+#include <QFile>
+#include <QWebElement>
+#include <QWebFrame>
+
+// The macro works outside of namespaces alone.
+static void initScripts()
+{
+    Q_INIT_RESOURCE(pageedit);
+}
+
+namespace {
+
+// In this order: what a script uses at once stands before it.
+const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "state", "main"};
+
+constexpr char g_szKey[] = "'quillan page editing'";
+
+QString library()
+{
+    initScripts();
+    QString strText = QStringLiteral("var commands = {}, queries = {};\n");
+    for (const char *szScript : g_scripts) {
+        QFile file(QStringLiteral(":/pageedit/%1.js").arg(QLatin1String(szScript)));
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("A script of page editing is missing: %s", szScript);
+        strText += QString::fromUtf8(file.readAll());
+    }
+    return strText;
+}
+
+QString installing()
+{
+    static const QString s_strText =
+        QStringLiteral("if (!window.hasOwnProperty(%1))\n"
+                       "Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n")
+            .arg(QLatin1String(g_szKey), library());
+    return s_strText;
+}
+
+} // namespace
+
+QVariant callPageLibrary(const CEditWebView *pPage, const QString &strFunction,
+                         const QString &strArguments)
+{
+    QWebElement element = pPage->page()->mainFrame()->documentElement();
+    const QString strCall = QStringLiteral("window.hasOwnProperty(%1) ? window[%1].%2(%3) : null")
+                                .arg(QLatin1String(g_szKey), strFunction, strArguments);
+    const QVariant varAnswer = element.evaluateJavaScript(strCall);
+    if (!varAnswer.isNull())
+        return varAnswer;
+    element.evaluateJavaScript(installing());
+    return element.evaluateJavaScript(strCall);
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+class CEditWebView;
+
+// The scripts of this folder, as one object in each page that is edited. They stay in the page
+// until it is loaded anew, as its steps of undo do.
+
+// Calls a function of main.js; strArguments is script text. Invalid when that failed.
+QVariant callPageLibrary(const CEditWebView *pPage, const QString &strFunction,
+                         const QString &strArguments);

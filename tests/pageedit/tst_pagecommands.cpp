@@ -1,0 +1,151 @@
+#include "pagecases.h"
+
+#include "pageedit/pagecommands.h"
+#include "web/cpagereader.h"
+
+#include <QUndoStack>
+
+Q_DECLARE_METATYPE(SPageCase)
+
+// What each command makes of a page, case by case, and that each is one step of undo.
+// QUILLAN_PROMOTE=1 writes what came out into the files of cases; look at the difference.
+class tst_PageCommands : public CPageTest
+{
+    Q_OBJECT
+
+private:
+    void open(const SPageCase &pageCase);
+    QString shown(const SPageCase &pageCase) const;
+
+private slots:
+    void command_makesWhatAPersonWouldWrite_data();
+    void command_makesWhatAPersonWouldWrite();
+    void steps_standBetweenThoseOfTyping();
+    void undoToTheFile_clearsTheFlag();
+};
+
+namespace {
+
+bool isWhole(const SPageCase &pageCase)
+{
+    return pageCase.strBefore.startsWith(QLatin1String("<html"));
+}
+
+// The file with another result for one case.
+void promote(const SPageCase &pageCase, const QString &strAfter)
+{
+    const QString strPath =
+        QStringLiteral(QUILLAN_SOURCE_DIR "/tests/pageedit/cases/%1.txt").arg(pageCase.strFile);
+    QString strText = QString::fromUtf8(contentOf(strPath));
+    const int nCase = strText.indexOf(QStringLiteral("== %1\n").arg(pageCase.strName));
+    const QString strMark = QStringLiteral("-- after\n");
+    const int nAfter = strText.indexOf(strMark, nCase) + strMark.size();
+    int nEnd = strText.indexOf(QLatin1String("\n== "), nAfter - 1);
+    nEnd = nEnd < 0 ? strText.size() : nEnd;
+    strText.replace(nAfter, nEnd - nAfter, strAfter + QLatin1Char('\n'));
+    QFile file(strPath);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(strText.toUtf8());
+}
+
+} // namespace
+
+void tst_PageCommands::open(const SPageCase &pageCase)
+{
+    const QString strHtml = isWhole(pageCase)
+        ? pageCase.strBefore
+        : QStringLiteral("<!DOCTYPE html><html><head></head><body>%1</body></html>")
+              .arg(pageCase.strBefore);
+    set(strHtml);
+    selectMarked(m_pView);
+}
+
+QString tst_PageCommands::shown(const SPageCase &pageCase) const
+{
+    return isWhole(pageCase) ? m_pView->toHtml() : body();
+}
+
+void tst_PageCommands::command_makesWhatAPersonWouldWrite_data()
+{
+    QTest::addColumn<SPageCase>("pageCase");
+    for (const SPageCase &pageCase : allPageCases())
+        QTest::newRow(qPrintable(pageCase.strFile + QLatin1String(": ") + pageCase.strName))
+            << pageCase;
+}
+
+void tst_PageCommands::command_makesWhatAPersonWouldWrite()
+{
+    QFETCH(SPageCase, pageCase);
+    open(pageCase);
+    const QString strBefore = shown(pageCase);
+    const bool bChanged = runPageCommand(m_pView, pageCase.strCommand, pageCase.arguments);
+    const QString strAfter = shown(pageCase);
+    QCOMPARE(bChanged, strAfter != strBefore);
+    QCOMPARE(m_pView->page()->undoStack()->count(), bChanged ? 1 : 0);
+    if (bChanged) {
+        m_pView->triggerEdit(QWebPage::Undo);
+        QCOMPARE(shown(pageCase), strBefore);
+        m_pView->triggerEdit(QWebPage::Redo);
+        QCOMPARE(shown(pageCase), strAfter);
+    }
+    markSelected(m_pView);
+    const QString strMarked = shown(pageCase);
+    if (qEnvironmentVariableIsSet("QUILLAN_PROMOTE") && strMarked != pageCase.strAfter) {
+        promote(pageCase, strMarked);
+        return;
+    }
+    const bool bMarks = pageCase.strAfter != withoutMarks(pageCase.strAfter);
+    QCOMPARE(bMarks ? strMarked : strAfter, pageCase.strAfter);
+}
+
+void tst_PageCommands::steps_standBetweenThoseOfTyping()
+{
+    set(QStringLiteral("<p>one</p>"));
+    m_pView->setFocus();
+    run(m_pView,
+        QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, 3)"));
+    QStringList lstStates {body()};
+    const auto type = [&](const QString &strText) {
+        QTest::keyClicks(m_pView, strText);
+        lstStates.append(body());
+    };
+    const auto style = [&](const char *szStyle) {
+        QVERIFY(runPageCommand(m_pView, QStringLiteral("style"),
+                               {{QStringLiteral("style"), QLatin1String(szStyle)}}));
+        lstStates.append(body());
+    };
+    type(QStringLiteral("a"));
+    style("h2");
+    type(QStringLiteral("b"));
+    style("blockquote");
+    style("p");
+    type(QStringLiteral("c"));
+    QCOMPARE(lstStates.constLast(), QStringLiteral("<p>oneabc</p>"));
+    for (int nRound = 0; nRound < 2; ++nRound) {
+        for (int n = lstStates.size() - 2; n >= 0; --n) {
+            m_pView->triggerEdit(QWebPage::Undo);
+            QCOMPARE(body(), lstStates.at(n));
+        }
+        for (int n = 1; n < lstStates.size(); ++n) {
+            m_pView->triggerEdit(QWebPage::Redo);
+            QCOMPARE(body(), lstStates.at(n));
+        }
+    }
+}
+
+void tst_PageCommands::undoToTheFile_clearsTheFlag()
+{
+    set(QStringLiteral("<p>one</p>"));
+    followChanges(m_pView);
+    selectElement(m_pView, QStringLiteral("p"));
+    QVERIFY(runPageCommand(m_pView, QStringLiteral("style"),
+                           {{QStringLiteral("style"), QStringLiteral("h1")}}));
+    QVERIFY(m_pView->isModified());
+    m_pView->triggerEdit(QWebPage::Undo);
+    QVERIFY(!m_pView->isModified());
+    m_pView->triggerEdit(QWebPage::Redo);
+    QVERIFY(m_pView->isModified());
+}
+
+QTEST_MAIN(tst_PageCommands)
+#include "tst_pagecommands.moc"
