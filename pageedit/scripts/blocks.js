@@ -1,42 +1,154 @@
 // Styles of paragraphs.
 
-function isPlainBlock(n) { return /^(li|td|th|dd|dt|figcaption|caption|summary)$/.test(tag(n)); }
+// Blocks that hold bare text as a paragraph of its own.
+function isPlainBlock(n) { return /^(li|td|th|dd|dt|figcaption|caption|summary|legend)$/.test(tag(n)); }
 
 // "p", "h1" … "h6", "pre", "blockquote".
 function styleOf(u) {
     var t = tag(u.element);
     if (/^(h[1-6]|pre)$/.test(t))
         return t;
-    return closestTag(u.parent, { blockquote: true }) ? 'blockquote' : 'p';
+    return closestTag(u.element || u.parent, { blockquote: true }) ? 'blockquote' : 'p';
 }
 
-// The element out of the quotation around it, which is cut in two where it stood in the middle.
-function liftOut(e, around) {
-    if (e.nextSibling)
-        splitBefore(around, e.nextSibling);
-    after(around, e);
-    [around, e.nextSibling].forEach(function(part) {
-        if (part && tag(part) == tag(around) && !kids(part).some(function(k) { return !isBlank(k); }))
-            remove(part);
+function isAlone(n) { return !previousOf(n) && !nextOf(n); }
+
+// Out of an element, which is cut in two where the node stood in the middle.
+function liftOut(n, around) {
+    var line = lineAt(around) || lineAt(n), second = null;
+    if (n.nextSibling)
+        second = splitBefore(around, n.nextSibling);
+    after(around, n);
+    insertLine(line, n.parentNode, n);
+    if (second && isEmpty(second))
+        remove(second);
+    else if (second)
+        insertLine(line, n.parentNode, second);
+    if (isEmpty(around))
+        removeLine(around);
+}
+
+function textsIn(e) {
+    var texts = [], n;
+    for (n = e; n; n = nextNode(n, e))
+        if (isText(n))
+            texts.push(n);
+    return texts;
+}
+
+function collapsed(text, lineStart) {
+    return text.replace(/[ \t\r\n\f]+/g, ' ').replace(/^ /, lineStart ? '' : ' ');
+}
+
+// What a browser shows of the text becomes what stands in it.
+function intoPre(e) {
+    var lineStart = true, n, next, shown;
+    if (isEmpty(e))
+        return rename(e, 'pre');
+    for (n = e.firstChild; n; n = next) {
+        next = nextNode(n, e);
+        if (isText(n)) {
+            shown = collapsed(n.data, lineStart);
+            if (shown != n.data)
+                setData(n, shown, function(text) { return collapsed(text, lineStart); });
+            lineStart = shown ? / $/.test(shown) : lineStart;
+        } else if (tag(n) == 'br') {
+            lineStart = true;
+            before(n, makeText('\n'));
+            remove(n);
+        }
+    }
+    return rename(e, 'pre');
+}
+
+function withoutStart(text) { return text.replace(/^\n[ \t]*/, ''); }
+
+function outOfPre(e, name) {
+    textsIn(e).forEach(function(t) {
+        var at;
+        while ((at = t.data.indexOf('\n')) >= 0) {
+            t = cut(t, at);
+            before(t, make('br'));
+            setData(t, withoutStart(t.data), withoutStart);
+        }
+        if (!t.data && t.parentNode)
+            remove(t);
+    });
+    var e2 = rename(e, name);
+    if (tag(e2.lastChild) == 'br' && !isEmpty(e2))
+        remove(e2.lastChild);
+    return e2;
+}
+
+function convert(u, name) {
+    var e = asElement(u, name);
+    if (tag(e) == name)
+        return e;
+    if (name == 'pre')
+        u.element = intoPre(e);
+    else if (tag(e) == 'pre')
+        u.element = outOfPre(e, name);
+    else
+        u.element = rename(e, name);
+    return u.element;
+}
+
+function setParagraph(u) {
+    if (!u.element && isPlainBlock(u.parent) && styleOf(u) == 'p')
+        return;
+    var e = convert(u, 'p'), quote = closestTag(e.parentNode, { blockquote: true });
+    if (quote && e.parentNode == quote)
+        liftOut(e, quote);
+    else if (isPlainBlock(e.parentNode) && isAlone(e) && !e.attributes.length && !isEmpty(e))
+        unwrap(e);
+}
+
+function setQuotation(units) {
+    var paragraphs = units.filter(function(u) { return styleOf(u) != 'blockquote'; })
+                         .map(function(u) {
+                             return closestTag(u.parent, { blockquote: true }) && u.element
+                                 ? (convert(u, 'p'), null) : convert(u, 'p');
+                         })
+                         .filter(function(e) { return e; });
+    var present = units.map(function(u) {
+        return closestTag(u.parent, { blockquote: true });
+    });
+    groupsOf(paragraphs).forEach(function(group) {
+        var quote = wrapLines(group, make('blockquote'));
+        var next = nextOf(quote), previous = previousOf(quote);
+        present.push(quote);
+        if (next && present.indexOf(next) >= 0)
+            joinInto(next, quote);
+        if (previous && present.indexOf(previous) >= 0)
+            joinInto(quote, previous);
     });
 }
 
-function setOneStyle(u, style) {
-    var quote = tag(u.parent) == 'blockquote' ? u.parent : null;
-    if (styleOf(u) == style)
-        return;
-    if (!u.element && style == 'p' && isPlainBlock(u.parent))
-        return;
-    var e = asElement(u);
-    if (tag(e) != style)
-        e = u.element = rename(e, style);
-    if (style == 'p' && quote)
-        liftOut(e, quote);
+// Lines of preformatted text are one text.
+function setPreformatted(units) {
+    var texts = units.map(function(u) { return convert(u, 'pre'); });
+    groupsOf(texts).forEach(function(group) {
+        var e = group[0];
+        group.slice(1).forEach(function(n) {
+            if (tag(n) == 'pre') {
+                e.appendChild(makeText('\n'));
+                moveAll(kids(n), e);
+            }
+            remove(n);
+        });
+    });
 }
 
 commands.style = function(args) {
     var units = selectedUnits();
     keepSelection(function() {
-        units.forEach(function(u) { setOneStyle(u, args.style); });
+        if (args.style == 'blockquote')
+            setQuotation(units);
+        else if (args.style == 'pre')
+            setPreformatted(units);
+        else if (args.style == 'p')
+            units.forEach(setParagraph);
+        else
+            units.forEach(function(u) { convert(u, args.style); });
     });
 };

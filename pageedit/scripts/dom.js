@@ -48,7 +48,7 @@ function hasBlock(n) { return kids(n).some(function(k) { return isBlock(k) || ha
 // The nearest of a node and its ancestors that the test holds for; null outside the body.
 function closest(n, test) {
     var b = body();
-    for (; n && b && b.contains(n); n = n.parentNode)
+    for (; n && n != b; n = n.parentNode)
         if (isElement(n) && test(n))
             return n;
     return null;
@@ -109,19 +109,134 @@ function splitBefore(e, child) {
     return second;
 }
 
-// The style of an element without what stands for nothing.
-function setStyle(e, property, value) {
-    if (value)
-        e.style.setProperty(property, value);
-    else
-        e.style.removeProperty(property);
-    if (!e.getAttribute('style'))
-        e.removeAttribute('style');
+// Attributes are changed by these alone: they tell the recorder, which keeps their order.
+function setAttribute(e, name, value) {
+    touch(e);
+    if (!value)
+        e.removeAttribute(name);
+    else if (e.getAttribute(name) !== value)
+        e.setAttribute(name, value);
 }
 
-// The line end and indentation that the page has before this node; '' where it is not on a line of
-// its own.
-function lineBefore(n) {
+// One property of a style attribute; the others stay as they are written. '' takes it away.
+function setStyle(e, property, value) {
+    var text = e.getAttribute('style') || '', found = false;
+    var parts = (text.match(/(?:[^;"'(]|"[^"]*"|'[^']*'|\([^)]*\))+/g) || []).map(function(part) {
+        if (part.split(':')[0].trim().toLowerCase() != property)
+            return part.trim();
+        var again = found;
+        found = true;
+        return value && !again ? property + ': ' + value : '';
+    });
+    if (value && !found)
+        parts.push(property + ': ' + value);
+    parts = parts.filter(function(part) { return part; });
+    setAttribute(e, 'style', parts.join('; ') + (parts.length && /;\s*$/.test(text) ? ';' : ''));
+}
+
+// The line end and indentation that the page has around a node; '' where it is not on a line of its
+// own.
+function lineAt(n) {
     var t = n.previousSibling, m = isText(t) && /(\r?\n[ \t]*)$/.exec(t.data);
+    if (!m) {
+        t = n.nextSibling;
+        m = isText(t) && /^(\r?\n[ \t]*)/.exec(t.data);
+    }
     return m ? m[1] : '';
+}
+
+function insertLine(line, parent, next) {
+    if (line)
+        parent.insertBefore(makeText(line), next || null);
+}
+
+function isNothing(n) { return isBlank(n) || isComment(n); }
+
+// The neighbour behind blanks and comments.
+function nextOf(n) {
+    for (n = n.nextSibling; n && isNothing(n); n = n.nextSibling) {}
+    return n;
+}
+
+function previousOf(n) {
+    for (n = n.previousSibling; n && isNothing(n); n = n.previousSibling) {}
+    return n;
+}
+
+// Nothing to be seen but the line break that keeps an empty paragraph open.
+function isEmpty(e) {
+    return kids(e).every(function(n) {
+        return isNothing(n) || tag(n) == 'br' || (isElement(n) && !isBlock(n) && n.firstChild && isEmpty(n));
+    });
+}
+
+// An element without what it was on its line for.
+function removeLine(n) {
+    var t = n.previousSibling;
+    if (isBlank(t) && /\n/.test(t.data))
+        remove(t);
+    remove(n);
+}
+
+// Without the line end that a text has at its end.
+function trimEnd(t) {
+    var m = isText(t) && /[ \t]*\r?\n[ \t]*$/.exec(t.data);
+    if (m && m.index > 0)
+        t.deleteData(m.index, m[0].length);
+}
+
+// Siblings, with blanks between them, in groups of those that stand together; with the blanks.
+function groupsOf(nodes) {
+    var groups = [], n, between;
+    nodes.forEach(function(node) {
+        var group = groups[groups.length - 1];
+        between = [];
+        for (n = group && group[group.length - 1].nextSibling; n && n != node && isNothing(n);
+             n = n.nextSibling)
+            between.push(n);
+        if (group && n == node)
+            groups[groups.length - 1] = group.concat(between, [node]);
+        else
+            groups.push([node]);
+    });
+    return groups;
+}
+
+// Siblings that stand on lines into an element that stands on lines.
+function wrapLines(nodes, e) {
+    var line = lineAt(nodes[0]);
+    wrap(nodes, e);
+    insertLine(line, e, e.firstChild);
+    insertLine(line, e);
+    return e;
+}
+
+// The content of a sibling behind that of the one before it.
+function joinInto(second, e) {
+    var n = e.nextSibling, next;
+    for (; n != second; n = next) {
+        next = n.nextSibling;
+        remove(n);
+    }
+    if (isBlank(e.lastChild))
+        remove(e.lastChild);
+    moveAll(kids(second), e);
+    remove(second);
+}
+
+// Something that is a block out of the text and paragraphs it stands in, which it cuts in two.
+function hoist(e) {
+    var p = e.parentNode, second, line;
+    for (; !isBlock(p) || isParagraph(p); p = e.parentNode) {
+        line = lineAt(p);
+        second = e.nextSibling ? splitBefore(p, e.nextSibling) : null;
+        after(p, e);
+        insertLine(line, e.parentNode, e);
+        if (second && isEmpty(second))
+            remove(second);
+        else if (second)
+            insertLine(line, e.parentNode, second);
+        if (isEmpty(p))
+            removeLine(p);
+    }
 }

@@ -1,42 +1,74 @@
-// The selection while a command moves nodes about: the nodes stay the same, so a place within text
-// stays true; a place between nodes is held by the node that follows.
+// The selection while a command moves nodes about. The nodes stay the same, so a place within text
+// stays true; a place between nodes is held by the node beside it.
+
+var held = []; // Both ends of the selection while keepSelection() works.
+
+function indexOf(n) { return [].indexOf.call(n.parentNode.childNodes, n); }
+
+function hold(node, offset) {
+    var next = isElement(node) && node.childNodes[offset];
+    var last = isElement(node) && offset > 0 && node.childNodes[offset - 1];
+    if (next && !isBlock(next))
+        return { next: next };
+    if (last && !isBlock(last))
+        return { last: last };
+    return { node: node, offset: offset };
+}
+
+// Where a held place is now; null when its node is gone.
+function placeOf(h) {
+    var n = h.next || h.last || h.node;
+    if (!body().contains(n))
+        return null;
+    if (h.next)
+        return [n.parentNode, indexOf(n)];
+    if (h.last)
+        return [n.parentNode, indexOf(n) + 1];
+    return [n, Math.min(h.offset, isText(n) ? n.data.length : n.childNodes.length)];
+}
 
 function keepSelection(change) {
-    var s = getSelection(), place = selectionNow();
-    if (!place) {
-        change();
-        return;
-    }
-    function held(node, offset) {
-        if (isElement(node) && node.childNodes[offset] && !isBlock(node.childNodes[offset]))
-            return { next: node.childNodes[offset] };
-        if (isElement(node) && offset > 0 && !isBlock(node.childNodes[offset - 1]))
-            return { last: node.childNodes[offset - 1] };
-        return { node: node, offset: offset };
-    }
-    function index(n) { return [].indexOf.call(n.parentNode.childNodes, n); }
-    function place1(h) {
-        var n = h.next || h.last || h.node;
-        if (!body().contains(n))
-            return null;
-        if (h.next)
-            return [n.parentNode, index(n)];
-        if (h.last)
-            return [n.parentNode, index(n) + 1];
-        return [n, Math.min(h.offset, isText(n) ? n.data.length : n.childNodes.length)];
-    }
-    var a = held(place[0], place[1]), f = held(place[2], place[3]);
+    var s = getSelection(), r = s.rangeCount ? s.getRangeAt(0) : null, from, to;
+    held = r ? [hold(r.startContainer, r.startOffset), hold(r.endContainer, r.endOffset)] : [];
     change();
-    var from = place1(a), to = place1(f);
+    from = r && placeOf(held[0]);
+    to = r && placeOf(held[1]);
+    held = [];
     if (from && to)
         select(from.concat(to));
     else if (from || to)
-        s.collapse((from || to)[0], (from || to)[1]);
+        select((from || to).concat(from || to));
 }
 
+// Cuts a text in two and returns the second.
+function cut(text, at) {
+    var second = text.splitText(at);
+    held.forEach(function(h) {
+        if (h.node == text && (h.offset > at || (h.offset == at && h == held[0]))) {
+            h.node = second;
+            h.offset -= at;
+        }
+    });
+    return second;
+}
+
+// Other text in a text node; changed() gives the same for what stands before a held place.
+function setData(text, data, changed) {
+    held.forEach(function(h) {
+        if (h.node == text)
+            h.offset = changed(text.data.slice(0, h.offset)).length;
+    });
+    text.data = data;
+}
+
+function caretAt(node, offset) { select([node, offset, node, offset]); }
+
+// Into the first text of an element.
 function caretInto(e) {
     var n = e;
     while (n.firstChild && tag(n.firstChild) != 'br')
         n = n.firstChild;
-    getSelection().collapse(n, 0);
+    caretAt(n, 0);
 }
+
+function caretBehind(n) { caretAt(n.parentNode, indexOf(n) + 1); }

@@ -1,5 +1,7 @@
 // What the tool bar shows, in one answer.
 
+var mostLeaves = 2000; // Of a larger selection, the beginning tells.
+
 // The value that all have in common, '' where they differ or there is none.
 function common(list, value) {
     var values = list.map(value);
@@ -7,6 +9,29 @@ function common(list, value) {
 }
 
 queries.state = function() {
-    var units = selectedUnits();
-    return { editable: units.length > 0, style: common(units, styleOf) };
+    var units = selectedUnits(mostLeaves), r = selectedRange();
+    var texts = r ? leavesOf(r, mostLeaves).filter(function(n) {
+        return r.collapsed || (isText(n) && isUnitLeaf(n, 2));
+    }) : [];
+    if (r && r.collapsed)
+        texts = [r.startContainer];
+    function marked(name) { return texts.length ? markState(texts, markTags[name]) : 'off'; }
+    function element(u) { return u.element || u.parent; }
+    return {
+        editable: units.length > 0,
+        caret: !!r && r.collapsed,
+        style: common(units, styleOf),
+        list: common(units, listTypeOf),
+        align: common(units, function(u) { return alignmentOf(element(u)); }),
+        marks: { s: marked('s'), sup: marked('sup'), sub: marked('sub'), code: marked('code') },
+        link: !!r && (r.collapsed ? !!closest(r.startContainer, isLink)
+                                  : texts.some(function(n) { return closest(n, isLink); })),
+        indent: units.some(function(u) {
+            var item = itemOf(u), above = item && previousOf(item);
+            return !item || (above && tag(above) == 'li');
+        }),
+        outdent: units.some(function(u) {
+            return itemOf(u) || ownIndent(u) > 0 || styleOf(u) == 'blockquote';
+        })
+    };
 };

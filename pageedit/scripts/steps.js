@@ -3,6 +3,7 @@
 
 var steps = {}; // By the number that the caller chose.
 var recorder = null; // While a command runs.
+var touched = []; // Elements with the order of their attributes, of the command that runs.
 var watched = { subtree: true, childList: true, attributes: true, attributeOldValue: true,
                 characterData: true, characterDataOldValue: true };
 
@@ -27,27 +28,56 @@ function watch(node) {
         recorder.observe(node, watched);
 }
 
-// True when the document was changed; then undoStep(id) and redoStep(id) go back and forth.
+// An element whose attributes are about to change: a removed one comes back at the end.
+function touch(e) {
+    if (recorder && !touched.some(function(t) { return t.element == e; }))
+        touched.push({ element: e, before: attributeNames(e) });
+}
+
+function attributeNames(e) {
+    return [].map.call(e.attributes, function(a) { return a.name; });
+}
+
+function orderAttributes(e, names) {
+    if (attributeNames(e).join(' ') == names.join(' '))
+        return;
+    var values = names.map(function(name) { return e.getAttribute(name); });
+    names.forEach(function(name) { e.removeAttribute(name); });
+    names.forEach(function(name, n) { e.setAttribute(name, values[n]); });
+}
+
+// True when the document was changed; then undoStep(id) and redoStep(id) go back and forth. A change
+// that fails half-way is taken back.
 function record(id, change) {
-    var before = selectionNow(), records = [];
+    var before = selectionNow(), error = null, records;
+    touched = [];
     recorder = new MutationObserver(function() {});
     recorder.observe(document, watched);
     try {
         change();
-    } finally {
-        records = recorder.takeRecords();
-        recorder.disconnect();
-        recorder = null;
+    } catch (e) {
+        error = e;
     }
-    if (!records.length)
-        return false;
-    var changes = records.map(function(r) {
-        return { type: r.type, target: r.target, name: r.attributeName, other: r.oldValue,
-                 added: [].slice.call(r.addedNodes), removed: [].slice.call(r.removedNodes),
-                 next: r.nextSibling };
-    });
-    steps[id] = { changes: changes, before: before, after: selectionNow() };
-    return true;
+    records = recorder.takeRecords();
+    recorder.disconnect();
+    recorder = null;
+    if (records.length) {
+        touched.forEach(function(t) { t.after = attributeNames(t.element); });
+        steps[id] = { changes: records.map(asChange), touched: touched, before: before,
+                      after: selectionNow() };
+    }
+    if (error) {
+        undoStep(id);
+        delete steps[id];
+        throw error;
+    }
+    return records.length > 0;
+}
+
+function asChange(r) {
+    return { type: r.type, target: r.target, name: r.attributeName, other: r.oldValue,
+             added: [].slice.call(r.addedNodes), removed: [].slice.call(r.removedNodes),
+             next: r.nextSibling };
 }
 
 function insertAll(nodes, parent, next) {
@@ -90,6 +120,7 @@ function undoStep(id) {
         removeAll(c.added, c.target);
         insertAll(c.removed, c.target, c.next);
     }
+    step.touched.forEach(function(t) { orderAttributes(t.element, t.before); });
     select(step.before);
     return true;
 }
@@ -106,6 +137,7 @@ function redoStep(id) {
         removeAll(c.removed, c.target);
         insertAll(c.added, c.target, c.next);
     });
+    step.touched.forEach(function(t) { orderAttributes(t.element, t.after); });
     select(step.after);
     return true;
 }

@@ -29,7 +29,7 @@ function nodeAt(container, offset) {
 
 // Text nodes and empty elements of the range, of which at least a character is in it; for a caret
 // the one it stands in or before.
-function leavesOf(r) {
+function leavesOf(r, most) {
     var leaves = [], n, top = r.commonAncestorContainer;
     if (r.collapsed) {
         n = nodeAt(r.startContainer, r.startOffset);
@@ -39,10 +39,17 @@ function leavesOf(r) {
     }
     if (isText(top))
         return [top];
-    for (n = top.firstChild; n; n = nextNode(n, top)) {
-        var outside = !r.intersectsNode(n) || (n == r.endContainer && r.endOffset == 0)
-            || (isText(n) && n == r.startContainer && r.startOffset == n.data.length);
-        if (isLeaf(n) && !outside)
+    var probe = inDocument('createRange');
+    for (n = top.firstChild; n && !(leaves.length > most); n = nextNode(n, top)) {
+        if (!isLeaf(n))
+            continue;
+        if (isText(n))
+            probe.selectNodeContents(n);
+        else
+            probe.selectNode(n);
+        // The web view's intersectsNode() counts neighbours that are only touched.
+        if (r.compareBoundaryPoints(Range.START_TO_END, probe) > 0
+            && r.compareBoundaryPoints(Range.END_TO_START, probe) < 0)
             leaves.push(n);
     }
     return leaves;
@@ -66,7 +73,6 @@ function runAround(n) {
             if (tag(k) == 'br')
                 break;
         }
-    function isNothing(n) { return isBlank(n) || isComment(n); }
     while (nodes.length > 1 && isNothing(nodes[0]))
         nodes.shift();
     while (nodes.length > 1 && isNothing(nodes[nodes.length - 1]))
@@ -102,23 +108,47 @@ function isUnitLeaf(n, count) {
     return true;
 }
 
-function selectedUnits() {
+function isSameUnit(a, b) {
+    return a.element ? a.element == b.element
+                     : !b.element && a.parent == b.parent && a.nodes[0] == b.nodes[0];
+}
+
+// Of the first leaves only where the number is limited.
+function selectedUnits(most) {
     var r = selectedRange(), units = [];
     if (!r)
         return units;
-    var leaves = leavesOf(r);
+    var leaves = leavesOf(r, most);
     leaves.forEach(function(leaf) {
-        if (!isUnitLeaf(leaf, leaves.length))
+        var last = units[units.length - 1];
+        if (!isUnitLeaf(leaf, leaves.length) || (last && last.element && last.element.contains(leaf)))
             return;
         var u = unitOf(leaf);
-        var known = units.some(function(k) {
-            return u.element ? k.element == u.element
-                             : !k.element && k.parent == u.parent && k.nodes[0] == u.nodes[0];
-        });
-        if (!known)
+        if (!last || !isSameUnit(last, u))
             units.push(u);
     });
     return units;
+}
+
+// A run of bare text into a block. Line breaks at its ends have done their work; line ends of the
+// source stay outside.
+function wrapRun(nodes, e) {
+    var t = nodes[0], m = isText(t) && /^[ \t]*\r?\n[ \t]*/.exec(t.data);
+    if (m && m[0].length < t.data.length)
+        nodes[0] = cut(t, m[0].length);
+    wrap(nodes, e);
+    var br = previousOf(e), line = m && m[0];
+    if (tag(br) == 'br')
+        remove(br);
+    if (tag(e.lastChild) == 'br' && !isEmpty(e))
+        remove(e.lastChild);
+    t = e.lastChild;
+    if (isText(t))
+        trimEnd(t);
+    br = nextOf(e);
+    if (tag(br) == 'br' && !isBlank(br.nextSibling) && isEmpty(e) == false && br.previousSibling == e)
+        remove(br);
+    return line;
 }
 
 // A unit as an element of its own: bare text gets a paragraph around it. The line break that ended
@@ -126,17 +156,18 @@ function selectedUnits() {
 function asElement(u, name) {
     if (u.element)
         return u.element;
-    var e = make(name || 'p'), last;
+    var e = make(name || 'p');
     if (!u.nodes.length) {
         u.parent.appendChild(e);
         e.appendChild(make('br'));
-        if (getSelection().anchorNode == u.parent)
-            getSelection().collapse(e, 0);
+        held.forEach(function(h) {
+            if (h.node == u.parent) {
+                h.node = e;
+                h.offset = 0;
+            }
+        });
     } else {
-        wrap(u.nodes, e);
-        last = e.lastChild;
-        if (tag(last) == 'br' && e.childNodes.length > 1)
-            remove(last);
+        wrapRun(u.nodes, e);
     }
     u.element = e;
     u.nodes = kids(e);

@@ -74,27 +74,49 @@ inline QString withoutMarks(QString strHtml)
     return strHtml.remove(QLatin1Char('[')).remove(QLatin1Char(']')).remove(QLatin1Char('|'));
 }
 
-// Takes the marks out of the page and selects what they mark.
-inline void selectMarked(CEditWebView *pPage)
+// Where the marks stand in the page, as script text; takes them out of it.
+inline QString takeMarks(CEditWebView *pPage)
+{
+    return run(pPage,
+               QStringLiteral(
+                   "(function() {"
+                   "  function path(n) {"
+                   "    for (var p = []; n != document.body; n = n.parentNode)"
+                   "      p.unshift([].indexOf.call(n.parentNode.childNodes, n));"
+                   "    return p;"
+                   "  }"
+                   "  function find(mark) {"
+                   "    var w = document.createTreeWalker(document.body, 4, null, false), n, i, k;"
+                   "    while (n = w.nextNode()) {"
+                   "      i = n.data.indexOf(mark);"
+                   "      if (i < 0) continue;"
+                   "      n.deleteData(i, 1);"
+                   "      if (n.data) return [n, i];"
+                   "      k = [].indexOf.call(n.parentNode.childNodes, n);"
+                   "      w = n.parentNode;"
+                   "      w.removeChild(n);"
+                   "      return [w, k];"
+                   "    }"
+                   "    return null;"
+                   "  }"
+                   "  var a = find('['), b = find(a ? ']' : '|');"
+                   "  a = a || b;"
+                   "  return JSON.stringify(a ? [path(a[0]), a[1], path(b[0]), b[1]] : null);"
+                   "})()"))
+        .toString();
+}
+
+inline void selectPlaces(CEditWebView *pPage, const QString &strPlaces)
 {
     run(pPage,
-        QStringLiteral("(function() {"
-                       "  function find(mark) {"
-                       "    var w = document.createTreeWalker(document.body, 4, null, false), n;"
-                       "    while (n = w.nextNode()) {"
-                       "      var i = n.data.indexOf(mark);"
-                       "      if (i < 0) continue;"
-                       "      n.deleteData(i, 1);"
-                       "      if (n.data) return [n, i];"
-                       "      var p = n.parentNode, k = [].indexOf.call(p.childNodes, n);"
-                       "      p.removeChild(n);"
-                       "      return [p, k];"
-                       "    }"
+        QStringLiteral("(function(p) {"
+                       "  function at(path) {"
+                       "    return path.reduce(function(n, i) { return n.childNodes[i]; }, "
+                       "                       document.body);"
                        "  }"
-                       "  var a = find('['), b = find(']') || find('|'), s = getSelection();"
-                       "  if (a) s.setBaseAndExtent(a[0], a[1], b[0], b[1]); else if (b) "
-                       "s.collapse(b[0], b[1]);"
-                       "})()"));
+                       "  if (p) getSelection().setBaseAndExtent(at(p[0]), p[1], at(p[2]), p[3]);"
+                       "})(%1)")
+            .arg(strPlaces));
 }
 
 // Puts the marks of the selection into the page.

@@ -1,4 +1,5 @@
 #include "pagecases.h"
+#include "web/realpages.h"
 
 #include "pageedit/pagecommands.h"
 #include "web/cpagereader.h"
@@ -14,8 +15,11 @@ class tst_PageCommands : public CPageTest
     Q_OBJECT
 
 private:
+    QString m_strSource; // As the page was loaded.
+    CPageReader m_reader;
     void open(const SPageCase &pageCase);
     QString shown(const SPageCase &pageCase) const;
+    void checkSaving(const QString &strBefore);
 
 private slots:
     void command_makesWhatAPersonWouldWrite_data();
@@ -56,13 +60,28 @@ void tst_PageCommands::open(const SPageCase &pageCase)
         ? pageCase.strBefore
         : QStringLiteral("<!DOCTYPE html><html><head></head><body>%1</body></html>")
               .arg(pageCase.strBefore);
+    m_strSource = withoutMarks(strHtml);
     set(strHtml);
-    selectMarked(m_pView);
+    const QString strPlaces = takeMarks(m_pView);
+    set(m_strSource);
+    selectPlaces(m_pView, strPlaces);
 }
 
 QString tst_PageCommands::shown(const SPageCase &pageCase) const
 {
     return isWhole(pageCase) ? m_pView->toHtml() : body();
+}
+
+// What is saved reads back as the page that is shown, and has no other line changed than the command
+// itself changed.
+void tst_PageCommands::checkSaving(const QString &strBefore)
+{
+    const QString strShown = m_pView->toHtml();
+    const QString strSource = asLines(m_strSource);
+    const QString strSaved = QString::fromUtf8(m_pView->htmlForSaving());
+    QCOMPARE(comparablePage(m_reader.serialised(strSaved)), comparablePage(strShown));
+    QVERIFY2(changedLines(strSource, asLines(strSaved)) <= changedLines(strBefore, strShown),
+             qPrintable(strSaved));
 }
 
 void tst_PageCommands::command_makesWhatAPersonWouldWrite_data()
@@ -77,6 +96,7 @@ void tst_PageCommands::command_makesWhatAPersonWouldWrite()
 {
     QFETCH(SPageCase, pageCase);
     open(pageCase);
+    const QString strSource = m_pView->toHtml();
     const QString strBefore = shown(pageCase);
     const bool bChanged = runPageCommand(m_pView, pageCase.strCommand, pageCase.arguments);
     const QString strAfter = shown(pageCase);
@@ -88,6 +108,7 @@ void tst_PageCommands::command_makesWhatAPersonWouldWrite()
         m_pView->triggerEdit(QWebPage::Redo);
         QCOMPARE(shown(pageCase), strAfter);
     }
+    checkSaving(strSource);
     markSelected(m_pView);
     const QString strMarked = shown(pageCase);
     if (qEnvironmentVariableIsSet("QUILLAN_PROMOTE") && strMarked != pageCase.strAfter) {

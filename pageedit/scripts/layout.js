@@ -1,0 +1,118 @@
+// Alignment and indentation of paragraphs, and what stands between them.
+
+// The element whose style is that of the unit: its own, or the cell or item that it fills.
+function styledElement(u) {
+    if (u.element)
+        return u.element;
+    if (isPlainBlock(u.parent) && !hasBlock(u.parent) && !u.parent.querySelector('br'))
+        return u.parent;
+    return asElement(u);
+}
+
+function computed(e, property) { return getComputedStyle(e).getPropertyValue(property); }
+
+// "left", "center", "right", "justify".
+function alignmentOf(e) {
+    var value = computed(e, 'text-align').replace('-webkit-', '');
+    if (/^(left|right|center|justify)$/.test(value))
+        return value;
+    return (computed(e, 'direction') == 'rtl') == (value == 'end') ? 'left' : 'right';
+}
+
+commands.align = function(args) {
+    var units = selectedUnits();
+    keepSelection(function() {
+        units.forEach(function(u) {
+            var e = styledElement(u);
+            if (alignmentOf(e) == args.align)
+                return;
+            setAttribute(e, 'align', '');
+            setStyle(e, 'text-align', '');
+            if (alignmentOf(e) != args.align)
+                setStyle(e, 'text-align', args.align);
+        });
+    });
+};
+
+function indentProperty(e) {
+    return computed(e, 'direction') == 'rtl' ? 'margin-right' : 'margin-left';
+}
+
+function ownIndent(u) {
+    var e = u.element;
+    return e && parseFloat(e.style.getPropertyValue(indentProperty(e))) || 0;
+}
+
+// By one step of two letters' height; a margin that somebody wrote in pixels goes on in pixels.
+function indentParagraph(u, by) {
+    var e = asElement(u), property = indentProperty(e);
+    var m = /^([0-9.]+)px$/.exec(e.style.getPropertyValue(property));
+    var unit = m ? 'px' : 'em', step = m ? 40 : 2;
+    var now = m ? parseFloat(m[1]) : ownIndent(u);
+    var value = Math.max(0, now + by * step);
+    setStyle(e, property, value > 0 ? value + unit : '');
+}
+
+function outdentParagraph(u) {
+    var quote = closestTag(u.parent, { blockquote: true });
+    if (ownIndent(u) > 0)
+        indentParagraph(u, -1);
+    else if (quote && asElement(u).parentNode == quote)
+        liftOut(u.element, quote);
+}
+
+commands.indent = function() {
+    var units = selectedUnits();
+    keepSelection(function() {
+        var staying = [];
+        topItems(units).forEach(function(item) {
+            // What is below an item that cannot go stays below it.
+            if (staying.indexOf(previousOf(item)) >= 0 || !indentItem(item))
+                staying.push(item);
+        });
+        units.forEach(function(u) {
+            if (!itemOf(u))
+                indentParagraph(u, 1);
+        });
+    });
+};
+
+commands.outdent = function() {
+    var units = selectedUnits();
+    keepSelection(function() {
+        var loose = units.filter(function(u) { return !itemOf(u); });
+        topItems(units).forEach(outdentItem);
+        loose.forEach(outdentParagraph);
+    });
+};
+
+// At the caret; a selection has to be deleted before.
+commands.rule = function() {
+    var r = selectedRange(), u = selectedUnits()[0], line, behind, t;
+    if (!r || !u)
+        return;
+    var hr = make('hr'), n = r.startContainer;
+    if (isText(n))
+        n.parentNode.insertBefore(hr, r.startOffset > 0 ? n.splitText(r.startOffset) : n);
+    else
+        n.insertBefore(hr, n.childNodes[r.startOffset] || null);
+    if (isText(hr.previousSibling) && !hr.previousSibling.data)
+        remove(hr.previousSibling);
+    hoist(hr);
+    [previousOf(hr), nextOf(hr)].forEach(function(br) {
+        if (tag(br) == 'br')
+            remove(br);
+    });
+    behind = nextOf(hr);
+    if (!behind || tag(behind) == 'hr') {
+        t = make('p');
+        t.appendChild(make('br'));
+        after(hr, t);
+        insertLine(lineAt(hr), hr.parentNode, t);
+        behind = t;
+    }
+    if (isElement(behind))
+        caretInto(behind);
+    else
+        caretAt(behind, 0);
+};

@@ -1,0 +1,204 @@
+// Formats of letters.
+
+var markTags = { s: nameSet('s strike del'), sup: nameSet('sup'), sub: nameSet('sub'),
+                 code: nameSet('code tt') };
+var plainTags = nameSet('b strong i em u s strike sup sub code tt kbd samp var mark big small font span');
+
+// The texts of the selection (and pictures, where asked for); none for a caret.
+function touchedTexts(pictures) {
+    var r = selectedRange();
+    return !r || r.collapsed ? [] : leavesOf(r).filter(function(n) {
+        return (isText(n) || (pictures && tag(n) == 'img')) && isUnitLeaf(n, 2);
+    });
+}
+
+// The same, cut at the selection's ends.
+function selectedTexts(pictures) {
+    var r = selectedRange();
+    if (!r || r.collapsed)
+        return [];
+    var from = r.startContainer, start = r.startOffset, to = r.endContainer, end = r.endOffset;
+    return touchedTexts(pictures).map(function(n) {
+        if (n == to && end < n.data.length)
+            cut(n, end);
+        return n == from && start > 0 ? cut(n, start) : n;
+    });
+}
+
+// Whether all, some or none of the texts stand within such elements: "on", "mixed", "off".
+function markState(texts, names) {
+    var visible = texts.filter(function(n) { return !isBlank(n); });
+    var all = visible.length ? visible : texts;
+    var on = all.filter(function(n) { return closestTag(n, names); }).length;
+    return on == 0 ? 'off' : on == all.length ? 'on' : 'mixed';
+}
+
+// The largest inline nodes that hold nothing else than these texts.
+function wholeNodes(texts) {
+    var nodes = [];
+    texts.forEach(function(n) {
+        function isWhole(e) {
+            return textsIn(e).every(function(t) { return texts.indexOf(t) >= 0; });
+        }
+        while (!isBlock(n.parentNode) && isWhole(n.parentNode))
+            n = n.parentNode;
+        if (nodes.indexOf(n) < 0)
+            nodes.push(n);
+    });
+    return nodes;
+}
+
+// Siblings that follow each other, with the line breaks between them.
+function runsOf(nodes) {
+    var runs = [];
+    nodes.forEach(function(n) {
+        var run = runs[runs.length - 1], k = run && run[run.length - 1].nextSibling, between = [];
+        for (; k && k != n && (tag(k) == 'br' || isComment(k)); k = k.nextSibling)
+            between.push(k);
+        if (run && k == n)
+            runs[runs.length - 1] = run.concat(between, [n]);
+        else
+            runs.push([n]);
+    });
+    return runs;
+}
+
+function joinSame(e) {
+    [e.previousSibling, e.nextSibling].forEach(function(other, n) {
+        if (!other || tag(other) != tag(e) || other.attributes.length || e.attributes.length)
+            return;
+        moveAll(kids(other), e, n ? null : e.firstChild);
+        remove(other);
+    });
+}
+
+function putAround(texts, create) {
+    var name;
+    runsOf(wholeNodes(texts)).forEach(function(run) {
+        var e = wrap(run, create());
+        name = tag(e);
+        [].slice.call(e.querySelectorAll(name)).forEach(unwrap);
+        joinSame(e);
+    });
+}
+
+// The part of an element around one node within it, as an element like it.
+function isolate(n, e) {
+    var p = n, parent, last;
+    do {
+        parent = p.parentNode;
+        last = parent == e;
+        if (p.nextSibling)
+            splitBefore(parent, p.nextSibling);
+        if (p.previousSibling)
+            parent = splitBefore(parent, p);
+        p = parent;
+    } while (!last);
+    return p;
+}
+
+// Takes the texts out of the elements that the test holds for, by change(element).
+function takeOutOf(texts, test, change) {
+    function isOne(e) { return !isBlock(e) && test(e); }
+    wholeNodes(texts).forEach(function(n) {
+        textsIn(n).forEach(function(t) {
+            var e;
+            while ((e = closest(t, isOne))) {
+                if (!n.contains(e))
+                    e = isolate(n, e);
+                change(e);
+            }
+        });
+    });
+}
+
+function takeOutOfSelection(test, change) {
+    var any = touchedTexts().some(function(n) {
+        return closest(n, function(e) { return !isBlock(e) && test(e); });
+    });
+    if (any)
+        keepSelection(function() { takeOutOf(selectedTexts(), test, change); });
+}
+
+function takeOff(texts, names) {
+    takeOutOf(texts, function(e) { return names[tag(e)]; }, unwrap);
+}
+
+commands.mark = function(args) {
+    var names = markTags[args.mark];
+    keepSelection(function() {
+        var texts = selectedTexts();
+        if (!texts.length)
+            return;
+        if (markState(texts, names) == 'on') {
+            takeOff(texts, names);
+            return;
+        }
+        if (args.mark == 'sup' || args.mark == 'sub')
+            takeOff(texts, markTags[args.mark == 'sup' ? 'sub' : 'sup']);
+        putAround(texts.filter(function(t) { return !closestTag(t, names); }),
+                  function() { return make(args.mark); });
+    });
+};
+
+function isBare(e) { return (tag(e) == 'span' || tag(e) == 'font') && !e.attributes.length; }
+
+function hasOwnFormat(e) {
+    return (plainTags[tag(e)] && !(tag(e) == 'span' && e.attributes.length && !e.hasAttribute('style')))
+        || e.hasAttribute('style');
+}
+
+function makePlain(e) {
+    setAttribute(e, 'style', '');
+    if (plainTags[tag(e)] && !(tag(e) == 'span' && e.attributes.length))
+        unwrap(e);
+}
+
+commands.plain = function() {
+    takeOutOfSelection(hasOwnFormat, makePlain);
+};
+
+// "color" or "background-color" of the letters.
+commands.uncolor = function(args) {
+    var font = args.property == 'color';
+    takeOutOfSelection(function(e) {
+        return e.style.getPropertyValue(args.property)
+            || (font && tag(e) == 'font' && e.hasAttribute('color'));
+    }, function(e) {
+        setStyle(e, args.property, '');
+        if (font && tag(e) == 'font')
+            setAttribute(e, 'color', '');
+        if (isBare(e))
+            unwrap(e);
+    });
+};
+
+// Typed at a caret for which formats were chosen: marks to be on, and to be off ("*" for all).
+commands.type = function(args) {
+    var r = selectedRange(), t = makeText(args.text), n, br;
+    if (!r)
+        return;
+    n = r.startContainer;
+    if (isText(n))
+        n.parentNode.insertBefore(t, r.startOffset > 0 ? n.splitText(r.startOffset) : n);
+    else
+        n.insertBefore(t, n.childNodes[r.startOffset] || null);
+    [t.previousSibling, t.nextSibling].forEach(function(k) {
+        if (isText(k) && !k.data)
+            remove(k);
+    });
+    br = t.nextSibling;
+    if (tag(br) == 'br' && !br.nextSibling && !t.previousSibling)
+        remove(br);
+    args.off.forEach(function(mark) {
+        if (mark == '*')
+            takeOutOf([t], hasOwnFormat, makePlain);
+        else
+            takeOff([t], markTags[mark]);
+    });
+    args.on.forEach(function(mark) {
+        if (!closestTag(t, markTags[mark]))
+            wrap([t], make(mark));
+    });
+    caretAt(t, t.data.length);
+};
