@@ -1,12 +1,17 @@
 #include "pageedit/cpagetoolbar.h"
 
+#include "pageedit/cpagetyping.h"
 #include "pageedit/pagecommands.h"
+#include "res/icons.h"
 #include "web/ceditwebview.h"
 
 #include <QAction>
 #include <QComboBox>
+#include <QMenu>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -29,33 +34,101 @@ const SStyle g_styles[] = {
     {QT_TRANSLATE_NOOP("CPageToolBar", "Quotation"), "blockquote", ""},
 };
 
+// A button that runs a command with one argument, or none. It is ticked while the state has it.
+struct SButton
+{
+    const char *szAction;
+    const char *szText;
+    const char *szIcon;
+    const char *szCommand; // Null: a separator.
+    const char *szArgument;
+    const char *szValue;
+};
+
+const SButton g_buttons[] = {
+    {"actionList_ul", QT_TRANSLATE_NOOP("CPageToolBar", "Bulleted List"), "list_bullets", "list",
+     "type", "ul"},
+    {"actionList_ol", QT_TRANSLATE_NOOP("CPageToolBar", "Numbered List"), "list_numbers", "list",
+     "type", "ol"},
+    {"actionOutdent", QT_TRANSLATE_NOOP("CPageToolBar", "Outdent"), "outdent", "outdent", "", ""},
+    {"actionIndent", QT_TRANSLATE_NOOP("CPageToolBar", "Indent"), "indent", "indent", "", ""},
+    {"", "", "", nullptr, "", ""},
+    {"actionAlign_left", QT_TRANSLATE_NOOP("CPageToolBar", "Align Left"), "align_left", "align",
+     "align", "left"},
+    {"actionAlign_center", QT_TRANSLATE_NOOP("CPageToolBar", "Center"), "align_center", "align",
+     "align", "center"},
+    {"actionAlign_right", QT_TRANSLATE_NOOP("CPageToolBar", "Align Right"), "align_right", "align",
+     "align", "right"},
+    {"actionAlign_justify", QT_TRANSLATE_NOOP("CPageToolBar", "Justify"), "align_justify", "align",
+     "align", "justify"},
+    {"", "", "", nullptr, "", ""},
+};
+
+struct SMark
+{
+    const char *szMark;
+    const char *szText;
+    const char *szIcon;
+};
+
+const SMark g_marks[] = {
+    {"s", QT_TRANSLATE_NOOP("CPageToolBar", "Strikethrough"), "strikethrough"},
+    {"sup", QT_TRANSLATE_NOOP("CPageToolBar", "Superscript"), "superscript"},
+    {"sub", QT_TRANSLATE_NOOP("CPageToolBar", "Subscript"), "subscript"},
+    {"code", QT_TRANSLATE_NOOP("CPageToolBar", "Code"), "code"},
+};
+
+QString named(const char *szBefore, const QString &strName)
+{
+    return QLatin1String(szBefore) + strName;
+}
+
 } // namespace
 
-CPageToolBar::CPageToolBar(QToolBar *pToolBar) : QObject(pToolBar)
+CPageToolBar::CPageToolBar(QToolBar *pToolBar) : QObject(pToolBar), m_pToolBar(pToolBar)
 {
     m_timerState.setSingleShot(true);
     connect(&m_timerState, &QTimer::timeout, this, &CPageToolBar::showState);
-    addStyleBox(pToolBar);
+    addStyleBox();
+    addCommands();
+    addMarks();
+    addLinks();
+    addWholePage();
     show(SPageState());
 }
 
-void CPageToolBar::addStyleBox(QToolBar *pToolBar)
+QAction *CPageToolBar::addAction(const char *szName, const char *szText, const char *szIcon,
+                                 const char *szKey, const std::function<void()> &command)
 {
-    m_pStyleBox = new QComboBox(pToolBar);
+    auto *pAction = new QAction(tr(szText), this);
+    pAction->setObjectName(QLatin1String(szName));
+    pAction->setShortcut(QKeySequence(QLatin1String(szKey)));
+    connect(pAction, &QAction::triggered, this, command);
+    m_actions.insert(pAction->objectName(), pAction);
+    if (!*szIcon)
+        return pAction;
+    pAction->setIcon(drawnIcon(QLatin1String(szIcon)));
+    m_pToolBar->addAction(pAction);
+    // Buttons of tool bars are left out by Tab.
+    m_pToolBar->widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
+    return pAction;
+}
+
+void CPageToolBar::addStyleBox()
+{
+    m_pStyleBox = new QComboBox(m_pToolBar);
     m_pStyleBox->setObjectName(QStringLiteral("comboStyle"));
     m_pStyleBox->setToolTip(tr("Paragraph Style"));
     m_pStyleBox->setAccessibleName(tr("Paragraph Style"));
-    pToolBar->addWidget(m_pStyleBox);
+    m_pToolBar->addWidget(m_pStyleBox);
+    m_pToolBar->addSeparator();
     for (const SStyle &style : g_styles) {
         const QString strStyle = QLatin1String(style.szStyle);
-        const auto apply = [this, strStyle] {
-            run(QStringLiteral("style"), {{QStringLiteral("style"), strStyle}});
-        };
         m_pStyleBox->addItem(tr(style.szName), strStyle);
-        auto *pAction = new QAction(tr(style.szName), this);
-        pAction->setShortcut(QKeySequence(QLatin1String(style.szKey)));
-        connect(pAction, &QAction::triggered, this, apply);
-        m_actions.insert(QStringLiteral("actionStyle_") + strStyle, pAction);
+        addAction(qPrintable(named("actionStyle_", strStyle)), style.szName, "", style.szKey,
+                  [this, strStyle] {
+                      run(QStringLiteral("style"), {{QStringLiteral("style"), strStyle}});
+                  });
     }
     connect(m_pStyleBox, QOverload<int>::of(&QComboBox::activated), this, [this](int nIndex) {
         run(QStringLiteral("style"),
@@ -63,17 +136,78 @@ void CPageToolBar::addStyleBox(QToolBar *pToolBar)
     });
 }
 
-void CPageToolBar::run(const QString &strCommand, const QVariantMap &arguments)
+void CPageToolBar::addCommands()
 {
-    if (!m_pPage)
-        return;
-    runPageCommand(m_pPage, strCommand, arguments);
-    m_pPage->setFocus();
-    follow(m_pPage);
+    for (const SButton &button : g_buttons) {
+        if (!button.szCommand) {
+            m_pToolBar->addSeparator();
+            continue;
+        }
+        QVariantMap arguments;
+        if (*button.szArgument)
+            arguments.insert(QLatin1String(button.szArgument), QLatin1String(button.szValue));
+        const QString strCommand = QLatin1String(button.szCommand);
+        QAction *pAction =
+            addAction(button.szAction, button.szText, button.szIcon, "",
+                      [this, strCommand, arguments] { run(strCommand, arguments); });
+        pAction->setCheckable(!arguments.isEmpty());
+    }
+}
+
+void CPageToolBar::addMarks()
+{
+    for (const SMark &mark : g_marks) {
+        const QString strMark = QLatin1String(mark.szMark);
+        addAction(qPrintable(named("actionMark_", strMark)), mark.szText, mark.szIcon, "",
+                  [this, strMark] { toggleMark(strMark); })
+            ->setCheckable(true);
+    }
+    addAction("actionClear_Formatting", QT_TR_NOOP("Clear Formatting"), "clear_formatting",
+              "Ctrl+Space", [this] { clearFormat(); });
+    addAction("actionPaste_Plain", QT_TR_NOOP("Paste as Plain Text"), "paste_plain",
+              "Ctrl+Shift+V", [this] { pastePlain(); });
+    m_pToolBar->addSeparator();
+}
+
+void CPageToolBar::addLinks()
+{
+    addAction("actionLink", QT_TR_NOOP("Link..."), "link", "Ctrl+K", [this] { editLink(); });
+    addAction("actionRemove_Link", QT_TR_NOOP("Remove Link"), "link_un", "",
+              [this] { run(QStringLiteral("unlink")); });
+    addAction("actionHorizontal_Line", QT_TR_NOOP("Horizontal Line"), "horizontal_line", "",
+              [this] { runInstead(QStringLiteral("rule")); });
+    addAction("actionSpecial_Characters", QT_TR_NOOP("Special Characters..."), "characters", "",
+              [this] { showCharacters(); });
+    m_pToolBar->addSeparator();
+}
+
+void CPageToolBar::addWholePage()
+{
+    addOutline();
+    addAction("actionPage_Properties", QT_TR_NOOP("Page Properties..."), "page_properties", "",
+              [this] { editProperties(); });
+}
+
+void CPageToolBar::addOutline()
+{
+    m_pOutline = new QMenu(m_pToolBar);
+    m_pOutline->setObjectName(QStringLiteral("menuOutline"));
+    connect(m_pOutline, &QMenu::aboutToShow, this, &CPageToolBar::fillOutline);
+    QAction *pAction = addAction("actionOutline", QT_TR_NOOP("Headings and Anchors"), "outline", "",
+                                 [] {});
+    pAction->setMenu(m_pOutline);
+    auto *pButton = qobject_cast<QToolButton *>(m_pToolBar->widgetForAction(pAction));
+    pButton->setPopupMode(QToolButton::InstantPopup);
+    auto *pOpen = new QShortcut(QKeySequence(QStringLiteral("Alt+Down")), pButton);
+    pOpen->setContext(Qt::WidgetShortcut);
+    connect(pOpen, &QShortcut::activated, pButton, &QToolButton::showMenu);
 }
 
 void CPageToolBar::follow(CEditWebView *pPage)
 {
+    if (pPage && pPage != m_pPage)
+        connect(CPageTyping::of(pPage), &CPageTyping::chosenChanged, &m_timerState,
+                QOverload<>::of(&QTimer::start), Qt::UniqueConnection);
     m_pPage = pPage;
     if (!pPage)
         show(SPageState());
@@ -89,9 +223,28 @@ void CPageToolBar::showState()
 
 void CPageToolBar::show(const SPageState &state)
 {
+    m_state = state;
     const QSignalBlocker block(m_pStyleBox);
     m_pStyleBox->setEnabled(state.bEditable);
     m_pStyleBox->setCurrentIndex(m_pStyleBox->findData(state.strStyle));
     for (QAction *pAction : qAsConst(m_actions))
         pAction->setEnabled(state.bEditable);
+    // A page without any text has these, too.
+    for (const char *szAction : {"actionOutline", "actionPage_Properties"})
+        m_actions.value(QLatin1String(szAction))->setEnabled(m_pPage);
+    m_actions.value(QStringLiteral("actionRemove_Link"))->setEnabled(state.bLink);
+    m_actions.value(QStringLiteral("actionIndent"))->setEnabled(state.bIndent);
+    m_actions.value(QStringLiteral("actionOutdent"))->setEnabled(state.bOutdent);
+    for (const char *szList : {"ul", "ol"})
+        m_actions.value(named("actionList_", szList))->setChecked(state.strList == szList);
+    for (const char *szAlign : {"left", "center", "right", "justify"})
+        m_actions.value(named("actionAlign_", szAlign))->setChecked(state.strAlign == szAlign);
+    const QHash<QString, bool> chosen =
+        m_pPage ? CPageTyping::of(m_pPage)->chosen() : QHash<QString, bool>();
+    for (const SMark &mark : g_marks) {
+        const QString strMark = QLatin1String(mark.szMark);
+        const bool bOn = state.marks.value(strMark) == SPageState::Mark::On
+            && !chosen.contains(QStringLiteral("*"));
+        m_actions.value(named("actionMark_", strMark))->setChecked(chosen.value(strMark, bOn));
+    }
 }

@@ -6,14 +6,19 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <QVariantMap>
 
+#include <functional>
+
+class CDlgCharacters;
 class CEditWebView;
 class QAction;
 class QComboBox;
+class QMenu;
 class QToolBar;
 
-// The Page tool bar, which owns this: what writes a page rather than its letters. Its keys work
-// with the tool bar hidden, too.
+// The Page tool bar, which owns this: what writes a page rather than its letters. Its keys work with
+// the tool bar hidden, too.
 class CPageToolBar : public QObject
 {
     Q_OBJECT
@@ -21,20 +26,42 @@ class CPageToolBar : public QObject
 public:
     explicit CPageToolBar(QToolBar *pToolBar);
 
-    // The page that stands in front; null: none, and nothing can be used. Called with each change
-    // of the page or its selection: the page is asked once, when the events of this turn are done.
+    // The page that stands in front; null: none, and nothing can be used. Called with each change of
+    // the page or its selection: the page is asked once, when the events of this turn are done.
     void follow(CEditWebView *pPage);
     // All actions, for the keys of the window.
     QList<QAction *> actions() const { return m_actions.values(); }
 
 private:
-    void addStyleBox(QToolBar *pToolBar);
-    void run(const QString &strCommand, const QVariantMap &arguments);
+    QAction *addAction(const char *szName, const char *szText, const char *szIcon,
+                       const char *szKey, const std::function<void()> &command);
+    void addStyleBox();
+    void addCommands();
+    void addMarks();
+    void addLinks();
+    void addWholePage();
+    void addOutline();
+
+    void run(const QString &strCommand, const QVariantMap &arguments = QVariantMap());
+    void runInstead(const QString &strCommand, const QVariantMap &arguments = QVariantMap());
+    void finish();
+    void toggleMark(const QString &strMark);
+    void clearFormat();
+    void pastePlain();
+    void editLink();
+    void editProperties();
+    void showCharacters();
+    void fillOutline();
+
     void showState();
     void show(const SPageState &state);
 
+    QToolBar *m_pToolBar;
     QPointer<CEditWebView> m_pPage;
     QComboBox *m_pStyleBox = nullptr;
+    QMenu *m_pOutline = nullptr;
+    QPointer<CDlgCharacters> m_pCharacters;
     QHash<QString, QAction *> m_actions; // By object name.
+    SPageState m_state; // As it is shown.
     QTimer m_timerState;
 };

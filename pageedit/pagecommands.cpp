@@ -37,6 +37,34 @@ bool runPageCommand(CEditWebView *pPage, const QString &strName, const QVariantM
     return true;
 }
 
+bool runInsteadOfSelection(CEditWebView *pPage, const QString &strName,
+                           const QVariantMap &arguments)
+{
+    if (!pPage->isBodyEdited())
+        return false;
+    if (!pPage->hasSelection())
+        return runPageCommand(pPage, strName, arguments);
+    pPage->page()->undoStack()->beginMacro(QString());
+    pPage->insertHtml(QString());
+    const bool bChanged = runPageCommand(pPage, strName, arguments);
+    pPage->page()->undoStack()->endMacro();
+    return bChanged;
+}
+
+void editPage(CEditWebView *pPage, const QString &strName, const QVariantMap &arguments)
+{
+    if (!pPage->isBodyEdited())
+        return;
+    pPage->endStep();
+    pPage->page()->undoStack()->beginMacro(QString());
+    pPage->runEditable([&] {
+        callPageLibrary(pPage, QStringLiteral("edit"),
+                        QStringLiteral("%1, %2").arg(scriptString(strName), asScript(arguments)));
+    });
+    pPage->page()->undoStack()->endMacro();
+    pPage->endStep();
+}
+
 QVariant askPage(const CEditWebView *pPage, const QString &strName, const QVariantMap &arguments)
 {
     const QString strArguments =

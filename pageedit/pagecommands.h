@@ -18,6 +18,13 @@ class CEditWebView;
 bool runPageCommand(CEditWebView *pPage, const QString &strName,
                     const QVariantMap &arguments = QVariantMap());
 
+// The same as one step together with the deletion of what is selected.
+bool runInsteadOfSelection(CEditWebView *pPage, const QString &strName,
+                           const QVariantMap &arguments = QVariantMap());
+
+// Runs edits.NAME, which uses the web view's own editing, instead of what is selected: one step.
+void editPage(CEditWebView *pPage, const QString &strName, const QVariantMap &arguments);
+
 // The answer of queries.NAME; null where there is none. Changes nothing.
 QVariant askPage(const CEditWebView *pPage, const QString &strName,
                  const QVariantMap &arguments = QVariantMap());

@@ -15,14 +15,14 @@ static void initScripts()
 namespace {
 
 // In this order: what a script uses at once stands before it.
-const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "lists", "layout", "marks", "links", "head", "keys", "state", "main"};
+const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "lists", "layout", "marks", "links", "head", "paste", "keys", "state", "main"};
 
 constexpr char g_szKey[] = "'quillan page editing'";
 
 QString library()
 {
     initScripts();
-    QString strText = QStringLiteral("var commands = {}, queries = {};\n");
+    QString strText = QStringLiteral("var commands = {}, queries = {}, edits = {};\n");
     for (const char *szScript : g_scripts) {
         QFile file(QStringLiteral(":/pageedit/%1.js").arg(QLatin1String(szScript)));
         if (!file.open(QIODevice::ReadOnly))

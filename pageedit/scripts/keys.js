@@ -46,5 +46,7 @@ commands.enter = function() {
 
 queries.keys = function() {
     var u = selectedUnits(1)[0];
-    return { item: !!u && !!listTypeOf(u), pre: !!u && tag(u.element) == 'pre' };
+    var r = selectedRange();
+    return { empty: !!r && !kids(body()).some(function(n) { return !isNothing(n); }),
+             item: !!u && !!listTypeOf(u), pre: !!u && tag(u.element) == 'pre' };
 };

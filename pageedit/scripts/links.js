@@ -80,6 +80,8 @@ commands.link = function(args) {
         link = create();
         link.appendChild(makeText(args.text || args.href));
         insertAtCaret(r, link);
+        if (link.parentNode == body() && isAlone(link))
+            wrap([link], make('p'));
         caretBehind(link);
     } else {
         keepSelection(function() {

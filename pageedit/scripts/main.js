@@ -1,10 +1,14 @@
-// The one door: a command or a query by name.
+// The one door: a command, a query or an edit by name.
+
+// Where the web view itself begins a paragraph, it is one.
+inDocument('execCommand', 'defaultParagraphSeparator', false, 'p');
 
 return {
     run: function(id, name, args) {
         return record(id, function() { commands[name](args); });
     },
     ask: function(name, args) { return JSON.stringify(queries[name](args)); },
+    edit: function(name, args) { edits[name](args); },
     undo: undoStep,
     redo: redoStep
 };

@@ -190,6 +190,8 @@ commands.type = function(args) {
     br = t.nextSibling;
     if (tag(br) == 'br' && !br.nextSibling && !t.previousSibling)
         remove(br);
+    if (t.parentNode == body() && isAlone(t))
+        wrap([t], make('p')); // The first text of a page.
     args.off.forEach(function(mark) {
         if (mark == '*')
             takeOutOf([t], hasOwnFormat, makePlain);

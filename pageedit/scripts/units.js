@@ -2,7 +2,10 @@
 // run of text that stands bare in a cell, an item, the body; then "element" is null. "parent" is the
 // block around, "nodes" are the inline nodes of a bare run (none for an empty block).
 
+// None while a field of a form has the keyboard: the selection told of is the place before it.
 function selectedRange() {
+    if (/^(input|textarea|select)$/i.test(document.activeElement && document.activeElement.nodeName))
+        return null;
     var s = getSelection(), r = s.rangeCount ? s.getRangeAt(0) : null, b = body();
     if (!b || !r || !b.contains(r.startContainer) || !b.contains(r.endContainer))
         return null;

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+
+class CEditWebView;
+class QInputMethodEvent;
+class QKeyEvent;
+
+// What keys mean in a page that is written: Enter in headings, items and quotations, Tab in items,
+// and the formats chosen for what is typed next. A child of the page, which it watches.
+class CPageTyping : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The one of the page; made at the first call.
+    static CPageTyping *of(CEditWebView *pPage);
+
+    // What is typed next at the caret has the format, or has it not. Forgotten when the caret goes
+    // elsewhere.
+    void choose(const QString &strMark, bool bOn);
+    // What is typed next has no format at all.
+    void choosePlain();
+    const QHash<QString, bool> &chosen() const { return m_chosen; }
+
+signals:
+    void chosenChanged();
+
+protected:
+    bool eventFilter(QObject *pObject, QEvent *pEvent) override;
+
+private:
+    explicit CPageTyping(CEditWebView *pPage);
+
+    bool takeKey(const QKeyEvent *pEvent);
+    bool takeEnter();
+    bool takeTab(bool bBack);
+    bool takeText(const QString &strText);
+    bool takeComposed(const QInputMethodEvent *pEvent);
+    bool isFirstText() const;
+    void forget();
+
+    CEditWebView *m_pPage;
+    QHash<QString, bool> m_chosen; // By mark; "*": all of them.
+};
