@@ -69,8 +69,10 @@ void CDlgCharacters::fill()
         pItem->setTextAlignment(Qt::AlignCenter);
         pItem->setData(Qt::UserRole, character.text());
         pItem->setData(Qt::AccessibleTextRole, character.strName);
-        pItem->setToolTip(QStringLiteral("%1 (U+%2)").arg(
-            character.strName, QString::number(character.nCode, 16).toUpper().rightJustified(4, '0')));
+        pItem->setToolTip(
+            QStringLiteral("%1 (U+%2)")
+                .arg(character.strName,
+                     QString::number(character.nCode, 16).toUpper().rightJustified(4, '0')));
     }
     m_pList->setCurrentRow(0);
     showName();

@@ -15,8 +15,9 @@
 
 namespace {
 
-const char *const g_languages[] = {"ar", "cs", "de", "en", "es", "fr", "he", "hi", "it", "ja", "ko",
-                                   "nl", "pl", "pt", "ru", "sv", "tr", "uk", "vi", "zh-CN", "zh-TW"};
+const char *const g_languages[] = {"ar", "cs", "de", "en", "es", "fr",    "he",
+                                   "hi", "it", "ja", "ko", "nl", "pl",    "pt",
+                                   "ru", "sv", "tr", "uk", "vi", "zh-CN", "zh-TW"};
 
 // A few lines; Tab goes on to the next field.
 QPlainTextEdit *smallText(const QString &strText, QWidget *pParent)
@@ -58,8 +59,8 @@ CDlgPageProperties::CDlgPageProperties(const QVariantMap &properties, const QStr
       m_pDescription(smallText(value(properties, "description"), this)),
       m_pColor(new QLineEdit(value(properties, "color"), this)),
       m_pBackground(new QLineEdit(value(properties, "background"), this)),
-      m_pSheets(smallText(properties.value(QStringLiteral("sheets")).toStringList().join('\n'),
-                          this))
+      m_pSheets(
+          smallText(properties.value(QStringLiteral("sheets")).toStringList().join('\n'), this))
 {
     setObjectName(QStringLiteral("dlgPageProperties"));
     setWindowTitle(tr("Page Properties"));

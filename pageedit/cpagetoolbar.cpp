@@ -147,9 +147,8 @@ void CPageToolBar::addCommands()
         if (*button.szArgument)
             arguments.insert(QLatin1String(button.szArgument), QLatin1String(button.szValue));
         const QString strCommand = QLatin1String(button.szCommand);
-        QAction *pAction =
-            addAction(button.szAction, button.szText, button.szIcon, "",
-                      [this, strCommand, arguments] { run(strCommand, arguments); });
+        QAction *pAction = addAction(button.szAction, button.szText, button.szIcon, "",
+                                     [this, strCommand, arguments] { run(strCommand, arguments); });
         pAction->setCheckable(!arguments.isEmpty());
     }
 }
@@ -164,8 +163,8 @@ void CPageToolBar::addMarks()
     }
     addAction("actionClear_Formatting", QT_TR_NOOP("Clear Formatting"), "clear_formatting",
               "Ctrl+Space", [this] { clearFormat(); });
-    addAction("actionPaste_Plain", QT_TR_NOOP("Paste as Plain Text"), "paste_plain",
-              "Ctrl+Shift+V", [this] { pastePlain(); });
+    addAction("actionPaste_Plain", QT_TR_NOOP("Paste as Plain Text"), "paste_plain", "Ctrl+Shift+V",
+              [this] { pastePlain(); });
     m_pToolBar->addSeparator();
 }
 
@@ -193,8 +192,8 @@ void CPageToolBar::addOutline()
     m_pOutline = new QMenu(m_pToolBar);
     m_pOutline->setObjectName(QStringLiteral("menuOutline"));
     connect(m_pOutline, &QMenu::aboutToShow, this, &CPageToolBar::fillOutline);
-    QAction *pAction = addAction("actionOutline", QT_TR_NOOP("Headings and Anchors"), "outline", "",
-                                 [] {});
+    QAction *pAction =
+        addAction("actionOutline", QT_TR_NOOP("Headings and Anchors"), "outline", "", [] {});
     pAction->setMenu(m_pOutline);
     auto *pButton = qobject_cast<QToolButton *>(m_pToolBar->widgetForAction(pAction));
     pButton->setPopupMode(QToolButton::InstantPopup);

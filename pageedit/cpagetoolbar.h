@@ -17,8 +17,8 @@ class QComboBox;
 class QMenu;
 class QToolBar;
 
-// The Page tool bar, which owns this: what writes a page rather than its letters. Its keys work with
-// the tool bar hidden, too.
+// The Page tool bar, which owns this: what writes a page rather than its letters. Its keys work
+// with the tool bar hidden, too.
 class CPageToolBar : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ class CPageToolBar : public QObject
 public:
     explicit CPageToolBar(QToolBar *pToolBar);
 
-    // The page that stands in front; null: none, and nothing can be used. Called with each change of
-    // the page or its selection: the page is asked once, when the events of this turn are done.
+    // The page that stands in front; null: none, and nothing can be used. Called with each change
+    // of the page or its selection: the page is asked once, when the events of this turn are done.
     void follow(CEditWebView *pPage);
     // All actions, for the keys of the window.
     QList<QAction *> actions() const { return m_actions.values(); }

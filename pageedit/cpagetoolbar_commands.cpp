@@ -76,8 +76,7 @@ void CPageToolBar::editLink()
     if (!m_pPage)
         return;
     const QPointer<CEditWebView> pPage = m_pPage; // Another may come to the front meanwhile.
-    auto *pDialog =
-        new CDlgLink(pageLink(pPage), pPage->filePath(), m_pToolBar->window());
+    auto *pDialog = new CDlgLink(pageLink(pPage), pPage->filePath(), m_pToolBar->window());
     pDialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(pDialog, &QDialog::accepted, pPage, [pDialog, pPage] {
         runPageCommand(pPage, QStringLiteral("link"),
@@ -96,9 +95,8 @@ void CPageToolBar::editProperties()
     if (!m_pPage)
         return;
     const QPointer<CEditWebView> pPage = m_pPage;
-    auto *pDialog =
-        new CDlgPageProperties(askPage(pPage, QStringLiteral("properties")).toMap(),
-                               pPage->filePath(), m_pToolBar->window());
+    auto *pDialog = new CDlgPageProperties(askPage(pPage, QStringLiteral("properties")).toMap(),
+                                           pPage->filePath(), m_pToolBar->window());
     pDialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(pDialog, &QDialog::accepted, pPage, [pDialog, pPage] {
         runPageCommand(pPage, QStringLiteral("properties"), pDialog->properties());
@@ -128,9 +126,11 @@ void CPageToolBar::showCharacters()
 void CPageToolBar::fillOutline()
 {
     m_pOutline->clear();
-    const QVariantList lstPlaces = m_pPage
-        ? askPage(m_pPage, QStringLiteral("outline")).toMap().value(QStringLiteral("places")).toList()
-        : QVariantList();
+    const QVariantList lstPlaces = m_pPage ? askPage(m_pPage, QStringLiteral("outline"))
+                                                 .toMap()
+                                                 .value(QStringLiteral("places"))
+                                                 .toList()
+                                           : QVariantList();
     for (int n = 0; n < lstPlaces.size(); ++n) {
         const QVariantMap place = lstPlaces.at(n).toMap();
         const int nLevel = place.value(QStringLiteral("level")).toInt();

@@ -42,7 +42,9 @@ bool runInsteadOfSelection(CEditWebView *pPage, const QString &strName,
 {
     if (!pPage->isBodyEdited())
         return false;
-    if (!pPage->hasSelection())
+    // The web view counts a caret as a selection.
+    const QVariantMap answer = askPage(pPage, QStringLiteral("selected")).toMap();
+    if (!answer.value(QStringLiteral("selected")).toBool())
         return runPageCommand(pPage, strName, arguments);
     pPage->page()->undoStack()->beginMacro(QString());
     pPage->insertHtml(QString());

@@ -109,6 +109,16 @@ function splitBefore(e, child) {
     return second;
 }
 
+// The same before a node deep in the element.
+function splitDeep(n, e) {
+    var p = n, parent;
+    do {
+        parent = p.parentNode;
+        p = splitBefore(parent, p);
+    } while (parent != e);
+    return p;
+}
+
 // Attributes are changed by these alone: they tell the recorder, which keeps their order.
 function setAttribute(e, name, value) {
     touch(e);

@@ -1,16 +1,12 @@
 // Keys that mean something of their own in lists, headings, quotations and preformatted text. A
 // command that changes nothing leaves the key to the web view.
 
-// The caret's unit when nothing stands between the caret and its end.
-function unitEndedByCaret() {
-    var r = selectedRange(), u = r && r.collapsed ? selectedUnits()[0] : null, rest;
-    if (!u || !(u.element || u.parent))
-        return null;
-    rest = inDocument('createRange');
+// Whether nothing but a last line end stands between the caret and the end of its unit.
+function isAtEnd(r, u) {
+    var rest = inDocument('createRange');
     rest.selectNodeContents(u.element || u.parent);
     rest.setStart(r.startContainer, r.startOffset);
-    return rest.toString().replace(/[\r\n]$/, '') == '' && !rest.cloneContents().querySelector('img')
-        ? u : null;
+    return rest.toString().replace(/[\r\n]$/, '') == '' && !rest.cloneContents().querySelector('img');
 }
 
 function emptyParagraph() {
@@ -26,22 +22,63 @@ function paragraphBehind(e) {
     caretAt(p, 0);
 }
 
+// A place for the caret in a half that got no text: within the formats that the text had.
+function keepOpen(half) {
+    var e = half;
+    if (!isEmpty(half) || half.querySelector('br'))
+        return;
+    while (isElement(e.lastChild))
+        e = e.lastChild;
+    e.appendChild(make('br'));
+}
+
+// Two blocks of one, the second on a line of its own.
+function splitAtCaret(r, block) {
+    var n = r.startContainer, line = lineAt(block), mark = makeText(''), second;
+    if (isText(n))
+        before(r.startOffset > 0 ? n.splitText(r.startOffset) : n, mark);
+    else
+        n.insertBefore(mark, n.childNodes[r.startOffset] || null);
+    second = splitDeep(mark, block);
+    insertLine(line, second.parentNode, second);
+    [block, second].forEach(function(half) {
+        textsIn(half).forEach(function(t) {
+            if (!t.data)
+                remove(t);
+        });
+        keepOpen(half);
+    });
+    caretInto(second);
+}
+
+function takesText(e) { return !!e && tag(e) != 'pre'; }
+
 commands.enter = function() {
-    var u = unitEndedByCaret(), item = u && itemOf(u), quote, text;
+    var r = selectedRange(), u = r && r.collapsed ? selectedUnits()[0] : null;
+    var atEnd = !!u && isAtEnd(r, u), item = u && itemOf(u), quote, text;
     if (!u)
         return;
     if (item && listOf(item) && isEmpty(item)) {
         keepSelection(function() { outdentItem(item); });
-    } else if (u.element && /^h[1-6]$/.test(tag(u.element)) && !isEmpty(u.element)) {
+    } else if (atEnd && u.element && /^h[1-6]$/.test(tag(u.element)) && !isEmpty(u.element)) {
         paragraphBehind(u.element);
     } else if (u.element && isEmpty(u.element) && tag(u.parent) == 'blockquote') {
         quote = u.parent;
         keepSelection(function() { liftOut(u.element, quote); });
-    } else if (tag(u.element) == 'pre' && /\n\n?$/.test(u.element.textContent)) {
+    } else if (atEnd && tag(u.element) == 'pre' && /\n\n?$/.test(u.element.textContent)) {
         text = textsIn(u.element).pop();
         text.data = text.data.replace(/\n+$/, '');
         paragraphBehind(u.element);
+    } else if (takesText(u.element)) {
+        splitAtCaret(r, u.element);
+    } else if (!u.element && item && u.parent == item) {
+        splitAtCaret(r, item);
     }
+};
+
+queries.selected = function() {
+    var r = selectedRange();
+    return { selected: !!r && !r.collapsed };
 };
 
 queries.keys = function() {

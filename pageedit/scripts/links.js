@@ -45,21 +45,6 @@ function setText(e, text) {
         e.appendChild(makeText(text));
 }
 
-function insertAtCaret(r, e) {
-    var n = r.startContainer, br;
-    if (isText(n))
-        n.parentNode.insertBefore(e, r.startOffset > 0 ? n.splitText(r.startOffset) : n);
-    else
-        n.insertBefore(e, n.childNodes[r.startOffset] || null);
-    [e.previousSibling, e.nextSibling].forEach(function(k) {
-        if (isText(k) && !k.data)
-            remove(k);
-    });
-    br = e.nextSibling;
-    if (tag(br) == 'br' && !br.nextSibling && !e.previousSibling)
-        remove(br);
-}
-
 commands.link = function(args) {
     var link = linkAround(), r = selectedRange(), made = [];
     function create() {
@@ -80,8 +65,6 @@ commands.link = function(args) {
         link = create();
         link.appendChild(makeText(args.text || args.href));
         insertAtCaret(r, link);
-        if (link.parentNode == body() && isAlone(link))
-            wrap([link], make('p'));
         caretBehind(link);
     } else {
         keepSelection(function() {

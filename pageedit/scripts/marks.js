@@ -175,23 +175,10 @@ commands.uncolor = function(args) {
 
 // Typed at a caret for which formats were chosen: marks to be on, and to be off ("*" for all).
 commands.type = function(args) {
-    var r = selectedRange(), t = makeText(args.text), n, br;
+    var r = selectedRange(), t = makeText(args.text);
     if (!r)
         return;
-    n = r.startContainer;
-    if (isText(n))
-        n.parentNode.insertBefore(t, r.startOffset > 0 ? n.splitText(r.startOffset) : n);
-    else
-        n.insertBefore(t, n.childNodes[r.startOffset] || null);
-    [t.previousSibling, t.nextSibling].forEach(function(k) {
-        if (isText(k) && !k.data)
-            remove(k);
-    });
-    br = t.nextSibling;
-    if (tag(br) == 'br' && !br.nextSibling && !t.previousSibling)
-        remove(br);
-    if (t.parentNode == body() && isAlone(t))
-        wrap([t], make('p')); // The first text of a page.
+    insertAtCaret(r, t);
     args.off.forEach(function(mark) {
         if (mark == '*')
             takeOutOf([t], hasOwnFormat, makePlain);

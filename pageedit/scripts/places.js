@@ -72,3 +72,25 @@ function caretInto(e) {
 }
 
 function caretBehind(n) { caretAt(n.parentNode, indexOf(n) + 1); }
+
+// Something inline where the caret is. The first one of a page begins a paragraph.
+function insertAtCaret(r, e) {
+    var n = r.startContainer, br, t;
+    if (isText(n))
+        before(r.startOffset > 0 ? n.splitText(r.startOffset) : n, e);
+    else
+        n.insertBefore(e, n.childNodes[r.startOffset] || null);
+    [e.previousSibling, e.nextSibling].forEach(function(k) {
+        if (isText(k) && !k.data)
+            remove(k);
+    });
+    br = e.nextSibling;
+    if (tag(br) == 'br' && !br.nextSibling && !e.previousSibling)
+        remove(br);
+    t = e.previousSibling;
+    // The web view ends text with such a blank, for another one to be seen behind it.
+    if (isText(t) && /[^ \u00a0]\u00a0$/.test(t.data))
+        t.replaceData(t.data.length - 1, 1, ' ');
+    if (e.parentNode == body() && isAlone(e))
+        wrap([e], make('p'));
+}

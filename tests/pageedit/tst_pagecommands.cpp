@@ -72,8 +72,8 @@ QString tst_PageCommands::shown(const SPageCase &pageCase) const
     return isWhole(pageCase) ? m_pView->toHtml() : body();
 }
 
-// What is saved reads back as the page that is shown, and has no other line changed than the command
-// itself changed.
+// What is saved reads back as the page that is shown, and has no other line changed than the
+// command itself changed.
 void tst_PageCommands::checkSaving(const QString &strBefore)
 {
     const QString strShown = m_pView->toHtml();
