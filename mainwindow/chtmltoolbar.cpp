@@ -1,6 +1,7 @@
 #include "mainwindow/chtmltoolbar.h"
 
 #include "app/csettings.h"
+#include "pageedit/cpagetyping.h"
 #include "web/ceditwebview.h"
 
 #include <QColorDialog>
@@ -45,8 +46,9 @@ QIcon swatch(const QColor &clr)
     return QIcon(pixmap);
 }
 
-// The button's own drawing with a bar of the colour along its foot.
-QIcon underlined(const QString &strIcon, const QColor &clr)
+// The button's own drawing with a bar of the colour at the caret along its foot, and in its corner
+// the colour that a click applies.
+QIcon underlined(const QString &strIcon, const QColor &clr, const QColor &clrChosen)
 {
     QIcon icon;
     for (const int nScale : {1, 2}) {
@@ -59,6 +61,9 @@ QIcon underlined(const QString &strIcon, const QColor &clr)
         painter.fillRect(bar, clr.alpha() == 0 ? QColor(Qt::white) : clr);
         painter.setPen(QColor(128, 128, 128));
         painter.drawRect(bar);
+        const QRect corner(17 * nScale, 0, 6 * nScale, 6 * nScale);
+        painter.fillRect(corner, clrChosen.alpha() == 0 ? QColor(Qt::white) : clrChosen);
+        painter.drawRect(corner);
         painter.end();
         pixmap.setDevicePixelRatio(nScale);
         icon.addPixmap(pixmap);
@@ -108,6 +113,8 @@ void CHtmlToolBar::addColorButton(QToolBar *pToolBar, SColorButton *pColor, cons
                 [this, pSignal, clr] { emit(this->*pSignal)(clr); });
     }
     pMenu->addSeparator();
+    connect(pMenu->addAction(tr("Automatic")), &QAction::triggered, this,
+            [this, pSignal] { emit(this->*pSignal)(QColor()); });
     connect(pMenu->addAction(tr("More Colors...")), &QAction::triggered, this,
             [this, pSignal, pColor, pToolBar, strToolTip] {
                 const QColor clr =
@@ -134,7 +141,9 @@ void CHtmlToolBar::applyColor(CEditWebView *pPage, const QColor &clr, bool bBack
 {
     if (!pPage)
         return;
-    if (bBackground) {
+    if (!clr.isValid()) {
+        CPageTyping::takeColorOff(pPage, bBackground);
+    } else if (bBackground) {
         pPage->setBackColor(clr.alpha() == 0 ? QStringLiteral("transparent") : clr.name());
         g_pSettings->setBackColor(clr);
     } else {
@@ -172,6 +181,8 @@ void CHtmlToolBar::setChosenColors(const QColor &clrText, const QColor &clrBack)
 {
     m_text.clrChosen = clrText;
     m_back.clrChosen = clrBack;
+    for (SColorButton *pColor : {&m_text, &m_back})
+        drawColor(pColor);
 }
 
 void CHtmlToolBar::showColor(SColorButton *pColor, const QColor &clr)
@@ -179,5 +190,11 @@ void CHtmlToolBar::showColor(SColorButton *pColor, const QColor &clr)
     if (pColor->clrShown == clr) // Asked with each move of the caret; drawing takes longer.
         return;
     pColor->clrShown = clr;
-    pColor->pButton->defaultAction()->setIcon(underlined(pColor->strIcon, clr));
+    drawColor(pColor);
+}
+
+void CHtmlToolBar::drawColor(const SColorButton *pColor)
+{
+    pColor->pButton->defaultAction()->setIcon(
+        underlined(pColor->strIcon, pColor->clrShown, pColor->clrChosen));
 }

@@ -13,8 +13,9 @@ class QToolButton;
 
 // Font box, size box and the two colour buttons of the HTML toolbar, which owns them.
 //
-// A colour button applies the colour it shows; its menu offers common colours and a dialog. What is
-// shown for the caret's place is set without any signal.
+// A colour button applies the colour in its corner and shows in its bar the one at the caret; its
+// menu offers common colours and a dialog. What is shown for the caret's place is set without any
+// signal.
 class CHtmlToolBar : public QObject
 {
     Q_OBJECT
@@ -31,7 +32,8 @@ public:
     // The colours that the buttons apply.
     void setChosenColors(const QColor &clrText, const QColor &clrBack);
 
-    // Colours the page's selection and remembers the colour; without a page, nothing.
+    // Colours the page's selection and remembers the colour; an invalid one takes the colour off.
+    // Without a page, nothing.
     void applyColor(CEditWebView *pPage, const QColor &clr, bool bBackground);
 
 signals:
@@ -51,6 +53,7 @@ private:
     void addColorButton(QToolBar *pToolBar, SColorButton *pColor, const QString &strName,
                         const QString &strToolTip, void (CHtmlToolBar::*pSignal)(QColor));
     static void showColor(SColorButton *pColor, const QColor &clr);
+    static void drawColor(const SColorButton *pColor);
 
     QFontComboBox *m_pFontBox;
     QComboBox *m_pSizeBox;

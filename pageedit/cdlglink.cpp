@@ -46,12 +46,17 @@ CDlgLink::CDlgLink(const SPageLink &link, const QString &strPage, QWidget *pPare
     m_pText->setEnabled(!link.bTextFixed);
 
     auto *pForm = new QFormLayout(this);
-    pForm->addRow(tr("Address:"), m_pAddress);
     m_pAddress->setAccessibleName(tr("Address"));
     auto *pFile = new QPushButton(tr("File..."), this);
     pFile->setAutoDefault(false);
     connect(pFile, &QPushButton::clicked, this, &CDlgLink::chooseFile);
-    pForm->addRow(QString(), pFile);
+    auto *pAddressRow = new QHBoxLayout;
+    pAddressRow->addWidget(m_pAddress, 1);
+    pAddressRow->addWidget(pFile);
+    pForm->addRow(tr("Address:"), pAddressRow);
+    setTabOrder(m_pAddress, pFile);
+    setTabOrder(pFile, m_pText);
+    setTabOrder(m_pText, m_pTitle);
     pForm->addRow(tr("Text:"), m_pText);
     m_pText->setAccessibleName(tr("Text"));
     pForm->addRow(tr("Title:"), m_pTitle);

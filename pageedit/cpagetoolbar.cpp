@@ -1,6 +1,7 @@
 #include "pageedit/cpagetoolbar.h"
 
 #include "pageedit/cpagetyping.h"
+#include "pageedit/mixedicon.h"
 #include "pageedit/pagecommands.h"
 #include "res/icons.h"
 #include "web/ceditwebview.h"
@@ -125,10 +126,11 @@ void CPageToolBar::addStyleBox()
     for (const SStyle &style : g_styles) {
         const QString strStyle = QLatin1String(style.szStyle);
         m_pStyleBox->addItem(tr(style.szName), strStyle);
-        addAction(qPrintable(named("actionStyle_", strStyle)), style.szName, "", style.szKey,
-                  [this, strStyle] {
-                      run(QStringLiteral("style"), {{QStringLiteral("style"), strStyle}});
-                  });
+        if (*style.szKey)
+            addAction(qPrintable(named("actionStyle_", strStyle)), style.szName, "", style.szKey,
+                      [this, strStyle] {
+                          run(QStringLiteral("style"), {{QStringLiteral("style"), strStyle}});
+                      });
     }
     connect(m_pStyleBox, QOverload<int>::of(&QComboBox::activated), this, [this](int nIndex) {
         run(QStringLiteral("style"),
@@ -238,12 +240,26 @@ void CPageToolBar::show(const SPageState &state)
         m_actions.value(named("actionList_", szList))->setChecked(state.strList == szList);
     for (const char *szAlign : {"left", "center", "right", "justify"})
         m_actions.value(named("actionAlign_", szAlign))->setChecked(state.strAlign == szAlign);
+    showMarks();
+}
+
+// A format that was chosen for what is typed next comes before what holds at the caret.
+void CPageToolBar::showMarks()
+{
     const QHash<QString, bool> chosen =
         m_pPage ? CPageTyping::of(m_pPage)->chosen() : QHash<QString, bool>();
+    const bool bPlain = chosen.contains(QStringLiteral("*"));
     for (const SMark &mark : g_marks) {
         const QString strMark = QLatin1String(mark.szMark);
-        const bool bOn = state.marks.value(strMark) == SPageState::Mark::On
-            && !chosen.contains(QStringLiteral("*"));
-        m_actions.value(named("actionMark_", strMark))->setChecked(chosen.value(strMark, bOn));
+        const SPageState::Mark state = m_state.marks.value(strMark);
+        QAction *pAction = m_actions.value(named("actionMark_", strMark));
+        pAction->setChecked(chosen.value(strMark, !bPlain && state == SPageState::Mark::On));
+        const bool bMixed = state == SPageState::Mark::Mixed;
+        if (bMixed == pAction->property("mixed").toBool())
+            continue;
+        const QIcon icon = drawnIcon(QLatin1String(mark.szIcon));
+        pAction->setProperty("mixed", bMixed);
+        pAction->setIcon(bMixed ? mixedIcon(icon) : icon);
+        pAction->setToolTip(bMixed ? tr("%1 (of a part)").arg(tr(mark.szText)) : tr(mark.szText));
     }
 }

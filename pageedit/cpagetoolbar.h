@@ -55,6 +55,7 @@ private:
 
     void showState();
     void show(const SPageState &state);
+    void showMarks();
 
     QToolBar *m_pToolBar;
     QPointer<CEditWebView> m_pPage;

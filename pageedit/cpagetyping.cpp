@@ -58,6 +58,18 @@ void CPageTyping::choosePlain()
     emit chosenChanged();
 }
 
+void CPageTyping::takeColorOff(CEditWebView *pPage, bool bBackground)
+{
+    const QString strProperty =
+        bBackground ? QStringLiteral("background-color") : QStringLiteral("color");
+    const QVariantMap answer = askPage(pPage, QStringLiteral("selected")).toMap();
+    if (answer.value(QStringLiteral("selected")).toBool())
+        runPageCommand(pPage, QStringLiteral("uncolor"),
+                       {{QStringLiteral("property"), strProperty}});
+    else
+        of(pPage)->choose(strProperty, false);
+}
+
 void CPageTyping::forget()
 {
     if (m_chosen.isEmpty())

@@ -17,11 +17,13 @@ public:
     // The one of the page; made at the first call.
     static CPageTyping *of(CEditWebView *pPage);
 
-    // What is typed next at the caret has the format, or has it not. Forgotten when the caret goes
-    // elsewhere.
+    // What is typed next at the caret has the format, or has it not; colours ("color",
+    // "background-color") can only be taken off. Forgotten when the caret goes elsewhere.
     void choose(const QString &strMark, bool bOn);
     // What is typed next has no format at all.
     void choosePlain();
+    // The same, now for what is selected, for a caret for what is typed next.
+    static void takeColorOff(CEditWebView *pPage, bool bBackground);
     const QHash<QString, bool> &chosen() const { return m_chosen; }
 
 signals:

@@ -8,7 +8,10 @@ return {
         return record(id, function() { commands[name](args); });
     },
     ask: function(name, args) { return JSON.stringify(queries[name](args)); },
-    edit: function(name, args) { edits[name](args); },
+    edit: function(name, args) {
+        edits[name](args);
+        return true;
+    },
     undo: undoStep,
     redo: redoStep
 };

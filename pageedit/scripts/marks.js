@@ -159,21 +159,30 @@ commands.plain = function() {
 };
 
 // "color" or "background-color" of the letters.
+function uncoloring(property) {
+    var font = property == 'color';
+    return {
+        test: function(e) {
+            return e.style.getPropertyValue(property)
+                || (font && tag(e) == 'font' && e.hasAttribute('color'));
+        },
+        change: function(e) {
+            setStyle(e, property, '');
+            if (font && tag(e) == 'font')
+                setAttribute(e, 'color', '');
+            if (isBare(e))
+                unwrap(e);
+        }
+    };
+}
+
 commands.uncolor = function(args) {
-    var font = args.property == 'color';
-    takeOutOfSelection(function(e) {
-        return e.style.getPropertyValue(args.property)
-            || (font && tag(e) == 'font' && e.hasAttribute('color'));
-    }, function(e) {
-        setStyle(e, args.property, '');
-        if (font && tag(e) == 'font')
-            setAttribute(e, 'color', '');
-        if (isBare(e))
-            unwrap(e);
-    });
+    var off = uncoloring(args.property);
+    takeOutOfSelection(off.test, off.change);
 };
 
-// Typed at a caret for which formats were chosen: marks to be on, and to be off ("*" for all).
+// Typed at a caret for which formats were chosen: marks to be on, and what is to be off: marks,
+// "color", "background-color", "*" for all.
 commands.type = function(args) {
     var r = selectedRange(), t = makeText(args.text);
     if (!r)
@@ -182,8 +191,10 @@ commands.type = function(args) {
     args.off.forEach(function(mark) {
         if (mark == '*')
             takeOutOf([t], hasOwnFormat, makePlain);
-        else
+        else if (markTags[mark])
             takeOff([t], markTags[mark]);
+        else
+            takeOutOf([t], uncoloring(mark).test, uncoloring(mark).change);
     });
     args.on.forEach(function(mark) {
         if (!closestTag(t, markTags[mark]))
