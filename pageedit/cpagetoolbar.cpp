@@ -101,7 +101,7 @@ CPageToolBar::CPageToolBar(QToolBar *pToolBar) : QObject(pToolBar), m_pToolBar(p
 QAction *CPageToolBar::addAction(const char *szName, const char *szText, const char *szIcon,
                                  const char *szKey, const std::function<void()> &command)
 {
-    auto *pAction = new QAction(tr(szText), this);
+    auto *pAction = new QAction(tr(szText), m_pToolBar);
     pAction->setObjectName(QLatin1String(szName));
     pAction->setShortcut(QKeySequence(QLatin1String(szKey)));
     connect(pAction, &QAction::triggered, this, command);

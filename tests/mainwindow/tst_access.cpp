@@ -266,9 +266,8 @@ void TestAccess::everyCommand_hasAKeyOrAMenuEntry()
         if (!pAction->objectName().startsWith(QLatin1String("action")))
             continue;
         ++nActions;
-        const auto *pButton = pAction->menu()
-            ? qobject_cast<QToolBar *>(pAction->parent())->widgetForAction(pAction)
-            : nullptr;
+        const auto *pBar = qobject_cast<QToolBar *>(pAction->parent());
+        const auto *pButton = pBar ? pBar->widgetForAction(pAction) : nullptr;
         const bool bByTab = pButton && (pButton->focusPolicy() & Qt::TabFocus);
         QVERIFY2(reachable.contains(pAction) || !pAction->shortcut().isEmpty() || bByTab,
                  qPrintable(pAction->objectName()));
