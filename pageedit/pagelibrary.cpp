@@ -36,8 +36,7 @@ QString library()
 QString installing()
 {
     static const QString s_strText =
-        QStringLiteral("if (!window.hasOwnProperty(%1))\n"
-                       "Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n")
+        QStringLiteral("Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n")
             .arg(QLatin1String(g_szKey), library());
     return s_strText;
 }
@@ -48,11 +47,10 @@ QVariant callPageLibrary(const CEditWebView *pPage, const QString &strFunction,
                          const QString &strArguments)
 {
     QWebElement element = pPage->page()->mainFrame()->documentElement();
-    const QString strCall = QStringLiteral("window.hasOwnProperty(%1) ? window[%1].%2(%3) : null")
-                                .arg(QLatin1String(g_szKey), strFunction, strArguments);
-    const QVariant varAnswer = element.evaluateJavaScript(strCall);
-    if (!varAnswer.isNull())
-        return varAnswer;
-    element.evaluateJavaScript(installing());
-    return element.evaluateJavaScript(strCall);
+    const QString strPresent =
+        QStringLiteral("window.hasOwnProperty(%1)").arg(QLatin1String(g_szKey));
+    if (!element.evaluateJavaScript(strPresent).toBool())
+        element.evaluateJavaScript(installing());
+    return element.evaluateJavaScript(
+        QStringLiteral("window[%1].%2(%3)").arg(QLatin1String(g_szKey), strFunction, strArguments));
 }

@@ -28,9 +28,12 @@ function liftOut(n, around) {
         removeLine(around);
 }
 
+// Elements whose text is not the page's.
+function keepsItsText(e) { return /^(script|style|template|textarea|select)$/.test(tag(e)); }
+
 function textsIn(e) {
     var texts = [], n;
-    for (n = e; n; n = nextNode(n, e))
+    for (n = e; n; n = n != e && keepsItsText(n) ? nextBehind(n, e) : nextNode(n, e))
         if (isText(n))
             texts.push(n);
     return texts;
@@ -46,7 +49,7 @@ function intoPre(e) {
     if (isEmpty(e))
         return rename(e, 'pre');
     for (n = e.firstChild; n; n = next) {
-        next = nextNode(n, e);
+        next = keepsItsText(n) ? nextBehind(n, e) : nextNode(n, e);
         if (isText(n)) {
             shown = collapsed(n.data, lineStart);
             if (shown != n.data)

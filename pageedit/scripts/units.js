@@ -16,9 +16,10 @@ function isLeaf(n) {
     return isText(n) || (isElement(n) && !n.firstChild);
 }
 
-function nextNode(n, top) {
-    if (n.firstChild)
-        return n.firstChild;
+function nextNode(n, top) { return n.firstChild || nextBehind(n, top); }
+
+// The next node that does not stand in this one.
+function nextBehind(n, top) {
     for (; n && n != top; n = n.parentNode)
         if (n.nextSibling)
             return n.nextSibling;
@@ -42,17 +43,22 @@ function leavesOf(r, most) {
     }
     if (isText(top))
         return [top];
+    // From the node at the start to the one behind the end.
+    n = isText(r.startContainer) ? r.startContainer
+                                 : r.startContainer.childNodes[r.startOffset]
+            || nextBehind(r.startContainer, top);
     var probe = inDocument('createRange');
-    for (n = top.firstChild; n && !(leaves.length > most); n = nextNode(n, top)) {
+    for (; n && !(leaves.length > most); n = nextNode(n, top)) {
         if (!isLeaf(n))
             continue;
         if (isText(n))
             probe.selectNodeContents(n);
         else
             probe.selectNode(n);
+        if (r.compareBoundaryPoints(Range.START_TO_END, probe) <= 0)
+            break;
         // The web view's intersectsNode() counts neighbours that are only touched.
-        if (r.compareBoundaryPoints(Range.START_TO_END, probe) > 0
-            && r.compareBoundaryPoints(Range.END_TO_START, probe) < 0)
+        if (r.compareBoundaryPoints(Range.END_TO_START, probe) < 0)
             leaves.push(n);
     }
     return leaves;

@@ -200,7 +200,8 @@ void TestDocumentsTruth::everyKeyOfTheReadme_isInTheCode()
 {
     const QSet<QString> keys = formKeys();
     const QString strCode = content("mainwindow/mainwindow_keys.cpp")
-        + content("mainwindow/chtmltoolbar.cpp") + content("browser/cwidgetfilelist_keys.cpp")
+        + content("mainwindow/chtmltoolbar.cpp") + content("pageedit/cpagetoolbar.cpp")
+        + content("browser/cwidgetfilelist_keys.cpp")
         + content("editor/chighlightedit_commands.cpp");
     int nKeys = 0;
     const QStringList lstCells = firstColumn(QStringLiteral("Keys"));
