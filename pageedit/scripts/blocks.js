@@ -19,13 +19,14 @@ function liftOut(n, around) {
     if (n.nextSibling)
         second = splitBefore(around, n.nextSibling);
     after(around, n);
-    insertLine(line, n.parentNode, n);
+    if (isEmpty(around))
+        remove(around); // Its line becomes that of the node.
+    else
+        insertLine(line, n.parentNode, n);
     if (second && isEmpty(second))
         remove(second);
     else if (second)
         insertLine(line, n.parentNode, second);
-    if (isEmpty(around))
-        removeLine(around);
 }
 
 // Elements whose text is not the page's.

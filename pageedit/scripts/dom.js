@@ -241,12 +241,13 @@ function hoist(e) {
         line = lineAt(p);
         second = e.nextSibling ? splitBefore(p, e.nextSibling) : null;
         after(p, e);
-        insertLine(line, e.parentNode, e);
+        if (isEmpty(p))
+            remove(p);
+        else
+            insertLine(line, e.parentNode, e);
         if (second && isEmpty(second))
             remove(second);
         else if (second)
             insertLine(line, e.parentNode, second);
-        if (isEmpty(p))
-            removeLine(p);
     }
 }

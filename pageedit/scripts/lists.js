@@ -90,14 +90,14 @@ function takeFollowers(item, list, line) {
 }
 
 // The content of an item that leaves its list, as paragraphs.
-function intoParagraphs(item) {
+function intoParagraphs(item, line) {
     if (!hasBlock(item)) {
         var p = rename(item, 'p');
         if (!p.firstChild)
             p.appendChild(make('br'));
         return;
     }
-    var run = [], line = lineAt(item);
+    var run = [];
     kids(item).concat([null]).forEach(function(n) {
         if (n && !isBlock(n)) {
             run.push(n);
@@ -137,7 +137,7 @@ function outdentItem(item) {
     }
     liftOut(item, list);
     if (!isList(outer))
-        intoParagraphs(item);
+        intoParagraphs(item, line);
 }
 
 function intoItem(u) {
