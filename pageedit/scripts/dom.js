@@ -36,11 +36,13 @@ var paragraphTags = nameSet('p h1 h2 h3 h4 h5 h6 pre address');
 var blockTags = nameSet('p h1 h2 h3 h4 h5 h6 pre address blockquote ul ol li dl dt dd div section ' +
     'article aside header footer main nav figure figcaption table caption colgroup col thead tbody ' +
     'tfoot tr td th form fieldset legend details summary hr center dir menu body html');
+var formatTags = nameSet('b strong i em u s strike sup sub code tt kbd samp var mark big small font span');
 var listTags = nameSet('ul ol menu dir');
 
 function isBlock(n) { return blockTags[tag(n)] === true; }
 function isParagraph(n) { return paragraphTags[tag(n)] === true; }
 function isList(n) { return listTags[tag(n)] === true; }
+function isFormat(n) { return formatTags[tag(n)] === true; }
 function isBlank(n) { return isText(n) && !/[^ \t\r\n\f]/.test(n.data); }
 function isComment(n) { return !!n && n.nodeType == 8; }
 function hasBlock(n) { return kids(n).some(function(k) { return isBlock(k) || hasBlock(k); }); }
@@ -176,7 +178,9 @@ function previousOf(n) {
 // Nothing to be seen but the line break that keeps an empty paragraph open.
 function isEmpty(e) {
     return kids(e).every(function(n) {
-        return isNothing(n) || tag(n) == 'br' || (isElement(n) && !isBlock(n) && n.firstChild && isEmpty(n));
+        if (!isElement(n))
+            return isNothing(n);
+        return tag(n) == 'br' || (!isBlock(n) && (n.firstChild ? isEmpty(n) : isFormat(n)));
     });
 }
 

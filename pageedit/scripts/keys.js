@@ -24,6 +24,8 @@ function paragraphBehind(e) {
 
 // A place for the caret in a half that got no text: within the formats that the text had.
 function keepOpen(half) {
+    while (isBlock(half.lastChild))
+        half = half.lastChild;
     var e = half;
     if (!isEmpty(half) || half.querySelector('br'))
         return;
@@ -51,14 +53,21 @@ function splitAtCaret(r, block) {
     caretInto(second);
 }
 
+// An item whose text is a paragraph ends and is cut as one with bare text.
+function itemFilledBy(u) {
+    var item = itemOf(u), fills = u.element ? u.element.parentNode == item && isAlone(u.element)
+                                            : u.parent == item;
+    return item && listOf(item) && fills ? item : null;
+}
+
 function takesText(e) { return !!e && tag(e) != 'pre'; }
 
 commands.enter = function() {
     var r = selectedRange(), u = r && r.collapsed ? selectedUnits()[0] : null;
-    var atEnd = !!u && isAtEnd(r, u), item = u && itemOf(u), quote, text;
+    var atEnd = !!u && isAtEnd(r, u), item = u && itemFilledBy(u), quote, text;
     if (!u)
         return;
-    if (item && listOf(item) && isEmpty(item)) {
+    if (item && isEmpty(u.element || item)) {
         keepSelection(function() { outdentItem(item); });
     } else if (atEnd && u.element && /^h[1-6]$/.test(tag(u.element)) && !isEmpty(u.element)) {
         paragraphBehind(u.element);
@@ -69,10 +78,10 @@ commands.enter = function() {
         text = textsIn(u.element).pop();
         text.data = text.data.replace(/\n+$/, '');
         paragraphBehind(u.element);
+    } else if (item && tag(u.element) != 'pre') {
+        splitAtCaret(r, item);
     } else if (takesText(u.element)) {
         splitAtCaret(r, u.element);
-    } else if (!u.element && item && u.parent == item) {
-        splitAtCaret(r, item);
     }
 };
 

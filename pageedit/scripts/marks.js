@@ -2,7 +2,6 @@
 
 var markTags = { s: nameSet('s strike del'), sup: nameSet('sup'), sub: nameSet('sub'),
                  code: nameSet('code tt') };
-var plainTags = nameSet('b strong i em u s strike sup sub code tt kbd samp var mark big small font span');
 
 // The texts of the selection (and pictures, where asked for); none for a caret.
 function touchedTexts(pictures) {
@@ -144,13 +143,13 @@ commands.mark = function(args) {
 function isBare(e) { return (tag(e) == 'span' || tag(e) == 'font') && !e.attributes.length; }
 
 function hasOwnFormat(e) {
-    return (plainTags[tag(e)] && !(tag(e) == 'span' && e.attributes.length && !e.hasAttribute('style')))
+    return (isFormat(e) && !(tag(e) == 'span' && e.attributes.length && !e.hasAttribute('style')))
         || e.hasAttribute('style');
 }
 
 function makePlain(e) {
     setAttribute(e, 'style', '');
-    if (plainTags[tag(e)] && !(tag(e) == 'span' && e.attributes.length))
+    if (isFormat(e) && !(tag(e) == 'span' && e.attributes.length))
         unwrap(e);
 }
 

@@ -146,18 +146,12 @@ function wrapRun(nodes, e) {
     if (m && m[0].length < t.data.length)
         nodes[0] = cut(t, m[0].length);
     wrap(nodes, e);
-    var br = previousOf(e), line = m && m[0];
+    var br = previousOf(e);
     if (tag(br) == 'br')
         remove(br);
     if (tag(e.lastChild) == 'br' && !isEmpty(e))
         remove(e.lastChild);
-    t = e.lastChild;
-    if (isText(t))
-        trimEnd(t);
-    br = nextOf(e);
-    if (tag(br) == 'br' && !isBlank(br.nextSibling) && isEmpty(e) == false && br.previousSibling == e)
-        remove(br);
-    return line;
+    trimEnd(e.lastChild);
 }
 
 // A unit as an element of its own: bare text gets a paragraph around it. The line break that ended
