@@ -74,7 +74,8 @@ CDlgPageProperties::CDlgPageProperties(const QVariantMap &properties, const QStr
     auto *pForm = new QFormLayout(this);
     const auto addRow = [pForm](const QString &strLabel, QWidget *pField, QWidget *pEdit) {
         pForm->addRow(strLabel, pField);
-        pEdit->setAccessibleName(QString(strLabel).remove(QLatin1Char(':')));
+        // Chinese has a wide colon.
+        pEdit->setAccessibleName(QString(strLabel).remove(QLatin1Char(':')).remove(QChar(0xFF1A)));
     };
     addRow(tr("Title:"), m_pTitle, m_pTitle);
     addRow(tr("Language:"), m_pLanguage, m_pLanguage);
