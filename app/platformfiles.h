@@ -39,6 +39,10 @@ int createFile(const QString &strPath, FilePrivacy privacy);
 // Bytes read; 0 at the end, -1 on failure. Interrupted calls are made again.
 qint64 readSome(int nHandle, char *pBuffer, qint64 nSize);
 
+// An absolute path in the bytes that a library takes which opens files by itself. Windows: UTF-8,
+// marked so that long paths are taken, too.
+QByteArray pathForLibrary(const QString &strPath);
+
 // Whether the permissions of an existing file let this user write to it.
 bool mayWrite(const QString &strPath);
 

@@ -172,6 +172,11 @@ qint64 Platform::readSome(int nHandle, char *pBuffer, qint64 nSize)
     return nRead;
 }
 
+QByteArray Platform::pathForLibrary(const QString &strPath)
+{
+    return QFile::encodeName(strPath);
+}
+
 QString Platform::errorText()
 {
     return qt_error_string(errno);

@@ -123,6 +123,11 @@ qint64 Platform::readSome(int nHandle, char *pBuffer, qint64 nSize)
     return _read(nHandle, pBuffer, unsigned(qMin(nSize, qint64(0x7fffffff))));
 }
 
+QByteArray Platform::pathForLibrary(const QString &strPath)
+{
+    return "\\\\?\\" + QDir::toNativeSeparators(strPath).toUtf8();
+}
+
 QString Platform::errorText()
 {
     return QString::fromLocal8Bit(std::strerror(errno));

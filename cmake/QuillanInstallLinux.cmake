@@ -39,8 +39,8 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Plug-ins that no linker sees: without them the drawings of new files and SVG pictures stay blank.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
-# Opens files with the desktop's default application.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
+# Opens files with the desktop's default application. Dictionaries for the spelling; without one nothing is marked.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, hunspell-en-us | hunspell-dictionary")
 # Tells Find in Files what a repository ignores.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS git)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)

@@ -23,7 +23,7 @@ else()
 endif()
 
 # What the tool forgets: plug-ins that nothing links, with their library, what QtWebKit, which is not
-# part of Qt's own distribution, brings along, and uchardet.
+# part of Qt's own distribution, brings along, uchardet and hunspell.
 foreach(plugin imageformats/qsvg.dll iconengines/qsvgicon.dll)
   get_filename_component(folder "${plugin}" DIRECTORY)
   install(FILES "${qt_plugins}/${plugin}" DESTINATION "${folder}")
@@ -37,7 +37,8 @@ foreach(library Qt5Svg Qt5WebKit Qt5WebKitWidgets Qt5Network Qt5PrintSupport Qt5
 endforeach()
 file(GLOB webkit_needs "${qt_bins}/libxml2*.dll" "${qt_bins}/libxslt*.dll" "${qt_bins}/icu*.dll"
      "${qt_bins}/libicu*.dll" "${qt_bins}/sqlite3*.dll" "${qt_bins}/zlib*.dll"
-     "${qt_bins}/*uchardet*.dll" "${qt_bins}/libjpeg*.dll" "${qt_bins}/libpng*.dll" "${qt_bins}/libwebp*.dll")
+     "${qt_bins}/*uchardet*.dll" "${qt_bins}/*hunspell*.dll"
+     "${qt_bins}/libjpeg*.dll" "${qt_bins}/libpng*.dll" "${qt_bins}/libwebp*.dll")
 if(webkit_needs)
   install(FILES ${webkit_needs} DESTINATION .)
 endif()

@@ -16,7 +16,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 # What CMake and uic would write.
-folders=(app highlight editor web browser findinfiles pageedit document mainwindow taster)
+folders=(app spelling highlight editor web browser findinfiles pageedit document mainwindow taster)
 mkdir "$work/app"
 version=$(sed -nE 's/^project\(quillan VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
 sed "s/@PROJECT_VERSION@/$version/" app/version.h.in >"$work/app/version.h"
@@ -30,7 +30,8 @@ flags=(-fsyntax-only -std=c++17 -Wall -Wextra -Wshadow -Werror -I. "-I$work" -DU
 for module in QtCore QtGui QtWidgets QtXml QtNetwork QtPrintSupport QtWebKit QtWebKitWidgets; do
     flags+=(-isystem "$headers/$module")
 done
-flags+=(-isystem "$(pkg-config --variable=includedir uchardet)/uchardet")
+flags+=(-isystem "$(pkg-config --variable=includedir uchardet)/uchardet"
+        -isystem "$(pkg-config --variable=includedir hunspell)/hunspell")
 
 sources=("$@")
 if [ ${#sources[@]} -eq 0 ]; then

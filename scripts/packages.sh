@@ -4,7 +4,7 @@
 PACKAGES_RUN="
 cmake ninja-build g++ ccache lld
 qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools qttranslations5-l10n
-libqt5webkit5-dev zlib1g-dev libuchardet-dev pkg-config libqt5svg5 dbus fonts-dejavu-core git"
+libqt5webkit5-dev zlib1g-dev libuchardet-dev libhunspell-dev pkg-config libqt5svg5 dbus fonts-dejavu-core git"
 
 # To show it without a display.
 PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QChar>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class Hunspell;
+class QTextCodec;
+
+// One dictionary of the system. Remembers what it was asked, as a text asks for the same words again
+// and again. Any thread, but one at a time.
+class CSpellDictionary
+{
+public:
+    // strBase is the path without ".aff" and ".dic". Reads both files, which may take half a second;
+    // null where they cannot be used.
+    static std::unique_ptr<CSpellDictionary> load(const QString &strBase, const QString &strName);
+    ~CSpellDictionary();
+
+    // True, too, for a word of another script than the language's.
+    bool isCorrect(const QString &strWord);
+    // Not more than fit into a list that is looked through at once; the likeliest first.
+    QStringList suggestions(const QString &strWord) const;
+
+private:
+    CSpellDictionary(const QString &strBase, const QString &strName);
+    bool isUsable() const;
+    bool isOtherScript(const QString &strWord) const;
+
+    std::unique_ptr<Hunspell> m_pHunspell;
+    QTextCodec *m_pCodec = nullptr; // Of the dictionary's files; Qt's own.
+    QChar::Script m_script;
+    QHash<QString, bool> m_known;
+};
