@@ -44,6 +44,8 @@ const QVector<SKey> &keys()
         {"m_bLineWrap", &CSettings::m_bLineWrap, false},
         {"m_lstRecentFiles", &CSettings::m_lstRecentFiles, QStringList()},
         {"m_bIsHtmlText", &CSettings::m_bIsHtmlText, false},
+        {"m_bPageSpelling", &CSettings::m_bPageSpelling, true},
+        {"m_bTextSpelling", &CSettings::m_bTextSpelling, false},
         {"m_bFindMatchWholeWord", &CSettings::m_bFindMatchWholeWord, false},
         {"m_bFindMatchCase", &CSettings::m_bFindMatchCase, false},
         {"m_bFindSearchUp", &CSettings::m_bFindSearchUp, false},

@@ -30,6 +30,8 @@ public:
     bool m_bLineWrap = false;
     QStringList m_lstRecentFiles;
     bool m_bIsHtmlText = false;
+    bool m_bPageSpelling = false; // Misspelt words are marked: in pages, in text editors.
+    bool m_bTextSpelling = false;
     bool m_bFindMatchWholeWord = false;
     bool m_bFindMatchCase = false;
     bool m_bFindSearchUp = false;

@@ -8,6 +8,7 @@
 #include "app/platformfiles.h"
 #include "mainwindow/mainwindow.h"
 #include "res/icons.h"
+#include "spelling/cspelling.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -39,6 +40,9 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
                                                        QCoreApplication::applicationName());
     g_pSettings = pSettings.get();
     pSettings->setLoc(strLocale);
+    const auto pSpelling = std::make_unique<CSpelling>(CSpelling::systemFolders(),
+                                                       CSpelling::ownWordsFile(), strLocale);
+    g_pSpelling = pSpelling.get();
     const auto pMainWindow = std::make_unique<MainWindow>();
     g_pMainWindow = pMainWindow.get();
 

@@ -33,12 +33,12 @@ bool CShownLines::goTo(int nLine)
     return m_nCharsLeft >= 0;
 }
 
-QBitArray CShownLines::inside()
+QBitArray commentsAndStrings(const QTextBlock &block)
 {
     // The two roles look the same.
     static const QTextCharFormat s_comment = CHighlightRules::format(HighlightRole::Comment);
-    QBitArray inside(m_block.length());
-    const QVector<QTextLayout::FormatRange> lstFormats = m_block.layout()->formats();
+    QBitArray inside(block.length());
+    const QVector<QTextLayout::FormatRange> lstFormats = block.layout()->formats();
     for (const QTextLayout::FormatRange &range : lstFormats) {
         const bool bMark = range.format.intProperty(QTextFormat::UserProperty) & 1;
         if (!bMark && range.start < inside.size()) {
@@ -47,6 +47,11 @@ QBitArray CShownLines::inside()
         }
     }
     return inside;
+}
+
+QBitArray CShownLines::inside()
+{
+    return commentsAndStrings(m_block);
 }
 
 CStoredLines::CStoredLines(const CLineStore &store, uint nVersion, const CHighlightRules &rules,

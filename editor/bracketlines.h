@@ -8,6 +8,10 @@
 
 #include <functional>
 
+// The characters of a block that its colours show as comments or strings, and the line's end. GUI
+// thread.
+QBitArray commentsAndStrings(const QTextBlock &block);
+
 // The lines of a document that are shown, with the colours that they have. GUI thread.
 class CShownLines : public CBracketLines
 {

@@ -20,6 +20,7 @@ class CCompletionList;
 class CEditWebView;
 class CLineNumberArea;
 class CReplaceAll;
+class CSuggestionMenu;
 class CTextArrival;
 class CTextDocument;
 class CTextLines;
@@ -39,7 +40,7 @@ struct STypedWord;
 //
 // Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
 // _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys,
-// _loading, _mouse, _paint, _repaint, _search, _verify.
+// _loading, _mouse, _paint, _repaint, _search, _spelling, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -228,6 +229,10 @@ public slots:
     void addCaretBelow();
     void selectOccurrences();
     void offerWords();
+    // The misspelt word at the cursor, else the next one behind it, with words to take for it.
+    void suggestSpelling();
+    // Turns the marks of misspelt words on or off, in all editors.
+    void markSpelling();
     void goToBracket();
     void selectToBracket();
     void extendBlockLeft();
@@ -367,6 +372,11 @@ private:
     void forVisibleCarets(const CaretPainter &paint) const;
     void paintSelections(QPainter *pPainter) const;
     void paintCarets(QPainter *pPainter) const;
+    QVector<QRectF> rectsOf(const QVector<SCaret> &lst) const;
+    bool prepareSpelling();
+    bool hasLanguage() const;
+    void offerSuggestions();
+    void paintSpelling(QPainter *pPainter) const;
     void extendBlock(int nLines, int nColumns);
     SCaretBlock blockAt(const QPoint &point) const;
     void showBlock(const SCaretBlock &block);
@@ -409,6 +419,7 @@ private:
     CReplaceAll *m_pReplaceAll = nullptr; // While it goes on.
     CCarets m_carets; // When there are several; else one, of no meaning.
     CCompletionList *m_pCompletion = nullptr; // From the first word offered on.
+    CSuggestionMenu *m_pSuggestions = nullptr; // From the first misspelt word on.
     CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.
     std::optional<QVariantMap> m_definition;
     int m_nBandLine = 0; // As it was last painted, like the next two.

@@ -44,6 +44,8 @@ const SKeyCommand g_arrCommands[] = {
     {"Ctrl+Alt+Up", nullptr, "", &CHighlightEdit::addCaretAbove},
     {"Ctrl+Alt+Down", nullptr, "", &CHighlightEdit::addCaretBelow},
     {"Ctrl+Space", nullptr, "", &CHighlightEdit::offerWords},
+    {"F4", nullptr, "", &CHighlightEdit::suggestSpelling},
+    {"Shift+F4", nullptr, "", &CHighlightEdit::markSpelling},
     {"Ctrl+M", nullptr, "", &CHighlightEdit::goToBracket},
     {"Ctrl+Shift+M", nullptr, "", &CHighlightEdit::selectToBracket},
     {"Alt+F3", nullptr, "", &CHighlightEdit::selectOccurrences},
@@ -72,6 +74,11 @@ bool isTypedByAltGr(const QKeyEvent *pEvent)
         && pEvent->text().at(0).isPrint();
 }
 
+bool isFunctionKey(const QKeyEvent *pEvent)
+{
+    return pEvent->key() >= Qt::Key_F1 && pEvent->key() <= Qt::Key_F35;
+}
+
 // A letter with Alt is for the menus, whether there is one for it or not.
 bool isMenuKey(const QKeyEvent *pEvent)
 {
@@ -88,7 +95,9 @@ bool CHighlightEdit::runKeyCommand(QKeyEvent *pEvent)
     if (m_pCounter)
         m_pCounter->cancel();
     const Qt::KeyboardModifiers modifiers = pEvent->modifiers() & ~Qt::KeypadModifier;
-    if (!(modifiers & (Qt::ControlModifier | Qt::AltModifier)) || isTypedByAltGr(pEvent))
+    const bool bTypes =
+        !(modifiers & (Qt::ControlModifier | Qt::AltModifier)) && !isFunctionKey(pEvent);
+    if (bTypes || isTypedByAltGr(pEvent))
         return false;
     if (isMenuKey(pEvent)) {
         if (const auto *pWindow = qobject_cast<QMainWindow *>(window()))

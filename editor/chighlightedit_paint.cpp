@@ -1,6 +1,9 @@
 // What the view draws around the text: the band behind the cursor's line, further carets.
 #include "editor/chighlightedit.h"
 
+#include "app/csettings.h"
+#include "spelling/cspelling.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
@@ -56,10 +59,11 @@ void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
             paintSelections(&painter);
     }
     QPlainTextEdit::paintEvent(pEvent);
-    if (hasSeveralCarets()) {
-        QPainter painter(viewport());
+    QPainter painter(viewport());
+    if (hasSeveralCarets())
         paintCarets(&painter);
-    }
+    if (g_pSpelling && g_pSettings->m_bTextSpelling)
+        paintSpelling(&painter);
 }
 
 // New colours may have changed the partner, which then is not part of what is painted now.
@@ -71,17 +75,23 @@ void CHighlightEdit::paintBrackets(QPainter *pPainter)
         return;
     const int nFirst = qMin(pair.nBracket, pair.nPartner);
     const int nLast = qMax(pair.nBracket, pair.nPartner);
-    QVector<QRectF> lstRects;
-    forVisible({{nFirst, nFirst + 1}, {nLast, nLast + 1}},
-               [&](const SCaret &bracket, const QTextBlock &block, const QPointF &corner) {
-                   const int nInBlock = bracket.nAnchor - block.position();
-                   addRangeRects(block, nInBlock, nInBlock + 1, corner, &lstRects);
-               });
-    for (const QRectF &spot : qAsConst(lstRects)) {
+    const QVector<QRectF> lstRects = rectsOf({{nFirst, nFirst + 1}, {nLast, nLast + 1}});
+    for (const QRectF &spot : lstRects) {
         pPainter->fillRect(spot, QColor(QLatin1String(g_szBracketColor)));
         pPainter->setPen(QColor(QLatin1String(g_szBracketFrameColor)));
         pPainter->drawRect(spot.adjusted(0, 0, -1, -1));
     }
+}
+
+// Of the ranges as far as they can be seen.
+QVector<QRectF> CHighlightEdit::rectsOf(const QVector<SCaret> &lst) const
+{
+    QVector<QRectF> lstRects;
+    forVisible(lst, [&](const SCaret &range, const QTextBlock &block, const QPointF &corner) {
+        addRangeRects(block, range.start() - block.position(), range.end() - block.position(),
+                      corner, &lstRects);
+    });
+    return lstRects;
 }
 
 void CHighlightEdit::forVisibleCarets(const CaretPainter &paint) const

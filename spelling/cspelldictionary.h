@@ -10,13 +10,13 @@
 class Hunspell;
 class QTextCodec;
 
-// One dictionary of the system. Remembers what it was asked, as a text asks for the same words again
-// and again. Any thread, but one at a time.
+// One dictionary of the system. Remembers what it was asked, as a text asks for the same words
+// again and again. Any thread, but one at a time.
 class CSpellDictionary
 {
 public:
-    // strBase is the path without ".aff" and ".dic". Reads both files, which may take half a second;
-    // null where they cannot be used.
+    // strBase is the path without ".aff" and ".dic". Reads both files, which may take half a
+    // second; null where they cannot be used.
     static std::unique_ptr<CSpellDictionary> load(const QString &strBase, const QString &strName);
     ~CSpellDictionary();
 

@@ -6,6 +6,7 @@
 #include "spelling/dictionaryname.h"
 #include "spelling/spellwords.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -21,7 +22,7 @@ namespace {
 class CJob : public QRunnable
 {
 public:
-    explicit CJob(const std::function<void()> &work) : m_work(work) {}
+    explicit CJob(const std::function<void()> &work) : m_work(work) { }
     void run() override { m_work(); }
 
 private:
@@ -51,8 +52,8 @@ QStringList CSpelling::systemFolders()
 {
     QStringList lst;
     for (const char *szName : {"hunspell", "myspell/dicts"}) {
-        lst += QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
-                                         QLatin1String(szName), QStandardPaths::LocateDirectory);
+        lst += QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QLatin1String(szName),
+                                         QStandardPaths::LocateDirectory);
     }
     return lst;
 }
@@ -98,6 +99,14 @@ CSpellDictionary *CSpelling::dictionary(const QString &strLanguage)
         QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
     }));
     return nullptr;
+}
+
+bool CSpelling::prepare(const QString &strLanguage)
+{
+    dictionary(strLanguage);
+    m_pool.waitForDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    return hasDictionary(strLanguage);
 }
 
 bool CSpelling::isOwnWord(const QString &strWord) const

@@ -19,7 +19,8 @@ class CSpelling : public QObject
 
 public:
     // Looks for dictionaries in the folders, first ones first; a language that is not named is that
-    // of the locale. The user's own words stand in a file, one a line, in UTF-8; none need be there.
+    // of the locale. The user's own words stand in a file, one a line, in UTF-8; none need be
+    // there.
     CSpelling(const QStringList &lstFolders, const QString &strOwnWords, const QString &strLocale,
               QObject *pParent = nullptr);
     // Waits for a dictionary that is being read.
@@ -31,11 +32,13 @@ public:
 
     // strLanguage as a page names it; empty: the locale's.
     bool hasDictionary(const QString &strLanguage) const;
+    // The same after the dictionary was read, which is waited for.
+    bool prepare(const QString &strLanguage);
     bool isCorrect(const QString &strLanguage, const QString &strWord);
     // May take some tenths of a second.
     QStringList suggestions(const QString &strLanguage, const QString &strWord);
-    // A word of all languages from now on. False when it could not be written, with the reason: then
-    // it counts until the program ends.
+    // A word of all languages from now on. False when it could not be written, with the reason:
+    // then it counts until the program ends.
     bool addWord(const QString &strWord, QString *pError);
 
 signals:

@@ -31,8 +31,8 @@ QString dictionaryName(const QStringList &lstNames, const QString &strLanguage,
                        const QString &strLocale)
 {
     const QString strLocaleName = normalName(strLocale);
-    const QString strWanted = strLanguage.trimmed().isEmpty() ? strLocaleName
-                                                              : normalName(strLanguage);
+    const QString strWanted =
+        strLanguage.trimmed().isEmpty() ? strLocaleName : normalName(strLanguage);
     if (strWanted.isEmpty())
         return QString();
     QStringList lstTried {strWanted};

@@ -83,11 +83,11 @@ bool hasJoiningPoint(const QStringRef &strPiece)
 // An address of the web or of mail, a path, a name of a program's part, an option of a command.
 bool isAddress(const QStringRef &strPiece)
 {
-    return hasJoiningPoint(strPiece) || strPiece.contains(QLatin1String("://")) || strPiece.contains(QLatin1Char('@'))
-        || strPiece.contains(QLatin1Char('\\')) || strPiece.startsWith(QLatin1Char('/'))
-        || strPiece.startsWith(QLatin1String("--")) || strPiece.startsWith(QLatin1String("~/"))
-        || strPiece.startsWith(QLatin1String("./")) || strPiece.count(QLatin1Char('/')) > 1
-        || strPiece.startsWith(QLatin1String("www."));
+    return hasJoiningPoint(strPiece) || strPiece.contains(QLatin1String("://"))
+        || strPiece.contains(QLatin1Char('@')) || strPiece.contains(QLatin1Char('\\'))
+        || strPiece.startsWith(QLatin1Char('/')) || strPiece.startsWith(QLatin1String("--"))
+        || strPiece.startsWith(QLatin1String("~/")) || strPiece.startsWith(QLatin1String("./"))
+        || strPiece.count(QLatin1Char('/')) > 1 || strPiece.startsWith(QLatin1String("www."));
 }
 
 } // namespace

@@ -242,7 +242,7 @@ void TestDocumentsTruth::settingsOfTheReadme_areThoseOfTheProgram()
         captures(content(QStringLiteral("app/csettings.cpp")), QStringLiteral("\\{\"(m_\\w+)\""));
     const QSet<QString> told(lstTold.begin(), lstTold.end());
     const QSet<QString> keys(lstKeys.begin(), lstKeys.end());
-    QCOMPARE(keys.size(), 16);
+    QCOMPARE(keys.size(), 18);
     QCOMPARE(told, keys);
 }
 

@@ -54,6 +54,8 @@ static QVariant member(const CSettings &settings, const QString &strKey)
         {QStringLiteral("m_bLineWrap"), settings.m_bLineWrap},
         {QStringLiteral("m_lstRecentFiles"), settings.m_lstRecentFiles},
         {QStringLiteral("m_bIsHtmlText"), settings.m_bIsHtmlText},
+        {QStringLiteral("m_bPageSpelling"), settings.m_bPageSpelling},
+        {QStringLiteral("m_bTextSpelling"), settings.m_bTextSpelling},
         {QStringLiteral("m_bFindMatchWholeWord"), settings.m_bFindMatchWholeWord},
         {QStringLiteral("m_bFindMatchCase"), settings.m_bFindMatchCase},
         {QStringLiteral("m_bFindSearchUp"), settings.m_bFindSearchUp},
@@ -77,6 +79,8 @@ void tst_settings::firstStart_givesTheDefault_data()
     QTest::newRow("m_bLineWrap") << QVariant(false);
     QTest::newRow("m_lstRecentFiles") << QVariant(QStringList());
     QTest::newRow("m_bIsHtmlText") << QVariant(false);
+    QTest::newRow("m_bPageSpelling") << QVariant(true);
+    QTest::newRow("m_bTextSpelling") << QVariant(false);
     QTest::newRow("m_bFindMatchWholeWord") << QVariant(false);
     QTest::newRow("m_bFindMatchCase") << QVariant(false);
     QTest::newRow("m_bFindSearchUp") << QVariant(false);
@@ -110,7 +114,8 @@ void tst_settings::everyKey_survivesARestart()
         settings.setIsHtmlText(true);
         settings.m_bFindMatchWholeWord = settings.m_bFindMatchCase = settings.m_bFindSearchUp =
             true;
-        settings.m_bFindWrapSearch = false;
+        settings.m_bFindWrapSearch = settings.m_bPageSpelling = false;
+        settings.m_bTextSpelling = true;
         settings.m_bFindCloseAfterFindNext = settings.m_bFindUseRegularExpression = true;
         settings.m_nFindTransparent = 55;
     }
@@ -124,6 +129,7 @@ void tst_settings::everyKey_survivesARestart()
     QVERIFY(settings.getLineWrap());
     QCOMPARE(settings.getRecentFileList(), lst);
     QVERIFY(settings.getIsHtmlText());
+    QVERIFY(settings.m_bTextSpelling && !settings.m_bPageSpelling);
     QVERIFY(settings.m_bFindMatchWholeWord && settings.m_bFindMatchCase);
     QVERIFY(settings.m_bFindSearchUp && !settings.m_bFindWrapSearch);
     QVERIFY(settings.m_bFindCloseAfterFindNext && settings.m_bFindUseRegularExpression);
@@ -150,7 +156,7 @@ void tst_settings::destruction_writes()
         settings.setLineWrap(true);
     }
     QCOMPARE(stored("m_bLineWrap").toBool(), true);
-    QCOMPARE(QSettings(g_strOrganization, g_strApplication).allKeys().size(), 16);
+    QCOMPARE(QSettings(g_strOrganization, g_strApplication).allKeys().size(), 18);
 }
 
 // The child saves, changes more and kills itself.

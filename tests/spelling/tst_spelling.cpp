@@ -116,8 +116,8 @@ void tst_spelling::oldEncoding_isRead()
     read(pSpelling.get(), "de");
     QVERIFY(pSpelling->isCorrect("de", QStringLiteral("gr\u00fcn")));
     QVERIFY(!pSpelling->isCorrect("de", QStringLiteral("gr\u00fcm")));
-    QVERIFY(pSpelling->suggestions("de", QStringLiteral("gr\u00fcm")).contains(
-        QStringLiteral("gr\u00fcn")));
+    QVERIFY(pSpelling->suggestions("de", QStringLiteral("gr\u00fcm"))
+                .contains(QStringLiteral("gr\u00fcn")));
 }
 
 void tst_spelling::suggestions_holdTheWordThatWasMeant()
