@@ -15,8 +15,9 @@ static void initScripts()
 namespace {
 
 // In this order: what a script uses at once stands before it.
-const char *const g_scripts[] = {"steps", "dom",   "places", "units", "blocks", "lists", "layout",
-                                 "marks", "links", "head",   "paste", "keys",   "state", "main"};
+const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "lists", "layout",
+                                 "marks", "links", "head", "paste", "keys", "spelling", "state",
+                                 "main"};
 
 constexpr char g_szKey[] = "'quillan page editing'";
 

@@ -164,6 +164,8 @@ signals:
     void replaceNum(int nCount);
     // What the reader should know of the shown page; empty: nothing any more.
     void notice(const QString &strText);
+    // What is drawn now lies over the page, in the view's own pixels.
+    void painted(QPainter *pPainter);
     // One line for the status bar.
     void statusMessage(const QString &strText);
     // The file is about to be read again over edits that were not saved, and nobody was asked.
@@ -190,6 +192,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *pEvent) override;
     void mouseReleaseEvent(QMouseEvent *pEvent) override;
     void leaveEvent(QEvent *pEvent) override;
+    void paintEvent(QPaintEvent *pEvent) override;
     void wheelEvent(QWheelEvent *pEvent) override;
     void keyPressEvent(QKeyEvent *pEvent) override;
     void keyReleaseEvent(QKeyEvent *pEvent) override;

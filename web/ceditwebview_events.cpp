@@ -5,6 +5,8 @@
 
 #include <QContextMenuEvent>
 #include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QWebFrame>
 
 #include <algorithm>
@@ -184,6 +186,14 @@ QUrl CEditWebView::urlUnderPos(QMouseEvent *pEvent) const
 void CEditWebView::contextMenuEvent(QContextMenuEvent *pEvent)
 {
     m_menuContext.popup(mapToGlobal(pEvent->pos()));
+}
+
+void CEditWebView::paintEvent(QPaintEvent *pEvent)
+{
+    QWebView::paintEvent(pEvent);
+    QPainter painter(this);
+    painter.setClipRegion(pEvent->region());
+    emit painted(&painter);
 }
 
 void CEditWebView::dragEnterEvent(QDragEnterEvent *pEvent)

@@ -102,7 +102,7 @@ protected:
     CWebCase *m_pCase = nullptr;
     CEditWebView *m_pView = nullptr;
 
-private slots:
+protected slots:
     void init()
     {
         m_pCase = new CWebCase;

@@ -1,0 +1,150 @@
+// Text for a dictionary, and where its words stand. A run is the text of one line of thought: what
+// stands between two blocks or line breaks, whatever marks letters within.
+
+// Of the last question about what is in view, and about the whole page. Words are told by run, start
+// and length.
+var spelledRuns = [], allRuns = [];
+var misspelt = []; // Ranges, which follow what is typed.
+
+// What holds no prose.
+var unspelledTags = nameSet('script style title textarea select option template code kbd samp var ' +
+    'tt iframe object svg math noscript audio video canvas');
+var lineTags = nameSet('br hr img input button');
+
+function isSpelled(e) {
+    var spellcheck = e.getAttribute('spellcheck');
+    return !unspelledTags[tag(e)] && spellcheck !== 'false';
+}
+
+function languageOf(n) {
+    for (var e = n; isElement(e) || isText(e); e = e.parentNode) {
+        var lang = isElement(e) && (e.getAttribute('lang') || e.getAttribute('xml:lang'));
+        if (lang)
+            return lang;
+    }
+    return '';
+}
+
+function isInView(e) {
+    var box = e.getBoundingClientRect();
+    return !(box.width || box.height) || (box.bottom >= 0 && box.top <= innerHeight);
+}
+
+function collectRuns(all) {
+    var runs = [], run = null;
+    function end() { run = null; }
+    function walk(e) {
+        kids(e).forEach(function(n) {
+            if (isText(n)) {
+                if (!run)
+                    runs.push(run = { nodes: [], text: '', lang: languageOf(n) });
+                run.nodes.push(n);
+                run.text += n.data;
+            } else if (isElement(n)) {
+                // A word may go on behind a letter in bold, but not in another language.
+                var apart = isBlock(n) || lineTags[tag(n)] || !isSpelled(n) || n.hasAttribute('lang');
+                if (apart)
+                    end();
+                if (isSpelled(n) && (all || isInView(n)))
+                    walk(n);
+                if (apart)
+                    end();
+            }
+        });
+    }
+    if (body())
+        walk(body());
+    return runs.filter(function(r) { return /[^\s]/.test(r.text); });
+}
+
+// A place in a run as a node and an offset. At a border the earlier node, or for a start the later.
+function placeInRun(run, at, isStart) {
+    for (var i = 0; i < run.nodes.length; ++i) {
+        var size = run.nodes[i].data.length;
+        if (at < size || (at == size && (!isStart || i == run.nodes.length - 1)))
+            return [run.nodes[i], at];
+        at -= size;
+    }
+    return null;
+}
+
+// The run and the place in it where the caret stands, or the first one behind it; [] for none.
+function caretInRuns(runs) {
+    var r = selectedRange();
+    if (!r)
+        return [];
+    var n = r.startContainer, atEnd = !isText(n) && !n.childNodes[r.startOffset];
+    var from = nodeAt(n, r.startOffset);
+    for (var i = 0; i < runs.length; ++i) {
+        for (var j = 0, at = 0; j < runs[i].nodes.length; at += runs[i].nodes[j++].data.length) {
+            var t = runs[i].nodes[j], order = from.compareDocumentPosition(t) & 20;
+            if (t == n)
+                return [i, at + r.startOffset];
+            if (t == from || (atEnd ? order == 4 : order)) // 4: behind it, 16: within it.
+                return [i, at];
+        }
+    }
+    return [runs.length, 0];
+}
+
+function wordRange(runs, word) {
+    var run = runs[word[0]], r = inDocument('createRange');
+    var a = placeInRun(run, word[1], true), b = placeInRun(run, word[1] + word[2], false);
+    r.setStart(a[0], a[1]);
+    r.setEnd(b[0], b[1]);
+    return r;
+}
+
+// The texts in view, or all of the page, with their languages; the run and place of the caret.
+queries.spelledTexts = function(args) {
+    var runs = collectRuns(args.all), s = getSelection();
+    if (args.all)
+        allRuns = runs;
+    else
+        spelledRuns = runs;
+    return {
+        texts: runs.map(function(run) { return [run.text, run.lang]; }),
+        caret: caretInRuns(runs),
+        selected: s.rangeCount ? s.toString() : ''
+    };
+};
+
+// From now on these words are the misspelt ones.
+queries.markMisspelt = function(args) {
+    misspelt = args.words.map(function(word) { return wordRange(spelledRuns, word); });
+    return queries.misspeltBoxes();
+};
+
+// Left, top, width and height in the document of each piece of a misspelt word.
+queries.misspeltBoxes = function() {
+    var boxes = [];
+    misspelt.forEach(function(r) {
+        if (r.collapsed)
+            return;
+        [].forEach.call(r.getClientRects(), function(b) {
+            if (b.width)
+                boxes.push([b.left + pageXOffset, b.top + pageYOffset, b.width, b.height]);
+        });
+    });
+    return boxes;
+};
+
+queries.selectWord = function(args) {
+    var r = wordRange(allRuns, args.word), s = getSelection();
+    s.removeAllRanges();
+    s.addRange(r);
+    r.startContainer.parentNode.scrollIntoViewIfNeeded(true);
+    return true;
+};
+
+// The marks of the first letter are those of the new word.
+commands.replaceWord = function(args) {
+    var r = wordRange(allRuns, args.word), n = r.startContainer, end = r.endContainer;
+    var last = end == n ? r.endOffset : n.data.length, start = r.startOffset;
+    if (end != n) {
+        r.setStart(n, n.data.length);
+        r.deleteContents();
+    }
+    n.data = n.data.slice(0, start) + args.text + n.data.slice(last);
+    getSelection().collapse(n, start + args.text.length);
+};
