@@ -80,8 +80,7 @@ QVector<CPageSpelling::Word> CPageSpelling::misspeltIn(int nText) const
     const SText &text = m_texts.at(nText);
     const QVector<SSpellWord> lstWords = spellWords(text.strText);
     for (const SSpellWord &word : lstWords) {
-        if (!g_pSpelling->isCorrect(text.strLanguage,
-                                    text.strText.mid(word.nStart, word.nLength)))
+        if (!g_pSpelling->isCorrect(text.strLanguage, text.strText.mid(word.nStart, word.nLength)))
             lst.append({nText, word.nStart, word.nLength});
     }
     return lst;

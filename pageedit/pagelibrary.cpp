@@ -16,7 +16,7 @@ namespace {
 
 // In this order: what a script uses at once stands before it.
 const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "lists", "layout",
-                                 "marks", "links", "head", "paste", "keys", "spelling", "state",
+const char *const g_scripts[] = {"marks", "links", "head", "paste", "keys", "spelling", "state",
                                  "main"};
 
 constexpr char g_szKey[] = "'quillan page editing'";

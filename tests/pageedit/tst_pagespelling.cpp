@@ -234,10 +234,12 @@ void tst_PageSpelling::chosenWord_isOneStepAndKeepsItsLetters_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
-    QTest::newRow("plain") << "<p>a wr|ld b</p>" << "<p>a world b</p>";
+    QTest::newRow("plain") << "<p>a wr|ld b</p>"
+                           << "<p>a world b</p>";
     QTest::newRow("in a link") << "<p><a href=\"x\">|wrld</a></p>"
                                << "<p><a href=\"x\">world</a></p>";
-    QTest::newRow("beginning in bold") << "<p>|<b>wr</b>ld.</p>" << "<p><b>world</b>.</p>";
+    QTest::newRow("beginning in bold") << "<p>|<b>wr</b>ld.</p>"
+                                       << "<p><b>world</b>.</p>";
 }
 
 void tst_PageSpelling::chosenWord_isOneStepAndKeepsItsLetters()
