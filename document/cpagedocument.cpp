@@ -2,6 +2,7 @@
 
 #include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
+#include "pageedit/cpagepictures.h"
 #include "pageedit/cpagespelling.h"
 #include "web/ceditwebview.h"
 
@@ -11,6 +12,7 @@
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
 {
     new CPageSpelling(m_pPage);
+    new CPagePictures(m_pPage);
     const CHighlightEdit *pSource = m_pPage->sourceEdit();
     connect(m_pPage->page(), &QWebPage::contentsChanged, this, &CPageDocument::onPageChanged);
     connect(m_pPage, &CEditWebView::modifiedChanged, this, &CDocument::modifiedChanged);

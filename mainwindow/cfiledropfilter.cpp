@@ -35,7 +35,7 @@ bool CFileDropFilter::eventFilter(QObject *pObject, QEvent *pEvent)
         return false;
     auto *pDrop = static_cast<QDropEvent *>(pEvent); // The base of all three.
     const QStringList lstFiles = localFiles(pDrop->mimeData());
-    if (lstFiles.isEmpty())
+    if (lstFiles.isEmpty() || (m_isTaken && m_isTaken(pWidget, pDrop->mimeData())))
         return false;
     pDrop->setDropAction(Qt::CopyAction);
     pDrop->accept();

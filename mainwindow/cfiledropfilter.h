@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
+
 class QMimeData;
 class QWidget;
 
@@ -18,6 +20,10 @@ public:
     // The local files among the URLs, in order.
     static QStringList localFiles(const QMimeData *pData);
 
+    // What a widget takes for itself passes, too.
+    using Exception = std::function<bool(const QWidget *, const QMimeData *)>;
+    void setException(const Exception &isTaken) { m_isTaken = isTaken; }
+
 signals:
     void filesDropped(QStringList lstFiles);
 
@@ -26,4 +32,5 @@ protected:
 
 private:
     QWidget *m_pWindow; // Not owned.
+    Exception m_isTaken;
 };

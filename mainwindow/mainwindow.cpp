@@ -23,6 +23,7 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/cworkprogress.h"
 #include "mainwindow/framestate.h"
+#include "pageedit/cpagepictures.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"
 
@@ -207,6 +208,10 @@ void MainWindow::setupConnections()
             &MainWindow::showStatusMessage);
     connect(m_pPanels->browser(), &CWidgetFavorFileList::fileRenamed, m_pDocuments.get(),
             &CDocuments::followRenamed);
-    connect(new CFileDropFilter(this), &CFileDropFilter::filesDropped, this,
-            &MainWindow::openFiles);
+    auto *pDropFilter = new CFileDropFilter(this);
+    connect(pDropFilter, &CFileDropFilter::filesDropped, this, &MainWindow::openFiles);
+    pDropFilter->setException([](const QWidget *pWidget, const QMimeData *pData) {
+        const CPagePictures *pPictures = CPagePictures::of(pWidget);
+        return pPictures && pPictures->takesDrop(pData);
+    });
 }

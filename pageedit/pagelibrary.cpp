@@ -16,8 +16,8 @@ namespace {
 
 // In this order: what a script uses at once stands before it.
 const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "lists", "layout",
-const char *const g_scripts[] = {"marks", "links", "head", "paste", "keys", "spelling", "state",
-                                 "main"};
+                                 "marks", "links", "head", "paste", "keys", "pictures", "spelling",
+                                 "state", "main"};
 
 constexpr char g_szKey[] = "'quillan page editing'";
 

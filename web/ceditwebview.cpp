@@ -231,7 +231,8 @@ void CEditWebView::onCut()
 
 void CEditWebView::onPaste()
 {
-    triggerPageAction(QWebPage::Paste, false);
+    if (!isPasteTaken())
+        triggerPageAction(QWebPage::Paste, false);
 }
 
 void CEditWebView::onSelectAll()

@@ -123,6 +123,9 @@ public:
     void runEditable(const std::function<void()> &command);
     void triggerEdit(QWebPage::WebAction action);
     void insertHtml(const QString &strHtml);
+    // Asked before the clipboard is pasted, in whatever way; true: it was done.
+    using PasteTaker = std::function<bool(const QMimeData *)>;
+    void setPasteTaker(const PasteTaker &taker) { m_pasteTaker = taker; }
     bool isBold() const;
     bool isItalic() const;
     bool isUnderline() const;
@@ -226,6 +229,7 @@ private:
     QUrl fileUrl() const;
     static QUrl fileUrl(const QString &strPath);
     bool mayLeave();
+    bool isPasteTaken() const;
     void step(QWebPage::WebAction action);
     void followLink(const QUrl &url);
     void followToFile(const QUrl &url);
@@ -267,6 +271,7 @@ private:
     bool m_bLoadFailed = false;
     bool m_bLinksFollowed = true;
     std::function<bool()> m_leaveQuestion;
+    PasteTaker m_pasteTaker;
     bool m_bSourceShown = false;
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
     QString m_strPushed; // The source as it was pushed, with its own line ends.

@@ -5,6 +5,8 @@
 #include "web/markup.h"
 #include "web/pagescript.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QWebElement>
 #include <QWebFrame>
@@ -44,8 +46,16 @@ void CEditWebView::runEditable(const std::function<void()> &command)
 
 void CEditWebView::triggerEdit(QWebPage::WebAction action)
 {
+    if (action == QWebPage::Paste && isPasteTaken())
+        return;
     endStep();
     runEditable([=] { triggerPageAction(action, false); });
+}
+
+bool CEditWebView::isPasteTaken() const
+{
+    return m_pasteTaker && !isSourceShown()
+        && m_pasteTaker(QGuiApplication::clipboard()->mimeData());
 }
 
 void CEditWebView::insertHtml(const QString &strHtml)

@@ -75,6 +75,10 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
         setEditable(false);
     } else if (m_bControlDown && m_bEditableBeforeControl
                && pEvent->modifiers().testFlag(Qt::ControlModifier)) {
+        if (pEvent->matches(QKeySequence::Paste) && isPasteTaken()) {
+            pEvent->accept();
+            return;
+        }
         // Moving by words, deleting words, paste, and AltGr where it comes as Control and Alt.
         runEditable([=] {
             formatByKey(pEvent);

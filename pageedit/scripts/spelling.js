@@ -134,7 +134,7 @@ queries.selectWord = function(args) {
     s.removeAllRanges();
     s.addRange(r);
     r.startContainer.parentNode.scrollIntoViewIfNeeded(true);
-    return true;
+    return {};
 };
 
 // The marks of the first letter are those of the new word.

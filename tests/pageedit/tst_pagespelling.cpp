@@ -38,7 +38,7 @@ private:
     void open(const QString &strBody)
     {
         set(QStringLiteral("<!DOCTYPE html><html><body>%1</body></html>").arg(strBody));
-        selectMarked(m_pView);
+        selectPlaces(m_pView, takeMarks(m_pView));
         m_pView->setFocus();
     }
     QMenu *menu() const { return m_pView->findChild<QMenu *>(QStringLiteral("suggestionMenu")); }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+#include <QString>
+
+// Files of pictures as pages name them. Functions over the file system; any thread.
+
+// True for the suffix of a format that pages show.
+bool isPictureFile(const QString &strPath);
+
+// Its own size in pixels; invalid for what is no picture of a reasonable size.
+QSize pictureSize(const QString &strPath);
+
+// The file as an address relative to the page's folder, percent-encoded; empty where no address
+// leads there, as on another drive.
+QString pictureAddress(const QString &strPage, const QString &strFile);
+// The file that an address of the page means; empty for an address of the web.
+QString pictureFile(const QString &strPage, const QString &strAddress);
+
+// Puts the bytes beside the page, under the wished name, or as "name-1.png", "name-2.png" … where
+// that is taken by something else; nothing is written over. A file that holds the same bytes is
+// taken as it is. Gives the path, or an empty one with the reason.
+QString storeBeside(const QString &strPage, const QString &strName, const QByteArray &arrData,
+                    QString *pError);
+// The same with a name made of the page's: "page-1.png".
+QString storeNew(const QString &strPage, const QByteArray &arrPng, QString *pError);
+// The same with the bytes of a file.
+QString copyBeside(const QString &strPage, const QString &strFile, QString *pError);
