@@ -4,6 +4,7 @@
 #include "editor/chighlightedit.h"
 #include "pageedit/cpagepictures.h"
 #include "pageedit/cpagespelling.h"
+#include "pageedit/cpagetables.h"
 #include "web/ceditwebview.h"
 
 #include <QScopedValueRollback>
@@ -13,6 +14,7 @@ CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pV
 {
     new CPageSpelling(m_pPage);
     new CPagePictures(m_pPage);
+    new CPageTables(m_pPage);
     const CHighlightEdit *pSource = m_pPage->sourceEdit();
     connect(m_pPage->page(), &QWebPage::contentsChanged, this, &CPageDocument::onPageChanged);
     connect(m_pPage, &CEditWebView::modifiedChanged, this, &CDocument::modifiedChanged);

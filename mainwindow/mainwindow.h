@@ -21,6 +21,7 @@ class CHighlightMgt;
 class CHtmlToolBar;
 class CNoticeBar;
 class COpener;
+class CPageObjects;
 class CPageToolBar;
 class CPastTabs;
 class CRecentMenu;
@@ -200,6 +201,7 @@ private:
     CWorkProgress *m_pWork = nullptr;
     CHtmlToolBar *m_pHtmlTools = nullptr;
     CPageToolBar *m_pPageTools = nullptr;
+    CPageObjects *m_pPageObjects = nullptr;
     CFormatMenus *m_pFormats = nullptr;
     CRecentMenu *m_pRecent = nullptr;
     CSearch *m_pSearch = nullptr;

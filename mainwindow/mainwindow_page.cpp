@@ -6,6 +6,7 @@
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctabwidget.h"
+#include "pageedit/cpageobjects.h"
 #include "pageedit/cpagetoolbar.h"
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
@@ -37,6 +38,7 @@ void MainWindow::setupPageToolBar()
     m_pUi->pageToolBar->setIconSize(QSize(24, 24));
     m_pPageTools = new CPageToolBar(m_pUi->pageToolBar);
     addActions(m_pPageTools->actions());
+    m_pPageObjects = new CPageObjects(m_pUi->pageToolBar);
 }
 
 // The page editor while the page itself stands in the current tab; else null.

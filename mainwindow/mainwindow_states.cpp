@@ -11,6 +11,7 @@
 #include "mainwindow/csidepanels.h"
 #include "mainwindow/cstatuslabels.h"
 #include "mainwindow/ctabwidget.h"
+#include "pageedit/cpageobjects.h"
 #include "pageedit/cpagetoolbar.h"
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
@@ -49,6 +50,7 @@ void MainWindow::updateActions()
     const CDocument &document = currentDocument();
     showActionStates(m_pUi.get(), document);
     m_pPageTools->follow(shownPage());
+    m_pPageObjects->follow(shownPage());
     if (!document.page())
         return;
     if (!document.canSave())

@@ -59,8 +59,8 @@ public:
     // By one, within the group; false where a cell spans a border that would be moved.
     bool moveRow(int nRow, bool bDown);
     bool moveColumn(int nColumn, bool bRight);
-    // The first cell of the rectangle (see around()) takes the place of all. False for one cell, and
-    // across groups.
+    // The first cell of the rectangle (see around()) takes the place of all. False for one cell,
+    // and across groups.
     bool merge(const QRect &place);
     // The cell keeps its first place; the others get new ones.
     bool split(int nId);

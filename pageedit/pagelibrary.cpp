@@ -15,9 +15,9 @@ static void initScripts()
 namespace {
 
 // In this order: what a script uses at once stands before it.
-const char *const g_scripts[] = {"steps", "dom", "places", "units", "blocks", "lists", "layout",
-                                 "marks", "links", "head", "paste", "keys", "pictures", "spelling",
-                                 "state", "main"};
+const char *const g_scripts[] = {"steps",    "dom",    "places",   "units", "blocks", "lists",
+                                 "layout",   "marks",  "links",    "head",  "paste",  "keys",
+                                 "pictures", "tables", "spelling", "state", "main"};
 
 constexpr char g_szKey[] = "'quillan page editing'";
 

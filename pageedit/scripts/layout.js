@@ -86,33 +86,39 @@ commands.outdent = function() {
     });
 };
 
-// At the caret; a selection has to be deleted before.
-commands.rule = function() {
-    var r = selectedRange(), u = selectedUnits()[0], line, behind, t;
+// A block of its own at the caret; a selection has to be deleted before. What stands behind it, or
+// null where there is no caret.
+function putBlockAtCaret(e) {
+    var r = selectedRange(), u = selectedUnits()[0], n, behind, t;
     if (!r || !u)
-        return;
-    var hr = make('hr'), n = r.startContainer;
+        return null;
+    n = r.startContainer;
     if (isText(n))
-        n.parentNode.insertBefore(hr, r.startOffset > 0 ? n.splitText(r.startOffset) : n);
+        n.parentNode.insertBefore(e, r.startOffset > 0 ? n.splitText(r.startOffset) : n);
     else
-        n.insertBefore(hr, n.childNodes[r.startOffset] || null);
-    if (isText(hr.previousSibling) && !hr.previousSibling.data)
-        remove(hr.previousSibling);
-    hoist(hr);
-    [previousOf(hr), nextOf(hr)].forEach(function(br) {
+        n.insertBefore(e, n.childNodes[r.startOffset] || null);
+    if (isText(e.previousSibling) && !e.previousSibling.data)
+        remove(e.previousSibling);
+    hoist(e);
+    [previousOf(e), nextOf(e)].forEach(function(br) {
         if (tag(br) == 'br')
             remove(br);
     });
-    behind = nextOf(hr);
-    if (!behind || tag(behind) == 'hr') {
+    behind = nextOf(e);
+    if (!behind || tag(behind) == tag(e)) {
         t = make('p');
         t.appendChild(make('br'));
-        after(hr, t);
-        insertLine(lineAt(hr), hr.parentNode, t);
+        after(e, t);
+        insertLine(lineAt(e), e.parentNode, t);
         behind = t;
     }
+    return behind;
+}
+
+commands.rule = function() {
+    var behind = putBlockAtCaret(make('hr'));
     if (isElement(behind))
         caretInto(behind);
-    else
+    else if (behind)
         caretAt(behind, 0);
 };

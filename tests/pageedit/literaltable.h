@@ -28,9 +28,8 @@ public:
     {
         QVector<STableRow> rows = m_rows;
         QVector<SCell> sorted = m_cells;
-        std::sort(sorted.begin(), sorted.end(), [](const SCell &a, const SCell &b) {
-            return a.place.left() < b.place.left();
-        });
+        std::sort(sorted.begin(), sorted.end(),
+                  [](const SCell &a, const SCell &b) { return a.place.left() < b.place.left(); });
         for (const SCell &cell : sorted)
             rows[cell.place.top()].cells.append(
                 {cell.nId, cell.place.width(), cell.place.height()});

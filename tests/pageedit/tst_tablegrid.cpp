@@ -48,11 +48,11 @@ QString printed(const QVector<STableRow> &rows)
     for (const STableRow &row : rows) {
         QStringList lstCells;
         for (const STableCell &cell : row.cells) {
-            const QString strId =
-                cell.nId < 0 ? QStringLiteral("+") : QString::number(cell.nId);
-            lstCells.append(cell.nColumns * cell.nRows == 1
-                                ? strId
-                                : QStringLiteral("%1:%2x%3").arg(strId).arg(cell.nColumns).arg(cell.nRows));
+            const QString strId = cell.nId < 0 ? QStringLiteral("+") : QString::number(cell.nId);
+            lstCells.append(
+                cell.nColumns * cell.nRows == 1
+                    ? strId
+                    : QStringLiteral("%1:%2x%3").arg(strId).arg(cell.nColumns).arg(cell.nRows));
         }
         const QString strGroup = row.nGroup > nGroup ? QStringLiteral("/") : QString();
         nGroup = row.nGroup;
@@ -213,9 +213,9 @@ void tst_TableGrid::randomCommands_giveWhatRectanglesGive()
                 bDone = grid.moveColumn(nColumn, bOther);
                 break;
             case 6: {
-                const QRect place = literal.whole(
-                    QRect(nColumn, nRow, 1 + any(literal.columnCount() - nColumn),
-                          1 + any(literal.rowCount() - nRow)));
+                const QRect place =
+                    literal.whole(QRect(nColumn, nRow, 1 + any(literal.columnCount() - nColumn),
+                                        1 + any(literal.rowCount() - nRow)));
                 bExpected = literal.merge(place);
                 bDone = grid.merge(place);
                 break;

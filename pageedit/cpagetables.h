@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantMap>
+
+class CEditWebView;
+class QMouseEvent;
+class QPainter;
+
+// Keys and the mouse in tables of a page that is edited: Tab and Shift+Tab go from cell to cell,
+// and the edge between two columns can be drawn. A child of the view. GUI thread only.
+class CPageTables : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CPageTables(CEditWebView *pView);
+
+protected:
+    bool eventFilter(QObject *pObject, QEvent *pEvent) override;
+
+private:
+    bool handleMouse(const QMouseEvent *pEvent);
+    QVariantMap edgeAt(const QPoint &point) const;
+    void finishDrawing();
+    void paint(QPainter *pPainter) const;
+
+    CEditWebView *m_pView;
+    QVariantMap m_edge; // The page's answer about the edge that is drawn; empty: none.
+    int m_nPressed = 0; // Where, and where the mouse is now, in the view.
+    int m_nNow = 0;
+};
