@@ -1,5 +1,6 @@
 #include "pageedit/cdlgpicture.h"
 
+#include "pageedit/fileaddress.h"
 #include "pageedit/picturefiles.h"
 #include "web/localresources.h"
 
@@ -96,10 +97,7 @@ void CDlgPicture::setPicture(const SPicture &picture)
 
 void CDlgPicture::setFile(const QString &strFile)
 {
-    const QString strAddress = pictureAddress(m_strPage, strFile);
-    m_strFile = strAddress.isEmpty() ? strFile : QString();
-    m_pAddress->setText(strAddress.isEmpty() ? strFile : strAddress);
-    onAddressChanged();
+    m_pAddress->setText(fileAddress(strFile, m_strPage));
     const QSignalBlocker width(m_pWidth);
     const QSignalBlocker height(m_pHeight);
     m_pWidth->setValue(qMax(0, m_sizeOwn.width()));
@@ -114,7 +112,7 @@ SPicture CDlgPicture::picture() const
 
 QString CDlgPicture::file() const
 {
-    return m_strFile.isEmpty() ? pictureFile(m_strPage, m_pAddress->text().trimmed()) : m_strFile;
+    return pictureFile(m_strPage, m_pAddress->text().trimmed());
 }
 
 bool CDlgPicture::isCopyWanted() const
@@ -147,8 +145,6 @@ QString CDlgPicture::note() const
 
 void CDlgPicture::onAddressChanged()
 {
-    if (sender() == m_pAddress)
-        m_strFile.clear();
     const QString strFile = file();
     m_sizeOwn = strFile.isEmpty() || m_pAddress->text().trimmed().isEmpty() ? QSize()
                                                                             : pictureSize(strFile);

@@ -44,7 +44,6 @@ private:
     QString note() const;
 
     QString m_strPage;
-    QString m_strFile; // That no address leads to; else empty.
     QSize m_sizeOwn;
     QLineEdit *m_pAddress = nullptr;
     QLineEdit *m_pAlt = nullptr;

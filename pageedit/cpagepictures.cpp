@@ -1,5 +1,6 @@
 #include "pageedit/cpagepictures.h"
 
+#include "pageedit/fileaddress.h"
 #include "pageedit/pagecommands.h"
 #include "pageedit/picturefiles.h"
 #include "web/ceditwebview.h"
@@ -137,7 +138,7 @@ bool CPagePictures::run(CDlgPicture *pDialog, SPicture *pPicture)
         emit m_pView->statusMessage(tr("The picture could not be copied: %1").arg(strError));
         return false;
     }
-    pPicture->strAddress = pictureAddress(m_pView->filePath(), strCopy);
+    pPicture->strAddress = fileAddress(strCopy, m_pView->filePath());
     return true;
 }
 

@@ -78,17 +78,6 @@ QSize pictureSize(const QString &strPath)
         : readPicture(strPath).size();
 }
 
-QString pictureAddress(const QString &strPage, const QString &strFile)
-{
-    const QString strRelative = QFileInfo(strPage).dir().relativeFilePath(strFile);
-    if (QFileInfo(strRelative).isAbsolute())
-        return QString();
-    const QString strAddress = QString::fromLatin1(
-        QUrl::toPercentEncoding(strRelative, QByteArrayLiteral("/!$&'()*+,;=@")));
-    // What stands before a colon would be taken for a scheme; there is none left unencoded.
-    return strAddress;
-}
-
 QString pictureFile(const QString &strPage, const QString &strAddress)
 {
     const QUrl url = QUrl::fromLocalFile(strPage).resolved(QUrl(strAddress));

@@ -12,9 +12,6 @@ bool isPictureFile(const QString &strPath);
 // Its own size in pixels; invalid for what is no picture of a reasonable size.
 QSize pictureSize(const QString &strPath);
 
-// The file as an address relative to the page's folder, percent-encoded; empty where no address
-// leads there, as on another drive.
-QString pictureAddress(const QString &strPage, const QString &strFile);
 // The file that an address of the page means; empty for an address of the web.
 QString pictureFile(const QString &strPage, const QString &strAddress);
 
