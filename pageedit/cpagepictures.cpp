@@ -45,7 +45,7 @@ bool isDrop(QEvent::Type type)
 
 } // namespace
 
-CPagePictures::CPagePictures(CEditWebView *pView) : QObject(pView), m_pView(pView)
+CPagePictures::CPagePictures(CEditWebView *pView) : QObject(pView), m_pView(pView), m_cursor(pView)
 {
     m_timerMeasure.setSingleShot(true);
     m_timerMeasure.setInterval(0);
@@ -239,9 +239,11 @@ bool CPagePictures::handleMouse(QMouseEvent *pEvent)
     }
     if (pEvent->type() == QEvent::MouseMove) {
         const PictureCorner corner = cornerAt(frame(), pEvent->pos());
-        if (corner == PictureCorner::None || pEvent->buttons() != Qt::NoButton)
+        if (corner == PictureCorner::None || pEvent->buttons() != Qt::NoButton) {
+            m_cursor.giveBack();
             return m_bPictureClicked; // Moving on would select text beside the picture.
-        m_pView->setCursor(cursorOf(corner));
+        }
+        m_cursor.show(cursorOf(corner));
         return true;
     }
     if (pEvent->button() != Qt::LeftButton || !m_pView->page()->isContentEditable())
@@ -295,7 +297,7 @@ void CPagePictures::measureSoon()
 void CPagePictures::measure()
 {
     const QVariantMap now =
-        m_pView->isBodyEdited() && m_pView->isVisible() && !m_pView->selectedHtml().isEmpty()
+        m_pView->isBodyEdited() && m_pView->isVisible() && m_pView->hasSelection()
         ? askPage(m_pView, QStringLiteral("picture")).toMap()
         : QVariantMap();
     if (now == m_selected)

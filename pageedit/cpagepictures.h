@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pageedit/cborrowedcursor.h"
 #include "pageedit/cdlgpicture.h"
 #include "pageedit/pictureframe.h"
 
@@ -57,6 +58,7 @@ private:
     void drop(const QStringList &lstFiles, const QPoint &point);
 
     CEditWebView *m_pView;
+    CBorrowedCursor m_cursor;
     QVariantMap m_selected; // The page's answer about the selected picture.
     PictureCorner m_corner = PictureCorner::None; // That is drawn.
     QRect m_rectDrawn; // What the picture would be.

@@ -15,7 +15,7 @@ const char g_szColor[] = "#2a7fd4";
 
 } // namespace
 
-CPageTables::CPageTables(CEditWebView *pView) : QObject(pView), m_pView(pView)
+CPageTables::CPageTables(CEditWebView *pView) : QObject(pView), m_pView(pView), m_cursor(pView)
 {
     connect(pView, &CEditWebView::painted, this, &CPageTables::paint);
     pView->installEventFilter(this);
@@ -66,9 +66,11 @@ bool CPageTables::handleMouse(const QMouseEvent *pEvent)
         || (!bMove && pEvent->button() != Qt::LeftButton))
         return false;
     const QVariantMap edge = edgeAt(pEvent->pos());
-    if (edge.isEmpty())
+    if (edge.isEmpty()) {
+        m_cursor.giveBack();
         return false;
-    m_pView->setCursor(Qt::SplitHCursor);
+    }
+    m_cursor.show(Qt::SplitHCursor);
     if (!bMove) {
         m_edge = edge;
         m_nPressed = m_nNow = pEvent->pos().x();

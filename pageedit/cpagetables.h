@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pageedit/cborrowedcursor.h"
+
 #include <QObject>
 #include <QVariantMap>
 
@@ -26,6 +28,7 @@ private:
     void paint(QPainter *pPainter) const;
 
     CEditWebView *m_pView;
+    CBorrowedCursor m_cursor;
     QVariantMap m_edge; // The page's answer about the edge that is drawn; empty: none.
     int m_nPressed = 0; // Where, and where the mouse is now, in the view.
     int m_nNow = 0;

@@ -98,7 +98,7 @@ commands.insertPicture = function(args) {
         return;
     describePicture(e, args);
     insertAtCaret(r, e);
-    selectNode(e);
+    caretBehind(e); // What is typed next is to stand there, not in its place.
 };
 
 commands.changePicture = function(args) {
