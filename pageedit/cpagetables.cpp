@@ -11,7 +11,7 @@
 namespace {
 
 const int g_nNarrowest = 8; // Pixels of a column.
-const char g_szColor[] = "#2a7fd4";
+const char g_szEdgeColor[] = "#2a7fd4";
 
 } // namespace
 
@@ -97,7 +97,7 @@ void CPageTables::paint(QPainter *pPainter) const
     if (m_edge.isEmpty())
         return;
     const qreal dZoom = m_pView->zoomFactor();
-    pPainter->setPen(QPen(QColor(QLatin1String(g_szColor)), 1, Qt::DashLine));
+    pPainter->setPen(QPen(QColor(QLatin1String(g_szEdgeColor)), 1, Qt::DashLine));
     pPainter->drawLine(m_nNow, qRound(m_edge.value(QStringLiteral("top")).toReal() * dZoom), m_nNow,
                        qRound(m_edge.value(QStringLiteral("bottom")).toReal() * dZoom));
 }

@@ -6,10 +6,10 @@
 
 namespace {
 
-const int g_nColumns = 10;
-const int g_nRows = 8;
-const int g_nSquare = 18; // Pixels, with the gap.
-const int g_nMargin = 6;
+const int g_nChoiceColumns = 10;
+const int g_nChoiceRows = 8;
+const int g_nChoiceSquare = 18; // Pixels, with the gap.
+const int g_nChoiceMargin = 6;
 
 } // namespace
 
@@ -23,13 +23,13 @@ CTableChooser::CTableChooser(QWidget *pParent) : QWidget(pParent)
 
 QSize CTableChooser::sizeHint() const
 {
-    return {g_nColumns * g_nSquare + 2 * g_nMargin,
-            g_nRows * g_nSquare + 2 * g_nMargin + fontMetrics().height()};
+    return {g_nChoiceColumns * g_nChoiceSquare + 2 * g_nChoiceMargin,
+            g_nChoiceRows * g_nChoiceSquare + 2 * g_nChoiceMargin + fontMetrics().height()};
 }
 
 void CTableChooser::mark(const QSize &size)
 {
-    m_marked = size.expandedTo({1, 1}).boundedTo({g_nColumns, g_nRows});
+    m_marked = size.expandedTo({1, 1}).boundedTo({g_nChoiceColumns, g_nChoiceRows});
     setAccessibleName(
         tr("New table: %1 rows, %2 columns").arg(m_marked.height()).arg(m_marked.width()));
     update();
@@ -38,10 +38,11 @@ void CTableChooser::mark(const QSize &size)
 void CTableChooser::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    for (int nRow = 0; nRow < g_nRows; ++nRow) {
-        for (int nColumn = 0; nColumn < g_nColumns; ++nColumn) {
-            const QRect square(g_nMargin + nColumn * g_nSquare, g_nMargin + nRow * g_nSquare,
-                               g_nSquare - 3, g_nSquare - 3);
+    for (int nRow = 0; nRow < g_nChoiceRows; ++nRow) {
+        for (int nColumn = 0; nColumn < g_nChoiceColumns; ++nColumn) {
+            const QRect square(g_nChoiceMargin + nColumn * g_nChoiceSquare,
+                               g_nChoiceMargin + nRow * g_nChoiceSquare, g_nChoiceSquare - 3,
+                               g_nChoiceSquare - 3);
             const bool bMarked = nRow < m_marked.height() && nColumn < m_marked.width();
             painter.setPen(palette().color(QPalette::Mid));
             painter.setBrush(palette().brush(bMarked ? QPalette::Highlight : QPalette::Base));
@@ -49,14 +50,16 @@ void CTableChooser::paintEvent(QPaintEvent *)
         }
     }
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(rect().adjusted(0, 0, 0, -g_nMargin / 2), Qt::AlignHCenter | Qt::AlignBottom,
+    painter.drawText(rect().adjusted(0, 0, 0, -g_nChoiceMargin / 2),
+                     Qt::AlignHCenter | Qt::AlignBottom,
                      tr("%1 × %2").arg(m_marked.height()).arg(m_marked.width()));
 }
 
 // Columns and rows up to the point.
 QSize CTableChooser::at(const QPoint &point) const
 {
-    return {(point.x() - g_nMargin) / g_nSquare + 1, (point.y() - g_nMargin) / g_nSquare + 1};
+    return {(point.x() - g_nChoiceMargin) / g_nChoiceSquare + 1,
+            (point.y() - g_nChoiceMargin) / g_nChoiceSquare + 1};
 }
 
 void CTableChooser::mouseMoveEvent(QMouseEvent *pEvent)
@@ -73,6 +76,12 @@ void CTableChooser::mouseReleaseEvent(QMouseEvent *pEvent)
 
 void CTableChooser::keyPressEvent(QKeyEvent *pEvent)
 {
+    const bool bLeaves = (pEvent->key() == Qt::Key_Down && m_marked.height() == g_nChoiceRows)
+        || (pEvent->key() == Qt::Key_Up && m_marked.height() == 1);
+    if (bLeaves) { // To the menu around it.
+        QWidget::keyPressEvent(pEvent);
+        return;
+    }
     switch (pEvent->key()) {
     case Qt::Key_Left:
         mark(m_marked - QSize(1, 0));

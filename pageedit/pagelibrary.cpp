@@ -37,7 +37,8 @@ QString library()
 QString installing()
 {
     static const QString s_strText =
-        QStringLiteral("Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n")
+        QStringLiteral("Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n"
+                       "null") // Otherwise the answer is the window, copied with all it leads to.
             .arg(QLatin1String(g_szKey), library());
     return s_strText;
 }

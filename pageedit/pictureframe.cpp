@@ -5,7 +5,7 @@
 namespace {
 
 const int g_nHandle = 8; // Pixels of a side.
-const char g_szColor[] = "#2a7fd4";
+const char g_szFrameColor[] = "#2a7fd4";
 
 struct SHandle
 {
@@ -75,7 +75,7 @@ QRect resized(const QRect &picture, PictureCorner corner, const QPoint &point)
 void paintFrame(QPainter *pPainter, const QRect &picture)
 {
     pPainter->save();
-    pPainter->setPen(QColor(QLatin1String(g_szColor)));
+    pPainter->setPen(QColor(QLatin1String(g_szFrameColor)));
     pPainter->setBrush(Qt::NoBrush);
     pPainter->drawRect(picture.adjusted(0, 0, -1, -1));
     pPainter->setBrush(Qt::white);

@@ -4,8 +4,8 @@
 
 namespace {
 
-const int g_nHeight = 2; // Pixels, as is half a wave's width.
-const char g_szColor[] = "#d03030";
+const int g_nWaveHeight = 2; // Pixels, as is half a wave's width.
+const char g_szWaveColor[] = "#d03030";
 
 } // namespace
 
@@ -13,12 +13,12 @@ void paintWavyLine(QPainter *pPainter, const QRectF &word)
 {
     const int nBottom = qRound(word.bottom()) - 1;
     QPolygon line;
-    for (int nX = qRound(word.left()); nX <= word.right(); nX += g_nHeight)
-        line.append(QPoint(nX, line.size() % 2 == 0 ? nBottom : nBottom - g_nHeight));
+    for (int nX = qRound(word.left()); nX <= word.right(); nX += g_nWaveHeight)
+        line.append(QPoint(nX, line.size() % 2 == 0 ? nBottom : nBottom - g_nWaveHeight));
     pPainter->save();
     // Without smoothing: whole pixels are seen at a glance.
     pPainter->setRenderHint(QPainter::Antialiasing, false);
-    pPainter->setPen(QColor(QLatin1String(g_szColor)));
+    pPainter->setPen(QColor(QLatin1String(g_szWaveColor)));
     pPainter->drawPolyline(line);
     pPainter->restore();
 }

@@ -30,27 +30,55 @@ function isInView(e) {
     return !(box.width || box.height) || (box.bottom >= 0 && box.top <= innerHeight);
 }
 
+var manyChildren = 100; // From there on, the first one in view is searched by halves.
+var outOfOrder = 20; // So many neighbours may stand elsewhere than in their order.
+
+// Where to begin among the children of an element: at the first that is seen, or a little before.
+function firstInView(e) {
+    var children = e.children, low = 0, high = children.length, middle;
+    if (high < manyChildren)
+        return e.firstChild;
+    while (low < high) {
+        middle = (low + high) >> 1;
+        if (children[middle].getBoundingClientRect().bottom < 0)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low > outOfOrder ? children[low - outOfOrder] : e.firstChild;
+}
+
+function isBelowView(e) { return e.getBoundingClientRect().top > innerHeight; }
+
 function collectRuns(all) {
     var runs = [], run = null;
     function end() { run = null; }
+    function addText(n) {
+        if (!run)
+            runs.push(run = { nodes: [], text: '', lang: languageOf(n) });
+        run.nodes.push(n);
+        run.text += n.data;
+    }
+    // A word may go on behind a letter in bold, but not in another language.
+    function addElement(n) {
+        var apart = isBlock(n) || lineTags[tag(n)] || !isSpelled(n) || n.hasAttribute('lang');
+        if (apart)
+            end();
+        if (isSpelled(n) && (all || isInView(n)))
+            walk(n);
+        if (apart)
+            end();
+    }
     function walk(e) {
-        kids(e).forEach(function(n) {
-            if (isText(n)) {
-                if (!run)
-                    runs.push(run = { nodes: [], text: '', lang: languageOf(n) });
-                run.nodes.push(n);
-                run.text += n.data;
-            } else if (isElement(n)) {
-                // A word may go on behind a letter in bold, but not in another language.
-                var apart = isBlock(n) || lineTags[tag(n)] || !isSpelled(n) || n.hasAttribute('lang');
-                if (apart)
-                    end();
-                if (isSpelled(n) && (all || isInView(n)))
-                    walk(n);
-                if (apart)
-                    end();
+        var below = 0, n = all ? e.firstChild : firstInView(e);
+        for (; n && below <= outOfOrder; n = n.nextSibling) {
+            if (isText(n))
+                addText(n);
+            else if (isElement(n)) {
+                addElement(n);
+                below = !all && isBelowView(n) ? below + 1 : 0;
             }
-        });
+        }
     }
     if (body())
         walk(body());

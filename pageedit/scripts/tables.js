@@ -275,7 +275,7 @@ queries.nextCell = function(args) {
         return { inside: false };
     cells = allCells(table);
     at = cells.indexOf(cellAround(args.back ? r.startContainer : r.endContainer, table));
-    cell = cells[at + (args.back ? -1 : 1)];
+    cell = at < 0 ? null : cells[at + (args.back ? -1 : 1)];
     if (cell && isEmpty(cell))
         caretInto(cell);
     else if (cell)

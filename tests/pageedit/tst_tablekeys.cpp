@@ -84,6 +84,7 @@ void tst_TableKeys::tabOutsideOfTables_isLeftToTheView()
     const QString strBody = body();
     QTest::keyClick(m_pView, Qt::Key_Tab);
     QCOMPARE(body().count("<tr>"), strBody.count("<tr>"));
+    QVERIFY2(m_pView->selectedText().isEmpty(), qPrintable(m_pView->selectedText()));
 }
 
 void tst_TableKeys::typing_goesIntoANewCell()

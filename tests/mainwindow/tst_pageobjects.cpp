@@ -1,0 +1,111 @@
+#include "cwindowfixture.h"
+
+#include "pageedit/cdlgpicture.h"
+#include "web/ceditwebview.h"
+
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTimer>
+#include <QWebElement>
+#include <QWebFrame>
+
+// Files dropped on a window with a page: pictures go into the page, everything else opens.
+class TestPageObjects : public QObject
+{
+    Q_OBJECT
+
+private:
+    CWindowFixture *m_pCase = nullptr;
+
+    void openPage();
+    QString picture(const QString &strName) const;
+    void drop(QWidget *pTarget, const QString &strFile);
+    QString body() const
+    {
+        const CEditWebView *pPage = m_pCase->window().currentDocument().page();
+        return pPage->page()->mainFrame()->findFirstElement(QStringLiteral("body")).toInnerXml();
+    }
+
+private slots:
+    void init() { m_pCase = new CWindowFixture; }
+    void cleanup() { delete m_pCase; }
+
+    void pictureOnAPage_goesIntoIt();
+    void otherFileOnAPage_opens();
+    void pictureOnTheSource_opens();
+    void pictureOnAText_opens();
+};
+
+void TestPageObjects::openPage()
+{
+    m_pCase->window().openFile(m_pCase->file("page.html", "<!DOCTYPE html><p>one</p>"));
+    QVERIFY(m_pCase->window().currentDocument().page());
+    QTRY_VERIFY(body().contains("one"));
+    QTRY_VERIFY(m_pCase->window().currentDocument().page()->showsOwnFile());
+}
+
+QString TestPageObjects::picture(const QString &strName) const
+{
+    QImage image(12, 8, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    if (!image.save(m_pCase->path(strName)))
+        qFatal("cannot write a picture");
+    return m_pCase->path(strName);
+}
+
+void TestPageObjects::drop(QWidget *pTarget, const QString &strFile)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(strFile)});
+    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(pTarget, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent event(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(pTarget, &event);
+    QVERIFY(event.isAccepted());
+}
+
+void TestPageObjects::pictureOnAPage_goesIntoIt()
+{
+    openPage();
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [] {
+        if (auto *pDialog = qobject_cast<CDlgPicture *>(QApplication::activeModalWidget())) {
+            pDialog->findChild<QLineEdit *>(QStringLiteral("editAlt"))->setText("blue");
+            pDialog->accept();
+        }
+    });
+    timer.start(20);
+    drop(m_pCase->window().currentDocument().page(), picture("a.png"));
+    QTRY_VERIFY(body().contains("<img src=\"a.png\" alt=\"blue\" width=\"12\" height=\"8\">"));
+    QCOMPARE(m_pCase->tabs().count(), 1);
+    QVERIFY(m_pCase->window().currentDocument().isModified());
+}
+
+void TestPageObjects::otherFileOnAPage_opens()
+{
+    openPage();
+    drop(m_pCase->window().currentDocument().page(), m_pCase->file("a.txt", "text"));
+    QTRY_COMPARE(m_pCase->tabs().count(), 2);
+}
+
+void TestPageObjects::pictureOnTheSource_opens()
+{
+    openPage();
+    m_pCase->window().findChild<QAction *>(QStringLiteral("actionSwapHtml"))->trigger();
+    CHighlightEdit *pSource = m_pCase->window().currentDocument().editor();
+    QVERIFY(pSource);
+    drop(pSource->viewport(), picture("a.png"));
+    QTRY_COMPARE(m_pCase->tabs().count(), 2);
+}
+
+void TestPageObjects::pictureOnAText_opens()
+{
+    m_pCase->window().openFile(m_pCase->file("a.txt", "text"));
+    drop(m_pCase->editor()->viewport(), picture("a.png"));
+    QTRY_COMPARE(m_pCase->tabs().count(), 2);
+}
+
+QTEST_MAIN(TestPageObjects)
+#include "tst_pageobjects.moc"
