@@ -5,6 +5,7 @@
 #include "pageedit/picturefiles.h"
 #include "web/ceditwebview.h"
 
+#include <QAction>
 #include <QBuffer>
 #include <QDropEvent>
 #include <QFileInfo>
@@ -294,10 +295,11 @@ void CPagePictures::measureSoon()
     m_timerMeasure.start();
 }
 
+// A caret, which selects nothing, is told from a selection without asking the page.
 void CPagePictures::measure()
 {
-    const QVariantMap now =
-        m_pView->isBodyEdited() && m_pView->isVisible() && m_pView->hasSelection()
+    const QVariantMap now = m_pView->isBodyEdited() && m_pView->isVisible()
+            && m_pView->pageAction(QWebPage::Copy)->isEnabled()
         ? askPage(m_pView, QStringLiteral("picture")).toMap()
         : QVariantMap();
     if (now == m_selected)
