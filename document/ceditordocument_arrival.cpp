@@ -94,7 +94,8 @@ void CEditorDocument::askAboutLongLine(int nLength)
     m_bAsking = true;
     SNotice notice;
     notice.strText =
-        tr("%1 has a line of %2 characters. Shown whole, it stops the window for some time whenever "
+        tr("%1 has a line of %2 characters. Shown whole, it stops the window for some time "
+           "whenever "
            "it is drawn anew; in pieces, the text can be read, but not changed or saved.")
             .arg(visibleName(path()), QLocale().toString(nLength));
     notice.lstChoices = {{tr("Show it in pieces"), [this] { answerAboutLongLine(false); }},

@@ -12,8 +12,8 @@ class QListWidget;
 class QPushButton;
 class QToolButton;
 
-// The bar above a document that shows a notice: its text as it stands, a list of its items, a button
-// per choice and one that closes the bar.
+// The bar above a document that shows a notice: its text as it stands, a list of its items, a
+// button per choice and one that closes the bar.
 //
 // It comes, goes and changes only while the mouse rests, so that no click meets something else than
 // what it was aimed at: not while a button is down, nor for the time of a double click afterwards.

@@ -59,9 +59,9 @@ bool COpener::isAskedFirst(const QString &strPath)
     if (m_setLargeWanted.contains(strPath) || !CDocument::isAboveCeiling(strPath))
         return false;
     SNotice notice;
-    notice.strText = MainWindow::tr("%1 is %2. Open it anyway?")
-                         .arg(visibleName(strPath),
-                              QLocale().formattedDataSize(fileStateOf(strPath).nSize));
+    notice.strText =
+        MainWindow::tr("%1 is %2. Open it anyway?")
+            .arg(visibleName(strPath), QLocale().formattedDataSize(fileStateOf(strPath).nSize));
     notice.lstChoices = {{MainWindow::tr("Open"),
                           [this, strPath] {
                               m_pWindow->documents().recovery().dismiss();
