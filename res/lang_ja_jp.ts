@@ -2,6 +2,40 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en">
 <context>
+    <name>CArrivals</name>
+    <message>
+        <source>Loading %1</source>
+        <translation>%1 を読み込み中</translation>
+    </message>
+    <message>
+        <source>%1 could not be loaded: %2</source>
+        <translation>%1 を読み込めませんでした: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgCharacters</name>
+    <message>
+        <source>Special Characters</source>
+        <translation>特殊文字</translation>
+    </message>
+    <message>
+        <source>Search by name or number</source>
+        <translation>名前または番号で検索</translation>
+    </message>
+    <message>
+        <source>Characters</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>挿入</translation>
+    </message>
+    <message>
+        <source>No character has this name.</source>
+        <translation>この名前の文字はありません。</translation>
+    </message>
+</context>
+<context>
     <name>CDlgFind</name>
     <message>
         <source>Find</source>
@@ -120,6 +154,167 @@
     </message>
 </context>
 <context>
+    <name>CDlgLink</name>
+    <message>
+        <source>Link</source>
+        <translation>リンク</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>アドレス</translation>
+    </message>
+    <message>
+        <source>File...</source>
+        <translation>ファイル...</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>アドレス:</translation>
+    </message>
+    <message>
+        <source>Text:</source>
+        <translation>テキスト:</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Title:</source>
+        <translation>タイトル:</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>Remove Link</source>
+        <translation>リンクを解除</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgPageProperties</name>
+    <message>
+        <source>Page Properties</source>
+        <translation>ページのプロパティ</translation>
+    </message>
+    <message>
+        <source>Title:</source>
+        <translation>タイトル:</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>言語:</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>説明:</translation>
+    </message>
+    <message>
+        <source>Text color:</source>
+        <translation>文字の色:</translation>
+    </message>
+    <message>
+        <source>Choose the text color</source>
+        <translation>文字の色を選択</translation>
+    </message>
+    <message>
+        <source>Background color:</source>
+        <translation>背景色:</translation>
+    </message>
+    <message>
+        <source>Choose the background color</source>
+        <translation>背景色を選択</translation>
+    </message>
+    <message>
+        <source>Style sheets:</source>
+        <translation>スタイルシート:</translation>
+    </message>
+    <message>
+        <source>One address in each line</source>
+        <translation>1 行に 1 つのアドレス</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>選択...</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>File...</source>
+        <translation>ファイル...</translation>
+    </message>
+    <message>
+        <source>Style Sheet</source>
+        <translation>スタイルシート</translation>
+    </message>
+    <message>
+        <source>Style sheets (*.css)</source>
+        <translation>スタイルシート (*.css)</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgPicture</name>
+    <message>
+        <source>as in the file</source>
+        <translation>ファイルのとおり</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>What it shows; nothing for an ornament</source>
+        <translation>画像の内容。飾りの場合は空欄</translation>
+    </message>
+    <message>
+        <source>Keep &amp;proportions</source>
+        <translation>縦横比を保つ(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy the file beside the page</source>
+        <translation>ファイルをページの隣にコピーする(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>ファイル(&amp;F):</translation>
+    </message>
+    <message>
+        <source>&amp;Text instead:</source>
+        <translation>代替テキスト(&amp;T):</translation>
+    </message>
+    <message>
+        <source>&amp;Width:</source>
+        <translation>幅(&amp;W):</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>高さ(&amp;H):</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.gif *.svg *.webp *.bmp *.ico);;All files (*)</source>
+        <translation>画像 (*.png *.jpg *.jpeg *.gif *.svg *.webp *.bmp *.ico);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>There is no picture of this name.</source>
+        <translation>この名前の画像はありません。</translation>
+    </message>
+    <message>
+        <source>The file lies outside the page&apos;s folders, where this page may not show it.</source>
+        <translation>ファイルはページのフォルダーの外にあり、このページでは表示できません。</translation>
+    </message>
+    <message>
+        <source>Its own size: %1 × %2 pixels</source>
+        <translation>元の大きさ: %1 × %2 ピクセル</translation>
+    </message>
+</context>
+<context>
     <name>CDocument</name>
     <message>
         <source>The file cannot be read: %1</source>
@@ -164,6 +359,14 @@
     <message>
         <source>Save all the same</source>
         <translation>それでも保存</translation>
+    </message>
+    <message>
+        <source>The file is still being loaded.</source>
+        <translation>ファイルはまだ読み込み中です。</translation>
+    </message>
+    <message>
+        <source>The text is shown in pieces and cannot be changed.</source>
+        <translation>テキストは分割して表示されているため、変更できません。</translation>
     </message>
 </context>
 <context>
@@ -238,6 +441,37 @@
     <message>
         <source>Not shown: the picture lies outside the page&apos;s folders</source>
         <translation>表示されません: 画像はページのフォルダーの外にあります</translation>
+    </message>
+    <message>
+        <source>%1 is not shown, as %2.</source>
+        <translation>%1 は表示されません（%2）。</translation>
+    </message>
+    <message>
+        <source>Pasted as text, as %1.</source>
+        <translation>テキストとして貼り付けました（%1）。</translation>
+    </message>
+</context>
+<context>
+    <name>CEditorDocument</name>
+    <message>
+        <source>%1 (loading)</source>
+        <translation>%1 (読み込み中)</translation>
+    </message>
+    <message>
+        <source>%1 has a line of %2 characters. Shown whole, it stops the window for some time whenever it is drawn anew; in pieces, the text can be read, but not changed or saved.</source>
+        <translation>%1 には %2 文字の行があります。そのまま表示すると、描き直すたびにウィンドウがしばらく止まります。分割して表示すると、読むことはできますが、変更や保存はできません。</translation>
+    </message>
+    <message>
+        <source>Show it in pieces</source>
+        <translation>分割して表示</translation>
+    </message>
+    <message>
+        <source>Show it whole</source>
+        <translation>そのまま表示</translation>
+    </message>
+    <message>
+        <source>Long lines of %1 are shown in pieces: it can be read, but not changed or saved.</source>
+        <translation>%1 の長い行は分割して表示されています。読むことはできますが、変更や保存はできません。</translation>
     </message>
 </context>
 <context>
@@ -465,6 +699,44 @@
         <source>Line %1, Column %2</source>
         <translation>%1 行、%2 列</translation>
     </message>
+    <message>
+        <source>Replace All is still at work.</source>
+        <translation>すべて置換を実行中です。</translation>
+    </message>
+    <message>
+        <source>Replace All was stopped; nothing is replaced.</source>
+        <translation>すべて置換を中止しました。何も置換していません。</translation>
+    </message>
+    <message numerus="yes">
+        <source>The text was changed: Replace All ended after %n matches.</source>
+        <translation>
+            <numerusform>テキストが変更されたため、すべて置換は %n 件で終了しました。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There is no dictionary for this language.</source>
+        <translation>この言語の辞書がありません。</translation>
+    </message>
+    <message>
+        <source>Misspelt words are no longer marked.</source>
+        <translation>綴りの誤りを示す印を消しました。</translation>
+    </message>
+    <message>
+        <source>Misspelt words in comments and strings are marked.</source>
+        <translation>コメントと文字列の綴りの誤りに印を付けます。</translation>
+    </message>
+    <message>
+        <source>Misspelt words are marked.</source>
+        <translation>綴りの誤りに印を付けます。</translation>
+    </message>
+    <message>
+        <source>No misspelt word follows.</source>
+        <translation>この先に綴りの誤りはありません。</translation>
+    </message>
+    <message>
+        <source>The word could not be kept: %1</source>
+        <translation>単語を保存できませんでした: %1</translation>
+    </message>
 </context>
 <context>
     <name>CHtmlToolBar</name>
@@ -524,6 +796,10 @@
         <source>More Colors...</source>
         <translation>その他の色...</translation>
     </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
 </context>
 <context>
     <name>CImageDocument</name>
@@ -561,19 +837,295 @@
 <context>
     <name>CNoticeBar</name>
     <message>
-        <source>Notice</source>
-        <translation>お知らせ</translation>
-    </message>
-    <message>
         <source>Close this notice</source>
         <translation>このお知らせを閉じる</translation>
     </message>
+    <message>
+        <source>Unsaved documents</source>
+        <translation>保存されていない文書</translation>
+    </message>
 </context>
 <context>
-    <name>CPageDocument</name>
+    <name>CPageHazards</name>
     <message>
-        <source>The file cannot be read: %1</source>
-        <translation>ファイルを読み取れません: %1</translation>
+        <source>its elements lie too deep within each other</source>
+        <translation>要素の入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>its flexible boxes lie too deep within each other</source>
+        <translation>フレックスボックスの入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>its columns lie too deep within each other</source>
+        <translation>段組みの入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>its reflections lie too deep within each other</source>
+        <translation>反射の入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>one of its elements has too many attributes</source>
+        <translation>属性の多すぎる要素がある</translation>
+    </message>
+    <message>
+        <source>the parts of a drawing in it use each other too often</source>
+        <translation>図形の部品が互いを使いすぎている</translation>
+    </message>
+    <message>
+        <source>its effects take too long to be drawn</source>
+        <translation>効果の描画に時間がかかりすぎる</translation>
+    </message>
+    <message>
+        <source>it has a text that is too long to be laid out</source>
+        <translation>長すぎて組版できないテキストがある</translation>
+    </message>
+    <message>
+        <source>it has too many form fields</source>
+        <translation>フォームの項目が多すぎる</translation>
+    </message>
+    <message>
+        <source>its table cells span too many others</source>
+        <translation>表のセルがまたぐ範囲が広すぎる</translation>
+    </message>
+</context>
+<context>
+    <name>CPageObjects</name>
+    <message>
+        <source>Insert Row &amp;Above</source>
+        <translation>上に行を挿入(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Insert Row &amp;Below</source>
+        <translation>下に行を挿入(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Insert Column &amp;Left</source>
+        <translation>左に列を挿入(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Insert Column &amp;Right</source>
+        <translation>右に列を挿入(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Move Row &amp;Up</source>
+        <translation>行を上へ移動(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Move Row &amp;Down</source>
+        <translation>行を下へ移動(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Move Column L&amp;eft</source>
+        <translation>列を左へ移動(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Move Column R&amp;ight</source>
+        <translation>列を右へ移動(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge Cells</source>
+        <translation>セルを結合(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Split Cell</source>
+        <translation>セルを分割(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Delete R&amp;ows</source>
+        <translation>行を削除(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Columns</source>
+        <translation>列を削除(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Table</source>
+        <translation>表を削除(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Picture...</source>
+        <translation>画像...</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>表</translation>
+    </message>
+    <message>
+        <source>&amp;Header Row</source>
+        <translation>見出し行(&amp;H)</translation>
+    </message>
+    <message>
+        <source>That cannot be done with these cells.</source>
+        <translation>これらのセルには実行できません。</translation>
+    </message>
+</context>
+<context>
+    <name>CPagePictures</name>
+    <message>
+        <source>Save the page first: addresses of pictures lead from its file.</source>
+        <translation>先にページを保存してください。画像のアドレスはページのファイルを起点とします。</translation>
+    </message>
+    <message>
+        <source>The picture could not be copied: %1</source>
+        <translation>画像をコピーできませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The picture could not be stored: %1</source>
+        <translation>画像を保存できませんでした: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CPageSpelling</name>
+    <message>
+        <source>Misspelt words are marked.</source>
+        <translation>綴りの誤りに印を付けます。</translation>
+    </message>
+    <message>
+        <source>Misspelt words are no longer marked.</source>
+        <translation>綴りの誤りを示す印を消しました。</translation>
+    </message>
+    <message>
+        <source>No misspelt word follows.</source>
+        <translation>この先に綴りの誤りはありません。</translation>
+    </message>
+    <message>
+        <source>There is no dictionary for this language.</source>
+        <translation>この言語の辞書がありません。</translation>
+    </message>
+    <message>
+        <source>The word could not be kept: %1</source>
+        <translation>単語を保存できませんでした: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CPageToolBar</name>
+    <message>
+        <source>Paragraph</source>
+        <translation>段落</translation>
+    </message>
+    <message>
+        <source>Heading 1</source>
+        <translation>見出し 1</translation>
+    </message>
+    <message>
+        <source>Heading 2</source>
+        <translation>見出し 2</translation>
+    </message>
+    <message>
+        <source>Heading 3</source>
+        <translation>見出し 3</translation>
+    </message>
+    <message>
+        <source>Heading 4</source>
+        <translation>見出し 4</translation>
+    </message>
+    <message>
+        <source>Heading 5</source>
+        <translation>見出し 5</translation>
+    </message>
+    <message>
+        <source>Heading 6</source>
+        <translation>見出し 6</translation>
+    </message>
+    <message>
+        <source>Preformatted</source>
+        <translation>整形済み</translation>
+    </message>
+    <message>
+        <source>Quotation</source>
+        <translation>引用</translation>
+    </message>
+    <message>
+        <source>Bulleted List</source>
+        <translation>箇条書き</translation>
+    </message>
+    <message>
+        <source>Numbered List</source>
+        <translation>番号付きリスト</translation>
+    </message>
+    <message>
+        <source>Outdent</source>
+        <translation>インデントを減らす</translation>
+    </message>
+    <message>
+        <source>Indent</source>
+        <translation>インデントを増やす</translation>
+    </message>
+    <message>
+        <source>Align Left</source>
+        <translation>左揃え</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>中央揃え</translation>
+    </message>
+    <message>
+        <source>Align Right</source>
+        <translation>右揃え</translation>
+    </message>
+    <message>
+        <source>Justify</source>
+        <translation>両端揃え</translation>
+    </message>
+    <message>
+        <source>Strikethrough</source>
+        <translation>取り消し線</translation>
+    </message>
+    <message>
+        <source>Superscript</source>
+        <translation>上付き</translation>
+    </message>
+    <message>
+        <source>Subscript</source>
+        <translation>下付き</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>コード</translation>
+    </message>
+    <message>
+        <source>Paragraph Style</source>
+        <translation>段落スタイル</translation>
+    </message>
+    <message>
+        <source>Clear Formatting</source>
+        <translation>書式をクリア</translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>プレーンテキストとして貼り付け</translation>
+    </message>
+    <message>
+        <source>Link...</source>
+        <translation>リンク...</translation>
+    </message>
+    <message>
+        <source>Remove Link</source>
+        <translation>リンクを解除</translation>
+    </message>
+    <message>
+        <source>Horizontal Line</source>
+        <translation>水平線</translation>
+    </message>
+    <message>
+        <source>Special Characters...</source>
+        <translation>特殊文字...</translation>
+    </message>
+    <message>
+        <source>Page Properties...</source>
+        <translation>ページのプロパティ...</translation>
+    </message>
+    <message>
+        <source>Headings and Anchors</source>
+        <translation>見出しとアンカー</translation>
+    </message>
+    <message>
+        <source>%1 (of a part)</source>
+        <translation>%1（一部）</translation>
+    </message>
+    <message>
+        <source>No headings</source>
+        <translation>見出しはありません</translation>
     </message>
 </context>
 <context>
@@ -659,10 +1211,6 @@
         <translation>無題</translation>
     </message>
     <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 とほか %2 件</translation>
-    </message>
-    <message>
         <source>Left unsaved when the program last ended: %1</source>
         <translation>前回の終了時に保存されなかったもの: %1</translation>
     </message>
@@ -705,6 +1253,28 @@
     <message>
         <source>The draft of %1 could not be read.</source>
         <translation>%1 の下書きを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>Unsaved text cannot be kept as drafts: %1</source>
+        <translation>未保存のテキストを下書きとして保管できません: %1</translation>
+    </message>
+    <message>
+        <source>%1 documents were left unsaved when the program last ended:</source>
+        <translation>前回の終了時に保存されなかった文書が %1 件あります:</translation>
+    </message>
+</context>
+<context>
+    <name>CSearch</name>
+    <message>
+        <source>Replacing</source>
+        <translation>置換しています</translation>
+    </message>
+</context>
+<context>
+    <name>CSidePanels</name>
+    <message>
+        <source>Listing the folder</source>
+        <translation>フォルダーを一覧しています</translation>
     </message>
 </context>
 <context>
@@ -750,6 +1320,21 @@
     </message>
 </context>
 <context>
+    <name>CSuggestionMenu</name>
+    <message>
+        <source>Suggestions for &quot;%1&quot;</source>
+        <translation>「%1」の候補</translation>
+    </message>
+    <message>
+        <source>No suggestions</source>
+        <translation>候補はありません</translation>
+    </message>
+    <message>
+        <source>Add to dictionary</source>
+        <translation>辞書に追加</translation>
+    </message>
+</context>
+<context>
     <name>CTabListButton</name>
     <message>
         <source>List of all tabs (%1)</source>
@@ -758,6 +1343,17 @@
     <message>
         <source>List of all tabs</source>
         <translation>すべてのタブの一覧</translation>
+    </message>
+</context>
+<context>
+    <name>CTableChooser</name>
+    <message>
+        <source>New table: %1 rows, %2 columns</source>
+        <translation>新しい表: %1 行 %2 列</translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
     </message>
 </context>
 <context>
@@ -835,6 +1431,10 @@
     <message>
         <source>No file or folder is selected.</source>
         <translation>ファイルもフォルダーも選択されていません。</translation>
+    </message>
+    <message>
+        <source>The listing was stopped; not all of the folder is shown.</source>
+        <translation>一覧を中止しました。フォルダーのすべては表示していません。</translation>
     </message>
 </context>
 <context>
@@ -958,6 +1558,31 @@
     <message>
         <source>Select a folder</source>
         <translation>フォルダーの選択</translation>
+    </message>
+    <message>
+        <source>Replacing in files</source>
+        <translation>ファイル内を置換しています</translation>
+    </message>
+    <message>
+        <source>Searching in files</source>
+        <translation>ファイル内を検索しています</translation>
+    </message>
+</context>
+<context>
+    <name>CWorkProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Stop this (Esc)</source>
+        <translation>中止 (Esc)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation>
+            <numerusform>%1 (ほか %n 件)</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1321,6 +1946,22 @@
     <message>
         <source>There is no tab %1.</source>
         <translation>タブ %1 はありません。</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>ページ</translation>
+    </message>
+    <message>
+        <source>%1 is %2. Open it anyway?</source>
+        <translation>%1 は %2 です。それでも開きますか？</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Showing %1 could end the program, as %2: this is its source.</source>
+        <translation>%1 を表示するとプログラムが終了するおそれがあるため（%2）、ソースを表示しています。</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,40 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CArrivals</name>
+    <message>
+        <source>Loading %1</source>
+        <translation>正在加载 %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be loaded: %2</source>
+        <translation>无法加载 %1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgCharacters</name>
+    <message>
+        <source>Special Characters</source>
+        <translation>特殊字符</translation>
+    </message>
+    <message>
+        <source>Search by name or number</source>
+        <translation>按名称或编号搜索</translation>
+    </message>
+    <message>
+        <source>Characters</source>
+        <translation>字符</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>No character has this name.</source>
+        <translation>没有此名称的字符。</translation>
+    </message>
+</context>
+<context>
     <name>CDlgFind</name>
     <message>
         <source>Find</source>
@@ -120,6 +154,167 @@
     </message>
 </context>
 <context>
+    <name>CDlgLink</name>
+    <message>
+        <source>Link</source>
+        <translation>链接</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>File...</source>
+        <translation>文件...</translation>
+    </message>
+    <message>
+        <source>Address:</source>
+        <translation>地址：</translation>
+    </message>
+    <message>
+        <source>Text:</source>
+        <translation>文字：</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Title:</source>
+        <translation>标题：</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>标题</translation>
+    </message>
+    <message>
+        <source>Remove Link</source>
+        <translation>移除链接</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgPageProperties</name>
+    <message>
+        <source>Page Properties</source>
+        <translation>页面属性</translation>
+    </message>
+    <message>
+        <source>Title:</source>
+        <translation>标题：</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>语言：</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>描述：</translation>
+    </message>
+    <message>
+        <source>Text color:</source>
+        <translation>文字颜色：</translation>
+    </message>
+    <message>
+        <source>Choose the text color</source>
+        <translation>选择文字颜色</translation>
+    </message>
+    <message>
+        <source>Background color:</source>
+        <translation>背景颜色：</translation>
+    </message>
+    <message>
+        <source>Choose the background color</source>
+        <translation>选择背景颜色</translation>
+    </message>
+    <message>
+        <source>Style sheets:</source>
+        <translation>样式表：</translation>
+    </message>
+    <message>
+        <source>One address in each line</source>
+        <translation>每行一个地址</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>选择...</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>File...</source>
+        <translation>文件...</translation>
+    </message>
+    <message>
+        <source>Style Sheet</source>
+        <translation>样式表</translation>
+    </message>
+    <message>
+        <source>Style sheets (*.css)</source>
+        <translation>样式表 (*.css)</translation>
+    </message>
+</context>
+<context>
+    <name>CDlgPicture</name>
+    <message>
+        <source>as in the file</source>
+        <translation>与文件相同</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览...</translation>
+    </message>
+    <message>
+        <source>What it shows; nothing for an ornament</source>
+        <translation>图片的内容；装饰图片留空</translation>
+    </message>
+    <message>
+        <source>Keep &amp;proportions</source>
+        <translation>保持比例(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy the file beside the page</source>
+        <translation>将文件复制到网页旁(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>文件(&amp;F)：</translation>
+    </message>
+    <message>
+        <source>&amp;Text instead:</source>
+        <translation>替代文本(&amp;T)：</translation>
+    </message>
+    <message>
+        <source>&amp;Width:</source>
+        <translation>宽度(&amp;W)：</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>高度(&amp;H)：</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.gif *.svg *.webp *.bmp *.ico);;All files (*)</source>
+        <translation>图片 (*.png *.jpg *.jpeg *.gif *.svg *.webp *.bmp *.ico);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>There is no picture of this name.</source>
+        <translation>没有此名称的图片。</translation>
+    </message>
+    <message>
+        <source>The file lies outside the page&apos;s folders, where this page may not show it.</source>
+        <translation>文件位于网页的文件夹之外，该网页不能显示它。</translation>
+    </message>
+    <message>
+        <source>Its own size: %1 × %2 pixels</source>
+        <translation>原始大小：%1 × %2 像素</translation>
+    </message>
+</context>
+<context>
     <name>CDocument</name>
     <message>
         <source>The file cannot be read: %1</source>
@@ -164,6 +359,14 @@
     <message>
         <source>Save all the same</source>
         <translation>仍然保存</translation>
+    </message>
+    <message>
+        <source>The file is still being loaded.</source>
+        <translation>文件仍在加载。</translation>
+    </message>
+    <message>
+        <source>The text is shown in pieces and cannot be changed.</source>
+        <translation>文本以分段方式显示，无法更改。</translation>
     </message>
 </context>
 <context>
@@ -238,6 +441,37 @@
     <message>
         <source>Not shown: the picture lies outside the page&apos;s folders</source>
         <translation>未显示：图片位于页面文件夹之外</translation>
+    </message>
+    <message>
+        <source>%1 is not shown, as %2.</source>
+        <translation>未显示 %1：%2。</translation>
+    </message>
+    <message>
+        <source>Pasted as text, as %1.</source>
+        <translation>已作为文本粘贴：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>CEditorDocument</name>
+    <message>
+        <source>%1 (loading)</source>
+        <translation>%1（正在加载）</translation>
+    </message>
+    <message>
+        <source>%1 has a line of %2 characters. Shown whole, it stops the window for some time whenever it is drawn anew; in pieces, the text can be read, but not changed or saved.</source>
+        <translation>%1 中有一行长达 %2 个字符。若整行显示，每次重新绘制时窗口都会停顿一段时间；若分段显示，则只能阅读，不能更改或保存。</translation>
+    </message>
+    <message>
+        <source>Show it in pieces</source>
+        <translation>分段显示</translation>
+    </message>
+    <message>
+        <source>Show it whole</source>
+        <translation>整行显示</translation>
+    </message>
+    <message>
+        <source>Long lines of %1 are shown in pieces: it can be read, but not changed or saved.</source>
+        <translation>%1 的长行已分段显示：只能阅读，不能更改或保存。</translation>
     </message>
 </context>
 <context>
@@ -465,6 +699,44 @@
         <source>Line %1, Column %2</source>
         <translation>第 %1 行，第 %2 列</translation>
     </message>
+    <message>
+        <source>Replace All is still at work.</source>
+        <translation>全部替换仍在进行。</translation>
+    </message>
+    <message>
+        <source>Replace All was stopped; nothing is replaced.</source>
+        <translation>全部替换已停止，未作任何替换。</translation>
+    </message>
+    <message numerus="yes">
+        <source>The text was changed: Replace All ended after %n matches.</source>
+        <translation>
+            <numerusform>文本已更改：全部替换在 %n 处匹配之后结束。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There is no dictionary for this language.</source>
+        <translation>没有此语言的词典。</translation>
+    </message>
+    <message>
+        <source>Misspelt words are no longer marked.</source>
+        <translation>不再标出拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>Misspelt words in comments and strings are marked.</source>
+        <translation>标出注释和字符串中拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>Misspelt words are marked.</source>
+        <translation>标出拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>No misspelt word follows.</source>
+        <translation>后面没有拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>The word could not be kept: %1</source>
+        <translation>无法保存该单词：%1</translation>
+    </message>
 </context>
 <context>
     <name>CHtmlToolBar</name>
@@ -524,6 +796,10 @@
         <source>More Colors...</source>
         <translation>其他颜色...</translation>
     </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
 </context>
 <context>
     <name>CImageDocument</name>
@@ -561,19 +837,295 @@
 <context>
     <name>CNoticeBar</name>
     <message>
-        <source>Notice</source>
-        <translation>通知</translation>
-    </message>
-    <message>
         <source>Close this notice</source>
         <translation>关闭此通知</translation>
     </message>
+    <message>
+        <source>Unsaved documents</source>
+        <translation>未保存的文档</translation>
+    </message>
 </context>
 <context>
-    <name>CPageDocument</name>
+    <name>CPageHazards</name>
     <message>
-        <source>The file cannot be read: %1</source>
-        <translation>无法读取文件：%1</translation>
+        <source>its elements lie too deep within each other</source>
+        <translation>其元素嵌套过深</translation>
+    </message>
+    <message>
+        <source>its flexible boxes lie too deep within each other</source>
+        <translation>其弹性盒嵌套过深</translation>
+    </message>
+    <message>
+        <source>its columns lie too deep within each other</source>
+        <translation>其分栏嵌套过深</translation>
+    </message>
+    <message>
+        <source>its reflections lie too deep within each other</source>
+        <translation>其倒影嵌套过深</translation>
+    </message>
+    <message>
+        <source>one of its elements has too many attributes</source>
+        <translation>其中一个元素的属性过多</translation>
+    </message>
+    <message>
+        <source>the parts of a drawing in it use each other too often</source>
+        <translation>其中图形的各部分相互引用过多</translation>
+    </message>
+    <message>
+        <source>its effects take too long to be drawn</source>
+        <translation>其效果绘制时间过长</translation>
+    </message>
+    <message>
+        <source>it has a text that is too long to be laid out</source>
+        <translation>其中有过长而无法排版的文本</translation>
+    </message>
+    <message>
+        <source>it has too many form fields</source>
+        <translation>其表单字段过多</translation>
+    </message>
+    <message>
+        <source>its table cells span too many others</source>
+        <translation>其表格单元格跨越过多</translation>
+    </message>
+</context>
+<context>
+    <name>CPageObjects</name>
+    <message>
+        <source>Insert Row &amp;Above</source>
+        <translation>在上方插入行(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Insert Row &amp;Below</source>
+        <translation>在下方插入行(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Insert Column &amp;Left</source>
+        <translation>在左侧插入列(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Insert Column &amp;Right</source>
+        <translation>在右侧插入列(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Move Row &amp;Up</source>
+        <translation>上移行(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Move Row &amp;Down</source>
+        <translation>下移行(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Move Column L&amp;eft</source>
+        <translation>左移列(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Move Column R&amp;ight</source>
+        <translation>右移列(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Merge Cells</source>
+        <translation>合并单元格(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Split Cell</source>
+        <translation>拆分单元格(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Delete R&amp;ows</source>
+        <translation>删除行(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Columns</source>
+        <translation>删除列(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Delete &amp;Table</source>
+        <translation>删除表格(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Picture...</source>
+        <translation>图片...</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>表格</translation>
+    </message>
+    <message>
+        <source>&amp;Header Row</source>
+        <translation>标题行(&amp;H)</translation>
+    </message>
+    <message>
+        <source>That cannot be done with these cells.</source>
+        <translation>无法对这些单元格执行此操作。</translation>
+    </message>
+</context>
+<context>
+    <name>CPagePictures</name>
+    <message>
+        <source>Save the page first: addresses of pictures lead from its file.</source>
+        <translation>请先保存网页：图片的地址以网页文件为起点。</translation>
+    </message>
+    <message>
+        <source>The picture could not be copied: %1</source>
+        <translation>无法复制图片：%1</translation>
+    </message>
+    <message>
+        <source>The picture could not be stored: %1</source>
+        <translation>无法存储图片：%1</translation>
+    </message>
+</context>
+<context>
+    <name>CPageSpelling</name>
+    <message>
+        <source>Misspelt words are marked.</source>
+        <translation>标出拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>Misspelt words are no longer marked.</source>
+        <translation>不再标出拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>No misspelt word follows.</source>
+        <translation>后面没有拼写错误的单词。</translation>
+    </message>
+    <message>
+        <source>There is no dictionary for this language.</source>
+        <translation>没有此语言的词典。</translation>
+    </message>
+    <message>
+        <source>The word could not be kept: %1</source>
+        <translation>无法保存该单词：%1</translation>
+    </message>
+</context>
+<context>
+    <name>CPageToolBar</name>
+    <message>
+        <source>Paragraph</source>
+        <translation>段落</translation>
+    </message>
+    <message>
+        <source>Heading 1</source>
+        <translation>标题 1</translation>
+    </message>
+    <message>
+        <source>Heading 2</source>
+        <translation>标题 2</translation>
+    </message>
+    <message>
+        <source>Heading 3</source>
+        <translation>标题 3</translation>
+    </message>
+    <message>
+        <source>Heading 4</source>
+        <translation>标题 4</translation>
+    </message>
+    <message>
+        <source>Heading 5</source>
+        <translation>标题 5</translation>
+    </message>
+    <message>
+        <source>Heading 6</source>
+        <translation>标题 6</translation>
+    </message>
+    <message>
+        <source>Preformatted</source>
+        <translation>预设格式</translation>
+    </message>
+    <message>
+        <source>Quotation</source>
+        <translation>引用</translation>
+    </message>
+    <message>
+        <source>Bulleted List</source>
+        <translation>项目符号列表</translation>
+    </message>
+    <message>
+        <source>Numbered List</source>
+        <translation>编号列表</translation>
+    </message>
+    <message>
+        <source>Outdent</source>
+        <translation>减少缩进</translation>
+    </message>
+    <message>
+        <source>Indent</source>
+        <translation>增加缩进</translation>
+    </message>
+    <message>
+        <source>Align Left</source>
+        <translation>左对齐</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>居中</translation>
+    </message>
+    <message>
+        <source>Align Right</source>
+        <translation>右对齐</translation>
+    </message>
+    <message>
+        <source>Justify</source>
+        <translation>两端对齐</translation>
+    </message>
+    <message>
+        <source>Strikethrough</source>
+        <translation>删除线</translation>
+    </message>
+    <message>
+        <source>Superscript</source>
+        <translation>上标</translation>
+    </message>
+    <message>
+        <source>Subscript</source>
+        <translation>下标</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>代码</translation>
+    </message>
+    <message>
+        <source>Paragraph Style</source>
+        <translation>段落样式</translation>
+    </message>
+    <message>
+        <source>Clear Formatting</source>
+        <translation>清除格式</translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>粘贴为纯文本</translation>
+    </message>
+    <message>
+        <source>Link...</source>
+        <translation>链接...</translation>
+    </message>
+    <message>
+        <source>Remove Link</source>
+        <translation>移除链接</translation>
+    </message>
+    <message>
+        <source>Horizontal Line</source>
+        <translation>水平线</translation>
+    </message>
+    <message>
+        <source>Special Characters...</source>
+        <translation>特殊字符...</translation>
+    </message>
+    <message>
+        <source>Page Properties...</source>
+        <translation>页面属性...</translation>
+    </message>
+    <message>
+        <source>Headings and Anchors</source>
+        <translation>标题和锚点</translation>
+    </message>
+    <message>
+        <source>%1 (of a part)</source>
+        <translation>%1（部分）</translation>
+    </message>
+    <message>
+        <source>No headings</source>
+        <translation>没有标题</translation>
     </message>
 </context>
 <context>
@@ -659,10 +1211,6 @@
         <translation>未命名</translation>
     </message>
     <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 以及另外 %2 个</translation>
-    </message>
-    <message>
         <source>Left unsaved when the program last ended: %1</source>
         <translation>程序上次结束时未保存：%1</translation>
     </message>
@@ -705,6 +1253,28 @@
     <message>
         <source>The draft of %1 could not be read.</source>
         <translation>无法读取 %1 的草稿。</translation>
+    </message>
+    <message>
+        <source>Unsaved text cannot be kept as drafts: %1</source>
+        <translation>无法将未保存的文本存为草稿：%1</translation>
+    </message>
+    <message>
+        <source>%1 documents were left unsaved when the program last ended:</source>
+        <translation>程序上次结束时有 %1 个文档未保存：</translation>
+    </message>
+</context>
+<context>
+    <name>CSearch</name>
+    <message>
+        <source>Replacing</source>
+        <translation>正在替换</translation>
+    </message>
+</context>
+<context>
+    <name>CSidePanels</name>
+    <message>
+        <source>Listing the folder</source>
+        <translation>正在列出文件夹</translation>
     </message>
 </context>
 <context>
@@ -750,6 +1320,21 @@
     </message>
 </context>
 <context>
+    <name>CSuggestionMenu</name>
+    <message>
+        <source>Suggestions for &quot;%1&quot;</source>
+        <translation>“%1”的建议</translation>
+    </message>
+    <message>
+        <source>No suggestions</source>
+        <translation>没有建议</translation>
+    </message>
+    <message>
+        <source>Add to dictionary</source>
+        <translation>添加到词典</translation>
+    </message>
+</context>
+<context>
     <name>CTabListButton</name>
     <message>
         <source>List of all tabs (%1)</source>
@@ -758,6 +1343,17 @@
     <message>
         <source>List of all tabs</source>
         <translation>所有标签页的列表</translation>
+    </message>
+</context>
+<context>
+    <name>CTableChooser</name>
+    <message>
+        <source>New table: %1 rows, %2 columns</source>
+        <translation>新表格：%1 行，%2 列</translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
     </message>
 </context>
 <context>
@@ -835,6 +1431,10 @@
     <message>
         <source>No file or folder is selected.</source>
         <translation>未选择文件或文件夹。</translation>
+    </message>
+    <message>
+        <source>The listing was stopped; not all of the folder is shown.</source>
+        <translation>列出已停止，未显示文件夹的全部内容。</translation>
     </message>
 </context>
 <context>
@@ -958,6 +1558,31 @@
     <message>
         <source>Select a folder</source>
         <translation>选择文件夹</translation>
+    </message>
+    <message>
+        <source>Replacing in files</source>
+        <translation>正在文件中替换</translation>
+    </message>
+    <message>
+        <source>Searching in files</source>
+        <translation>正在文件中搜索</translation>
+    </message>
+</context>
+<context>
+    <name>CWorkProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Stop this (Esc)</source>
+        <translation>停止（Esc）</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (and %n more)</source>
+        <translation>
+            <numerusform>%1（另有 %n 项）</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1321,6 +1946,22 @@
     <message>
         <source>There is no tab %1.</source>
         <translation>没有标签页 %1。</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>%1 is %2. Open it anyway?</source>
+        <translation>%1 的大小为 %2。仍要打开吗？</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Showing %1 could end the program, as %2: this is its source.</source>
+        <translation>显示 %1 可能使程序结束（%2）：这里显示其源代码。</translation>
     </message>
 </context>
 <context>
