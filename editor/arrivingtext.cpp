@@ -16,7 +16,7 @@ namespace {
 
 using Fault = SFileContent::Fault;
 
-const int g_nPiece = 1000; // UTF-16 units of a line that is cut; some screens wide.
+const int g_nLinePiece = 1000; // UTF-16 units of a line that is cut; some screens wide.
 const int g_nFirstSlice = 0x10000; // Bytes, of which at least the screen gets full.
 // Bytes of memory that the widget and the highlighter take, of which a file of short lines has
 // more than its size lets expect.
@@ -129,7 +129,7 @@ void prepare(SFileContent content, const STextRequest &request, const SArrivalSt
     pText->bAsk = bTooLong && request.longLines == STextRequest::LongLines::Ask;
     pText->bInPieces = bTooLong && request.longLines == STextRequest::LongLines::InPieces;
     if (pText->bInPieces)
-        strText = inPieces(strText, g_nPiece, request.nHeaviestLine);
+        strText = inPieces(strText, g_nLinePiece, request.nHeaviestLine);
     pText->nLines = lineCount(strText);
     if (!isMemoryEnough(*pText, strText))
         throw std::bad_alloc();
