@@ -1,4 +1,5 @@
-# Program, language definitions and Qt's libraries in one folder: cmake --install … --prefix FOLDER.
+# Program, language definitions and all libraries in one folder that can be carried anywhere:
+# cmake --install … --prefix FOLDER.
 install(TARGETS quillan quillan-taste RUNTIME DESTINATION .)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/highlighter" DESTINATION .)
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION .)
@@ -12,36 +13,39 @@ endfunction()
 query_qt(QT_INSTALL_BINS qt_bins)
 query_qt(QT_INSTALL_PLUGINS qt_plugins)
 
-find_program(WINDEPLOYQT_PROGRAM windeployqt HINTS "${qt_bins}")
-if(WINDEPLOYQT_PROGRAM)
-  install(CODE "
-    execute_process(COMMAND \"${WINDEPLOYQT_PROGRAM}\" --release --no-translations
-                            \"\${CMAKE_INSTALL_PREFIX}/quillan.exe\"
-                    COMMAND_ERROR_IS_FATAL ANY)")
-else()
-  message(STATUS "windeployqt was not found: the installed folder will lack Qt's libraries.")
-endif()
-
-# What the tool forgets: plug-ins that nothing links, with their library, what QtWebKit, which is not
-# part of Qt's own distribution, brings along, uchardet and hunspell.
-foreach(plugin imageformats/qsvg.dll iconengines/qsvgicon.dll)
+# Plug-ins that nothing links: windows and their look, pictures, drawings as icons.
+set(plugins platforms/qwindows.dll styles/qwindowsvistastyle.dll iconengines/qsvgicon.dll)
+file(GLOB pictures RELATIVE "${qt_plugins}" "${qt_plugins}/imageformats/*.dll")
+set(installed_plugins "")
+foreach(plugin IN LISTS plugins pictures)
   get_filename_component(folder "${plugin}" DIRECTORY)
   install(FILES "${qt_plugins}/${plugin}" DESTINATION "${folder}")
+  list(APPEND installed_plugins "${qt_plugins}/${plugin}")
 endforeach()
-foreach(library Qt5Svg Qt5WebKit Qt5WebKitWidgets Qt5Network Qt5PrintSupport Qt5Sensors
-        Qt5Positioning Qt5WebChannel Qt5Qml Qt5QmlModels Qt5Quick Qt5OpenGL Qt5Multimedia
-        Qt5MultimediaWidgets)
-  if(EXISTS "${qt_bins}/${library}.dll")
-    install(FILES "${qt_bins}/${library}.dll" DESTINATION .)
-  endif()
-endforeach()
-file(GLOB webkit_needs "${qt_bins}/libxml2*.dll" "${qt_bins}/libxslt*.dll" "${qt_bins}/icu*.dll"
-     "${qt_bins}/libicu*.dll" "${qt_bins}/sqlite3*.dll" "${qt_bins}/zlib*.dll"
-     "${qt_bins}/*uchardet*.dll" "${qt_bins}/*hunspell*.dll"
-     "${qt_bins}/libjpeg*.dll" "${qt_bins}/libpng*.dll" "${qt_bins}/libwebp*.dll")
-if(webkit_needs)
-  install(FILES ${webkit_needs} DESTINATION .)
+
+# The libraries that all these need, those of the compiler among them.
+set(library_folders "${qt_bins}")
+set(import_folder "")
+if(MINGW)
+  get_filename_component(folder "${CMAKE_CXX_COMPILER}" DIRECTORY)
+  list(APPEND library_folders "${folder}")
 endif()
+if(CMAKE_CROSSCOMPILING)
+  foreach(library libstdc++-6.dll libwinpthread-1.dll libkernel32.a)
+    execute_process(COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=${library}"
+                    OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    get_filename_component(folder "${path}" DIRECTORY)
+    list(APPEND library_folders "${folder}")
+  endforeach()
+  set(import_folder "${folder}")
+endif()
+install(CODE "
+  set(program_files \"$<TARGET_FILE:quillan>;$<TARGET_FILE:quillan-taste>\")
+  set(plugin_files \"${installed_plugins}\")
+  set(library_folders \"${library_folders}\")
+  set(objdump \"${CMAKE_OBJDUMP}\")
+  set(import_folder \"${import_folder}\")
+  include(\"${CMAKE_CURRENT_LIST_DIR}/InstallLibraries.cmake\")")
 
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME "quillan-${PROJECT_VERSION}-windows")

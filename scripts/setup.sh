@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing: setup.sh run|display|test|check|inspect|bench|pages …
+# Installs the Debian packages that are missing: setup.sh run|display|test|check|windows|inspect|bench|pages …
 # Silent when nothing is missing; fails with one line when something cannot be installed.
 set -euo pipefail
 . "$(dirname "$0")/packages.sh"
@@ -11,6 +11,7 @@ for purpose in "$@"; do
         display) wanted+=" $PACKAGES_DISPLAY" ;;
         test) wanted+=" $PACKAGES_RUN $PACKAGES_TEST" ;;
         check) wanted+=" $PACKAGES_RUN $PACKAGES_DISPLAY $PACKAGES_CHECK" ;;
+        windows) wanted+=" $PACKAGES_WINDOWS" ;;
         inspect) wanted+=" $PACKAGES_INSPECT" ;;
         pages) wanted+=" $PACKAGES_PAGES" ;;
         bench) wanted+=" $PACKAGES_RUN $PACKAGES_BENCH" ;;
