@@ -18,11 +18,11 @@ QString absolutePath(const QString &strPath, const QDir &folder)
 
 } // namespace
 
-QStringList pathsFromArguments(const QList<QByteArray> &lstArguments, const QDir &folder)
+QStringList pathsFromArguments(const QStringList &lstArguments, const QDir &folder)
 {
     QStringList lstPaths;
-    for (const QByteArray &argument : lstArguments.mid(1)) {
-        const QString strPath = QString::fromLocal8Bit(argument).trimmed();
+    for (const QString &strArgument : lstArguments.mid(1)) {
+        const QString strPath = strArgument.trimmed();
         if (!strPath.isEmpty())
             lstPaths.append(absolutePath(strPath, folder));
     }

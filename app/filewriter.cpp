@@ -12,12 +12,13 @@
 
 namespace {
 
-// The file at the end of a chain of links; also where that file does not exist yet.
+// The file at the end of a chain of links; also where that file does not exist yet. A shortcut of
+// Windows is a file like any other.
 QString linkTarget(const QString &strPath)
 {
     const int nMaxLinks = 40; // As many as Linux follows; a loop ends here, still a link.
     QFileInfo info(strPath);
-    for (int n = 0; n < nMaxLinks && info.isSymLink(); ++n) {
+    for (int n = 0; n < nMaxLinks && info.isSymbolicLink(); ++n) {
         // From the folder as it really lies: there a ".." in the link counts.
         const QDir dir(QFileInfo(info.absolutePath()).canonicalFilePath());
         info.setFile(QFileInfo(dir, info.fileName()).symLinkTarget());
@@ -81,7 +82,7 @@ CFileReplacement::Outcome CFileReplacement::replace(const QString &strTarget,
 bool writeTarget(const QString &strTarget, const QByteArray &data, QString *pError,
                  SFileState *pState)
 {
-    const bool bLoop = QFileInfo(strTarget).isSymLink();
+    const bool bLoop = QFileInfo(strTarget).isSymbolicLink();
     if (!bLoop && !Platform::mustWriteInPlace(strTarget)) {
         const auto outcome = CFileReplacement::replace(strTarget, data, pError, pState);
         if (outcome != CFileReplacement::Outcome::InPlaceInstead)

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QByteArray>
-#include <QList>
 #include <QString>
+#include <QStringList>
 
 class QFileInfo;
 class QObject;
@@ -11,8 +10,16 @@ class QObject;
 // in platform_win.cpp; no other file asks which system it is on.
 namespace Platform {
 
-// The program's arguments, its own name first, as local 8-bit strings.
-QList<QByteArray> processArguments(int nArgc, char **ppArgv);
+// The program's arguments, its own name first.
+QStringList processArguments(int nArgc, char **ppArgv);
+
+// True where the system takes the text for a name in a folder, and nothing else: no path, device or
+// further stream.
+bool isFileName(const QString &strName);
+
+// True where the system takes both for one name: whatever the case and kind of separator on
+// Windows. Does not look at the disk; absolute paths.
+bool isSamePath(const QString &strLeft, const QString &strRight);
 
 // True where file names are bytes for the system and those bytes are UTF-8: the locale says so, or
 // it is the "C" locale, which says nothing.

@@ -74,12 +74,24 @@ int renameToFreeName(const QByteArray &oldPath, const QByteArray &newPath)
 
 } // namespace
 
-QList<QByteArray> Platform::processArguments(int nArgc, char **ppArgv)
+QStringList Platform::processArguments(int nArgc, char **ppArgv)
 {
-    QList<QByteArray> lstArguments;
+    QStringList lstArguments;
     for (int n = 0; n < nArgc; ++n)
-        lstArguments.append(ppArgv[n]);
+        lstArguments.append(QString::fromLocal8Bit(ppArgv[n]));
     return lstArguments;
+}
+
+bool Platform::isFileName(const QString &strName)
+{
+    const bool bDots = strName == QLatin1String(".") || strName == QLatin1String("..");
+    return !strName.isEmpty() && !bDots && !strName.contains(QLatin1Char('/'))
+        && !strName.contains(QChar(0));
+}
+
+bool Platform::isSamePath(const QString &strLeft, const QString &strRight)
+{
+    return strLeft == strRight;
 }
 
 bool Platform::hasUtf8Names()

@@ -1,11 +1,14 @@
 #include "app/platform.h"
 
+#include "app/nativepath_win.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QSharedMemory>
 
+#include <algorithm>
 #include <climits>
 
 #include <fcntl.h>
@@ -20,16 +23,38 @@ HANDLE g_hLock = nullptr; // Of the shared segment, while it is locked.
 
 } // namespace
 
-QList<QByteArray> Platform::processArguments(int, char **)
+QStringList Platform::processArguments(int, char **)
 {
     // The wide command line, because argv has lost what the start-up code page cannot hold.
-    QList<QByteArray> lstArguments;
+    QStringList lstArguments;
     int nCount = 0;
     wchar_t **ppArguments = CommandLineToArgvW(GetCommandLineW(), &nCount);
     for (int n = 0; n < nCount; ++n)
-        lstArguments.append(QString::fromWCharArray(ppArguments[n]).toLocal8Bit());
+        lstArguments.append(QString::fromWCharArray(ppArguments[n]));
     LocalFree(ppArguments);
     return lstArguments;
+}
+
+bool Platform::isFileName(const QString &strName)
+{
+    const auto isForbidden = [](QChar c) {
+        return c < QLatin1Char(' ') || QStringLiteral("<>:\"/\\|?*").contains(c);
+    };
+    // The system drops dots and blanks at the end: the name would be another.
+    const bool bCut = strName.endsWith(QLatin1Char('.')) || strName.endsWith(QLatin1Char(' '));
+    return !strName.isEmpty() && !bCut
+        && std::none_of(strName.cbegin(), strName.cend(), isForbidden) && !isDeviceName(strName);
+}
+
+bool Platform::isSamePath(const QString &strLeft, const QString &strRight)
+{
+    const std::wstring left = QDir::toNativeSeparators(strLeft).toStdWString();
+    const std::wstring right = QDir::toNativeSeparators(strRight).toStdWString();
+    // By the system's own table of cases, which is the one of its disks.
+    const BOOL bIgnoreCase = TRUE;
+    return CompareStringOrdinal(left.c_str(), int(left.size()), right.c_str(), int(right.size()),
+                                bIgnoreCase)
+        == CSTR_EQUAL;
 }
 
 bool Platform::hasUtf8Names()
@@ -96,11 +121,7 @@ QString Platform::fileIconKind(const QFileInfo &)
 
 bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError)
 {
-    const QString strOldNative = QDir::toNativeSeparators(strOld);
-    const QString strNewNative = QDir::toNativeSeparators(strNew);
-    const bool bDone = MoveFileExW(reinterpret_cast<const wchar_t *>(strOldNative.utf16()),
-                                   reinterpret_cast<const wchar_t *>(strNewNative.utf16()), 0)
-        != 0;
+    const bool bDone = MoveFileExW(nativePath(strOld).c_str(), nativePath(strNew).c_str(), 0) != 0;
     if (!bDone && pError)
         *pError = qt_error_string(int(GetLastError()));
     return bDone;
@@ -109,17 +130,15 @@ bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strN
 int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
 {
     const QFileInfo info(strPath);
-    if (!info.isFile() || info.isSymLink())
+    if (!info.isFile() || info.isSymbolicLink() || isDeviceName(strPath))
         return -1;
     *pSize = info.size();
-    return _wopen(reinterpret_cast<const wchar_t *>(QDir::toNativeSeparators(strPath).utf16()),
-                  _O_RDONLY | _O_BINARY);
+    return _wopen(nativePath(strPath).c_str(), _O_RDONLY | _O_BINARY);
 }
 
 bool Platform::mustWriteInPlace(const QString &strPath)
 {
-    const QString strNative = QDir::toNativeSeparators(strPath);
-    const HANDLE hFile = CreateFileW(reinterpret_cast<const wchar_t *>(strNative.utf16()), 0,
+    const HANDLE hFile = CreateFileW(nativePath(strPath).c_str(), 0,
                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (hFile == INVALID_HANDLE_VALUE)

@@ -1,7 +1,6 @@
 #include "app/filestate.h"
+#include "app/nativepath_win.h"
 #include "app/platformfiles.h"
-
-#include <QDir>
 
 #include <cerrno>
 #include <cstring>
@@ -12,12 +11,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-// The buffer of the string stays with it.
-const wchar_t *wide(const QString &strText)
-{
-    return reinterpret_cast<const wchar_t *>(strText.utf16());
-}
 
 HANDLE handleOf(int nHandle)
 {
@@ -52,13 +45,14 @@ bool stateOf(HANDLE hFile, SFileState *pState)
 
 Platform::FileKind Platform::kindOfPath(const QString &strPath)
 {
-    const QString strNative = QDir::toNativeSeparators(strPath);
-    const DWORD nAttributes = GetFileAttributesW(wide(strNative));
+    if (isDeviceName(strPath))
+        return FileKind::Other;
+    const DWORD nAttributes = GetFileAttributesW(nativePath(strPath).c_str());
     if (nAttributes == INVALID_FILE_ATTRIBUTES)
         return FileKind::Missing;
     if (nAttributes & FILE_ATTRIBUTE_DIRECTORY)
         return FileKind::Folder;
-    return nAttributes & FILE_ATTRIBUTE_DEVICE ? FileKind::Other : FileKind::Regular;
+    return FileKind::Regular;
 }
 
 Platform::FileKind Platform::kindOfHandle(int nHandle)
@@ -76,10 +70,9 @@ Platform::FileKind Platform::kindOfHandle(int nHandle)
 
 bool Platform::stateOfPath(const QString &strPath, SFileState *pState)
 {
-    const QString strNative = QDir::toNativeSeparators(strPath);
-    const HANDLE hFile =
-        CreateFileW(wide(strNative), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE hFile = CreateFileW(nativePath(strPath).c_str(), 0,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                     nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (hFile == INVALID_HANDLE_VALUE)
         return false;
     const bool bKnown = stateOf(hFile, pState);
@@ -102,15 +95,13 @@ int Platform::openFile(const QString &strPath, FileAccess access)
     const int nAccess = access == FileAccess::Read ? _O_RDONLY
         : access == FileAccess::Write              ? _O_WRONLY
                                                    : _O_RDWR;
-    const QString strNative = QDir::toNativeSeparators(strPath);
-    return _wopen(wide(strNative), nAccess | _O_BINARY | _O_NOINHERIT);
+    return _wopen(nativePath(strPath).c_str(), nAccess | _O_BINARY | _O_NOINHERIT);
 }
 
 int Platform::createFile(const QString &strPath, FilePrivacy)
 {
-    const QString strNative = QDir::toNativeSeparators(strPath);
-    return _wopen(wide(strNative), _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
-                  _S_IREAD | _S_IWRITE);
+    return _wopen(nativePath(strPath).c_str(),
+                  _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 
 bool Platform::closeFile(int nHandle)

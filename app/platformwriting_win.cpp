@@ -1,6 +1,5 @@
+#include "app/nativepath_win.h"
 #include "app/platformfiles.h"
-
-#include <QDir>
 
 #include <algorithm>
 #include <cerrno>
@@ -10,22 +9,38 @@
 
 namespace {
 
-// The C library's numbers for what the system's own functions failed with.
-bool succeeded(BOOL bDone)
+// The C library's numbers for the system's.
+int errnoOf(DWORD nError)
 {
-    if (bDone)
-        return true;
-    const DWORD nError = GetLastError();
-    errno = nError == ERROR_FILE_NOT_FOUND || nError == ERROR_PATH_NOT_FOUND ? ENOENT
-        : nError == ERROR_DISK_FULL                                          ? ENOSPC
-        : nError == ERROR_ACCESS_DENIED || nError == ERROR_SHARING_VIOLATION ? EACCES
-                                                                             : EIO;
-    return false;
+    switch (nError) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        return ENOENT;
+    case ERROR_DISK_FULL:
+        return ENOSPC;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED: // Both files are as they were.
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT: // Likewise.
+        return EACCES;
+    default:
+        return EIO;
+    }
 }
 
-const wchar_t *wideName(const QString &strNative)
+// There is nothing to replace, or it is gone without what should have taken its place, or the file
+// system knows no replacing.
+bool leavesMovingOnly(DWORD nError)
 {
-    return reinterpret_cast<const wchar_t *>(strNative.utf16());
+    return nError == ERROR_FILE_NOT_FOUND || nError == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2
+        || nError == ERROR_NOT_SUPPORTED || nError == ERROR_INVALID_FUNCTION;
+}
+
+bool succeeded(BOOL bDone)
+{
+    if (!bDone)
+        errno = errnoOf(GetLastError());
+    return bDone;
 }
 
 } // namespace
@@ -33,7 +48,7 @@ const wchar_t *wideName(const QString &strNative)
 bool Platform::mayWrite(const QString &strPath)
 {
     const int nWrite = 2; // The C library's number.
-    return _waccess(wideName(QDir::toNativeSeparators(strPath)), nWrite) == 0;
+    return _waccess(nativePath(strPath).c_str(), nWrite) == 0;
 }
 
 bool Platform::writeBytes(int nHandle, const char *pData, qint64 nSize)
@@ -76,21 +91,26 @@ bool Platform::syncFolder(const QString &)
 
 bool Platform::renameFile(const QString &strFrom, const QString &strTo)
 {
-    const QString strOld = QDir::toNativeSeparators(strFrom);
-    const QString strNew = QDir::toNativeSeparators(strTo);
-    return succeeded(MoveFileExW(wideName(strOld), wideName(strNew),
+    const std::wstring strOld = nativePath(strFrom);
+    const std::wstring strNew = nativePath(strTo);
+    // This way the file that is replaced gives the new one its access lists, attributes, further
+    // streams and the time it was made.
+    if (ReplaceFileW(strNew.c_str(), strOld.c_str(), nullptr, 0, nullptr, nullptr))
+        return true;
+    if (!leavesMovingOnly(GetLastError()))
+        return succeeded(FALSE);
+    return succeeded(MoveFileExW(strOld.c_str(), strNew.c_str(),
                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
 bool Platform::removeFile(const QString &strPath)
 {
-    const QString strNative = QDir::toNativeSeparators(strPath);
-    return succeeded(DeleteFileW(wideName(strNative)));
+    return succeeded(DeleteFileW(nativePath(strPath).c_str()));
 }
 
 bool Platform::carryOver(const QString &, int)
 {
-    return true; // Access lists come from the folder.
+    return true; // renameFile() does it.
 }
 
 Platform::SPrivileges Platform::privilegesOf(int)

@@ -10,13 +10,6 @@
 
 namespace {
 
-bool isFileName(const QString &strName)
-{
-    const bool bDots = strName == QLatin1String(".") || strName == QLatin1String("..");
-    return !strName.isEmpty() && !bDots && !strName.contains(QLatin1Char('/'))
-        && !strName.contains(QDir::separator()) && !strName.contains(QChar(0));
-}
-
 QString shownName(const QString &strPath)
 {
     return visibleName(QFileInfo(strPath).fileName());
@@ -35,7 +28,7 @@ void forgetTrashed(const QString &strPathInTrash)
 CFileActions::SResult CFileActions::rename(const QString &strPath, const QString &strName)
 {
     SResult result;
-    if (!isFileName(strName)) {
+    if (!Platform::isFileName(strName)) {
         result.strMessage = tr("This cannot be a name: %1").arg(visibleName(strName));
         return result;
     }

@@ -2,6 +2,7 @@
 
 #include "app/filewriter.h"
 #include "app/plaintext.h"
+#include "app/platform.h"
 #include "editor/chighlightedit.h"
 #include "editor/textreading.h"
 
@@ -102,7 +103,7 @@ Result CDocument::saveAs(const QString &strPath)
 {
     if (isReadOnly())
         return refusedAsReadOnly();
-    if (strPath == path())
+    if (Platform::isSamePath(strPath, path()))
         return save();
     SNotice question = lossQuestion();
     if (question.strText.isEmpty())

@@ -1,9 +1,12 @@
 #include "document/cdocuments.h"
 
+#include "app/platform.h"
 #include "document/cpagedocument.h"
 #include "web/ceditwebview.h"
 
 #include <QDir>
+#include <QGuiApplication>
+#include <QSessionManager>
 
 namespace {
 
@@ -23,6 +26,8 @@ CDocuments::CDocuments(const QString &strFolder, QObject *pParent)
       m_loads(strFolder + QStringLiteral("/loading"))
 {
     connect(&m_watch, &CFileWatch::mayHaveChanged, this, &CDocuments::checkFiles);
+    // Before any window asks what to do with its documents: the system may not wait for an answer.
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { m_drafts.flush(); });
 }
 
 CDocuments::~CDocuments()
@@ -85,7 +90,7 @@ CDocument &CDocuments::of(const QWidget *pWidget)
 CDocument *CDocuments::withPath(const QString &strPath) const
 {
     for (CDocument *pDocument : m_lstDocuments) {
-        if (pDocument->path() == strPath)
+        if (Platform::isSamePath(pDocument->path(), strPath))
             return pDocument;
     }
     return nullptr;
@@ -113,7 +118,9 @@ void CDocuments::followRenamed(const QString &strOld, const QString &strNew)
 {
     for (CDocument *pDocument : qAsConst(m_lstDocuments)) {
         const QString strPath = pDocument->path();
-        if (strPath == strOld || strPath.startsWith(strOld + QDir::separator()))
+        const bool bInFolder = strPath.midRef(strOld.length()).startsWith(QDir::separator());
+        if (Platform::isSamePath(strPath, strOld)
+            || (bInFolder && Platform::isSamePath(strPath.left(strOld.length()), strOld)))
             pDocument->fileRenamed(strNew + strPath.mid(strOld.length()));
     }
     watchFiles();

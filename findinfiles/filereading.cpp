@@ -55,7 +55,7 @@ FileKind readTextFile(const QString &strPath, QByteArray *pData)
     const int nHandle = Platform::openRegularFile(strPath, &nSize);
     if (nHandle < 0) {
         const QFileInfo info(strPath);
-        return info.isFile() && !info.isSymLink() ? FileKind::Unreadable : FileKind::None;
+        return info.isFile() && !info.isSymbolicLink() ? FileKind::Unreadable : FileKind::None;
     }
     QFile file;
     if (!file.open(nHandle, QIODevice::ReadOnly | QIODevice::Unbuffered,

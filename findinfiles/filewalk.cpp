@@ -63,7 +63,7 @@ private:
         while (it.hasNext() && !isDone()) {
             const QString strPath = it.next();
             const QFileInfo info = it.fileInfo();
-            if (info.isSymLink())
+            if (info.isSymLink() || info.isJunction())
                 continue;
             if (!info.isDir())
                 m_bDone = !m_onFile(strPath);

@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
         require(!strJoined.contains(QLatin1Char('"')), "quotes are no part of a path");
         checkRoundTrip(strText);
     }
-    QList<QByteArray> lstArguments = bytesOf(pData, nSize).split('\0');
+    const QStringList lstArguments = textOf(bytesOf(pData, nSize)).split(QChar(0));
     const QStringList lstPaths = pathsFromArguments(lstArguments);
     require(!lstPaths.contains(QString()), "empty arguments are left out");
     return 0;

@@ -22,23 +22,24 @@ private slots:
 
 void tst_arguments::arguments_becomePaths_data()
 {
-    QTest::addColumn<QList<QByteArray>>("arguments");
+    QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QStringList>("paths");
-    using Bytes = QList<QByteArray>;
-    QTest::newRow("nothing at all") << Bytes() << QStringList();
-    QTest::newRow("program only") << Bytes {"quillan"} << QStringList();
-    QTest::newRow("trimmed") << Bytes {"q", " \ta b.txt\n"}
+    QTest::newRow("nothing at all") << QStringList() << QStringList();
+    QTest::newRow("program only") << QStringList {"quillan"} << QStringList();
+    QTest::newRow("trimmed") << QStringList {"q", " \ta b.txt\n"}
                              << QStringList(QStringLiteral("a b.txt"));
-    QTest::newRow("empty ones left out") << Bytes {"q", "", "a", "   ", "b"}
+    QTest::newRow("empty ones left out") << QStringList {"q", "", "a", "   ", "b"}
                                          << QStringList({QStringLiteral("a"), QStringLiteral("b")});
-    QTest::newRow("quotes kept") << Bytes {"q", "\"a\""} << QStringList(QStringLiteral("\"a\""));
-    QTest::newRow("local encoding")
-        << Bytes {"q", QStringLiteral("ä").toLocal8Bit()} << QStringList(QStringLiteral("ä"));
+    QTest::newRow("quotes kept") << QStringList {"q", "\"a\""}
+                                 << QStringList(QStringLiteral("\"a\""));
+    const QString strManyScripts = QStringLiteral("ä中Ж.txt"); // No code page holds all three.
+    QTest::newRow("many scripts") << QStringList {"q", strManyScripts}
+                                  << QStringList(strManyScripts);
 }
 
 void tst_arguments::arguments_becomePaths()
 {
-    QFETCH(QList<QByteArray>, arguments);
+    QFETCH(QStringList, arguments);
     QFETCH(QStringList, paths);
     QCOMPARE(pathsFromArguments(arguments), paths);
 }
@@ -90,7 +91,7 @@ void tst_arguments::existingName_becomesAbsolute()
         makeFile(dir.filePath(QString::fromUtf8(szName)));
     argument.replace('@', folder.path());
     path.replace('@', folder.path());
-    QCOMPARE(pathsFromArguments({"q", argument.toLocal8Bit()}, dir), QStringList(path));
+    QCOMPARE(pathsFromArguments({"q", argument}, dir), QStringList(path));
 }
 
 void tst_arguments::nameBehindALink_keepsItsMeaning()

@@ -3,7 +3,9 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QGuiApplication>
 #include <QRegularExpression>
+#include <QSessionManager>
 #include <QTextCodec>
 
 namespace {
@@ -116,6 +118,17 @@ private slots:
         f.start(); // And it is offered again if the program ends now.
         f.documents().recovery().offerAbandoned();
         QVERIFY(f.documents().recovery().notice().strText.contains("a.txt"));
+    }
+
+    void endOfTheSession_keepsWhatIsTyped_beforeAnybodyIsAsked()
+    {
+        CDocumentsFixture f;
+        f.type(f.open(f.file("a.txt", "old")), "mine ");
+        QCOMPARE(draftFiles(f), QStringList());
+        // Only the system's plug-in can make one, and nobody looks at it.
+        alignas(QSessionManager) char arrNobody[sizeof(QSessionManager)] = {};
+        emit qGuiApp->commitDataRequest(reinterpret_cast<QSessionManager &>(arrNobody));
+        QCOMPARE(draftFiles(f).size(), 1);
     }
 
     void contextMenuRefresh_overUnsavedText_offersItAtOnce()

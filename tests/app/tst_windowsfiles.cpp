@@ -1,0 +1,247 @@
+// What files have on Windows alone, and what a save leaves of it.
+
+#include "app/filereader.h"
+#include "app/filewriter.h"
+#include "app/platform.h"
+#include "support/files.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <qt_windows.h>
+
+namespace {
+
+const wchar_t *wide(const QString &strText)
+{
+    return reinterpret_cast<const wchar_t *>(strText.utf16());
+}
+
+// An open file of another program, which shares what nShared says.
+class COtherProgram
+{
+public:
+    COtherProgram(const QString &strPath, DWORD nShared)
+        : m_hFile(CreateFileW(wide(QDir::toNativeSeparators(strPath)), GENERIC_READ, nShared,
+                              nullptr, OPEN_EXISTING, 0, nullptr))
+    {
+    }
+    ~COtherProgram() { CloseHandle(m_hFile); }
+    COtherProgram(const COtherProgram &) = delete;
+    COtherProgram &operator=(const COtherProgram &) = delete;
+    bool hasIt() const { return m_hFile != INVALID_HANDLE_VALUE; }
+
+private:
+    HANDLE m_hFile;
+};
+
+DWORD attributes(const QString &strPath)
+{
+    return GetFileAttributesW(wide(QDir::toNativeSeparators(strPath)));
+}
+
+} // namespace
+
+class TestWindowsFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_folder.isValid()); }
+
+    void paths_areTheSameInAnyCaseAndWithAnySeparator_data()
+    {
+        QTest::addColumn<QString>("left");
+        QTest::addColumn<QString>("right");
+        QTest::addColumn<bool>("same");
+        const auto row = [](const char *szLeft, const char *szRight, bool bSame) {
+            QTest::newRow(szLeft) << QString::fromUtf8(szLeft) << QString::fromUtf8(szRight)
+                                  << bSame;
+        };
+        row("C:\\a.txt", "C:\\a.txt", true);
+        row("C:\\b.txt", "c:/B.TXT", true);
+        row("C:\\Ä.txt", "C:\\ä.txt", true);
+        row("C:\\Ж.txt", "C:\\ж.TXT", true);
+        row("C:\\ß.txt", "C:\\ss.txt", false);
+        row("\\\\server\\share\\a", "//SERVER/Share/A", true);
+        row("C:\\a", "C:\\ab", false);
+        row("C:\\c", "D:\\c", false);
+        row("", "C:\\d", false);
+    }
+
+    void paths_areTheSameInAnyCaseAndWithAnySeparator()
+    {
+        QFETCH(QString, left);
+        QFETCH(QString, right);
+        QTEST(Platform::isSamePath(left, right), "same");
+        QTEST(Platform::isSamePath(right, left), "same");
+    }
+
+    void names_areThoseThatTheSystemTakes_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("taken");
+        for (const char *szName : {"a", "a.txt", ".a", "a b", "ä中Ж", "CONSOLE", "aux1"})
+            QTest::newRow(szName) << QString::fromUtf8(szName) << true;
+        for (const char *szName : {"", ".", "..", "a.", "a ", "a:b", "a\\b", "a/b", "a?", "a*",
+                                   "<a", "a|b", "a\"", "a\tb", "CON", "nul", "LPT1"})
+            QTest::newRow(szName) << QString::fromUtf8(szName) << false;
+    }
+
+    void names_areThoseThatTheSystemTakes()
+    {
+        QFETCH(QString, name);
+        QTEST(Platform::isFileName(name), "taken");
+    }
+
+    void fileOfAnotherSpelling_isTheSameFile()
+    {
+        const QString strPath = newFile("Spelling.txt");
+        SFileState one;
+        SFileState other;
+        QVERIFY(Platform::stateOfPath(strPath, &one));
+        QVERIFY(Platform::stateOfPath(m_folder.filePath("SPELLING.TXT"), &other));
+        QVERIFY(isSameFile(one, other));
+    }
+
+    void readOnlyFile_isNotWritten()
+    {
+        const QString strPath = newFile("readonly.txt");
+        QVERIFY(
+            SetFileAttributesW(wide(QDir::toNativeSeparators(strPath)), FILE_ATTRIBUTE_READONLY));
+        QString strError;
+        QVERIFY(!writeFile(strPath, "new", &strError));
+        QVERIFY(!strError.isEmpty());
+        QCOMPARE(contents(strPath), QByteArray("old"));
+        SetFileAttributesW(wide(QDir::toNativeSeparators(strPath)), FILE_ATTRIBUTE_NORMAL);
+    }
+
+    void hiddenFile_staysHidden()
+    {
+        const QString strPath = newFile("hidden.txt");
+        QVERIFY(SetFileAttributesW(wide(QDir::toNativeSeparators(strPath)), FILE_ATTRIBUTE_HIDDEN));
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(contents(strPath), QByteArray("new"));
+        QVERIFY(attributes(strPath) & FILE_ATTRIBUTE_HIDDEN);
+    }
+
+    void hardLinks_stayOneFile()
+    {
+        const QString strPath = newFile("link.txt");
+        const QString strOther = m_folder.filePath("other.txt");
+        QVERIFY(CreateHardLinkW(wide(QDir::toNativeSeparators(strOther)),
+                                wide(QDir::toNativeSeparators(strPath)), nullptr));
+        QVERIFY(Platform::mustWriteInPlace(strPath));
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(contents(strOther), QByteArray("new"));
+    }
+
+    void alternateStream_isKept()
+    {
+        const QString strPath = newFile("stream.txt");
+        QFile stream(strPath + ":note");
+        if (!stream.open(QIODevice::WriteOnly) || stream.write("kept") != 4)
+            QSKIP("This file system has no streams.");
+        stream.close();
+        QDir dir(m_folder.path());
+        if (dir.entryList().contains("stream.txt:note"))
+            QSKIP("This file system takes the stream for a name.");
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(contents(strPath), QByteArray("new"));
+        QCOMPARE(contents(strPath + ":note"), QByteArray("kept"));
+    }
+
+    void fileThatAnotherReadsAndShares_isSaved()
+    {
+        const QString strPath = newFile("shared.txt");
+        const COtherProgram other(strPath, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+        QVERIFY(other.hasIt());
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(contents(strPath), QByteArray("new"));
+    }
+
+    // It cannot be replaced, but written.
+    void fileThatAnotherKeepsInItsPlace_isWrittenInPlace()
+    {
+        const QString strPath = newFile("placed.txt");
+        const COtherProgram other(strPath, FILE_SHARE_READ | FILE_SHARE_WRITE);
+        QVERIFY(other.hasIt());
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(contents(strPath), QByteArray("new"));
+        QCOMPARE(beside("placed.txt"), QStringList("placed.txt"));
+    }
+
+    void fileThatAnotherHoldsAlone_staysAsItWas()
+    {
+        const QString strPath = newFile("held.txt");
+        {
+            const COtherProgram other(strPath, FILE_SHARE_READ);
+            QVERIFY(other.hasIt());
+            QString strError;
+            QVERIFY(!writeFile(strPath, "new", &strError));
+            QVERIFY(!strError.isEmpty());
+        }
+        QCOMPARE(contents(strPath), QByteArray("old"));
+        QCOMPARE(beside("held.txt"), QStringList("held.txt"));
+    }
+
+    void longPath_isWrittenAndReadBack()
+    {
+        QString strFolder = m_folder.path();
+        while (strFolder.length() < 300)
+            strFolder += "/a folder with a long name";
+        QVERIFY(QDir().mkpath(strFolder));
+        const QString strPath = strFolder + "/a.txt";
+        QVERIFY(writeFile(strPath, "first"));
+        QVERIFY(writeFile(strPath, "second"));
+        QCOMPARE(readFile(strPath).bytes, QByteArray("second"));
+    }
+
+    void reservedName_isNoFile_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *szName : {"CON", "NUL", "COM1", "nul.txt"})
+            QTest::newRow(szName) << QString(szName);
+    }
+
+    void reservedName_isNoFile()
+    {
+        QFETCH(QString, name);
+        QVERIFY(!readFile(m_folder.filePath(name)).isWhole());
+    }
+
+    void name_isNotGivenToWhatAnotherHas()
+    {
+        const QString strOld = newFile("from.txt");
+        const QString strNew = newFile("to.txt");
+        QVERIFY(!Platform::renameWithoutReplacing(strOld, strNew, nullptr));
+        QVERIFY(QFile::exists(strOld));
+    }
+
+    void name_changesOnlyItsCase()
+    {
+        const QString strOld = newFile("case.txt");
+        QVERIFY(Platform::renameWithoutReplacing(strOld, m_folder.filePath("CASE.txt"), nullptr));
+        QCOMPARE(beside("case.txt"), QStringList("CASE.txt"));
+    }
+
+private:
+    QString newFile(const QString &strName) const
+    {
+        const QString strPath = m_folder.filePath(strName);
+        put(strPath, "old");
+        return strPath;
+    }
+
+    // Files whose names begin as this one.
+    QStringList beside(const QString &strName) const
+    {
+        return QDir(m_folder.path()).entryList({strName.left(4) + "*"});
+    }
+
+    QTemporaryDir m_folder;
+};
+
+QTEST_GUILESS_MAIN(TestWindowsFiles)
+#include "tst_windowsfiles.moc"
