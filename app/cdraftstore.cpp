@@ -158,5 +158,6 @@ void CDraftStore::takeFrom(const QString &strFolder, Parts parts, QVector<SDraft
             pDrafts->append(draft);
     }
     Platform::removeFile(lockPath(strFolder));
+    lock.close(); // Windows keeps the name until then.
     QDir().rmdir(strFolder); // Only when nothing is left in it.
 }

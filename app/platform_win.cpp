@@ -1,6 +1,7 @@
 #include "app/platform.h"
 
-#include "app/nativepath_win.h"
+#include "app/platformfiles.h"
+#include "app/systemcalls_win.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <climits>
 
-#include <fcntl.h>
 #include <io.h>
 #include <malloc.h>
 #include <qt_windows.h>
@@ -133,7 +133,7 @@ int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
     if (!info.isFile() || info.isSymbolicLink() || isDeviceName(strPath))
         return -1;
     *pSize = info.size();
-    return _wopen(nativePath(strPath).c_str(), _O_RDONLY | _O_BINARY);
+    return openFile(strPath, FileAccess::Read);
 }
 
 bool Platform::mustWriteInPlace(const QString &strPath)

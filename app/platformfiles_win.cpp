@@ -1,6 +1,6 @@
 #include "app/filestate.h"
-#include "app/nativepath_win.h"
 #include "app/platformfiles.h"
+#include "app/systemcalls_win.h"
 
 #include <cerrno>
 #include <cstring>
@@ -8,13 +8,24 @@
 #include <fcntl.h>
 #include <io.h>
 #include <qt_windows.h>
-#include <sys/stat.h>
 
 namespace {
 
 HANDLE handleOf(int nHandle)
 {
     return reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
+}
+
+// An open file, which others may meanwhile read, write, rename and delete as elsewhere.
+int descriptorOf(const QString &strPath, DWORD nAccess, DWORD nDisposition)
+{
+    const HANDLE hFile = CreateFileW(nativePath(strPath).c_str(), nAccess,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                     nullptr, nDisposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (!succeeded(hFile != INVALID_HANDLE_VALUE))
+        return -1;
+    const int nFlags = nAccess & GENERIC_WRITE ? _O_RDWR : _O_RDONLY;
+    return _open_osfhandle(reinterpret_cast<intptr_t>(hFile), nFlags | _O_BINARY | _O_NOINHERIT);
 }
 
 quint64 joined(DWORD nHigh, DWORD nLow)
@@ -92,16 +103,15 @@ bool Platform::isMadeUp(int)
 
 int Platform::openFile(const QString &strPath, FileAccess access)
 {
-    const int nAccess = access == FileAccess::Read ? _O_RDONLY
-        : access == FileAccess::Write              ? _O_WRONLY
-                                                   : _O_RDWR;
-    return _wopen(nativePath(strPath).c_str(), nAccess | _O_BINARY | _O_NOINHERIT);
+    const DWORD nAccess = access == FileAccess::Read ? GENERIC_READ
+        : access == FileAccess::Write                ? GENERIC_WRITE
+                                                     : GENERIC_READ | GENERIC_WRITE;
+    return descriptorOf(strPath, nAccess, OPEN_EXISTING);
 }
 
 int Platform::createFile(const QString &strPath, FilePrivacy)
 {
-    return _wopen(nativePath(strPath).c_str(),
-                  _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+    return descriptorOf(strPath, GENERIC_READ | GENERIC_WRITE, CREATE_NEW);
 }
 
 bool Platform::closeFile(int nHandle)

@@ -1,5 +1,5 @@
-#include "app/nativepath_win.h"
 #include "app/platformfiles.h"
+#include "app/systemcalls_win.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,38 +9,12 @@
 
 namespace {
 
-// The C library's numbers for the system's.
-int errnoOf(DWORD nError)
-{
-    switch (nError) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-        return ENOENT;
-    case ERROR_DISK_FULL:
-        return ENOSPC;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_UNABLE_TO_REMOVE_REPLACED: // Both files are as they were.
-    case ERROR_UNABLE_TO_MOVE_REPLACEMENT: // Likewise.
-        return EACCES;
-    default:
-        return EIO;
-    }
-}
-
 // There is nothing to replace, or it is gone without what should have taken its place, or the file
 // system knows no replacing.
 bool leavesMovingOnly(DWORD nError)
 {
     return nError == ERROR_FILE_NOT_FOUND || nError == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2
         || nError == ERROR_NOT_SUPPORTED || nError == ERROR_INVALID_FUNCTION;
-}
-
-bool succeeded(BOOL bDone)
-{
-    if (!bDone)
-        errno = errnoOf(GetLastError());
-    return bDone;
 }
 
 } // namespace
@@ -98,7 +72,7 @@ bool Platform::renameFile(const QString &strFrom, const QString &strTo)
     if (ReplaceFileW(strNew.c_str(), strOld.c_str(), nullptr, 0, nullptr, nullptr))
         return true;
     if (!leavesMovingOnly(GetLastError()))
-        return succeeded(FALSE);
+        return succeeded(false);
     return succeeded(MoveFileExW(strOld.c_str(), strNew.c_str(),
                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
@@ -108,9 +82,15 @@ bool Platform::removeFile(const QString &strPath)
     return succeeded(DeleteFileW(nativePath(strPath).c_str()));
 }
 
-bool Platform::carryOver(const QString &, int)
+bool Platform::carryOver(const QString &strPath, int nHandle)
 {
-    return true; // renameFile() does it.
+    // Hidden files stay hidden. Access lists and streams come with renameFile().
+    FILE_BASIC_INFO info = {}; // Times of zero stay what they are.
+    info.FileAttributes = GetFileAttributesW(nativePath(strPath).c_str());
+    if (info.FileAttributes == INVALID_FILE_ATTRIBUTES)
+        return true;
+    const auto hFile = reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
+    return succeeded(SetFileInformationByHandle(hFile, FileBasicInfo, &info, sizeof info));
 }
 
 Platform::SPrivileges Platform::privilegesOf(int)

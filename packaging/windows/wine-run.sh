@@ -46,8 +46,17 @@ ln -s ../drive_c "$own/dosdevices/c:"
 ln -s / "$own/dosdevices/z:"
 cp "$template/.update-timestamp" "$own/"
 
-# The platform of tests with a display is named for X by private-run.sh.
-[ "${QT_QPA_PLATFORM:-}" = xcb ] && export QT_QPA_PLATFORM=windows
-export WINEPREFIX=$own WINEPATH="Z:$prefix/bin;Z:$runtime;Z:$threads" QT_PLUGIN_PATH="Z:$prefix/plugins"
+# Wine keeps the variables of this machine's Qt from its programs, but for those of its own registry. The
+# platform of tests with a display is named for X by private-run.sh; tests would report to a debugger.
+platform=${QT_QPA_PLATFORM:-windows}
+[ "$platform" = xcb ] && platform=windows
+cat >>"$own/user.reg" <<VALUES
+
+[Environment]
+"QT_QPA_PLATFORM"="$platform"
+"QT_PLUGIN_PATH"="Z:$prefix/plugins"
+"QT_FORCE_STDERR_LOGGING"="1"
+VALUES
+export WINEPREFIX=$own WINEPATH="Z:$prefix/bin;Z:$runtime;Z:$threads"
 unset TMPDIR TMP TEMP
 wine "$@"

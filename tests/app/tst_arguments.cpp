@@ -104,6 +104,9 @@ void tst_arguments::nameBehindALink_keepsItsMeaning()
     if (!QFile::link(dir.filePath(QStringLiteral("deep/target")),
                      dir.filePath(QStringLiteral("link"))))
         QSKIP("No links here.");
+#ifdef Q_OS_WIN
+    QSKIP("The system takes .. off a path before it looks at links.");
+#endif
     const QString strPath = pathsFromArguments({"q", "link/../a.txt"}, dir).value(0);
     QVERIFY(QDir::isAbsolutePath(strPath));
     QCOMPARE(QFileInfo(strPath).canonicalFilePath(),

@@ -218,6 +218,10 @@ void tst_CodecDetection::everyLanguage_hasCodecsAndLetters()
                      qPrintable(QString(c)));
         for (const QString &strCodec : language.lstCodecs) {
             const QTextCodec *pCodec = codecForName(strCodec);
+#ifdef Q_OS_WIN
+            if (!pCodec)
+                continue; // Qt's own codecs, without ICU, are fewer.
+#endif
             QVERIFY2(pCodec, qPrintable(strCodec));
             QCOMPARE(strCodec, QString::fromLatin1(pCodec->name()));
         }

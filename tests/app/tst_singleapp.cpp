@@ -28,6 +28,7 @@ int runInstance(const QStringList &lstMessages)
 {
     CSingleApp single(nullptr, QLatin1String(g_szKey));
     QTextStream out(stdout);
+    out.setCodec("UTF-8");
     if (single.isRunning()) {
         bool bSent = true;
         if (lstMessages.value(0) == QLatin1String("--paths")) {

@@ -34,6 +34,17 @@ bool isValidAtOnce(QTextCodec *pCodec, const QByteArray &data)
     });
 }
 
+// Of these, what the codec library has. Qt's own, as it comes for Windows, lacks some of ICU's.
+QVector<const char *> availableCodecs(std::initializer_list<const char *> codecs)
+{
+    QVector<const char *> lstCodecs;
+    for (const char *szCodec : codecs) {
+        if (codec(szCodec))
+            lstCodecs.append(szCodec);
+    }
+    return lstCodecs;
+}
+
 QByteArray randomBytes(QRandomGenerator *pRandom, int nSize, int nBound)
 {
     QByteArray data(nSize, '\0');
@@ -148,8 +159,11 @@ void tst_WholeText::whole_isNothingLess_thanEncodingAgain()
 {
     QRandomGenerator random(41);
     int nWhole = 0;
-    for (const char *szCodec : {"UTF-8", "UTF-16LE", "Shift_JIS", "GB18030", "EUC-JP", "Big5",
-                                "windows-1252", "windows-949", "KOI8-R", "US-ASCII"}) {
+    const auto lstCodecs =
+        availableCodecs({"UTF-8", "UTF-16LE", "Shift_JIS", "GB18030", "EUC-JP", "Big5",
+                         "windows-1252", "windows-949", "KOI8-R", "US-ASCII"});
+    QVERIFY(lstCodecs.size() > 7);
+    for (const char *szCodec : lstCodecs) {
         const QTextCodec *pCodec = codec(szCodec);
         for (int n = 0; n < 3000; ++n) {
             const QByteArray data = randomBytes(&random, random.bounded(9), n % 2 ? 0x100 : 0xA0);
@@ -177,7 +191,8 @@ void tst_WholeText::everyCharacter_isWholeInItsCodec()
             data.chop(4); // The encoder's own fault with the last character but one.
         QCOMPARE(codec(szCodec)->toUnicode(data), strText);
         QVERIFY2(isWholeText(codec(szCodec), data), szCodec);
-        QVERIFY2(!isWholeText(codec("US-ASCII"), data), szCodec);
+        if (codec("US-ASCII"))
+            QVERIFY2(!isWholeText(codec("US-ASCII"), data), szCodec);
     }
 }
 
@@ -203,8 +218,11 @@ void tst_WholeText::validity_inPieces_equalsThatAtOnce_forRandomData()
 void tst_WholeText::validity_inPieces_equalsThatAtOnce_forFaultsAtEveryBorder()
 {
     const QString strText = QString::fromUtf8("カナ漢字 abc ёж ü 한 😀 ");
-    for (const char *szCodec : {"UTF-8", "UTF-16", "UTF-32", "GB18030", "Shift_JIS", "EUC-JP",
-                                "ISO-2022-JP", "windows-949", "Big5", "windows-1251", "UTF-7"}) {
+    const auto lstCodecs =
+        availableCodecs({"UTF-8", "UTF-16", "UTF-32", "GB18030", "Shift_JIS", "EUC-JP",
+                         "ISO-2022-JP", "windows-949", "Big5", "windows-1251", "UTF-7"});
+    QVERIFY(lstCodecs.size() > 8);
+    for (const char *szCodec : lstCodecs) {
         QTextCodec *pCodec = codec(szCodec);
         const QByteArray text = pCodec->fromUnicode(strText.repeated(200));
         for (int nBefore = 0; nBefore < 12; ++nBefore) {

@@ -3,6 +3,7 @@
 #include "app/filereader.h"
 #include "app/filewriter.h"
 #include "app/platform.h"
+#include "app/platformfiles.h"
 #include "support/files.h"
 
 #include <QDir>
@@ -35,6 +36,11 @@ public:
 private:
     HANDLE m_hFile;
 };
+
+bool isWine()
+{
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
 
 DWORD attributes(const QString &strPath)
 {
@@ -223,6 +229,8 @@ private slots:
     {
         const QString strOld = newFile("case.txt");
         QVERIFY(Platform::renameWithoutReplacing(strOld, m_folder.filePath("CASE.txt"), nullptr));
+        if (isWine())
+            QEXPECT_FAIL("", "Wine says that it did, and does not.", Continue);
         QCOMPARE(beside("case.txt"), QStringList("CASE.txt"));
     }
 

@@ -1,6 +1,8 @@
-#include "app/nativepath_win.h"
+#include "app/systemcalls_win.h"
 
 #include <QDir>
+
+#include <cerrno>
 
 #include <qt_windows.h>
 
@@ -8,6 +10,36 @@ namespace {
 
 // A folder must leave room for a short name in it.
 const int g_nLongestPlain = MAX_PATH - 13;
+
+int errnoOf(DWORD nError)
+{
+    switch (nError) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+        return ENOENT;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+        return EEXIST;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return ENOSPC;
+    case ERROR_WRITE_PROTECT:
+        return EROFS;
+    case ERROR_FILENAME_EXCED_RANGE:
+        return ENAMETOOLONG;
+    case ERROR_TOO_MANY_OPEN_FILES:
+        return EMFILE;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED: // Both files are as they were.
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT: // Likewise.
+        return EACCES;
+    default:
+        return EIO;
+    }
+}
 
 } // namespace
 
@@ -31,4 +63,16 @@ bool isDeviceName(const QString &strPath)
     const DWORD nLength = GetFullPathNameW(nativePath(strPath).c_str(), MAX_PATH, arrFull, nullptr);
     return nLength > 0 && nLength < MAX_PATH
         && QString::fromWCharArray(arrFull, int(nLength)).startsWith(QLatin1String("\\\\.\\"));
+}
+
+void setErrno()
+{
+    errno = errnoOf(GetLastError());
+}
+
+bool succeeded(bool bDone)
+{
+    if (!bDone)
+        setErrno();
+    return bDone;
 }
