@@ -1,4 +1,4 @@
-# Unicode for the page engine, linked into it. Its tools are built for this machine first. Of its data,
+# Unicode for the page engine. Its tools are built for this machine first. Of its data,
 # what names languages, countries, currencies, units and time zones in all languages is left out: a page
 # whose scripts do not run never asks for it.
 set -euo pipefail
@@ -21,7 +21,9 @@ grep -E '^(curr|lang|region|unit|zone|rbnf|translit)/' names |
 
 cd "$results/build/icu"
 [ -e Makefile ] || "$results/sources/icu/source/configure" "${common[@]}" --host="$target" \
-    --with-cross-build="$results/build/icu-tools" --prefix="$prefix" --disable-tools \
-    --enable-static --disable-shared --with-data-packaging=static
+    --with-cross-build="$results/build/icu-tools" --prefix="$prefix" --disable-tools
 make -j "$jobs"
 make install
+# Windows looks for libraries beside programs.
+mkdir -p "$prefix/bin"
+find "$prefix/lib" -maxdepth 1 -name 'icu*.dll' -exec mv -t "$prefix/bin" {} +

@@ -4,6 +4,9 @@ set -euo pipefail
 . "$(dirname "$0")/../common.sh"
 
 unpack qtbase-opensource-src
+# Names of libraries as a disk has them that tells capitals from others.
+sed -i -e 's/-lSecur32/-lsecur32/' -e 's/-lCrypt32/-lcrypt32/' \
+    "$results/sources/qtbase-opensource-src/src/network/ssl/ssl.pri"
 build=$results/build/qtbase
 mkdir -p "$build"
 cd "$build"
