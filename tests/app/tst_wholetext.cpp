@@ -34,14 +34,14 @@ bool isValidAtOnce(QTextCodec *pCodec, const QByteArray &data)
     });
 }
 
-// Of these, what the codec library has. Qt's own, as it comes for Windows, lacks some of ICU's.
+// On Windows only what the codec library has: Qt's own lacks some of ICU's.
 QVector<const char *> availableCodecs(std::initializer_list<const char *> codecs)
 {
-    QVector<const char *> lstCodecs;
-    for (const char *szCodec : codecs) {
-        if (codec(szCodec))
-            lstCodecs.append(szCodec);
-    }
+    QVector<const char *> lstCodecs(codecs);
+#ifdef Q_OS_WIN
+    const auto isMissing = [](const char *szCodec) { return !codec(szCodec); };
+    lstCodecs.erase(std::remove_if(lstCodecs.begin(), lstCodecs.end(), isMissing), lstCodecs.end());
+#endif
     return lstCodecs;
 }
 
@@ -191,8 +191,9 @@ void tst_WholeText::everyCharacter_isWholeInItsCodec()
             data.chop(4); // The encoder's own fault with the last character but one.
         QCOMPARE(codec(szCodec)->toUnicode(data), strText);
         QVERIFY2(isWholeText(codec(szCodec), data), szCodec);
-        if (codec("US-ASCII"))
-            QVERIFY2(!isWholeText(codec("US-ASCII"), data), szCodec);
+#ifndef Q_OS_WIN
+        QVERIFY2(!isWholeText(codec("US-ASCII"), data), szCodec);
+#endif
     }
 }
 
