@@ -4,7 +4,7 @@
 
 namespace {
 
-const int g_nTurn = 30; // Milliseconds between the turns of the event loop.
+const int g_nReplaceTurn = 30; // Milliseconds between the turns of the event loop.
 
 } // namespace
 
@@ -52,7 +52,7 @@ void CReplaceAll::stop()
 
 void CReplaceAll::onTick()
 {
-    if (work(QDeadlineTimer(g_nTurn)))
+    if (work(QDeadlineTimer(g_nReplaceTurn)))
         emit progressed(m_replacer.done(), m_replacer.length());
 }
 
