@@ -12,8 +12,6 @@
 
 // What is painted anew by what: the least that can be, and always enough.
 
-namespace {
-
 // What a widget has been asked to paint.
 class CPaintLog : public QObject
 {
@@ -57,8 +55,6 @@ public:
         return strip(nFirst, nLast) + strip(nFirst, nLast).translated(0, 6);
     }
 };
-
-} // namespace
 
 class TestRepaint : public QObject
 {
