@@ -43,6 +43,12 @@ bool beginsAtLineStart(const PatternNode &node)
     }
 }
 
+bool isOneSymbol(const PatternNode &node)
+{
+    const bool bOnly = node.kind == PatternNode::Sequence && node.children.size() == 1;
+    return node.kind == PatternNode::Symbol || (bOnly && isOneSymbol(node.children.front()));
+}
+
 PatternNode reversed(PatternNode node)
 {
     for (PatternNode &child : node.children) {
@@ -86,6 +92,7 @@ CAnchoredPattern::CAnchoredPattern(const QString &strPattern, Qt::CaseSensitivit
     }
     m_automaton.emplace(direction == Backwards ? reversed(node) : node);
     m_bOnlyAtLineStart = beginsAtLineStart(node);
+    m_bOneSymbol = isOneSymbol(node);
     findFirst(node);
 }
 
@@ -102,10 +109,24 @@ void CAnchoredPattern::findFirst(const PatternNode &pattern)
     }
 }
 
+// A negative lookahead alone may have an empty match anywhere, which the second set does not say.
+SymbolSet CAnchoredPattern::mayStartWith(const SymbolSet &nextFirst) const
+{
+    if (!m_automaton || m_ahead) {
+        return m_first;
+    }
+    return m_automaton->mayHoldFirst() | (m_automaton->mayBeEmptyBefore() & nextFirst);
+}
+
 int CAnchoredPattern::endOfMatch(const CSymbolLine &line, int nStart)
 {
     if (!isUsable()) {
         return -1;
+    }
+    if (m_bOneSymbol) {
+        const size_t nSymbol = line.symbols()[nStart];
+        const bool bHere = nSymbol != LineEndSymbol && m_first[nSymbol];
+        return bHere && isFollowedRightly(line, nStart + 1) ? nStart + 1 : -1;
     }
     if (!m_ahead) {
         return m_automaton->longestEnd(line, nStart);

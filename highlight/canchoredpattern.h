@@ -33,6 +33,8 @@ public:
     {
         return m_arrFirst;
     }
+    // What the pattern and then another one, which begins with nextFirst, may begin with.
+    SymbolSet mayStartWith(const SymbolSet &nextFirst) const;
     // The only symbol of these, -1 when there are more.
     int onlyStart() const { return m_nOnlyStart; }
     bool isOnlyAtLineStart() const { return m_bOnlyAtLineStart; }
@@ -55,6 +57,7 @@ private:
     std::optional<CPatternAutomaton> m_ahead;
     bool m_bAheadIsNegative = false;
     bool m_bOnlyAtLineStart = false;
+    bool m_bOneSymbol = false; // a match is one of m_first, before the lookahead
     SymbolSet m_first;
     int m_nOnlyStart = -1;
     std::array<SymbolSet, CPatternAutomaton::ContextCount> m_arrFirst;

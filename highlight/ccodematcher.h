@@ -40,7 +40,8 @@ private:
         int nRule; // of keywords
         HighlightRole role;
         CLinePattern pattern;
-        quint64 nRequired = 0; // the sets of characters that a line with a match holds one of each
+        mutable quint64 nRequired =
+            0; // the sets of characters that a line with a match holds one of each
     };
     // The next match of a pattern, kept for the part of the line behind: a long line with many
     // parts is not searched to its end for each of them.
@@ -57,9 +58,15 @@ private:
     // What is known of a place: the tables are as many.
     enum Place { Elsewhere, InWord, AtStart, PlaceCount };
 
+    static constexpr quint64 bit(int n) { return quint64(1) << n; }
+
     void addPatternOf(HighlightRole role, int nRule, const QString &strPattern);
-    quint64 numberOf(const SymbolSet &set);
     void compile() const;
+    void enterFixedRules() const;
+    void require(size_t nPattern) const;
+    quint64 numberOf(const SymbolSet &set) const;
+    void ask(const CSymbolLine &line) const;
+    void forget(quint64 nRules) const;
     void enter(int nBit, const std::array<SymbolSet, CPatternAutomaton::ContextCount> &first) const;
     quint64 requirementsIn(const CSymbolLine &line) const;
     void walk(int nFrom, int nTo, quint64 nLive) const;
@@ -77,10 +84,11 @@ private:
     int m_nRules = 0;
     bool m_bOwnNumbers = false;
     bool m_bOwnOperators = false;
-    // The sets that patterns require, and for each symbol those that hold it, as bits.
-    std::vector<SymbolSet> m_lstSets;
-    std::array<quint64, SymbolCount + 1> m_arrSets {};
 
+    // The sets that patterns require, and for each symbol those that hold it, as bits.
+    mutable std::vector<SymbolSet> m_lstSets;
+    mutable std::array<quint64, SymbolCount + 1> m_arrSets {};
+    mutable std::vector<size_t> m_lstAsked; // patterns that require something or have no machine
     // For each place and symbol the rules that may begin; made when the first line comes.
     mutable bool m_bCompiled = false;
     mutable std::array<std::array<quint64, SymbolCount + 1>, PlaceCount> m_arrStarts {};
@@ -97,6 +105,7 @@ private:
     mutable int m_nFrom = 0;
     mutable int m_nTo = 0;
     mutable quint64 m_nEnded = 0; // rules that find nothing any more
+    mutable quint64 m_nMoved = 0; // rules whose next match may not begin anywhere
     mutable std::array<int, BitCount> m_arrNext {}; // where the rule's next match may begin
     mutable std::vector<HighlightRange> m_lstNumbers;
     mutable std::vector<HighlightRange> m_lstOperators;

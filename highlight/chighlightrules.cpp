@@ -118,6 +118,11 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
         return language(nLanguage).regions();
     };
     const int nBefore = nPreviousState < 0 ? 0 : nPreviousState >> nStateBits;
+    if (strText.isEmpty() && nBefore == 0) {
+        // Nothing ends where nothing is open.
+        pLine->nState = isInsideTag(nPreviousState) ? int(HighlightState::InsideTag) : 0;
+        return true;
+    }
     std::vector<RegionSpan> &lstSpans = m_lstSpans;
     m_line.assign(strText);
     if (nBefore != m_nStack) {

@@ -1,5 +1,6 @@
 #include "highlight/clinepattern.h"
 
+#include <algorithm>
 #include <cstring>
 
 CLinePattern::CLinePattern(const QString &strPattern, Qt::CaseSensitivity sensitivity)
@@ -59,7 +60,7 @@ int CLinePattern::indexIn(const CSymbolLine &line, int nFrom) const
         return -1;
     }
     if (!m_strPlain.isEmpty()) {
-        return indexOfPlain(line.text(), nFrom);
+        return indexOfPlain(line, nFrom);
     }
     if (CAnchoredPattern *const pMachine = machineFor(line)) {
         const int nStart = indexByAutomaton(pMachine, line, nFrom);
@@ -72,10 +73,17 @@ int CLinePattern::indexIn(const CSymbolLine &line, int nFrom) const
     return nStart;
 }
 
-int CLinePattern::indexOfPlain(const QString &strText, int nFrom) const
+int CLinePattern::indexOfPlain(const CSymbolLine &line, int nFrom) const
 {
     const QChar chFirst = m_strPlain.at(0);
     m_nLength = m_strPlain.size();
+    if (m_nLength == 1 && CharacterClass::isAscii(chFirst)) {
+        const uchar *const pSymbols = line.symbols();
+        const int nCount = std::max(0, line.size() - nFrom);
+        const void *const pAt = memchr(pSymbols + nFrom, chFirst.unicode(), size_t(nCount));
+        return pAt ? int(static_cast<const uchar *>(pAt) - pSymbols) : -1;
+    }
+    const QString &strText = line.text();
     int nAt = strText.indexOf(chFirst, nFrom);
     while (nAt >= 0 && strText.midRef(nAt, m_nLength) != m_strPlain) {
         nAt = strText.indexOf(chFirst, nAt + 1);

@@ -35,7 +35,7 @@ public:
     CAnchoredPattern *machineFor(const CSymbolLine &line) const;
 
 private:
-    int indexOfPlain(const QString &strText, int nFrom) const;
+    int indexOfPlain(const CSymbolLine &line, int nFrom) const;
     int indexByAutomaton(CAnchoredPattern *pMachine, const CSymbolLine &line, int nFrom) const;
 
     bool m_bEmpty = true;

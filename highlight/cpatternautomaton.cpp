@@ -30,6 +30,8 @@ CPatternAutomaton::CPatternAutomaton(const PatternNode &pattern)
             const int nKnown = m_lstSteps[size_t(nState) * nWidth + size_t(nSymbol)];
             const int nCode = nKnown < 0 ? step(nState, nSymbol) : nKnown;
             m_arrMayStart[size_t(nContext)][size_t(nSymbol)] = nCode != code(-1, false);
+            m_emptyBefore[size_t(nSymbol)] = m_emptyBefore[size_t(nSymbol)] || (nCode & 1);
+            m_heldFirst[size_t(nSymbol)] = m_heldFirst[size_t(nSymbol)] || nCode >> 1 > 0;
         }
     }
 }
@@ -101,24 +103,42 @@ int CPatternAutomaton::compileRepeat(const PatternNode &node, int nNext)
     return nStart;
 }
 
+// Words and other characters are two classes, and each set of the pattern divides those that it
+// holds a part of.
 void CPatternAutomaton::classify()
 {
+    int nClasses = 2;
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+        m_arrClass[nSymbol] = arrWordSymbols[nSymbol];
+    }
     std::vector<SymbolSet> lstSets;
     for (const NfaState &nfa : m_lstNfa) {
         if (std::find(lstSets.begin(), lstSets.end(), nfa.set) == lstSets.end()) {
             lstSets.push_back(nfa.set);
+            nClasses = divideClasses(nfa.set, nClasses);
         }
     }
-    std::map<std::vector<bool>, int> mapClasses;
-    for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
-        std::vector<bool> lstSignature {isWordSymbol(nSymbol)};
-        for (const SymbolSet &set : lstSets) {
-            lstSignature.push_back(set[size_t(nSymbol)]);
-        }
-        const auto it = mapClasses.insert({lstSignature, int(mapClasses.size())}).first;
-        m_arrClass[size_t(nSymbol)] = it->second;
+    m_arrClass[LineEndSymbol] = nClasses;
+}
+
+// Gives the symbols of the set that share a class with others a new one; returns how many there
+// are.
+int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
+{
+    std::array<bool, nWidth> arrOthers {}; // classes of which the set lacks a symbol
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+        arrOthers[size_t(m_arrClass[nSymbol])] |= !set[nSymbol];
     }
-    m_arrClass[LineEndSymbol] = int(mapClasses.size());
+    std::array<int, nWidth> arrNew {}; // for each class the one of its part in the set
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+        int &nClass = m_arrClass[nSymbol];
+        if (set[nSymbol] && arrOthers[size_t(nClass)]) {
+            int &nNew = arrNew[size_t(nClass)];
+            nNew = nNew == 0 ? nClasses++ : nNew;
+            nClass = nNew;
+        }
+    }
+    return nClasses;
 }
 
 // Whether an anchor holds between what the context says and the symbol ahead.
@@ -184,9 +204,11 @@ int CPatternAutomaton::step(int nState, int nSymbol)
         m_bUsesWords && nSymbol != LineEndSymbol && isWordSymbol(nSymbol) ? BehindWord : 0;
     const int nNext = lstReached.empty() ? -1 : stateFor(std::move(lstReached), nAfter);
     const int nCode = code(nNext, bEnds);
+    const int nLoop = bEnds && nNext == nState ? 1 : 0;
     for (size_t n = 0; n < nWidth; ++n) {
         if (m_arrClass[n] == m_arrClass[size_t(nSymbol)]) {
             m_lstSteps[size_t(nState) * nWidth + n] = qint16(nCode);
+            m_lstStates[size_t(nState)].nLoops += nLoop;
         }
     }
     return m_bUsable ? nCode : code(-1, false);
@@ -199,6 +221,14 @@ int CPatternAutomaton::startState(int nContext)
         nState = stateFor({m_nStart}, nContext);
     }
     return nState;
+}
+
+int CPatternAutomaton::startStateAt(const uchar *pSymbols, int nStart) const
+{
+    const int nContext = nStart == 0                           ? AtLineStart
+        : m_bUsesWords && arrWordSymbols[pSymbols[nStart - 1]] ? BehindWord
+                                                               : 0;
+    return m_arrStartStates[nContext];
 }
 
 // symbolAt() gives the symbol so many steps ahead; onEnd(), told of an end, whether to go on.
@@ -224,11 +254,8 @@ template<typename OnEnd>
 void CPatternAutomaton::runForwards(const CSymbolLine &line, int nStart, OnEnd onEnd)
 {
     const uchar *const pSymbols = line.symbols() + nStart;
-    const int nContext = nStart == 0                 ? AtLineStart
-        : m_bUsesWords && isWordSymbol(pSymbols[-1]) ? BehindWord
-                                                     : 0;
     run(
-        m_arrStartStates[nContext], [pSymbols](int n) { return int(pSymbols[n]); },
+        startStateAt(line.symbols(), nStart), [pSymbols](int n) { return int(pSymbols[n]); },
         [nStart, &onEnd](int n) { return onEnd(nStart + n); });
 }
 
@@ -254,11 +281,26 @@ void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vecto
 
 int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
 {
+    const uchar *const pSymbols = line.symbols();
+    const qint16 *pSteps = m_lstSteps.data();
     int nLongest = -1;
-    runForwards(line, nStart, [&nLongest](int nEnd) {
-        nLongest = nEnd;
-        return true;
-    });
+    int nState = startStateAt(pSymbols, nStart);
+    for (int n = nStart; nState >= 0; ++n) {
+        const size_t nSymbol = pSymbols[n];
+        int nCode = pSteps[size_t(nState) * nWidth + nSymbol];
+        if (nCode < 0) {
+            nCode = step(nState, int(nSymbol));
+            pSteps = m_lstSteps.data();
+        }
+        if (nCode & 1) {
+            nLongest = n;
+        }
+        const int nNext = (nCode >> 1) - 1;
+        if (nNext == nState && m_lstStates[size_t(nState)].nLoops == SymbolCount) {
+            n = std::max(n, line.size() - 2); // The rest of the line belongs to the match.
+        }
+        nState = nNext;
+    }
     return nLongest;
 }
 

@@ -23,6 +23,10 @@ public:
     bool isUsable() const { return m_bUsable; }
     // The symbols that a match may begin with, or stand before when it is empty.
     const SymbolSet &mayStartWith(int nContext) const { return m_arrMayStart[size_t(nContext)]; }
+    // Of these, in any context, the ones that an empty match may stand before, and the ones that a
+    // match may hold.
+    const SymbolSet &mayBeEmptyBefore() const { return m_emptyBefore; }
+    const SymbolSet &mayHoldFirst() const { return m_heldFirst; }
 
     // Appends the ends of the matches that begin at nStart, ascending.
     void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
@@ -49,6 +53,7 @@ private:
     {
         std::vector<int> lstNfa; // what it stands for, before anchors are looked at
         int nContext;
+        int nLoops = 0; // symbols before which a match ends and that lead here again
     };
     static constexpr size_t nWidth = SymbolCount + 1; // of the table of steps
 
@@ -56,10 +61,12 @@ private:
     int compile(const PatternNode &node, int nNext);
     int compileRepeat(const PatternNode &node, int nNext);
     void classify();
+    int divideClasses(const SymbolSet &set, int nClasses);
     bool holds(PatternNode::Kind kind, int nContext, int nSymbol) const;
     int stateFor(std::vector<int> lstNfa, int nContext);
     int step(int nState, int nSymbol);
     int startState(int nContext);
+    int startStateAt(const uchar *pSymbols, int nStart) const;
     template<typename SymbolAt, typename OnEnd>
     void run(int nState, SymbolAt symbolAt, OnEnd onEnd);
     template<typename OnEnd> void runForwards(const CSymbolLine &line, int nStart, OnEnd onEnd);
@@ -71,6 +78,8 @@ private:
     // Symbols that the pattern does not tell apart share a class; the last class is the line's end.
     std::array<int, nWidth> m_arrClass {};
     std::array<SymbolSet, ContextCount> m_arrMayStart;
+    SymbolSet m_emptyBefore;
+    SymbolSet m_heldFirst;
     std::vector<State> m_lstStates;
     // For each state the steps by the symbol ahead: code(), or -1 when not yet known.
     std::vector<qint16> m_lstSteps;

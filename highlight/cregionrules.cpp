@@ -6,11 +6,15 @@
 
 namespace {
 
-// What a match of the rule may begin with; what follows an empty start is not looked at.
+// What a match of the rule may begin with. What follows an empty start is looked at only where it
+// is a pattern of its own.
 SymbolSet symbolsOf(const RegionRule &rule)
 {
     const CAnchoredPattern &first = rule.bHasStart ? rule.start : rule.key;
     SymbolSet set = first.mayStartWith();
+    if (rule.kind == RegionRule::Begin && rule.bHasStart && rule.bHasKey) {
+        set = rule.start.mayStartWith(rule.key.mayStartWith());
+    }
     const bool bKeyFirst = rule.bHasKey && !rule.bHasStart;
     if (bKeyFirst && rule.kind == RegionRule::Nest) {
         set.reset();

@@ -130,7 +130,9 @@ int CRegionScanner::nextCandidate(int nFrom) const
     const uchar *const pSymbols = m_line.symbols();
     const auto &arrRules = m_pContext->arrRules;
     int n = nFrom;
-    if (n == 0) {
+    if (n == 0
+        && (nSize == 0 || m_bFirmBelow || m_pAnywhere
+            || m_pContext->arrRulesAtLineStart[pSymbols[0]])) {
         return n;
     }
     if (m_bFirmBelow || m_pAnywhere) {

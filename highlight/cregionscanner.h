@@ -53,9 +53,11 @@ private:
     bool applyOverride(int nAt);
     bool apply(const CRegionRules &rules, int nRule, int nAt);
     bool begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt);
-    void push(const RegionFrame &frame, int nAt, int nBehind);
+    void push(RegionFrame frame, int nAt, int nBehind);
     void end(size_t nDepth, int nAt, int nBehind);
+    void endBelowWaiting(size_t nDepth, int nBehind);
     void beginSecond(const RegionFrame &first, const RegionContext &context);
+    int endOfNest(RegionRule &rule, int nAt, QString *pKey);
     int endOfBegin(RegionRule &rule, int nAt, QString *pKey);
     int endOfEnd(RegionRule &rule, int nAt, const QString &strKey);
     bool isContinued() const;

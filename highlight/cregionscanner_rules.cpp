@@ -18,9 +18,6 @@ QString mirrored(const QString &strKey)
 bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
 {
     RegionRule &rule = rules.rule(nRule);
-    if (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)) {
-        return false;
-    }
     if (rule.kind == RegionRule::Begin || rule.kind == RegionRule::Nest) {
         return begin(rules, rule, m_nLanguage, nAt);
     }
@@ -33,7 +30,7 @@ bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
         return true;
     }
     const int nBehind = rule.start.endOfMatch(m_line, nAt);
-    if (nBehind <= nAt) {
+    if (nBehind <= nAt || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt))) {
         return false;
     }
     if (rule.bHasRole) {
@@ -47,38 +44,32 @@ bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
 
 bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt)
 {
-    RegionFrame frame {nLanguage, rule.nContext, QString(), false};
-    int nBehind = -1;
-    if (rule.kind == RegionRule::Nest) {
-        frame.strKey = key();
-        const bool bKeyIsHere = rule.bHasKey && mirrored(frame.strKey) != frame.strKey
-            && m_strText.at(nAt) == frame.strKey.at(0);
-        nBehind = rule.bHasKey ? (bKeyIsHere ? nAt + 1 : -1) : rule.start.endOfMatch(m_line, nAt);
-    } else {
-        nBehind = endOfBegin(rule, nAt, &frame.strKey);
-    }
+    QString strKey;
+    const int nBehind = rule.kind == RegionRule::Nest ? endOfNest(rule, nAt, &strKey)
+                                                      : endOfBegin(rule, nAt, &strKey);
     if (nBehind <= nAt || m_stack.size() + m_lstPending.size() >= nMaxDepth
-        || frame.strKey.size() > nMaxKey) {
+        || strKey.size() > nMaxKey) {
         return false;
     }
+    RegionFrame frame {nLanguage, rule.nContext, std::move(strKey), false};
     if (rules.context(rule.nContext).lines == RegionContext::Indented) {
         frame.strKey = QString::number(std::max(0, indentationOf(m_strText)));
     }
     if (rule.bFromNextLine) {
-        m_lstPending.push_back(frame);
+        m_lstPending.push_back(std::move(frame));
         m_nAt = nBehind;
         return true;
     }
-    push(frame, nAt, nBehind);
+    push(std::move(frame), nAt, nBehind);
     return true;
 }
 
 // The text from nAt to nBehind, which begins the region, belongs to it.
-void CRegionScanner::push(const RegionFrame &frame, int nAt, int nBehind)
+void CRegionScanner::push(RegionFrame frame, int nAt, int nBehind)
 {
     flush(nAt);
     m_bChanged = true;
-    m_stack.push_back(frame);
+    m_stack.push_back(std::move(frame));
     look();
     m_nAt = nBehind;
     if (m_pContext->nEmbedded >= 0 && m_stack.size() < nMaxDepth) {
@@ -93,21 +84,19 @@ void CRegionScanner::push(const RegionFrame &frame, int nAt, int nBehind)
 void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
 {
     m_bChanged = true;
-    const RegionFrame frame = m_stack[nDepth];
+    const RegionFrame frame = std::move(m_stack[nDepth]);
     const RegionContext &context = contextOf(frame);
     flush(nAt);
-    // An end that is not of its region is of what holds it, below the ones that wait.
-    size_t nKept = nDepth + 1;
-    while (context.bFromNextLine && nKept > 0 && (nKept > nDepth || m_stack[nKept - 1].bWaits)) {
-        --nKept;
+    if (context.bFromNextLine) {
+        endBelowWaiting(nDepth, nBehind);
+    } else {
+        if (m_stack.size() > nDepth + 1) {
+            m_stack.resize(nDepth + 1);
+            look();
+        }
+        flush(nBehind);
+        m_stack.pop_back();
     }
-    const RegionStack waiting(m_stack.begin() + std::ptrdiff_t(std::min(nKept, nDepth)),
-                              m_stack.begin() + std::ptrdiff_t(nDepth));
-    m_stack.resize(nKept);
-    look();
-    flush(nBehind);
-    m_stack.resize(nDepth - waiting.size());
-    m_stack.insert(m_stack.end(), waiting.begin(), waiting.end());
     if (!m_stack.empty()) {
         m_stack.back().bWaits = false;
     }
@@ -118,6 +107,21 @@ void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
     } else if (context.nNext >= 0) {
         push({frame.nLanguage, context.nNext, QString(), false}, nBehind, nBehind);
     }
+}
+
+// An end that is not of its region is of what holds it, below the ones that wait.
+void CRegionScanner::endBelowWaiting(size_t nDepth, int nBehind)
+{
+    size_t nKept = nDepth;
+    while (nKept > 0 && m_stack[nKept - 1].bWaits) {
+        --nKept;
+    }
+    const RegionStack waiting(m_stack.begin() + std::ptrdiff_t(nKept),
+                              m_stack.begin() + std::ptrdiff_t(nDepth));
+    m_stack.resize(nKept);
+    look();
+    flush(nBehind);
+    m_stack.insert(m_stack.end(), waiting.begin(), waiting.end());
 }
 
 // The second half begins at once, or with a delimiter of its own when the first one was in
@@ -140,13 +144,23 @@ void CRegionScanner::beginSecond(const RegionFrame &first, const RegionContext &
     push(second, nAt, nBehind);
 }
 
+// A region of brackets nests in those of its key.
+int CRegionScanner::endOfNest(RegionRule &rule, int nAt, QString *pKey)
+{
+    *pKey = key();
+    if (!rule.bHasKey) {
+        return rule.start.endOfMatch(m_line, nAt);
+    }
+    return mirrored(*pKey) != *pKey && m_strText.at(nAt) == pKey->at(0) ? nAt + 1 : -1;
+}
+
 int CRegionScanner::endOfBegin(RegionRule &rule, int nAt, QString *pKey)
 {
-    if (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)) {
+    int n = rule.bHasStart ? rule.start.endOfMatch(m_line, nAt) : nAt;
+    if (n < 0 || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt))) {
         return -1;
     }
-    int n = rule.bHasStart ? rule.start.endOfMatch(m_line, nAt) : nAt;
-    if (n >= 0 && rule.bHasKey) {
+    if (rule.bHasKey) {
         const int nKey = n;
         n = rule.key.endOfMatch(m_line, nKey);
         *pKey = n < 0 ? QString() : m_strText.mid(nKey, n - nKey);
