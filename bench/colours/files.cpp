@@ -120,3 +120,18 @@ QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, in
     }
     return lst;
 }
+
+QStringList readLines(const QString &strPath)
+{
+    QFile file(strPath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return QStringList();
+    }
+    QStringList lst = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    for (QString &strLine : lst) {
+        if (strLine.endsWith(QLatin1Char('\r'))) {
+            strLine.chop(1);
+        }
+    }
+    return lst;
+}

@@ -17,3 +17,6 @@ const QList<FileKind> &fileKinds();
 // nCount files of the kind, spread evenly over all that are neither tiny nor huge. Set 1 is made of
 // files that set 0 does not hold, and so on.
 QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, int nSet = 0);
+
+// Of a file in UTF-8, without their ends; none when it cannot be read.
+QStringList readLines(const QString &strPath);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "highlight/chighlightmgt.h"
+
+#include <QString>
+
+// What is compared.
+struct Options
+{
+    QString strRoot;
+    QString strOnly; // the only language
+    bool bOthers = false; // files that the list of looked-at places is not about
+};
+
+// Prints the table with a row per language. Of a single language also the runs of wrong lines and
+// the peer's styles.
+void printAgreement(const CHighlightMgt &registry, const Options &options);
