@@ -57,6 +57,13 @@ private:
         int nLength = 0;
     };
 
+    static constexpr int nMaxDepth = 24;
+
+    // The closing bracket of an opening one; other keys are their own.
+    static QString partner(const QString &strKey);
+    // -1 when there is nothing else.
+    static int columnsOfBlanks(const QString &strLine);
+
     ElementPtr read(const QVariantMap &mapElement, int nLanguage);
     void addLanguage(const QVariantMap &mapDefinition);
     void collectNames(const ElementPtr &pElement, Language *pLanguage);
