@@ -105,7 +105,9 @@ bool CCodeMatcher::finish(std::vector<HighlightRange> *pRanges, const AbortCheck
     }
     for (const std::vector<HighlightRange> *pList :
          {&m_lstNumbers, &m_lstOperators, &m_lstKeywords}) {
-        pRanges->insert(pRanges->end(), pList->begin(), pList->end());
+        if (!pList->empty()) {
+            pRanges->insert(pRanges->end(), pList->begin(), pList->end());
+        }
     }
     return true;
 }

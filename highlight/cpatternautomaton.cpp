@@ -223,6 +223,12 @@ int CPatternAutomaton::startState(int nContext)
     return nState;
 }
 
+// Nowhere for no state.
+const qint16 *CPatternAutomaton::stepsOf(int nState) const
+{
+    return m_lstSteps.data() + size_t(std::max(0, nState)) * nWidth;
+}
+
 int CPatternAutomaton::startStateAt(const uchar *pSymbols, int nStart) const
 {
     const int nContext = nStart == 0                           ? AtLineStart
@@ -282,24 +288,27 @@ void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vecto
 int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
 {
     const uchar *const pSymbols = line.symbols();
-    const qint16 *pSteps = m_lstSteps.data();
     int nLongest = -1;
     int nState = startStateAt(pSymbols, nStart);
+    const qint16 *pSteps = stepsOf(nState);
     for (int n = nStart; nState >= 0; ++n) {
-        const size_t nSymbol = pSymbols[n];
-        int nCode = pSteps[size_t(nState) * nWidth + nSymbol];
+        int nCode = pSteps[pSymbols[n]];
         if (nCode < 0) {
-            nCode = step(nState, int(nSymbol));
-            pSteps = m_lstSteps.data();
+            nCode = step(nState, pSymbols[n]);
+            pSteps = stepsOf(nState);
         }
         if (nCode & 1) {
             nLongest = n;
         }
         const int nNext = (nCode >> 1) - 1;
-        if (nNext == nState && m_lstStates[size_t(nState)].nLoops == SymbolCount) {
-            n = std::max(n, line.size() - 2); // The rest of the line belongs to the match.
+        if (nNext == nState) {
+            continue;
         }
         nState = nNext;
+        pSteps = stepsOf(nState);
+        if (nState >= 0 && m_lstStates[size_t(nState)].nLoops == SymbolCount) {
+            n = std::max(n, line.size() - 2); // The rest of the line belongs to the match.
+        }
     }
     return nLongest;
 }

@@ -66,6 +66,7 @@ private:
     int stateFor(std::vector<int> lstNfa, int nContext);
     int step(int nState, int nSymbol);
     int startState(int nContext);
+    const qint16 *stepsOf(int nState) const;
     int startStateAt(const uchar *pSymbols, int nStart) const;
     template<typename SymbolAt, typename OnEnd>
     void run(int nState, SymbolAt symbolAt, OnEnd onEnd);

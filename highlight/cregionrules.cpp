@@ -65,6 +65,7 @@ void CRegionRules::fillSymbols()
             }
             context.nRulesAtLineEnd |= quint64(rule.kind == RegionRule::End) << nBit;
         }
+        context.arrRules[LineEndSymbol] = ~quint64(0);
         for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
             if (context.arrRules[size_t(nSymbol)]) {
                 context.nOnlyStart = ++context.nStarts == 1 ? nSymbol : -1;

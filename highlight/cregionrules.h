@@ -49,9 +49,9 @@ struct RegionContext
     int nEnd = -1; // the rule that ends it
     std::vector<int> lstRules; // the first that matches counts; 64 at most
     // For each symbol the rules whose match may begin with it, as bits; in the second at a line's
-    // start.
-    std::array<quint64, SymbolCount> arrRules {};
-    std::array<quint64, SymbolCount> arrRulesAtLineStart {};
+    // start. All of them stand for the line's end, where a search for a rule stops.
+    std::array<quint64, SymbolCount + 1> arrRules {};
+    std::array<quint64, SymbolCount + 1> arrRulesAtLineStart {};
     int nStarts = 0; // symbols that one of the rules may begin with
     int nOnlyStart = -1; // the only one of them
     quint64 nRulesAtLineEnd = 0; // that may match there without a character

@@ -1,5 +1,6 @@
 #include "highlight/cregionscanner.h"
 
+#include <QtAlgorithms>
 #include <algorithm>
 #include <cstring>
 
@@ -141,15 +142,15 @@ int CRegionScanner::nextCandidate(int nFrom) const
         }
         return n;
     }
-    if (m_pContext->nStarts == 0) {
+    if (m_pContext->nStarts == 0 || n >= nSize) {
         return std::max(n, nSize);
     }
-    if (m_pContext->nOnlyStart >= 0 && n < nSize) {
+    if (m_pContext->nOnlyStart >= 0) {
         const void *const pNext = memchr(pSymbols + n, m_pContext->nOnlyStart, size_t(nSize - n));
         return pNext ? int(static_cast<const uchar *>(pNext) - pSymbols) : nSize;
     }
-    while (n < nSize && !arrRules[pSymbols[n]]) {
-        ++n;
+    while (!arrRules[pSymbols[n]]) {
+        ++n; // up to the line's end
     }
     return n;
 }
@@ -164,8 +165,9 @@ bool CRegionScanner::applyAt(int nAt)
         const auto nSymbol = size_t(m_line.symbols()[nAt]);
         nBits = (nAt == 0 ? m_pContext->arrRulesAtLineStart : m_pContext->arrRules)[nSymbol];
     }
-    for (size_t n = 0; nBits != 0; ++n, nBits >>= 1) {
-        if ((nBits & 1) && apply(*m_pRules, m_pContext->lstRules[n], nAt)) {
+    for (; nBits != 0; nBits &= nBits - 1) {
+        const auto n = size_t(qCountTrailingZeroBits(nBits));
+        if (apply(*m_pRules, m_pContext->lstRules[n], nAt)) {
             return true;
         }
     }

@@ -173,6 +173,10 @@ int CRegionScanner::endOfEnd(RegionRule &rule, int nAt, const QString &strKey)
     if (!rule.bHasKey) {
         return rule.start.endOfMatch(m_line, nAt);
     }
+    if (!rule.bHasStart && !rule.bMirrored && !strKey.isEmpty()
+        && (nAt == m_strText.size() || m_strText.at(nAt) != strKey.at(0))) {
+        return -1; // asked at each place of the region
+    }
     const QString strEnd = rule.bMirrored ? mirrored(strKey) : strKey;
     m_lstEnds.assign(1, nAt);
     if (rule.bHasStart) {

@@ -11,7 +11,7 @@ class CSymbolLine
 {
 public:
     CSymbolLine() = default;
-    // Not explicit: a text is a line wherever one is asked for.
+    // NOLINTNEXTLINE(google-explicit-constructor): a text is a line wherever one is asked for.
     CSymbolLine(const QString &strText) { assign(strText); }
 
     // Another line takes the place of this one and its memory.
