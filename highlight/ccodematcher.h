@@ -15,6 +15,9 @@ class CCodeMatcher
 {
 public:
     explicit CCodeMatcher(Qt::CaseSensitivity sensitivity = Qt::CaseInsensitive);
+    // Moved only: a copy would run the machines of the original.
+    CCodeMatcher(CCodeMatcher &&) = default;
+    CCodeMatcher &operator=(CCodeMatcher &&) = default;
 
     // A whole word: "\bitem\b" with its stars escaped, everything else being pattern syntax.
     void addWord(const QString &strItem);
