@@ -50,9 +50,8 @@ void CTextArrival::onFirstSlice(const QString &strSlice)
 
 void CTextArrival::onReady(const std::shared_ptr<SArrivedText> &pText)
 {
-    using Fault = SFileContent::Fault;
-    const Fault fault = pText->content.fault;
-    if (fault != Fault::None && fault != Fault::Changing) {
+    const SFileContent::Fault fault = pText->content.fault;
+    if (fault != SFileContent::Fault::None && fault != SFileContent::Fault::Changing) {
         emit failed(pText->content);
         return;
     }
@@ -81,7 +80,7 @@ void CTextArrival::giveSlices()
     if (m_bStopped)
         return;
     if (!slices.empty()) {
-        const qint64 nGiven = qint64(m_nSlices - slices.size());
+        const auto nGiven = qint64(m_nSlices - slices.size());
         emit progressed(g_nReading + (g_nAll - g_nReading) * nGiven / qint64(m_nSlices), g_nAll);
         return;
     }

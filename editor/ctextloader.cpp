@@ -10,7 +10,7 @@
 struct CTextLoader::SLink
 {
     std::mutex mutex;
-    CTextLoader *pLoader; // Null once nobody waits any more.
+    CTextLoader *pLoader = nullptr; // Null once nobody waits any more.
 
     bool isWanted()
     {

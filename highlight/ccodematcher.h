@@ -40,11 +40,11 @@ public:
 private:
     struct Pattern
     {
-        int nRule; // of keywords
-        HighlightRole role;
+        int nRule = 0; // of keywords
+        HighlightRole role = HighlightRole::Keyword;
         CLinePattern pattern;
-        mutable quint64 nRequired =
-            0; // the sets of characters that a line with a match holds one of each
+        // The sets of characters that a line with a match holds one of each.
+        mutable quint64 nRequired = 0;
     };
     // The next match of a pattern, kept for the part of the line behind: a long line with many
     // parts is not searched to its end for each of them.

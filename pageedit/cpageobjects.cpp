@@ -54,7 +54,7 @@ CPageObjects::CPageObjects(QToolBar *pToolBar) : QObject(pToolBar), m_pToolBar(p
 
 QAction *CPageObjects::addButton(const char *szName, const QString &strText, const char *szIcon)
 {
-    auto *pAction = new QAction(drawnIcon(QLatin1String(szIcon)), strText, this);
+    auto *pAction = new QAction(drawnIcon(QLatin1String(szIcon)), strText, m_pToolBar);
     pAction->setObjectName(QLatin1String(szName));
     m_pToolBar->addAction(pAction);
     // Buttons of tool bars are left out by Tab.

@@ -99,7 +99,7 @@ private:
     };
 
     void start(const SHtmlToken &tag);
-    void enter(const SOpen &element);
+    void enter(const SOpen &open);
     void end(const QString &strName);
     void closeLast();
     void countField(const QString &strName);

@@ -169,6 +169,7 @@ private slots:
         CWindowFixture f;
         const QByteArray text = QByteArray("aaaa aaaa aaaa aaaa\n").repeated(400000);
         f.window().openFile(f.file("long.txt", text));
+        QTRY_VERIFY_WITH_TIMEOUT(!f.window().currentDocument().isArriving(), 60000);
         QVERIFY(activate(f));
         f.settings().m_bFindUseRegularExpression = true; // The slower way.
         f.window().on_actionReplace_triggered();
@@ -191,6 +192,7 @@ private slots:
         const QString strPath =
             f.file("long.txt", QByteArray("aaaa aaaa aaaa aaaa\n").repeated(100000));
         f.window().openFile(strPath);
+        QTRY_VERIFY_WITH_TIMEOUT(!f.window().currentDocument().isArriving(), 60000);
         f.settings().m_bFindUseRegularExpression = true;
         f.window().on_actionReplace_triggered();
         f.window().findChild<CDlgFind *>()->setFindText("a");
