@@ -26,7 +26,9 @@ bool CEditorDocument::isArriving() const
 
 bool CEditorDocument::isReadOnly() const
 {
-    return m_pEditor->isReadOnly(); // Also a part that stays when the arrival was stopped.
+    // Also a part that stays when the arrival was stopped; not a Replace All, which a save
+    // finishes.
+    return m_pEditor->isReadOnly() && !m_pEditor->replaceAllJob();
 }
 
 void CEditorDocument::loadInBackground(const QString &strPath)

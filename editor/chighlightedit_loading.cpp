@@ -1,6 +1,7 @@
 // A large file that arrives in slices.
 #include "editor/chighlightedit.h"
 
+#include "editor/creplaceall.h"
 #include "editor/ctextarrival.h"
 #include "editor/textreading.h"
 #include "highlight/ctextdocument.h"
@@ -66,6 +67,8 @@ void CHighlightEdit::loadInSlices(LongLines longLines, bool bKeepPlace)
 void CHighlightEdit::startArrival(const STextRequest &request)
 {
     const bool bRestarts = isLoading();
+    if (m_pReplaceAll)
+        m_pReplaceAll->stop(); // Its end would make the view editable.
     forgetArrival();
     m_pArrival = new CTextArrival(request, this);
     CTextArrival *pArrival = m_pArrival;

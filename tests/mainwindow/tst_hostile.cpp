@@ -96,9 +96,10 @@ private slots:
         f.window().parseArguments({strPath});
         QCOMPARE(f.tabs().count(), 1);
         QCOMPARE(f.tabs().tabText(0), withoutMnemonic(visibleName(strName)));
-        QCOMPARE(shownToolTip(f.tabs().tabToolTip(0)), strPath);
-        QCOMPARE(f.window().windowTitle(), plainWindowTitle(QString("Quillan(" + strName + ')')));
-        QCOMPARE(f.action("actionRecent_File_1")->text(), withoutMnemonic(strPath));
+        QCOMPARE(shownToolTip(f.tabs().tabToolTip(0)), visibleName(strPath));
+        QCOMPARE(f.window().windowTitle(),
+                 plainWindowTitle(QString("Quillan(" + visibleName(strName) + ')')));
+        QCOMPARE(f.action("actionRecent_File_1")->text(), withoutMnemonic(visibleName(strPath)));
         QCOMPARE(f.settings().getRecentFileList(), QStringList(strPath));
 
         f.editor()->insertPlainText("more ");
@@ -108,7 +109,7 @@ private slots:
         auto *pDock = f.window().findChild<QDockWidget *>("Preview");
         pDock->show();
         f.window().onFileSelectionChanged(strPath);
-        const QString strTitle = "Preview(" + strName + ')';
+        const QString strTitle = "Preview(" + visibleName(strName) + ')';
         QTRY_COMPARE(pDock->windowTitle(), plainWindowTitle(strTitle));
         QCOMPARE(pDock->toggleViewAction()->text(), withoutMnemonic(strTitle));
         verifyLabelsArePlain(&f.window(), strName);

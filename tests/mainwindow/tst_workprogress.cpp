@@ -198,8 +198,30 @@ private slots:
         f.window().findChild<CDlgFind *>()->setFindText("a");
         f.window().onReplaceAll();
         QVERIFY(f.editor()->replaceAllJob());
-        QVERIFY(f.window().on_actionSave_triggered());
+        const bool bSaved = f.window().on_actionSave_triggered();
+        QVERIFY2(bSaved, qPrintable(f.window().currentDocument().notice().strText));
         QCOMPARE(CWindowFixture::content(strPath), QByteArray("   \n").repeated(100000));
+    }
+
+    void refreshDuringReplaceAll_givesTheFileAgain()
+    {
+        CWindowFixture f;
+        const QByteArray text = QByteArray("aaaa aaaa aaaa aaaa\n").repeated(400000);
+        f.window().openFile(f.file("long.txt", text));
+        CDocument &document = f.window().currentDocument();
+        QTRY_VERIFY_WITH_TIMEOUT(!document.isArriving(), 60000);
+        f.settings().m_bFindUseRegularExpression = true;
+        f.window().on_actionReplace_triggered();
+        f.window().findChild<CDlgFind *>()->setFindText("a");
+        f.window().onReplaceAll();
+        QVERIFY(f.editor()->replaceAllJob());
+        QVERIFY(document.reload().isDone());
+        QVERIFY(!f.editor()->replaceAllJob());
+        QVERIFY(document.isArriving() && f.editor()->isReadOnly());
+        QTRY_VERIFY_WITH_TIMEOUT(!document.isArriving(), 60000);
+        QVERIFY(!f.editor()->isReadOnly());
+        QCOMPARE(f.editor()->toPlainText().toUtf8(), text);
+        QVERIFY(!document.isModified());
     }
 
     void progress_leavesTheStatusBarItsHeight()
