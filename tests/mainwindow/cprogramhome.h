@@ -34,6 +34,14 @@ public:
         }
     }
 
+    // For later starts: a home, and none of the variables that lead elsewhere.
+    void setHome(const QString &strHome)
+    {
+        m_environment.insert("HOME", strHome);
+        m_environment.remove("XDG_CONFIG_HOME");
+        m_environment.remove("XDG_DATA_HOME");
+    }
+
     // From the given folder, or from that of the test.
     QProcess *start(const QStringList &lstArguments, const QString &strFolder = QString())
     {

@@ -458,6 +458,28 @@ private slots:
         QCOMPARE(QCoreApplication::exec(), 0);
         QVERIFY(answer.boxes().isEmpty());
     }
+
+    void exit_asksWhereDraftsCannotBeWritten()
+    {
+        const QString strFolder = CWindowFixture::draftFolder();
+        QVERIFY(QDir(strFolder).removeRecursively());
+        CWindowFixture f;
+        QVERIFY(QDir(strFolder).removeRecursively());
+        QFile inItsPlace(strFolder);
+        QVERIFY(inItsPlace.open(QIODevice::WriteOnly));
+        f.action("actionNewText")->trigger();
+        f.editor()->insertPlainText("x");
+        {
+            const CBoxAnswer answer({QMessageBox::Cancel});
+            f.action("actionExit")->trigger();
+            QCOMPARE(answer.boxes().size(), 1);
+            QVERIFY(f.window().isVisible());
+        }
+        QVERIFY(!f.window().documents().drafts().isWorking());
+        inItsPlace.remove();
+        f.window().documents().drafts().flush();
+        QVERIFY(f.window().documents().drafts().isWorking());
+    }
 };
 
 QTEST_MAIN(TestDocuments)

@@ -111,6 +111,28 @@ private slots:
         QCOMPARE(home.recentFiles().size(), 2);
     }
 
+    // Nothing can be made below /proc, whoever asks.
+    void start_withoutAWritableHome_editsAndSaves()
+    {
+        CProgramHome home;
+        home.setHome("/proc/none");
+        const QString strPath = home.file("a.txt", "old\n");
+        const QProcess *pProcess = home.start({strPath});
+        QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(a.txt)"), 20000);
+        const QString strId = run("xdotool",
+                                  {"search", "--onlyvisible", "--pid",
+                                   QString::number(pProcess->processId()), "--name", "Quillan"});
+        run("xdotool",
+            {"windowactivate", "--sync", strId.section('\n', 0, 0), "key", "n", "e", "w", "space",
+             "ctrl+s"});
+        const auto content = [&strPath] {
+            QFile file(strPath);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(content(), QByteArray("new old\n"), 20000);
+        QCOMPARE(pProcess->state(), QProcess::Running);
+    }
+
     void endedBySignal_writesSettingsAndFreesTheMailbox_data()
     {
         QTest::addColumn<int>("signal");
