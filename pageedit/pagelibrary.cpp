@@ -3,6 +3,7 @@
 #include "web/ceditwebview.h"
 
 #include <QFile>
+#include <QUuid>
 #include <QWebElement>
 #include <QWebFrame>
 
@@ -19,7 +20,14 @@ const char *const g_scripts[] = {"steps",    "dom",    "places",   "units", "blo
                                  "layout",   "marks",  "links",    "head",  "paste",  "keys",
                                  "pictures", "tables", "spelling", "state", "main"};
 
-constexpr char g_szKey[] = "'quillan page editing'";
+// Where the library lies in the window. No element of a page can have that name and stand in its
+// place.
+const QString &key()
+{
+    static const QString s_strKey =
+        QLatin1Char('\'') + QUuid::createUuid().toString() + QLatin1Char('\'');
+    return s_strKey;
+}
 
 QString library()
 {
@@ -39,7 +47,7 @@ QString installing()
     static const QString s_strText =
         QStringLiteral("Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n"
                        "null") // Otherwise the answer is the window, copied with all it leads to.
-            .arg(QLatin1String(g_szKey), library());
+            .arg(key(), library());
     return s_strText;
 }
 
@@ -49,10 +57,9 @@ QVariant callPageLibrary(const CEditWebView *pPage, const QString &strFunction,
                          const QString &strArguments)
 {
     QWebElement element = pPage->page()->mainFrame()->documentElement();
-    const QString strPresent =
-        QStringLiteral("window.hasOwnProperty(%1)").arg(QLatin1String(g_szKey));
+    const QString strPresent = QStringLiteral("({}).hasOwnProperty.call(window, %1)").arg(key());
     if (!element.evaluateJavaScript(strPresent).toBool())
         element.evaluateJavaScript(installing());
     return element.evaluateJavaScript(
-        QStringLiteral("window[%1].%2(%3)").arg(QLatin1String(g_szKey), strFunction, strArguments));
+        QStringLiteral("window[%1].%2(%3)").arg(key(), strFunction, strArguments));
 }
