@@ -20,6 +20,6 @@ export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=
 # As slow as the sanitizers are, a test that hangs still has an end (see TIMEOUT in cmake/).
 export QTEST_FUNCTION_TIMEOUT=850000
 # Four tests look at files alone and run no code of the program's. One runs it in processes with limits on
-# memory and time that leave a sanitizer no room.
+# memory and time that leave a sanitizer no room, and one measures the usual allocator.
 ctest --preset asan --parallel "$(($(nproc) + 1))" "${chosen[@]}" \
-    --exclude-regex '^tst_(definitions|documents_truth|hostilefiles|launcher|translations)$'
+    --exclude-regex '^tst_(definitions|documents_truth|hostilefiles|launcher|memory|translations)$'
