@@ -20,15 +20,6 @@ const char *const g_scripts[] = {"steps",    "dom",    "places",   "units", "blo
                                  "layout",   "marks",  "links",    "head",  "paste",  "keys",
                                  "pictures", "tables", "spelling", "state", "main"};
 
-// Where the library lies in the window. No element of a page can have that name and stand in its
-// place.
-const QString &key()
-{
-    static const QString s_strKey =
-        QLatin1Char('\'') + QUuid::createUuid().toString() + QLatin1Char('\'');
-    return s_strKey;
-}
-
 QString library()
 {
     initScripts();
@@ -47,19 +38,27 @@ QString installing()
     static const QString s_strText =
         QStringLiteral("Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n"
                        "null") // Otherwise the answer is the window, copied with all it leads to.
-            .arg(key(), library());
+            .arg(pageLibraryKey(), library());
     return s_strText;
 }
 
 } // namespace
 
+const QString &pageLibraryKey()
+{
+    static const QString s_strKey =
+        QLatin1Char('\'') + QUuid::createUuid().toString() + QLatin1Char('\'');
+    return s_strKey;
+}
+
 QVariant callPageLibrary(const CEditWebView *pPage, const QString &strFunction,
                          const QString &strArguments)
 {
     QWebElement element = pPage->page()->mainFrame()->documentElement();
-    const QString strPresent = QStringLiteral("({}).hasOwnProperty.call(window, %1)").arg(key());
+    const QString strPresent =
+        QStringLiteral("({}).hasOwnProperty.call(window, %1)").arg(pageLibraryKey());
     if (!element.evaluateJavaScript(strPresent).toBool())
         element.evaluateJavaScript(installing());
     return element.evaluateJavaScript(
-        QStringLiteral("window[%1].%2(%3)").arg(key(), strFunction, strArguments));
+        QStringLiteral("window[%1].%2(%3)").arg(pageLibraryKey(), strFunction, strArguments));
 }

@@ -1,5 +1,6 @@
 #include "cwindowfixture.h"
 
+#include "pageedit/pagelibrary.h"
 #include "web/ceditwebview.h"
 
 #include <QClipboard>
@@ -148,7 +149,8 @@ void TestPageTools::page_isAskedOncePerTurn()
     QCoreApplication::processEvents();
     run(QStringLiteral("(function(q) { var ask = q.ask; window.asked = 0;"
                        "  q.ask = function(n, a) { ++window.asked; return ask(n, a); };"
-                       "})(window['quillan page editing'])"));
+                       "})(window[%1])")
+            .arg(pageLibraryKey()));
     for (int n = 0; n < 5; ++n)
         run(QStringLiteral("getSelection().collapse(document.querySelector('p').firstChild, %1)")
                 .arg(n % 3));
