@@ -24,6 +24,7 @@ const int g_nLines = 60000;
 QByteArray largeText(const QByteArray &word = "word")
 {
     QByteArray text;
+    text.reserve(g_nLines * 64);
     for (int n = 1; n <= g_nLines; ++n)
         text += word + " in line " + QByteArray::number(n) + ", and some more of it to load\n";
     return text;
