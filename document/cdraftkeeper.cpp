@@ -3,24 +3,11 @@
 #include "document/cdocument.h"
 
 #include <QCoreApplication>
-#include <QRunnable>
-
-#include <functional>
 
 namespace {
 
 const int g_nDelay = 3000; // Milliseconds after the last change.
 const int g_nLongestDelay = 20000; // And while the typing never pauses.
-
-class CStoreTask : public QRunnable
-{
-public:
-    explicit CStoreTask(std::function<void()> task) : m_task(std::move(task)) { }
-    void run() override { m_task(); }
-
-private:
-    std::function<void()> m_task;
-};
 
 } // namespace
 
@@ -81,7 +68,7 @@ void CDraftKeeper::onSettled(const CDocument *pDocument)
     const QString strId = it->strId;
     m_entries.erase(it);
     if (!strId.isEmpty())
-        m_pool.start(new CStoreTask([this, strId] { m_store.remove(strId); }));
+        m_pool.start([this, strId] { m_store.remove(strId); });
 }
 
 SDraft CDraftKeeper::keep(const CDocument &document, SDraft::Reason reason)
@@ -97,7 +84,7 @@ SDraft CDraftKeeper::keep(const CDocument &document, SDraft::Reason reason)
 void CDraftKeeper::discard(const SDraft &draft)
 {
     m_unwritten.remove(draft.strId);
-    m_pool.start(new CStoreTask([this, strId = draft.strId] { m_store.remove(strId); }));
+    m_pool.start([this, strId = draft.strId] { m_store.remove(strId); });
 }
 
 void CDraftKeeper::flush()
@@ -141,14 +128,14 @@ void CDraftKeeper::writeEntry(const CDocument &document, SEntry *pEntry)
 
 void CDraftKeeper::write(const SDraft &draft)
 {
-    m_pool.start(new CStoreTask([this, draft] {
+    m_pool.start([this, draft] {
         QString strFailure;
         if (!m_store.write(draft, &strFailure) && strFailure.isEmpty())
             strFailure = tr("The draft could not be written.");
         QMetaObject::invokeMethod(
             this, [this, strId = draft.strId, strFailure] { onWritten(strId, strFailure); },
             Qt::QueuedConnection);
-    }));
+    });
 }
 
 // What could not be written is tried again in the next round; where somebody removed the folder,

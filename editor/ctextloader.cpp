@@ -1,6 +1,5 @@
 #include "editor/ctextloader.h"
 
-#include <QRunnable>
 #include <QThreadPool>
 
 #include <mutex>
@@ -26,20 +25,6 @@ struct CTextLoader::SLink
     }
 };
 
-namespace {
-
-class CTask : public QRunnable
-{
-public:
-    explicit CTask(std::function<void()> task) : m_task(std::move(task)) { }
-    void run() override { m_task(); }
-
-private:
-    std::function<void()> m_task;
-};
-
-} // namespace
-
 CTextLoader::CTextLoader(QObject *pParent) : QObject(pParent), m_pLink(std::make_shared<SLink>())
 {
     m_pLink->pLoader = this;
@@ -62,8 +47,8 @@ void CTextLoader::start(const STextRequest &request)
     steps.firstSlice = [pLink = m_pLink](const QString &strSlice) {
         pLink->post([strSlice](CTextLoader *p) { emit p->firstSliceReady(strSlice); });
     };
-    QThreadPool::globalInstance()->start(new CTask([pLink = m_pLink, request, steps] {
+    QThreadPool::globalInstance()->start([pLink = m_pLink, request, steps] {
         const auto pText = std::make_shared<SArrivedText>(readInSlices(request, steps));
         pLink->post([pText](CTextLoader *p) { emit p->ready(pText); });
-    }));
+    });
 }

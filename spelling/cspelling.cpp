@@ -10,26 +10,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QRunnable>
 #include <QStandardPaths>
 
-#include <functional>
-
 CSpelling *g_pSpelling = nullptr;
-
-namespace {
-
-class CJob : public QRunnable
-{
-public:
-    explicit CJob(const std::function<void()> &work) : m_work(work) { }
-    void run() override { m_work(); }
-
-private:
-    std::function<void()> m_work;
-};
-
-} // namespace
 
 CSpelling::CSpelling(const QStringList &lstFolders, const QString &strOwnWords,
                      const QString &strLocale, QObject *pParent)
@@ -90,14 +73,14 @@ CSpellDictionary *CSpelling::dictionary(const QString &strLanguage)
     m_dictionaries.insert(strName, nullptr);
     const QString strBase = m_bases.value(strName);
     // The destructor waits for the job, so that this is there as long as it runs.
-    m_pool.start(new CJob([this, strName, strBase] {
+    m_pool.start([this, strName, strBase] {
         std::shared_ptr<CSpellDictionary> pRead = CSpellDictionary::load(strBase, strName);
         const auto take = [this, strName, pRead] {
             m_dictionaries.insert(strName, pRead);
             emit changed();
         };
         QMetaObject::invokeMethod(this, take, Qt::QueuedConnection);
-    }));
+    });
     return nullptr;
 }
 
