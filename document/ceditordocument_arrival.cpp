@@ -37,7 +37,7 @@ void CEditorDocument::loadInBackground(const QString &strPath)
     m_bFirstTime = true;
     m_bKeepsPlace = false;
     m_strArriving = strPath;
-    m_pEditor->loadInSlices(CHighlightEdit::LongLines::Ask, false);
+    m_pEditor->loadInSlices(LongLines::Ask, false);
 }
 
 bool CEditorDocument::reloadInBackground()
@@ -46,7 +46,7 @@ bool CEditorDocument::reloadInBackground()
         return false;
     m_bKeepsPlace = true;
     m_strArriving = path();
-    m_pEditor->loadInSlices(CHighlightEdit::LongLines::Ask, true);
+    m_pEditor->loadInSlices(LongLines::Ask, true);
     return true;
 }
 
@@ -81,7 +81,7 @@ void CEditorDocument::onArrivalFailed(const SFileContent &content, bool bPartial
 {
     if (m_strArriving != path()) { // Renamed meanwhile, by this program.
         m_strArriving = path();
-        m_pEditor->loadInSlices(CHighlightEdit::LongLines::Ask, m_bKeepsPlace);
+        m_pEditor->loadInSlices(LongLines::Ask, m_bKeepsPlace);
         return;
     }
     m_goal.reset();
@@ -109,9 +109,7 @@ void CEditorDocument::answerAboutLongLine(bool bWhole)
 {
     m_bAsking = false;
     const std::optional<SPlace> goal = m_goal;
-    m_pEditor->loadInSlices(bWhole ? CHighlightEdit::LongLines::Whole
-                                   : CHighlightEdit::LongLines::InPieces,
-                            m_bKeepsPlace);
+    m_pEditor->loadInSlices(bWhole ? LongLines::Whole : LongLines::InPieces, m_bKeepsPlace);
     if (goal)
         goToPlace(*goal);
     clearNotice(Topic::Loading);

@@ -126,8 +126,8 @@ void prepare(SFileContent content, const STextRequest &request, const SArrivalSt
     const SHeaviestLine heaviest = heaviestLine(strText);
     pText->nHeaviestLine = heaviest.nLength;
     const bool bTooLong = heaviest.nWeight > request.nHeaviestLine;
-    pText->bAsk = bTooLong && request.longLines == STextRequest::LongLines::Ask;
-    pText->bInPieces = bTooLong && request.longLines == STextRequest::LongLines::InPieces;
+    pText->bAsk = bTooLong && request.longLines == LongLines::Ask;
+    pText->bInPieces = bTooLong && request.longLines == LongLines::InPieces;
     if (pText->bInPieces)
         strText = inPieces(strText, g_nLinePiece, request.nHeaviestLine);
     pText->nLines = lineCount(strText);

@@ -2,6 +2,7 @@
 
 #include "app/filereader.h"
 #include "editor/cstandins.h"
+#include "editor/longlines.h"
 #include "editor/textslices.h"
 
 #include <QString>
@@ -19,8 +20,6 @@ struct STextRequest
         AsFile, // In its codec.
         AsUtf8, // As the context menu's Refresh does: UTF-8 without CR, up to a zero byte.
     };
-    // What becomes of lines that the widget shows only with long pauses.
-    enum class LongLines { Ask, Whole, InPieces };
 
     QString strPath;
     QString strCodec; // Kept where it can be; empty: detected.

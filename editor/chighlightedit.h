@@ -5,6 +5,7 @@
 #include "editor/ccarethistory.h"
 #include "editor/ccarets.h"
 #include "editor/cstandins.h"
+#include "editor/longlines.h"
 
 #include <QColor>
 #include <QMenu>
@@ -103,7 +104,6 @@ public:
     // A large file comes in slices while the event loop runs: read on another thread, then shown
     // piece by piece. Meanwhile the editor is read-only and counts as not modified; at the end all
     // is as after setTextData() or reloadData().
-    enum class LongLines { Ask, Whole, InPieces };
     // Of pathFileName(). Until the new text is read, the old one stays; bKeepPlace: cursor line and
     // scroll position come back with it.
     void loadInSlices(LongLines longLines, bool bKeepPlace);

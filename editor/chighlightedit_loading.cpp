@@ -12,23 +12,6 @@
 
 #include <utility>
 
-namespace {
-
-STextRequest::LongLines asRequested(CHighlightEdit::LongLines longLines)
-{
-    switch (longLines) {
-    case CHighlightEdit::LongLines::Whole:
-        return STextRequest::LongLines::Whole;
-    case CHighlightEdit::LongLines::InPieces:
-        return STextRequest::LongLines::InPieces;
-    case CHighlightEdit::LongLines::Ask:
-        break;
-    }
-    return STextRequest::LongLines::Ask;
-}
-
-} // namespace
-
 STextRequest CHighlightEdit::textRequest() const
 {
     STextRequest request;
@@ -52,7 +35,7 @@ void CHighlightEdit::refreshInSlices()
 void CHighlightEdit::loadInSlices(LongLines longLines, bool bKeepPlace)
 {
     STextRequest request = textRequest();
-    request.longLines = asRequested(longLines);
+    request.longLines = longLines;
     if (m_pArrival)
         request.reading = m_pArrival->request().reading; // The answer to longLineFound().
     startArrival(request);

@@ -75,7 +75,7 @@ void loadAll(CHighlightEdit *pEdit, const QString &strPath)
 {
     QSignalSpy spy(pEdit, &CHighlightEdit::loadFinished);
     pEdit->setPathFileName(strPath);
-    pEdit->loadInSlices(CHighlightEdit::LongLines::Ask, false);
+    pEdit->loadInSlices(LongLines::Ask, false);
     QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
 }
 
@@ -214,7 +214,7 @@ private slots:
         edit.show();
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyFirst(&edit, &CHighlightEdit::firstTextShown);
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+        edit.loadInSlices(LongLines::Ask, false);
         QTRY_COMPARE_WITH_TIMEOUT(spyFirst.size(), 1, 60000);
         QVERIFY(edit.isLoading());
         const QString strBefore = edit.document()->firstBlock().text();
@@ -245,7 +245,7 @@ private slots:
             edit.show();
             edit.setPathFileName(folder.filePath("large"));
             QSignalSpy spyFirst(&edit, &CHighlightEdit::firstTextShown);
-            edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+            edit.loadInSlices(LongLines::Ask, false);
             edit.whenArrived(0, 290000, [&edit] { edit.goToLine(290000); });
             QTRY_COMPARE_WITH_TIMEOUT(spyFirst.size(), 1, 60000);
             QCOMPARE(edit.textCursor().blockNumber(), 0);
@@ -269,7 +269,7 @@ private slots:
         const int nScroll = edit.verticalScrollBar()->value();
         writeFile(folder.filePath("large"), QByteArray("new\n").repeated(100000));
         QSignalSpy spy(&edit, &CHighlightEdit::loadFinished);
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, true);
+        edit.loadInSlices(LongLines::Ask, true);
         QCOMPARE(edit.document()->firstBlock().text(), QString("old"));
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QCOMPARE(edit.document()->firstBlock().text(), QString("new"));
@@ -285,7 +285,7 @@ private slots:
         CHighlightEdit edit;
         loadAll(&edit, folder.filePath("large"));
         edit.insertPlainText("typed ");
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, true);
+        edit.loadInSlices(LongLines::Ask, true);
         QVERIFY(!edit.isModified());
         edit.stopLoading();
         QVERIFY(edit.isModified() && !edit.isReadOnly());
@@ -303,7 +303,7 @@ private slots:
         loadAll(&edit, folder.filePath("large"));
         QVERIFY(QFile::remove(folder.filePath("large")));
         QSignalSpy spy(&edit, &CHighlightEdit::loadFailed);
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, true);
+        edit.loadInSlices(LongLines::Ask, true);
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QVERIFY(!edit.isLoading() && !edit.isReadOnly());
         QCOMPARE(edit.blockCount(), 1001);
@@ -318,19 +318,19 @@ private slots:
         CHighlightEdit edit;
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyAsked(&edit, &CHighlightEdit::longLineFound);
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+        edit.loadInSlices(LongLines::Ask, false);
         QTRY_COMPARE_WITH_TIMEOUT(spyAsked.size(), 1, 60000);
         QCOMPARE(spyAsked.first().first().toInt(), line.size());
         QVERIFY(edit.isLoading() && edit.blockCount() < 3);
 
         QSignalSpy spy(&edit, &CHighlightEdit::loadFinished);
-        edit.loadInSlices(CHighlightEdit::LongLines::InPieces, false);
+        edit.loadInSlices(LongLines::InPieces, false);
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QVERIFY(edit.isInPieces() && edit.isReadOnly() && !edit.isModified());
         QVERIFY(edit.blockCount() > 100);
         QCOMPARE(edit.toPlainText().remove('\n'), QString::fromLatin1("first" + line + "last"));
 
-        edit.loadInSlices(CHighlightEdit::LongLines::Whole, false);
+        edit.loadInSlices(LongLines::Whole, false);
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 2, 60000);
         QVERIFY(!edit.isInPieces() && !edit.isReadOnly());
         QCOMPARE(edit.blockCount(), 3);
@@ -345,12 +345,12 @@ private slots:
         CHighlightEdit edit;
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyAsked(&edit, &CHighlightEdit::longLineFound);
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+        edit.loadInSlices(LongLines::Ask, false);
         QTRY_COMPARE_WITH_TIMEOUT(spyAsked.size(), 1, 60000);
         QVERIFY(edit.isTextPartial());
         QVERIFY(QFile::remove(folder.filePath("large")));
         QSignalSpy spy(&edit, &CHighlightEdit::loadFailed);
-        edit.loadInSlices(CHighlightEdit::LongLines::Whole, false);
+        edit.loadInSlices(LongLines::Whole, false);
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QVERIFY(spy.first().at(1).toBool());
         QVERIFY(edit.isReadOnly() && !edit.isModified());
@@ -374,7 +374,7 @@ private slots:
             CHighlightEdit edit;
             edit.show();
             edit.setPathFileName(folder.filePath("large"));
-            edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+            edit.loadInSlices(LongLines::Ask, false);
             for (int nTurn = 0; nTurn < n; ++nTurn)
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         }
@@ -388,7 +388,7 @@ private slots:
         CHighlightEdit edit;
         edit.setPathFileName(folder.filePath("large"));
         QSignalSpy spyFirst(&edit, &CHighlightEdit::firstTextShown);
-        edit.loadInSlices(CHighlightEdit::LongLines::Ask, false);
+        edit.loadInSlices(LongLines::Ask, false);
         QTRY_COMPARE_WITH_TIMEOUT(spyFirst.size(), 1, 60000);
         edit.setTextData("other", false);
         QVERIFY(!edit.isLoading() && !edit.isReadOnly());

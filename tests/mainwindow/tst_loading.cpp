@@ -475,7 +475,7 @@ private slots:
         auto *pText = qobject_cast<CEditorDocument *>(pDocument);
         QVERIFY(pDocument->reload().isDone());
         pText->editor()->setPathFileName(f.path("nothing.txt")); // What is read next.
-        pText->editor()->loadInSlices(CHighlightEdit::LongLines::Ask, true);
+        pText->editor()->loadInSlices(LongLines::Ask, true);
         QSignalSpy spy(pDocument, &CDocument::arrivalFailed);
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QCOMPARE(f.tabs().count(), 1);
