@@ -2,6 +2,11 @@
 # Runs a command with a HOME, XDG_CONFIG_HOME, XDG_RUNTIME_DIR and TMPDIR of its own, removed afterwards.
 # On the offscreen platform, or with --display under Xvfb and a window manager.
 set -u
+# Shared memory and locks are the command's own as well, where the machine permits it: what a killed program
+# leaves there stays for good and may meet the next one under the same key.
+if [ -z "${QUILLAN_OWN_IPC-}" ] && unshare --ipc true 2>/dev/null; then
+    QUILLAN_OWN_IPC=1 exec unshare --ipc "$0" "$@"
+fi
 display=no
 [ "${1-}" = "--display" ] && { display=yes; shift; }
 
