@@ -30,10 +30,9 @@ int sequenceLength(const uchar *p, int nSize)
                                                : 0;
     if (nLength == 0 || nLength > nSize)
         return 0;
-    for (int n = 1; n < nLength; ++n) {
+    for (int n = 1; n < nLength; ++n)
         if (!isContinuation(p[n]))
             return 0;
-    }
     const bool bTooLong = (c == 0xE0 && p[1] < 0xA0) || (c == 0xF0 && p[1] < 0x90);
     const bool bNoCharacter = (c == 0xED && p[1] >= 0xA0) || (c == 0xF4 && p[1] >= 0x90);
     return bTooLong || bNoCharacter ? 0 : nLength;

@@ -97,17 +97,17 @@ bool isSound(const QString &strCodec, const QByteArray &data)
 
 int highBytes(const QByteArray &data)
 {
-    return int(std::count_if(data.cbegin(), data.cend(), [](char c) { return uchar(c) >= 0x80; }));
+    return int(std::count_if(
+        data.cbegin(), data.cend(), [](char c) { return uchar(c) >= 0x80; }));
 }
 
 // How much better the first reading is than any that gives another text.
 double leadOfFirst(const QVector<SReading> &lstReadings)
 {
     const SReading &first = lstReadings.constFirst();
-    for (const SReading &reading : lstReadings) {
+    for (const SReading &reading : lstReadings)
         if (reading.strText != first.strText)
             return first.nScore - reading.nScore;
-    }
     return -first.nScore;
 }
 

@@ -110,11 +110,10 @@ QVariant stored(const QColor &clr)
 void makePrivateFile(const QString &strPath)
 {
     const QFileInfo info(strPath);
-    if (info.exists()) {
+    if (info.exists())
         QFile::setPermissions(strPath, QFile::ReadOwner | QFile::WriteOwner);
-    } else if (QDir().mkpath(info.absolutePath())) {
+    else if (QDir().mkpath(info.absolutePath()))
         const CDescriptor file(Platform::createFile(strPath, Platform::FilePrivacy::OnlyMe));
-    }
 }
 
 // To be called before QSettings reads the file; gives the application's name back.

@@ -129,10 +129,9 @@ bool CSingleApp::sendPaths(const QStringList &lstPaths)
         if (sent != Sent::DoesNotFit)
             return sent == Sent::Done;
     }
-    for (const QString &strMessage : lstMessages) {
+    for (const QString &strMessage : lstMessages)
         if (!sendInTurn(strMessage))
             return false;
-    }
     return true;
 }
 

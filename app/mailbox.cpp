@@ -9,10 +9,9 @@ namespace {
 
 int writePosition(const char *pMemory, int nSize)
 {
-    for (int n = 0; n < nSize - 1; ++n) {
+    for (int n = 0; n < nSize - 1; ++n)
         if (pMemory[n] == 0 && pMemory[n + 1] == 0)
             return n == 0 ? 0 : n + 1; // Behind the zero that ends the last message.
-    }
     return 0;
 }
 

@@ -70,10 +70,9 @@ bool carryAttributes(const char *szPath, int nHandle)
     const QByteArrayList lstNew =
         namesIn(attributeBytes([&](char *p, size_t n) { return flistxattr(nHandle, p, n); }));
     // What the new file has from its folder may let in others.
-    for (const QByteArray &name : lstNew) {
+    for (const QByteArray &name : lstNew)
         if (!lstOld.contains(name) && fremovexattr(nHandle, name.constData()) != 0)
             return false;
-    }
     for (const QByteArray &name : lstOld) {
         const char *szName = name.constData();
         const QByteArray value =

@@ -127,10 +127,9 @@ bool Platform::isMadeUp(int nHandle)
     struct statfs info = {};
     if (fstatfs(nHandle, &info) != 0)
         return false;
-    for (const auto nMagic : {SYSFS_MAGIC, PROC_SUPER_MAGIC, CGROUP2_SUPER_MAGIC, DEBUGFS_MAGIC}) {
+    for (const auto nMagic : {SYSFS_MAGIC, PROC_SUPER_MAGIC, CGROUP2_SUPER_MAGIC, DEBUGFS_MAGIC})
         if (quint32(info.f_type) == quint32(nMagic))
             return true;
-    }
 #else
     Q_UNUSED(nHandle)
 #endif

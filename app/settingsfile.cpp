@@ -64,10 +64,9 @@ QByteArray withoutStreamedValues(const QByteArray &ini)
         return ini;
     QByteArrayList lstKept;
     const QList<QByteArray> lstLines = ini.split('\n');
-    for (const QByteArray &line : lstLines) {
+    for (const QByteArray &line : lstLines)
         if (!holdsStream(line))
             lstKept.append(line);
-    }
     const QByteArray kept = lstKept.join('\n');
     return holdsStream(kept) ? QByteArray() : kept;
 }

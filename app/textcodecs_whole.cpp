@@ -29,11 +29,10 @@ SByteOrderMark byteOrderMark(const QTextCodec *pCodec, const QByteArray &data)
                                         {"UTF-16", QByteArray("\xFE\xFF"), "UTF-16BE"},
                                         {"UTF-32", QByteArray("\xFF\xFE\0\0", 4), "UTF-32LE"},
                                         {"UTF-32", QByteArray("\0\0\xFE\xFF", 4), "UTF-32BE"}};
-    for (const SKnown &known : s_arrKnown) {
+    for (const SKnown &known : s_arrKnown)
         if (pCodec->name().startsWith(known.szFamily) && data.startsWith(known.mark)
             && !pCodec->toUnicode(known.mark).contains(QChar(0xFFFE)))
             return {known.mark.size(), known.szCodec};
-    }
     return {};
 }
 

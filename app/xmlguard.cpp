@@ -15,10 +15,10 @@ QString message(const char *pText)
     return QCoreApplication::translate("XmlGuard", pText);
 }
 
-ParseResult failureAt(const QString &strText, int nPosition, const char *pText)
+SParseResult failureAt(const QString &strText, int nPosition, const char *pText)
 {
     const QStringRef before = strText.leftRef(nPosition);
-    ParseResult result;
+    SParseResult result;
     result.strMessage = message(pText);
     result.nLine = before.count(QLatin1Char('\n')) + 1;
     result.nColumn = nPosition - before.lastIndexOf(QLatin1Char('\n'));
@@ -134,15 +134,15 @@ public:
         return false;
     }
 
-    ParseResult result() const { return m_result; }
+    SParseResult result() const { return m_result; }
 
 private:
     int m_nDepth = 0;
     bool m_bTooDeep = false;
-    ParseResult m_result;
+    SParseResult m_result;
 };
 
-ParseResult checkDepth(const QString &strText)
+SParseResult checkDepth(const QString &strText)
 {
     CDepthHandler handler;
     QXmlInputSource source;
@@ -165,7 +165,7 @@ QString decoded(const QByteArray &bytes)
 
 } // namespace
 
-ParseResult guardXml(const QString &strText)
+SParseResult guardXml(const QString &strText)
 {
     const int nDeepModel = deepModelPosition(strText);
     if (nDeepModel >= 0) {
@@ -180,7 +180,7 @@ ParseResult guardXml(const QString &strText)
     return checkDepth(strText);
 }
 
-ParseResult guardXml(const QByteArray &bytes)
+SParseResult guardXml(const QByteArray &bytes)
 {
     return guardXml(decoded(bytes));
 }

@@ -3,7 +3,7 @@
 #include <QString>
 
 // What a parser says of a text.
-struct ParseResult
+struct SParseResult
 {
     QString strMessage; // Empty: the text parses.
     int nLine = 0; // Counts from 1.
@@ -18,9 +18,9 @@ struct ParseResult
 // entity expands to, but not how often entities are used, and declaring many takes it quadratic
 // time. The result is good for every document within g_nMaxXmlDepth levels whose entities stay
 // reasonable; other errors are left for the parser to find.
-ParseResult guardXml(const QString &strText);
+SParseResult guardXml(const QString &strText);
 // The same for a file's bytes, in the encoding that they declare.
-ParseResult guardXml(const QByteArray &bytes);
+SParseResult guardXml(const QByteArray &bytes);
 
 // As other XML parsers have it. A level of the serialiser takes about 1 KB of stack, of which a
 // main thread on Windows has 1 MB.

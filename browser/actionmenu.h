@@ -12,10 +12,9 @@ void fillActionMenu(QMenu *pMenu, const QStringList &lstActions, const Receiver 
                     void (Receiver::*pSlot)())
 {
     pMenu->clear();
-    for (const QString &strText : lstActions) {
+    for (const QString &strText : lstActions)
         if (strText == QLatin1String("separator"))
             pMenu->addSeparator();
         else
             QObject::connect(pMenu->addAction(strText), &QAction::triggered, pReceiver, pSlot);
-    }
 }

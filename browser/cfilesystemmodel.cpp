@@ -11,10 +11,9 @@ CFileNode *findBelow(CFileNode *pNode, const QString &strPath)
 {
     if (pNode->m_strPath == strPath)
         return pNode;
-    for (CFileNode *pChild : qAsConst(pNode->m_lstChildren)) {
+    for (CFileNode *pChild : qAsConst(pNode->m_lstChildren))
         if (CFileNode *pFound = findBelow(pChild, strPath))
             return pFound;
-    }
     return nullptr;
 }
 

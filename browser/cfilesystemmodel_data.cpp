@@ -129,10 +129,9 @@ QStringList CFileSystemModel::mimeTypes() const
 QMimeData *CFileSystemModel::mimeData(const QModelIndexList &lstIndexes) const
 {
     QList<QUrl> lstUrls;
-    for (const QModelIndex &index : lstIndexes) {
+    for (const QModelIndex &index : lstIndexes)
         if (const CFileNode *pNode = nodeOf(index))
             lstUrls.append(QUrl::fromLocalFile(pNode->m_strPath));
-    }
     auto *pData = new QMimeData;
     pData->setUrls(lstUrls);
     return pData;

@@ -116,8 +116,9 @@ void CWidgetFileList::createList()
     connect(m_pListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CWidgetFileList::onFileSelectionChanged);
     // A click faster than the reader leaves it without the last folder.
-    connect(m_pModel, &CFileSystemModel::fetchMissed, this,
-            [this] { m_pModel->setRootPath(m_strChosen, true); });
+    connect(
+        m_pModel, &CFileSystemModel::fetchMissed, this,
+        [this] { m_pModel->setRootPath(m_strChosen, true); });
     connect(m_pModel, &CFileSystemModel::fetchEnded, this, [this] { emit listing(false); });
     connect(m_pModel, &CFileSystemModel::directoryLoaded, this,
             &CWidgetFileList::onDirectoryLoaded);

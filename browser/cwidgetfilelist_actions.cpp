@@ -121,10 +121,9 @@ void CWidgetFileList::onTakeBack()
 // What goes to the trash has not been renamed for whoever has it open: it is gone.
 void CWidgetFileList::report(const CFileActions::SResult &result)
 {
-    for (const CFileActions::SMove &move : result.lstMoves) {
+    for (const CFileActions::SMove &move : result.lstMoves)
         if (result.bRenamed)
             emit fileRenamed(move.strFrom, move.strTo);
-    }
     if (!result.strMessage.isEmpty())
         emit statusMessage(result.strMessage);
     if (result.bDone)

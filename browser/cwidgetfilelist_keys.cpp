@@ -51,10 +51,9 @@ const SListKey g_arrListKeys[] = {
 const SListKey *listKey(const QKeyEvent &key)
 {
     const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
-    for (const SListKey &listKey : g_arrListKeys) {
+    for (const SListKey &listKey : g_arrListKeys)
         if (listKey.nKey == key.key() && listKey.modifiers == modifiers)
             return &listKey;
-    }
     return nullptr;
 }
 

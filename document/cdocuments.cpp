@@ -48,7 +48,8 @@ void CDocuments::add(CDocument *pDocument)
     m_lstDocuments.append(pDocument);
     m_drafts.add(pDocument);
     connect(pDocument, &CDocument::loaded, this, &CDocuments::watchFiles);
-    connect(pDocument, &CDocument::saved, this, [this, pDocument] { onSaved(pDocument); });
+    connect(
+        pDocument, &CDocument::saved, this, [this, pDocument] { onSaved(pDocument); });
     connect(pDocument, &CDocument::textDropping, this, [this, pDocument](SDraft::Reason reason) {
         m_recovery.offerReplaced(pDocument, m_drafts.keep(*pDocument, reason));
     });
@@ -80,19 +81,17 @@ void CDocuments::restore(CDocument *pDocument, const SDraft &draft)
 
 CDocument &CDocuments::of(const QWidget *pWidget)
 {
-    for (CDocument *pDocument : qAsConst(m_lstDocuments)) {
+    for (CDocument *pDocument : qAsConst(m_lstDocuments))
         if (pWidget && pDocument->widget() == pWidget)
             return *pDocument;
-    }
     return m_none;
 }
 
 CDocument *CDocuments::withPath(const QString &strPath) const
 {
-    for (CDocument *pDocument : m_lstDocuments) {
+    for (CDocument *pDocument : m_lstDocuments)
         if (Platform::isSamePath(pDocument->path(), strPath))
             return pDocument;
-    }
     return nullptr;
 }
 
@@ -129,10 +128,9 @@ void CDocuments::followRenamed(const QString &strOld, const QString &strNew)
 void CDocuments::watchFiles()
 {
     QStringList lstPaths;
-    for (const CDocument *pDocument : qAsConst(m_lstDocuments)) {
+    for (const CDocument *pDocument : qAsConst(m_lstDocuments))
         if (!pDocument->path().isEmpty())
             lstPaths.append(pDocument->path());
-    }
     m_watch.setFiles(lstPaths);
 }
 
@@ -140,10 +138,9 @@ void CDocuments::watchFiles()
 void CDocuments::onSaved(const CDocument *pDocument)
 {
     watchFiles();
-    for (CDocument *pOther : qAsConst(m_lstDocuments)) {
+    for (CDocument *pOther : qAsConst(m_lstDocuments))
         if (pOther != pDocument && isSameFile(fileStateOf(pOther->path()), pDocument->fileState()))
             pOther->checkFileAfterSaveElsewhere();
-    }
 }
 
 void CDocuments::checkFiles()

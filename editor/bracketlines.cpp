@@ -86,16 +86,15 @@ QBitArray CStoredLines::inside()
 {
     const int nBefore = m_nLine - m_batch.nFirst - 1;
     const int nState = nBefore < 0 ? m_batch.nStateBefore : m_batch.lst[nBefore].nState;
-    HighlightLine coloured;
+    SHighlightLine coloured;
     QBitArray inside(line().strText.length());
     if (!m_rules.highlight(line().strText, nState, &coloured, m_isCancelled))
         return inside;
-    for (const HighlightRange &range : coloured.lstRanges) {
+    for (const SHighlightRange &range : coloured.lstRanges) {
         const bool bInside =
             range.role == HighlightRole::Comment || range.role == HighlightRole::String;
-        if (range.nStart < inside.size()) {
+        if (range.nStart < inside.size())
             inside.fill(bInside, range.nStart, qMin(range.nStart + range.nLength, inside.size()));
-        }
     }
     return inside;
 }

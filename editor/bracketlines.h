@@ -46,12 +46,12 @@ public:
 
 private:
     bool holds(int nLine) const;
-    const CLineStore::Line &line() const { return m_batch.lst[m_nLine - m_batch.nFirst]; }
+    const CLineStore::SLine &line() const { return m_batch.lst[m_nLine - m_batch.nFirst]; }
 
     const CLineStore &m_store;
     const uint m_nVersion;
     const CHighlightRules &m_rules;
     const std::function<bool()> m_isCancelled;
-    CLineStore::Batch m_batch;
+    CLineStore::SBatch m_batch;
     int m_nLine = 0;
 };

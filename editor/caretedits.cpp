@@ -61,10 +61,9 @@ SCommand textErased(const CCarets &carets, const std::function<int(int)> &otherE
     // Two carets may take from one word.
     const CCarets ranges(lstRanges, carets.mainIndex());
     SCommand command;
-    for (const SCaret &range : ranges.list()) {
+    for (const SCaret &range : ranges.list())
         if (range.hasSelection())
             command.lstEdits.append({range.start(), range.end() - range.start(), QString()});
-    }
     command.carets = CPositionMap(command.lstEdits).map(ranges);
     return command;
 }

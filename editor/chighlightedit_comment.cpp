@@ -21,11 +21,11 @@ void insertText(QTextCursor *pEdit, int nPosition, const QString &strText)
     pEdit->insertText(strText);
 }
 
-CommentSelection selectionOf(const QTextCursor &cursor)
+SCommentSelection selectionOf(const QTextCursor &cursor)
 {
     const QTextBlock first = cursor.document()->findBlock(cursor.selectionStart());
     const QTextBlock last = cursor.document()->findBlock(cursor.selectionEnd());
-    CommentSelection selection;
+    SCommentSelection selection;
     selection.strText = cursor.selectedText();
     for (QTextBlock block = first; block.isValid(); block = block.next()) {
         selection.lstLines.append(block.text());
@@ -62,18 +62,18 @@ bool CHighlightEdit::toggleComment()
     const QTextCursor cursor = textCursor();
     if (!m_pHighlighter || isReadOnly() || !cursor.hasSelection())
         return false;
-    const CommentMarkers markers {m_pHighlighter->singleLineComment(),
-                                  m_pHighlighter->multiLineCommentStart(),
-                                  m_pHighlighter->multiLineCommentEnd()};
+    const SCommentMarkers markers {m_pHighlighter->singleLineComment(),
+                                   m_pHighlighter->multiLineCommentStart(),
+                                   m_pHighlighter->multiLineCommentEnd()};
     qDebug() << "strSingleComment:" << markers.strSingle;
     qDebug() << "strMultiCommentStart:" << markers.strStart;
 
-    const CommentToggle toggle = toggleOf(selectionOf(cursor), markers);
+    const SCommentToggle toggle = toggleOf(selectionOf(cursor), markers);
     recordCarets([&] { applyToggle(toggle, markers); });
     return true;
 }
 
-void CHighlightEdit::applyToggle(const CommentToggle &toggle, const CommentMarkers &markers)
+void CHighlightEdit::applyToggle(const SCommentToggle &toggle, const SCommentMarkers &markers)
 {
     const QTextCursor cursor = textCursor();
     const int nStart = cursor.selectionStart();
@@ -84,26 +84,26 @@ void CHighlightEdit::applyToggle(const CommentToggle &toggle, const CommentMarke
     QTextCursor edit(document());
     edit.beginEditBlock();
     switch (toggle.action) {
-    case CommentToggle::Unwrap:
+    case SCommentToggle::Unwrap:
         removeText(&edit, nEnd - toggle.nEndLength, toggle.nEndLength);
         removeText(&edit, nStart, toggle.nStartLength);
         break;
-    case CommentToggle::Uncomment:
+    case SCommentToggle::Uncomment:
         uncommentLines(&edit, first, toggle.lstLengths);
         break;
-    case CommentToggle::CommentLines:
+    case SCommentToggle::CommentLines:
         commentLines(&edit, first, last, markers.strSingle);
         break;
-    case CommentToggle::Wrap:
+    case SCommentToggle::Wrap:
         insertText(&edit, nEnd, markers.strEnd);
         insertText(&edit, nStart, markers.strStart);
         break;
     }
     edit.endEditBlock();
-    if (toggle.action == CommentToggle::Wrap) {
+    if (toggle.action == SCommentToggle::Wrap) {
         const int nMarkers = markers.strStart.length() + markers.strEnd.length();
         selectRange(nStart, nEnd + nMarkers, bCursorFirst);
-    } else if (toggle.action != CommentToggle::Unwrap) {
+    } else if (toggle.action != SCommentToggle::Unwrap) {
         selectLines(first, last, bCursorFirst);
     }
 }

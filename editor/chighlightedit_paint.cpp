@@ -96,11 +96,12 @@ QVector<QRectF> CHighlightEdit::rectsOf(const QVector<SCaret> &lst) const
 
 void CHighlightEdit::forVisibleCarets(const CaretPainter &paint) const
 {
-    forVisible(m_carets.list(),
-               [&](const SCaret &caret, const QTextBlock &block, const QPointF &corner) {
-                   if (!(caret == m_carets.main()))
-                       paint(caret, block, corner);
-               });
+    forVisible(
+        m_carets.list(),
+        [&](const SCaret &caret, const QTextBlock &block, const QPointF &corner) {
+            if (!(caret == m_carets.main()))
+                paint(caret, block, corner);
+        });
 }
 
 // Calls with each of the ranges that can be seen, and each block of it with its corner in the view.
@@ -114,9 +115,8 @@ void CHighlightEdit::forVisible(const QVector<SCaret> &lst, const CaretPainter &
         [](const SCaret &caret, int nPosition) { return caret.end() < nPosition; });
     while (block.isValid() && corner.y() <= viewport()->height() && it != lst.cend()) {
         const int nEnd = block.position() + block.length();
-        for (auto inBlock = it; inBlock != lst.cend() && inBlock->start() < nEnd; ++inBlock) {
+        for (auto inBlock = it; inBlock != lst.cend() && inBlock->start() < nEnd; ++inBlock)
             paint(*inBlock, block, corner);
-        }
         while (it != lst.cend() && it->end() < nEnd)
             ++it;
         corner.ry() += blockBoundingRect(block).height();
@@ -139,9 +139,8 @@ void CHighlightEdit::paintCarets(QPainter *pPainter) const
 {
     forVisibleCarets([&](const SCaret &caret, const QTextBlock &block, const QPointF &corner) {
         const int nInBlock = caret.nPosition - block.position();
-        if (nInBlock >= 0 && nInBlock < block.length()) {
+        if (nInBlock >= 0 && nInBlock < block.length())
             pPainter->fillRect(placeRect(block, nInBlock, cursorWidth()).translated(corner),
                                palette().brush(QPalette::Text));
-        }
     });
 }

@@ -80,10 +80,9 @@ void CHighlightEdit::followMarkedLines()
         return;
     const SLines before = std::exchange(m_shownMarked, lines);
     forVisibleBlocks([&](int nBlock, const QRect &strip) {
-        if (before.contains(nBlock) != lines.contains(nBlock)) {
+        if (before.contains(nBlock) != lines.contains(nBlock))
             m_pLineNumberArea->update(0, strip.top(), m_pLineNumberArea->width(),
                                       strip.height() + g_nNumberBelowLine);
-        }
     });
 }
 

@@ -12,9 +12,9 @@
 
 namespace {
 
-SearchOptions searchOptions()
+SSearchOptions searchOptions()
 {
-    SearchOptions options;
+    SSearchOptions options;
     options.bMatchCase = g_pSettings->m_bFindMatchCase;
     options.bWholeWord = g_pSettings->m_bFindMatchWholeWord;
     options.bSearchUp = g_pSettings->m_bFindSearchUp;
@@ -42,7 +42,7 @@ bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCurs
     const CLineSearch search(text, searchOptions());
     const bool bUp = search.options().bSearchUp;
     const int nStart = searchStart(cursor, bUp, bFromEnd);
-    const DocumentMatch match = findFrom(document(), search, nStart);
+    const SDocumentMatch match = findFrom(document(), search, nStart);
     if (match.isValid()) {
         cursor.setPosition(match.nStart);
         cursor.setPosition(match.nStart + match.nLength, QTextCursor::KeepAnchor);
@@ -61,7 +61,7 @@ bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCurs
 
 // Selects it and counts which one it is, beside the keys: on a thread, from its own copy of the
 // lines.
-void CHighlightEdit::showMatch(const QString &strText, const DocumentMatch &match)
+void CHighlightEdit::showMatch(const QString &strText, const SDocumentMatch &match)
 {
     selectRange(match.nStart, match.nStart + match.nLength, false); // Makes it visible.
     if (!m_pCounter)

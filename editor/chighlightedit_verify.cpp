@@ -43,7 +43,7 @@ bool CHighlightEdit::verifyValid()
     if (!m_pHighlighter)
         return false;
     QString strFailure;
-    ParseResult result;
+    SParseResult result;
     if (isVerifiedXml(languageName())) {
         result = parseXml(rawText());
         if (!result.isGood()) {

@@ -25,12 +25,12 @@ bool isBlank(const QString &strText)
 
 } // namespace
 
-CommentToggle toggleOf(const CommentSelection &selection, const CommentMarkers &markers)
+SCommentToggle toggleOf(const SCommentSelection &selection, const SCommentMarkers &markers)
 {
-    CommentToggle toggle;
+    SCommentToggle toggle;
     const QString &strText = selection.strText;
     if (strText.startsWith(markers.strStart) && strText.endsWith(markers.strEnd)) {
-        toggle.action = CommentToggle::Unwrap;
+        toggle.action = SCommentToggle::Unwrap;
         toggle.nEndLength = markers.strEnd.length();
         // Where the two overlap, as in "/*/", nothing outside of the selection may go with them.
         toggle.nStartLength = qMin(markers.strStart.length(), strText.length() - toggle.nEndLength);
@@ -40,12 +40,12 @@ CommentToggle toggleOf(const CommentSelection &selection, const CommentMarkers &
     if (bSingle) {
         toggle.lstLengths = markerLengths(selection.lstLines, markers.strSingle);
         if (!toggle.lstLengths.isEmpty()) {
-            toggle.action = CommentToggle::Uncomment;
+            toggle.action = SCommentToggle::Uncomment;
             return toggle;
         }
     }
     const bool bWholeLines = isBlank(selection.strPrefix) && isBlank(selection.strSuffix);
     if (markers.strStart.isEmpty() || (bSingle && bWholeLines))
-        toggle.action = CommentToggle::CommentLines;
+        toggle.action = SCommentToggle::CommentLines;
     return toggle;
 }

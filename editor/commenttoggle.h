@@ -5,7 +5,7 @@
 #include <QVector>
 
 // A language's comment markers; any may be empty.
-struct CommentMarkers
+struct SCommentMarkers
 {
     QString strSingle;
     QString strStart;
@@ -13,7 +13,7 @@ struct CommentMarkers
 };
 
 // A selection as the rules see it.
-struct CommentSelection
+struct SCommentSelection
 {
     QString strText; // As QTextCursor::selectedText() gives it.
     QStringList lstLines; // Every line it touches, in full.
@@ -22,7 +22,7 @@ struct CommentSelection
 };
 
 // What toggling does to a selection.
-struct CommentToggle
+struct SCommentToggle
 {
     enum Action {
         Unwrap, // The markers at the selection's two ends go.
@@ -39,4 +39,4 @@ struct CommentToggle
 // The tests follow one another in the order of Action. The first is met by every selection when
 // there are no block markers, and then takes nothing away. The single-line marker is searched for
 // as a QRegExp, as it stands.
-CommentToggle toggleOf(const CommentSelection &selection, const CommentMarkers &markers);
+SCommentToggle toggleOf(const SCommentSelection &selection, const SCommentMarkers &markers);

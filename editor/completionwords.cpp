@@ -75,17 +75,16 @@ QStringList wordsToOffer(const CLineStore &lines, uint nVersion, const QVariantM
 {
     QSet<QString> words;
     const QStringList lstKeywords = keywordsOf(mapDefinition);
-    for (const QString &strWord : lstKeywords) {
+    for (const QString &strWord : lstKeywords)
         if (isOffered(strWord, typed.strBeginning))
             words.insert(strWord);
-    }
     for (int nAt = 0;;) {
-        const CLineStore::Batch batch = lines.fetch(nVersion, nAt, false);
+        const CLineStore::SBatch batch = lines.fetch(nVersion, nAt, false);
         if (isCancelled() || lines.version() != nVersion)
             return QStringList();
         if (batch.lst.empty())
             break;
-        for (const CLineStore::Line &line : batch.lst) {
+        for (const CLineStore::SLine &line : batch.lst) {
             addWordsLike(typed.strBeginning, line.strText, nAt == typed.nLine ? typed.nStart : -1,
                          &words);
             ++nAt;

@@ -9,9 +9,9 @@ const int g_nXmlIndent = 4;
 
 } // namespace
 
-ParseResult parseXml(const QString &strText)
+SParseResult parseXml(const QString &strText)
 {
-    ParseResult result = guardXml(strText);
+    SParseResult result = guardXml(strText);
     if (result.isGood()) {
         QDomDocument document;
         document.setContent(strText, false, &result.strMessage, &result.nLine, &result.nColumn);
@@ -26,12 +26,12 @@ QString formattedXml(const QString &strText)
     return document.toString(g_nXmlIndent);
 }
 
-ParseResult parseJson(const QString &strText)
+SParseResult parseJson(const QString &strText)
 {
     const QByteArray arrText = strText.toUtf8();
     QJsonParseError error = {};
     QJsonDocument::fromJson(arrText, &error);
-    ParseResult result;
+    SParseResult result;
     result.strMessage = error.errorString();
     if (error.error == QJsonParseError::NoError)
         return result;

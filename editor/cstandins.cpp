@@ -24,14 +24,12 @@ bool holdsForbidden(const QString &strText)
 // characters, in the end none.
 QChar unusedCharacter(const QVector<bool> &lstUsed)
 {
-    for (ushort u = 0xFDD2; u <= 0xFDEF; ++u) {
+    for (ushort u = 0xFDD2; u <= 0xFDEF; ++u)
         if (!lstUsed.at(u))
             return QChar(u);
-    }
-    for (ushort u = 0xE000; u <= 0xF8FF; ++u) {
+    for (ushort u = 0xE000; u <= 0xF8FF; ++u)
         if (!lstUsed.at(u))
             return QChar(u);
-    }
     return QChar();
 }
 

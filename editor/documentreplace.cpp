@@ -61,12 +61,12 @@ void CDocumentReplacer::stepForward()
             m_nPieceEnd = m_strDocument.length();
     }
     const QString strLines = QString::fromRawData(m_strDocument.constData(), m_nPieceEnd);
-    const RunMatch found = m_search.findInRun(strLines, m_nPlace);
+    const SRunMatch found = m_search.findInRun(strLines, m_nPlace);
     if (!found.isValid()) {
         m_nPlace = m_nPieceEnd + 1;
         return;
     }
-    const LineReplacement replacement = replaceLine(found, m_nShift);
+    const SLineReplacement replacement = replaceLine(found, m_nShift);
     if (!replacement.lstEdits.isEmpty())
         m_nShift += replacement.strText.length() - found.nLineLength;
     m_nPlace = found.nLineStart + found.nLineLength + 1;
@@ -82,7 +82,7 @@ void CDocumentReplacer::stepUpwards()
         nWanted > 0 ? m_strDocument.lastIndexOf(QChar::ParagraphSeparator, nWanted - 1) + 1 : 0;
     const int nLength = m_nPlace - nStart;
     const QString strLines = QString::fromRawData(m_strDocument.constData() + nStart, nLength);
-    RunMatch found = m_search.findInRun(strLines, m_bFromLineEnd ? nLength : -1);
+    SRunMatch found = m_search.findInRun(strLines, m_bFromLineEnd ? nLength : -1);
     if (!found.isValid()) {
         m_bFromLineEnd = false;
         m_nPlace = nStart - 1;
@@ -93,18 +93,18 @@ void CDocumentReplacer::stepUpwards()
     m_nPlace = found.nLineStart - 1;
 }
 
-LineReplacement CDocumentReplacer::replaceLine(const RunMatch &found, int nShift)
+SLineReplacement CDocumentReplacer::replaceLine(const SRunMatch &found, int nShift)
 {
     const QString strLine =
         QString::fromRawData(m_strDocument.constData() + found.nLineStart, found.nLineLength);
-    LineReplacement replacement = replaceInLine(m_search, strLine, found.match, m_strReplace);
+    SLineReplacement replacement = replaceInLine(m_search, strLine, found.match, m_strReplace);
     m_nCount += replacement.nMatches;
     if (!replacement.lstEdits.isEmpty())
         apply(nShift + found.nLineStart, found.nLineLength, replacement);
     return replacement;
 }
 
-void CDocumentReplacer::apply(int nLineStart, int nLineLength, const LineReplacement &replacement)
+void CDocumentReplacer::apply(int nLineStart, int nLineLength, const SLineReplacement &replacement)
 {
     m_bEdited = true;
     // With the format given, the cursor need not look up the one in force at each place.
@@ -118,7 +118,7 @@ void CDocumentReplacer::apply(int nLineStart, int nLineLength, const LineReplace
         set(nLineStart, nLineLength, replacement.strText);
         return;
     }
-    for (const LineMatch &edit : replacement.lstEdits)
+    for (const SLineMatch &edit : replacement.lstEdits)
         set(nLineStart + edit.nStart, edit.nLength, m_strReplace);
 }
 

@@ -5,7 +5,7 @@
 #include <QDeadlineTimer>
 #include <QTextCursor>
 
-struct LineReplacement;
+struct SLineReplacement;
 
 // Replaces every match from the document's one end to its other. The document is left as by finding
 // and replacing the matches one by one. In a changed line the whole text is set at once, which is
@@ -38,8 +38,8 @@ private:
     bool isAtEnd() const;
     void stepForward();
     void stepUpwards();
-    LineReplacement replaceLine(const RunMatch &found, int nShift);
-    void apply(int nLineStart, int nLineLength, const LineReplacement &replacement);
+    SLineReplacement replaceLine(const SRunMatch &found, int nShift);
+    void apply(int nLineStart, int nLineLength, const SLineReplacement &replacement);
     bool isKept(int nLineStart, int nLineLength) const;
 
     QTextCursor *m_pEdit;

@@ -26,18 +26,18 @@ namespace {
 const int g_nNearLength = 32 * 1024;
 
 // Lines of the document, joined by paragraph separators.
-struct LineRun
+struct SLineRun
 {
     int nStart = 0; // Of the first line, in the document.
     QString strText;
 };
 
-LineRun readNear(QTextDocument *pDocument, int nPosition, bool bUp)
+SLineRun readNear(QTextDocument *pDocument, int nPosition, bool bUp)
 {
     const int nFrom = bUp ? qMax(nPosition - g_nNearLength, 0) : nPosition;
     const int nTo = bUp ? nPosition : qMin(nPosition + g_nNearLength, documentEnd(pDocument));
     const QTextBlock last = pDocument->findBlock(nTo);
-    LineRun run;
+    SLineRun run;
     run.nStart = pDocument->findBlock(nFrom).position();
     QTextCursor cursor(pDocument);
     cursor.setPosition(run.nStart);
@@ -48,9 +48,9 @@ LineRun readNear(QTextDocument *pDocument, int nPosition, bool bUp)
 
 // The lines on the far side of the near ones. One copy of the text takes a tenth of the time that
 // asking each block for its text would.
-LineRun readFar(const QTextDocument *pDocument, const LineRun &nearby, bool bUp)
+SLineRun readFar(const QTextDocument *pDocument, const SLineRun &nearby, bool bUp)
 {
-    LineRun run;
+    SLineRun run;
     run.nStart = bUp ? 0 : nearby.nStart + nearby.strText.length() + 1;
     run.strText = pDocument->toRawText();
     if (bUp)
@@ -60,10 +60,10 @@ LineRun readFar(const QTextDocument *pDocument, const LineRun &nearby, bool bUp)
     return run;
 }
 
-DocumentMatch findInRun(const CLineSearch &search, const LineRun &run, int nOffset)
+SDocumentMatch findInRun(const CLineSearch &search, const SLineRun &run, int nOffset)
 {
-    const RunMatch found = search.findInRun(run.strText, nOffset);
-    DocumentMatch match;
+    const SRunMatch found = search.findInRun(run.strText, nOffset);
+    SDocumentMatch match;
     if (found.isValid()) {
         match.nStart = run.nStart + found.nLineStart + found.match.nStart;
         match.nLength = found.match.nLength;
@@ -73,14 +73,14 @@ DocumentMatch findInRun(const CLineSearch &search, const LineRun &run, int nOffs
 
 } // namespace
 
-DocumentMatch findFrom(QTextDocument *pDocument, const CLineSearch &search, int nStart)
+SDocumentMatch findFrom(QTextDocument *pDocument, const CLineSearch &search, int nStart)
 {
     const int nEnd = documentEnd(pDocument);
     if (nStart < 0 || nStart > nEnd)
-        return DocumentMatch();
+        return SDocumentMatch();
     const bool bUp = search.options().bSearchUp;
-    const LineRun nearby = readNear(pDocument, nStart, bUp);
-    const DocumentMatch match = findInRun(search, nearby, nStart - nearby.nStart);
+    const SLineRun nearby = readNear(pDocument, nStart, bUp);
+    const SDocumentMatch match = findInRun(search, nearby, nStart - nearby.nStart);
     const bool bAllRead =
         bUp ? nearby.nStart == 0 : nearby.nStart + nearby.strText.length() == nEnd;
     if (match.isValid() || bAllRead)

@@ -16,7 +16,7 @@ int searchStart(const QTextCursor &cursor, bool bSearchUp, bool bFromEnd);
 // The document's last position.
 int documentEnd(const QTextDocument *pDocument);
 
-struct DocumentMatch
+struct SDocumentMatch
 {
     int nStart = -1;
     int nLength = 0;
@@ -24,4 +24,4 @@ struct DocumentMatch
 };
 
 // The first candidate that counts, each line giving one.
-DocumentMatch findFrom(QTextDocument *pDocument, const CLineSearch &search, int nStart);
+SDocumentMatch findFrom(QTextDocument *pDocument, const CLineSearch &search, int nStart);

@@ -32,9 +32,8 @@ int outdentLength(const QString &strLine)
         return 1;
     int nSpaces = 0;
     while (nSpaces < qMin(strLine.length(), g_nSpacesPerStep)
-           && strLine.at(nSpaces) == QLatin1Char(' ')) {
+           && strLine.at(nSpaces) == QLatin1Char(' '))
         ++nSpaces;
-    }
     return nSpaces;
 }
 

@@ -177,10 +177,9 @@ SCommand lineIndent(const CTextLines &lines, const CCarets &carets)
 {
     SCommand command;
     const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
-    for (const SLineRange &range : lstRanges) {
+    for (const SLineRange &range : lstRanges)
         for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
             command.lstEdits.append({lines.start(nLine), 0, QStringLiteral("\t")});
-    }
     command.carets = CPositionMap(command.lstEdits).map(carets);
     return command;
 }
@@ -190,10 +189,9 @@ SCommand lineOutdent(const CTextLines &lines, const CCarets &carets)
     SCommand command;
     const QVector<SLineRange> lstRanges = touchedRanges(lines, carets);
     for (const SLineRange &range : lstRanges) {
-        for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine) {
+        for (int nLine = range.nFirst; nLine <= range.nLast; ++nLine)
             if (const int nLength = outdentLength(lines.text(nLine)))
                 command.lstEdits.append({lines.start(nLine), nLength, QString()});
-        }
     }
     command.carets = CPositionMap(command.lstEdits).map(carets);
     return command;

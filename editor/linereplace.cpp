@@ -20,7 +20,7 @@ public:
     {
     }
 
-    LineReplacement run(LineMatch match)
+    SLineReplacement run(SLineMatch match)
     {
         m_result.strText.reserve(m_strBuffer.length());
         while (match.isValid()) {
@@ -33,7 +33,7 @@ public:
     }
 
 private:
-    void take(const LineMatch &match)
+    void take(const SLineMatch &match)
     {
         QString &strDone = m_result.strText;
         strDone.append(m_strView.constData() + m_nTaken, match.nStart - m_nTaken);
@@ -72,13 +72,13 @@ private:
     QString m_strView; // The buffer from m_nStart on, without a copy.
     int m_nStart = 0;
     int m_nTaken = 0; // Characters of the view that are done.
-    LineReplacement m_result;
+    SLineReplacement m_result;
 };
 
-LineReplacement replaceUpwards(const CLineSearch &search, QString strLine, LineMatch match,
-                               const QString &strReplace)
+SLineReplacement replaceUpwards(const CLineSearch &search, QString strLine, SLineMatch match,
+                                const QString &strReplace)
 {
-    LineReplacement result;
+    SLineReplacement result;
     QStringList lstTail; // What no later match can reach, the last part first.
     const int nReach = search.reach();
     while (match.isValid()) {
@@ -94,7 +94,7 @@ LineReplacement replaceUpwards(const CLineSearch &search, QString strLine, LineM
             strLine.append(strBehind);
         }
         result.bAtLineStart = match.nStart == 0;
-        match = result.bAtLineStart ? LineMatch() : search.find(strLine, match.nStart - 1);
+        match = result.bAtLineStart ? SLineMatch() : search.find(strLine, match.nStart - 1);
     }
     std::reverse(lstTail.begin(), lstTail.end());
     result.strText = strLine + lstTail.join(QString());
@@ -103,8 +103,8 @@ LineReplacement replaceUpwards(const CLineSearch &search, QString strLine, LineM
 
 } // namespace
 
-LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine,
-                              const LineMatch &first, const QString &strReplace)
+SLineReplacement replaceInLine(const CLineSearch &search, const QString &strLine,
+                               const SLineMatch &first, const QString &strReplace)
 {
     if (search.options().bSearchUp)
         return replaceUpwards(search, strLine, first, strReplace);

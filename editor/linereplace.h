@@ -5,13 +5,13 @@
 #include <QVector>
 
 // What replacing every match of a line did.
-struct LineReplacement
+struct SLineReplacement
 {
     int nMatches = 0; // Found, replaced or not.
     QString strText; // The line afterwards; meaningful when there are edits.
     // The replaced ranges in the order of the work, each where it stood in the line as the edits
     // before it had left it.
-    QVector<LineMatch> lstEdits;
+    QVector<SLineMatch> lstEdits;
     bool bAtLineStart = false; // Searching up: the last match began in the line's first column.
 };
 
@@ -21,5 +21,5 @@ struct LineReplacement
 // linear in the line's length, but for regular expressions searched upwards.
 //
 // first is what the search finds in the line, and valid.
-LineReplacement replaceInLine(const CLineSearch &search, const QString &strLine,
-                              const LineMatch &first, const QString &strReplace);
+SLineReplacement replaceInLine(const CLineSearch &search, const QString &strLine,
+                               const SLineMatch &first, const QString &strReplace);

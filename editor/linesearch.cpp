@@ -1,6 +1,6 @@
 #include "editor/linesearch.h"
 
-CLineSearch::CLineSearch(const QString &strText, const SearchOptions &options)
+CLineSearch::CLineSearch(const QString &strText, const SSearchOptions &options)
     : m_strText(strText),
       m_options(options),
       m_case(options.bMatchCase ? Qt::CaseSensitive : Qt::CaseInsensitive)
@@ -11,16 +11,16 @@ CLineSearch::CLineSearch(const QString &strText, const SearchOptions &options)
         m_matcher = QStringMatcher(strText, m_case);
 }
 
-LineMatch CLineSearch::find(const QString &strLine, int nOffset) const
+SLineMatch CLineSearch::find(const QString &strLine, int nOffset) const
 {
-    const LineMatch match = candidate(strLine, nOffset);
-    return match.isValid() && passesWordTest(strLine, match) ? match : LineMatch();
+    const SLineMatch match = candidate(strLine, nOffset);
+    return match.isValid() && passesWordTest(strLine, match) ? match : SLineMatch();
 }
 
-LineMatch CLineSearch::findAny(const QString &strLine, int nOffset) const
+SLineMatch CLineSearch::findAny(const QString &strLine, int nOffset) const
 {
     for (;;) {
-        const LineMatch match = rawCandidate(strLine, nOffset);
+        const SLineMatch match = rawCandidate(strLine, nOffset);
         if (!match.isValid())
             return match;
         if (match.nLength > 0 && passesWordTest(strLine, match))
@@ -28,20 +28,20 @@ LineMatch CLineSearch::findAny(const QString &strLine, int nOffset) const
         nOffset = m_options.bSearchUp ? match.nStart - 1 : match.nStart + 1;
         // Upwards, -1 would be the line's end again.
         if (nOffset < 0 || nOffset > strLine.length())
-            return LineMatch();
+            return SLineMatch();
     }
 }
 
-LineMatch CLineSearch::candidate(const QString &strLine, int nOffset) const
+SLineMatch CLineSearch::candidate(const QString &strLine, int nOffset) const
 {
-    const LineMatch match = rawCandidate(strLine, nOffset);
-    return match.nLength > 0 ? match : LineMatch();
+    const SLineMatch match = rawCandidate(strLine, nOffset);
+    return match.nLength > 0 ? match : SLineMatch();
 }
 
 // May be empty.
-LineMatch CLineSearch::rawCandidate(const QString &strLine, int nOffset) const
+SLineMatch CLineSearch::rawCandidate(const QString &strLine, int nOffset) const
 {
-    LineMatch match;
+    SLineMatch match;
     if (m_options.bRegExp) {
         match.nStart = m_options.bSearchUp ? m_regExp.lastIndexIn(strLine, nOffset)
                                            : m_regExp.indexIn(strLine, nOffset);
@@ -75,7 +75,7 @@ bool CLineSearch::matchesExactly(const QString &strSelected) const
     return strSelected.length() == m_strText.length() && strSelected.startsWith(m_strText, m_case);
 }
 
-bool CLineSearch::passesWordTest(const QString &strText, const LineMatch &match) const
+bool CLineSearch::passesWordTest(const QString &strText, const SLineMatch &match) const
 {
     if (!m_options.bWholeWord)
         return true;
@@ -85,7 +85,7 @@ bool CLineSearch::passesWordTest(const QString &strText, const LineMatch &match)
     return !bBefore && !bAfter;
 }
 
-RunMatch CLineSearch::findInRun(const QString &strRun, int nOffset) const
+SRunMatch CLineSearch::findInRun(const QString &strRun, int nOffset) const
 {
     return m_options.bRegExp ? findExpressionInRun(strRun, nOffset)
                              : findPlainInRun(strRun, nOffset);
@@ -107,13 +107,13 @@ int lineEnd(const QString &strRun, int nPosition)
 } // namespace
 
 // A plain text crosses no end of a line, so that all lines are searched at once.
-RunMatch CLineSearch::findPlainInRun(const QString &strRun, int nOffset) const
+SRunMatch CLineSearch::findPlainInRun(const QString &strRun, int nOffset) const
 {
-    RunMatch result;
+    SRunMatch result;
     if (m_strText.contains(QChar::ParagraphSeparator))
         return result;
     while (nOffset <= strRun.length()) {
-        const LineMatch match {plainIndex(strRun, nOffset), m_strText.length()};
+        const SLineMatch match {plainIndex(strRun, nOffset), m_strText.length()};
         if (!match.isValid())
             break;
         const int nStart = lineStart(strRun, match.nStart);
@@ -131,9 +131,9 @@ RunMatch CLineSearch::findPlainInRun(const QString &strRun, int nOffset) const
     return result;
 }
 
-RunMatch CLineSearch::findExpressionInRun(const QString &strRun, int nOffset) const
+SRunMatch CLineSearch::findExpressionInRun(const QString &strRun, int nOffset) const
 {
-    RunMatch result;
+    SRunMatch result;
     const int nPosition = nOffset < 0 ? strRun.length() : nOffset;
     int nStart = lineStart(strRun, nPosition);
     int nEnd = lineEnd(strRun, nPosition);

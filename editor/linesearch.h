@@ -5,7 +5,7 @@
 #include <QStringMatcher>
 
 // How a text is searched for.
-struct SearchOptions
+struct SSearchOptions
 {
     bool bMatchCase = false;
     bool bWholeWord = false;
@@ -14,7 +14,7 @@ struct SearchOptions
 };
 
 // A place in a line, in UTF-16 units.
-struct LineMatch
+struct SLineMatch
 {
     int nStart = -1;
     int nLength = 0;
@@ -23,11 +23,11 @@ struct LineMatch
 };
 
 // A match in a run: whole lines joined by paragraph separators, as a text cursor selects them.
-struct RunMatch
+struct SRunMatch
 {
     int nLineStart = 0; // Of the line that holds the match, in the run.
     int nLineLength = 0;
-    LineMatch match; // In that line.
+    SLineMatch match; // In that line.
     bool isValid() const { return match.isValid(); }
 };
 
@@ -36,24 +36,24 @@ class CLineSearch
 {
 public:
     // strText must not be empty.
-    CLineSearch(const QString &strText, const SearchOptions &options);
+    CLineSearch(const QString &strText, const SSearchOptions &options);
 
-    const SearchOptions &options() const { return m_options; }
+    const SSearchOptions &options() const { return m_options; }
 
     // The line's one candidate, seen from nOffset on (searching up: from nOffset back; -1 is the
     // line's last character), where it is not empty and passes the whole-word test. A candidate
     // that fails gives no match: the rest of the line is not tried. A whole word is one that no
     // letter or digit touches; the underscore separates words here.
-    LineMatch find(const QString &strLine, int nOffset) const;
+    SLineMatch find(const QString &strLine, int nOffset) const;
 
     // Whatever a search could select in the line from there on: candidates that fail or are empty
     // are passed over.
-    LineMatch findAny(const QString &strLine, int nOffset) const;
+    SLineMatch findAny(const QString &strLine, int nOffset) const;
 
     // As find() for line after line of a run, from nOffset in it, which may be the end of a line;
     // searching up, line before line, and -1 is the run's last character. Only the line that holds
     // nOffset is searched in part.
-    RunMatch findInRun(const QString &strRun, int nOffset) const;
+    SRunMatch findInRun(const QString &strRun, int nOffset) const;
 
     // True when the text matches all of strSelected, which stands alone: what a regular expression
     // demands of its surroundings cannot be met.
@@ -63,15 +63,15 @@ public:
     int reach() const { return m_options.bRegExp ? -1 : m_strText.length(); }
 
 private:
-    LineMatch candidate(const QString &strLine, int nOffset) const;
-    LineMatch rawCandidate(const QString &strLine, int nOffset) const;
+    SLineMatch candidate(const QString &strLine, int nOffset) const;
+    SLineMatch rawCandidate(const QString &strLine, int nOffset) const;
     int plainIndex(const QString &strText, int nOffset) const;
-    bool passesWordTest(const QString &strText, const LineMatch &match) const;
-    RunMatch findPlainInRun(const QString &strRun, int nOffset) const;
-    RunMatch findExpressionInRun(const QString &strRun, int nOffset) const;
+    bool passesWordTest(const QString &strText, const SLineMatch &match) const;
+    SRunMatch findPlainInRun(const QString &strRun, int nOffset) const;
+    SRunMatch findExpressionInRun(const QString &strRun, int nOffset) const;
 
     QString m_strText;
-    SearchOptions m_options;
+    SSearchOptions m_options;
     Qt::CaseSensitivity m_case;
     QStringMatcher m_matcher;
     mutable QRegExp m_regExp; // Remembers its last match, hence one thread.

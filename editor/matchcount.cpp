@@ -9,7 +9,7 @@ bool addMatches(const CLineSearch &search, const QString &strLine, int nIndexEnd
                 SMatchCount *pCount, const std::function<bool()> &isCancelled)
 {
     const bool bUp = search.options().bSearchUp;
-    LineMatch match = search.findAny(strLine, bUp ? -1 : 0);
+    SLineMatch match = search.findAny(strLine, bUp ? -1 : 0);
     while (match.isValid()) {
         ++pCount->nCount;
         pCount->nIndex += int(match.nStart < nIndexEnd);
@@ -29,10 +29,10 @@ SMatchCount countMatches(const CLineStore &lines, uint nVersion, const CLineSear
 {
     SMatchCount count;
     for (int nAt = 0; !isCancelled();) {
-        const CLineStore::Batch batch = lines.fetch(nVersion, nAt, false);
+        const CLineStore::SBatch batch = lines.fetch(nVersion, nAt, false);
         if (batch.lst.empty())
             return lines.version() == nVersion ? count : SMatchCount {0, -1};
-        for (const CLineStore::Line &line : batch.lst) {
+        for (const CLineStore::SLine &line : batch.lst) {
             const int nIndexEnd = nAt < nLine ? line.strText.length() : nPlace + 1;
             if (!addMatches(search, line.strText, nAt > nLine ? 0 : nIndexEnd, &count, isCancelled))
                 break;

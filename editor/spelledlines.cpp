@@ -16,10 +16,9 @@ QString proseOf(const QTextBlock &block, bool bHasLanguage)
     if (!bHasLanguage)
         return strText;
     const QBitArray inside = commentsAndStrings(block);
-    for (int n = 0; n < strText.size(); ++n) {
+    for (int n = 0; n < strText.size(); ++n)
         if (!inside.testBit(n))
             strText[n] = QLatin1Char(' ');
-    }
     return strText;
 }
 
@@ -33,10 +32,9 @@ QVector<SSpellWord> misspeltWords(const QTextBlock &block, bool bHasLanguage,
         return lst;
     const QString strText = proseOf(block, bHasLanguage);
     const QVector<SSpellWord> lstWords = spellWords(strText);
-    for (const SSpellWord &word : lstWords) {
+    for (const SSpellWord &word : lstWords)
         if (!isCorrect(strText.mid(word.nStart, word.nLength)))
             lst.append(word);
-    }
     return lst;
 }
 
@@ -46,10 +44,9 @@ SSpellWord nextMisspeltWord(const QTextBlock &first, int nPosition, bool bHasLan
     QTextBlock block = first;
     for (int n = 0; n < nMostLines && block.isValid(); ++n) {
         const QVector<SSpellWord> lstWords = misspeltWords(block, bHasLanguage, isCorrect);
-        for (const SSpellWord &word : lstWords) {
+        for (const SSpellWord &word : lstWords)
             if (block.position() + word.end() > nPosition)
                 return {block.position() + word.nStart, word.nLength};
-        }
         block = block.next();
     }
     return {};

@@ -46,10 +46,9 @@ bool belongsToTheOneBefore(QChar c)
 int pieceEnd(const QString &strText, int nFrom, int nPiece)
 {
     const int nEnd = nFrom + nPiece;
-    for (int n = nEnd; n > qMax(nFrom, nEnd - g_nMostMarks); --n) {
+    for (int n = nEnd; n > qMax(nFrom, nEnd - g_nMostMarks); --n)
         if (!belongsToTheOneBefore(strText.at(n)))
             return n;
-    }
     return strText.at(nEnd).isLowSurrogate() && nPiece > 1 ? nEnd - 1 : nEnd;
 }
 

@@ -6,8 +6,8 @@ namespace {
 
 bool isAsciiText(const QString &strText)
 {
-    return std::all_of(strText.cbegin(), strText.cend(),
-                       [](QChar c) { return c.unicode() < 0x80; });
+    return std::all_of(
+        strText.cbegin(), strText.cend(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
 char lower(char c)
@@ -73,7 +73,7 @@ QString requiredText(const QString &strExpression)
     return strLongest;
 }
 
-CByteFilter::CByteFilter(const QString &strText, const SearchOptions &options)
+CByteFilter::CByteFilter(const QString &strText, const SSearchOptions &options)
     : m_bIgnoreCase(!options.bMatchCase)
 {
     const QString strNeedle = options.bRegExp ? requiredText(strText) : strText;

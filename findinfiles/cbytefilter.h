@@ -10,7 +10,7 @@
 class CByteFilter
 {
 public:
-    CByteFilter(const QString &strText, const SearchOptions &options);
+    CByteFilter(const QString &strText, const SSearchOptions &options);
 
     // False only when the search finds nothing in the data. The data is ASCII, or valid UTF-8 where
     // bAscii is false.

@@ -25,10 +25,9 @@ CFindInFiles::~CFindInFiles()
 {
     dropJob();
     const QDeadlineTimer deadline(g_nEndLimit);
-    for (const QPointer<QThread> &pThread : qAsConst(m_lstThreads)) {
+    for (const QPointer<QThread> &pThread : qAsConst(m_lstThreads))
         if (pThread && pThread->wait(deadline))
             delete pThread;
-    }
 }
 
 void CFindInFiles::start(const SFindQuery &query)

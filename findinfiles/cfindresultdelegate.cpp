@@ -9,7 +9,7 @@
 namespace {
 
 // Dark on light, whatever the desktop's colours are.
-QTextLayout::FormatRange rangeOf(const LineMatch &place, const QColor &background, bool bGoes)
+QTextLayout::FormatRange rangeOf(const SLineMatch &place, const QColor &background, bool bGoes)
 {
     QTextLayout::FormatRange range;
     range.start = place.nStart;

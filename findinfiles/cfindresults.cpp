@@ -69,10 +69,9 @@ QVector<SFileReplacement> CFindResults::checkedReplacements() const
     QVector<SFileReplacement> lst;
     for (const std::unique_ptr<SEntry> &pEntry : m_entries) {
         SFileReplacement replacement {pEntry->file.strPath, pEntry->file.fingerprint, {}};
-        for (int n = 0; n < pEntry->checked.size(); ++n) {
+        for (int n = 0; n < pEntry->checked.size(); ++n)
             if (pEntry->checked.testBit(n))
                 replacement.lstMatches.append(pEntry->file.lstMatches.at(n));
-        }
         if (!replacement.lstMatches.isEmpty())
             lst.append(replacement);
     }

@@ -37,8 +37,9 @@ bool CNamePatterns::SPattern::matches(const QString &strName) const
 
 bool CNamePatterns::anyMatches(const QVector<SPattern> &lst, const QString &strName)
 {
-    return std::any_of(lst.cbegin(), lst.cend(),
-                       [&](const SPattern &pattern) { return pattern.matches(strName); });
+    return std::any_of(
+        lst.cbegin(), lst.cend(),
+        [&](const SPattern &pattern) { return pattern.matches(strName); });
 }
 
 bool CNamePatterns::matches(const QString &strName) const

@@ -70,17 +70,16 @@ bool CSearchJob::nextChunk(Paths *pPaths)
 
 void CSearchJob::work()
 {
-    SearchOptions options = m_query.options;
+    SSearchOptions options = m_query.options;
     options.bSearchUp = false;
     const CLineSearch search(m_query.strText, options);
     QByteArray data;
     data.reserve(1024 * 1024); // A file after another goes through it.
     Paths paths;
     while (nextChunk(&paths)) {
-        for (const QString &strPath : qAsConst(paths)) {
+        for (const QString &strPath : qAsConst(paths))
             if (!m_bCancel)
                 searchFile(search, strPath, &data);
-        }
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
     --m_nWorkers;

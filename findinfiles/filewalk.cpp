@@ -45,14 +45,16 @@ private:
 
     bool listByGit(const QString &strFolder)
     {
-        return listGitFiles(strFolder, m_bCancel, [&](const QString &strName, bool bFolder) {
-            const QString strPath = pathOf(strFolder, strName);
-            if (bFolder)
-                m_lstFolders.append(strPath);
-            else if (!m_onFile(strPath))
-                m_bDone = true;
-            return !isDone();
-        });
+        return listGitFiles(
+            strFolder, m_bCancel,
+            [&](const QString &strName, bool bFolder) {
+                const QString strPath = pathOf(strFolder, strName);
+                if (bFolder)
+                    m_lstFolders.append(strPath);
+                else if (!m_onFile(strPath))
+                    m_bDone = true;
+                return !isDone();
+            });
     }
 
     void list(const QString &strFolder)

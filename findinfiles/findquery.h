@@ -14,7 +14,7 @@ struct SFindQuery
     QString strFolder;
     QString strNames; // Patterns of file names: see CNamePatterns.
     QString strText;
-    SearchOptions options; // bSearchUp means nothing here.
+    SSearchOptions options; // bSearchUp means nothing here.
 };
 
 // A match, with as much of its line as is shown. Columns and lengths are UTF-16 units of the line

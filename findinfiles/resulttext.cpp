@@ -22,7 +22,7 @@ QString withoutIndentation(const QString &strText)
 SResultText resultText(const SFileMatch &match, const QString *pReplace)
 {
     const auto append = [](QString *pText, const QString &strPart) {
-        const LineMatch place {pText->length(), strPart.length()};
+        const SLineMatch place {pText->length(), strPart.length()};
         pText->append(strPart);
         return place;
     };

@@ -9,8 +9,8 @@
 struct SResultText
 {
     QString strText;
-    LineMatch match;
-    LineMatch replacement; // Not valid where nothing is to be replaced.
+    SLineMatch match;
+    SLineMatch replacement; // Not valid where nothing is to be replaced.
 };
 
 // pReplace is null where nothing is to be replaced.

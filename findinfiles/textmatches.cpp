@@ -45,7 +45,7 @@ public:
         int nCounted = 0; // The lines up to here are counted.
         int nOffset = 0;
         while (!isDone()) {
-            const RunMatch found = m_search.findInRun(strRun, nOffset);
+            const SRunMatch found = m_search.findInRun(strRun, nOffset);
             if (!found.isValid())
                 break;
             m_nLine += countLines(strRun, nCounted, found.nLineStart);
@@ -65,7 +65,7 @@ private:
                               QChar(QChar::ParagraphSeparator)));
     }
 
-    void add(const QString &strLine, const LineMatch &match)
+    void add(const QString &strLine, const SLineMatch &match)
     {
         SFileMatch found;
         found.nLine = m_nLine;

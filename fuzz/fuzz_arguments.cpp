@@ -9,10 +9,9 @@ void checkRoundTrip(const QString &strText)
 {
     QStringList lstPaths;
     const QStringList lstParts = strText.split(QChar(0), Qt::SkipEmptyParts);
-    for (const QString &strPart : lstParts) {
+    for (const QString &strPart : lstParts)
         if (!strPart.contains(QLatin1Char('"')))
             lstPaths.append(strPart);
-    }
     QStringList lstRead = pathsFromMessage(messageFromPaths(lstPaths));
     lstRead.removeAll(QString());
     require(lstRead == lstPaths, "paths without quotes arrive as they are");

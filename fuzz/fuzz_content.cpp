@@ -6,7 +6,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
 {
     const QString strText = textOf(bytesOf(pData, nSize));
-    const ParseResult result = parseXml(strText);
+    const SParseResult result = parseXml(strText);
     if (result.isGood())
         formattedXml(strText);
     else

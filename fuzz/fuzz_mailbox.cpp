@@ -32,10 +32,9 @@ void checkQueue(const QStringList &lstMessages)
 {
     QByteArray memory(Mailbox::g_nSize, '\0');
     QStringList lstSent;
-    for (const QString &strMessage : lstMessages) {
+    for (const QString &strMessage : lstMessages)
         if (Mailbox::append(memory.data(), memory.size(), strMessage))
             lstSent.append(strMessage);
-    }
     require(Mailbox::messages(memory) == lstSent, "messages arrive whole and in order");
 }
 

@@ -31,27 +31,26 @@ public:
 private:
     int check(const QString &strLine, int nState) const
     {
-        HighlightLine line;
+        SHighlightLine line;
         require(m_rules.highlight(strLine, nState, &line), "nothing abandons the line");
-        for (const HighlightRange &range : line.lstRanges) {
+        for (const SHighlightRange &range : line.lstRanges) {
             require(range.nStart >= 0 && range.nLength >= 0
                         && range.nStart + range.nLength <= strLine.size(),
                     "ranges lie within the line");
         }
         require(line.nState >= 0, "a state that a block can carry");
-        HighlightLine again;
-        if (m_bRegions) {
+        SHighlightLine again;
+        if (m_bRegions)
             m_again.highlight(strLine, nState, &again);
-        } else {
+        else
             again = m_literal.highlight(strLine, nState);
-        }
         require(isSame(line, again), "the rules as they read");
         return line.nState;
     }
 
-    static bool isSame(const HighlightLine &one, const HighlightLine &two)
+    static bool isSame(const SHighlightLine &one, const SHighlightLine &two)
     {
-        const auto isSameRange = [](const HighlightRange &a, const HighlightRange &b) {
+        const auto isSameRange = [](const SHighlightRange &a, const SHighlightRange &b) {
             return a.nStart == b.nStart && a.nLength == b.nLength && a.role == b.role;
         };
         return one.nState == two.nState

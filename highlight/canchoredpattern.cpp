@@ -4,63 +4,61 @@
 
 namespace {
 
-constexpr int nMaxLookBehind = 64;
+constexpr int g_nMaxLookBehind = 64;
 
-bool isLookahead(const PatternNode &node)
+bool isLookahead(const SPatternNode &node)
 {
-    return node.kind == PatternNode::Lookahead || node.kind == PatternNode::NegativeLookahead;
+    return node.kind == SPatternNode::Lookahead || node.kind == SPatternNode::NegativeLookahead;
 }
 
-bool holdsLookahead(const PatternNode &node)
+bool holdsLookahead(const SPatternNode &node)
 {
-    return node.contains(PatternNode::Lookahead) || node.contains(PatternNode::NegativeLookahead);
+    return node.contains(SPatternNode::Lookahead) || node.contains(SPatternNode::NegativeLookahead);
 }
 
 // QRegExp looks at anchors in a lookahead in a way of its own.
-bool isRunnableAhead(const PatternNode &node)
+bool isRunnableAhead(const SPatternNode &node)
 {
-    return !holdsLookahead(node) && !node.contains(PatternNode::LineStart)
-        && !node.contains(PatternNode::WordEdge) && !node.contains(PatternNode::NoWordEdge);
+    return !holdsLookahead(node) && !node.contains(SPatternNode::LineStart)
+        && !node.contains(SPatternNode::WordEdge) && !node.contains(SPatternNode::NoWordEdge);
 }
 
-bool isEmptySequence(const PatternNode &node)
+bool isEmptySequence(const SPatternNode &node)
 {
-    return node.kind == PatternNode::Nothing
-        || (node.kind == PatternNode::Sequence && node.children.empty());
+    return node.kind == SPatternNode::Nothing
+        || (node.kind == SPatternNode::Sequence && node.children.empty());
 }
 
-bool beginsAtLineStart(const PatternNode &node)
+bool beginsAtLineStart(const SPatternNode &node)
 {
     switch (node.kind) {
-    case PatternNode::LineStart:
+    case SPatternNode::LineStart:
         return true;
-    case PatternNode::Sequence:
+    case SPatternNode::Sequence:
         return !node.children.empty() && beginsAtLineStart(node.children.front());
-    case PatternNode::Choice:
+    case SPatternNode::Choice:
         return std::all_of(node.children.begin(), node.children.end(), beginsAtLineStart);
     default:
         return false;
     }
 }
 
-bool isOneSymbol(const PatternNode &node)
+bool isOneSymbol(const SPatternNode &node)
 {
-    const bool bOnly = node.kind == PatternNode::Sequence && node.children.size() == 1;
-    return node.kind == PatternNode::Symbol || (bOnly && isOneSymbol(node.children.front()));
+    const bool bOnly = node.kind == SPatternNode::Sequence && node.children.size() == 1;
+    return node.kind == SPatternNode::Symbol || (bOnly && isOneSymbol(node.children.front()));
 }
 
-PatternNode reversed(PatternNode node)
+SPatternNode reversed(SPatternNode node)
 {
-    for (PatternNode &child : node.children) {
+    for (SPatternNode &child : node.children)
         child = reversed(std::move(child));
-    }
-    if (node.kind == PatternNode::Sequence) {
+    if (node.kind == SPatternNode::Sequence)
         std::reverse(node.children.begin(), node.children.end());
-    } else if (node.kind == PatternNode::LineStart) {
-        node.kind = PatternNode::LineEnd;
-    } else if (node.kind == PatternNode::LineEnd) {
-        node.kind = PatternNode::LineStart;
-    }
+    else if (node.kind == SPatternNode::LineStart)
+        node.kind = SPatternNode::LineEnd;
+    else if (node.kind == SPatternNode::LineEnd)
+        node.kind = SPatternNode::LineStart;
     return node;
 }
 
@@ -70,25 +68,23 @@ PatternNode reversed(PatternNode node)
 CAnchoredPattern::CAnchoredPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity,
                                    Direction direction)
 {
-    std::optional<PatternNode> read = readPattern(strPattern, sensitivity);
-    if (!read) {
+    std::optional<SPatternNode> read = readPattern(strPattern, sensitivity);
+    if (!read)
         return;
-    }
-    PatternNode &node = *read;
-    PatternNode ahead;
+    SPatternNode &node = *read;
+    SPatternNode ahead;
     if (isLookahead(node)) {
         std::swap(node, ahead);
-    } else if (node.kind == PatternNode::Sequence && isLookahead(node.children.back())) {
+    } else if (node.kind == SPatternNode::Sequence && isLookahead(node.children.back())) {
         ahead = node.children.back();
         node.children.pop_back();
     }
-    const bool bAhead = ahead.kind != PatternNode::Nothing;
-    if (holdsLookahead(node) || (bAhead && !isRunnableAhead(ahead.children.front()))) {
+    const bool bAhead = ahead.kind != SPatternNode::Nothing;
+    if (holdsLookahead(node) || (bAhead && !isRunnableAhead(ahead.children.front())))
         return;
-    }
     if (bAhead) {
         m_ahead.emplace(ahead.children.front());
-        m_bAheadIsNegative = ahead.kind == PatternNode::NegativeLookahead;
+        m_bAheadIsNegative = ahead.kind == SPatternNode::NegativeLookahead;
     }
     m_automaton.emplace(direction == Backwards ? reversed(node) : node);
     m_bOnlyAtLineStart = beginsAtLineStart(node);
@@ -96,7 +92,7 @@ CAnchoredPattern::CAnchoredPattern(const QString &strPattern, Qt::CaseSensitivit
     findFirst(node);
 }
 
-void CAnchoredPattern::findFirst(const PatternNode &pattern)
+void CAnchoredPattern::findFirst(const SPatternNode &pattern)
 {
     const bool bOnlyAhead = m_ahead && !m_bAheadIsNegative && isEmptySequence(pattern);
     const CPatternAutomaton &automaton = bOnlyAhead ? *m_ahead : *m_automaton;
@@ -104,38 +100,33 @@ void CAnchoredPattern::findFirst(const PatternNode &pattern)
         m_arrFirst[n] = automaton.mayStartWith(int(n));
         m_first |= m_arrFirst[n];
     }
-    for (int n = 0; n < SymbolCount && m_first.count() == 1; ++n) {
+    for (int n = 0; n < SymbolCount && m_first.count() == 1; ++n)
         m_nOnlyStart = m_first[size_t(n)] ? n : m_nOnlyStart;
-    }
 }
 
 // A negative lookahead alone may have an empty match anywhere, which the second set does not say.
 SymbolSet CAnchoredPattern::mayStartWith(const SymbolSet &nextFirst) const
 {
-    if (!m_automaton || m_ahead) {
+    if (!m_automaton || m_ahead)
         return m_first;
-    }
     return m_automaton->mayHoldFirst() | (m_automaton->mayBeEmptyBefore() & nextFirst);
 }
 
 int CAnchoredPattern::endOfMatch(const CSymbolLine &line, int nStart)
 {
-    if (!isUsable()) {
+    if (!isUsable())
         return -1;
-    }
     if (m_bOneSymbol) {
         const size_t nSymbol = line.symbols()[nStart];
         const bool bHere = nSymbol != LineEndSymbol && m_first[nSymbol];
         return bHere && isFollowedRightly(line, nStart + 1) ? nStart + 1 : -1;
     }
-    if (!m_ahead) {
+    if (!m_ahead)
         return m_automaton->longestEnd(line, nStart);
-    }
     m_lstEnds.clear();
     findCandidates(line, nStart, &m_lstEnds);
-    while (!m_lstEnds.empty() && !isFollowedRightly(line, m_lstEnds.back())) {
+    while (!m_lstEnds.empty() && !isFollowedRightly(line, m_lstEnds.back()))
         m_lstEnds.pop_back();
-    }
     return m_lstEnds.empty() ? -1 : m_lstEnds.back();
 }
 
@@ -157,9 +148,8 @@ bool CAnchoredPattern::isFollowedRightly(const CSymbolLine &line, int nEnd)
 
 void CAnchoredPattern::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds)
 {
-    if (!isUsable()) {
+    if (!isUsable())
         return;
-    }
     const auto nBefore = std::ptrdiff_t(pEnds->size());
     m_automaton->findEnds(line, nStart, pEnds);
     const auto isWrong = [&](int nEnd) { return !isFollowedRightly(line, nEnd); };
@@ -168,5 +158,5 @@ void CAnchoredPattern::findEnds(const CSymbolLine &line, int nStart, std::vector
 
 bool CAnchoredPattern::matchesBefore(const CSymbolLine &line, int nEnd)
 {
-    return isUsable() && m_automaton->matchesBackwards(line, nEnd, nMaxLookBehind);
+    return isUsable() && m_automaton->matchesBackwards(line, nEnd, g_nMaxLookBehind);
 }

@@ -48,7 +48,7 @@ public:
     bool matchesBefore(const CSymbolLine &line, int nEnd);
 
 private:
-    void findFirst(const PatternNode &pattern);
+    void findFirst(const SPatternNode &pattern);
     bool isFollowedRightly(const CSymbolLine &line, int nEnd);
     void findCandidates(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int nStride = 16384; // characters between two questions whether to go on
+constexpr int g_nStride = 16384; // characters between two questions whether to go on
 
 } // namespace
 
@@ -26,9 +26,8 @@ void CCodeMatcher::addWord(const QString &strItem)
 
 void CCodeMatcher::addPattern(const QString &strPattern)
 {
-    if (CLinePattern(strPattern, m_sensitivity).isValid()) {
+    if (CLinePattern(strPattern, m_sensitivity).isValid())
         addPatternOf(HighlightRole::Keyword, m_nRules++, strPattern);
-    }
 }
 
 void CCodeMatcher::setNumbers(const QString &strPattern)
@@ -65,9 +64,8 @@ void CCodeMatcher::begin(int nFrom, int nTo) const
 // The rules are searched anew from where the walk goes on.
 void CCodeMatcher::forget(quint64 nRules) const
 {
-    for (quint64 nBits = m_nMoved & nRules; nBits != 0; nBits &= nBits - 1) {
+    for (quint64 nBits = m_nMoved & nRules; nBits != 0; nBits &= nBits - 1)
         m_arrNext[qCountTrailingZeroBits(nBits)] = 0;
-    }
     m_nMoved &= ~nRules;
     m_nEnded &= ~nRules;
 }
@@ -76,38 +74,31 @@ bool CCodeMatcher::lookThrough(int nFrom, int nTo, bool bKeywords,
                                const AbortCheck &isAborted) const
 {
     m_lstHits.clear();
-    for (int n = nFrom; n < nTo; n += nStride) {
-        if (isAborted && isAborted()) {
+    for (int n = nFrom; n < nTo; n += g_nStride) {
+        if (isAborted && isAborted())
             return false;
-        }
-        walk(n, std::min(nTo, n + nStride),
+        walk(n, std::min(nTo, n + g_nStride),
              m_nPossible & (bKeywords ? ~quint64(0) : ~m_nKeywordBits));
     }
-    if (!bKeywords) {
+    if (!bKeywords)
         return true;
-    }
-    if (!m_lstSlow.empty() && !searchSlowly(HighlightRole::Keyword, nFrom, nTo, isAborted)) {
+    if (!m_lstSlow.empty() && !searchSlowly(HighlightRole::Keyword, nFrom, nTo, isAborted))
         return false;
-    }
-    if (!m_lstHits.empty()) {
+    if (!m_lstHits.empty())
         addKeywords();
-    }
     forget(m_nKeywordBits);
     return true;
 }
 
-bool CCodeMatcher::finish(std::vector<HighlightRange> *pRanges, const AbortCheck &isAborted) const
+bool CCodeMatcher::finish(std::vector<SHighlightRange> *pRanges, const AbortCheck &isAborted) const
 {
     if (!m_lstSlow.empty()
         && (!searchSlowly(HighlightRole::Number, m_nFrom, m_nTo, isAborted)
-            || !searchSlowly(HighlightRole::Operator, m_nFrom, m_nTo, isAborted))) {
+            || !searchSlowly(HighlightRole::Operator, m_nFrom, m_nTo, isAborted)))
         return false;
-    }
-    for (const std::vector<HighlightRange> *pList :
-         {&m_lstNumbers, &m_lstOperators, &m_lstKeywords}) {
-        if (!pList->empty()) {
+    for (const std::vector<SHighlightRange> *pList :
+         {&m_lstNumbers, &m_lstOperators, &m_lstKeywords})
+        if (!pList->empty())
             pRanges->insert(pRanges->end(), pList->begin(), pList->end());
-        }
-    }
     return true;
 }

@@ -35,7 +35,7 @@ public:
     // keyword has to begin in its piece. False when isAborted, asked now and then, answered true.
     void begin(int nFrom, int nTo) const;
     bool lookThrough(int nFrom, int nTo, bool bKeywords, const AbortCheck &isAborted) const;
-    bool finish(std::vector<HighlightRange> *pRanges, const AbortCheck &isAborted) const;
+    bool finish(std::vector<SHighlightRange> *pRanges, const AbortCheck &isAborted) const;
 
 private:
     struct Pattern
@@ -110,8 +110,8 @@ private:
     mutable quint64 m_nEnded = 0; // rules that find nothing any more
     mutable quint64 m_nMoved = 0; // rules whose next match may not begin anywhere
     mutable std::array<int, BitCount> m_arrNext {}; // where the rule's next match may begin
-    mutable std::vector<HighlightRange> m_lstNumbers;
-    mutable std::vector<HighlightRange> m_lstOperators;
-    mutable std::vector<HighlightRange> m_lstKeywords;
-    mutable std::vector<KeywordHit> m_lstHits; // keywords of the piece under way
+    mutable std::vector<SHighlightRange> m_lstNumbers;
+    mutable std::vector<SHighlightRange> m_lstOperators;
+    mutable std::vector<SHighlightRange> m_lstKeywords;
+    mutable std::vector<SKeywordHit> m_lstHits; // keywords of the piece under way
 };

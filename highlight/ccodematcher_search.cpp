@@ -10,17 +10,14 @@ void CCodeMatcher::walk(int nFrom, int nTo, quint64 nLive) const
 {
     const uchar *const pSymbols = m_pLine->symbols();
     size_t nPlace = AtStart;
-    if (nFrom > 0) {
+    if (nFrom > 0)
         nPlace = arrWordSymbols[pSymbols[nFrom - 1]];
-    }
-    if (!(nLive & m_nBehindStart)) {
+    if (!(nLive & m_nBehindStart))
         nTo = nFrom == 0 ? std::min(nTo, 1) : nFrom;
-    }
     for (int n = nFrom; n < nTo; ++n) {
         const size_t nSymbol = pSymbols[n];
-        if (const quint64 nBits = m_arrStarts[nPlace][nSymbol] & nLive) {
+        if (const quint64 nBits = m_arrStarts[nPlace][nSymbol] & nLive)
             tryRules(nBits & ~m_nEnded, n);
-        }
         nPlace = arrWordSymbols[nSymbol]; // InWord is 1
     }
 }
@@ -30,9 +27,8 @@ void CCodeMatcher::tryRules(quint64 nBits, int nAt) const
     for (; nBits != 0; nBits &= nBits - 1) {
         const auto nBit = int(qCountTrailingZeroBits(nBits));
         int &nNext = m_arrNext[size_t(nBit)];
-        if (nAt < nNext) {
+        if (nAt < nNext)
             continue;
-        }
         if (nBit == WordBit) {
             m_table.findAt(*m_pLine, nAt, &m_lstHits);
         } else if (nBit == NumberBit || nBit == OperatorBit) {
@@ -67,9 +63,8 @@ void CCodeMatcher::tryPattern(int nBit, int nAt) const
         m_lstNext.assign(m_lstPatterns.size(), Next());
         return;
     }
-    if (nBehind < 0) {
+    if (nBehind < 0)
         return;
-    }
     if (nBehind == nAt) {
         m_nEnded |= bit(nBit); // A match of no length ends the search.
         return;
@@ -96,7 +91,7 @@ void CCodeMatcher::dropHits(const Pattern &pattern) const
         (pattern.role == HighlightRole::Number ? m_lstNumbers : m_lstOperators).clear();
         return;
     }
-    const auto isOfRule = [&pattern](const KeywordHit &hit) { return hit.nRule == pattern.nRule; };
+    const auto isOfRule = [&pattern](const SKeywordHit &hit) { return hit.nRule == pattern.nRule; };
     m_lstHits.erase(std::remove_if(m_lstHits.begin(), m_lstHits.end(), isOfRule), m_lstHits.end());
 }
 
@@ -104,12 +99,10 @@ bool CCodeMatcher::searchSlowly(HighlightRole role, int nFrom, int nTo,
                                 const AbortCheck &isAborted) const
 {
     for (const size_t n : m_lstSlow) {
-        if (m_lstPatterns[n].role != role) {
+        if (m_lstPatterns[n].role != role)
             continue;
-        }
-        if (isAborted && isAborted()) {
+        if (isAborted && isAborted())
             return false;
-        }
         dropHits(m_lstPatterns[n]);
         searchSlowly(n, nFrom, nTo);
     }
@@ -126,9 +119,8 @@ void CCodeMatcher::searchSlowly(size_t nPattern, int nFrom, int nTo) const
         next.nLength = pattern.pattern.matchedLength();
     };
     const bool bAhead = next.nStart < 0 || next.nStart >= nFrom;
-    if (next.nFrom < 0 || next.nFrom > nFrom || !bAhead) {
+    if (next.nFrom < 0 || next.nFrom > nFrom || !bAhead)
         search(nFrom);
-    }
     while (next.nStart >= 0 && next.nStart < nTo && next.nLength > 0) {
         take(pattern, next.nStart, next.nLength);
         const int nBehind = next.nStart + next.nLength;
@@ -139,16 +131,15 @@ void CCodeMatcher::searchSlowly(size_t nPattern, int nFrom, int nTo) const
 // By rule and then by position.
 void CCodeMatcher::addKeywords() const
 {
-    std::sort(m_lstHits.begin(), m_lstHits.end(), [](const KeywordHit &a, const KeywordHit &b) {
+    std::sort(m_lstHits.begin(), m_lstHits.end(), [](const SKeywordHit &a, const SKeywordHit &b) {
         return std::tie(a.nRule, a.nStart) < std::tie(b.nRule, b.nStart);
     });
-    const KeywordHit *pBefore = nullptr;
-    for (const KeywordHit &hit : m_lstHits) {
+    const SKeywordHit *pBefore = nullptr;
+    for (const SKeywordHit &hit : m_lstHits) {
         // A rule is searched on from the end of its last match.
         if (pBefore && pBefore->nRule == hit.nRule
-            && hit.nStart < pBefore->nStart + pBefore->nLength) {
+            && hit.nStart < pBefore->nStart + pBefore->nLength)
             continue;
-        }
         m_lstKeywords.push_back({hit.nStart, hit.nLength, HighlightRole::Keyword});
         pBefore = &hit;
     }

@@ -24,9 +24,8 @@ void CCodeMatcher::compile() const
         }
         m_nKeywordBits |= m_lstPatterns[size_t(n)].role == HighlightRole::Keyword ? bit(n) : 0;
     }
-    for (size_t n = 0; n < m_lstPatterns.size(); ++n) {
+    for (size_t n = 0; n < m_lstPatterns.size(); ++n)
         require(n);
-    }
     enterFixedRules();
 }
 
@@ -37,17 +36,15 @@ void CCodeMatcher::enterFixedRules() const
         const bool bNumber = !m_bOwnNumbers && mayStartNumber(nSymbol);
         const bool bOperator = !m_bOwnOperators && mayStartOperator(nSymbol);
         const quint64 nFixed = (bNumber ? bit(NumberBit) : 0) | (bOperator ? bit(OperatorBit) : 0);
-        for (auto &arrStarts : m_arrStarts) {
+        for (auto &arrStarts : m_arrStarts)
             arrStarts[size_t(nSymbol)] |= nFixed;
-        }
         const quint64 nWord = m_table.mayStartWith(nSymbol) ? bit(WordBit) : 0;
         m_arrStarts[Elsewhere][size_t(nSymbol)] |= nWord;
         m_arrStarts[AtStart][size_t(nSymbol)] |= nWord;
     }
     m_nBehindStart = 0;
-    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         m_nBehindStart |= m_arrStarts[Elsewhere][nSymbol] | m_arrStarts[InWord][nSymbol];
-    }
 }
 
 void CCodeMatcher::enter(int nBit,
@@ -75,9 +72,8 @@ void CCodeMatcher::require(size_t nPattern) const
             pMachine && (pMachine->isOnlyAtLineStart() || (pMachine->mayStartWith() & ~set).none());
         pattern.nRequired |= bKnown ? 0 : numberOf(set);
     }
-    if (!bRun || pattern.nRequired) {
+    if (!bRun || pattern.nRequired)
         m_lstAsked.push_back(nPattern);
-    }
 }
 
 // The bit of the set; none when there are too many, which only makes the answer less sharp.
@@ -86,13 +82,11 @@ quint64 CCodeMatcher::numberOf(const SymbolSet &set) const
     const auto it = std::find(m_lstSets.begin(), m_lstSets.end(), set);
     const auto n = int(it - m_lstSets.begin());
     if (it == m_lstSets.end()) {
-        if (n == 64) {
+        if (n == 64)
             return 0;
-        }
         m_lstSets.push_back(set);
-        for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+        for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
             m_arrSets[nSymbol] |= set[nSymbol] ? bit(n) : 0;
-        }
     }
     return bit(n);
 }
@@ -102,32 +96,28 @@ quint64 CCodeMatcher::requirementsIn(const CSymbolLine &line) const
     quint64 nSets = 0;
     if (!m_lstSets.empty()) {
         const uchar *const pSymbols = line.symbols();
-        for (int n = 0; n < line.size(); ++n) {
+        for (int n = 0; n < line.size(); ++n)
             nSets |= m_arrSets[pSymbols[n]];
-        }
     }
     return nSets;
 }
 
 void CCodeMatcher::setLine(const CSymbolLine *pLine) const
 {
-    if (!m_bCompiled) {
+    if (!m_bCompiled)
         compile();
-    }
     m_pLine = pLine;
     m_lstSlow.clear();
     m_nPossible = bit(NumberBit) | bit(OperatorBit) | bit(WordBit) | m_nRun;
     if (m_sensitivity == Qt::CaseInsensitive && pLine->hasFolding()) {
         m_nPossible &= ~m_nRun;
-        for (size_t n = 0; n < m_lstPatterns.size(); ++n) {
+        for (size_t n = 0; n < m_lstPatterns.size(); ++n)
             m_lstSlow.push_back(n);
-        }
     } else if (!m_lstAsked.empty()) {
         ask(*pLine);
     }
-    if (!m_lstSlow.empty()) {
+    if (!m_lstSlow.empty())
         m_lstNext.assign(m_lstPatterns.size(), Next());
-    }
 }
 
 // Leaves out the patterns that the line cannot hold.
@@ -136,10 +126,9 @@ void CCodeMatcher::ask(const CSymbolLine &line) const
     const quint64 nLacking = ~requirementsIn(line);
     for (const size_t n : m_lstAsked) {
         const bool bRun = n < nMaxPatterns && (m_nRun & bit(int(n)));
-        if (m_lstPatterns[n].nRequired & nLacking) {
+        if (m_lstPatterns[n].nRequired & nLacking)
             m_nPossible &= bRun ? ~bit(int(n)) : ~quint64(0);
-        } else if (!bRun) {
+        else if (!bRun)
             m_lstSlow.push_back(n);
-        }
     }
 }

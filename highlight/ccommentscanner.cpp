@@ -2,24 +2,23 @@
 
 namespace {
 
-using Line = HighlightLine;
+using Line = SHighlightLine;
 using Role = HighlightRole;
 
 // Appends a range, unless it is empty, and returns its end.
 int addRange(int nStart, int nEnd, Role role, Line *pLine)
 {
-    if (nEnd > nStart) {
+    if (nEnd > nStart)
         pLine->lstRanges.push_back({nStart, nEnd - nStart, role});
-    }
     return nEnd;
 }
 
 // Colours up to nEnd, or to the end of the line, which then stays open.
-int addOpenRange(int nStart, int nEnd, int nSize, Role role, HighlightState::Bit state, Line *pLine)
+int addOpenRange(int nStart, int nEnd, int nSize, Role role, SHighlightState::Bit state,
+                 Line *pLine)
 {
-    if (nEnd < 0) {
+    if (nEnd < 0)
         pLine->nState |= state;
-    }
     return addRange(nStart, nEnd < 0 ? nSize : nEnd, role, pLine);
 }
 
@@ -27,9 +26,8 @@ int addOpenRange(int nStart, int nEnd, int nSize, Role role, HighlightState::Bit
 bool continuesNextLine(const QString &strText)
 {
     int n = strText.size() - 1;
-    while (n >= 0 && strText.at(n) == QLatin1Char('s')) {
+    while (n >= 0 && strText.at(n) == QLatin1Char('s'))
         --n;
-    }
     return n >= 0 && strText.at(n) == QLatin1Char('\\');
 }
 
@@ -38,9 +36,8 @@ int endOfEscapedQuote(const QString &strText, int nFrom, QChar chQuote)
 {
     int n = nFrom;
     while (n + 1 < strText.size() && strText.at(n) == QLatin1Char('\\')
-           && strText.at(n + 1) == QLatin1Char('\\')) {
+           && strText.at(n + 1) == QLatin1Char('\\'))
         n += 2;
-    }
     return n < strText.size() && strText.at(n) == chQuote ? n + 1 : -1;
 }
 
@@ -58,12 +55,10 @@ int endOfQuoted(const QString &strText, int nFrom, QChar chQuote)
     for (int nQuote = strText.indexOf(chQuote, nFrom); nQuote >= 0;
          nQuote = strText.indexOf(chQuote, nQuote + 1)) {
         int n = nQuote;
-        while (n > nFrom && strText.at(n - 1) == QLatin1Char('\\')) {
+        while (n > nFrom && strText.at(n - 1) == QLatin1Char('\\'))
             --n;
-        }
-        if ((nQuote - n) % 2 == 0) {
+        if ((nQuote - n) % 2 == 0)
             return nQuote + 1;
-        }
     }
     return -1;
 }
@@ -117,23 +112,24 @@ int CCommentScanner::continueLineBefore(const CSymbolLine &line, int nPreviousSt
     const QString &strText = line.text();
     const int nOpen = qMax(0, nPreviousState);
     const int nSize = strText.size();
-    constexpr int nContinuedComment = HighlightState::SingleLineComment | HighlightState::Continued;
+    constexpr int nContinuedComment =
+        SHighlightState::SingleLineComment | SHighlightState::Continued;
     if ((nOpen & nContinuedComment) == nContinuedComment) {
         pLine->nState |= continuesNextLine(strText) ? nContinuedComment : 0;
         return addRange(0, nSize, Role::Comment, pLine);
     }
-    if (nOpen & HighlightState::MultiLineComment) {
+    if (nOpen & SHighlightState::MultiLineComment) {
         return addOpenRange(0, endOfComment(line, 0), nSize, Role::Comment,
-                            HighlightState::MultiLineComment, pLine);
+                            SHighlightState::MultiLineComment, pLine);
     }
-    if (nOpen & HighlightState::DoubleQuoted) {
+    if (nOpen & SHighlightState::DoubleQuoted) {
         return addOpenRange(0, endOfQuoted(strText, 0, QLatin1Char('"')), nSize, Role::String,
-                            HighlightState::DoubleQuoted, pLine);
+                            SHighlightState::DoubleQuoted, pLine);
     }
     // Nothing here opens a single-quoted string; a state that says so is honoured all the same.
-    if (nOpen & HighlightState::SingleQuoted) {
+    if (nOpen & SHighlightState::SingleQuoted) {
         return addOpenRange(0, endOfQuoted(strText, 0, QLatin1Char('\'')), nSize, Role::String,
-                            HighlightState::SingleQuoted, pLine);
+                            SHighlightState::SingleQuoted, pLine);
     }
     return 0;
 }
@@ -149,28 +145,28 @@ void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pL
     CNextStart nextQuote;
     int nAt = continueLineBefore(line, nPreviousState, pLine);
     while (nAt < nSize) {
-        const int nLine = nextLine.from(nAt, [&](int n) { return m_singleLine.indexIn(line, n); });
-        const int nMulti =
-            nextMulti.from(nAt, [&](int n) { return m_multiLineStart.indexIn(line, n); });
+        const int nLine = nextLine.from(
+            nAt, [&](int n) { return m_singleLine.indexIn(line, n); });
+        const int nMulti = nextMulti.from(
+            nAt, [&](int n) { return m_multiLineStart.indexIn(line, n); });
         const int nQuote =
             nextQuote.from(nAt, [&](int n) { return strText.indexOf(QLatin1Char('"'), n); });
         if (isBefore(nLine, nMulti) && isBefore(nLine, nQuote)) {
-            pLine->nState |= HighlightState::SingleLineComment
-                | (continuesNextLine(strText) ? int(HighlightState::Continued) : 0);
+            pLine->nState |= SHighlightState::SingleLineComment
+                | (continuesNextLine(strText) ? int(SHighlightState::Continued) : 0);
             nAt = addRange(nLine, nSize, Role::Comment, pLine);
         } else if (isBefore(nMulti, nLine) && isBefore(nMulti, nQuote)) {
             // The length of a match that was found earlier on is asked again.
             m_multiLineStart.indexIn(line, nMulti);
             const int nInside = nMulti + m_multiLineStart.matchedLength();
             const int nEnd = addOpenRange(nMulti, endOfComment(line, nInside), nSize, Role::Comment,
-                                          HighlightState::MultiLineComment, pLine);
-            if (nEnd == nAt) {
+                                          SHighlightState::MultiLineComment, pLine);
+            if (nEnd == nAt)
                 return; // patterns that match nothing lead nowhere
-            }
             nAt = nEnd;
         } else if (isBefore(nQuote, nLine) && isBefore(nQuote, nMulti)) {
             nAt = addOpenRange(nQuote, endOfQuoted(strText, nQuote + 1, QLatin1Char('"')), nSize,
-                               Role::String, HighlightState::DoubleQuoted, pLine);
+                               Role::String, SHighlightState::DoubleQuoted, pLine);
         } else {
             return;
         }

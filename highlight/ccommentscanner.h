@@ -12,11 +12,12 @@ public:
     void setMultiLine(const QString &strStart, const QString &strEnd);
 
     // Appends the ranges of comments and strings and sets the state bits that they leave.
-    void scan(const CSymbolLine &line, int nPreviousState, HighlightLine *pLine) const;
+    void scan(const CSymbolLine &line, int nPreviousState, SHighlightLine *pLine) const;
 
 private:
     // Both give the position behind the comment or string; endOfComment() -1 when it stays open.
-    int continueLineBefore(const CSymbolLine &line, int nPreviousState, HighlightLine *pLine) const;
+    int continueLineBefore(const CSymbolLine &line, int nPreviousState,
+                           SHighlightLine *pLine) const;
     int endOfComment(const CSymbolLine &line, int nFrom) const;
 
     CLinePattern m_singleLine;

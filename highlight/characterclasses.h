@@ -17,11 +17,9 @@ enum Flag : quint8 {
 
 constexpr bool isOneOf(char ch, const char *pszSet)
 {
-    for (; *pszSet; ++pszSet) {
-        if (*pszSet == ch) {
+    for (; *pszSet; ++pszSet)
+        if (*pszSet == ch)
             return true;
-        }
-    }
     return false;
 }
 
@@ -51,9 +49,8 @@ inline bool isAscii(QChar ch)
 
 inline bool is(QChar ch, Flag flag)
 {
-    if (isAscii(ch)) {
+    if (isAscii(ch))
         return arrAsciiFlags[ch.unicode()] & flag;
-    }
     switch (flag) {
     case Word:
         return ch.isLetterOrNumber() || ch.isMark();

@@ -42,9 +42,8 @@ QByteArray readXml(const QString &strPath)
 {
     QFile file(strPath);
     if (strPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)
-        || !mayBeXml(file.peek(1024))) {
+        || !mayBeXml(file.peek(1024)))
         return QByteArray();
-    }
     return file.readAll();
 }
 
@@ -60,9 +59,8 @@ QVariantList parseComments(const QDomNode &nodeComments)
     QVariantList lst;
     for (QDomNode node = nodeComments.firstChild(); !node.isNull(); node = node.nextSibling()) {
         QVariantMap mapComment;
-        for (const char *pszKey : {"name", "start", "end"}) {
+        for (const char *pszKey : {"name", "start", "end"})
             mapComment.insert(QLatin1String(pszKey), attribute(node, pszKey));
-        }
         lst.append(mapComment);
     }
     return lst;
@@ -86,9 +84,8 @@ QVariantMap parseGeneral(const QDomNode &nodeGeneral)
 QStringList parseItems(const QDomNode &nodeList)
 {
     QStringList lst;
-    for (QDomNode node = nodeList.firstChild(); !node.isNull(); node = node.nextSibling()) {
+    for (QDomNode node = nodeList.firstChild(); !node.isNull(); node = node.nextSibling())
         lst.append(node.toElement().text());
-    }
     return lst;
 }
 
@@ -113,9 +110,8 @@ QVariantMap parseHighlighting(const QDomNode &nodeHighlighting)
         } else if (hasName(node, "contexts")) {
             QVariantList lstContexts;
             for (QDomNode context = node.firstChild(); !context.isNull();
-                 context = context.nextSibling()) {
+                 context = context.nextSibling())
                 lstContexts.append(parseContext(context));
-            }
             map.insert(QStringLiteral("contexts"), lstContexts);
         }
     }
@@ -133,9 +129,8 @@ QVariantMap parseRegions(const QDomElement &element)
     }
     QVariantList lstChildren;
     for (QDomElement child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
+         child = child.nextSiblingElement())
         lstChildren.append(parseRegions(child));
-    }
     return QVariantMap {{QStringLiteral("tag"), element.tagName()},
                         {QStringLiteral("attributes"), mapAttributes},
                         {QStringLiteral("children"), lstChildren}};
@@ -148,27 +143,24 @@ void collectLanguages(const QVariantMap &mapElement, QStringList *pNames)
                                 .toMap()
                                 .value(QStringLiteral("language"))
                                 .toString();
-    if (!strName.isEmpty()) {
+    if (!strName.isEmpty())
         pNames->append(strName);
-    }
     const QVariantList lstChildren = mapElement.value(QStringLiteral("children")).toList();
-    for (const QVariant &child : lstChildren) {
+    for (const QVariant &child : lstChildren)
         collectLanguages(child.toMap(), pNames);
-    }
 }
 
 // What is kept of the definitions of a folder. Any thread.
-DefinitionRegistry scanFolder(const QDir &dir)
+SDefinitionRegistry scanFolder(const QDir &dir)
 {
-    DefinitionRegistry registry;
+    SDefinitionRegistry registry;
     const QFileInfoList lstFiles =
         dir.entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Readable, QDir::Name);
     for (const QFileInfo &info : lstFiles) {
         QDomDocument document;
         const QDomElement root = readRoot(readXml(info.absoluteFilePath()), &document);
-        if (root.isNull()) {
+        if (root.isNull())
             continue;
-        }
         const QStringList lstPatterns =
             attribute(root, "extensions").split(QLatin1Char(';'), Qt::KeepEmptyParts);
         const QString strBaseName = info.baseName();
@@ -227,12 +219,10 @@ QString CHighlightMgt::pathForFile(const QString &strFileName) const
     for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
         const QStringList lstPatterns = mapEntry.value(QStringLiteral("extension")).toStringList();
-        for (const QString &strPattern : lstPatterns) {
+        for (const QString &strPattern : lstPatterns)
             if (QRegExp(strPattern, Qt::CaseInsensitive, QRegExp::WildcardUnix)
-                    .exactMatch(strFileName)) {
+                    .exactMatch(strFileName))
                 return pathOf(entry);
-            }
-        }
     }
     return QString();
 }
@@ -241,9 +231,8 @@ QVariantMap CHighlightMgt::definitionForContent(const QString &strFileName,
                                                 const QStringList &lstFirstLines) const
 {
     QString strPath = pathForFile(strFileName);
-    if (strPath.isEmpty() && !strFileName.contains(QLatin1Char('.'))) {
+    if (strPath.isEmpty() && !strFileName.contains(QLatin1Char('.')))
         strPath = pathForFirstLines(lstFirstLines);
-    }
     return withEmbedded(parse(strPath));
 }
 
@@ -254,13 +243,11 @@ QString CHighlightMgt::pathForFirstLines(const QStringList &lstFirstLines) const
     const QMap<QString, QVariant> &mapTable = table();
     QString strKeyByPattern;
     for (auto it = m_registry.mapFirstLines.begin(); it != m_registry.mapFirstLines.end(); ++it) {
-        if (!strMode.isEmpty() && it->lstNames.contains(strMode, Qt::CaseInsensitive)) {
+        if (!strMode.isEmpty() && it->lstNames.contains(strMode, Qt::CaseInsensitive))
             return pathOf(mapTable.value(it.key()));
-        }
         if (strKeyByPattern.isEmpty() && !it->strPattern.isEmpty()
-            && QRegExp(it->strPattern, Qt::CaseInsensitive).indexIn(strFirst) == 0) {
+            && QRegExp(it->strPattern, Qt::CaseInsensitive).indexIn(strFirst) == 0)
             strKeyByPattern = it.key();
-        }
     }
     return pathOf(mapTable.value(strKeyByPattern));
 }
@@ -274,9 +261,8 @@ QString CHighlightMgt::pathForName(const QString &strName) const
 {
     for (const QVariant &entry : table()) {
         const QVariantMap mapEntry = entry.toMap();
-        if (mapEntry.value(QStringLiteral("name")).toString() == strName) {
+        if (mapEntry.value(QStringLiteral("name")).toString() == strName)
             return pathOf(entry);
-        }
     }
     return QString();
 }
@@ -296,9 +282,8 @@ QVariantMap CHighlightMgt::withEmbedded(QVariantMap mapDefinition) const
             collectLanguages(map.value(QStringLiteral("regions")).toMap(), &lstNames);
         }
     }
-    if (!mapEmbedded.isEmpty()) {
+    if (!mapEmbedded.isEmpty())
         mapDefinition.insert(QStringLiteral("embedded"), mapEmbedded);
-    }
     return mapDefinition;
 }
 
@@ -311,21 +296,18 @@ QVariantMap CHighlightMgt::parseBytes(const QByteArray &bytes)
 {
     QDomDocument document;
     const QDomElement root = readRoot(bytes, &document);
-    if (root.isNull()) {
+    if (root.isNull())
         return QVariantMap();
-    }
     QVariantMap map;
     map.insert(QStringLiteral("language"),
                QVariantMap {{QStringLiteral("name"), attribute(root, "name")},
                             {QStringLiteral("extensions"), attribute(root, "extensions")}});
-    for (QDomNode node = root.firstChild(); !node.isNull(); node = node.nextSibling()) {
-        if (hasName(node, "general")) {
+    for (QDomNode node = root.firstChild(); !node.isNull(); node = node.nextSibling())
+        if (hasName(node, "general"))
             map.insert(QStringLiteral("general"), parseGeneral(node));
-        } else if (hasName(node, "highlighting")) {
+        else if (hasName(node, "highlighting"))
             map.insert(QStringLiteral("highlighting"), parseHighlighting(node));
-        } else if (hasName(node, "regions")) {
+        else if (hasName(node, "regions"))
             map.insert(QStringLiteral("regions"), parseRegions(node.toElement()));
-        }
-    }
     return map;
 }

@@ -7,7 +7,7 @@
 #include <future>
 
 // What is kept of all definition files, under their base names.
-struct DefinitionRegistry
+struct SDefinitionRegistry
 {
     struct FirstLine
     {
@@ -62,6 +62,6 @@ private:
 
     // The program's own folder is read on a thread, while the program builds its window; the first
     // look at the table waits for it.
-    mutable std::future<DefinitionRegistry> m_scan;
-    mutable DefinitionRegistry m_registry;
+    mutable std::future<SDefinitionRegistry> m_scan;
+    mutable SDefinitionRegistry m_registry;
 };

@@ -7,18 +7,18 @@
 
 namespace {
 
-constexpr int nStateBits = 6;
+constexpr int g_nStateBits = 6;
 
 bool isInsideTag(int nState)
 {
-    return nState > 0 && (nState & HighlightState::InsideTag);
+    return nState > 0 && (nState & SHighlightState::InsideTag);
 }
 
 // What the fixed bits can say of an open region.
 int openBit(RegionRole role)
 {
-    return role == RegionRole::Comment ? int(HighlightState::MultiLineComment)
-        : role == RegionRole::String   ? int(HighlightState::DoubleQuoted)
+    return role == RegionRole::Comment ? int(SHighlightState::MultiLineComment)
+        : role == RegionRole::String   ? int(SHighlightState::DoubleQuoted)
                                        : 0;
 }
 
@@ -49,9 +49,8 @@ void CHighlightRules::readRegions(const QVariantMap &mapDefinition)
 
 const CLanguage &CHighlightRules::language(int nLanguage) const
 {
-    if (nLanguage == 0) {
+    if (nLanguage == 0)
         return m_own;
-    }
     std::optional<CLanguage> &language = m_lstEmbedded[size_t(nLanguage)];
     if (!language) {
         const QString strName = m_lstLanguages.at(nLanguage);
@@ -71,9 +70,8 @@ void CHighlightRules::readComments(const QVariantList &lstComments)
         const QString strName = mapComment.value(QStringLiteral("name")).toString().toLower();
         const QString strStart = mapComment.value(QStringLiteral("start")).toString();
         const QString strEnd = mapComment.value(QStringLiteral("end")).toString();
-        if (strStart.isEmpty()) {
+        if (strStart.isEmpty())
             continue;
-        }
         if (strName == QLatin1String("singleline")) {
             m_strSingleLine = strStart;
             m_comments.setSingleLine(strStart);
@@ -85,17 +83,15 @@ void CHighlightRules::readComments(const QVariantList &lstComments)
     }
 }
 
-bool CHighlightRules::highlight(const QString &strText, int nPreviousState, HighlightLine *pLine,
+bool CHighlightRules::highlight(const QString &strText, int nPreviousState, SHighlightLine *pLine,
                                 const AbortCheck &isAborted) const
 {
     pLine->lstRanges.clear();
     pLine->nState = 0;
-    if (isAborted && isAborted()) {
+    if (isAborted && isAborted())
         return false;
-    }
-    if (m_bRegions) {
+    if (m_bRegions)
         return highlightRegions(strText, nPreviousState, pLine, isAborted);
-    }
     if (strText.isEmpty()) {
         pLine->nState = qMax(0, nPreviousState);
         return true;
@@ -103,27 +99,26 @@ bool CHighlightRules::highlight(const QString &strText, int nPreviousState, High
     bool bInsideTag = isInsideTag(nPreviousState);
     m_line.assign(strText);
     m_own.setLine(&m_line);
-    if (!m_own.add(0, strText.size(), &bInsideTag, &pLine->lstRanges, isAborted)) {
+    if (!m_own.add(0, strText.size(), &bInsideTag, &pLine->lstRanges, isAborted))
         return false;
-    }
-    pLine->nState = bInsideTag ? int(HighlightState::InsideTag) : 0;
+    pLine->nState = bInsideTag ? int(SHighlightState::InsideTag) : 0;
     m_comments.scan(m_line, nPreviousState, pLine);
     return true;
 }
 
 bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousState,
-                                       HighlightLine *pLine, const AbortCheck &isAborted) const
+                                       SHighlightLine *pLine, const AbortCheck &isAborted) const
 {
     const CRegionScanner::Languages languages = [this](int nLanguage) -> const CRegionRules & {
         return language(nLanguage).regions();
     };
-    const int nBefore = nPreviousState < 0 ? 0 : nPreviousState >> nStateBits;
+    const int nBefore = nPreviousState < 0 ? 0 : nPreviousState >> g_nStateBits;
     if (strText.isEmpty() && nBefore == 0) {
         // Nothing ends where nothing is open.
-        pLine->nState = isInsideTag(nPreviousState) ? int(HighlightState::InsideTag) : 0;
+        pLine->nState = isInsideTag(nPreviousState) ? int(SHighlightState::InsideTag) : 0;
         return true;
     }
-    std::vector<RegionSpan> &lstSpans = m_lstSpans;
+    std::vector<SRegionSpan> &lstSpans = m_lstSpans;
     m_line.assign(strText);
     if (nBefore != m_nStack) {
         m_stack = m_states.stackOf(nBefore);
@@ -133,46 +128,42 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
     scanner.scan();
     if (scanner.hasChangedStack()) {
         m_nStack = m_states.numberOf(m_stack);
-        if (m_nStack == 0) {
+        if (m_nStack == 0)
             m_stack.clear(); // The table of stacks may be full.
-        }
     }
     bool bInsideTag = isInsideTag(nPreviousState);
     QVarLengthArray<bool, 32> lstDone(m_lstLanguages.size());
     std::fill(lstDone.begin(), lstDone.end(), false);
-    for (const RegionSpan &span : lstSpans) {
+    for (const SRegionSpan &span : lstSpans) {
         if (span.role == RegionRole::Code && !lstDone[span.nLanguage]) {
             lstDone[span.nLanguage] = true;
-            if (!addCode(lstSpans, span.nLanguage, &bInsideTag, pLine, isAborted)) {
+            if (!addCode(lstSpans, span.nLanguage, &bInsideTag, pLine, isAborted))
                 return false;
-            }
         }
     }
-    for (const RegionSpan &span : lstSpans) {
+    for (const SRegionSpan &span : lstSpans) {
         if (span.role == RegionRole::Comment || span.role == RegionRole::String) {
             const bool bComment = span.role == RegionRole::Comment;
             pLine->lstRanges.push_back({span.nStart, span.nEnd - span.nStart,
                                         bComment ? HighlightRole::Comment : HighlightRole::String});
         }
     }
-    pLine->nState = (m_nStack << nStateBits) | (bInsideTag ? int(HighlightState::InsideTag) : 0)
+    pLine->nState = (m_nStack << g_nStateBits) | (bInsideTag ? int(SHighlightState::InsideTag) : 0)
         | openBit(scanner.roleAtEnd());
     return true;
 }
 
 // The parts of one language, whose matches are found in one walk.
-bool CHighlightRules::addCode(const std::vector<RegionSpan> &lstSpans, int nLanguage,
-                              bool *pInsideTag, HighlightLine *pLine,
+bool CHighlightRules::addCode(const std::vector<SRegionSpan> &lstSpans, int nLanguage,
+                              bool *pInsideTag, SHighlightLine *pLine,
                               const AbortCheck &isAborted) const
 {
     const CLanguage &code = language(nLanguage);
     code.setLine(&m_line);
-    for (const RegionSpan &span : lstSpans) {
+    for (const SRegionSpan &span : lstSpans)
         if (span.role == RegionRole::Code && span.nLanguage == nLanguage
-            && !code.add(span.nStart, span.nEnd, pInsideTag, &pLine->lstRanges, isAborted)) {
+            && !code.add(span.nStart, span.nEnd, pInsideTag, &pLine->lstRanges, isAborted))
             return false;
-        }
-    }
     return true;
 }
 

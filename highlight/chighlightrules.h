@@ -31,7 +31,7 @@ public:
     const QString &multiLineCommentEnd() const { return m_strMultiLineEnd; }
 
     // Colours one line; false when it was abandoned, *pLine is then of no use.
-    bool highlight(const QString &strText, int nPreviousState, HighlightLine *pLine,
+    bool highlight(const QString &strText, int nPreviousState, SHighlightLine *pLine,
                    const AbortCheck &isAborted = AbortCheck()) const;
 
     static QTextCharFormat format(HighlightRole role);
@@ -41,10 +41,10 @@ private:
     void readRegions(const QVariantMap &mapDefinition);
     const CLanguage &language(int nLanguage) const;
 
-    bool highlightRegions(const QString &strText, int nPreviousState, HighlightLine *pLine,
+    bool highlightRegions(const QString &strText, int nPreviousState, SHighlightLine *pLine,
                           const AbortCheck &isAborted) const;
-    bool addCode(const std::vector<RegionSpan> &lstSpans, int nLanguage, bool *pInsideTag,
-                 HighlightLine *pLine, const AbortCheck &isAborted) const;
+    bool addCode(const std::vector<SRegionSpan> &lstSpans, int nLanguage, bool *pInsideTag,
+                 SHighlightLine *pLine, const AbortCheck &isAborted) const;
 
     QString m_strLanguage;
     QString m_strSingleLine;
@@ -65,5 +65,5 @@ private:
     mutable RegionStack m_stack;
     mutable int m_nStack = 0;
     mutable CSymbolLine m_line;
-    mutable std::vector<RegionSpan> m_lstSpans; // of the line under way; keeps its memory
+    mutable std::vector<SRegionSpan> m_lstSpans; // of the line under way; keeps its memory
 };

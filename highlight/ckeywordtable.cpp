@@ -12,9 +12,8 @@ namespace {
 int endOfWord(const QString &strText, int nFrom)
 {
     int n = nFrom;
-    while (n < strText.size() && is(strText.at(n), Word)) {
+    while (n < strText.size() && is(strText.at(n), Word))
         ++n;
-    }
     return n;
 }
 
@@ -38,24 +37,21 @@ bool CKeywordTable::add(const QString &strKeyword, int nRule)
         QString(strKeyword).replace(QLatin1Char('*'), QLatin1String("\\*")));
     const bool bAscii = std::all_of(strKeyword.begin(), strKeyword.end(), isAscii);
     const int nWordLength = endOfWord(strPlain, 0);
-    if (nWordLength == 0 || (m_sensitivity == Qt::CaseInsensitive && !bAscii)) {
+    if (nWordLength == 0 || (m_sensitivity == Qt::CaseInsensitive && !bAscii))
         return false;
-    }
     QString strFolded = strPlain;
     std::transform(strFolded.begin(), strFolded.end(), strFolded.begin(),
                    [this](QChar ch) { return folded(ch); });
     Entry entry {strFolded, {}, bAscii, nWordLength, nRule, 0, -1};
-    for (const QChar ch : strFolded) {
+    for (const QChar ch : strFolded)
         entry.lstSymbols.push_back(uchar(symbolOf(ch)));
-    }
     entry.nHash = hashOf(entry.lstSymbols.data(), nWordLength);
     m_arrLengths[entry.lstSymbols.front()] |= lengthBit(nWordLength);
     m_lstEntries.push_back(entry);
     if (m_lstBuckets.size() < 2 * m_lstEntries.size()) {
         m_lstBuckets.assign(4 * m_lstBuckets.size(), -1);
-        for (int n = 0; n < int(m_lstEntries.size()); ++n) {
+        for (int n = 0; n < int(m_lstEntries.size()); ++n)
             link(n);
-        }
     } else {
         link(int(m_lstEntries.size()) - 1);
     }
@@ -64,21 +60,18 @@ bool CKeywordTable::add(const QString &strKeyword, int nRule)
 
 QChar CKeywordTable::folded(QChar ch) const
 {
-    if (m_sensitivity == Qt::CaseSensitive) {
+    if (m_sensitivity == Qt::CaseSensitive)
         return ch;
-    }
-    if (isAscii(ch)) {
+    if (isAscii(ch))
         return ch >= QLatin1Char('A') && ch <= QLatin1Char('Z') ? QChar(ch.unicode() + 32) : ch;
-    }
     return ch.toLower();
 }
 
 uint CKeywordTable::hashOf(const uchar *pSymbols, int nLength)
 {
     uint nHash = 0;
-    for (int n = 0; n < nLength; ++n) {
+    for (int n = 0; n < nLength; ++n)
         nHash = nHash * 31 + pSymbols[n];
-    }
     return nHash ^ (nHash >> 7);
 }
 
@@ -92,15 +85,14 @@ void CKeywordTable::link(int nEntry)
 
 bool CKeywordTable::mayStartWith(int nSymbol) const
 {
-    if (nSymbol >= 128 && m_sensitivity == Qt::CaseInsensitive) {
+    if (nSymbol >= 128 && m_sensitivity == Qt::CaseInsensitive)
         return isWordSymbol(nSymbol); // It may be folded into ASCII.
-    }
     const bool bCapital = nSymbol >= 'A' && nSymbol <= 'Z';
     const bool bFold = bCapital && m_sensitivity == Qt::CaseInsensitive;
     return m_arrLengths[size_t(bFold ? nSymbol + 32 : nSymbol)] != 0;
 }
 
-void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<KeywordHit> *pHits) const
+void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<SKeywordHit> *pHits) const
 {
     const bool bFold = m_sensitivity == Qt::CaseInsensitive;
     if (bFold && line.hasFolding()) {
@@ -109,12 +101,10 @@ void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<Keyword
     }
     const uchar *const pSymbols = (bFold ? line.folded() : line.symbols()) + nAt;
     int nLength = 1;
-    while (arrWordSymbols[pSymbols[nLength]]) {
+    while (arrWordSymbols[pSymbols[nLength]])
         ++nLength;
-    }
-    if (!(m_arrLengths[pSymbols[0]] & lengthBit(nLength))) {
+    if (!(m_arrLengths[pSymbols[0]] & lengthBit(nLength)))
         return;
-    }
     const uint nHash = hashOf(pSymbols, nLength);
     const int nLeft = line.size() - nAt;
     for (int n = m_lstBuckets[nHash & (m_lstBuckets.size() - 1)]; n >= 0;) {
@@ -126,36 +116,30 @@ void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<Keyword
         if (entry.nHash == nHash && entry.nWordLength == nLength && nSize <= nLeft
             && memcmp(entry.lstSymbols.data(), pSymbols, size_t(nSize)) == 0
             && arrWordSymbols[pSymbols[nSize - 1]] != arrWordSymbols[pSymbols[nSize]]
-            && (entry.bAscii || isAt(entry, line.text(), nAt))) {
+            && (entry.bAscii || isAt(entry, line.text(), nAt)))
             pHits->push_back({entry.nRule, nAt, nSize});
-        }
     }
 }
 
 // In a line with letters that only folding makes equal to those of ASCII.
 void CKeywordTable::findFolding(const CSymbolLine &line, int nAt,
-                                std::vector<KeywordHit> *pHits) const
+                                std::vector<SKeywordHit> *pHits) const
 {
     const int nLength = endOfWord(line.text(), nAt) - nAt;
-    for (const Entry &entry : m_lstEntries) {
-        if (entry.nWordLength == nLength && isAt(entry, line.text(), nAt)) {
+    for (const Entry &entry : m_lstEntries)
+        if (entry.nWordLength == nLength && isAt(entry, line.text(), nAt))
             pHits->push_back({entry.nRule, nAt, entry.strKeyword.size()});
-        }
-    }
 }
 
 bool CKeywordTable::isAt(const Entry &entry, const QString &strText, int nAt) const
 {
     const int nLength = entry.strKeyword.size();
     const int nAfter = nAt + nLength;
-    if (nAfter > strText.size()) {
+    if (nAfter > strText.size())
         return false;
-    }
-    for (int n = 0; n < nLength; ++n) {
-        if (folded(strText.at(nAt + n)) != entry.strKeyword.at(n)) {
+    for (int n = 0; n < nLength; ++n)
+        if (folded(strText.at(nAt + n)) != entry.strKeyword.at(n))
             return false;
-        }
-    }
     const bool bWordBehind = nAfter < strText.size() && is(strText.at(nAfter), Word);
     return is(strText.at(nAfter - 1), Word) != bWordBehind;
 }

@@ -7,7 +7,7 @@
 #include <vector>
 
 // A match of the keyword rule with that number.
-struct KeywordHit
+struct SKeywordHit
 {
     int nRule;
     int nStart;
@@ -30,7 +30,7 @@ public:
     // Appends the keywords that begin with the word at nAt; a word has to begin there. Matches of
     // one rule may overlap only where a keyword repeats its own beginning, such as "a-a" in
     // "a-a-a".
-    void findAt(const CSymbolLine &line, int nAt, std::vector<KeywordHit> *pHits) const;
+    void findAt(const CSymbolLine &line, int nAt, std::vector<SKeywordHit> *pHits) const;
 
 private:
     struct Entry
@@ -47,7 +47,7 @@ private:
     QChar folded(QChar ch) const;
     static uint hashOf(const uchar *pSymbols, int nLength);
     void link(int nEntry);
-    void findFolding(const CSymbolLine &line, int nAt, std::vector<KeywordHit> *pHits) const;
+    void findFolding(const CSymbolLine &line, int nAt, std::vector<SKeywordHit> *pHits) const;
     bool isAt(const Entry &entry, const QString &strText, int nAt) const;
 
     Qt::CaseSensitivity m_sensitivity;

@@ -30,11 +30,10 @@ void CLanguage::readFixedRules(const QVariantList &lstElements)
                                        .toMap()
                                        .value(QStringLiteral("pattern"))
                                        .toString();
-        if (strTag == QLatin1String("numbers") && !std::exchange(bNumbers, true)) {
+        if (strTag == QLatin1String("numbers") && !std::exchange(bNumbers, true))
             m_code.setNumbers(strPattern);
-        } else if (strTag == QLatin1String("operators") && !std::exchange(bOperators, true)) {
+        else if (strTag == QLatin1String("operators") && !std::exchange(bOperators, true))
             m_code.setOperators(strPattern);
-        }
     }
 }
 
@@ -44,9 +43,8 @@ void CLanguage::readContexts(const QVariantList &lstContexts)
         const QVariantMap mapContext = context.toMap();
         const QString strName = mapContext.value(QStringLiteral("name")).toString();
         const bool bOpen = strName == QLatin1String("El Open");
-        if (!bOpen && strName != QLatin1String("El Close")) {
+        if (!bOpen && strName != QLatin1String("El Close"))
             continue;
-        }
         const QVariantList lstChildren = mapContext.value(QStringLiteral("children")).toList();
         for (const QVariant &child : lstChildren) {
             const QVariantMap mapChild = child.toMap();
@@ -56,9 +54,8 @@ void CLanguage::readContexts(const QVariantList &lstContexts)
             }
         }
     }
-    if (m_tagOpen.isEmpty() || m_tagClose.isEmpty()) {
+    if (m_tagOpen.isEmpty() || m_tagClose.isEmpty())
         m_tagOpen = m_tagClose = CLinePattern();
-    }
 }
 
 void CLanguage::readKeywords(const QVariantMap &mapHighlighting)
@@ -68,14 +65,12 @@ void CLanguage::readKeywords(const QVariantMap &mapHighlighting)
         const QStringList lstItems = it.value().toStringList();
         for (const QString &strRaw : lstItems) {
             const QString strItem = strRaw.trimmed();
-            if (strItem.isEmpty()) {
+            if (strItem.isEmpty())
                 continue;
-            }
-            if (bPatterns) {
+            if (bPatterns)
                 m_code.addPattern(strItem);
-            } else {
+            else
                 m_code.addWord(strItem);
-            }
         }
     }
 }
@@ -87,7 +82,7 @@ void CLanguage::setLine(const CSymbolLine *pLine) const
     m_code.setLine(pLine);
 }
 
-bool CLanguage::add(int nFrom, int nTo, bool *pInsideTag, std::vector<HighlightRange> *pRanges,
+bool CLanguage::add(int nFrom, int nTo, bool *pInsideTag, std::vector<SHighlightRange> *pRanges,
                     const AbortCheck &isAborted) const
 {
     m_code.begin(nFrom, nTo);
@@ -109,9 +104,8 @@ bool CLanguage::lookThroughTags(int nFrom, int nTo, bool *pInsideTag,
         const bool bOpen = nEnd < 0 || (!bToEnd && nEnd >= nTo);
         const int nBehind = bOpen ? nTo : std::min(nTo, nEnd + 1);
         if (!m_code.lookThrough(nAt, nStart, false, isAborted)
-            || !m_code.lookThrough(nStart, nBehind, true, isAborted)) {
+            || !m_code.lookThrough(nStart, nBehind, true, isAborted))
             return false;
-        }
         nAt = nBehind;
         if (bOpen) {
             *pInsideTag = true;

@@ -26,7 +26,7 @@ public:
     // *pInsideTag, whether a tag is open, counts in languages whose keywords stand in tags only.
     // False when isAborted, asked now and then, answered true.
     void setLine(const CSymbolLine *pLine) const;
-    bool add(int nFrom, int nTo, bool *pInsideTag, std::vector<HighlightRange> *pRanges,
+    bool add(int nFrom, int nTo, bool *pInsideTag, std::vector<SHighlightRange> *pRanges,
              const AbortCheck &isAborted) const;
 
 private:

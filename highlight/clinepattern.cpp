@@ -7,15 +7,12 @@ CLinePattern::CLinePattern(const QString &strPattern, Qt::CaseSensitivity sensit
     : m_bEmpty(strPattern.isEmpty()), m_sensitivity(sensitivity), m_rx(strPattern, sensitivity)
 {
     m_bValid = m_rx.isValid();
-    if (m_bEmpty || !m_bValid) {
+    if (m_bEmpty || !m_bValid)
         return;
-    }
-    if (const std::optional<PatternNode> node = readPattern(strPattern, sensitivity)) {
+    if (const std::optional<SPatternNode> node = readPattern(strPattern, sensitivity))
         m_required = RequiredCharacters(*node, sensitivity);
-    }
-    if (sensitivity == Qt::CaseSensitive) {
+    if (sensitivity == Qt::CaseSensitive)
         m_strPlain = plainText(strPattern);
-    }
 }
 
 QString CLinePattern::plainText(const QString &strPattern)
@@ -26,9 +23,8 @@ QString CLinePattern::plainText(const QString &strPattern)
         if (ch == QLatin1Char('\\')) {
             ++n;
             // A letter or digit behind the backslash has a meaning of its own.
-            if (n == strPattern.size() || strPattern.at(n).isLetterOrNumber()) {
+            if (n == strPattern.size() || strPattern.at(n).isLetterOrNumber())
                 return QString();
-            }
             ch = strPattern.at(n);
         } else if (QLatin1String("^$.[](){}*+?|").contains(ch)) {
             return QString();
@@ -44,29 +40,24 @@ CAnchoredPattern *CLinePattern::machineFor(const CSymbolLine &line) const
     Q_UNUSED(line)
     return nullptr;
 #else
-    if (m_bEmpty || !m_bValid || (m_sensitivity == Qt::CaseInsensitive && line.hasFolding())) {
+    if (m_bEmpty || !m_bValid || (m_sensitivity == Qt::CaseInsensitive && line.hasFolding()))
         return nullptr;
-    }
-    if (!m_machine) {
+    if (!m_machine)
         m_machine.emplace(m_rx.pattern(), m_sensitivity);
-    }
     return m_machine->isUsable() ? &*m_machine : nullptr;
 #endif
 }
 
 int CLinePattern::indexIn(const CSymbolLine &line, int nFrom) const
 {
-    if (m_bEmpty || !m_bValid) {
+    if (m_bEmpty || !m_bValid)
         return -1;
-    }
-    if (!m_strPlain.isEmpty()) {
+    if (!m_strPlain.isEmpty())
         return indexOfPlain(line, nFrom);
-    }
     if (CAnchoredPattern *const pMachine = machineFor(line)) {
         const int nStart = indexByAutomaton(pMachine, line, nFrom);
-        if (pMachine->isUsable()) {
+        if (pMachine->isUsable())
             return nStart;
-        }
     }
     const int nStart = m_rx.indexIn(line.text(), nFrom);
     m_nLength = m_rx.matchedLength();
@@ -85,9 +76,8 @@ int CLinePattern::indexOfPlain(const CSymbolLine &line, int nFrom) const
     }
     const QString &strText = line.text();
     int nAt = strText.indexOf(chFirst, nFrom);
-    while (nAt >= 0 && strText.midRef(nAt, m_nLength) != m_strPlain) {
+    while (nAt >= 0 && strText.midRef(nAt, m_nLength) != m_strPlain)
         nAt = strText.indexOf(chFirst, nAt + 1);
-    }
     return nAt;
 }
 

@@ -5,27 +5,26 @@
 
 namespace {
 
-constexpr int nLinesPerChunk = 256;
-constexpr int nMaxLinesPerChunk = 2 * nLinesPerChunk;
+constexpr int g_nLinesPerChunk = 256;
+constexpr int g_nMaxLinesPerChunk = 2 * g_nLinesPerChunk;
 // What the worker takes at a time: few enough for an edit to wait for copying them.
-constexpr int nLinesPerBatch = 32;
-constexpr int nCharsPerBatch = 16 * 1024;
+constexpr int g_nLinesPerBatch = 32;
+constexpr int g_nCharsPerBatch = 16 * 1024;
 
 } // namespace
 
-int CLineStore::Chunk::offset(int nLine) const
+int CLineStore::SChunk::offset(int nLine) const
 {
     int nOffset = 0;
-    for (int n = 0; n < nLine; ++n) {
+    for (int n = 0; n < nLine; ++n)
         nOffset += int(lst[n].nLength);
-    }
     return nOffset;
 }
 
-void CLineStore::Chunk::insert(int nLine, int nCount, const std::function<QString()> &nextLine)
+void CLineStore::SChunk::insert(int nLine, int nCount, const std::function<QString()> &nextLine)
 {
     QString strNew;
-    lst.insert(lst.begin() + nLine, nCount, Entry {0, 1, 1, -1});
+    lst.insert(lst.begin() + nLine, nCount, SEntry {0, 1, 1, -1});
     for (int n = nLine; n < nLine + nCount; ++n) {
         const QString strLine = nextLine();
         strNew += strLine;
@@ -36,7 +35,7 @@ void CLineStore::Chunk::insert(int nLine, int nCount, const std::function<QStrin
     nUnknown += nCount;
 }
 
-void CLineStore::Chunk::remove(int nLine, int nCount)
+void CLineStore::SChunk::remove(int nLine, int nCount)
 {
     const auto begin = lst.begin() + nLine;
     int nChars = 0;
@@ -49,13 +48,13 @@ void CLineStore::Chunk::remove(int nLine, int nCount)
     lst.erase(begin, begin + nCount);
 }
 
-void CLineStore::Chunk::setStale(int nLine, bool bStale)
+void CLineStore::SChunk::setStale(int nLine, bool bStale)
 {
     nStale += int(bStale) - int(lst[nLine].bStale);
     lst[nLine].bStale = bStale;
 }
 
-void CLineStore::Chunk::setUnknown(int nLine, bool bUnknown)
+void CLineStore::SChunk::setUnknown(int nLine, bool bUnknown)
 {
     nUnknown += int(bUnknown) - int(lst[nLine].bUnknown);
     lst[nLine].bUnknown = bUnknown;
@@ -64,7 +63,8 @@ void CLineStore::Chunk::setUnknown(int nLine, bool bUnknown)
 // A document without text has one empty line.
 CLineStore::CLineStore() : m_lstChunks(1), m_nCount(1)
 {
-    m_lstChunks.front().insert(0, 1, [] { return QString(); });
+    m_lstChunks.front().insert(
+        0, 1, [] { return QString(); });
 }
 
 int CLineStore::count() const
@@ -76,8 +76,8 @@ int CLineStore::count() const
 QString CLineStore::text(int nLine) const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    const Position at = locate(nLine);
-    const Chunk &chunk = m_lstChunks[at.nChunk];
+    const SPosition at = locate(nLine);
+    const SChunk &chunk = m_lstChunks[at.nChunk];
     return chunk.text.mid(chunk.offset(at.nLine), chunk.lst[at.nLine].nLength);
 }
 
@@ -87,11 +87,11 @@ void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QSt
     voidResultsUnderWay();
     // The line behind the edit was computed with this state; it stays valid if the state comes
     // again.
-    const Position last = locate(nFirst + nOld - 1);
+    const SPosition last = locate(nFirst + nOld - 1);
     const int nStateAtEnd = m_lstChunks[last.nChunk].lst[last.nLine].nState;
     insert(nFirst + nOld, nNew, nextLine);
     remove(nFirst, nOld);
-    const Position end = locate(nFirst + nNew - 1);
+    const SPosition end = locate(nFirst + nNew - 1);
     m_lstChunks[end.nChunk].lst[end.nLine].nState = nStateAtEnd;
     m_bEdited = true;
     m_nVersion.fetch_add(1, std::memory_order_release);
@@ -108,8 +108,8 @@ void CLineStore::touch()
 void CLineStore::markAllStale()
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    for (Chunk &chunk : m_lstChunks) {
-        for (Entry &entry : chunk.lst) {
+    for (SChunk &chunk : m_lstChunks) {
+        for (SEntry &entry : chunk.lst) {
             entry.bStale = true;
             entry.bUnknown = true;
         }
@@ -129,7 +129,7 @@ bool CLineStore::isComplete() const
     const std::lock_guard<std::mutex> locker(m_mutex);
     return m_arrUnderWay[InOrder].empty() && m_arrUnderWay[First].empty()
         && std::all_of(m_lstChunks.begin(), m_lstChunks.end(),
-                       [](const Chunk &chunk) { return chunk.nStale == 0; });
+                       [](const SChunk &chunk) { return chunk.nStale == 0; });
 }
 
 void CLineStore::confirm(uint nVersion, int nCount, Order order)
@@ -141,64 +141,60 @@ void CLineStore::confirm(uint nVersion, int nCount, Order order)
     }
 }
 
-bool CLineStore::isStale(const Entry &entry)
+bool CLineStore::isStale(const SEntry &entry)
 {
     return entry.bStale != 0;
 }
 
-bool CLineStore::isUnknown(const Entry &entry)
+bool CLineStore::isUnknown(const SEntry &entry)
 {
     return entry.bUnknown != 0;
 }
 
-bool CLineStore::isAny(const Entry &)
+bool CLineStore::isAny(const SEntry &)
 {
     return true;
 }
 
 // The first line from nFrom on and before nEnd that is wanted; nEnd if there is none. pCount is the
 // count of such lines that a chunk keeps.
-int CLineStore::nextIn(int nFrom, int nEnd, int Chunk::*pCount, Wanted isWanted) const
+int CLineStore::nextIn(int nFrom, int nEnd, int SChunk::*pCount, Wanted isWanted) const
 {
     int nLine = nFrom;
-    if (nLine >= nEnd) {
+    if (nLine >= nEnd)
         return nEnd;
-    }
-    for (Position at = locate(nLine); nLine < nEnd; at = {at.nChunk + 1, 0}) {
-        const Chunk &chunk = m_lstChunks[at.nChunk];
+    for (SPosition at = locate(nLine); nLine < nEnd; at = {at.nChunk + 1, 0}) {
+        const SChunk &chunk = m_lstChunks[at.nChunk];
         if (chunk.*pCount == 0) {
             nLine += int(chunk.lst.size()) - at.nLine;
             continue;
         }
-        for (; at.nLine < int(chunk.lst.size()) && nLine < nEnd; ++at.nLine, ++nLine) {
-            if (isWanted(chunk.lst[at.nLine])) {
+        for (; at.nLine < int(chunk.lst.size()) && nLine < nEnd; ++at.nLine, ++nLine)
+            if (isWanted(chunk.lst[at.nLine]))
                 return nLine;
-            }
-        }
     }
     return nEnd;
 }
 
 // Successive wanted lines of one chunk.
-CLineStore::Batch CLineStore::batchAt(int nLine, Wanted isWanted, int nEnd) const
+CLineStore::SBatch CLineStore::batchAt(int nLine, Wanted isWanted, int nEnd) const
 {
-    Batch batch;
+    SBatch batch;
     batch.nFirst = nLine;
     if (nLine > 0) {
-        const Position before = locate(nLine - 1);
+        const SPosition before = locate(nLine - 1);
         batch.nStateBefore = m_lstChunks[before.nChunk].lst[before.nLine].nState;
     }
-    const Position at = locate(nLine);
-    const Chunk &chunk = m_lstChunks[at.nChunk];
+    const SPosition at = locate(nLine);
+    const SChunk &chunk = m_lstChunks[at.nChunk];
     const int nLast =
-        std::min({int(chunk.lst.size()), at.nLine + nLinesPerBatch, at.nLine + nEnd - nLine});
+        std::min({int(chunk.lst.size()), at.nLine + g_nLinesPerBatch, at.nLine + nEnd - nLine});
     int nOffset = chunk.offset(at.nLine);
     int nChars = 0;
-    for (int n = at.nLine; n < nLast && nChars < nCharsPerBatch; ++n) {
-        const Entry &entry = chunk.lst[n];
-        if (!isWanted(entry)) {
+    for (int n = at.nLine; n < nLast && nChars < g_nCharsPerBatch; ++n) {
+        const SEntry &entry = chunk.lst[n];
+        if (!isWanted(entry))
             break;
-        }
         batch.lst.push_back({chunk.text.mid(nOffset, int(entry.nLength)), entry.nState,
                              entry.bStale != 0, entry.bUnknown != 0});
         nOffset += int(entry.nLength);
@@ -207,46 +203,40 @@ CLineStore::Batch CLineStore::batchAt(int nLine, Wanted isWanted, int nEnd) cons
     return batch;
 }
 
-CLineStore::Batch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) const
+CLineStore::SBatch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (nVersion != version() || nFrom >= m_nCount) {
-        return Batch();
-    }
-    if (!bOnlyStale) {
+    if (nVersion != version() || nFrom >= m_nCount)
+        return SBatch();
+    if (!bOnlyStale)
         return batchAt(nFrom, isAny, m_nCount);
-    }
-    const int nLine = nextIn(nFrom, m_nCount, &Chunk::nStale, isStale);
-    return nLine < m_nCount ? batchAt(nLine, isStale, m_nCount) : Batch();
+    const int nLine = nextIn(nFrom, m_nCount, &SChunk::nStale, isStale);
+    return nLine < m_nCount ? batchAt(nLine, isStale, m_nCount) : SBatch();
 }
 
-CLineStore::Batch CLineStore::fetchAmong(uint nVersion, int nFirst, int nLast) const
+CLineStore::SBatch CLineStore::fetchAmong(uint nVersion, int nFirst, int nLast) const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     const int nEnd = std::min(nLast + 1, m_nCount);
-    if (nVersion != version()) {
-        return Batch();
-    }
-    const int nLine = nextIn(std::max(nFirst, 0), nEnd, &Chunk::nStale, isStale);
-    if (nLine >= nEnd || nextIn(0, nLine, &Chunk::nUnknown, isUnknown) < nLine) {
-        return Batch();
-    }
+    if (nVersion != version())
+        return SBatch();
+    const int nLine = nextIn(std::max(nFirst, 0), nEnd, &SChunk::nStale, isStale);
+    if (nLine >= nEnd || nextIn(0, nLine, &SChunk::nUnknown, isUnknown) < nLine)
+        return SBatch();
     return batchAt(nLine, isStale, nEnd);
 }
 
-CLineStore::Batch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast) const
+CLineStore::SBatch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast) const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (nVersion != version()) {
-        return Batch();
-    }
+    if (nVersion != version())
+        return SBatch();
     const int nEnd = std::min(nLast + 1, m_nCount);
-    const int nStale = nextIn(std::max(nFirst, 0), nEnd, &Chunk::nStale, isStale);
-    if (nStale >= nEnd) {
-        return Batch();
-    }
-    const int nLine = nextIn(0, nStale, &Chunk::nUnknown, isUnknown);
-    return nLine < nStale ? batchAt(nLine, isUnknown, nStale) : Batch();
+    const int nStale = nextIn(std::max(nFirst, 0), nEnd, &SChunk::nStale, isStale);
+    if (nStale >= nEnd)
+        return SBatch();
+    const int nLine = nextIn(0, nStale, &SChunk::nUnknown, isUnknown);
+    return nLine < nStale ? batchAt(nLine, isUnknown, nStale) : SBatch();
 }
 
 bool CLineStore::isCurrent(uint nVersion, uint nGeneration) const
@@ -255,57 +245,53 @@ bool CLineStore::isCurrent(uint nVersion, uint nGeneration) const
 }
 
 // A line behind a state that changed has to be done again.
-void CLineStore::recordState(const Done &done)
+void CLineStore::recordState(const SDone &done)
 {
-    const Position at = locate(done.nLine);
-    Chunk &chunk = m_lstChunks[at.nChunk];
+    const SPosition at = locate(done.nLine);
+    SChunk &chunk = m_lstChunks[at.nChunk];
     const bool bChanged = chunk.lst[at.nLine].nState != done.nState;
     chunk.lst[at.nLine].nState = done.nState;
     chunk.setUnknown(at.nLine, false);
     if (bChanged && done.nLine + 1 < m_nCount) {
-        const Position next = locate(done.nLine + 1);
+        const SPosition next = locate(done.nLine + 1);
         m_lstChunks[next.nChunk].setStale(next.nLine, true);
         m_lstChunks[next.nChunk].setUnknown(next.nLine, true);
     }
 }
 
-bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone,
+bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone,
                         Order order)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (!isCurrent(nVersion, nGeneration)) {
+    if (!isCurrent(nVersion, nGeneration))
         return false;
-    }
-    for (const Done &done : lstDone) {
+    for (const SDone &done : lstDone) {
         recordState(done);
-        const Position at = locate(done.nLine);
+        const SPosition at = locate(done.nLine);
         m_lstChunks[at.nChunk].setStale(at.nLine, false);
         m_arrUnderWay[order].push_back(done.nLine);
     }
     return true;
 }
 
-bool CLineStore::commitStates(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone)
+bool CLineStore::commitStates(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (!isCurrent(nVersion, nGeneration)) {
+    if (!isCurrent(nVersion, nGeneration))
         return false;
-    }
-    for (const Done &done : lstDone) {
+    for (const SDone &done : lstDone)
         recordState(done);
-    }
     return true;
 }
 
 void CLineStore::finishPass(uint nVersion)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (nVersion == version()) {
+    if (nVersion == version())
         m_bEdited = false;
-    }
 }
 
-CLineStore::Position CLineStore::locate(int nLine) const
+CLineStore::SPosition CLineStore::locate(int nLine) const
 {
     while (nLine < m_nHintFirst) {
         --m_nHintChunk;
@@ -322,7 +308,7 @@ void CLineStore::voidResultsUnderWay()
 {
     for (std::deque<int> &lst : m_arrUnderWay) {
         for (const int nLine : lst) {
-            const Position at = locate(nLine);
+            const SPosition at = locate(nLine);
             m_lstChunks[at.nChunk].setStale(at.nLine, true);
         }
         lst.clear();
@@ -331,11 +317,11 @@ void CLineStore::voidResultsUnderWay()
 
 void CLineStore::remove(int nFirst, int nCount)
 {
-    const Position at = locate(nFirst);
+    const SPosition at = locate(nFirst);
     int nChunk = at.nChunk;
     int nLine = at.nLine;
     for (int nLeft = nCount; nLeft > 0; ++nChunk, nLine = 0) {
-        Chunk &chunk = m_lstChunks[nChunk];
+        SChunk &chunk = m_lstChunks[nChunk];
         const int nHere = std::min(nLeft, int(chunk.lst.size()) - nLine);
         chunk.remove(nLine, nHere);
         nLeft -= nHere;
@@ -344,24 +330,24 @@ void CLineStore::remove(int nFirst, int nCount)
     const auto begin = m_lstChunks.begin() + at.nChunk;
     const auto end = m_lstChunks.begin() + nChunk;
     m_lstChunks.erase(
-        std::remove_if(begin, end, [](const Chunk &chunk) { return chunk.lst.empty(); }), end);
+        std::remove_if(begin, end, [](const SChunk &chunk) { return chunk.lst.empty(); }), end);
     m_nHintChunk = m_nHintFirst = 0;
 }
 
 // Lines go behind an existing one, so that nFirst is at least 1.
 void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &nextLine)
 {
-    Position at = locate(nFirst - 1);
+    SPosition at = locate(nFirst - 1);
     ++at.nLine;
     m_nCount += nCount;
-    if (int(m_lstChunks[at.nChunk].lst.size()) + nCount <= nMaxLinesPerChunk) {
+    if (int(m_lstChunks[at.nChunk].lst.size()) + nCount <= g_nMaxLinesPerChunk) {
         m_lstChunks[at.nChunk].insert(at.nLine, nCount, nextLine);
         return;
     }
     splitBehind(at);
-    std::vector<Chunk> lstNew;
-    for (int n = 0; n < nCount; n += nLinesPerChunk) {
-        const int nHere = std::min(nLinesPerChunk, nCount - n);
+    std::vector<SChunk> lstNew;
+    for (int n = 0; n < nCount; n += g_nLinesPerChunk) {
+        const int nHere = std::min(g_nLinesPerChunk, nCount - n);
         lstNew.emplace_back();
         lstNew.back().lst.reserve(nHere);
         lstNew.back().insert(0, nHere, nextLine);
@@ -372,20 +358,19 @@ void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &
 }
 
 // Moves what is behind that place in its chunk to a chunk of its own.
-void CLineStore::splitBehind(const Position &at)
+void CLineStore::splitBehind(const SPosition &at)
 {
-    Chunk &chunk = m_lstChunks[at.nChunk];
+    SChunk &chunk = m_lstChunks[at.nChunk];
     const int nSize = int(chunk.lst.size());
-    if (at.nLine == nSize) {
+    if (at.nLine == nSize)
         return;
-    }
-    Chunk tail;
+    SChunk tail;
     tail.text = chunk.text.part(chunk.offset(at.nLine));
     tail.lst.assign(chunk.lst.begin() + at.nLine, chunk.lst.end());
-    tail.nStale = int(std::count_if(tail.lst.begin(), tail.lst.end(),
-                                    [](const Entry &entry) { return entry.bStale; }));
+    tail.nStale = int(std::count_if(
+        tail.lst.begin(), tail.lst.end(), [](const SEntry &entry) { return entry.bStale; }));
     tail.nUnknown = int(std::count_if(tail.lst.begin(), tail.lst.end(),
-                                      [](const Entry &entry) { return entry.bUnknown; }));
+                                      [](const SEntry &entry) { return entry.bUnknown; }));
     chunk.remove(at.nLine, nSize - at.nLine);
     m_lstChunks.insert(m_lstChunks.begin() + at.nChunk + 1, std::move(tail));
 }

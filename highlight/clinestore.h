@@ -25,7 +25,7 @@
 class CLineStore
 {
 public:
-    struct Line
+    struct SLine
     {
         QString strText;
         int nState; // at its end, as last computed; -1 when never
@@ -33,15 +33,15 @@ public:
         bool bUnknown;
     };
     // Successive lines, the text of each copied.
-    struct Batch
+    struct SBatch
     {
         int nFirst = 0;
         int nStateBefore = -1; // the state that the first line starts with
-        std::vector<Line> lst; // empty: there is nothing left, or the version is another one
+        std::vector<SLine> lst; // empty: there is nothing left, or the version is another one
     };
     // Results of lines that can be seen come before the others.
     enum Order { InOrder, First };
-    struct Done
+    struct SDone
     {
         int nLine;
         int nState;
@@ -71,26 +71,26 @@ public:
 
     // The next lines from nFrom on: those of the first group of stale ones, or without bOnlyStale
     // whatever comes next.
-    Batch fetch(uint nVersion, int nFrom, bool bOnlyStale) const;
+    SBatch fetch(uint nVersion, int nFrom, bool bOnlyStale) const;
     // The stale lines among those from nFirst to nLast, up to one batch. Empty when there is none,
     // or when the state that they begin with is not known yet.
-    Batch fetchAmong(uint nVersion, int nFirst, int nLast) const;
+    SBatch fetchAmong(uint nVersion, int nFirst, int nLast) const;
     // When fetchAmong() waits for the states in front of it: the next lines whose states are
     // unknown, up to one batch. Empty when it waits for nothing.
-    Batch fetchBefore(uint nVersion, int nFirst, int nLast) const;
+    SBatch fetchBefore(uint nVersion, int nFirst, int nLast) const;
     // Records new states; a line behind one whose state changed becomes stale. False, and nothing
     // is recorded, when the version or the generation is not the current one. The results are on
     // their way: in order, or before all others.
-    bool commit(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone,
+    bool commit(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone,
                 Order order = InOrder);
     // The same without results: the lines stay stale.
-    bool commitStates(uint nVersion, uint nGeneration, const std::vector<Done> &lstDone);
+    bool commitStates(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone);
     void finishPass(uint nVersion);
     // Grows with every markAllStale(): a result of older rules does not count.
     uint generation() const { return m_nGeneration.load(std::memory_order_acquire); }
 
 private:
-    struct Entry
+    struct SEntry
     {
         uint nLength : 30;
         uint bStale : 1;
@@ -98,10 +98,10 @@ private:
         int nState;
     };
     // A run of lines, their texts end to end.
-    struct Chunk
+    struct SChunk
     {
         CCompactText text;
-        std::vector<Entry> lst;
+        std::vector<SEntry> lst;
         int nStale = 0;
         int nUnknown = 0;
 
@@ -111,28 +111,28 @@ private:
         void setStale(int nLine, bool bStale);
         void setUnknown(int nLine, bool bUnknown);
     };
-    struct Position
+    struct SPosition
     {
         int nChunk = 0;
         int nLine = 0; // within the chunk
     };
 
-    Position locate(int nLine) const;
-    using Wanted = bool (*)(const Entry &);
-    static bool isStale(const Entry &entry);
-    static bool isUnknown(const Entry &entry);
-    static bool isAny(const Entry &entry);
-    Batch batchAt(int nLine, Wanted isWanted, int nEnd) const;
-    int nextIn(int nFrom, int nEnd, int Chunk::*pCount, Wanted isWanted) const;
+    SPosition locate(int nLine) const;
+    using Wanted = bool (*)(const SEntry &);
+    static bool isStale(const SEntry &entry);
+    static bool isUnknown(const SEntry &entry);
+    static bool isAny(const SEntry &entry);
+    SBatch batchAt(int nLine, Wanted isWanted, int nEnd) const;
+    int nextIn(int nFrom, int nEnd, int SChunk::*pCount, Wanted isWanted) const;
     bool isCurrent(uint nVersion, uint nGeneration) const;
-    void recordState(const Done &done);
+    void recordState(const SDone &done);
     void voidResultsUnderWay();
     void remove(int nFirst, int nCount);
     void insert(int nFirst, int nCount, const std::function<QString()> &nextLine);
-    void splitBehind(const Position &at);
+    void splitBehind(const SPosition &at);
 
     mutable std::mutex m_mutex;
-    std::vector<Chunk> m_lstChunks;
+    std::vector<SChunk> m_lstChunks;
     int m_nCount = 0;
     // Lines whose results were committed and not yet confirmed, for each order.
     std::deque<int> m_arrUnderWay[2];

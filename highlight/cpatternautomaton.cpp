@@ -4,9 +4,9 @@
 
 namespace {
 
-constexpr int nAccept = 0; // the first NFA state: a match ends here
-constexpr size_t nMaxNfa = 4000;
-constexpr size_t nMaxStates = 1000;
+constexpr int g_nAccept = 0; // the first NFA state: a match ends here
+constexpr size_t g_nMaxNfa = 4000;
+constexpr size_t g_nMaxStates = 1000;
 
 // What a step leads to: the next state, or -1 when no match can go on, and whether one ends here.
 constexpr int code(int nState, bool bEnds)
@@ -16,13 +16,12 @@ constexpr int code(int nState, bool bEnds)
 
 } // namespace
 
-CPatternAutomaton::CPatternAutomaton(const PatternNode &pattern)
+CPatternAutomaton::CPatternAutomaton(const SPatternNode &pattern)
 {
-    addNfa(PatternNode::Nothing, -1);
-    m_nStart = compile(pattern, nAccept);
-    if (!m_bUsable) {
+    addNfa(SPatternNode::Nothing, -1);
+    m_nStart = compile(pattern, g_nAccept);
+    if (!m_bUsable)
         return;
-    }
     classify();
     for (int nContext = 0; nContext < ContextCount; ++nContext) {
         const int nState = startState(nContext);
@@ -36,48 +35,44 @@ CPatternAutomaton::CPatternAutomaton(const PatternNode &pattern)
     }
 }
 
-int CPatternAutomaton::addNfa(PatternNode::Kind kind, int nOut, int nOther)
+int CPatternAutomaton::addNfa(SPatternNode::Kind kind, int nOut, int nOther)
 {
-    m_bUsable = m_bUsable && m_lstNfa.size() < nMaxNfa;
-    if (m_bUsable) {
+    m_bUsable = m_bUsable && m_lstNfa.size() < g_nMaxNfa;
+    if (m_bUsable)
         m_lstNfa.push_back({kind, SymbolSet(), nOut, nOther});
-    }
     return int(m_lstNfa.size()) - 1;
 }
 
 // Adds what matches the node and goes on with nNext; returns where it begins.
-int CPatternAutomaton::compile(const PatternNode &node, int nNext)
+int CPatternAutomaton::compile(const SPatternNode &node, int nNext)
 {
-    if (!m_bUsable) {
+    if (!m_bUsable)
         return nNext;
-    }
     int nStart = nNext;
     switch (node.kind) {
-    case PatternNode::Nothing:
+    case SPatternNode::Nothing:
         return nNext;
-    case PatternNode::Symbol:
+    case SPatternNode::Symbol:
         nStart = addNfa(node.kind, nNext);
         m_lstNfa[size_t(nStart)].set = node.set;
         return nStart;
-    case PatternNode::Sequence:
-        for (auto it = node.children.rbegin(); it != node.children.rend(); ++it) {
+    case SPatternNode::Sequence:
+        for (auto it = node.children.rbegin(); it != node.children.rend(); ++it)
             nStart = compile(*it, nStart);
-        }
         return nStart;
-    case PatternNode::Choice:
+    case SPatternNode::Choice:
         nStart = compile(node.children.front(), nNext);
-        for (size_t n = 1; n < node.children.size(); ++n) {
-            nStart = addNfa(PatternNode::Choice, compile(node.children[n], nNext), nStart);
-        }
+        for (size_t n = 1; n < node.children.size(); ++n)
+            nStart = addNfa(SPatternNode::Choice, compile(node.children[n], nNext), nStart);
         return nStart;
-    case PatternNode::Repeat:
+    case SPatternNode::Repeat:
         return compileRepeat(node, nNext);
-    case PatternNode::WordEdge:
-    case PatternNode::NoWordEdge:
+    case SPatternNode::WordEdge:
+    case SPatternNode::NoWordEdge:
         m_bUsesWords = true;
         return addNfa(node.kind, nNext);
-    case PatternNode::LineStart:
-    case PatternNode::LineEnd:
+    case SPatternNode::LineStart:
+    case SPatternNode::LineEnd:
         return addNfa(node.kind, nNext);
     default:
         m_bUsable = false;
@@ -85,21 +80,19 @@ int CPatternAutomaton::compile(const PatternNode &node, int nNext)
     }
 }
 
-int CPatternAutomaton::compileRepeat(const PatternNode &node, int nNext)
+int CPatternAutomaton::compileRepeat(const SPatternNode &node, int nNext)
 {
-    const PatternNode &child = node.children.front();
+    const SPatternNode &child = node.children.front();
     int nStart = nNext;
     if (node.nMax < 0) {
-        nStart = addNfa(PatternNode::Choice, nNext, nNext);
+        nStart = addNfa(SPatternNode::Choice, nNext, nNext);
         const int nBody = compile(child, nStart);
         m_lstNfa[size_t(nStart)].nOther = nBody;
     }
-    for (int n = node.nMin; n < node.nMax; ++n) {
-        nStart = addNfa(PatternNode::Choice, nNext, compile(child, nStart));
-    }
-    for (int n = 0; n < node.nMin; ++n) {
+    for (int n = node.nMin; n < node.nMax; ++n)
+        nStart = addNfa(SPatternNode::Choice, nNext, compile(child, nStart));
+    for (int n = 0; n < node.nMin; ++n)
         nStart = compile(child, nStart);
-    }
     return nStart;
 }
 
@@ -108,9 +101,8 @@ int CPatternAutomaton::compileRepeat(const PatternNode &node, int nNext)
 void CPatternAutomaton::classify()
 {
     int nClasses = 2;
-    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         m_arrClass[nSymbol] = arrWordSymbols[nSymbol];
-    }
     std::vector<SymbolSet> lstSets;
     for (const NfaState &nfa : m_lstNfa) {
         if (std::find(lstSets.begin(), lstSets.end(), nfa.set) == lstSets.end()) {
@@ -126,9 +118,8 @@ void CPatternAutomaton::classify()
 int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
 {
     std::array<bool, nWidth> arrOthers {}; // classes of which the set lacks a symbol
-    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         arrOthers[size_t(m_arrClass[nSymbol])] |= !set[nSymbol];
-    }
     std::array<int, nWidth> arrNew {}; // for each class the one of its part in the set
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
         int &nClass = m_arrClass[nSymbol];
@@ -142,16 +133,16 @@ int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
 }
 
 // Whether an anchor holds between what the context says and the symbol ahead.
-bool CPatternAutomaton::holds(PatternNode::Kind kind, int nContext, int nSymbol) const
+bool CPatternAutomaton::holds(SPatternNode::Kind kind, int nContext, int nSymbol) const
 {
     const bool bWordAhead = nSymbol != LineEndSymbol && isWordSymbol(nSymbol);
     const bool bEdge = bWordAhead != bool(nContext & BehindWord);
     switch (kind) {
-    case PatternNode::LineStart:
+    case SPatternNode::LineStart:
         return nContext & AtLineStart;
-    case PatternNode::LineEnd:
+    case SPatternNode::LineEnd:
         return nSymbol == LineEndSymbol;
-    case PatternNode::WordEdge:
+    case SPatternNode::WordEdge:
         return bEdge;
     default:
         return !bEdge;
@@ -165,7 +156,7 @@ int CPatternAutomaton::stateFor(std::vector<int> lstNfa, int nContext)
     if (bNew) {
         m_lstStates.push_back({it->first.first, nContext});
         m_lstSteps.resize(m_lstSteps.size() + nWidth, -1);
-        m_bUsable = m_bUsable && m_lstStates.size() < nMaxStates;
+        m_bUsable = m_bUsable && m_lstStates.size() < g_nMaxStates;
     }
     return it->second;
 }
@@ -180,20 +171,18 @@ int CPatternAutomaton::step(int nState, int nSymbol)
     while (!lstToDo.empty()) {
         const int n = lstToDo.back();
         lstToDo.pop_back();
-        if (lstSeen[size_t(n)]) {
+        if (lstSeen[size_t(n)])
             continue;
-        }
         lstSeen[size_t(n)] = true;
         const NfaState &nfa = m_lstNfa[size_t(n)];
-        if (n == nAccept) {
+        if (n == g_nAccept) {
             bEnds = true;
-        } else if (nfa.kind == PatternNode::Choice) {
+        } else if (nfa.kind == SPatternNode::Choice) {
             lstToDo.push_back(nfa.nOut);
             lstToDo.push_back(nfa.nOther);
-        } else if (nfa.kind == PatternNode::Symbol) {
-            if (nSymbol != LineEndSymbol && nfa.set[size_t(nSymbol)]) {
+        } else if (nfa.kind == SPatternNode::Symbol) {
+            if (nSymbol != LineEndSymbol && nfa.set[size_t(nSymbol)])
                 lstReached.push_back(nfa.nOut);
-            }
         } else if (holds(nfa.kind, nContext, nSymbol)) {
             lstToDo.push_back(nfa.nOut);
         }
@@ -217,8 +206,7 @@ int CPatternAutomaton::step(int nState, int nSymbol)
 int CPatternAutomaton::startState(int nContext)
 {
     int &nState = m_arrStartStates[nContext];
-    if (nState < 0) {
+    if (nState < 0)
         nState = stateFor({m_nStart}, nContext);
-    }
     return nState;
 }

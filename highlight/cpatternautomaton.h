@@ -17,7 +17,7 @@ public:
     enum Context { BehindWord = 1, AtLineStart = 2, ContextCount = 4 };
 
     // Of a pattern without lookaheads.
-    explicit CPatternAutomaton(const PatternNode &pattern);
+    explicit CPatternAutomaton(const SPatternNode &pattern);
 
     // Whether the machine stayed small enough; a search may find that it does not.
     bool isUsable() const { return m_bUsable; }
@@ -43,7 +43,7 @@ public:
 private:
     struct NfaState
     {
-        PatternNode::Kind
+        SPatternNode::Kind
             kind {}; // Nothing: go on in nOut, Choice: also in nOther; the rest as named
         SymbolSet set;
         int nOut = 0;
@@ -57,12 +57,12 @@ private:
     };
     static constexpr size_t nWidth = SymbolCount + 1; // of the table of steps
 
-    int addNfa(PatternNode::Kind kind, int nOut, int nOther = -1);
-    int compile(const PatternNode &node, int nNext);
-    int compileRepeat(const PatternNode &node, int nNext);
+    int addNfa(SPatternNode::Kind kind, int nOut, int nOther = -1);
+    int compile(const SPatternNode &node, int nNext);
+    int compileRepeat(const SPatternNode &node, int nNext);
     void classify();
     int divideClasses(const SymbolSet &set, int nClasses);
-    bool holds(PatternNode::Kind kind, int nContext, int nSymbol) const;
+    bool holds(SPatternNode::Kind kind, int nContext, int nSymbol) const;
     int stateFor(std::vector<int> lstNfa, int nContext);
     int step(int nState, int nSymbol);
     int startState(int nContext);

@@ -29,9 +29,8 @@ void CPatternAutomaton::run(int nState, SymbolAt symbolAt, OnEnd onEnd)
             nCode = step(nState, nSymbol);
             pSteps = m_lstSteps.data();
         }
-        if ((nCode & 1) && !onEnd(n)) {
+        if ((nCode & 1) && !onEnd(n))
             return;
-        }
         nState = (nCode >> 1) - 1;
     }
 }
@@ -47,10 +46,12 @@ void CPatternAutomaton::runForwards(const CSymbolLine &line, int nStart, OnEnd o
 
 void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds)
 {
-    runForwards(line, nStart, [pEnds](int nEnd) {
-        pEnds->push_back(nEnd);
-        return true;
-    });
+    runForwards(
+        line, nStart,
+        [pEnds](int nEnd) {
+            pEnds->push_back(nEnd);
+            return true;
+        });
 }
 
 void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds,
@@ -58,9 +59,8 @@ void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vecto
 {
     const uchar *const pSymbols = line.symbols();
     runForwards(line, nStart, [=, &before](int nEnd) {
-        if (pSymbols[nEnd] == LineEndSymbol || before[pSymbols[nEnd]]) {
+        if (pSymbols[nEnd] == LineEndSymbol || before[pSymbols[nEnd]])
             pEnds->push_back(nEnd);
-        }
         return true;
     });
 }
@@ -77,18 +77,15 @@ int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
             nCode = step(nState, pSymbols[n]);
             pSteps = stepsOf(nState);
         }
-        if (nCode & 1) {
+        if (nCode & 1)
             nLongest = n;
-        }
         const int nNext = (nCode >> 1) - 1;
-        if (nNext == nState) {
+        if (nNext == nState)
             continue;
-        }
         nState = nNext;
         pSteps = stepsOf(nState);
-        if (nState >= 0 && m_lstStates[size_t(nState)].nLoops == SymbolCount) {
+        if (nState >= 0 && m_lstStates[size_t(nState)].nLoops == SymbolCount)
             n = std::max(n, line.size() - 2); // The rest of the line belongs to the match.
-        }
     }
     return nLongest;
 }

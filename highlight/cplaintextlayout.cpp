@@ -27,13 +27,12 @@ void CPlainTextLayout::setFormats(const QTextBlock &block,
     m_nFormatsAt = block.position();
     document()->markContentsDirty(block.position(), block.length());
     m_nFormatsAt = -1;
-    if (!bLaidOut) {
+    if (!bLaidOut)
         emit update(g_nowhere);
-    } else if (blockBoundingRect(block).height() == dHeight) {
+    else if (blockBoundingRect(block).height() == dHeight)
         emit updateBlock(block);
-    } else {
+    else
         emit update();
-    }
 }
 
 // An edit that is under way has been noted, too, and then the extent is another one.
@@ -42,12 +41,10 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
     const bool bFormatsOnly = nFrom == m_nFormatsAt && nRemoved == nAdded
         && nAdded == document()->findBlock(nFrom).length();
     // A text set anew has no rows of the old one.
-    if (!bFormatsOnly && nFrom == 0 && nAdded >= document()->characterCount() - 1) {
+    if (!bFormatsOnly && nFrom == 0 && nAdded >= document()->characterCount() - 1)
         m_dWidestRow = 0;
-    }
-    if (!bFormatsOnly && !changeRows(nFrom, nRemoved + nAdded)) {
+    if (!bFormatsOnly && !changeRows(nFrom, nRemoved + nAdded))
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
-    }
     m_nBlocks = document()->blockCount();
 }
 
@@ -70,9 +67,8 @@ bool CPlainTextLayout::isInRows(const QTextBlock &block) const
 QRectF CPlainTextLayout::blockBoundingRect(const QTextBlock &block) const
 {
     // Qt may have laid it out as one row by itself.
-    if (block.isValid() && isInRows(block) && block.layout()->lineCount() < 2) {
+    if (block.isValid() && isInRows(block) && block.layout()->lineCount() < 2)
         const_cast<CPlainTextLayout *>(this)->layOutInRows(block);
-    }
     return QPlainTextDocumentLayout::blockBoundingRect(block);
 }
 
@@ -115,16 +111,14 @@ bool CPlainTextLayout::changeRows(int nFrom, int nChanged)
 {
     const QTextBlock block = document()->findBlock(nFrom);
     if (!isInRows(block) || document()->blockCount() != m_nBlocks
-        || block != document()->findBlock(qMax(nFrom, nFrom + nChanged - 1))) {
+        || block != document()->findBlock(qMax(nFrom, nFrom + nChanged - 1)))
         return false;
-    }
     const bool bLaidOut = block.layout()->lineCount() > 1;
     const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : -1;
     block.layout()->clearLayout();
-    if (blockBoundingRect(block).height() == dHeight) {
+    if (blockBoundingRect(block).height() == dHeight)
         emit updateBlock(block);
-    } else {
+    else
         emit update();
-    }
     return true;
 }

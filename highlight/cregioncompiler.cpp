@@ -29,16 +29,16 @@ RegionRole roleOf(const QVariantMap &mapElement)
                                              : RegionRole::Code;
 }
 
-RegionContext::Lines linesOf(const QVariantMap &mapElement, RegionRole role)
+SRegionContext::Lines linesOf(const QVariantMap &mapElement, RegionRole role)
 {
     const QString strLines = attribute(mapElement, "lines");
     const bool bText = role == RegionRole::Comment || role == RegionRole::String;
-    return strLines == QLatin1String("one")        ? RegionContext::One
-        : strLines == QLatin1String("many")        ? RegionContext::Many
-        : strLines == QLatin1String("backslash")   ? RegionContext::Backslash
-        : strLines == QLatin1String("indented")    ? RegionContext::Indented
-        : bText && !isTrue(mapElement, "nextline") ? RegionContext::One
-                                                   : RegionContext::Many;
+    return strLines == QLatin1String("one")        ? SRegionContext::One
+        : strLines == QLatin1String("many")        ? SRegionContext::Many
+        : strLines == QLatin1String("backslash")   ? SRegionContext::Backslash
+        : strLines == QLatin1String("indented")    ? SRegionContext::Indented
+        : bText && !isTrue(mapElement, "nextline") ? SRegionContext::One
+                                                   : SRegionContext::Many;
 }
 
 } // namespace
@@ -62,7 +62,7 @@ CAnchoredPattern CRegionCompiler::pattern(const QString &str) const
     return CAnchoredPattern(str, m_sensitivity);
 }
 
-int CRegionCompiler::addRule(const RegionRule &rule)
+int CRegionCompiler::addRule(const SRegionRule &rule)
 {
     m_lstRules.push_back(rule);
     return int(m_lstRules.size()) - 1;
@@ -82,9 +82,8 @@ std::vector<int> CRegionCompiler::compileChildren(const QVariantMap &mapElement)
             lstRules.push_back(compileToken(mapChild));
         } else if (strTag == QLatin1String("region")) {
             const int nRule = compileRegion(mapChild);
-            if (nRule >= 0) {
+            if (nRule >= 0)
                 lstRules.push_back(nRule);
-            }
         }
     }
     return lstRules;
@@ -92,7 +91,7 @@ std::vector<int> CRegionCompiler::compileChildren(const QVariantMap &mapElement)
 
 int CRegionCompiler::compileToken(const QVariantMap &mapElement)
 {
-    RegionRule rule;
+    SRegionRule rule;
     rule.bHasRole = hasAttribute(mapElement, "as");
     rule.role = roleOf(mapElement);
     rule.start = pattern(attribute(mapElement, "pattern"));
@@ -111,16 +110,13 @@ int CRegionCompiler::compileRegion(const QVariantMap &mapElement)
         const int nSecond = compileContext(mapElement);
         m_lstContexts[size_t(nContext)].nSecond = nSecond;
     }
-    if (hasAttribute(mapElement, "name")) {
+    if (hasAttribute(mapElement, "name"))
         m_mapNamed.insert(attribute(mapElement, "name"), nContext);
-    }
-    if (!hasAttribute(mapElement, "start") && !hasAttribute(mapElement, "key")) {
+    if (!hasAttribute(mapElement, "start") && !hasAttribute(mapElement, "key"))
         return -1;
-    }
     const int nRule = addBegin(mapElement, nContext);
-    if (isTrue(mapElement, "anywhere")) {
+    if (isTrue(mapElement, "anywhere"))
         m_lstAnywhere.push_back(nRule);
-    }
     return nRule;
 }
 
@@ -128,7 +124,7 @@ int CRegionCompiler::compileContext(const QVariantMap &mapElement)
 {
     const auto nContext = int(m_lstContexts.size());
     m_lstContexts.emplace_back();
-    RegionContext context;
+    SRegionContext context;
     context.role = roleOf(mapElement);
     context.lines = linesOf(mapElement, context.role);
     context.bFromNextLine = isTrue(mapElement, "nextline");
@@ -137,7 +133,7 @@ int CRegionCompiler::compileContext(const QVariantMap &mapElement)
     const QString strEnd = attribute(mapElement, "end");
     const QString strSkip = attribute(mapElement, "skip");
     if (!strSkip.isEmpty()) {
-        RegionRule skip;
+        SRegionRule skip;
         skip.start = pattern(strSkip);
         skip.bHasStart = true;
         context.lstRules.push_back(addRule(skip));
@@ -146,12 +142,12 @@ int CRegionCompiler::compileContext(const QVariantMap &mapElement)
         context.nEnd = addEnd(strEnd);
         context.lstRules.push_back(context.nEnd);
     } else if (!hasAttribute(mapElement, "lines")) {
-        context.lines = RegionContext::One;
+        context.lines = SRegionContext::One;
     }
     const bool bNestsByKey = strEnd.contains(QLatin1String("%2"));
     if (bNestsByKey || hasAttribute(mapElement, "nests")) {
-        RegionRule nest;
-        nest.kind = RegionRule::Nest;
+        SRegionRule nest;
+        nest.kind = SRegionRule::Nest;
         nest.nContext = nContext;
         nest.bHasKey = bNestsByKey;
         nest.bHasStart = !bNestsByKey;
@@ -170,8 +166,8 @@ int CRegionCompiler::compileContext(const QVariantMap &mapElement)
 // "%1" is the key, "%2" its partner when it is an opening bracket.
 int CRegionCompiler::addEnd(const QString &strEnd)
 {
-    RegionRule rule;
-    rule.kind = RegionRule::End;
+    SRegionRule rule;
+    rule.kind = SRegionRule::End;
     rule.bMirrored = strEnd.contains(QLatin1String("%2"));
     const int nKey = strEnd.indexOf(QLatin1String(rule.bMirrored ? "%2" : "%1"));
     rule.bHasKey = nKey >= 0;
@@ -186,8 +182,8 @@ int CRegionCompiler::addEnd(const QString &strEnd)
 
 int CRegionCompiler::addBegin(const QVariantMap &mapElement, int nContext)
 {
-    RegionRule rule;
-    rule.kind = RegionRule::Begin;
+    SRegionRule rule;
+    rule.kind = SRegionRule::Begin;
     rule.nContext = nContext;
     rule.bFromNextLine = isTrue(mapElement, "nextline");
     rule.start = pattern(attribute(mapElement, "start"));
@@ -205,7 +201,7 @@ int CRegionCompiler::addBegin(const QVariantMap &mapElement, int nContext)
 void CRegionCompiler::resolve()
 {
     for (const Reference &reference : m_lstReferences) {
-        RegionContext &context = m_lstContexts[size_t(reference.nContext)];
+        SRegionContext &context = m_lstContexts[size_t(reference.nContext)];
         context.nNext = m_mapNamed.value(reference.strNext, -1);
         for (const QString &strGroup : reference.lstGroups) {
             const std::vector<int> lst = m_mapGroups.value(strGroup);

@@ -13,8 +13,8 @@ public:
 
     void compile(const QVariantMap &mapRegions);
 
-    std::vector<RegionContext> m_lstContexts;
-    std::vector<RegionRule> m_lstRules;
+    std::vector<SRegionContext> m_lstContexts;
+    std::vector<SRegionRule> m_lstRules;
     std::vector<int> m_lstAnywhere;
 
 private:
@@ -33,7 +33,7 @@ private:
     int compileContext(const QVariantMap &mapElement);
     int addEnd(const QString &strEnd);
     int addBegin(const QVariantMap &mapElement, int nContext);
-    int addRule(const RegionRule &rule);
+    int addRule(const SRegionRule &rule);
     void resolve();
 
     const QStringList m_lstLanguages;

@@ -8,20 +8,18 @@ namespace {
 
 // What a match of the rule may begin with. What follows an empty start is looked at only where it
 // is a pattern of its own.
-SymbolSet symbolsOf(const RegionRule &rule)
+SymbolSet symbolsOf(const SRegionRule &rule)
 {
     const CAnchoredPattern &first = rule.bHasStart ? rule.start : rule.key;
     SymbolSet set = first.mayStartWith();
-    if (rule.kind == RegionRule::Begin && rule.bHasStart && rule.bHasKey) {
+    if (rule.kind == SRegionRule::Begin && rule.bHasStart && rule.bHasKey)
         set = rule.start.mayStartWith(rule.key.mayStartWith());
-    }
     const bool bKeyFirst = rule.bHasKey && !rule.bHasStart;
-    if (bKeyFirst && rule.kind == RegionRule::Nest) {
+    if (bKeyFirst && rule.kind == SRegionRule::Nest) {
         set.reset();
-        for (const char ch : {'(', '[', '{', '<'}) {
+        for (const char ch : {'(', '[', '{', '<'})
             set.set(uchar(ch));
-        }
-    } else if (bKeyFirst && rule.kind == RegionRule::End) {
+    } else if (bKeyFirst && rule.kind == SRegionRule::End) {
         set.set();
     }
     return set;
@@ -48,31 +46,27 @@ CRegionRules::CRegionRules(const QVariantMap &mapRegions, const QStringList &lst
 void CRegionRules::fillSymbols()
 {
     std::vector<SymbolSet> lstSymbols;
-    for (RegionRule &rule : m_lstRules) {
+    for (SRegionRule &rule : m_lstRules) {
         lstSymbols.push_back(symbolsOf(rule));
-        if (!rule.bHasStart || !rule.start.isOnlyAtLineStart()) {
+        if (!rule.bHasStart || !rule.start.isOnlyAtLineStart())
             rule.first = lstSymbols.back();
-        }
     }
-    for (RegionContext &context : m_lstContexts) {
+    for (SRegionContext &context : m_lstContexts) {
         context.lstRules.resize(std::min(context.lstRules.size(), nMaxRules));
         for (size_t nBit = 0; nBit < context.lstRules.size(); ++nBit) {
             const auto nRule = size_t(context.lstRules[nBit]);
-            const RegionRule &rule = m_lstRules[nRule];
+            const SRegionRule &rule = m_lstRules[nRule];
             for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
                 context.arrRules[nSymbol] |= quint64(rule.first[nSymbol]) << nBit;
                 context.arrRulesAtLineStart[nSymbol] |= quint64(lstSymbols[nRule][nSymbol]) << nBit;
             }
-            context.nRulesAtLineEnd |= quint64(rule.kind == RegionRule::End) << nBit;
+            context.nRulesAtLineEnd |= quint64(rule.kind == SRegionRule::End) << nBit;
         }
         context.arrRules[LineEndSymbol] = ~quint64(0);
-        for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
-            if (context.arrRules[size_t(nSymbol)]) {
+        for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
+            if (context.arrRules[size_t(nSymbol)])
                 context.nOnlyStart = ++context.nStarts == 1 ? nSymbol : -1;
-            }
-        }
     }
-    for (const int nRule : m_lstAnywhere) {
+    for (const int nRule : m_lstAnywhere)
         m_anywhere |= lstSymbols[size_t(nRule)];
-    }
 }

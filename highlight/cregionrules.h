@@ -11,7 +11,7 @@
 enum class RegionRole : quint8 { Code, Plain, Comment, String };
 
 // A place where a region begins or ends, or a text that is passed over as a whole.
-struct RegionRule
+struct SRegionRule
 {
     enum Kind { Token, Begin, Nest, End };
 
@@ -35,7 +35,7 @@ struct RegionRule
 };
 
 // What holds inside one region. Context 0 of a language is its text outside of all regions.
-struct RegionContext
+struct SRegionContext
 {
     enum Lines { One, Backslash, Many, Indented };
 
@@ -73,8 +73,8 @@ public:
 
     bool isEmpty() const { return m_lstContexts.empty(); }
     int contextCount() const { return int(m_lstContexts.size()); }
-    const RegionContext &context(int n) const { return m_lstContexts[size_t(n)]; }
-    RegionRule &rule(int n) const { return m_lstRules[size_t(n)]; }
+    const SRegionContext &context(int n) const { return m_lstContexts[size_t(n)]; }
+    SRegionRule &rule(int n) const { return m_lstRules[size_t(n)]; }
     // The language of the text outside of all regions, -1 when it is the own one.
     int baseLanguage() const { return m_nBaseLanguage; }
     // Rules that count in the base language and in all that it embeds.
@@ -84,8 +84,8 @@ public:
 private:
     void fillSymbols();
 
-    std::vector<RegionContext> m_lstContexts;
-    mutable std::vector<RegionRule> m_lstRules;
+    std::vector<SRegionContext> m_lstContexts;
+    mutable std::vector<SRegionRule> m_lstRules;
     std::vector<int> m_lstAnywhere;
     SymbolSet m_anywhere;
     int m_nBaseLanguage = -1;

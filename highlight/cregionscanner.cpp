@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr int nMaxInPlace = 50;
+constexpr int g_nMaxInPlace = 50;
 
 // Whether the region's end counts inside of what it holds.
-bool isFirm(const RegionFrame &frame, const RegionContext &context)
+bool isFirm(const SRegionFrame &frame, const SRegionContext &context)
 {
     return context.bFirm && context.nEnd >= 0 && !frame.bWaits;
 }
@@ -17,7 +17,7 @@ bool isFirm(const RegionFrame &frame, const RegionContext &context)
 } // namespace
 
 CRegionScanner::CRegionScanner(const CSymbolLine &line, RegionStack *pStack,
-                               const Languages &languages, std::vector<RegionSpan> *pSpans)
+                               const Languages &languages, std::vector<SRegionSpan> *pSpans)
     : m_line(line),
       m_strText(line.text()),
       m_stack(*pStack),
@@ -35,7 +35,7 @@ const QString &CRegionScanner::key() const
     return m_stack.empty() ? s_strNone : m_stack.back().strKey;
 }
 
-const RegionContext &CRegionScanner::contextOf(const RegionFrame &frame) const
+const SRegionContext &CRegionScanner::contextOf(const SRegionFrame &frame) const
 {
     return rulesOf(frame.nLanguage).context(frame.nContext);
 }
@@ -45,9 +45,8 @@ int CRegionScanner::indentationOf(const QString &strText)
 {
     int nColumns = 0;
     for (const QChar ch : strText) {
-        if (!ch.isSpace()) {
+        if (!ch.isSpace())
             return nColumns;
-        }
         nColumns = ch == QLatin1Char('\t') ? nColumns / 8 * 8 + 8 : nColumns + 1;
     }
     return -1;
@@ -75,7 +74,7 @@ void CRegionScanner::look()
     bool bOwn = false;
     for (size_t n = 0; n < m_stack.size(); ++n) {
         const CRegionRules &rules = rulesOf(m_stack[n].nLanguage);
-        const RegionContext &context = rules.context(m_stack[n].nContext);
+        const SRegionContext &context = rules.context(m_stack[n].nContext);
         if (n + 1 < m_stack.size() && isFirm(m_stack[n], context)) {
             m_bFirmBelow = true;
             m_overrides |= rules.rule(context.nEnd).first;
@@ -83,9 +82,8 @@ void CRegionScanner::look()
         bOwn = bOwn || m_stack[n].nLanguage == 0;
     }
     m_pAnywhere = !bOwn && bAnywhere ? &m_own : nullptr;
-    if (m_pAnywhere) {
+    if (m_pAnywhere)
         m_overrides |= m_own.symbolsAnywhere();
-    }
 }
 
 void CRegionScanner::scan()
@@ -95,7 +93,7 @@ void CRegionScanner::scan()
     const int nSize = m_strText.size();
     int nInPlace = 0; // regions that end and follow each other where they stand
     for (int n = nextCandidate(0); n <= nSize; n = nextCandidate(n)) {
-        if (nInPlace < nMaxInPlace && applyAt(n)) {
+        if (nInPlace < g_nMaxInPlace && applyAt(n)) {
             nInPlace = m_nAt == n ? nInPlace + 1 : 0;
             n = m_nAt;
         } else {
@@ -111,12 +109,10 @@ void CRegionScanner::scan()
 void CRegionScanner::dropDedented()
 {
     for (size_t n = 0; n < m_stack.size(); ++n) {
-        if (contextOf(m_stack[n]).lines != RegionContext::Indented) {
+        if (contextOf(m_stack[n]).lines != SRegionContext::Indented)
             continue;
-        }
-        if (m_nIndentation < 0) {
+        if (m_nIndentation < 0)
             m_nIndentation = indentationOf(m_strText);
-        }
         if (m_nIndentation >= 0 && m_nIndentation <= m_stack[n].strKey.toInt()) {
             m_stack.resize(n);
             m_bChanged = true;
@@ -133,33 +129,28 @@ int CRegionScanner::nextCandidate(int nFrom) const
     int n = nFrom;
     if (n == 0
         && (nSize == 0 || m_bFirmBelow || m_pAnywhere
-            || m_pContext->arrRulesAtLineStart[pSymbols[0]])) {
+            || m_pContext->arrRulesAtLineStart[pSymbols[0]]))
         return n;
-    }
     if (m_bFirmBelow || m_pAnywhere) {
-        while (n < nSize && !arrRules[pSymbols[n]] && !m_overrides[pSymbols[n]]) {
+        while (n < nSize && !arrRules[pSymbols[n]] && !m_overrides[pSymbols[n]])
             ++n;
-        }
         return n;
     }
-    if (m_pContext->nStarts == 0 || n >= nSize) {
+    if (m_pContext->nStarts == 0 || n >= nSize)
         return std::max(n, nSize);
-    }
     if (m_pContext->nOnlyStart >= 0) {
         const void *const pNext = memchr(pSymbols + n, m_pContext->nOnlyStart, size_t(nSize - n));
         return pNext ? int(static_cast<const uchar *>(pNext) - pSymbols) : nSize;
     }
-    while (!arrRules[pSymbols[n]]) {
+    while (!arrRules[pSymbols[n]])
         ++n; // up to the line's end
-    }
     return n;
 }
 
 bool CRegionScanner::applyAt(int nAt)
 {
-    if ((m_bFirmBelow || m_pAnywhere) && applyOverride(nAt)) {
+    if ((m_bFirmBelow || m_pAnywhere) && applyOverride(nAt))
         return true;
-    }
     quint64 nBits = m_pContext->nRulesAtLineEnd;
     if (nAt < m_strText.size()) {
         const auto nSymbol = size_t(m_line.symbols()[nAt]);
@@ -167,9 +158,8 @@ bool CRegionScanner::applyAt(int nAt)
     }
     for (; nBits != 0; nBits &= nBits - 1) {
         const auto n = size_t(qCountTrailingZeroBits(nBits));
-        if (apply(*m_pRules, m_pContext->lstRules[n], nAt)) {
+        if (apply(*m_pRules, m_pContext->lstRules[n], nAt))
             return true;
-        }
     }
     return false;
 }
@@ -179,47 +169,42 @@ bool CRegionScanner::applyAt(int nAt)
 bool CRegionScanner::applyOverride(int nAt)
 {
     for (size_t n = 0; n + 1 < m_stack.size() && m_bFirmBelow; ++n) {
-        const RegionFrame &frame = m_stack[n];
+        const SRegionFrame &frame = m_stack[n];
         const CRegionRules &rules = rulesOf(frame.nLanguage);
-        const RegionContext &context = rules.context(frame.nContext);
-        if (!isFirm(frame, context)) {
+        const SRegionContext &context = rules.context(frame.nContext);
+        if (!isFirm(frame, context))
             continue;
-        }
         const int nBehind = endOfEnd(rules.rule(context.nEnd), nAt, frame.strKey);
         if (nBehind >= 0) {
             end(n, nAt, nBehind);
             return true;
         }
     }
-    if (!m_pAnywhere || nAt == m_strText.size()) {
+    if (!m_pAnywhere || nAt == m_strText.size())
         return false;
-    }
     const CRegionRules &rules = *m_pAnywhere;
-    for (const int nRule : rules.rulesAnywhere()) {
-        if (begin(rules, rules.rule(nRule), 0, nAt)) {
+    for (const int nRule : rules.rulesAnywhere())
+        if (begin(rules, rules.rule(nRule), 0, nAt))
             return true;
-        }
-    }
     return false;
 }
 
 bool CRegionScanner::isContinued() const
 {
     int n = m_strText.size();
-    while (n > 0 && m_strText.at(n - 1) == QLatin1Char('\\')) {
+    while (n > 0 && m_strText.at(n - 1) == QLatin1Char('\\'))
         --n;
-    }
     return (m_strText.size() - n) % 2 == 1;
 }
 
 void CRegionScanner::endLine()
 {
-    if (m_stack.empty() && m_lstPending.empty()) {
+    if (m_stack.empty() && m_lstPending.empty())
         return;
-    }
     for (size_t n = 0; n < m_stack.size(); ++n) {
-        const RegionContext::Lines lines = contextOf(m_stack[n]).lines;
-        if (lines == RegionContext::One || (lines == RegionContext::Backslash && !isContinued())) {
+        const SRegionContext::Lines lines = contextOf(m_stack[n]).lines;
+        if (lines == SRegionContext::One
+            || (lines == SRegionContext::Backslash && !isContinued())) {
             m_stack.resize(n);
             m_bChanged = true;
         }
@@ -237,15 +222,13 @@ void CRegionScanner::endLine()
 // Ends the part under way before nTo.
 void CRegionScanner::flush(int nTo)
 {
-    if (nTo <= m_nFrom) {
+    if (nTo <= m_nFrom)
         return;
-    }
-    const RegionSpan span {m_nFrom, nTo, m_pContext->role, m_nLanguage};
+    const SRegionSpan span {m_nFrom, nTo, m_pContext->role, m_nLanguage};
     if (!m_lstSpans.empty() && m_lstSpans.back().role == span.role
-        && m_lstSpans.back().nLanguage == span.nLanguage) {
+        && m_lstSpans.back().nLanguage == span.nLanguage)
         m_lstSpans.back().nEnd = nTo;
-    } else {
+    else
         m_lstSpans.push_back(span);
-    }
     m_nFrom = nTo;
 }

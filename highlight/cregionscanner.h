@@ -8,7 +8,7 @@
 #include <vector>
 
 // A part of a line that is of one region or language.
-struct RegionSpan
+struct SRegionSpan
 {
     int nStart;
     int nEnd;
@@ -28,7 +28,7 @@ public:
     // *pStack is as the line before left it and becomes what this one leaves open. *pSpans is where
     // the parts go.
     CRegionScanner(const CSymbolLine &line, RegionStack *pStack, const Languages &languages,
-                   std::vector<RegionSpan> *pSpans);
+                   std::vector<SRegionSpan> *pSpans);
 
     // Finds the parts of the line, without a gap; those that are alike are one.
     void scan();
@@ -44,7 +44,7 @@ private:
     {
         return nLanguage == 0 ? m_own : m_languages(nLanguage);
     }
-    const RegionContext &contextOf(const RegionFrame &frame) const;
+    const SRegionContext &contextOf(const SRegionFrame &frame) const;
     void look();
 
     void dropDedented();
@@ -52,14 +52,14 @@ private:
     bool applyAt(int nAt);
     bool applyOverride(int nAt);
     bool apply(const CRegionRules &rules, int nRule, int nAt);
-    bool begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt);
-    void push(RegionFrame frame, int nAt, int nBehind);
+    bool begin(const CRegionRules &rules, SRegionRule &rule, int nLanguage, int nAt);
+    void push(SRegionFrame frame, int nAt, int nBehind);
     void end(size_t nDepth, int nAt, int nBehind);
     void endBelowWaiting(size_t nDepth, int nBehind);
-    void beginSecond(const RegionFrame &first, const RegionContext &context);
-    int endOfNest(RegionRule &rule, int nAt, QString *pKey);
-    int endOfBegin(RegionRule &rule, int nAt, QString *pKey);
-    int endOfEnd(RegionRule &rule, int nAt, const QString &strKey);
+    void beginSecond(const SRegionFrame &first, const SRegionContext &context);
+    int endOfNest(SRegionRule &rule, int nAt, QString *pKey);
+    int endOfBegin(SRegionRule &rule, int nAt, QString *pKey);
+    int endOfEnd(SRegionRule &rule, int nAt, const QString &strKey);
     bool isContinued() const;
     void endLine();
     void flush(int nTo);
@@ -71,14 +71,14 @@ private:
     const Languages &m_languages;
     const CRegionRules &m_own;
     RegionStack m_lstPending; // begin with the next line
-    std::vector<RegionSpan> &m_lstSpans;
+    std::vector<SRegionSpan> &m_lstSpans;
     std::vector<int> m_lstEnds;
     int m_nAt = 0; // where the search goes on
     int m_nFrom = 0; // where the part under way began
     int m_nIndentation = -1;
     // Of the innermost region.
     const CRegionRules *m_pRules = nullptr;
-    const RegionContext *m_pContext = nullptr;
+    const SRegionContext *m_pContext = nullptr;
     int m_nLanguage = 0;
     // Ends further out that count here, and starts that count anywhere.
     bool m_bFirmBelow = false;

@@ -3,8 +3,8 @@
 
 namespace {
 
-constexpr size_t nMaxDepth = 24;
-constexpr int nMaxKey = 250;
+constexpr size_t g_nMaxDepth = 24;
+constexpr int g_nMaxKey = 250;
 
 QString mirrored(const QString &strKey)
 {
@@ -17,22 +17,19 @@ QString mirrored(const QString &strKey)
 
 bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
 {
-    RegionRule &rule = rules.rule(nRule);
-    if (rule.kind == RegionRule::Begin || rule.kind == RegionRule::Nest) {
+    SRegionRule &rule = rules.rule(nRule);
+    if (rule.kind == SRegionRule::Begin || rule.kind == SRegionRule::Nest)
         return begin(rules, rule, m_nLanguage, nAt);
-    }
-    if (rule.kind == RegionRule::End) {
+    if (rule.kind == SRegionRule::End) {
         const int nBehind = endOfEnd(rule, nAt, key());
-        if (nBehind < 0) {
+        if (nBehind < 0)
             return false;
-        }
         end(m_stack.size() - 1, nAt, nBehind);
         return true;
     }
     const int nBehind = rule.start.endOfMatch(m_line, nAt);
-    if (nBehind <= nAt || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt))) {
+    if (nBehind <= nAt || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)))
         return false;
-    }
     if (rule.bHasRole) {
         flush(nAt);
         m_lstSpans.push_back({nAt, nBehind, rule.role, m_nLanguage});
@@ -42,19 +39,17 @@ bool CRegionScanner::apply(const CRegionRules &rules, int nRule, int nAt)
     return true;
 }
 
-bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLanguage, int nAt)
+bool CRegionScanner::begin(const CRegionRules &rules, SRegionRule &rule, int nLanguage, int nAt)
 {
     QString strKey;
-    const int nBehind = rule.kind == RegionRule::Nest ? endOfNest(rule, nAt, &strKey)
-                                                      : endOfBegin(rule, nAt, &strKey);
-    if (nBehind <= nAt || m_stack.size() + m_lstPending.size() >= nMaxDepth
-        || strKey.size() > nMaxKey) {
+    const int nBehind = rule.kind == SRegionRule::Nest ? endOfNest(rule, nAt, &strKey)
+                                                       : endOfBegin(rule, nAt, &strKey);
+    if (nBehind <= nAt || m_stack.size() + m_lstPending.size() >= g_nMaxDepth
+        || strKey.size() > g_nMaxKey)
         return false;
-    }
-    RegionFrame frame {nLanguage, rule.nContext, std::move(strKey), false};
-    if (rules.context(rule.nContext).lines == RegionContext::Indented) {
+    SRegionFrame frame {nLanguage, rule.nContext, std::move(strKey), false};
+    if (rules.context(rule.nContext).lines == SRegionContext::Indented)
         frame.strKey = QString::number(std::max(0, indentationOf(m_strText)));
-    }
     if (rule.bFromNextLine) {
         m_lstPending.push_back(std::move(frame));
         m_nAt = nBehind;
@@ -65,14 +60,14 @@ bool CRegionScanner::begin(const CRegionRules &rules, RegionRule &rule, int nLan
 }
 
 // The text from nAt to nBehind, which begins the region, belongs to it.
-void CRegionScanner::push(RegionFrame frame, int nAt, int nBehind)
+void CRegionScanner::push(SRegionFrame frame, int nAt, int nBehind)
 {
     flush(nAt);
     m_bChanged = true;
     m_stack.push_back(std::move(frame));
     look();
     m_nAt = nBehind;
-    if (m_pContext->nEmbedded >= 0 && m_stack.size() < nMaxDepth) {
+    if (m_pContext->nEmbedded >= 0 && m_stack.size() < g_nMaxDepth) {
         const int nEmbedded = m_pContext->nEmbedded;
         flush(nBehind);
         m_stack.push_back({nEmbedded, 0, QString(), false});
@@ -84,8 +79,8 @@ void CRegionScanner::push(RegionFrame frame, int nAt, int nBehind)
 void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
 {
     m_bChanged = true;
-    const RegionFrame frame = std::move(m_stack[nDepth]);
-    const RegionContext &context = contextOf(frame);
+    const SRegionFrame frame = std::move(m_stack[nDepth]);
+    const SRegionContext &context = contextOf(frame);
     flush(nAt);
     if (context.bFromNextLine) {
         endBelowWaiting(nDepth, nBehind);
@@ -97,25 +92,22 @@ void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
         flush(nBehind);
         m_stack.pop_back();
     }
-    if (!m_stack.empty()) {
+    if (!m_stack.empty())
         m_stack.back().bWaits = false;
-    }
     look();
     m_nAt = nBehind;
-    if (context.nSecond >= 0) {
+    if (context.nSecond >= 0)
         beginSecond(frame, context);
-    } else if (context.nNext >= 0) {
+    else if (context.nNext >= 0)
         push({frame.nLanguage, context.nNext, QString(), false}, nBehind, nBehind);
-    }
 }
 
 // An end that is not of its region is of what holds it, below the ones that wait.
 void CRegionScanner::endBelowWaiting(size_t nDepth, int nBehind)
 {
     size_t nKept = nDepth;
-    while (nKept > 0 && m_stack[nKept - 1].bWaits) {
+    while (nKept > 0 && m_stack[nKept - 1].bWaits)
         --nKept;
-    }
     const RegionStack waiting(m_stack.begin() + std::ptrdiff_t(nKept),
                               m_stack.begin() + std::ptrdiff_t(nDepth));
     m_stack.resize(nKept);
@@ -126,18 +118,16 @@ void CRegionScanner::endBelowWaiting(size_t nDepth, int nBehind)
 
 // The second half begins at once, or with a delimiter of its own when the first one was in
 // brackets.
-void CRegionScanner::beginSecond(const RegionFrame &first, const RegionContext &context)
+void CRegionScanner::beginSecond(const SRegionFrame &first, const SRegionContext &context)
 {
-    RegionFrame second {first.nLanguage, context.nSecond, first.strKey, false};
+    SRegionFrame second {first.nLanguage, context.nSecond, first.strKey, false};
     int nAt = m_nAt;
     int nBehind = nAt;
     if (mirrored(first.strKey) != first.strKey) {
-        while (nAt < m_strText.size() && m_strText.at(nAt).isSpace()) {
+        while (nAt < m_strText.size() && m_strText.at(nAt).isSpace())
             ++nAt;
-        }
-        if (nAt == m_strText.size() || m_strText.at(nAt).isLetterOrNumber()) {
+        if (nAt == m_strText.size() || m_strText.at(nAt).isLetterOrNumber())
             return;
-        }
         second.strKey = m_strText.mid(nAt, 1);
         nBehind = nAt + 1;
     }
@@ -145,21 +135,19 @@ void CRegionScanner::beginSecond(const RegionFrame &first, const RegionContext &
 }
 
 // A region of brackets nests in those of its key.
-int CRegionScanner::endOfNest(RegionRule &rule, int nAt, QString *pKey)
+int CRegionScanner::endOfNest(SRegionRule &rule, int nAt, QString *pKey)
 {
     *pKey = key();
-    if (!rule.bHasKey) {
+    if (!rule.bHasKey)
         return rule.start.endOfMatch(m_line, nAt);
-    }
     return mirrored(*pKey) != *pKey && m_strText.at(nAt) == pKey->at(0) ? nAt + 1 : -1;
 }
 
-int CRegionScanner::endOfBegin(RegionRule &rule, int nAt, QString *pKey)
+int CRegionScanner::endOfBegin(SRegionRule &rule, int nAt, QString *pKey)
 {
     int n = rule.bHasStart ? rule.start.endOfMatch(m_line, nAt) : nAt;
-    if (n < 0 || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt))) {
+    if (n < 0 || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)))
         return -1;
-    }
     if (rule.bHasKey) {
         const int nKey = n;
         n = rule.key.endOfMatch(m_line, nKey);
@@ -168,15 +156,13 @@ int CRegionScanner::endOfBegin(RegionRule &rule, int nAt, QString *pKey)
     return n >= 0 && rule.bHasThen ? rule.then.endOfMatch(m_line, n) : n;
 }
 
-int CRegionScanner::endOfEnd(RegionRule &rule, int nAt, const QString &strKey)
+int CRegionScanner::endOfEnd(SRegionRule &rule, int nAt, const QString &strKey)
 {
-    if (!rule.bHasKey) {
+    if (!rule.bHasKey)
         return rule.start.endOfMatch(m_line, nAt);
-    }
     if (!rule.bHasStart && !rule.bMirrored && !strKey.isEmpty()
-        && (nAt == m_strText.size() || m_strText.at(nAt) != strKey.at(0))) {
+        && (nAt == m_strText.size() || m_strText.at(nAt) != strKey.at(0)))
         return -1; // asked at each place of the region
-    }
     const QString strEnd = rule.bMirrored ? mirrored(strKey) : strKey;
     m_lstEnds.assign(1, nAt);
     if (rule.bHasStart) {
@@ -185,14 +171,12 @@ int CRegionScanner::endOfEnd(RegionRule &rule, int nAt, const QString &strKey)
     }
     for (; !m_lstEnds.empty(); m_lstEnds.pop_back()) {
         const int nKey = m_lstEnds.back();
-        if (m_strText.midRef(nKey, strEnd.size()) != strEnd) {
+        if (m_strText.midRef(nKey, strEnd.size()) != strEnd)
             continue;
-        }
         const int nBehind = nKey + strEnd.size();
         const int nEnd = rule.bHasThen ? rule.then.endOfMatch(m_line, nBehind) : nBehind;
-        if (nEnd >= 0) {
+        if (nEnd >= 0)
             return nEnd;
-        }
     }
     return -1;
 }

@@ -6,14 +6,15 @@
 
 namespace {
 
-constexpr size_t nUsualBound = 2048;
+constexpr size_t g_nUsualBound = 2048;
 constexpr std::chrono::milliseconds patience(20);
 
 } // namespace
 
-CResultQueue::CResultQueue() : m_nBound(nUsualBound) { }
+CResultQueue::CResultQueue() : m_nBound(g_nUsualBound) { }
 
-bool CResultQueue::push(std::vector<HighlightResult> &lst, const std::function<bool()> &isCancelled)
+bool CResultQueue::push(std::vector<SHighlightResult> &lst,
+                        const std::function<bool()> &isCancelled)
 {
     std::unique_lock<std::mutex> locker(m_mutex);
     while (m_lst.size() >= m_nBound && !isCancelled()) {
@@ -29,33 +30,34 @@ bool CResultQueue::push(std::vector<HighlightResult> &lst, const std::function<b
     return bWasEmpty;
 }
 
-void CResultQueue::pushFirst(std::vector<HighlightResult> &lst)
+void CResultQueue::pushFirst(std::vector<SHighlightResult> &lst)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    for (HighlightResult &waiting : m_lst) {
-        const bool bNewer = std::any_of(lst.begin(), lst.end(), [&](const HighlightResult &result) {
-            return result.nLine == waiting.nLine;
-        });
+    for (SHighlightResult &waiting : m_lst) {
+        const bool bNewer =
+            std::any_of(lst.begin(), lst.end(), [&](const SHighlightResult &result) {
+                return result.nLine == waiting.nLine;
+            });
         waiting.bSuperseded =
-            waiting.bSuperseded || (bNewer && waiting.kind == HighlightResult::Syntax);
+            waiting.bSuperseded || (bNewer && waiting.kind == SHighlightResult::Syntax);
     }
-    for (HighlightResult &result : lst) {
+    for (SHighlightResult &result : lst) {
         result.bFirst = true;
         m_lstFirst.push_back(std::move(result));
     }
 }
 
-std::vector<HighlightResult> CResultQueue::take(int nMax)
+std::vector<SHighlightResult> CResultQueue::take(int nMax)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    std::vector<HighlightResult> lst;
-    for (std::deque<HighlightResult> *pFrom : {&m_lstFirst, &m_lst}) {
+    std::vector<SHighlightResult> lst;
+    for (std::deque<SHighlightResult> *pFrom : {&m_lstFirst, &m_lst}) {
         const size_t nHere = std::min(pFrom->size(), size_t(nMax) - lst.size());
         const auto end = pFrom->begin() + std::ptrdiff_t(nHere);
         std::move(pFrom->begin(), end, std::back_inserter(lst));
         pFrom->erase(pFrom->begin(), end);
     }
-    m_nBound = nUsualBound;
+    m_nBound = g_nUsualBound;
     m_roomMade.notify_all();
     return lst;
 }

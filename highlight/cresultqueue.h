@@ -11,7 +11,7 @@
 #include <vector>
 
 // What the highlighter's thread found out about one line.
-struct HighlightResult
+struct SHighlightResult
 {
     enum Kind { Syntax, SelectedWord };
 
@@ -19,7 +19,7 @@ struct HighlightResult
     uint nVersion;
     int nLine;
     int nState; // the block's new user state; syntax results only
-    std::vector<HighlightRange> lstRanges; // syntax results only
+    std::vector<SHighlightRange> lstRanges; // syntax results only
     QList<QTextLayout::FormatRange> lstMarks; // of the selected word only
     bool bFirst = false; // see CResultQueue::pushFirst()
     bool bSuperseded = false; // there is a newer one of its line, which came first
@@ -35,12 +35,12 @@ public:
 
     // Worker: appends, after waiting for room. Waits no longer once isCancelled answers true; the
     // results go in all the same. True when the queue was empty.
-    bool push(std::vector<HighlightResult> &lst, const std::function<bool()> &isCancelled);
+    bool push(std::vector<SHighlightResult> &lst, const std::function<bool()> &isCancelled);
     // Worker: appends to what comes before all else, and does not wait. What older results the
     // lines have in the queue are superseded.
-    void pushFirst(std::vector<HighlightResult> &lst);
+    void pushFirst(std::vector<SHighlightResult> &lst);
     // GUI thread: what comes first, then the oldest results, at most nMax in all.
-    std::vector<HighlightResult> take(int nMax);
+    std::vector<SHighlightResult> take(int nMax);
     bool isEmpty() const;
     // Makes a waiting push() ask isCancelled again.
     void wake();
@@ -48,7 +48,7 @@ public:
 private:
     mutable std::mutex m_mutex;
     std::condition_variable m_roomMade;
-    std::deque<HighlightResult> m_lstFirst;
-    std::deque<HighlightResult> m_lst;
+    std::deque<SHighlightResult> m_lstFirst;
+    std::deque<SHighlightResult> m_lst;
     size_t m_nBound;
 };

@@ -15,13 +15,11 @@ bool CSelectedWord::findMarks(const QString &strLine, QList<QTextLayout::FormatR
 {
     pMarks->clear();
     for (int nAt = 0; !m_strWord.isEmpty();) {
-        if (isAborted()) {
+        if (isAborted())
             return false;
-        }
         nAt = m_rx.indexIn(strLine, nAt);
-        if (nAt < 0) {
+        if (nAt < 0)
             break;
-        }
         pMarks->append({nAt, m_strWord.size(), m_format});
         nAt += m_strWord.size();
     }

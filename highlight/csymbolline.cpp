@@ -6,9 +6,8 @@ void CSymbolLine::assign(const QString &strText)
     m_bFolding = false;
     m_bFolded = false;
     const auto nSize = size_t(strText.size());
-    if (m_lstSymbols.size() <= nSize) {
+    if (m_lstSymbols.size() <= nSize)
         m_lstSymbols.resize(nSize + 1);
-    }
     // The symbol of ASCII is the character itself. The compiler does many of them at once.
     const ushort *const pText = strText.utf16();
     uchar *const pSymbols = m_lstSymbols.data();
@@ -18,9 +17,8 @@ void CSymbolLine::assign(const QString &strText)
         pSymbols[n] = uchar(pText[n]);
     }
     pSymbols[nSize] = LineEndSymbol;
-    if (nAll >= 128) {
+    if (nAll >= 128)
         readOthers();
-    }
 }
 
 void CSymbolLine::readOthers()

@@ -12,27 +12,25 @@ namespace {
 
 // Asking that many blocks for their text costs more than copying it at once and looking for its
 // line ends.
-constexpr int nLinesToCopyAtOnce = 500;
+constexpr int g_nLinesToCopyAtOnce = 500;
 
 // What Qt's layout of one line can take without a pause that is felt: its time grows with the
 // length, and faster than the number of ranges.
-constexpr int nMaxColouredLength = 100000;
-constexpr int nMaxRanges = 8000;
+constexpr int g_nMaxColouredLength = 100000;
+constexpr int g_nMaxRanges = 8000;
 
 using Ranges = QVector<QTextLayout::FormatRange>;
 
 // The ranges that begin in the first part of a line, as far as that many can be shown.
 Ranges shownRanges(const Ranges &lst)
 {
-    if (lst.size() <= nMaxRanges) {
+    if (lst.size() <= g_nMaxRanges)
         return lst;
-    }
     std::vector<int> lstStarts;
-    for (const QTextLayout::FormatRange &range : lst) {
+    for (const QTextLayout::FormatRange &range : lst)
         lstStarts.push_back(range.start);
-    }
-    std::nth_element(lstStarts.begin(), lstStarts.begin() + nMaxRanges, lstStarts.end());
-    const int nLimit = lstStarts[nMaxRanges];
+    std::nth_element(lstStarts.begin(), lstStarts.begin() + g_nMaxRanges, lstStarts.end());
+    const int nLimit = lstStarts[g_nMaxRanges];
     Ranges lstShown;
     std::copy_if(lst.begin(), lst.end(), std::back_inserter(lstShown),
                  [nLimit](const QTextLayout::FormatRange &range) { return range.start < nLimit; });
@@ -58,9 +56,8 @@ Ranges withOthers(bool bMarks, const Ranges &lst, const Ranges &lstBefore)
     const auto isReplaced = [bMarks](const QTextLayout::FormatRange &range) {
         return isMark(range) == bMarks;
     };
-    if (std::all_of(lstBefore.begin(), lstBefore.end(), isReplaced)) {
+    if (std::all_of(lstBefore.begin(), lstBefore.end(), isReplaced))
         return lst;
-    }
     Ranges lstOthers;
     std::remove_copy_if(lstBefore.begin(), lstBefore.end(), std::back_inserter(lstOthers),
                         isReplaced);
@@ -110,7 +107,7 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
         nNew = blockCount();
         nOld = m_pLines->count();
     }
-    if (nNew > nLinesToCopyAtOnce) {
+    if (nNew > g_nLinesToCopyAtOnce) {
         const bool bAll = nNew > blockCount() / 2;
         const QString strText = bAll ? toRawText() : textOfLines(block, nNew);
         int nAt = bAll ? block.position() : 0;
@@ -150,17 +147,14 @@ void CTextDocument::setSyntaxRanges(uint nVer, const QTextBlock &block, const Ra
 void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb, const Ranges &lst)
 {
     QTextLayout *pLayout = nVer == version() && tb.isValid() ? tb.layout() : nullptr;
-    if (!pLayout) {
+    if (!pLayout)
         return;
-    }
     const Ranges lstBefore = pLayout->formats();
     Ranges lstRanges;
-    if (tb.length() <= nMaxColouredLength) {
+    if (tb.length() <= g_nMaxColouredLength)
         lstRanges = shownRanges(withOthers(kind == SelectedWordMark, lst, lstBefore));
-    }
-    if (lstRanges == lstBefore) {
+    if (lstRanges == lstBefore)
         return; // most blocks of a pass that marks a word
-    }
 
     ++m_nLook;
     m_pLayout->setFormats(tb, lstRanges);
@@ -168,11 +162,9 @@ void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb, co
 
 void CTextDocument::clearAdditionalFormats()
 {
-    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
-        if (QTextLayout *pLayout = block.layout()) {
+    for (QTextBlock block = begin(); block.isValid(); block = block.next())
+        if (QTextLayout *pLayout = block.layout())
             pLayout->clearFormats();
-        }
-    }
     ++m_nLook;
     markContentsDirty(0, characterCount());
     // No block has the ranges any more that an incremental pass would leave alone.

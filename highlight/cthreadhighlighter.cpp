@@ -16,9 +16,8 @@ CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
     m_timerEdit.setSingleShot(true);
     connect(&m_timerDeliver, &QTimer::timeout, this, &CThreadHighlighter::deliver);
     connect(&m_timerEdit, &QTimer::timeout, this, &CThreadHighlighter::onEditSettled);
-    if (!pDocument) {
+    if (!pDocument)
         return;
-    }
     connect(this, &CThreadHighlighter::blockFormatChanged, pDocument,
             &CTextDocument::onHighlightBlock);
     connect(this, &CThreadHighlighter::selectedChanged, pDocument,
@@ -49,9 +48,8 @@ void CThreadHighlighter::setSelectedWord(const QString &strWord)
     const QString strNew = strWord.trimmed().size() < 3 ? QString() : strWord;
     {
         const std::lock_guard<std::mutex> locker(m_mutex);
-        if (strNew == m_strWord) {
+        if (strNew == m_strWord)
             return;
-        }
         m_strWord = strNew;
         m_bSelectionWanted = true;
         m_bSelectionRestart = true;
@@ -90,25 +88,21 @@ void CThreadHighlighter::rehighlight()
 {
     const bool bByEdit = m_nRequestsToCome > 0;
     m_nRequestsToCome -= bByEdit;
-    if (!bByEdit && !m_pLines->isEdited()) {
+    if (!bByEdit && !m_pLines->isEdited())
         m_pLines->markAllStale();
-    }
-    if (!m_bPaused) {
+    if (!m_bPaused)
         startPass();
-    }
 }
 
 void CThreadHighlighter::setPaused(bool bPaused)
 {
-    if (bPaused == m_bPaused) {
+    if (bPaused == m_bPaused)
         return;
-    }
     m_bPaused = bPaused;
-    if (bPaused) {
+    if (bPaused)
         stopThread();
-    } else {
+    else
         startPass();
-    }
 }
 
 void CThreadHighlighter::startPass()
@@ -134,9 +128,8 @@ void CThreadHighlighter::startIfIdle()
 {
     {
         const std::lock_guard<std::mutex> locker(m_mutex);
-        if (m_bActive) {
+        if (m_bActive)
             return;
-        }
         m_bActive = true;
     }
     wait();
@@ -162,8 +155,7 @@ void CThreadHighlighter::onEditAnnounced()
 void CThreadHighlighter::onEditSettled()
 {
     m_nRequestsToCome = 0;
-    if (m_bUnannounced && m_bStop && !m_bStoppedBeforeEdit) {
+    if (m_bUnannounced && m_bStop && !m_bStoppedBeforeEdit)
         rehighlight();
-    }
     m_bUnannounced = false;
 }

@@ -79,16 +79,16 @@ private:
     void takeRules(Pass *pPass) const;
     bool isCutShort(const Pass &pass) const;
     bool processVisible(const Pass &pass);
-    bool processStates(const Pass &pass, const CLineStore::Batch &batch);
-    bool processBatch(const Pass &pass, const CLineStore::Batch &batch,
+    bool processStates(const Pass &pass, const CLineStore::SBatch &batch);
+    bool processBatch(const Pass &pass, const CLineStore::SBatch &batch,
                       CLineStore::Order order = CLineStore::InOrder);
     bool endPass(const Pass &pass);
-    void send(const Pass &pass, std::vector<HighlightResult> *pResults, CLineStore::Order order);
+    void send(const Pass &pass, std::vector<SHighlightResult> *pResults, CLineStore::Order order);
 
     // Results, GUI thread.
     void deliver();
-    void deliverSome(const std::vector<HighlightResult> &lst);
-    void deliverSyntax(const HighlightResult &result, const QTextBlock &block);
+    void deliverSome(const std::vector<SHighlightResult> &lst);
+    void deliverSyntax(const SHighlightResult &result, const QTextBlock &block);
     void repeatSelection();
 
     QPointer<CTextDocument> m_pDocument;

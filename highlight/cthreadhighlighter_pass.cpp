@@ -29,12 +29,10 @@ void CThreadHighlighter::beginPass(Pass *pPass)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     m_bActive = true;
-    if (m_bSyntaxRestart) {
+    if (m_bSyntaxRestart)
         m_bSyntaxWanted = true;
-    }
-    if (m_bSelectionRestart) {
+    if (m_bSelectionRestart)
         m_bSelectionWanted = true;
-    }
     pPass->nVersion = m_pLines->version();
     m_bSyntaxRestart = false;
     m_bSelectionRestart = false;
@@ -47,22 +45,19 @@ void CThreadHighlighter::runPass(Pass *pPass)
         // A restarted half of the pass would be abandoned line by line; the rest is not even read.
         pPass->bSyntax = m_bSyntaxWanted && !m_bSyntaxRestart;
         pPass->bSelection = m_bSelectionWanted && !m_bSelectionRestart;
-        if (!pPass->bSyntax && !pPass->bSelection) {
+        if (!pPass->bSyntax && !pPass->bSelection)
             return;
-        }
-        if (pPass->bSyntax && processVisible(*pPass)) {
+        if (pPass->bSyntax && processVisible(*pPass))
             continue;
-        }
-        const CLineStore::Batch batch = m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
+        const CLineStore::SBatch batch =
+            m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
         if (batch.lst.empty()) {
-            if (pPass->bSyntax) {
+            if (pPass->bSyntax)
                 m_pLines->finishPass(pPass->nVersion);
-            }
             return;
         }
-        if (processBatch(*pPass, batch)) {
+        if (processBatch(*pPass, batch))
             nLine = batch.nFirst + int(batch.lst.size());
-        }
     }
 }
 
@@ -75,9 +70,8 @@ void CThreadHighlighter::takeRules(Pass *pPass) const
     pPass->pRules = m_pRules;
     pPass->nFirstVisible = m_nFirstVisible;
     pPass->nLastVisible = m_nLastVisible;
-    if (pPass->word.text() != m_strWord) {
+    if (pPass->word.text() != m_strWord)
         pPass->word = CSelectedWord(m_strWord);
-    }
 }
 
 // Nothing of an old version can be applied any more; the edit that began the new one brings a
@@ -93,57 +87,54 @@ bool CThreadHighlighter::isCutShort(const Pass &pass) const
 // turn, since it is showing them that takes long. False when there is nothing to do for it.
 bool CThreadHighlighter::processVisible(const Pass &pass)
 {
-    if (pass.nLastVisible < pass.nFirstVisible) {
+    if (pass.nLastVisible < pass.nFirstVisible)
         return false;
-    }
-    const CLineStore::Batch visible =
+    const CLineStore::SBatch visible =
         m_pLines->fetchAmong(pass.nVersion, pass.nFirstVisible, pass.nLastVisible);
-    if (!visible.lst.empty()) {
+    if (!visible.lst.empty())
         return processBatch(pass, visible, CLineStore::First);
-    }
-    const CLineStore::Batch before =
+    const CLineStore::SBatch before =
         m_pLines->fetchBefore(pass.nVersion, pass.nFirstVisible, pass.nLastVisible);
     return !before.lst.empty() && processStates(pass, before);
 }
 
-bool CThreadHighlighter::processStates(const Pass &pass, const CLineStore::Batch &batch)
+bool CThreadHighlighter::processStates(const Pass &pass, const CLineStore::SBatch &batch)
 {
     const auto isAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
-    std::vector<CLineStore::Done> lstDone;
-    HighlightLine coloured;
+    std::vector<CLineStore::SDone> lstDone;
+    SHighlightLine coloured;
     int nLine = batch.nFirst;
     int nState = batch.nStateBefore;
-    for (const CLineStore::Line &line : batch.lst) {
-        if (!pass.pRules->highlight(line.strText, nState, &coloured, isAborted)) {
+    for (const CLineStore::SLine &line : batch.lst) {
+        if (!pass.pRules->highlight(line.strText, nState, &coloured, isAborted))
             break;
-        }
         nState = coloured.nState;
         lstDone.push_back({nLine++, nState});
     }
     return m_pLines->commitStates(pass.nVersion, pass.nGeneration, lstDone);
 }
 
-bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch &batch,
+bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::SBatch &batch,
                                       CLineStore::Order order)
 {
     const auto isSyntaxAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
     const auto isSelectionAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
-    std::vector<HighlightResult> lstResults;
-    std::vector<CLineStore::Done> lstDone;
-    HighlightLine coloured;
+    std::vector<SHighlightResult> lstResults;
+    std::vector<CLineStore::SDone> lstDone;
+    SHighlightLine coloured;
     int nState = batch.nStateBefore;
     bool bChanged = false; // the state in front of this line is not the one it was computed with
     bool bSyntax = pass.bSyntax;
     const bool bSelection = pass.bSelection && order == CLineStore::InOrder;
     int nLine = batch.nFirst;
-    for (const CLineStore::Line &line : batch.lst) {
+    for (const CLineStore::SLine &line : batch.lst) {
         if (bSyntax && (line.bStale || bChanged)) {
             bSyntax = pass.pRules->highlight(line.strText, nState, &coloured, isSyntaxAborted);
             if (bSyntax) {
                 bChanged = coloured.nState != line.nState;
                 nState = coloured.nState;
                 lstDone.push_back({nLine, nState});
-                lstResults.push_back({HighlightResult::Syntax,
+                lstResults.push_back({SHighlightResult::Syntax,
                                       pass.nVersion,
                                       nLine,
                                       nState,
@@ -157,13 +148,12 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::Batch 
         QList<QTextLayout::FormatRange> lstMarks;
         if (bSelection && pass.word.findMarks(line.strText, &lstMarks, isSelectionAborted)) {
             lstResults.push_back(
-                {HighlightResult::SelectedWord, pass.nVersion, nLine, 0, {}, lstMarks});
+                {SHighlightResult::SelectedWord, pass.nVersion, nLine, 0, {}, lstMarks});
         }
         ++nLine;
     }
-    if (!m_pLines->commit(pass.nVersion, pass.nGeneration, lstDone, order)) {
+    if (!m_pLines->commit(pass.nVersion, pass.nGeneration, lstDone, order))
         return false;
-    }
     send(pass, &lstResults, order);
     return true;
 }
@@ -186,15 +176,13 @@ bool CThreadHighlighter::endPass(const Pass &pass)
     return true;
 }
 
-void CThreadHighlighter::send(const Pass &pass, std::vector<HighlightResult> *pResults,
+void CThreadHighlighter::send(const Pass &pass, std::vector<SHighlightResult> *pResults,
                               CLineStore::Order order)
 {
-    if (order == CLineStore::First) {
+    if (order == CLineStore::First)
         m_queue.pushFirst(*pResults);
-    } else {
+    else
         m_queue.push(*pResults, [&] { return isCutShort(pass); });
-    }
-    if (!m_bDelivering.exchange(true)) {
+    if (!m_bDelivering.exchange(true))
         QMetaObject::invokeMethod(this, &CThreadHighlighter::deliver, Qt::QueuedConnection);
-    }
 }

@@ -7,10 +7,10 @@
 namespace {
 
 // Short enough for typing and painting in between.
-constexpr int nSliceMs = 8;
-constexpr int nResultsAtOnce = 64;
+constexpr int g_nSliceMs = 8;
+constexpr int g_nResultsAtOnce = 64;
 
-QVector<QTextLayout::FormatRange> toFormats(const std::vector<HighlightRange> &lst)
+QVector<QTextLayout::FormatRange> toFormats(const std::vector<SHighlightRange> &lst)
 {
     static const QTextCharFormat arrFormats[] = {
         CHighlightRules::format(HighlightRole::Keyword),
@@ -21,9 +21,8 @@ QVector<QTextLayout::FormatRange> toFormats(const std::vector<HighlightRange> &l
     };
     QVector<QTextLayout::FormatRange> lstResult;
     lstResult.reserve(int(lst.size()));
-    for (const HighlightRange &range : lst) {
+    for (const SHighlightRange &range : lst)
         lstResult.append({range.nStart, range.nLength, arrFormats[int(range.role)]});
-    }
     return lstResult;
 }
 
@@ -39,26 +38,24 @@ void CThreadHighlighter::deliver()
         m_bOthersListen =
             receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
             > 1;
-        while (!m_queue.isEmpty() && timer.elapsed() < nSliceMs) {
-            deliverSome(m_queue.take(nResultsAtOnce));
-        }
+        while (!m_queue.isEmpty() && timer.elapsed() < g_nSliceMs)
+            deliverSome(m_queue.take(g_nResultsAtOnce));
     }
     m_bDelivering = false;
-    if (m_pDocument && !m_queue.isEmpty() && !m_bDelivering.exchange(true)) {
+    if (m_pDocument && !m_queue.isEmpty() && !m_bDelivering.exchange(true))
         m_timerDeliver.start(0);
-    }
 }
 
-void CThreadHighlighter::deliverSome(const std::vector<HighlightResult> &lst)
+void CThreadHighlighter::deliverSome(const std::vector<SHighlightResult> &lst)
 {
     QTextBlock block;
     int nLine = -1;
     int arrDelivered[] = {0, 0};
     uint nVersion = m_pDocument->version();
     bool bMarksLost = false;
-    for (const HighlightResult &result : lst) {
+    for (const SHighlightResult &result : lst) {
         if (result.nVersion != m_pDocument->version()) {
-            bMarksLost = bMarksLost || result.kind == HighlightResult::SelectedWord;
+            bMarksLost = bMarksLost || result.kind == SHighlightResult::SelectedWord;
             continue;
         }
         if (result.nLine != nLine) {
@@ -67,35 +64,31 @@ void CThreadHighlighter::deliverSome(const std::vector<HighlightResult> &lst)
                 : m_pDocument->findBlockByNumber(result.nLine);
             nLine = result.nLine;
         }
-        if (result.kind == HighlightResult::Syntax) {
+        if (result.kind == SHighlightResult::Syntax) {
             ++arrDelivered[result.bFirst ? CLineStore::First : CLineStore::InOrder];
             deliverSyntax(result, block);
         } else {
             emit selectedChanged(result.nVersion, block, result.lstMarks);
         }
     }
-    for (const CLineStore::Order order : {CLineStore::InOrder, CLineStore::First}) {
+    for (const CLineStore::Order order : {CLineStore::InOrder, CLineStore::First})
         m_pLines->confirm(nVersion, arrDelivered[order], order);
-    }
-    if (bMarksLost) {
+    if (bMarksLost)
         repeatSelection();
-    }
 }
 
 // The document is told directly when it is the only one that listens: lists as the signal carries
 // them take several times as long, and there is one for each line.
-void CThreadHighlighter::deliverSyntax(const HighlightResult &result, const QTextBlock &block)
+void CThreadHighlighter::deliverSyntax(const SHighlightResult &result, const QTextBlock &block)
 {
-    if (result.bSuperseded) {
+    if (result.bSuperseded)
         return;
-    }
     QTextBlock(block).setUserState(result.nState);
     const QVector<QTextLayout::FormatRange> lst = toFormats(result.lstRanges);
-    if (m_bOthersListen) {
+    if (m_bOthersListen)
         emit blockFormatChanged(result.nVersion, block, lst.toList());
-    } else {
+    else
         m_pDocument->setSyntaxRanges(result.nVersion, block, lst);
-    }
 }
 
 // An edit made marks void that were on their way, and their pass is over.

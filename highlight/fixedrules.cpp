@@ -8,9 +8,8 @@ namespace {
 
 const QChar *skip(const QChar *pch, const QChar *pchEnd, Flag flag)
 {
-    while (pch < pchEnd && is(*pch, flag)) {
+    while (pch < pchEnd && is(*pch, flag))
         ++pch;
-    }
     return pch;
 }
 
@@ -31,18 +30,15 @@ const QChar *endOfNumber(const QChar *pch, const QChar *pchEnd)
     if (bHash || (*pch == QLatin1Char('0') && isEither(pch + 1, pchEnd, 'x', 'X'))) {
         const QChar *pchDigits = pch + (bHash ? 1 : 2);
         const QChar *pchAfter = skip(pchDigits, pchEnd, HexDigit);
-        if (pchAfter > pchDigits || bHash) {
+        if (pchAfter > pchDigits || bHash)
             return pchAfter > pchDigits ? pchAfter : pch;
-        }
     }
     const QChar *pchDigits = pch + (isSign(*pch) ? 1 : 0);
     const QChar *pchAfter = skip(pchDigits, pchEnd, Digit);
-    if (pchAfter == pchDigits) {
+    if (pchAfter == pchDigits)
         return pch;
-    }
-    if (pchAfter < pchEnd && *pchAfter == QLatin1Char('.')) {
+    if (pchAfter < pchEnd && *pchAfter == QLatin1Char('.'))
         pchAfter = skip(pchAfter + 1, pchEnd, Digit);
-    }
     if (isEither(pchAfter, pchEnd, 'e', 'E')) {
         ++pchAfter;
         pchAfter += isEither(pchAfter, pchEnd, '+', '-') ? 1 : 0;
@@ -55,14 +51,12 @@ const QChar *endOfNumber(const QChar *pch, const QChar *pchEnd)
 const QChar *endOfOperator(const QChar *pch, const QChar *pchEnd)
 {
     const QChar *pchSigns = pch;
-    if (is(*pch, Operator)) {
+    if (is(*pch, Operator))
         pchSigns += pch + 1 < pchEnd && is(pch[1], Operator) ? 2 : 1;
-    }
     const QChar *pchEquals = pch + (is(*pch, BeforeEquals) ? 1 : 0);
     const QChar *pchAfter = pchEquals;
-    while (pchAfter < pchEnd && pchAfter < pchEquals + 3 && *pchAfter == QLatin1Char('=')) {
+    while (pchAfter < pchEnd && pchAfter < pchEquals + 3 && *pchAfter == QLatin1Char('='))
         ++pchAfter;
-    }
     return pchAfter > pchEquals ? qMax(pchSigns, pchAfter) : pchSigns;
 }
 

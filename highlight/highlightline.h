@@ -8,7 +8,7 @@
 
 enum class HighlightRole : quint8 { Keyword, Comment, String, Number, Operator };
 
-struct HighlightRange
+struct SHighlightRange
 {
     int nStart; // in UTF-16 code units from the start of the line
     int nLength;
@@ -17,7 +17,7 @@ struct HighlightRange
 
 // Bits of the state at the end of a line, which is what the next line starts with. Before the first
 // line it is -1. The numbers are those of the blocks' user states.
-struct HighlightState
+struct SHighlightState
 {
     enum Bit {
         SingleLineComment = 1,
@@ -29,9 +29,9 @@ struct HighlightState
     };
 };
 
-struct HighlightLine
+struct SHighlightLine
 {
-    std::vector<HighlightRange> lstRanges; // in drawing order: a later range covers an earlier one
+    std::vector<SHighlightRange> lstRanges; // in drawing order: a later range covers an earlier one
     int nState = 0;
 };
 

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr int nLinesWithModes = 5;
-constexpr int nMaxLength = 1000; // a mode line is short
+constexpr int g_nLinesWithModes = 5;
+constexpr int g_nMaxLength = 1000; // a mode line is short
 
 QString captured(const QString &strPattern, const QString &strLine)
 {
@@ -21,9 +21,8 @@ QString modeOfLine(const QString &strLine)
         QStringLiteral("\\b(vim?|ex):(.*[ \\t:])?(filetype|ft|syntax)=([\\w+#-]+)")};
     for (const QString &strPattern : s_lstPatterns) {
         QString strMode = captured(strPattern, strLine);
-        if (!strMode.isEmpty()) {
+        if (!strMode.isEmpty())
             return strMode;
-        }
     }
     return QString();
 }
@@ -31,17 +30,15 @@ QString modeOfLine(const QString &strLine)
 // "#!/usr/bin/env -S python3.11 -u" names python.
 QString programOf(const QString &strLine)
 {
-    if (!strLine.startsWith(QLatin1String("#!"))) {
+    if (!strLine.startsWith(QLatin1String("#!")))
         return QString();
-    }
     const QStringList lstWords =
         strLine.mid(2).split(QRegExp(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
     for (const QString &strWord : lstWords) {
         const QString strName = strWord.section(QLatin1Char('/'), -1);
         const bool bOption = strWord.startsWith(QLatin1Char('-'));
-        if (strName != QLatin1String("env") && !bOption && !strWord.contains(QLatin1Char('='))) {
+        if (strName != QLatin1String("env") && !bOption && !strWord.contains(QLatin1Char('=')))
             return QString(strName).remove(QRegExp(QStringLiteral("[-\\d.]+$")));
-        }
     }
     return QString();
 }
@@ -50,12 +47,11 @@ QString programOf(const QString &strLine)
 
 QString modeOf(const QStringList &lstFirstLines)
 {
-    const QStringList lst = lstFirstLines.mid(0, nLinesWithModes);
+    const QStringList lst = lstFirstLines.mid(0, g_nLinesWithModes);
     for (const QString &strLine : lst) {
-        QString strMode = modeOfLine(strLine.left(nMaxLength));
-        if (!strMode.isEmpty()) {
+        QString strMode = modeOfLine(strLine.left(g_nMaxLength));
+        if (!strMode.isEmpty())
             return strMode;
-        }
     }
-    return programOf(lst.value(0).left(nMaxLength));
+    return programOf(lst.value(0).left(g_nMaxLength));
 }

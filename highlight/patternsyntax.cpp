@@ -3,16 +3,17 @@
 #include <QStringList>
 #include <algorithm>
 
-bool PatternNode::contains(Kind wanted) const
+bool SPatternNode::contains(Kind wanted) const
 {
     return kind == wanted
-        || std::any_of(children.begin(), children.end(),
-                       [wanted](const PatternNode &child) { return child.contains(wanted); });
+        || std::any_of(
+               children.begin(), children.end(),
+               [wanted](const SPatternNode &child) { return child.contains(wanted); });
 }
 
 namespace {
 
-constexpr int nMaxRepeats = 20;
+constexpr int g_nMaxRepeats = 20;
 
 SymbolSet classByLetter(char chLetter)
 {
@@ -43,9 +44,9 @@ public:
     {
     }
 
-    std::optional<PatternNode> read()
+    std::optional<SPatternNode> read()
     {
-        PatternNode node = readChoice();
+        SPatternNode node = readChoice();
         return m_bUnderstood && atEnd() ? std::make_optional(std::move(node)) : std::nullopt;
     }
 
@@ -54,18 +55,18 @@ private:
     char peek() const { return atEnd() ? '\0' : m_strPattern.at(m_nAt).toLatin1(); }
     char next();
     bool take(char ch);
-    PatternNode giveUp();
+    SPatternNode giveUp();
 
-    PatternNode readChoice();
-    PatternNode readSequence();
-    PatternNode readRepeat();
-    PatternNode readAtom();
-    PatternNode readGroup();
-    PatternNode readClass();
-    PatternNode readEscape();
+    SPatternNode readChoice();
+    SPatternNode readSequence();
+    SPatternNode readRepeat();
+    SPatternNode readAtom();
+    SPatternNode readGroup();
+    SPatternNode readClass();
+    SPatternNode readEscape();
     bool readBounds(int *pMin, int *pMax);
     std::optional<SymbolSet> readClassMember(char *pCharacter);
-    PatternNode symbol(const SymbolSet &set) const;
+    SPatternNode symbol(const SymbolSet &set) const;
     SymbolSet only(char ch) const;
     SymbolSet withBothCases(SymbolSet set) const;
 
@@ -93,54 +94,50 @@ bool CPatternReader::take(char ch)
     return bFound;
 }
 
-PatternNode CPatternReader::giveUp()
+SPatternNode CPatternReader::giveUp()
 {
     m_bUnderstood = false;
     m_nAt = m_strPattern.size();
-    return PatternNode();
+    return SPatternNode();
 }
 
-PatternNode CPatternReader::readChoice()
+SPatternNode CPatternReader::readChoice()
 {
-    PatternNode choice;
-    choice.kind = PatternNode::Choice;
+    SPatternNode choice;
+    choice.kind = SPatternNode::Choice;
     do {
         choice.children.push_back(readSequence());
     } while (take('|'));
-    return choice.children.size() == 1 ? PatternNode(choice.children.front()) : choice;
+    return choice.children.size() == 1 ? SPatternNode(choice.children.front()) : choice;
 }
 
-PatternNode CPatternReader::readSequence()
+SPatternNode CPatternReader::readSequence()
 {
-    PatternNode sequence;
-    sequence.kind = PatternNode::Sequence;
-    while (!atEnd() && peek() != '|' && peek() != ')') {
+    SPatternNode sequence;
+    sequence.kind = SPatternNode::Sequence;
+    while (!atEnd() && peek() != '|' && peek() != ')')
         sequence.children.push_back(readRepeat());
-    }
     return sequence.children.empty() ? giveUp() : sequence;
 }
 
-PatternNode CPatternReader::readRepeat()
+SPatternNode CPatternReader::readRepeat()
 {
-    PatternNode atom = readAtom();
-    PatternNode repeat;
-    repeat.kind = PatternNode::Repeat;
-    if (!readBounds(&repeat.nMin, &repeat.nMax)) {
+    SPatternNode atom = readAtom();
+    SPatternNode repeat;
+    repeat.kind = SPatternNode::Repeat;
+    if (!readBounds(&repeat.nMin, &repeat.nMax))
         return atom;
-    }
-    if (atom.isAnchor() || atom.kind == PatternNode::Lookahead
-        || atom.kind == PatternNode::NegativeLookahead) {
+    if (atom.isAnchor() || atom.kind == SPatternNode::Lookahead
+        || atom.kind == SPatternNode::NegativeLookahead)
         return giveUp();
-    }
     repeat.children.push_back(std::move(atom));
     return repeat;
 }
 
 bool CPatternReader::readBounds(int *pMin, int *pMax)
 {
-    if (take('*')) {
+    if (take('*'))
         return true;
-    }
     if (take('+')) {
         *pMin = 1;
         return true;
@@ -149,23 +146,21 @@ bool CPatternReader::readBounds(int *pMin, int *pMax)
         *pMax = 1;
         return true;
     }
-    if (!take('{')) {
+    if (!take('{'))
         return false;
-    }
     const int nEnd = m_strPattern.indexOf(QLatin1Char('}'), m_nAt);
     const QStringList lst = m_strPattern.mid(m_nAt, nEnd - m_nAt).split(QLatin1Char(','));
     m_nAt = nEnd + 1;
     *pMin = lst.first().toInt();
     *pMax = lst.size() == 1 ? *pMin : lst.last().isEmpty() ? -1 : lst.last().toInt();
-    if (nEnd < 0 || *pMin > nMaxRepeats || *pMax > nMaxRepeats || *pMax == 0) {
+    if (nEnd < 0 || *pMin > g_nMaxRepeats || *pMax > g_nMaxRepeats || *pMax == 0)
         giveUp();
-    }
     return true;
 }
 
-PatternNode CPatternReader::readAtom()
+SPatternNode CPatternReader::readAtom()
 {
-    PatternNode node;
+    SPatternNode node;
     const char ch = next();
     switch (ch) {
     case '(':
@@ -175,10 +170,10 @@ PatternNode CPatternReader::readAtom()
     case '\\':
         return readEscape();
     case '^':
-        node.kind = PatternNode::LineStart;
+        node.kind = SPatternNode::LineStart;
         return node;
     case '$':
-        node.kind = PatternNode::LineEnd;
+        node.kind = SPatternNode::LineEnd;
         return node;
     case '.':
         return symbol(SymbolSet().set());
@@ -194,51 +189,45 @@ PatternNode CPatternReader::readAtom()
     }
 }
 
-PatternNode CPatternReader::readGroup()
+SPatternNode CPatternReader::readGroup()
 {
-    PatternNode node;
+    SPatternNode node;
     if (take('?')) {
         const char ch = next();
-        node.kind = ch == '=' ? PatternNode::Lookahead
-            : ch == '!'       ? PatternNode::NegativeLookahead
-                              : PatternNode::Nothing;
+        node.kind = ch == '=' ? SPatternNode::Lookahead
+            : ch == '!'       ? SPatternNode::NegativeLookahead
+                              : SPatternNode::Nothing;
     }
-    PatternNode inner = readChoice();
-    if (!take(')')) {
+    SPatternNode inner = readChoice();
+    if (!take(')'))
         return giveUp();
-    }
-    if (node.kind == PatternNode::Nothing) {
+    if (node.kind == SPatternNode::Nothing)
         return inner;
-    }
     node.children.push_back(std::move(inner));
     return node;
 }
 
-PatternNode CPatternReader::readClass()
+SPatternNode CPatternReader::readClass()
 {
     const bool bNegated = take('^');
-    if (peek() == ']') {
+    if (peek() == ']')
         return giveUp();
-    }
     SymbolSet set;
     while (m_bUnderstood && !take(']')) {
         char chFrom = '\0';
         const std::optional<SymbolSet> member = readClassMember(&chFrom);
         const bool bRange = member && peek() == '-' && m_nAt + 1 < m_strPattern.size()
             && m_strPattern.at(m_nAt + 1) != QLatin1Char(']');
-        if (!member || (bRange && chFrom == '\0')) {
+        if (!member || (bRange && chFrom == '\0'))
             return giveUp();
-        }
         set |= *member;
         if (bRange) {
             next();
             char chTo = '\0';
-            if (!readClassMember(&chTo) || chTo < chFrom) {
+            if (!readClassMember(&chTo) || chTo < chFrom)
                 return giveUp();
-            }
-            for (int n = uchar(chFrom); n <= uchar(chTo); ++n) {
+            for (int n = uchar(chFrom); n <= uchar(chTo); ++n)
                 set.set(size_t(n));
-            }
         }
     }
     set = withBothCases(set);
@@ -260,23 +249,22 @@ std::optional<SymbolSet> CPatternReader::readClassMember(char *pCharacter)
             ch = '\t';
             break;
         default:
-            if (QChar(QLatin1Char(ch)).isLetterOrNumber()) {
+            if (QChar(QLatin1Char(ch)).isLetterOrNumber())
                 return std::nullopt;
-            }
         }
     }
     *pCharacter = ch;
     return m_bUnderstood ? std::make_optional(only(ch)) : std::nullopt;
 }
 
-PatternNode CPatternReader::readEscape()
+SPatternNode CPatternReader::readEscape()
 {
-    PatternNode node;
+    SPatternNode node;
     const char ch = next();
     switch (ch) {
     case 'b':
     case 'B':
-        node.kind = ch == 'b' ? PatternNode::WordEdge : PatternNode::NoWordEdge;
+        node.kind = ch == 'b' ? SPatternNode::WordEdge : SPatternNode::NoWordEdge;
         return node;
     case 'd':
     case 's':
@@ -293,10 +281,10 @@ PatternNode CPatternReader::readEscape()
     }
 }
 
-PatternNode CPatternReader::symbol(const SymbolSet &set) const
+SPatternNode CPatternReader::symbol(const SymbolSet &set) const
 {
-    PatternNode node;
-    node.kind = PatternNode::Symbol;
+    SPatternNode node;
+    node.kind = SPatternNode::Symbol;
     node.set = set;
     return node;
 }
@@ -319,7 +307,7 @@ SymbolSet CPatternReader::withBothCases(SymbolSet set) const
 
 } // namespace
 
-std::optional<PatternNode> readPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity)
+std::optional<SPatternNode> readPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity)
 {
     return CPatternReader(strPattern, sensitivity).read();
 }

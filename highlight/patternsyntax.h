@@ -7,7 +7,7 @@
 #include <vector>
 
 // The outline of a QRegExp pattern in its default syntax.
-struct PatternNode
+struct SPatternNode
 {
     enum Kind {
         Nothing,
@@ -25,7 +25,8 @@ struct PatternNode
 
     Kind kind = Nothing;
     SymbolSet set; // Symbol: what may stand there
-    std::vector<PatternNode> children; // of all kinds that hold others; one for repeats, lookaheads
+    std::vector<SPatternNode>
+        children; // of all kinds that hold others; one for repeats, lookaheads
     int nMin = 0; // Repeat
     int nMax = -1; // Repeat; -1: any number
 
@@ -36,4 +37,4 @@ struct PatternNode
 
 // Reads a pattern that QRegExp finds valid. Nothing is returned for what is read by QRegExp alone:
 // back-references, character codes, characters beyond ASCII, and some rare spellings.
-std::optional<PatternNode> readPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity);
+std::optional<SPatternNode> readPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity);

@@ -2,18 +2,17 @@
 
 namespace {
 
-constexpr size_t nMaxStacks = 100000;
+constexpr size_t g_nMaxStacks = 100000;
 
 quint32 hashOf(const RegionStack &stack)
 {
     quint32 nHash = 2166136261U;
     const auto add = [&nHash](quint32 n) { nHash = (nHash ^ n) * 16777619U; };
-    for (const RegionFrame &frame : stack) {
+    for (const SRegionFrame &frame : stack) {
         add(quint32(frame.nLanguage));
         add(quint32(frame.nContext * 2 + int(frame.bWaits)));
-        for (const QChar ch : frame.strKey) {
+        for (const QChar ch : frame.strKey)
             add(ch.unicode());
-        }
     }
     return nHash ^ (nHash >> 15);
 }
@@ -23,22 +22,18 @@ quint32 hashOf(const RegionStack &stack)
 // Two stacks of one hash are rare; the later one then takes the next number that is free.
 int CRegionStates::numberOf(const RegionStack &stack)
 {
-    if (stack.empty()) {
+    if (stack.empty())
         return 0;
-    }
     int nNumber = int(hashOf(stack) % nMaxNumber) + 1;
     for (;; nNumber = nNumber % nMaxNumber + 1) {
         const auto it = m_mapStacks.find(nNumber);
-        if (it == m_mapStacks.end()) {
+        if (it == m_mapStacks.end())
             break;
-        }
-        if (it->second == stack) {
+        if (it->second == stack)
             return nNumber;
-        }
     }
-    if (m_mapStacks.size() >= nMaxStacks) {
+    if (m_mapStacks.size() >= g_nMaxStacks)
         return 0;
-    }
     m_mapStacks.emplace(nNumber, stack);
     return nNumber;
 }

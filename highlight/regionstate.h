@@ -6,14 +6,14 @@
 
 // A region that is open: which one, of which language of a definition, and the text that its end
 // depends on.
-struct RegionFrame
+struct SRegionFrame
 {
     int nLanguage = 0;
     int nContext = 0;
     QString strKey;
     bool bWaits = false; // for the end of the one above it, which is none of its own
 
-    bool operator==(const RegionFrame &other) const
+    bool operator==(const SRegionFrame &other) const
     {
         return nLanguage == other.nLanguage && nContext == other.nContext && strKey == other.strKey
             && bWaits == other.bWaits;
@@ -21,7 +21,7 @@ struct RegionFrame
 };
 
 // The regions that are open at one place, the innermost last.
-using RegionStack = std::vector<RegionFrame>;
+using RegionStack = std::vector<SRegionFrame>;
 
 // Gives stacks numbers, so that the state at the end of a line is one integer. The number follows
 // from the stack, not from the order in which stacks come. 0 is the empty stack, and what a full

@@ -7,46 +7,45 @@ namespace {
 using Sets = std::vector<SymbolSet>;
 
 // A larger set is in nearly every line and not worth asking for.
-constexpr size_t nLargestSet = 16;
+constexpr size_t g_nLargestSet = 16;
 
 bool isSmaller(const SymbolSet &a, const SymbolSet &b)
 {
     return a.count() < b.count();
 }
 
-Sets required(const PatternNode &node);
+Sets required(const SPatternNode &node);
 
 // A match holds what one of the alternatives holds: of each its smallest set, together.
-Sets requiredByChoice(const PatternNode &choice)
+Sets requiredByChoice(const SPatternNode &choice)
 {
     SymbolSet set;
-    for (const PatternNode &child : choice.children) {
+    for (const SPatternNode &child : choice.children) {
         const Sets lst = required(child);
-        if (lst.empty()) {
+        if (lst.empty())
             return Sets();
-        }
         set |= *std::min_element(lst.begin(), lst.end(), isSmaller);
     }
     return {set};
 }
 
-Sets required(const PatternNode &node)
+Sets required(const SPatternNode &node)
 {
     Sets lst;
     switch (node.kind) {
-    case PatternNode::Symbol:
+    case SPatternNode::Symbol:
         return {node.set};
-    case PatternNode::Choice:
+    case SPatternNode::Choice:
         return requiredByChoice(node);
-    case PatternNode::Repeat:
+    case SPatternNode::Repeat:
         return node.nMin > 0 ? required(node.children.front()) : Sets();
-    case PatternNode::Sequence:
-        for (const PatternNode &child : node.children) {
+    case SPatternNode::Sequence:
+        for (const SPatternNode &child : node.children) {
             const Sets lstChild = required(child);
             lst.insert(lst.end(), lstChild.begin(), lstChild.end());
         }
         return lst;
-    case PatternNode::Lookahead:
+    case SPatternNode::Lookahead:
         return required(node.children.front());
     default:
         return lst;
@@ -55,15 +54,14 @@ Sets required(const PatternNode &node)
 
 } // namespace
 
-RequiredCharacters::RequiredCharacters(const PatternNode &pattern, Qt::CaseSensitivity sensitivity)
+RequiredCharacters::RequiredCharacters(const SPatternNode &pattern, Qt::CaseSensitivity sensitivity)
 {
     for (SymbolSet set : required(pattern)) {
         if (sensitivity == Qt::CaseInsensitive) {
             // Some letters beyond ASCII equal one of it then, such as the Kelvin sign.
             set.set(OtherWord);
         }
-        if (set.count() <= nLargestSet) {
+        if (set.count() <= g_nLargestSet)
             m_lstSets.push_back(set);
-        }
     }
 }

@@ -11,7 +11,7 @@ class RequiredCharacters
 public:
     // Requires nothing.
     RequiredCharacters() = default;
-    RequiredCharacters(const PatternNode &pattern, Qt::CaseSensitivity sensitivity);
+    RequiredCharacters(const SPatternNode &pattern, Qt::CaseSensitivity sensitivity);
 
     // A match holds one character of each set.
     const std::vector<SymbolSet> &sets() const { return m_lstSets; }

@@ -21,9 +21,8 @@ using SymbolSet = std::bitset<SymbolCount>;
 
 inline int symbolOf(QChar ch)
 {
-    if (CharacterClass::isAscii(ch)) {
+    if (CharacterClass::isAscii(ch))
         return ch.unicode();
-    }
     return ch.isDigit()                                ? OtherDigit
         : CharacterClass::is(ch, CharacterClass::Word) ? OtherWord
         : ch.isSpace()                                 ? OtherSpace
@@ -40,9 +39,8 @@ inline bool isWordSymbol(int nSymbol)
 constexpr std::array<quint8, SymbolCount + 1> wordSymbols()
 {
     std::array<quint8, SymbolCount + 1> arr {};
-    for (size_t n = 0; n < 128; ++n) {
+    for (size_t n = 0; n < 128; ++n)
         arr[n] = CharacterClass::arrAsciiFlags[n] & CharacterClass::Word ? 1 : 0;
-    }
     arr[OtherDigit] = arr[OtherWord] = 1;
     return arr;
 }

@@ -15,11 +15,14 @@ CArrivals::CArrivals(MainWindow *pWindow, CTabWidget *pTabs, std::function<void(
 
 void CArrivals::add(CDocument *pDocument)
 {
-    connect(pDocument, &CDocument::arrivingChanged, this, [=] { onChanged(pDocument); });
-    connect(pDocument, &CDocument::arrivalProgressed, this, [=](qint64 nDone, qint64 nAll) {
-        if (m_mapWorks.contains(pDocument))
-            m_pWindow->workProgress().advance(m_mapWorks.value(pDocument), nDone, nAll);
-    });
+    connect(
+        pDocument, &CDocument::arrivingChanged, this, [=] { onChanged(pDocument); });
+    connect(
+        pDocument, &CDocument::arrivalProgressed, this,
+        [=](qint64 nDone, qint64 nAll) {
+            if (m_mapWorks.contains(pDocument))
+                m_pWindow->workProgress().advance(m_mapWorks.value(pDocument), nDone, nAll);
+        });
     connect(
         pDocument, &CDocument::arrivalFailed, this,
         [=](const QString &strReason, bool bPartial) { onFailed(pDocument, strReason, bPartial); });

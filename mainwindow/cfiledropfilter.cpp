@@ -18,10 +18,9 @@ QStringList CFileDropFilter::localFiles(const QMimeData *pData)
     if (!pData)
         return lstFiles;
     const QList<QUrl> lstUrls = pData->urls();
-    for (const QUrl &url : lstUrls) {
+    for (const QUrl &url : lstUrls)
         if (url.isLocalFile())
             lstFiles.append(url.toLocalFile());
-    }
     return lstFiles;
 }
 

@@ -69,10 +69,9 @@ void CFindDock::show(const QString &strText)
 QString CFindDock::whyNotWrite(const QString &strPath) const
 {
     const SFileState state = fileStateOf(strPath);
-    for (const CDocument *pDocument : m_pWindow->documents().all()) {
+    for (const CDocument *pDocument : m_pWindow->documents().all())
         if (pDocument->isModified() && isSameFile(state, fileStateOf(pDocument->path())))
             return tr("It is open with unsaved changes.");
-    }
     return QString();
 }
 

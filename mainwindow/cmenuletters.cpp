@@ -19,10 +19,9 @@ CMenuLetters::CMenuLetters(QMainWindow *pWindow) : QObject(pWindow), m_pBar(pWin
             continue;
         pAction->menu()->installEventFilter(this);
         const QString strName = pAction->menu()->objectName();
-        for (const QString &strText : {pAction->menu()->title(), strName.mid(strPrefix.size())}) {
+        for (const QString &strText : {pAction->menu()->title(), strName.mid(strPrefix.size())})
             if (!strText.isEmpty() && strText.at(0).unicode() < 0x80 && strText.at(0).isLetter())
                 letters.insert(strText.at(0).toUpper());
-        }
     }
     for (const QChar cLetter : qAsConst(letters))
         addLetter(pWindow, cLetter);

@@ -80,10 +80,9 @@ void CPastTabs::reopenClosed()
 void CPastTabs::reopenLast()
 {
     QStringList lstGone;
-    for (const SPlace &place : qAsConst(m_last.lstPlaces)) {
+    for (const SPlace &place : qAsConst(m_last.lstPlaces))
         if (!reopen(place))
             lstGone.append(visibleName(QFileInfo(place.strPath).fileName()));
-    }
     if (m_pDocuments->withPath(m_last.strCurrent) && !m_last.strCurrent.isEmpty())
         emit openWanted(m_last.strCurrent);
     if (m_pTabs->currentWidget())

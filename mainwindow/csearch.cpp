@@ -127,7 +127,8 @@ void CSearch::replaceAll()
 void CSearch::showProgress(CReplaceAll *pJob)
 {
     CWorkProgress *pProgress = &m_pWindow->workProgress();
-    const int nWork = pProgress->begin(pJob, tr("Replacing"), [pJob] { pJob->stop(); });
+    const int nWork = pProgress->begin(
+        pJob, tr("Replacing"), [pJob] { pJob->stop(); });
     connect(
         pJob, &CReplaceAll::progressed, pProgress,
         [pProgress, nWork](qint64 nDone, qint64 nAll) { pProgress->advance(nWork, nDone, nAll); });

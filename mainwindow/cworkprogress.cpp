@@ -100,8 +100,9 @@ void CWorkProgress::onTextFontSize(int nVal)
 
 std::vector<CWorkProgress::SWork>::iterator CWorkProgress::find(int nWork)
 {
-    return std::find_if(m_lstWorks.begin(), m_lstWorks.end(),
-                        [nWork](const SWork &work) { return work.nId == nWork; });
+    return std::find_if(
+        m_lstWorks.begin(), m_lstWorks.end(),
+        [nWork](const SWork &work) { return work.nId == nWork; });
 }
 
 // The last one that is old enough.

@@ -38,10 +38,9 @@ public:
         if (read<int>() != 0xff)
             return false;
         skip<int>(1); // The version, which restoreState() checks.
-        while (isGood() && !m_stream.atEnd()) {
+        while (isGood() && !m_stream.atEnd())
             if (!readSection())
                 return false;
-        }
         return isGood();
     }
 
@@ -65,10 +64,9 @@ private:
     // A list of what the function reads; ends where the bytes end, however large the count is.
     template<typename F> bool readList(F fnReadItem)
     {
-        for (int nLeft = read<int>(); nLeft > 0; --nLeft) {
+        for (int nLeft = read<int>(); nLeft > 0; --nLeft)
             if (!isGood() || !fnReadItem())
                 return false;
-        }
         return isGood();
     }
 

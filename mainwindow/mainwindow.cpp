@@ -81,11 +81,11 @@ MainWindow::MainWindow(QWidget *pParent)
     setupPastTabs();
     m_pSearch = new CSearch(this);
     m_pOpener = new COpener(this, m_pTabs, m_pPanels->preview()->taster(), &m_bLoading);
-    m_pClosing = new CClosing(this, m_pTabs, m_pPastTabs, [this](CDocument *pDocument) {
-        return saveDocument(pDocument, false);
-    });
-    m_pArrivals = new CArrivals(this, m_pTabs,
-                                [this](CDocument *pDocument) { m_pClosing->close(pDocument); });
+    m_pClosing = new CClosing(
+        this, m_pTabs, m_pPastTabs,
+        [this](CDocument *pDocument) { return saveDocument(pDocument, false); });
+    m_pArrivals = new CArrivals(
+        this, m_pTabs, [this](CDocument *pDocument) { m_pClosing->close(pDocument); });
     m_pOpener->setClose([this](CDocument *pDocument) { return m_pClosing->close(pDocument); });
     setupShortcuts();
     setupTabKeys();

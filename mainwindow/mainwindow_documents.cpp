@@ -18,10 +18,12 @@ void MainWindow::connectDocument(CDocument *pDocument)
     connect(pDocument, &CDocument::noticeChanged, this, &MainWindow::showNotice);
     connect(pDocument, &CDocument::reloaded, this, &MainWindow::onModifiedChanged);
     connect(pDocument, &CDocument::renamed, this, &MainWindow::onModifiedChanged);
-    connect(pDocument, &CDocument::saveWanted, this,
-            [this, pDocument] { saveDocument(pDocument, true); });
-    connect(pDocument, &CDocument::saveAsWanted, this,
-            [this, pDocument](const QString &strPath) { saveDocumentAs(pDocument, strPath); });
+    connect(
+        pDocument, &CDocument::saveWanted, this,
+        [this, pDocument] { saveDocument(pDocument, true); });
+    connect(
+        pDocument, &CDocument::saveAsWanted, this,
+        [this, pDocument](const QString &strPath) { saveDocumentAs(pDocument, strPath); });
     connect(pDocument, &CDocument::refreshWanted, this,
             [this, pDocument] { refreshDocument(pDocument); });
     if (CEditWebView *pPage = pDocument->page()) {

@@ -32,7 +32,8 @@ void MainWindow::setupShortcuts()
     addActions({m_pUi->actionBack, m_pUi->actionForward, m_pUi->actionLeft_to_Right,
                 m_pUi->actionRight_to_Left});
 
-    addKey("Ctrl+Q", [this] { close(); });
+    addKey(
+        "Ctrl+Q", [this] { close(); });
     const auto stepPane = [this](int nBy) {
         QList<QWidget *> lstPanes = {m_pPanels->browser(), m_pPanels->preview(), m_pNotice,
                                      m_pUi->htmlToolBar, m_pUi->pageToolBar};
@@ -47,8 +48,10 @@ void MainWindow::setupShortcuts()
         if (QWidget *pPane = nextPane(lstPanes, focusWidget(), nBy))
             focusPane(pPane);
     };
-    addKey("F6", [stepPane] { stepPane(1); });
-    addKey("Shift+F6", [stepPane] { stepPane(-1); });
+    addKey(
+        "F6", [stepPane] { stepPane(1); });
+    addKey(
+        "Shift+F6", [stepPane] { stepPane(-1); });
     addKey("Ctrl+Shift+F", [this] { m_pFindDock->show(currentDocument().selectedText()); });
     new CMenuLetters(this);
     addKey("F10", [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
@@ -56,7 +59,8 @@ void MainWindow::setupShortcuts()
 
 void MainWindow::setupTabKeys()
 {
-    addKey("Ctrl+W", [this] { onTabCloseRequested(m_pTabs->currentIndex()); });
+    addKey(
+        "Ctrl+W", [this] { onTabCloseRequested(m_pTabs->currentIndex()); });
     addKey("Ctrl+Shift+T", [this] { m_pPastTabs->reopenClosed(); });
     const auto step = [this](int nBy) {
         const int nCount = m_pTabs->count();
@@ -68,11 +72,13 @@ void MainWindow::setupTabKeys()
     for (const char *szKey : {"Ctrl+Shift+Tab", "Ctrl+PgUp"})
         addKey(szKey, [step] { step(-1); });
     for (int n = 1; n <= 9; ++n) {
-        addKey(qPrintable(QStringLiteral("Alt+%1").arg(n)), [this, n] {
-            if (n > m_pTabs->count())
-                showStatusMessage(tr("There is no tab %1.").arg(n));
-            m_pTabs->setCurrentIndex(n - 1);
-        });
+        addKey(
+            qPrintable(QStringLiteral("Alt+%1").arg(n)),
+            [this, n] {
+                if (n > m_pTabs->count())
+                    showStatusMessage(tr("There is no tab %1.").arg(n));
+                m_pTabs->setCurrentIndex(n - 1);
+            });
     }
     addKey("Alt+0", [this] {
         if (m_pTabs->count() > 0)

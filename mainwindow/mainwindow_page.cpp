@@ -27,8 +27,9 @@ void MainWindow::setupHtmlToolBar()
             &MainWindow::onCurrentFontSizeChanged);
     connect(m_pHtmlTools->sizeBox()->lineEdit(), &QLineEdit::returnPressed, this,
             &MainWindow::onCurrentFontSizeChanged);
-    connect(m_pHtmlTools, &CHtmlToolBar::textColorChosen, this,
-            [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, false); });
+    connect(
+        m_pHtmlTools, &CHtmlToolBar::textColorChosen, this,
+        [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, false); });
     connect(m_pHtmlTools, &CHtmlToolBar::backColorChosen, this,
             [this](const QColor &clr) { m_pHtmlTools->applyColor(shownPage(), clr, true); });
 }

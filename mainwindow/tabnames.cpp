@@ -68,10 +68,9 @@ QStringList foldersToTellApart(const QVector<STabName> &lstNames)
 
 QString onOneLine(QString strText)
 {
-    for (QChar &c : strText) {
+    for (QChar &c : strText)
         if (c.category() == QChar::Other_Control || c == QChar::LineSeparator
             || c == QChar::ParagraphSeparator)
             c = QLatin1Char(' ');
-    }
     return strText;
 }

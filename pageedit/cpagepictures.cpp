@@ -32,10 +32,9 @@ QStringList filesOf(const QMimeData *pData)
 {
     QStringList lst;
     const QList<QUrl> lstUrls = pData->urls();
-    for (const QUrl &url : lstUrls) {
+    for (const QUrl &url : lstUrls)
         if (url.isLocalFile())
             lst.append(url.toLocalFile());
-    }
     return lst;
 }
 
@@ -84,10 +83,9 @@ bool CPagePictures::hasFile() const
 bool CPagePictures::takesDrop(const QMimeData *pData) const
 {
     const QStringList lstFiles = filesOf(pData);
-    for (const QString &strFile : lstFiles) {
+    for (const QString &strFile : lstFiles)
         if (!isPictureFile(strFile) || !QFileInfo(strFile).isFile())
             return false;
-    }
     return !lstFiles.isEmpty() && isReady();
 }
 

@@ -79,10 +79,9 @@ QVector<CPageSpelling::Word> CPageSpelling::misspeltIn(int nText) const
     QVector<Word> lst;
     const SText &text = m_texts.at(nText);
     const QVector<SSpellWord> lstWords = spellWords(text.strText);
-    for (const SSpellWord &word : lstWords) {
+    for (const SSpellWord &word : lstWords)
         if (!g_pSpelling->isCorrect(text.strLanguage, text.strText.mid(word.nStart, word.nLength)))
             lst.append({nText, word.nStart, word.nLength});
-    }
     return lst;
 }
 
@@ -118,12 +117,11 @@ void CPageSpelling::check()
     bool bInWord = false;
     for (int n = 0; n < m_texts.size(); ++n) {
         const QVector<Word> lstMisspelt = misspeltIn(n);
-        for (const Word &word : lstMisspelt) {
+        for (const Word &word : lstMisspelt)
             if (isTyped(word))
                 bInWord = true;
             else
                 lstWords.append(QVariant(word));
-        }
     }
     m_bTyping = bInWord;
     show(askPage(m_pView, QStringLiteral("markMisspelt"), {{QStringLiteral("words"), lstWords}}));

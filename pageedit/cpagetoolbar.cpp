@@ -163,8 +163,9 @@ void CPageToolBar::addMarks()
                   [this, strMark] { toggleMark(strMark); })
             ->setCheckable(true);
     }
-    addAction("actionClear_Formatting", QT_TR_NOOP("Clear Formatting"), "clear_formatting",
-              "Ctrl+Space", [this] { clearFormat(); });
+    addAction(
+        "actionClear_Formatting", QT_TR_NOOP("Clear Formatting"), "clear_formatting", "Ctrl+Space",
+        [this] { clearFormat(); });
     addAction("actionPaste_Plain", QT_TR_NOOP("Paste as Plain Text"), "paste_plain", "Ctrl+Shift+V",
               [this] { pastePlain(); });
     m_pToolBar->addSeparator();
@@ -172,11 +173,14 @@ void CPageToolBar::addMarks()
 
 void CPageToolBar::addLinks()
 {
-    addAction("actionLink", QT_TR_NOOP("Link..."), "link", "Ctrl+K", [this] { editLink(); });
-    addAction("actionRemove_Link", QT_TR_NOOP("Remove Link"), "link_un", "",
-              [this] { run(QStringLiteral("unlink")); });
-    addAction("actionHorizontal_Line", QT_TR_NOOP("Horizontal Line"), "horizontal_line", "",
-              [this] { runInstead(QStringLiteral("rule")); });
+    addAction(
+        "actionLink", QT_TR_NOOP("Link..."), "link", "Ctrl+K", [this] { editLink(); });
+    addAction(
+        "actionRemove_Link", QT_TR_NOOP("Remove Link"), "link_un", "",
+        [this] { run(QStringLiteral("unlink")); });
+    addAction(
+        "actionHorizontal_Line", QT_TR_NOOP("Horizontal Line"), "horizontal_line", "",
+        [this] { runInstead(QStringLiteral("rule")); });
     addAction("actionSpecial_Characters", QT_TR_NOOP("Special Characters..."), "characters", "",
               [this] { showCharacters(); });
     m_pToolBar->addSeparator();

@@ -78,12 +78,14 @@ void CPageToolBar::editLink()
     const QPointer<CEditWebView> pPage = m_pPage; // Another may come to the front meanwhile.
     auto *pDialog = new CDlgLink(pageLink(pPage), pPage->filePath(), m_pToolBar->window());
     pDialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(pDialog, &QDialog::accepted, pPage, [pDialog, pPage] {
-        runPageCommand(pPage, QStringLiteral("link"),
-                       {{QStringLiteral("href"), pDialog->address()},
-                        {QStringLiteral("text"), pDialog->text()},
-                        {QStringLiteral("title"), pDialog->title()}});
-    });
+    connect(
+        pDialog, &QDialog::accepted, pPage,
+        [pDialog, pPage] {
+            runPageCommand(pPage, QStringLiteral("link"),
+                           {{QStringLiteral("href"), pDialog->address()},
+                            {QStringLiteral("text"), pDialog->text()},
+                            {QStringLiteral("title"), pDialog->title()}});
+        });
     connect(pDialog, &CDlgLink::removeWanted, pPage,
             [pPage] { runPageCommand(pPage, QStringLiteral("unlink")); });
     connect(pDialog, &QDialog::finished, this, &CPageToolBar::finish);

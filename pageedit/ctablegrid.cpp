@@ -47,10 +47,9 @@ void CTableGrid::place(int nRow, const STableCell &cell, int *pColumn)
 void CTableGrid::widen(int nColumns)
 {
     m_nColumns = qMax(m_nColumns, nColumns);
-    for (SRow &row : m_rows) {
+    for (SRow &row : m_rows)
         while (row.cells.size() < m_nColumns)
             row.cells.append(-1);
-    }
 }
 
 int CTableGrid::newCell()
@@ -84,10 +83,9 @@ QRect CTableGrid::placeOfCell(int nCell) const
 {
     QRect place;
     for (int nRow = 0; nCell >= 0 && nRow < m_rows.size(); ++nRow) {
-        for (int nColumn = 0; nColumn < m_nColumns; ++nColumn) {
+        for (int nColumn = 0; nColumn < m_nColumns; ++nColumn)
             if (cellAt(nRow, nColumn) == nCell)
                 place |= QRect(nColumn, nRow, 1, 1);
-        }
     }
     return place;
 }
@@ -104,10 +102,9 @@ QRect CTableGrid::around(const QVector<int> &ids) const
         place |= placeOf(nId);
     for (QRect before; before != place;) {
         before = place;
-        for (int nRow = before.top(); nRow <= before.bottom(); ++nRow) {
+        for (int nRow = before.top(); nRow <= before.bottom(); ++nRow)
             for (int nColumn = before.left(); nColumn <= before.right(); ++nColumn)
                 place |= placeOfCell(cellAt(nRow, nColumn));
-        }
     }
     return place;
 }
@@ -131,10 +128,9 @@ void CTableGrid::dropEmpty()
             const int nCell = row.cells.at(nColumn);
             bBegins = bBegins || (nCell >= 0 && nCell != row.cells.at(nColumn - 1));
         }
-        for (SRow &row : m_rows) {
+        for (SRow &row : m_rows)
             if (!bBegins)
                 row.cells.remove(nColumn);
-        }
         m_nColumns -= bBegins ? 0 : 1;
     }
 }
@@ -142,19 +138,17 @@ void CTableGrid::dropEmpty()
 // True where a cell reaches from the row above into this one.
 bool CTableGrid::isCutBetween(int nRow) const
 {
-    for (int n = 0; nRow > 0 && nRow < m_rows.size() && n < m_nColumns; ++n) {
+    for (int n = 0; nRow > 0 && nRow < m_rows.size() && n < m_nColumns; ++n)
         if (cellAt(nRow, n) >= 0 && cellAt(nRow, n) == cellAt(nRow - 1, n))
             return true;
-    }
     return false;
 }
 
 bool CTableGrid::isCutBetweenColumns(int nColumn) const
 {
-    for (int n = 0; nColumn > 0 && nColumn < m_nColumns && n < m_rows.size(); ++n) {
+    for (int n = 0; nColumn > 0 && nColumn < m_nColumns && n < m_rows.size(); ++n)
         if (cellAt(n, nColumn) >= 0 && cellAt(n, nColumn) == cellAt(n, nColumn - 1))
             return true;
-    }
     return false;
 }
 
@@ -243,10 +237,9 @@ bool CTableGrid::merge(const QRect &place)
     const int nFirst = cellAt(place.top(), place.left());
     if (nFirst < 0 || placeOfCell(nFirst) == place)
         return false;
-    for (int nRow = place.top(); nRow <= place.bottom(); ++nRow) {
+    for (int nRow = place.top(); nRow <= place.bottom(); ++nRow)
         for (int nColumn = place.left(); nColumn <= place.right(); ++nColumn)
             m_rows[nRow].cells[nColumn] = nFirst;
-    }
     dropEmpty();
     return true;
 }
@@ -257,10 +250,9 @@ bool CTableGrid::split(int nId)
     if (!m_bRegular || place.width() * place.height() < 2)
         return false;
     for (int nRow = place.top(); nRow <= place.bottom(); ++nRow) {
-        for (int nColumn = place.left(); nColumn <= place.right(); ++nColumn) {
+        for (int nColumn = place.left(); nColumn <= place.right(); ++nColumn)
             if (QPoint(nColumn, nRow) != place.topLeft())
                 m_rows[nRow].cells[nColumn] = newCell();
-        }
     }
     return true;
 }

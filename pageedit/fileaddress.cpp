@@ -12,12 +12,11 @@ QString fileAddress(const QString &strFile, const QString &strPage)
     if (QDir::isAbsolutePath(strWay)) // On another drive.
         return QUrl::fromLocalFile(strFile).toString(QUrl::FullyEncoded);
     QString strAddress;
-    for (const QChar c : strWay) {
+    for (const QChar c : strWay)
         if (QStringLiteral("%?# \"<>\\^`{|}").contains(c) || c.category() == QChar::Other_Control)
             strAddress += QString::fromLatin1(QUrl::toPercentEncoding(c));
         else
             strAddress += c;
-    }
     // The colon of a first name would end a scheme.
     if (strAddress.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':')))
         strAddress.prepend(QLatin1String("./"));

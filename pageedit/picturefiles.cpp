@@ -62,10 +62,9 @@ QString store(const QDir &folder, const QString &strBase, const QString &strSuff
 bool isPictureFile(const QString &strPath)
 {
     const QString strSuffix = QFileInfo(strPath).suffix().toLower();
-    for (const char *szSuffix : g_suffixes) {
+    for (const char *szSuffix : g_suffixes)
         if (strSuffix == QLatin1String(szSuffix))
             return true;
-    }
     return false;
 }
 

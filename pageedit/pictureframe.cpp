@@ -41,10 +41,9 @@ bool isTop(PictureCorner corner)
 PictureCorner cornerAt(const QRect &picture, const QPoint &point)
 {
     const QVector<SHandle> lstHandles = handles(picture);
-    for (const SHandle &handle : lstHandles) {
+    for (const SHandle &handle : lstHandles)
         if (!picture.isEmpty() && handleAround(handle.point).contains(point))
             return handle.corner;
-    }
     return PictureCorner::None;
 }
 

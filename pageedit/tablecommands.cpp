@@ -71,10 +71,9 @@ QVariantList rowsForPage(const QVector<STableRow> &rows)
 QVector<int> idsOf(const QVector<STableRow> &rows)
 {
     QVector<int> ids;
-    for (const STableRow &row : rows) {
+    for (const STableRow &row : rows)
         for (const STableCell &cell : row.cells)
             ids.append(cell.nId);
-    }
     return ids;
 }
 

@@ -13,10 +13,9 @@ QString normalName(const QString &strLanguage)
     strName.replace(QLatin1Char('-'), QLatin1Char('_'));
     const QStringList lstParts = strName.split(QLatin1Char('_'));
     QString strNormal = lstParts.first().toLower();
-    for (const QString &strPart : lstParts.mid(1)) {
+    for (const QString &strPart : lstParts.mid(1))
         if (strPart.size() == 2)
             return strNormal + QLatin1Char('_') + strPart.toUpper();
-    }
     return strNormal;
 }
 
@@ -39,16 +38,14 @@ QString dictionaryName(const QStringList &lstNames, const QString &strLanguage,
     if (!strWanted.contains(QLatin1Char('_')) && languageOf(strLocaleName) == strWanted)
         lstTried.append(strLocaleName); // The user's own kind of the language.
     lstTried.append(QLocale(languageOf(strWanted)).name());
-    for (const QString &strTried : qAsConst(lstTried)) {
+    for (const QString &strTried : qAsConst(lstTried))
         if (languageOf(strTried) == languageOf(strWanted) && lstNames.contains(strTried))
             return strTried;
-    }
     QStringList lstSorted = lstNames;
     lstSorted.sort();
-    for (const QString &strName : qAsConst(lstSorted)) {
+    for (const QString &strName : qAsConst(lstSorted))
         if (languageOf(strName) == languageOf(strWanted))
             return strName;
-    }
     return QString();
 }
 

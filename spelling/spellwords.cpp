@@ -120,10 +120,9 @@ SSpellWord spellWordAt(const QString &strText, int nPlace)
 {
     SSpellWord found;
     const QVector<SSpellWord> lstWords = spellWords(strText);
-    for (const SSpellWord &word : lstWords) {
+    for (const SSpellWord &word : lstWords)
         if (word.nStart <= nPlace && nPlace <= word.end())
             found = word;
-    }
     return found;
 }
 

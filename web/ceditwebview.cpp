@@ -35,8 +35,8 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
     connect(this, &QWebView::loadStarted, this, &CEditWebView::onLoadStarted);
     connect(this, &QWebView::loadFinished, this, &CEditWebView::onLoadFinished);
     connect(page(), &QWebPage::contentsChanged, this, &CEditWebView::onEditPageContentChanged);
-    connect(page(), &QWebPage::selectionChanged, this,
-            [this] { enterFrame(page()->currentFrame()); });
+    connect(
+        page(), &QWebPage::selectionChanged, this, [this] { enterFrame(page()->currentFrame()); });
     safePage()->setPaste([this] { return pasteHarmful(QGuiApplication::clipboard()->mimeData()); });
     // Queued: the question may run an event loop, which the web view must not be waiting for.
     connect(safePage(), &CSafePage::linkFollowed, this, &CEditWebView::followLink,

@@ -102,10 +102,9 @@ void CLoadJournal::forgive(const QString &strPath)
 {
     const QByteArray key = fileKey(strPath);
     const QStringList lstNotes = leftNotes();
-    for (const QString &strNote : lstNotes) {
+    for (const QString &strNote : lstNotes)
         if (!key.isEmpty() && readLeftNote(strNote).key == key)
             QFile::remove(strNote);
-    }
 }
 
 // Those of programs that run are among them.

@@ -158,10 +158,9 @@ CPageMerge::SNow CPageMerge::compared(const QString &strNow) const
     now.lstTokens = pageTokens(strNow);
     now.lstNowOf = alignPieces(m_lstSerialised, now.lstTokens);
     now.lstOldOf = QVector<int>(now.lstTokens.size(), -1);
-    for (int n = 0; n < now.lstNowOf.size(); ++n) {
+    for (int n = 0; n < now.lstNowOf.size(); ++n)
         if (now.lstNowOf.at(n) >= 0)
             now.lstOldOf[now.lstNowOf.at(n)] = n;
-    }
     return now;
 }
 

@@ -140,8 +140,7 @@ void CPageNetwork::tellLater(CPageReply *pReply)
 void CPageNetwork::tellAll()
 {
     const QVector<QPointer<CPageReply>> arrReplies = std::exchange(m_arrUntold, {});
-    for (const QPointer<CPageReply> &pReply : arrReplies) {
+    for (const QPointer<CPageReply> &pReply : arrReplies)
         if (pReply)
             pReply->tell();
-    }
 }

@@ -19,10 +19,10 @@
 
 namespace {
 
-constexpr qint64 c_nMaxTextBytes = 500000;
+constexpr qint64 g_nMaxTextBytes = 500000;
 
 // Most files are tasted sooner, and then no word flickers by.
-constexpr int c_nSilentMilliseconds = 200;
+constexpr int g_nSilentMilliseconds = 200;
 
 } // namespace
 
@@ -38,7 +38,7 @@ CPreviewWidget::CPreviewWidget(QWidget *pParent)
     connect(&m_taster, &CTaster::tasted, this, &CPreviewWidget::onTasted);
     connect(m_pNotice, &CPreviewNotice::accepted, this, &CPreviewWidget::onShowAnyway);
     m_timerTasting.setSingleShot(true);
-    m_timerTasting.setInterval(c_nSilentMilliseconds);
+    m_timerTasting.setInterval(g_nSilentMilliseconds);
     connect(&m_timerTasting, &QTimer::timeout, this,
             [this] { say(tr("Trying out whether this file can be shown...")); });
 }
@@ -186,7 +186,7 @@ void CPreviewWidget::showText(const QString &strPath)
     if (!QFileInfo(strPath).isFile() || !file.open(QIODevice::ReadOnly)) // A pipe never ends.
         return;
     m_pText->setPathFileName(strPath);
-    const QByteArray bytes = file.read(c_nMaxTextBytes);
+    const QByteArray bytes = file.read(g_nMaxTextBytes);
     setText(file.atEnd() ? bytes : withoutCutUtf8(bytes));
     file.close();
     if (m_definition)

@@ -13,7 +13,8 @@ CSafePage::CSafePage(QObject *pParent) : QWebPage(pParent), m_pNetwork(new CPage
 {
     setNetworkAccessManager(m_pNetwork);
     restrictSettings();
-    connect(this, &QWebPage::loadStarted, this, [this] { m_bLoading = true; });
+    connect(
+        this, &QWebPage::loadStarted, this, [this] { m_bLoading = true; });
     connect(this, &QWebPage::loadFinished, this, [this] { m_bLoading = false; });
 }
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int c_nLevelsAbove = 2;
+constexpr int g_nLevelsAbove = 2;
 
 // Folders that hold more than one site.
 bool isShared(const QDir &dir)
@@ -29,7 +29,7 @@ QString siteFolder(const QString &strPage)
     QDir dir(QFileInfo(strFolder).canonicalFilePath());
     if (strPage.isEmpty() || dir.path() == QLatin1String("."))
         return QString();
-    for (int i = 0; i < c_nLevelsAbove; ++i) {
+    for (int i = 0; i < g_nLevelsAbove; ++i) {
         QDir dirAbove = dir;
         if (!dirAbove.cdUp() || isShared(dirAbove))
             break;

@@ -161,7 +161,7 @@ void CMove::moveAttributes(const SHtmlToken &tag)
         && m_strHtml.midRef(pMeaning->nValue, pMeaning->nLength)
                 .compare(QLatin1String("refresh"), Qt::CaseInsensitive)
             == 0;
-    for (const SHtmlAttribute &attribute : lstAttributes) {
+    for (const SHtmlAttribute &attribute : lstAttributes)
         if (holdsAddress(attribute.strName) && !(bCodeBase && leadsFromCodeBase(attribute.strName)))
             moveAddress(attribute.nValue, attribute.nLength);
         else if (holdsCandidates(attribute.strName))
@@ -170,7 +170,6 @@ void CMove::moveAttributes(const SHtmlToken &tag)
             moveRefresh(attribute.nValue, attribute.nLength);
         else if (attribute.strName == QLatin1String("style"))
             moveStyles(attribute.nValue, attribute.nValue + attribute.nLength);
-    }
 }
 
 QString CMove::run()

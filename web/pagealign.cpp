@@ -83,12 +83,12 @@ void CSourceAlignment::alignStretch(SStretch serialised, SStretch source)
 {
     const QVector<int> lstPairs =
         alignSequences(keys(m_lstSerialised, serialised, exact), keys(m_lstSource, source, exact));
-    for (int n = 0; n < lstPairs.size(); ++n) {
+    for (int n = 0; n < lstPairs.size(); ++n)
         if (lstPairs.at(n) >= 0)
             m_lstResult[serialised.nStart + n] = source.nStart + lstPairs.at(n);
-    }
     preferFirstBlanks(serialised);
-    betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairLoosely(a, b); });
+    betweenPairs(
+        serialised, source, [this](SStretch a, SStretch b) { pairLoosely(a, b); });
     betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairWords(a, b); });
 }
 
@@ -135,10 +135,9 @@ void CSourceAlignment::pairLoosely(SStretch serialised, SStretch source)
     };
     const QVector<quint64> lstSerialised = keys(m_lstSerialised, serialised, key);
     const QVector<int> lstPairs = alignSequences(lstSerialised, keys(m_lstSource, source, key));
-    for (int n = 0; n < lstPairs.size(); ++n) {
+    for (int n = 0; n < lstPairs.size(); ++n)
         if (lstPairs.at(n) >= 0)
             m_lstResult[serialised.nStart + n] = source.nStart + lstPairs.at(n);
-    }
 }
 
 // Words that a browser reads otherwise than we do, where it is plain which is which.

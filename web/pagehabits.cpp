@@ -184,7 +184,7 @@ QString decodedValue(const QString &strHtml, const SHtmlAttribute &attribute)
 QString writeValue(const QString &strText, QChar cQuote, const SPageHabits &habits)
 {
     QString strValue;
-    for (const QChar c : strText) {
+    for (const QChar c : strText)
         if (c == QLatin1Char('&'))
             strValue += QLatin1String("&amp;");
         else if (c == cQuote)
@@ -200,7 +200,6 @@ QString writeValue(const QString &strText, QChar cQuote, const SPageHabits &habi
             strValue += habits.mapReferences.value(c.unicode());
         else
             strValue += c;
-    }
     return strValue;
 }
 
@@ -229,10 +228,9 @@ QString writeTag(const QString &strHtml, const SPageToken &piece, const SPageHab
     if (habits.bUpperTags && !piece.bForeign)
         strName = strName.toUpper();
     QString strTag = QLatin1String(bEnd ? "</" : "<") + strName;
-    if (!bEnd) {
+    if (!bEnd)
         for (const SHtmlAttribute &attribute : htmlAttributes(strHtml, tagOf(piece)))
             strTag += writeAttribute(strHtml, attribute, piece, habits);
-    }
     return strTag + (!bEnd && piece.bVoid ? habits.strVoidEnd : QStringLiteral(">"));
 }
 
@@ -312,9 +310,8 @@ QString changeTag(const QString &strSource, const SPageToken &source, const QStr
         nBehind = attribute.nEnd;
     }
     strTag += strSource.midRef(nCopied, nBehind - nCopied);
-    for (const SHtmlAttribute &attribute : lstNew) {
+    for (const SHtmlAttribute &attribute : lstNew)
         if (!setSeen.contains(attribute.strName))
             strTag += writeAttribute(strNew, attribute, newTag, habits);
-    }
     return strTag + strSource.midRef(nBehind, source.nEnd - nBehind);
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr char c_szMarked[] = "'font[size=\"7\"], [style*=\"-webkit-xxx-large\"]'";
+constexpr char g_szMarked[] = "'font[size=\"7\"], [style*=\"-webkit-xxx-large\"]'";
 
 QString call(const QString &strFunction, const QString &strArguments)
 {
@@ -71,7 +71,7 @@ QString fontPixels()
 
 QString setFontSize(const QString &strCss)
 {
-    const QString strMarked = call(QStringLiteral("querySelectorAll"), QLatin1String(c_szMarked));
+    const QString strMarked = call(QStringLiteral("querySelectorAll"), QLatin1String(g_szMarked));
     const QString strBody =
         QStringLiteral("var before = Array.prototype.slice.call(%1), i; %2;"
                        "var all = %1, s = getSelection();"
@@ -94,7 +94,7 @@ QString sizeTyped(const QString &strCss)
                        "while (n && !(n.nodeType == 1 && n.webkitMatchesSelector(%1)))"
                        "  n = n.parentNode;"
                        "if (n) { %2 }")
-            .arg(QLatin1String(c_szMarked), resize(QStringLiteral("n")));
+            .arg(QLatin1String(g_szMarked), resize(QStringLiteral("n")));
     return function(strBody, strCss);
 }
 

@@ -203,10 +203,9 @@ bool mayBeSvg(const QByteArray &data)
     if (data.startsWith("\x1f\x8b"))
         return true;
     const QByteArray start = data.left(64);
-    for (const char *szMark : {"<?xml", "<svg", "<!--", "<!DOC", "<!doc"}) {
+    for (const char *szMark : {"<?xml", "<svg", "<!--", "<!DOC", "<!doc"})
         if (start.contains(szMark))
             return true;
-    }
     return start.trimmed().startsWith('<');
 }
 

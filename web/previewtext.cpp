@@ -50,10 +50,9 @@ int endOfLine(const QString &strText, int nPos)
 int shownLength(const QStringRef &strLine)
 {
     int nShaped = 0;
-    for (int n = 0; n < strLine.size(); ++n) {
+    for (int n = 0; n < strLine.size(); ++n)
         if (isShaped(strLine.at(n)) && ++nShaped > g_nMostShaped)
             return strLine.at(n).isLowSurrogate() ? n - 1 : n;
-    }
     return strLine.size();
 }
 

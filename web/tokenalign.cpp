@@ -94,15 +94,13 @@ void CAlignment::compareAll(SPair start, SPair end)
                 : qMax(lstTable.at((i + 1) * nWidth + j), lstTable.at(i * nWidth + j + 1));
         }
     }
-    for (int i = 0, j = 0; i < nA && j < nB;) {
-        if (isEqual(start.nA + i, start.nB + j)) {
+    for (int i = 0, j = 0; i < nA && j < nB;)
+        if (isEqual(start.nA + i, start.nB + j))
             m_lstResult[start.nA + i++] = start.nB + j++;
-        } else if (lstTable.at((i + 1) * nWidth + j) >= lstTable.at(i * nWidth + j + 1)) {
+        else if (lstTable.at((i + 1) * nWidth + j) >= lstTable.at(i * nWidth + j + 1))
             ++i;
-        } else {
+        else
             ++j;
-        }
-    }
 }
 
 // The shortest way (Myers, "An O(ND) Difference Algorithm", 1986) until a long run of equal

@@ -137,10 +137,9 @@ QStringList suffixes()
 {
     QStringList lst {QString()};
     const QList<QMimeType> lstTypes = QMimeDatabase().allMimeTypes();
-    for (const QMimeType &type : lstTypes) {
+    for (const QMimeType &type : lstTypes)
         for (const QString &strSuffix : type.suffixes())
             lst.append(QLatin1Char('.') + strSuffix);
-    }
     lst = lst.mid(0, 800);
     while (lst.size() < 1000)
         lst.append(QStringLiteral(".unknown%1").arg(lst.size()));

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int nFilesPerLanguage = 24;
-constexpr int nRunWorthNaming = 4;
+constexpr int g_nFilesPerLanguage = 24;
+constexpr int g_nRunWorthNaming = 4;
 
 QVariantMap withoutRegions(QVariantMap mapDefinition)
 {
@@ -36,9 +36,8 @@ void nameRuns(QTextStream *pOut, const QString &strPath, const Comparison &one,
 {
     *pOut << "  " << QString::number(one.characterShare(), 'f', 2) << " % " << strPath << " "
           << QFileInfo(strPath).size() << "\n";
-    for (const WrongRun &run : lstRuns) {
+    for (const WrongRun &run : lstRuns)
         *pOut << "    " << run.nLines << " lines from " << run.nFirst + 1 << "\n";
-    }
 }
 
 void countStyles(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
@@ -59,9 +58,8 @@ bool compareOne(const FileKind &kind, const QString &strPath, const QVariantMap 
 {
     const QStringList lstLines = readLines(strPath);
     PeersText peer = classesOfPeer(kind.strName, kind.strFileName, lstLines);
-    if (peer.asItStands.empty()) {
+    if (peer.asItStands.empty())
         return false;
-    }
     const CharacterClasses lstOurs = classesOfOurs(mapDefinition, lstLines);
     pRow->fixed.add(
         compareFile(classesOfOurs(withoutRegions(mapDefinition), lstLines), peer.asItStands));
@@ -69,7 +67,7 @@ bool compareOne(const FileKind &kind, const QString &strPath, const QVariantMap 
     pRow->byGrammar.add(compareFile(lstOurs, peer.byGrammar));
     lookedAt.settle(kind.strName, strPath, QFileInfo(strPath).size(), lstOurs, &peer.byGrammar);
     std::vector<WrongRun> lstRuns;
-    const Comparison left = compareFile(lstOurs, peer.byGrammar, nRunWorthNaming, &lstRuns);
+    const Comparison left = compareFile(lstOurs, peer.byGrammar, g_nRunWorthNaming, &lstRuns);
     pRow->left.add(left);
     ++pRow->nFiles;
     if (pRuns) {
@@ -86,12 +84,10 @@ Row compareKind(const FileKind &kind, const Options &options, const QVariantMap 
         QStringLiteral(QUILLAN_SOURCE_DIR "/bench/colours/peer-wrong.tsv"));
     Row row;
     const QStringList lstFiles =
-        filesOf(kind, options.strRoot, nFilesPerLanguage, options.bOthers ? 1 : 0);
-    for (const QString &strPath : lstFiles) {
-        if (!compareOne(kind, strPath, mapDefinition, s_lookedAt, &row, pRuns)) {
+        filesOf(kind, options.strRoot, g_nFilesPerLanguage, options.bOthers ? 1 : 0);
+    for (const QString &strPath : lstFiles)
+        if (!compareOne(kind, strPath, mapDefinition, s_lookedAt, &row, pRuns))
             break;
-        }
-    }
     return row;
 }
 
@@ -102,9 +98,8 @@ QString number(double f)
 
 void printRow(QTextStream *pOut, const QString &strName, const Row &row)
 {
-    for (auto it = row.mapStyles.begin(); it != row.mapStyles.end(); ++it) {
+    for (auto it = row.mapStyles.begin(); it != row.mapStyles.end(); ++it)
         *pOut << "  " << it.value() << " characters, " << it.key() << "\n";
-    }
     *pOut << "| " << strName << " | " << row.nFiles << " | " << number(row.fixed.characterShare())
           << " | " << number(row.asItStands.characterShare()) << " | "
           << number(row.byGrammar.characterShare()) << " | "
@@ -128,9 +123,8 @@ void printAgreement(const CHighlightMgt &registry, const Options &options)
     double arrSums[4] = {};
     int nRows = 0;
     for (const FileKind &kind : fileKinds()) {
-        if (!options.strOnly.isEmpty() && kind.strName != options.strOnly) {
+        if (!options.strOnly.isEmpty() && kind.strName != options.strOnly)
             continue;
-        }
         const Row row = compareKind(kind, options, registry.definitionForFile(kind.strFileName),
                                     options.strOnly.isEmpty() ? nullptr : &out);
         printRow(&out, kind.strName, row);

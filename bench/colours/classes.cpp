@@ -48,9 +48,8 @@ public:
             m_text.asItStands.push_back(lstNone);
             m_text.byGrammar.push_back(lstNone);
             m_text.lstStyles.emplace_back();
-            for (int n = 0; n < strLine.size(); ++n) {
+            for (int n = 0; n < strLine.size(); ++n)
                 m_text.lstStyles.back().append(QString());
-            }
             state = highlightLine(strLine, state);
         }
         return m_text;
@@ -81,18 +80,17 @@ CharacterClasses classesOfOurs(const QVariantMap &mapDefinition, const QStringLi
 {
     const CHighlightRules rules(mapDefinition);
     CharacterClasses lst;
-    HighlightLine line;
+    SHighlightLine line;
     int nState = -1;
     for (const QString &strLine : lstLines) {
         rules.highlight(strLine, nState, &line);
         nState = line.nState;
         std::vector<bool> lstLine(size_t(strLine.size()), false);
-        for (const HighlightRange &range : line.lstRanges) {
+        for (const SHighlightRange &range : line.lstRanges) {
             const bool bText =
                 range.role == HighlightRole::Comment || range.role == HighlightRole::String;
-            for (int n = range.nStart; n < range.nStart + range.nLength; ++n) {
+            for (int n = range.nStart; n < range.nStart + range.nLength; ++n)
                 lstLine[size_t(n)] = bText;
-            }
         }
         lst.push_back(lstLine);
     }
@@ -104,9 +102,8 @@ PeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
 {
     static KSyntaxHighlighting::Repository s_repository;
     const auto definition = s_repository.definitionForFileName(strFileName);
-    if (!definition.isValid()) {
+    if (!definition.isValid())
         return PeersText();
-    }
     CPeer peer(strLanguage);
     peer.setDefinition(definition);
     return peer.run(lstLines);

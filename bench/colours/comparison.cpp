@@ -18,20 +18,17 @@ Comparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &
     WrongRun run {0, 0};
     const auto endRun = [&] {
         result.nLongestRun = std::max(result.nLongestRun, run.nLines);
-        if (pRuns && run.nLines >= nMinRun) {
+        if (pRuns && run.nLines >= nMinRun)
             pRuns->push_back(run);
-        }
         run.nLines = 0;
     };
     for (size_t nLine = 0; nLine < lstOurs.size(); ++nLine) {
         const size_t nSize = lstOurs[nLine].size();
-        if (nSize == 0) {
+        if (nSize == 0)
             continue; // An empty line neither is wrong nor ends a run.
-        }
         size_t nDiffering = 0;
-        for (size_t n = 0; n < nSize; ++n) {
+        for (size_t n = 0; n < nSize; ++n)
             nDiffering += lstOurs[nLine][n] != lstPeers[nLine][n];
-        }
         result.nCharacters += qint64(nSize);
         result.nDiffering += qint64(nDiffering);
         ++result.nLines;
@@ -40,9 +37,8 @@ Comparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &
             continue;
         }
         ++result.nWrongLines;
-        if (run.nLines == 0) {
+        if (run.nLines == 0)
             run.nFirst = int(nLine);
-        }
         ++run.nLines;
     }
     endRun();

@@ -4,21 +4,19 @@
 
 namespace {
 
-constexpr qint64 nMinSize = 1500;
-constexpr qint64 nMaxSize = 120000;
+constexpr qint64 g_nMinSize = 1500;
+constexpr qint64 g_nMaxSize = 120000;
 
 // Lines of thousands of characters come from a program and nobody reads them.
 bool isReadable(const QString &strPath)
 {
     QFile file(strPath);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return false;
-    }
     while (!file.atEnd()) {
         const QByteArray line = file.readLine();
-        if (line.size() > 2000 || line.contains('\0')) {
+        if (line.size() > 2000 || line.contains('\0'))
             return false;
-        }
     }
     return true;
 }
@@ -85,9 +83,8 @@ QStringList spread(const QStringList &lstAll, int nCount)
     for (int n = 0; n < lstAll.size() && lst.size() < nCount; ++n) {
         const int nLeft = nCount - int(lst.size());
         n += std::max(1, int(lstAll.size() - n) / nLeft) - 1;
-        if (n < lstAll.size() && isReadable(lstAll.at(n))) {
+        if (n < lstAll.size() && isReadable(lstAll.at(n)))
             lst.append(lstAll.at(n));
-        }
     }
     return lst;
 }
@@ -103,19 +100,17 @@ QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, in
         while (it.hasNext()) {
             const QString strPath = it.next();
             const qint64 nSize = it.fileInfo().size();
-            if (nSize >= nMinSize && nSize <= nMaxSize && !strPath.contains(".min.")
-                && !strPath.contains("/unicore/") && !strPath.contains("/Collate/")) {
+            if (nSize >= g_nMinSize && nSize <= g_nMaxSize && !strPath.contains(".min.")
+                && !strPath.contains("/unicore/") && !strPath.contains("/Collate/"))
                 lstAll.append(QDir::cleanPath(strPath));
-            }
         }
     }
     lstAll.removeDuplicates();
     lstAll.sort();
     QStringList lst = spread(lstAll, nCount);
     for (int n = 0; n < nSet; ++n) {
-        for (const QString &strPath : qAsConst(lst)) {
+        for (const QString &strPath : qAsConst(lst))
             lstAll.removeOne(strPath);
-        }
         lst = spread(lstAll, nCount);
     }
     return lst;
@@ -124,14 +119,11 @@ QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, in
 QStringList readLines(const QString &strPath)
 {
     QFile file(strPath);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return QStringList();
-    }
     QStringList lst = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
-    for (QString &strLine : lst) {
-        if (strLine.endsWith(QLatin1Char('\r'))) {
+    for (QString &strLine : lst)
+        if (strLine.endsWith(QLatin1Char('\r')))
             strLine.chop(1);
-        }
-    }
     return lst;
 }

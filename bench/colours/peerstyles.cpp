@@ -34,12 +34,10 @@ constexpr StyleFault g_arrFaults[] = {
 
 std::optional<bool> classByGrammar(const QString &strLanguage, const QString &strStyle, QChar ch)
 {
-    for (const StyleFault &fault : g_arrFaults) {
+    for (const StyleFault &fault : g_arrFaults)
         if (strLanguage == QLatin1String(fault.pszLanguage)
             && strStyle == QLatin1String(fault.pszStyle)
-            && (!fault.pszCharacters || QLatin1String(fault.pszCharacters).contains(ch))) {
+            && (!fault.pszCharacters || QLatin1String(fault.pszCharacters).contains(ch)))
             return fault.bText;
-        }
-    }
     return std::nullopt;
 }

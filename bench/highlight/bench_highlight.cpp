@@ -15,15 +15,14 @@
 
 namespace {
 
-constexpr qint64 nMega = 1000 * 1000;
+constexpr qint64 g_nMega = 1000 * 1000;
 
 // The best of three, or of one when that took long.
 double best(const std::function<double()> &measure)
 {
     double fBest = measure();
-    for (int n = 0; n < 2 && fBest >= 0 && fBest < 2; ++n) {
+    for (int n = 0; n < 2 && fBest >= 0 && fBest < 2; ++n)
         fBest = std::min(fBest, measure());
-    }
     return fBest;
 }
 
@@ -71,11 +70,9 @@ QList<Corpus> collectCpp(const Options &options)
     const QList<QPair<QString, int>> lstSizes {
         {"C++ 1 MB", 1}, {"C++ 10 MB", 10}, {"C++ 50 MB", 50}};
     QList<Corpus> lst;
-    for (const auto &[strName, nMegabytes] : lstSizes) {
-        if (options.wants(strName)) {
-            lst.append(collect(strName, "a.cpp", lstFolders, lstPatterns, nMegabytes * nMega));
-        }
-    }
+    for (const auto &[strName, nMegabytes] : lstSizes)
+        if (options.wants(strName))
+            lst.append(collect(strName, "a.cpp", lstFolders, lstPatterns, nMegabytes * g_nMega));
     return lst;
 }
 
@@ -98,7 +95,7 @@ QList<Corpus> collectAll(const Options &options)
     for (const Kind &kind : lstKinds) {
         if (options.wants(kind.strName)) {
             lst.append(collect(kind.strName, kind.strFileName, kind.lstFolders, {kind.strPattern},
-                               5 * nMega));
+                               5 * g_nMega));
         }
     }
     const QList<FileKind> lstReal = options.strFolder.isEmpty() ? QList<FileKind>() : fileKinds();
@@ -106,7 +103,7 @@ QList<Corpus> collectAll(const Options &options)
         const QString strName = kind.strName + QStringLiteral(", real files");
         if (options.wants(strName)) {
             lst.append(readFiles(strName, kind.strFileName, filesOf(kind, options.strFolder, 24),
-                                 2 * nMega));
+                                 2 * g_nMega));
         }
     }
     return lst;
@@ -116,7 +113,7 @@ void measure(const Corpus &corpus, const QVariantMap &mapDefinition, bool bOnlyO
              QTextStream *pOut)
 {
     // One megabyte is enough of a slow thing.
-    const Corpus head = bOnlyOurs ? Corpus() : corpus.head(nMega);
+    const Corpus head = bOnlyOurs ? Corpus() : corpus.head(g_nMega);
     const auto peer = [&](const std::function<double()> &seconds) {
         return bOnlyOurs ? -1 : best(seconds);
     };

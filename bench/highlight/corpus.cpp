@@ -10,9 +10,8 @@ Corpus Corpus::head(qint64 nMaxBytes) const
     corpus.nBytes = 0;
     corpus.bRepeated = bRepeated && nMaxBytes > nBytesOnce;
     for (const QString &strLine : lstLines) {
-        if (corpus.nBytes >= nMaxBytes) {
+        if (corpus.nBytes >= nMaxBytes)
             break;
-        }
         corpus.lstLines.append(strLine);
         corpus.nBytes += strLine.toUtf8().size() + 1;
     }
@@ -25,9 +24,8 @@ Corpus collect(const QString &strName, const QString &strFileName, const QString
     QStringList lstPaths;
     for (const QString &strFolder : lstFolders) {
         QDirIterator it(strFolder, lstPatterns, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
+        while (it.hasNext())
             lstPaths.append(it.next());
-        }
     }
     lstPaths.sort();
     return readFiles(strName, strFileName, lstPaths, nBytes);
@@ -41,17 +39,15 @@ Corpus readFiles(const QString &strName, const QString &strFileName, const QStri
     corpus.strFileName = strFileName;
     for (int n = 0; !lstPaths.isEmpty() && corpus.nBytes < nBytes; ++n) {
         if (n == lstPaths.size()) {
-            if (corpus.nBytes == 0) {
+            if (corpus.nBytes == 0)
                 break;
-            }
             corpus.nBytesOnce = corpus.bRepeated ? corpus.nBytesOnce : corpus.nBytes;
             corpus.bRepeated = true;
             n = 0;
         }
         QFile file(lstPaths.at(n));
-        if (!file.open(QIODevice::ReadOnly)) {
+        if (!file.open(QIODevice::ReadOnly))
             continue;
-        }
         const QByteArray arr = file.read(nBytes - corpus.nBytes);
         corpus.nBytes += arr.size();
         corpus.lstLines += QString::fromUtf8(arr).split(QLatin1Char('\n'));

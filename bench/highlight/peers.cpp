@@ -36,7 +36,7 @@ private:
 double secondsOfOurs(const QVariantMap &mapDefinition, const Corpus &corpus)
 {
     const CHighlightRules rules(mapDefinition);
-    HighlightLine line;
+    SHighlightLine line;
     int nState = -1;
     const CStopwatch stopwatch;
     for (const QString &strLine : corpus.lstLines) {
@@ -51,9 +51,8 @@ double secondsOfLiteral(const QVariantMap &mapDefinition, const Corpus &corpus)
     const CLiteralRules rules(mapDefinition);
     int nState = -1;
     const CStopwatch stopwatch;
-    for (const QString &strLine : corpus.lstLines) {
+    for (const QString &strLine : corpus.lstLines)
         nState = rules.highlight(strLine, nState).nState;
-    }
     return stopwatch.seconds();
 }
 
@@ -66,9 +65,8 @@ public:
     void run(const QStringList &lstLines)
     {
         KSyntaxHighlighting::State state;
-        for (const QString &strLine : lstLines) {
+        for (const QString &strLine : lstLines)
             state = highlightLine(strLine, state);
-        }
     }
 
 protected:
@@ -84,9 +82,8 @@ double secondsOfKSyntaxHighlighting(const Corpus &corpus)
 {
     static KSyntaxHighlighting::Repository repository;
     const auto definition = repository.definitionForFileName(corpus.strFileName);
-    if (!definition.isValid()) {
+    if (!definition.isValid())
         return -1;
-    }
     CCounter counter;
     counter.setDefinition(definition);
     counter.run(corpus.lstLines.mid(0, 100)); // loads what is loaded on demand
@@ -105,9 +102,8 @@ double secondsOfKSyntaxHighlighting(const Corpus &)
 double secondsOfScintilla(const Corpus &corpus)
 {
     const std::unique_ptr<QsciLexer> pLexer = lexerFor(corpus.strFileName);
-    if (!pLexer) {
+    if (!pLexer)
         return -1;
-    }
     pLexer->setProperty("fold", "0");
     QsciScintilla widget;
     widget.setUtf8(true);

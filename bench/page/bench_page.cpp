@@ -102,7 +102,8 @@ void measure(const QString &strSize, const QString &strPath)
     const auto row = [&](const char *szWhat) {
         return QStringLiteral("%1, %2").arg(QLatin1String(szWhat), strSize);
     };
-    report(row("open to painted"), 5, [&] { return openToPainted(strPath); });
+    report(
+        row("open to painted"), 5, [&] { return openToPainted(strPath); });
     report(row("the same in a bare web view"), 5, [&] { return openToPaintedBare(strPath); });
 
     CEditWebView view;
@@ -110,55 +111,68 @@ void measure(const QString &strSize, const QString &strPath)
     view.show();
     load(view, strPath);
     caretToStart(view);
-    report(row("keystroke, source hidden"), 50, [&] { return keystroke(view); });
-    report(row("toolbar state at the caret"), 50, [&] {
-        return milliseconds([&] {
-            const bool bStyled = view.isBold() || view.isItalic() || view.isUnderline();
-            const QString strFont = view.fontName() + view.fontSize();
-            if (bStyled || strFont.isEmpty() || view.foreColor() == view.backColor())
-                qFatal("the plain text at the caret was expected");
+    report(
+        row("keystroke, source hidden"), 50, [&] { return keystroke(view); });
+    report(
+        row("toolbar state at the caret"), 50,
+        [&] {
+            return milliseconds([&] {
+                const bool bStyled = view.isBold() || view.isItalic() || view.isUnderline();
+                const QString strFont = view.fontName() + view.fontSize();
+                if (bStyled || strFont.isEmpty() || view.foreColor() == view.backColor())
+                    qFatal("the plain text at the caret was expected");
+            });
         });
-    });
-    report(row("Control pressed and released"), 20, [&] {
-        return milliseconds([&] {
-            QTest::keyClick(&view, Qt::Key_Control);
-            view.grab(QRect(0, 0, 1000, 50));
+    report(
+        row("Control pressed and released"), 20,
+        [&] {
+            return milliseconds([&] {
+                QTest::keyClick(&view, Qt::Key_Control);
+                view.grab(QRect(0, 0, 1000, 50));
+            });
         });
-    });
-    report(row("save after a letter, for the first time"), 5, [&] {
-        CEditWebView fresh;
-        load(fresh, strPath);
-        caretToStart(fresh);
-        QTest::keyClick(&fresh, Qt::Key_X);
-        return milliseconds([&] { fresh.htmlForSaving(); });
-    });
-    report(row("save after a letter"), 10, [&] {
-        QTest::keyClick(&view, Qt::Key_X);
-        return milliseconds([&] { view.htmlForSaving(); });
-    });
+    report(
+        row("save after a letter, for the first time"), 5,
+        [&] {
+            CEditWebView fresh;
+            load(fresh, strPath);
+            caretToStart(fresh);
+            QTest::keyClick(&fresh, Qt::Key_X);
+            return milliseconds([&] { fresh.htmlForSaving(); });
+        });
+    report(
+        row("save after a letter"), 10,
+        [&] {
+            QTest::keyClick(&view, Qt::Key_X);
+            return milliseconds([&] { view.htmlForSaving(); });
+        });
     report(row("the serialisation alone, without the source"), 10, [&] {
         return milliseconds([&] {
             if (view.toHtml().toUtf8().isEmpty())
                 qFatal("a page was expected");
         });
     });
-    report(row("page to source"), 5, [&] {
-        view.showSource(false);
-        return milliseconds([&] {
-            view.showSource(true);
-            view.sourceEdit()->grab();
+    report(
+        row("page to source"), 5,
+        [&] {
+            view.showSource(false);
+            return milliseconds([&] {
+                view.showSource(true);
+                view.sourceEdit()->grab();
+            });
         });
-    });
     report(row("keystroke, source shown"), 10, [&] { return keystroke(view); });
     CHighlightEdit peer;
     peer.resize(1000, 700);
     peer.show();
-    report(row("the same by setting the whole serialisation anew"), 10, [&] {
-        return milliseconds([&] {
-            view.grab(QRect(0, 0, 1000, 50));
-            peer.setTextData(view.toHtml().toUtf8(), false);
+    report(
+        row("the same by setting the whole serialisation anew"), 10,
+        [&] {
+            return milliseconds([&] {
+                view.grab(QRect(0, 0, 1000, 50));
+                peer.setTextData(view.toHtml().toUtf8(), false);
+            });
         });
-    });
     const auto back = [&] {
         return milliseconds([&] {
             view.showSource(false);

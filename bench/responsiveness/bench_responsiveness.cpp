@@ -24,9 +24,9 @@
 
 namespace {
 
-constexpr int nLines = 1000 * 1000;
-constexpr int nJsonBytes = 5 * 1000 * 1000;
-constexpr int nKeys = 51;
+constexpr int g_nLines = 1000 * 1000;
+constexpr int g_nJsonBytes = 5 * 1000 * 1000;
+constexpr int g_nKeys = 51;
 
 void report(const char *pszName, double fValue)
 {
@@ -48,9 +48,8 @@ double processorMs()
 double residentMemory()
 {
     QFile file(QStringLiteral("/proc/self/statm"));
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return -1;
-    }
     return file.readAll().split(' ').value(1).toDouble() * 4096 / 1024 / 1024;
 }
 
@@ -82,9 +81,8 @@ void runUntilIdle(const std::function<bool()> &isDone)
     for (int nQuiet = 0; nQuiet < 5;) {
         bool bCame = false;
         QTimer::singleShot(0, [&bCame] { bCame = true; });
-        while (!bCame) {
+        while (!bCame)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
         nQuiet = isDone() ? nQuiet + 1 : 0;
     }
 }
@@ -115,17 +113,16 @@ QString millionLines()
         collect("C++", "a.cpp", {"/usr/include/c++", "/usr/include/x86_64-linux-gnu/qt5"},
                 {"*.h", "*.hpp", "*.tcc"}, 40 * 1000 * 1000);
     QStringList lst = corpus.lstLines;
-    while (!lst.isEmpty() && lst.size() < nLines) {
+    while (!lst.isEmpty() && lst.size() < g_nLines)
         lst += corpus.lstLines;
-    }
-    return lst.mid(0, nLines).join(QLatin1Char('\n'));
+    return lst.mid(0, g_nLines).join(QLatin1Char('\n'));
 }
 
 QString jsonLine()
 {
     const Corpus corpus =
-        collect("JSON", "a.json", {"/usr/share", "/usr/lib"}, {"*.json"}, nJsonBytes);
-    return corpus.lstLines.join(QLatin1Char(' ')).left(nJsonBytes);
+        collect("JSON", "a.json", {"/usr/share", "/usr/lib"}, {"*.json"}, g_nJsonBytes);
+    return corpus.lstLines.join(QLatin1Char(' ')).left(g_nJsonBytes);
 }
 
 QVariantMap definitionFor(const QString &strFileName)
@@ -138,7 +135,7 @@ QVariantMap definitionFor(const QString &strFileName)
 double medianKeystroke(CHighlightEdit *pEditor)
 {
     std::vector<double> lstTimes;
-    for (int n = 0; n < nKeys; ++n) {
+    for (int n = 0; n < g_nKeys; ++n) {
         bool bColoured = false;
         QObject context;
         QObject::connect(pEditor->highlighter(), &CThreadHighlighter::blockFormatChanged, &context,
@@ -148,9 +145,8 @@ double medianKeystroke(CHighlightEdit *pEditor)
         QElapsedTimer timer;
         timer.start();
         type(pEditor, QLatin1Char("if 1 "[n % 5]));
-        while (!bColoured) {
+        while (!bColoured)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
         lstTimes.push_back(milliseconds(timer));
         runUntilIdle([] { return true; });
     }
@@ -206,18 +202,16 @@ void millionBare()
     timer.start();
     editor.setPlainText(strText);
     report("setPlainText, ms", milliseconds(timer));
-    HighlightLine line;
+    SHighlightLine line;
     int nState = -1;
     for (QTextBlock block = editor.document()->begin(); block.isValid(); block = block.next()) {
         rules.highlight(block.text(), nState, &line);
         nState = line.nState;
         QVector<QTextLayout::FormatRange> lst;
-        for (const HighlightRange &range : line.lstRanges) {
+        for (const SHighlightRange &range : line.lstRanges)
             lst.append({range.nStart, range.nLength, CHighlightRules::format(range.role)});
-        }
-        if (!lst.isEmpty()) {
+        if (!lst.isEmpty())
             block.layout()->setFormats(lst);
-        }
     }
     report("memory, MiB", residentMemory() - fBefore);
 }

@@ -177,8 +177,8 @@ Figures measureEditor(const QString &strText, const Replacement &replacement)
                 fail("the editor does not find the word");
         });
     });
-    QObject::connect(&edit, &CHighlightEdit::replaceNum,
-                     [&](int nCount) { figures.nCount = nCount; });
+    QObject::connect(
+        &edit, &CHighlightEdit::replaceNum, [&](int nCount) { figures.nCount = nCount; });
     figures.nReplace = best([&] {
         edit.setPlainText(strText);
         edit.moveCursor(QTextCursor::Start);

@@ -39,10 +39,9 @@ int peakMemory(qint64 nProcess)
     QFile file(QStringLiteral("/proc/%1/status").arg(nProcess));
     file.open(QIODevice::ReadOnly);
     const QList<QByteArray> lstLines = file.readAll().split('\n');
-    for (const QByteArray &line : lstLines) {
+    for (const QByteArray &line : lstLines)
         if (line.startsWith("VmHWM:"))
             return line.mid(6).trimmed().split(' ').first().toInt();
-    }
     return 0;
 }
 
@@ -159,10 +158,9 @@ void printRow(const char *szWhat, const Program &program, const Program &bare)
 template<class Run>
 void measure(const char *szWhat, QList<Program> lstPrograms, int nRounds, const Run &run)
 {
-    for (int n = 0; n < nRounds; ++n) {
+    for (int n = 0; n < nRounds; ++n)
         for (Program &program : lstPrograms)
             program.lstSamples.append(run(program.strPath));
-    }
     for (const Program &program : qAsConst(lstPrograms))
         printRow(szWhat, program, lstPrograms.first());
 }

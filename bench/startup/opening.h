@@ -18,10 +18,9 @@ inline int peakMemory()
     QFile file(QStringLiteral("/proc/self/status"));
     file.open(QIODevice::ReadOnly);
     const QList<QByteArray> lstLines = file.readAll().split('\n');
-    for (const QByteArray &line : lstLines) {
+    for (const QByteArray &line : lstLines)
         if (line.startsWith("VmHWM:"))
             return line.mid(6).trimmed().split(' ').first().toInt();
-    }
     return 0;
 }
 

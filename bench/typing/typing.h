@@ -39,10 +39,9 @@ inline double memory(const char *szName)
     if (!file.open(QIODevice::ReadOnly))
         return -1;
     const QList<QByteArray> lstLines = file.readAll().split('\n');
-    for (const QByteArray &line : lstLines) {
+    for (const QByteArray &line : lstLines)
         if (line.startsWith(szName))
             return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
-    }
     return -1;
 }
 

@@ -27,12 +27,11 @@ inline void readTranslation(QXmlStreamReader *pXml, SCatalogueText *pText)
 {
     pText->strState = pXml->attributes().value(QLatin1String("type")).toString();
     QString strWhole;
-    while (pXml->readNext() != QXmlStreamReader::EndElement && !pXml->atEnd()) {
+    while (pXml->readNext() != QXmlStreamReader::EndElement && !pXml->atEnd())
         if (pXml->isStartElement())
             pText->lstTranslations.append(pXml->readElementText());
         else if (pXml->isCharacters())
             strWhole += pXml->text();
-    }
     if (pText->lstTranslations.isEmpty())
         pText->lstTranslations.append(strWhole);
 }
@@ -41,7 +40,7 @@ inline SCatalogueText readMessage(QXmlStreamReader *pXml, const QString &strCont
 {
     SCatalogueText text;
     text.strContext = strContext;
-    while (pXml->readNextStartElement()) {
+    while (pXml->readNextStartElement())
         if (pXml->name() == QLatin1String("source"))
             text.strSource = pXml->readElementText();
         else if (pXml->name() == QLatin1String("comment"))
@@ -50,7 +49,6 @@ inline SCatalogueText readMessage(QXmlStreamReader *pXml, const QString &strCont
             readTranslation(pXml, &text);
         else
             pXml->skipCurrentElement();
-    }
     return text;
 }
 

@@ -14,7 +14,8 @@ namespace {
 
 bool isForeignWord(const QString &strWord)
 {
-    return std::any_of(strWord.cbegin(), strWord.cend(), [](QChar c) { return c.unicode() > 127; });
+    return std::any_of(
+        strWord.cbegin(), strWord.cend(), [](QChar c) { return c.unicode() > 127; });
 }
 
 QStringList foreignWords(const QString &strPath)

@@ -113,11 +113,10 @@ void tst_CodecDetection::cutText_isStillFound_data()
     QTest::addColumn<QString>("codec");
     QTest::addColumn<QString>("prose");
     for (const SEncodingText &text : encodingTexts()) {
-        for (const QString &strCodec : text.lstCodecs) {
+        for (const QString &strCodec : text.lstCodecs)
             if (text.strLanguage.contains("Chinese") || text.strLanguage == "Japanese"
                 || text.strLanguage == "Korean")
                 QTest::newRow(qPrintable(strCodec)) << strCodec << text.strProse;
-        }
     }
 }
 

@@ -32,7 +32,7 @@ const QByteArray g_new(400000, 'n');
 
 } // namespace
 
-class TestCommit : public QObject
+class tst_commit : public QObject
 {
     Q_OBJECT
 
@@ -279,7 +279,7 @@ int main(int nArgc, char **ppArgv)
             return 2;
         return writeFile(lstArguments.value(2), next) ? 0 : 1;
     }
-    TestCommit test;
+    tst_commit test;
     return QTest::qExec(&test, nArgc, ppArgv);
 }
 

@@ -127,10 +127,9 @@ void tst_commonhelpers::entries_areOrdered()
 void tst_commonhelpers::order_isStrict()
 {
     const QFileInfoList lst = QDir(QDir::rootPath()).entryInfoList() + QDir::drives();
-    for (const QFileInfo &a : lst) {
+    for (const QFileInfo &a : lst)
         for (const QFileInfo &b : lst)
             QVERIFY(!(lessFileInfo(a, b) && lessFileInfo(b, a)));
-    }
 }
 
 // The declarations of one state, without blanks.
@@ -138,10 +137,9 @@ static QString declarations(const QString &strStyle, const QString &strState)
 {
     QString strPlain = strStyle;
     strPlain.remove(QLatin1Char(' ')).remove(QLatin1Char('\n'));
-    for (const char *szWidget : {"QPushButton", "QToolButton"}) {
+    for (const char *szWidget : {"QPushButton", "QToolButton"})
         if (!strPlain.contains(QLatin1String(szWidget) + strState))
             return QString();
-    }
     const int nStart =
         strPlain.indexOf(QString(QLatin1String("QToolButton") + strState + QLatin1Char('{')));
     return strPlain.mid(nStart, strPlain.indexOf(QLatin1Char('}'), nStart) - nStart);

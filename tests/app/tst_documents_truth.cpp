@@ -101,7 +101,7 @@ const QHash<QString, QPair<QString, QString>> &handledKeys()
 
 } // namespace
 
-class TestDocumentsTruth : public QObject
+class tst_documents_truth : public QObject
 {
     Q_OBJECT
 
@@ -116,7 +116,7 @@ private slots:
     void manualPage_namesTheOptionsOfTheLauncher();
 };
 
-void TestDocumentsTruth::everyLink_leadsToAFile()
+void tst_documents_truth::everyLink_leadsToAFile()
 {
     int nLinks = 0;
     const QStringList lstDocuments = documents();
@@ -134,7 +134,7 @@ void TestDocumentsTruth::everyLink_leadsToAFile()
     QVERIFY(nLinks >= 8);
 }
 
-void TestDocumentsTruth::everyNamedScript_isThereAndRuns()
+void tst_documents_truth::everyNamedScript_isThereAndRuns()
 {
     int nScripts = 0;
     const QStringList lstDocuments = documents();
@@ -152,7 +152,7 @@ void TestDocumentsTruth::everyNamedScript_isThereAndRuns()
     QVERIFY(nScripts >= 8);
 }
 
-void TestDocumentsTruth::everyNamedPreset_exists()
+void tst_documents_truth::everyNamedPreset_exists()
 {
     QSet<QString> presets;
     const QJsonObject json =
@@ -176,7 +176,7 @@ void TestDocumentsTruth::everyNamedPreset_exists()
 }
 
 // What built this test is installed; nothing may be said or fetched.
-void TestDocumentsTruth::setup_isSilentWhenNothingIsMissing()
+void tst_documents_truth::setup_isSilentWhenNothingIsMissing()
 {
     const QTemporaryDir folder;
     for (const char *szTool : {"apt-get", "sudo"}) {
@@ -196,7 +196,7 @@ void TestDocumentsTruth::setup_isSilentWhenNothingIsMissing()
     QCOMPARE(process.exitCode(), 0);
 }
 
-void TestDocumentsTruth::everyKeyOfTheReadme_isInTheCode()
+void tst_documents_truth::everyKeyOfTheReadme_isInTheCode()
 {
     const QSet<QString> keys = formKeys();
     const QString strCode = content("mainwindow/mainwindow_keys.cpp")
@@ -219,7 +219,7 @@ void TestDocumentsTruth::everyKeyOfTheReadme_isInTheCode()
     QVERIFY(nKeys >= 40);
 }
 
-void TestDocumentsTruth::everyKeyOfTheForm_isInTheReadme()
+void tst_documents_truth::everyKeyOfTheForm_isInTheReadme()
 {
     QSet<QString> told;
     const QStringList lstCells = firstColumn(QStringLiteral("Keys"));
@@ -234,7 +234,7 @@ void TestDocumentsTruth::everyKeyOfTheForm_isInTheReadme()
         QVERIFY2(told.contains(strKey), qPrintable(strKey));
 }
 
-void TestDocumentsTruth::settingsOfTheReadme_areThoseOfTheProgram()
+void tst_documents_truth::settingsOfTheReadme_areThoseOfTheProgram()
 {
     const QStringList lstTold =
         captures(firstColumn(QStringLiteral("Settings")).join(' '), QStringLiteral("`(m_\\w+)`"));
@@ -246,7 +246,7 @@ void TestDocumentsTruth::settingsOfTheReadme_areThoseOfTheProgram()
     QCOMPARE(told, keys);
 }
 
-void TestDocumentsTruth::manualPage_namesTheOptionsOfTheLauncher()
+void tst_documents_truth::manualPage_namesTheOptionsOfTheLauncher()
 {
     const QString strPage =
         content(QStringLiteral("packaging/linux/quillan.1.in")).replace("\\-", "-");
@@ -259,5 +259,5 @@ void TestDocumentsTruth::manualPage_namesTheOptionsOfTheLauncher()
     QCOMPARE(told, known);
 }
 
-QTEST_GUILESS_MAIN(TestDocumentsTruth)
+QTEST_GUILESS_MAIN(tst_documents_truth)
 #include "tst_documents_truth.moc"

@@ -21,7 +21,7 @@ bool removeAll(const QString &strFolder, bool bItself)
     });
 }
 
-class TestDraftStore : public QObject
+class tst_draftstore : public QObject
 {
     Q_OBJECT
 
@@ -332,5 +332,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDraftStore)
+QTEST_GUILESS_MAIN(tst_draftstore)
 #include "tst_draftstore.moc"

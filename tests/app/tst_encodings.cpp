@@ -42,13 +42,14 @@ QString verdict(const SOpened &opening)
 
 int highBytes(const QByteArray &data)
 {
-    return int(std::count_if(data.cbegin(), data.cend(), [](char c) { return uchar(c) >= 0x80; }));
+    return int(std::count_if(
+        data.cbegin(), data.cend(), [](char c) { return uchar(c) >= 0x80; }));
 }
 
 bool hasIdeographs(const QString &strText)
 {
-    return std::any_of(strText.cbegin(), strText.cend(),
-                       [](QChar c) { return c.script() == QChar::Script_Han; });
+    return std::any_of(
+        strText.cbegin(), strText.cend(), [](QChar c) { return c.script() == QChar::Script_Han; });
 }
 
 } // namespace

@@ -10,7 +10,7 @@ const char g_szChoice[] = "QT_XCB_GL_INTEGRATION";
 
 } // namespace
 
-class TestEnvironment : public QObject
+class tst_environment : public QObject
 {
     Q_OBJECT
 
@@ -45,5 +45,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestEnvironment)
+QTEST_APPLESS_MAIN(tst_environment)
 #include "tst_environment.moc"

@@ -42,7 +42,7 @@ const int g_nNewSize = 9000;
 
 } // namespace
 
-class TestFailingDevice : public QObject
+class tst_failingdevice : public QObject
 {
     Q_OBJECT
 
@@ -166,5 +166,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFailingDevice)
+QTEST_GUILESS_MAIN(tst_failingdevice)
 #include "tst_failingdevice.moc"

@@ -72,7 +72,7 @@ QByteArray accessList(quint32 nUser)
 
 } // namespace
 
-class TestFileAttributes : public QObject
+class tst_fileattributes : public QObject
 {
     Q_OBJECT
 
@@ -92,7 +92,7 @@ private:
     QScopedPointer<QTemporaryDir> m_pFolder;
 };
 
-void TestFileAttributes::attributes_areKept()
+void tst_fileattributes::attributes_areKept()
 {
     put(path("file"), "old");
     const QByteArray name = QFile::encodeName(path("file"));
@@ -106,7 +106,7 @@ void TestFileAttributes::attributes_areKept()
     QCOMPARE(attribute(path("file"), "user.quillan.empty"), QByteArray(""));
 }
 
-void TestFileAttributes::accessList_isKeptAndNoneIsAdded()
+void tst_fileattributes::accessList_isKeptAndNoneIsAdded()
 {
     const QByteArray folder = QFile::encodeName(m_pFolder->path());
     put(path("plain"), "old");
@@ -131,7 +131,7 @@ void TestFileAttributes::accessList_isKeptAndNoneIsAdded()
     QVERIFY(!attribute(path("new"), "system.posix_acl_access").isEmpty());
 }
 
-void TestFileAttributes::setIdBits_areKept_data()
+void tst_fileattributes::setIdBits_areKept_data()
 {
     QTest::addColumn<int>("nMode");
     QTest::addColumn<bool>("bHardLink");
@@ -141,7 +141,7 @@ void TestFileAttributes::setIdBits_areKept_data()
     }
 }
 
-void TestFileAttributes::setIdBits_areKept()
+void tst_fileattributes::setIdBits_areKept()
 {
     QFETCH(int, nMode);
     QFETCH(bool, bHardLink);
@@ -155,14 +155,14 @@ void TestFileAttributes::setIdBits_areKept()
     QCOMPARE(modeOf(path("file")), nMode);
 }
 
-void TestFileAttributes::capabilities_areKept_data()
+void tst_fileattributes::capabilities_areKept_data()
 {
     QTest::addColumn<bool>("bHardLink"); // written in place then
     QTest::newRow("replaced") << false;
     QTest::newRow("in place") << true;
 }
 
-void TestFileAttributes::capabilities_areKept()
+void tst_fileattributes::capabilities_areKept()
 {
     QFETCH(bool, bHardLink);
     put(path("file"), "old");
@@ -177,7 +177,7 @@ void TestFileAttributes::capabilities_areKept()
     QCOMPARE(attribute(path("file"), "security.capability"), before);
 }
 
-void TestFileAttributes::groupOfASetGidFolder_isKept()
+void tst_fileattributes::groupOfASetGidFolder_isKept()
 {
     if (geteuid() != 0)
         QSKIP("Only root can give a file to any group.");
@@ -191,5 +191,5 @@ void TestFileAttributes::groupOfASetGidFolder_isKept()
     QCOMPARE(statOf(path("fresh")).st_gid, gid_t(g_nNobody));
 }
 
-QTEST_GUILESS_MAIN(TestFileAttributes)
+QTEST_GUILESS_MAIN(tst_fileattributes)
 #include "tst_fileattributes.moc"

@@ -40,7 +40,7 @@ QByteArray bytesAt(const QByteArray &path)
 
 } // namespace
 
-class TestFileNames : public QObject
+class tst_filenames : public QObject
 {
     Q_OBJECT
 
@@ -176,7 +176,7 @@ int main(int nArgc, char **ppArgv)
 {
     CFileNameCodec::install();
     QCoreApplication app(nArgc, ppArgv);
-    TestFileNames test;
+    tst_filenames test;
     return QTest::qExec(&test, nArgc, ppArgv);
 }
 

@@ -69,7 +69,7 @@ private:
 
 } // namespace
 
-class TestFileReader : public QObject
+class tst_filereader : public QObject
 {
     Q_OBJECT
 
@@ -438,5 +438,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFileReader)
+QTEST_GUILESS_MAIN(tst_filereader)
 #include "tst_filereader.moc"

@@ -145,7 +145,7 @@ umount "$1/disk"
 
 } // namespace
 
-class TestFileWriter : public QObject
+class tst_filewriter : public QObject
 {
     Q_OBJECT
 
@@ -195,20 +195,20 @@ private:
     QScopedPointer<QTemporaryDir> m_pFolder;
 };
 
-void TestFileWriter::init()
+void tst_filewriter::init()
 {
     m_pFolder.reset(new QTemporaryDir);
     QVERIFY(m_pFolder->isValid());
 }
 
-void TestFileWriter::cleanup()
+void tst_filewriter::cleanup()
 {
     setMode(m_pFolder->path(), 0700);
     m_pFolder.reset();
 }
 
 // The private folders above it, too, so that the ordinary user gets there.
-void TestFileWriter::openFolderToEveryone()
+void tst_filewriter::openFolderToEveryone()
 {
     QVERIFY(giveToOrdinaryUser(m_pFolder->path()));
     QDir dir(m_pFolder->path());
@@ -220,7 +220,7 @@ void TestFileWriter::openFolderToEveryone()
     QVERIFY(setMode(m_pFolder->path(), 0755));
 }
 
-void TestFileWriter::newFile_isWrittenWithOrdinaryPermissions()
+void tst_filewriter::newFile_isWrittenWithOrdinaryPermissions()
 {
     const mode_t nMask = umask(022);
     QString strError = QStringLiteral("untouched");
@@ -231,7 +231,7 @@ void TestFileWriter::newFile_isWrittenWithOrdinaryPermissions()
     QCOMPARE(modeOf(path("new")), 0644);
 }
 
-void TestFileWriter::existingFile_isReplaced_data()
+void tst_filewriter::existingFile_isReplaced_data()
 {
     QTest::addColumn<QByteArray>("old");
     QTest::addColumn<QByteArray>("data");
@@ -242,7 +242,7 @@ void TestFileWriter::existingFile_isReplaced_data()
     QTest::newRow("zero bytes") << QByteArray("old") << QByteArray("a\0b\0", 4);
 }
 
-void TestFileWriter::existingFile_isReplaced()
+void tst_filewriter::existingFile_isReplaced()
 {
     QFETCH(QByteArray, old);
     QFETCH(QByteArray, data);
@@ -259,7 +259,7 @@ void TestFileWriter::existingFile_isReplaced()
     QCOMPARE(contents(path("other")), data);
 }
 
-void TestFileWriter::nothingIsLeftBesideTheFile()
+void tst_filewriter::nothingIsLeftBesideTheFile()
 {
     put(path("file"), "old");
     QVERIFY(writeFile(path("file"), "new"));
@@ -268,14 +268,14 @@ void TestFileWriter::nothingIsLeftBesideTheFile()
 }
 
 // The copy that replaces a file has a longer name.
-void TestFileWriter::longestName_isWritten_data()
+void tst_filewriter::longestName_isWritten_data()
 {
     QTest::addColumn<int>("nLength");
     for (const int nLength : {247, 248, 249, 254, 255})
         QTest::addRow("%d bytes", nLength) << nLength;
 }
 
-void TestFileWriter::longestName_isWritten()
+void tst_filewriter::longestName_isWritten()
 {
     QFETCH(int, nLength);
     const QString strPath = path(QByteArray(nLength, 'x').constData());
@@ -286,7 +286,7 @@ void TestFileWriter::longestName_isWritten()
     QCOMPARE(QDir(m_pFolder->path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
-void TestFileWriter::permissions_areKept_data()
+void tst_filewriter::permissions_areKept_data()
 {
     QTest::addColumn<int>("nMode");
     QTest::newRow("executable") << 0755;
@@ -295,7 +295,7 @@ void TestFileWriter::permissions_areKept_data()
     QTest::newRow("for all") << 0666;
 }
 
-void TestFileWriter::permissions_areKept()
+void tst_filewriter::permissions_areKept()
 {
     QFETCH(int, nMode);
     put(path("file"), "old");
@@ -305,7 +305,7 @@ void TestFileWriter::permissions_areKept()
     QCOMPARE(contents(path("file")), QByteArray("new"));
 }
 
-void TestFileWriter::foreignGroup_isKept()
+void tst_filewriter::foreignGroup_isKept()
 {
     if (geteuid() != 0)
         QSKIP("Only root can give a file to any group.");
@@ -316,7 +316,7 @@ void TestFileWriter::foreignGroup_isKept()
     QCOMPARE(int(statOf(path("file")).st_gid), g_nNobody);
 }
 
-void TestFileWriter::symbolicLink_isFollowed()
+void tst_filewriter::symbolicLink_isFollowed()
 {
     put(path("target"), "old");
     QVERIFY(setMode(path("target"), 0755));
@@ -328,7 +328,7 @@ void TestFileWriter::symbolicLink_isFollowed()
     QCOMPARE(modeOf(path("target")), 0755);
 }
 
-void TestFileWriter::chainOfLinks_isFollowed()
+void tst_filewriter::chainOfLinks_isFollowed()
 {
     put(path("target"), "old");
     QVERIFY(QFile::link(path("target"), path("link1")));
@@ -338,7 +338,7 @@ void TestFileWriter::chainOfLinks_isFollowed()
     QCOMPARE(contents(path("target")), QByteArray("new"));
 }
 
-void TestFileWriter::relativeLink_isFollowedFromItsOwnFolder()
+void tst_filewriter::relativeLink_isFollowedFromItsOwnFolder()
 {
     QVERIFY(QDir(m_pFolder->path()).mkdir(QStringLiteral("sub")));
     put(path("target"), "old");
@@ -348,7 +348,7 @@ void TestFileWriter::relativeLink_isFollowedFromItsOwnFolder()
     QCOMPARE(contents(path("target")), QByteArray("new"));
 }
 
-void TestFileWriter::relativeLink_inALinkedFolder_isFollowedFromWhereItLies()
+void tst_filewriter::relativeLink_inALinkedFolder_isFollowedFromWhereItLies()
 {
     QVERIFY(QDir(m_pFolder->path()).mkpath(QStringLiteral("deep/folder")));
     QVERIFY(QFile::link(path("deep/folder"), path("linked")));
@@ -364,7 +364,7 @@ void TestFileWriter::relativeLink_inALinkedFolder_isFollowedFromWhereItLies()
     QCOMPARE(contents(path("deep/target")), QByteArray("newer"));
 }
 
-void TestFileWriter::danglingLink_getsItsTarget()
+void tst_filewriter::danglingLink_getsItsTarget()
 {
     QVERIFY(QFile::link(path("target"), path("link")));
     QVERIFY(!QFileInfo::exists(path("link")));
@@ -373,7 +373,7 @@ void TestFileWriter::danglingLink_getsItsTarget()
     QCOMPARE(contents(path("target")), QByteArray("new"));
 }
 
-void TestFileWriter::linkLoop_fails()
+void tst_filewriter::linkLoop_fails()
 {
     QVERIFY(QFile::link(path("b"), path("a")));
     QVERIFY(QFile::link(path("a"), path("b")));
@@ -383,7 +383,7 @@ void TestFileWriter::linkLoop_fails()
     QVERIFY(QFileInfo(path("a")).isSymLink() && QFileInfo(path("b")).isSymLink());
 }
 
-void TestFileWriter::hardLinks_areWrittenInPlace()
+void tst_filewriter::hardLinks_areWrittenInPlace()
 {
     put(path("first"), "old text that is longer");
     QCOMPARE(link(QFile::encodeName(path("first")).constData(),
@@ -396,7 +396,7 @@ void TestFileWriter::hardLinks_areWrittenInPlace()
     QCOMPARE(int(statOf(path("first")).st_nlink), 2);
 }
 
-void TestFileWriter::pipe_isWrittenTo()
+void tst_filewriter::pipe_isWrittenTo()
 {
     const QByteArray name = QFile::encodeName(path("pipe"));
     QCOMPARE(mkfifo(name.constData(), 0600), 0);
@@ -409,7 +409,7 @@ void TestFileWriter::pipe_isWrittenTo()
     QVERIFY(S_ISFIFO(statOf(path("pipe")).st_mode));
 }
 
-void TestFileWriter::fileThatIsAMountPoint_isWritten()
+void tst_filewriter::fileThatIsAMountPoint_isWritten()
 {
     if (!hasPrivateMounts())
         QSKIP("Needs a mount namespace of its own.");
@@ -417,14 +417,14 @@ void TestFileWriter::fileThatIsAMountPoint_isWritten()
 }
 
 // Takes no room but for holes.
-void TestFileWriter::hugeFileInPlaceOnAFullDisk_keepsItsBytes()
+void tst_filewriter::hugeFileInPlaceOnAFullDisk_keepsItsBytes()
 {
     if (!hasPrivateMounts())
         QSKIP("Needs a mount namespace of its own.");
     QCOMPARE(runWithPrivateMounts(g_szHugeFile, true), 0);
 }
 
-void TestFileWriter::diskThatFailsBehindTheCache_isNoticed()
+void tst_filewriter::diskThatFailsBehindTheCache_isNoticed()
 {
     if (!hasPrivateMounts() || !QFileInfo::exists("/dev/loop-control"))
         QSKIP("Needs a mount namespace of its own and loop devices.");
@@ -434,7 +434,7 @@ void TestFileWriter::diskThatFailsBehindTheCache_isNoticed()
     QCOMPARE(nStatus, 0);
 }
 
-void TestFileWriter::folder_fails()
+void tst_filewriter::folder_fails()
 {
     QString strError;
     QVERIFY(!writeFile(m_pFolder->path(), "new", &strError));
@@ -442,7 +442,7 @@ void TestFileWriter::folder_fails()
     QVERIFY(QFileInfo(m_pFolder->path()).isDir());
 }
 
-void TestFileWriter::missingFolder_fails()
+void tst_filewriter::missingFolder_fails()
 {
     QString strError;
     QVERIFY(!writeFile(path("no/such/folder/file"), "new", &strError));
@@ -450,7 +450,7 @@ void TestFileWriter::missingFolder_fails()
     QVERIFY(!writeFile(path("no/such/folder/file"), "new"));
 }
 
-void TestFileWriter::readOnlyFile_failsAndKeepsItsBytes()
+void tst_filewriter::readOnlyFile_failsAndKeepsItsBytes()
 {
     openFolderToEveryone();
     put(path("file"), "old");
@@ -461,7 +461,7 @@ void TestFileWriter::readOnlyFile_failsAndKeepsItsBytes()
     QCOMPARE(modeOf(path("file")), 0444);
 }
 
-void TestFileWriter::readOnlyFolder_writesTheFileInPlace()
+void tst_filewriter::readOnlyFolder_writesTheFileInPlace()
 {
     openFolderToEveryone();
     put(path("file"), "old");
@@ -473,7 +473,7 @@ void TestFileWriter::readOnlyFolder_writesTheFileInPlace()
     QCOMPARE(contents(path("file")), QByteArray("n"));
 }
 
-void TestFileWriter::readOnlyFileInReadOnlyFolder_failsAndKeepsItsBytes()
+void tst_filewriter::readOnlyFileInReadOnlyFolder_failsAndKeepsItsBytes()
 {
     openFolderToEveryone();
     put(path("file"), "old");
@@ -484,7 +484,7 @@ void TestFileWriter::readOnlyFileInReadOnlyFolder_failsAndKeepsItsBytes()
     QCOMPARE(contents(path("file")), QByteArray("old"));
 }
 
-void TestFileWriter::newFileInReadOnlyFolder_fails()
+void tst_filewriter::newFileInReadOnlyFolder_fails()
 {
     openFolderToEveryone();
     QVERIFY(setMode(m_pFolder->path(), 0555));
@@ -492,7 +492,7 @@ void TestFileWriter::newFileInReadOnlyFolder_fails()
     QVERIFY(!QFileInfo::exists(path("file")));
 }
 
-int TestFileWriter::runWithPrivateMounts(const char *szScript, bool bHardLink) const
+int tst_filewriter::runWithPrivateMounts(const char *szScript, bool bHardLink) const
 {
     return QProcess::execute("unshare",
                              {"--mount", "bash", "-c", QString::fromLatin1(szScript), "bash",
@@ -500,14 +500,14 @@ int TestFileWriter::runWithPrivateMounts(const char *szScript, bool bHardLink) c
                               QCoreApplication::applicationFilePath(), QString::number(bHardLink)});
 }
 
-void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes_data()
+void tst_filewriter::fullDisk_failsAndKeepsTheOldBytes_data()
 {
     QTest::addColumn<bool>("bHardLink"); // written in place then
     QTest::newRow("replaced") << false;
     QTest::newRow("in place") << true;
 }
 
-void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes()
+void tst_filewriter::fullDisk_failsAndKeepsTheOldBytes()
 {
     QFETCH(bool, bHardLink);
     if (!hasPrivateMounts())
@@ -515,12 +515,12 @@ void TestFileWriter::fullDisk_failsAndKeepsTheOldBytes()
     QCOMPARE(runWithPrivateMounts(g_szFullDisk, bHardLink), 0);
 }
 
-void TestFileWriter::readOnlyDisk_failsAndKeepsTheOldBytes_data()
+void tst_filewriter::readOnlyDisk_failsAndKeepsTheOldBytes_data()
 {
     fullDisk_failsAndKeepsTheOldBytes_data();
 }
 
-void TestFileWriter::readOnlyDisk_failsAndKeepsTheOldBytes()
+void tst_filewriter::readOnlyDisk_failsAndKeepsTheOldBytes()
 {
     QFETCH(bool, bHardLink);
     if (!hasPrivateMounts())
@@ -540,7 +540,7 @@ int main(int nArgc, char **ppArgv)
         QTextStream(stdout) << strError;
         return bDone ? 0 : 1;
     }
-    TestFileWriter test;
+    tst_filewriter test;
     return QTest::qExec(&test, nArgc, ppArgv);
 }
 

@@ -81,7 +81,7 @@ private:
     int m_nId = -1;
 };
 
-class TestForeignSegment : public QObject
+class tst_foreignsegment : public QObject
 {
     Q_OBJECT
 
@@ -265,7 +265,7 @@ int main(int nArgc, char **ppArgv)
         single.onCheckForMessage();
         return single.isRunning() || single.sendMessage(QStringLiteral("x")) ? 1 : 0;
     }
-    TestForeignSegment test;
+    tst_foreignsegment test;
     return QTest::qExec(&test, nArgc, ppArgv);
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 // Memory that is free goes back to the system when it is asked for.
-class TestMemory : public QObject
+class tst_memory : public QObject
 {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ static int residentMemory()
     return int(file.readAll().split(' ').value(1).toLongLong() * 4096 / 1024 / 1024);
 }
 
-void TestMemory::returnFreedMemory_returnsWhatLiesBelowSomethingInUse()
+void tst_memory::returnFreedMemory_returnsWhatLiesBelowSomethingInUse()
 {
 #ifndef __GLIBC__
     QSKIP("another allocator keeps its memory by rules of its own");
@@ -43,5 +43,5 @@ void TestMemory::returnFreedMemory_returnsWhatLiesBelowSomethingInUse()
     QCOMPARE(int(last[0]), 0);
 }
 
-QTEST_GUILESS_MAIN(TestMemory)
+QTEST_GUILESS_MAIN(tst_memory)
 #include "tst_memory.moc"

@@ -38,7 +38,7 @@ int runWriter(QStringList lstWords, const QString &strPath, int nSize)
 
 } // namespace
 
-class TestPipes : public QObject
+class tst_pipes : public QObject
 {
     Q_OBJECT
 
@@ -58,7 +58,7 @@ private:
     QScopedPointer<QTemporaryDir> m_pFolder;
 };
 
-void TestPipes::pipeWithoutReader_failsSoon()
+void tst_pipes::pipeWithoutReader_failsSoon()
 {
     QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QString strError;
@@ -68,7 +68,7 @@ void TestPipes::pipeWithoutReader_failsSoon()
 }
 
 // The writer is a process of its own: what would end it would end this one.
-void TestPipes::pipeWhoseReaderLeaves_failsAndDoesNotEndTheProgram()
+void tst_pipes::pipeWhoseReaderLeaves_failsAndDoesNotEndTheProgram()
 {
     QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QProcess reader;
@@ -78,7 +78,7 @@ void TestPipes::pipeWhoseReaderLeaves_failsAndDoesNotEndTheProgram()
     QVERIFY(reader.waitForFinished());
 }
 
-void TestPipes::pipeWhoseReaderSleeps_failsSoon()
+void tst_pipes::pipeWhoseReaderSleeps_failsSoon()
 {
     QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     const int nReader = open(QFile::encodeName(path("pipe")).constData(), O_RDONLY | O_NONBLOCK);
@@ -88,26 +88,26 @@ void TestPipes::pipeWhoseReaderSleeps_failsSoon()
     QVERIFY(!strError.isEmpty());
 }
 
-void TestPipes::device_takesTheBytes()
+void tst_pipes::device_takesTheBytes()
 {
     QVERIFY(writeFile("/dev/null", QByteArray(100000, 'x')));
 }
 
-void TestPipes::deviceThatIsFull_fails()
+void tst_pipes::deviceThatIsFull_fails()
 {
     QString strError;
     QVERIFY(!writeFile("/dev/full", "x", &strError));
     QVERIFY(!strError.isEmpty());
 }
 
-void TestPipes::limitOfFileSizes_failsAndDoesNotEndTheProgram_data()
+void tst_pipes::limitOfFileSizes_failsAndDoesNotEndTheProgram_data()
 {
     QTest::addColumn<bool>("bHardLink"); // written in place then
     QTest::newRow("replaced") << false;
     QTest::newRow("in place") << true;
 }
 
-void TestPipes::limitOfFileSizes_failsAndDoesNotEndTheProgram()
+void tst_pipes::limitOfFileSizes_failsAndDoesNotEndTheProgram()
 {
     QFETCH(bool, bHardLink);
     put(path("file"), "old");
@@ -128,7 +128,7 @@ int main(int nArgc, char **ppArgv)
         const QByteArray data(lstArguments.value(3).toInt(), 'n');
         return writeFile(lstArguments.value(2), data) ? 0 : 1;
     }
-    TestPipes test;
+    tst_pipes test;
     return QTest::qExec(&test, nArgc, ppArgv);
 }
 

@@ -20,10 +20,9 @@ bool loadCatalogue(QTranslator *pTranslator, const QString &strFile)
 int solidPixels(const QImage &image)
 {
     int nSolid = 0;
-    for (int y = 0; y < image.height(); ++y) {
+    for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             nSolid += qAlpha(image.pixel(x, y)) > 128;
-    }
     return nSolid;
 }
 

@@ -6,7 +6,7 @@
 #include <QStandardPaths>
 #include <QtTest>
 
-class TestSettingsFile : public QObject
+class tst_settingsfile : public QObject
 {
     Q_OBJECT
 
@@ -62,5 +62,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSettingsFile)
+QTEST_GUILESS_MAIN(tst_settingsfile)
 #include "tst_settingsfile.moc"

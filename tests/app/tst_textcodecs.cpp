@@ -92,12 +92,13 @@ bool isUtf8(const QByteArray &data)
 
 bool hasNonAscii(const QByteArray &data)
 {
-    return std::any_of(data.cbegin(), data.cend(), [](char c) { return uchar(c) >= 0x80; });
+    return std::any_of(
+        data.cbegin(), data.cend(), [](char c) { return uchar(c) >= 0x80; });
 }
 
 } // namespace Literal
 
-class TestTextCodecs : public QObject
+class tst_textcodecs : public QObject
 {
     Q_OBJECT
 
@@ -135,7 +136,7 @@ private slots:
     void decodedText();
 };
 
-void TestTextCodecs::catalogue_hidesByItsPatterns_data()
+void tst_textcodecs::catalogue_hidesByItsPatterns_data()
 {
     QTest::addColumn<bool>("bHidden");
     // At least one name for each alternative of each pattern.
@@ -179,7 +180,7 @@ void TestTextCodecs::catalogue_hidesByItsPatterns_data()
         QTest::newRow(szName) << false;
 }
 
-void TestTextCodecs::catalogue_hidesByItsPatterns()
+void tst_textcodecs::catalogue_hidesByItsPatterns()
 {
     QFETCH(bool, bHidden);
     const QString strName = QString::fromLatin1(QTest::currentDataTag());
@@ -188,7 +189,7 @@ void TestTextCodecs::catalogue_hidesByItsPatterns()
     QCOMPARE(getCodecList().contains(strName), !bHidden);
 }
 
-void TestTextCodecs::catalogue_isSortedWithoutDuplicates()
+void tst_textcodecs::catalogue_isSortedWithoutDuplicates()
 {
     const QStringList lst = getCodecList();
     QVERIFY(lst.size() > 5);
@@ -196,7 +197,7 @@ void TestTextCodecs::catalogue_isSortedWithoutDuplicates()
         QVERIFY2(lst.at(n - 1) < lst.at(n), qPrintable(lst.at(n)));
 }
 
-void TestTextCodecs::catalogue_equalsTheLiteralRule()
+void tst_textcodecs::catalogue_equalsTheLiteralRule()
 {
     QStringList lstExpected;
     const QList<QByteArray> lstAll = QTextCodec::availableCodecs();
@@ -215,7 +216,7 @@ void TestTextCodecs::catalogue_equalsTheLiteralRule()
     QCOMPARE(getCodecList(), lstExpected);
 }
 
-void TestTextCodecs::preferredCodec_isByLocaleAsWritten_data()
+void tst_textcodecs::preferredCodec_isByLocaleAsWritten_data()
 {
     QTest::addColumn<QString>("strCodec");
     QTest::newRow("zh_cn") << "GB18030";
@@ -230,18 +231,18 @@ void TestTextCodecs::preferredCodec_isByLocaleAsWritten_data()
     QTest::newRow("c") << "";
 }
 
-void TestTextCodecs::preferredCodec_isByLocaleAsWritten()
+void tst_textcodecs::preferredCodec_isByLocaleAsWritten()
 {
     QTEST(preferredCodecName(QString::fromLatin1(QTest::currentDataTag())), "strCodec");
 }
 
-void TestTextCodecs::defaultCodec_isUtf8WhereNoRuleApplies()
+void tst_textcodecs::defaultCodec_isUtf8WhereNoRuleApplies()
 {
     QVERIFY(QLocale::system().name() != QLatin1String("zh_CN"));
     QCOMPARE(getDefaultCodecName(), QStringLiteral("UTF-8"));
 }
 
-void TestTextCodecs::cleanDecoding_data()
+void tst_textcodecs::cleanDecoding_data()
 {
     QTest::addColumn<QByteArray>("codec");
     QTest::addColumn<QByteArray>("data");
@@ -265,7 +266,7 @@ void TestTextCodecs::cleanDecoding_data()
         << QByteArray("ISO-8859-1") << QByteArray("\xFF\x80") << true;
 }
 
-void TestTextCodecs::cleanDecoding()
+void tst_textcodecs::cleanDecoding()
 {
     QFETCH(QByteArray, codec);
     QFETCH(QByteArray, data);
@@ -274,7 +275,7 @@ void TestTextCodecs::cleanDecoding()
     QTEST(isValidDecoding(pCodec, data), "bClean");
 }
 
-void TestTextCodecs::asciiDecoding_isDecidedAsTheDecoderWould()
+void tst_textcodecs::asciiDecoding_isDecidedAsTheDecoderWould()
 {
     QByteArray all;
     for (int n = 0; n < 0x80; ++n)
@@ -289,14 +290,14 @@ void TestTextCodecs::asciiDecoding_isDecidedAsTheDecoderWould()
     }
 }
 
-void TestTextCodecs::detection_ofAscii_isTheFirstOtherThanCodePages()
+void tst_textcodecs::detection_ofAscii_isTheFirstOtherThanCodePages()
 {
     const QString strName = detectCodecName("plain text\n", QString());
     QVERIFY(!strName.isEmpty() && !strName.startsWith(QLatin1String("ISO-")));
     QCOMPARE(strName, Literal::detectCodecName("plain text\n", QString()));
 }
 
-void TestTextCodecs::detection_prefersTheLocalesCodec()
+void tst_textcodecs::detection_prefersTheLocalesCodec()
 {
     const QString strText = QStringLiteral("简体中文，你好");
     const QByteArray data = QTextCodec::codecForName("GB18030")->fromUnicode(strText);
@@ -307,7 +308,7 @@ void TestTextCodecs::detection_prefersTheLocalesCodec()
              detectCodecName(data, QString()));
 }
 
-void TestTextCodecs::detection_equalsTheLiteralRule_data()
+void tst_textcodecs::detection_equalsTheLiteralRule_data()
 {
     QTest::addColumn<QByteArray>("data");
     const QString strTexts[] = {QStringLiteral("Zażółć gęślą jaźń"),
@@ -324,10 +325,9 @@ void TestTextCodecs::detection_equalsTheLiteralRule_data()
         const QTextCodec *pCodec = QTextCodec::codecForName(szCodec);
         if (!pCodec)
             continue;
-        for (int n = 0; n < 7; ++n) {
+        for (int n = 0; n < 7; ++n)
             if (pCodec->canEncode(strTexts[n]))
                 QTest::addRow("%s of text %d", szCodec, n) << pCodec->fromUnicode(strTexts[n]);
-        }
     }
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("zero byte") << QByteArray("a\0b", 3);
@@ -336,7 +336,7 @@ void TestTextCodecs::detection_equalsTheLiteralRule_data()
     QTest::newRow("mark of UTF-16") << QByteArray("\xFF\xFE");
 }
 
-void TestTextCodecs::detection_equalsTheLiteralRule()
+void tst_textcodecs::detection_equalsTheLiteralRule()
 {
     QFETCH(QByteArray, data);
     for (const QString &strPreferred :
@@ -345,7 +345,7 @@ void TestTextCodecs::detection_equalsTheLiteralRule()
     QCOMPARE(detectCodecName(data), detectCodecName(data, QString()));
 }
 
-void TestTextCodecs::detection_equalsTheLiteralRuleForRandomData()
+void tst_textcodecs::detection_equalsTheLiteralRuleForRandomData()
 {
     QRandomGenerator random(31);
     for (int n = 0; n < 300; ++n) {
@@ -358,7 +358,7 @@ void TestTextCodecs::detection_equalsTheLiteralRuleForRandomData()
     }
 }
 
-void TestTextCodecs::utf8Check_equalsTheLiteralRuleForRandomData()
+void tst_textcodecs::utf8Check_equalsTheLiteralRuleForRandomData()
 {
     // Bytes at the borders of the table of well-formed sequences.
     const QByteArray alphabet("a\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE"
@@ -376,7 +376,7 @@ void TestTextCodecs::utf8Check_equalsTheLiteralRuleForRandomData()
     QVERIFY(nSound > 1000);
 }
 
-void TestTextCodecs::utf8Check_acrossPieces_data()
+void tst_textcodecs::utf8Check_acrossPieces_data()
 {
     QTest::addColumn<QByteArray>("tail");
     QTest::addColumn<bool>("bSound");
@@ -395,7 +395,7 @@ void TestTextCodecs::utf8Check_acrossPieces_data()
     QTest::newRow("trail byte alone") << QByteArray("\xC3\xA9\x80") << false;
 }
 
-void TestTextCodecs::utf8Check_acrossPieces()
+void tst_textcodecs::utf8Check_acrossPieces()
 {
     QFETCH(QByteArray, tail);
     QFETCH(bool, bSound);
@@ -406,7 +406,7 @@ void TestTextCodecs::utf8Check_acrossPieces()
     }
 }
 
-void TestTextCodecs::cutUtf8_losesItsLastPart_data()
+void tst_textcodecs::cutUtf8_losesItsLastPart_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<int>("left");
@@ -423,14 +423,14 @@ void TestTextCodecs::cutUtf8_losesItsLastPart_data()
     QTest::newRow("shorter than a look back") << QByteArray("\xA9") << 1;
 }
 
-void TestTextCodecs::cutUtf8_losesItsLastPart()
+void tst_textcodecs::cutUtf8_losesItsLastPart()
 {
     QFETCH(QByteArray, data);
     QFETCH(int, left);
     QCOMPARE(withoutCutUtf8(data), data.left(left));
 }
 
-void TestTextCodecs::loadingCodec_data()
+void tst_textcodecs::loadingCodec_data()
 {
     QTest::addColumn<QString>("strCurrent");
     QTest::addColumn<QByteArray>("data");
@@ -453,14 +453,14 @@ void TestTextCodecs::loadingCodec_data()
         << "no such codec" << QByteArray("cafe") << "no such codec";
 }
 
-void TestTextCodecs::loadingCodec()
+void tst_textcodecs::loadingCodec()
 {
     QFETCH(QString, strCurrent);
     QFETCH(QByteArray, data);
     QTEST(codecNameForData(strCurrent, data), "strExpected");
 }
 
-void TestTextCodecs::decodedText_data()
+void tst_textcodecs::decodedText_data()
 {
     QTest::addColumn<QByteArray>("codec");
     QTest::addColumn<QByteArray>("data");
@@ -481,12 +481,12 @@ void TestTextCodecs::decodedText_data()
         << QByteArray("UTF-16") << QByteArray("\xFF\xFE\xE9\x00", 4) << "é";
 }
 
-void TestTextCodecs::decodedText()
+void tst_textcodecs::decodedText()
 {
     QFETCH(QByteArray, codec);
     QFETCH(QByteArray, data);
     QTEST(decodeText(codecForName(QString::fromLatin1(codec)), data), "strText");
 }
 
-QTEST_GUILESS_MAIN(TestTextCodecs)
+QTEST_GUILESS_MAIN(tst_textcodecs)
 #include "tst_textcodecs.moc"

@@ -34,12 +34,13 @@ QStringList fixedPieces(const QString &strText)
 
 bool holdsLetter(const QString &strText)
 {
-    return std::any_of(strText.begin(), strText.end(), [](QChar c) { return c.isLetter(); });
+    return std::any_of(
+        strText.begin(), strText.end(), [](QChar c) { return c.isLetter(); });
 }
 
 } // namespace
 
-class TestTranslations : public QObject
+class tst_translations : public QObject
 {
     Q_OBJECT
 
@@ -62,7 +63,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-void TestTranslations::catalogues()
+void tst_translations::catalogues()
 {
     QTest::addColumn<QString>("strFile");
     for (const char *szFile : g_catalogues)
@@ -70,7 +71,7 @@ void TestTranslations::catalogues()
 }
 
 // Copies of the catalogues, brought up to date with the sources.
-void TestTranslations::initTestCase()
+void tst_translations::initTestCase()
 {
     for (const char *szFile : g_catalogues) {
         const QString strFile = QString::fromLatin1(szFile);
@@ -85,7 +86,7 @@ void TestTranslations::initTestCase()
     QVERIFY2(process.exitCode() == 0, process.readAll().constData());
 }
 
-void TestTranslations::everyTextOfTheSources_isInTheCatalogue()
+void tst_translations::everyTextOfTheSources_isInTheCatalogue()
 {
     QFETCH(QString, strFile);
     QMap<QString, SCatalogueText> known;
@@ -95,15 +96,14 @@ void TestTranslations::everyTextOfTheSources_isInTheCatalogue()
     QStringList lstMissing;
     const QList<SCatalogueText> lstOfSources = Catalogue::read(m_folder.filePath(strFile));
     QVERIFY(!lstOfSources.isEmpty());
-    for (const SCatalogueText &text : lstOfSources) {
+    for (const SCatalogueText &text : lstOfSources)
         if (known.remove(text.key()) == 0)
             lstMissing.append(text.key());
-    }
     QVERIFY2(lstMissing.isEmpty(), qPrintable("not translated: " + lstMissing.join('\n')));
     QVERIFY2(known.isEmpty(), qPrintable("no longer used: " + known.keys().join('\n')));
 }
 
-void TestTranslations::everyText_isFinished()
+void tst_translations::everyText_isFinished()
 {
     QFETCH(QString, strFile);
     const QList<SCatalogueText> lstTexts = Catalogue::read(committed(strFile));
@@ -114,7 +114,7 @@ void TestTranslations::everyText_isFinished()
     }
 }
 
-void TestTranslations::fixedPieces_areTheSameInSourceAndTranslation()
+void tst_translations::fixedPieces_areTheSameInSourceAndTranslation()
 {
     QFETCH(QString, strFile);
     const QList<SCatalogueText> lstTexts = Catalogue::read(committed(strFile));
@@ -128,7 +128,7 @@ void TestTranslations::fixedPieces_areTheSameInSourceAndTranslation()
     QVERIFY(nPieces > 20);
 }
 
-void TestTranslations::sentences_areTranslated()
+void tst_translations::sentences_areTranslated()
 {
     // A translation that equals its source was forgotten, unless it is a name or a unit.
     static const QStringList s_names = {"Windows", "Unix",  "OSX",   "%1 TB",
@@ -143,7 +143,7 @@ void TestTranslations::sentences_areTranslated()
     }
 }
 
-void TestTranslations::blanksAround_areKept()
+void tst_translations::blanksAround_areKept()
 {
     QFETCH(QString, strFile);
     const QList<SCatalogueText> lstTexts = Catalogue::read(committed(strFile));
@@ -154,5 +154,5 @@ void TestTranslations::blanksAround_areKept()
     }
 }
 
-QTEST_GUILESS_MAIN(TestTranslations)
+QTEST_GUILESS_MAIN(tst_translations)
 #include "tst_translations.moc"

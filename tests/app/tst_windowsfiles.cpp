@@ -49,7 +49,7 @@ DWORD attributes(const QString &strPath)
 
 } // namespace
 
-class TestWindowsFiles : public QObject
+class tst_windowsfiles : public QObject
 {
     Q_OBJECT
 
@@ -251,5 +251,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(TestWindowsFiles)
+QTEST_GUILESS_MAIN(tst_windowsfiles)
 #include "tst_windowsfiles.moc"

@@ -40,10 +40,9 @@ private:
                 [pList](const QString &strText) {
                     QSignalSpy spy(pList, &T::clickAction);
                     const QMenu *pMenu = popUp(pList->viewport());
-                    for (QAction *pAction : pMenu ? pMenu->actions() : QList<QAction *>()) {
+                    for (QAction *pAction : pMenu ? pMenu->actions() : QList<QAction *>())
                         if (pAction->text() == strText)
                             pAction->trigger();
-                    }
                     closePopup();
                     QStringList lst;
                     for (const QList<QVariant> &lstArguments : spy)

@@ -63,10 +63,9 @@ private:
     static QPushButton *button(const QWidget &widget, const char *szToolTip)
     {
         const QList<QPushButton *> lstButtons = widget.findChildren<QPushButton *>();
-        for (QPushButton *pButton : lstButtons) {
+        for (QPushButton *pButton : lstButtons)
             if (pButton->toolTip() == QLatin1String(szToolTip))
                 return pButton;
-        }
         return nullptr;
     }
     // What a later start would read.

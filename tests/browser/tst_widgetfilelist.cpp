@@ -33,10 +33,9 @@ public:
     QPushButton *button(const char *szToolTip) const
     {
         const QList<QPushButton *> lstButtons = findChildren<QPushButton *>();
-        for (QPushButton *pButton : lstButtons) {
+        for (QPushButton *pButton : lstButtons)
             if (pButton->toolTip() == QLatin1String(szToolTip))
                 return pButton;
-        }
         return nullptr;
     }
 

@@ -3,7 +3,7 @@
 
 #include <QDir>
 
-class TestChangedFiles : public QObject
+class tst_changedfiles : public QObject
 {
     Q_OBJECT
 
@@ -211,5 +211,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestChangedFiles)
+QTEST_MAIN(tst_changedfiles)
 #include "tst_changedfiles.moc"

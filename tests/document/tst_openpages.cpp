@@ -40,7 +40,7 @@ const char g_szLatin[] = "<p>caf\xE9</p>\n";
 
 } // namespace
 
-class TestOpenPages : public QObject
+class tst_openpages : public QObject
 {
     Q_OBJECT
 
@@ -173,5 +173,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestOpenPages)
+QTEST_MAIN(tst_openpages)
 #include "tst_openpages.moc"

@@ -25,18 +25,19 @@ QStringList draftFiles(const CDocumentsFixture &f)
 // Recovers what the program offers into documents, as the window does.
 void recoverInto(CDocumentsFixture &f, QList<CDocument *> *pDocuments)
 {
-    QObject::connect(&f.documents().recovery(), &CRecovery::recoverWanted, &f.documents(),
-                     [&f, pDocuments](const SDraft &draft) {
-                         auto *pDocument = new CEditorDocument(nullptr);
-                         f.documents().add(pDocument);
-                         f.documents().restore(pDocument, draft);
-                         pDocuments->append(pDocument);
-                     });
+    QObject::connect(
+        &f.documents().recovery(), &CRecovery::recoverWanted, &f.documents(),
+        [&f, pDocuments](const SDraft &draft) {
+            auto *pDocument = new CEditorDocument(nullptr);
+            f.documents().add(pDocument);
+            f.documents().restore(pDocument, draft);
+            pDocuments->append(pDocument);
+        });
 }
 
 } // namespace
 
-class TestRecovery : public QObject
+class tst_recovery : public QObject
 {
     Q_OBJECT
 
@@ -373,5 +374,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestRecovery)
+QTEST_MAIN(tst_recovery)
 #include "tst_recovery.moc"

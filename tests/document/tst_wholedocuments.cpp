@@ -9,7 +9,7 @@ const QByteArray g_broken = "caf\xe9 \x81\x8d\x8f \xff\xfe\xfd broken \xc3\x28\n
 
 } // namespace
 
-class TestWholeDocuments : public QObject
+class tst_wholedocuments : public QObject
 {
     Q_OBJECT
 
@@ -155,5 +155,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestWholeDocuments)
+QTEST_MAIN(tst_wholedocuments)
 #include "tst_wholedocuments.moc"

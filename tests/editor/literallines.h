@@ -41,17 +41,15 @@ public:
 
     void moveUp()
     {
-        for (int n = 1; n < m_lst.size(); ++n) {
+        for (int n = 1; n < m_lst.size(); ++n)
             if (m_lst.at(n).bTouched && !m_lst.at(n - 1).bTouched)
                 m_lst.swapItemsAt(n, n - 1);
-        }
     }
     void moveDown()
     {
-        for (int n = m_lst.size() - 2; n >= 0; --n) {
+        for (int n = m_lst.size() - 2; n >= 0; --n)
             if (m_lst.at(n).bTouched && !m_lst.at(n + 1).bTouched)
                 m_lst.swapItemsAt(n, n + 1);
-        }
     }
     void duplicate()
     {
@@ -70,33 +68,31 @@ public:
     }
     void remove()
     {
-        m_lst.erase(std::remove_if(m_lst.begin(), m_lst.end(),
-                                   [](const SLiteralLine &line) { return line.bTouched; }),
-                    m_lst.end());
+        m_lst.erase(
+            std::remove_if(
+                m_lst.begin(), m_lst.end(), [](const SLiteralLine &line) { return line.bTouched; }),
+            m_lst.end());
     }
     void sort()
     {
         for (int nRound = 0; nRound < m_lst.size(); ++nRound) {
-            for (int n = 1; n < m_lst.size(); ++n) {
+            for (int n = 1; n < m_lst.size(); ++n)
                 if (m_lst.at(n - 1).bTouched && m_lst.at(n).bTouched
                     && m_lst.at(n).strText < m_lst.at(n - 1).strText)
                     m_lst.swapItemsAt(n - 1, n);
-            }
         }
     }
     void indent()
     {
-        for (SLiteralLine &line : m_lst) {
+        for (SLiteralLine &line : m_lst)
             if (line.bTouched)
                 line.strText.prepend('\t');
-        }
     }
     void outdent()
     {
-        for (SLiteralLine &line : m_lst) {
+        for (SLiteralLine &line : m_lst)
             if (line.bTouched)
                 line.strText.remove(QRegularExpression("^(\t| {1,4})"));
-        }
     }
 
 private:

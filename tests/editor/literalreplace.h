@@ -5,7 +5,7 @@
 
 // Replacing in one line as it is defined: find the candidate, replace it, look again from behind
 // the inserted text (searching up: from before it). Slow on purpose.
-struct LiteralLineOptions
+struct SLiteralLineOptions
 {
     bool bMatchCase = false;
     bool bWholeWord = false;
@@ -18,7 +18,7 @@ struct LiteralLineOptions
 };
 
 inline bool literalFindInLine(const QString &strLine, const QString &strText, int nOffset,
-                              const LiteralLineOptions &options, int *pIndex, int *pLength)
+                              const SLiteralLineOptions &options, int *pIndex, int *pLength)
 {
     QRegExp regExp(strText, options.sensitivity(), QRegExp::RegExp);
     int nIndex = -1;
@@ -49,7 +49,7 @@ inline bool literalFindInLine(const QString &strLine, const QString &strText, in
 }
 
 inline bool literalMatchesSelection(const QString &strSelected, const QString &strText,
-                                    const LiteralLineOptions &options)
+                                    const SLiteralLineOptions &options)
 {
     if (!options.bRegExp) {
         return strSelected.startsWith(strText, options.sensitivity())
@@ -61,7 +61,7 @@ inline bool literalMatchesSelection(const QString &strSelected, const QString &s
 
 // The line afterwards; *pCount the number of matches.
 inline QString literalReplaceInLine(QString strLine, const QString &strText, int nOffset,
-                                    const QString &strReplace, const LiteralLineOptions &options,
+                                    const QString &strReplace, const SLiteralLineOptions &options,
                                     int *pCount)
 {
     int nIndex = 0;

@@ -24,7 +24,7 @@ public:
     QTextDocument *document() { return &m_document; }
 
     QTextCursor own; // The editor's.
-    LiteralLineOptions options;
+    SLiteralLineOptions options;
     bool bWrap = false;
     QStringList log;
 
@@ -125,9 +125,12 @@ class CSearchLog : public QObject
 public:
     explicit CSearchLog(CHighlightEdit *pEdit)
     {
-        connect(pEdit, &CHighlightEdit::findToTop, this, [this] { lst.append("findToTop"); });
-        connect(pEdit, &CHighlightEdit::findToBottom, this, [this] { lst.append("findToBottom"); });
-        connect(pEdit, &CHighlightEdit::cannotFound, this, [this] { lst.append("cannotFound"); });
+        connect(
+            pEdit, &CHighlightEdit::findToTop, this, [this] { lst.append("findToTop"); });
+        connect(
+            pEdit, &CHighlightEdit::findToBottom, this, [this] { lst.append("findToBottom"); });
+        connect(
+            pEdit, &CHighlightEdit::cannotFound, this, [this] { lst.append("cannotFound"); });
         connect(pEdit, &CHighlightEdit::replaceNum, this,
                 [this](int n) { lst.append(QStringLiteral("replaceNum %1").arg(n)); });
     }
@@ -135,7 +138,7 @@ public:
 };
 
 // Gives the settings the options of the literal search.
-inline void applyOptions(CSettings *pSettings, const LiteralLineOptions &options, bool bWrap)
+inline void applyOptions(CSettings *pSettings, const SLiteralLineOptions &options, bool bWrap)
 {
     pSettings->m_bFindMatchCase = options.bMatchCase;
     pSettings->m_bFindMatchWholeWord = options.bWholeWord;
@@ -144,7 +147,7 @@ inline void applyOptions(CSettings *pSettings, const LiteralLineOptions &options
     pSettings->m_bFindWrapSearch = bWrap;
 }
 
-inline LiteralLineOptions literalOptions(int nBits)
+inline SLiteralLineOptions literalOptions(int nBits)
 {
     return {bool(nBits & 1), bool(nBits & 2), bool(nBits & 4), bool(nBits & 8)};
 }

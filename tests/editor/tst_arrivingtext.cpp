@@ -102,7 +102,7 @@ bool isColoured(const CHighlightEdit &edit)
 
 } // namespace
 
-class TestArrivingText : public QObject
+class tst_arrivingtext : public QObject
 {
     Q_OBJECT
 
@@ -399,5 +399,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestArrivingText)
+QTEST_MAIN(tst_arrivingtext)
 #include "tst_arrivingtext.moc"

@@ -460,10 +460,9 @@ QVector<QPair<int, int>> differences(const QImage &a, const QImage &b,
     for (const QRect &row : lstRows) {
         QPair<int, int> columns(-1, -1);
         for (int x = row.left(); x <= row.right(); ++x) {
-            for (int y = row.top(); y <= row.bottom(); ++y) {
+            for (int y = row.top(); y <= row.bottom(); ++y)
                 if (a.pixel(x, y) != b.pixel(x, y))
                     columns = {columns.first < 0 ? x : columns.first, x};
-            }
         }
         lst.append(columns);
     }

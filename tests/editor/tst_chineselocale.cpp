@@ -7,7 +7,7 @@
 #include <QTextCodec>
 
 // Runs under the locale zh_CN.
-class TestChineseLocale : public QObject
+class tst_chineselocale : public QObject
 {
     Q_OBJECT
 
@@ -19,13 +19,13 @@ private slots:
     void othersOpen_whereGb18030DoesNotFit();
 };
 
-void TestChineseLocale::initTestCase()
+void tst_chineselocale::initTestCase()
 {
     QCOMPARE(QLocale::system().name(), QStringLiteral("zh_CN"));
     QCOMPARE(getDefaultCodecName(), QStringLiteral("GB18030"));
 }
 
-void TestChineseLocale::gb18030_opensAsGb18030()
+void tst_chineselocale::gb18030_opensAsGb18030()
 {
     WithSettings settings;
     const QString strText = QStringLiteral("简体中文、€é\u00A0𠀀\n");
@@ -35,7 +35,7 @@ void TestChineseLocale::gb18030_opensAsGb18030()
     QCOMPARE(edit.getText(), strText);
 }
 
-void TestChineseLocale::utf8_opensAsUtf8()
+void tst_chineselocale::utf8_opensAsUtf8()
 {
     WithSettings settings;
     const QString strText = QStringLiteral("简体中文 café\n");
@@ -45,7 +45,7 @@ void TestChineseLocale::utf8_opensAsUtf8()
     QCOMPARE(edit.getText(), strText);
 }
 
-void TestChineseLocale::ascii_opensAsGb18030()
+void tst_chineselocale::ascii_opensAsGb18030()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -53,7 +53,7 @@ void TestChineseLocale::ascii_opensAsGb18030()
     QCOMPARE(edit.codecName(), QStringLiteral("GB18030"));
 }
 
-void TestChineseLocale::othersOpen_whereGb18030DoesNotFit()
+void tst_chineselocale::othersOpen_whereGb18030DoesNotFit()
 {
     const QString strText = QStringLiteral("Größe, Fläche\n");
     for (const char *szCodec : {"UTF-16", "UTF-16LE", "UTF-32"}) {
@@ -63,5 +63,5 @@ void TestChineseLocale::othersOpen_whereGb18030DoesNotFit()
     }
 }
 
-QTEST_MAIN(TestChineseLocale)
+QTEST_MAIN(tst_chineselocale)
 #include "tst_chineselocale.moc"

@@ -6,37 +6,36 @@
 
 namespace {
 
-const CommentMarkers g_cpp {"//", "/*", "*/"};
-const CommentMarkers g_onlyLine {"#", "", ""};
-const CommentMarkers g_onlyBlock {"", "<!--", "-->"};
+const SCommentMarkers g_cpp {"//", "/*", "*/"};
+const SCommentMarkers g_onlyLine {"#", "", ""};
+const SCommentMarkers g_onlyBlock {"", "<!--", "-->"};
 
-CommentSelection wholeLines(const QStringList &lstLines)
+SCommentSelection wholeLines(const QStringList &lstLines)
 {
     return {lstLines.join(QChar(QChar::ParagraphSeparator)), lstLines, QString(), QString()};
 }
 
 // The order of the tests, told in one expression each.
-CommentToggle::Action literalAction(const CommentSelection &selection,
-                                    const CommentMarkers &markers)
+SCommentToggle::Action literalAction(const SCommentSelection &selection,
+                                     const SCommentMarkers &markers)
 {
     if (selection.strText.startsWith(markers.strStart)
         && selection.strText.endsWith(markers.strEnd))
-        return CommentToggle::Unwrap;
+        return SCommentToggle::Unwrap;
     if (!markers.strSingle.isEmpty()) {
         bool bEvery = true;
-        for (const QString &strLine : selection.lstLines) {
+        for (const QString &strLine : selection.lstLines)
             if (QRegExp("^\\s*" + markers.strSingle).indexIn(strLine) < 0)
                 bEvery = false;
-        }
         if (bEvery)
-            return CommentToggle::Uncomment;
+            return SCommentToggle::Uncomment;
     }
     const QRegExp nonSpace("[^\\s]");
     const bool bWhole =
         nonSpace.indexIn(selection.strPrefix) < 0 && nonSpace.indexIn(selection.strSuffix) < 0;
     if (markers.strStart.isEmpty() || (!markers.strSingle.isEmpty() && bWhole))
-        return CommentToggle::CommentLines;
-    return CommentToggle::Wrap;
+        return SCommentToggle::CommentLines;
+    return SCommentToggle::Wrap;
 }
 
 } // namespace
@@ -64,39 +63,39 @@ private slots:
 
 void tst_CommentToggle::wholeLines_getTheLineMarker()
 {
-    const CommentToggle toggle = toggleOf(wholeLines({"a", "  b", ""}), g_cpp);
-    QCOMPARE(toggle.action, CommentToggle::CommentLines);
+    const SCommentToggle toggle = toggleOf(wholeLines({"a", "  b", ""}), g_cpp);
+    QCOMPARE(toggle.action, SCommentToggle::CommentLines);
 }
 
 void tst_CommentToggle::commentedLines_loseMarkerAndIndentation()
 {
-    const CommentToggle toggle = toggleOf(wholeLines({"//a", "  // b", "\t//"}), g_cpp);
-    QCOMPARE(toggle.action, CommentToggle::Uncomment);
+    const SCommentToggle toggle = toggleOf(wholeLines({"//a", "  // b", "\t//"}), g_cpp);
+    QCOMPARE(toggle.action, SCommentToggle::Uncomment);
     QCOMPARE(toggle.lstLengths, QVector<int>({2, 4, 3}));
 }
 
 void tst_CommentToggle::oneUncommentedLine_keepsAllCommented()
 {
-    QCOMPARE(toggleOf(wholeLines({"//a", "b"}), g_cpp).action, CommentToggle::CommentLines);
-    QCOMPARE(toggleOf(wholeLines({"//a", ""}), g_cpp).action, CommentToggle::CommentLines);
+    QCOMPARE(toggleOf(wholeLines({"//a", "b"}), g_cpp).action, SCommentToggle::CommentLines);
+    QCOMPARE(toggleOf(wholeLines({"//a", ""}), g_cpp).action, SCommentToggle::CommentLines);
 }
 
 void tst_CommentToggle::partOfALine_isWrapped()
 {
-    QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, g_cpp).action, CommentToggle::Wrap);
-    QCOMPARE(toggleOf({"b", {"a b"}, "a ", ""}, g_cpp).action, CommentToggle::Wrap);
-    QCOMPARE(toggleOf({"b", {"b c"}, "", " c"}, g_cpp).action, CommentToggle::Wrap);
+    QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, g_cpp).action, SCommentToggle::Wrap);
+    QCOMPARE(toggleOf({"b", {"a b"}, "a ", ""}, g_cpp).action, SCommentToggle::Wrap);
+    QCOMPARE(toggleOf({"b", {"b c"}, "", " c"}, g_cpp).action, SCommentToggle::Wrap);
 }
 
 void tst_CommentToggle::blanksAroundTheSelection_areStillWholeLines()
 {
-    QCOMPARE(toggleOf({"b", {"\tb  "}, "\t", "  "}, g_cpp).action, CommentToggle::CommentLines);
+    QCOMPARE(toggleOf({"b", {"\tb  "}, "\t", "  "}, g_cpp).action, SCommentToggle::CommentLines);
 }
 
 void tst_CommentToggle::wrappedSelection_isUnwrapped()
 {
-    const CommentToggle toggle = toggleOf({"/*b*/", {"a /*b*/"}, "a ", ""}, g_cpp);
-    QCOMPARE(toggle.action, CommentToggle::Unwrap);
+    const SCommentToggle toggle = toggleOf({"/*b*/", {"a /*b*/"}, "a ", ""}, g_cpp);
+    QCOMPARE(toggle.action, SCommentToggle::Unwrap);
     QCOMPARE(toggle.nStartLength, 2);
     QCOMPARE(toggle.nEndLength, 2);
 }
@@ -104,62 +103,62 @@ void tst_CommentToggle::wrappedSelection_isUnwrapped()
 void tst_CommentToggle::enclosedTest_comesFirst()
 {
     // Each line is a line comment, too, when "/" is the line marker.
-    const CommentMarkers markers {"/", "/*", "*/"};
-    QCOMPARE(toggleOf(wholeLines({"/*a", "/b*/"}), markers).action, CommentToggle::Unwrap);
+    const SCommentMarkers markers {"/", "/*", "*/"};
+    QCOMPARE(toggleOf(wholeLines({"/*a", "/b*/"}), markers).action, SCommentToggle::Unwrap);
 }
 
 void tst_CommentToggle::languageWithoutBlockMarkers_neverToggles()
 {
     for (const QString &strLine : {QString("a"), QString("# a"), QString(" ")}) {
-        const CommentToggle toggle = toggleOf(wholeLines({strLine}), g_onlyLine);
-        QCOMPARE(toggle.action, CommentToggle::Unwrap);
+        const SCommentToggle toggle = toggleOf(wholeLines({strLine}), g_onlyLine);
+        QCOMPARE(toggle.action, SCommentToggle::Unwrap);
         QCOMPARE(toggle.nStartLength + toggle.nEndLength, 0);
     }
 }
 
 void tst_CommentToggle::blockEndWithoutStart_commentsLines()
 {
-    const CommentMarkers markers {"#", "", "end"};
-    QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, markers).action, CommentToggle::CommentLines);
+    const SCommentMarkers markers {"#", "", "end"};
+    QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, markers).action, SCommentToggle::CommentLines);
 }
 
 void tst_CommentToggle::languageWithoutLineMarker_wrapsWholeLines()
 {
-    QCOMPARE(toggleOf(wholeLines({"<a/>", "<b/>"}), g_onlyBlock).action, CommentToggle::Wrap);
+    QCOMPARE(toggleOf(wholeLines({"<a/>", "<b/>"}), g_onlyBlock).action, SCommentToggle::Wrap);
 }
 
 void tst_CommentToggle::overlappingMarkers_stayInsideTheSelection()
 {
-    const CommentToggle toggle = toggleOf({"/*/", {"x/*/y"}, "x", "y"}, g_cpp);
-    QCOMPARE(toggle.action, CommentToggle::Unwrap);
+    const SCommentToggle toggle = toggleOf({"/*/", {"x/*/y"}, "x", "y"}, g_cpp);
+    QCOMPARE(toggle.action, SCommentToggle::Unwrap);
     QCOMPARE(toggle.nEndLength + toggle.nStartLength, 3);
-    const CommentMarkers python {"#", "\"\"\"", "\"\"\""};
-    const CommentToggle quotes = toggleOf({"\"\"\"", {"\"\"\"x"}, "", "x"}, python);
+    const SCommentMarkers python {"#", "\"\"\"", "\"\"\""};
+    const SCommentToggle quotes = toggleOf({"\"\"\"", {"\"\"\"x"}, "", "x"}, python);
     QCOMPARE(quotes.nEndLength + quotes.nStartLength, 3);
 }
 
 void tst_CommentToggle::lineMarker_isAnExpressionAsItStands()
 {
-    const CommentMarkers dots {"..", "/*", "*/"};
-    const CommentToggle toggle = toggleOf(wholeLines({"abc"}), dots);
-    QCOMPARE(toggle.action, CommentToggle::Uncomment);
+    const SCommentMarkers dots {"..", "/*", "*/"};
+    const SCommentToggle toggle = toggleOf(wholeLines({"abc"}), dots);
+    QCOMPARE(toggle.action, SCommentToggle::Uncomment);
     QCOMPARE(toggle.lstLengths, QVector<int>({2}));
     // An alternative may match further on; everything up to its end goes.
-    const CommentMarkers alternatives {"x|c", "/*", "*/"};
+    const SCommentMarkers alternatives {"x|c", "/*", "*/"};
     QCOMPARE(toggleOf(wholeLines({"abc"}), alternatives).lstLengths, QVector<int>({3}));
 }
 
 void tst_CommentToggle::invalidExpression_matchesNothing()
 {
-    const CommentMarkers lua {"--[[", "/*", "*/"};
-    QCOMPARE(toggleOf(wholeLines({"--[[ a"}), lua).action, CommentToggle::CommentLines);
+    const SCommentMarkers lua {"--[[", "/*", "*/"};
+    QCOMPARE(toggleOf(wholeLines({"--[[ a"}), lua).action, SCommentToggle::CommentLines);
 }
 
 void tst_CommentToggle::randomSelections_takeTheLiteralAction()
 {
     const QStringList lstTokens {"//", "/*", "*/", "#", " ", "\t", "a", "\n", "-->", "<!--"};
-    const QVector<CommentMarkers> lstMarkers {g_cpp,           g_onlyLine,         g_onlyBlock,
-                                              {"#", "", "*/"}, {"..", "/*", "*/"}, {"", "", ""}};
+    const QVector<SCommentMarkers> lstMarkers {g_cpp,           g_onlyLine,         g_onlyBlock,
+                                               {"#", "", "*/"}, {"..", "/*", "*/"}, {"", "", ""}};
     QRandomGenerator random(7);
     QSet<int> seen;
     for (int i = 0; i < 20000; ++i) {
@@ -171,12 +170,12 @@ void tst_CommentToggle::randomSelections_takeTheLiteralAction()
         const int nFirst = nStart == 0 ? 0 : strDocument.lastIndexOf('\n', nStart - 1) + 1;
         const int nLineEnd = strDocument.indexOf('\n', nEnd);
         const int nLast = nLineEnd < 0 ? strDocument.length() : nLineEnd;
-        const CommentSelection selection {
+        const SCommentSelection selection {
             strDocument.mid(nStart, nEnd - nStart).replace('\n', QChar(QChar::ParagraphSeparator)),
             strDocument.mid(nFirst, nLast - nFirst).split('\n'),
             strDocument.mid(nFirst, nStart - nFirst), strDocument.mid(nEnd, nLast - nEnd)};
-        const CommentMarkers &markers = lstMarkers.at(random.bounded(lstMarkers.size()));
-        const CommentToggle toggle = toggleOf(selection, markers);
+        const SCommentMarkers &markers = lstMarkers.at(random.bounded(lstMarkers.size()));
+        const SCommentToggle toggle = toggleOf(selection, markers);
         QCOMPARE(toggle.action, literalAction(selection, markers));
         seen.insert(toggle.action);
     }

@@ -120,7 +120,8 @@ void tst_Completion::anyText_givesTheWordsThatAnExpressionFinds()
         const QStringList lstLines = strText.split('\n');
         CLineStore store;
         int nLine = 0;
-        store.replace(0, 1, lstLines.size(), [&] { return lstLines.at(nLine++); });
+        store.replace(
+            0, 1, lstLines.size(), [&] { return lstLines.at(nLine++); });
         const QStringList lstFound =
             wordsToOffer(store, store.version(), {}, {strBeginning, -1, -1}, [] { return false; });
         QCOMPARE(QSet<QString>(lstFound.begin(), lstFound.end()), expected);

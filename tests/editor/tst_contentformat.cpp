@@ -62,7 +62,7 @@ void tst_ContentFormat::xml_tellsWhereItFails()
     QFETCH(QString, message);
     QFETCH(int, line);
     QFETCH(int, column);
-    const ParseResult result = parseXml(text);
+    const SParseResult result = parseXml(text);
     QCOMPARE(result.strMessage, message);
     QCOMPARE(result.isGood(), message.isEmpty());
     QCOMPARE(result.nLine, line);
@@ -156,7 +156,7 @@ void tst_ContentFormat::hostileXml_isRefusedQuickly()
 {
     QFETCH(QString, text);
     const CProcessorTime time;
-    const ParseResult result = parseXml(text);
+    const SParseResult result = parseXml(text);
     QVERIFY(!result.isGood());
     QVERIFY(result.nLine >= 1);
     QVERIFY(result.nColumn >= 1);
@@ -193,7 +193,7 @@ void tst_ContentFormat::reasonableEntities_areAccepted()
 
 void tst_ContentFormat::deepElements_failAtTheirPlace()
 {
-    const ParseResult result = parseXml(repeated("<a>\n", 257) + repeated("</a>", 257));
+    const SParseResult result = parseXml(repeated("<a>\n", 257) + repeated("</a>", 257));
     QCOMPARE(result.strMessage, QString("elements nest too deeply"));
     QCOMPARE(result.nLine, 257);
 }
@@ -254,7 +254,7 @@ void tst_ContentFormat::jsonError_hasItsPlace()
     QFETCH(QString, text);
     QFETCH(int, line);
     QFETCH(int, column);
-    const ParseResult result = parseJson(text);
+    const SParseResult result = parseJson(text);
     QCOMPARE(result.nLine, line);
     QCOMPARE(result.nColumn, column);
 }

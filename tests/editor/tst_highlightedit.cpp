@@ -94,10 +94,9 @@ QImage shownGutter(Editor &edit)
 int darkest(const QImage &image, const QRect &rect)
 {
     int nDarkest = 255;
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+    for (int y = rect.top(); y <= rect.bottom(); ++y)
         for (int x = rect.left(); x <= rect.right(); ++x)
             nDarkest = qMin(nDarkest, qGray(image.pixel(x, y)));
-    }
     return nDarkest;
 }
 
@@ -120,10 +119,9 @@ QMenu *openContextMenu(CHighlightEdit *pEdit)
 QAction *actionOf(QMenu *pMenu, const QString &strText)
 {
     const QList<QAction *> lstActions = pMenu->actions();
-    for (QAction *pAction : lstActions) {
+    for (QAction *pAction : lstActions)
         if (pAction->text() == strText)
             return pAction;
-    }
     return nullptr;
 }
 
@@ -169,7 +167,7 @@ double contrast(const QColor &a, const QColor &b)
 
 } // namespace
 
-class TestHighlightEdit : public QObject
+class tst_highlightedit : public QObject
 {
     Q_OBJECT
 
@@ -222,7 +220,7 @@ private slots:
     void editorClosedWhileHighlighting_endsInOrder();
 };
 
-void TestHighlightEdit::newEditor_isEmptyUntitledAndUnwrapped()
+void tst_highlightedit::newEditor_isEmptyUntitledAndUnwrapped()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -246,7 +244,7 @@ void TestHighlightEdit::newEditor_isEmptyUntitledAndUnwrapped()
     QCOMPARE(edit.lineWrapMode(), QPlainTextEdit::NoWrap);
 }
 
-void TestHighlightEdit::title_isFileNameWithAStarWhenModified()
+void tst_highlightedit::title_isFileNameWithAStarWhenModified()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -258,7 +256,7 @@ void TestHighlightEdit::title_isFileNameWithAStarWhenModified()
     QCOMPARE(edit.getTitle(), QStringLiteral("a & b.txt"));
 }
 
-void TestHighlightEdit::path_givesSuffixAndAsksForTheLanguage()
+void tst_highlightedit::path_givesSuffixAndAsksForTheLanguage()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -271,7 +269,7 @@ void TestHighlightEdit::path_givesSuffixAndAsksForTheLanguage()
     QVERIFY(edit.isPathChanged());
 }
 
-void TestHighlightEdit::gutter_isAsWideAsItsDigits_data()
+void tst_highlightedit::gutter_isAsWideAsItsDigits_data()
 {
     QTest::addColumn<int>("nLines");
     QTest::addColumn<int>("nDigits");
@@ -285,7 +283,7 @@ void TestHighlightEdit::gutter_isAsWideAsItsDigits_data()
     QTest::newRow("10000") << 10000 << 5;
 }
 
-void TestHighlightEdit::gutter_isAsWideAsItsDigits()
+void tst_highlightedit::gutter_isAsWideAsItsDigits()
 {
     QFETCH(int, nLines);
     QFETCH(int, nDigits);
@@ -303,7 +301,7 @@ void TestHighlightEdit::gutter_isAsWideAsItsDigits()
     }
 }
 
-void TestHighlightEdit::gutter_followsTheStoredSizeNotTheEditorsOwn()
+void tst_highlightedit::gutter_followsTheStoredSizeNotTheEditorsOwn()
 {
     WithSettings settings;
     Editor edit;
@@ -314,7 +312,7 @@ void TestHighlightEdit::gutter_followsTheStoredSizeNotTheEditorsOwn()
     QVERIFY(edit.lineNumberAreaWidth() > nWidth);
 }
 
-void TestHighlightEdit::gutter_standsLeftOfTheText()
+void tst_highlightedit::gutter_standsLeftOfTheText()
 {
     WithSettings settings;
     Editor edit;
@@ -327,7 +325,7 @@ void TestHighlightEdit::gutter_standsLeftOfTheText()
     QTRY_COMPARE(edit.gutter()->height(), edit.contentsRect().height());
 }
 
-void TestHighlightEdit::emptyDocument_showsTheNumberOne()
+void tst_highlightedit::emptyDocument_showsTheNumberOne()
 {
     WithSettings settings;
     Editor edit;
@@ -337,7 +335,7 @@ void TestHighlightEdit::emptyDocument_showsTheNumberOne()
     QVERIFY(darkest(shownGutter(edit), edit.gutter()->rect()) < 0xCC);
 }
 
-void TestHighlightEdit::gutter_showsTheCursorsLineBold()
+void tst_highlightedit::gutter_showsTheCursorsLineBold()
 {
     WithSettings settings;
     Editor edit;
@@ -347,7 +345,7 @@ void TestHighlightEdit::gutter_showsTheCursorsLineBold()
     QCOMPARE(shownGutter(edit), expectedGutter(edit, 5, 5));
 }
 
-void TestHighlightEdit::selectionOverThreeLines_showsThreeBoldNumbers()
+void tst_highlightedit::selectionOverThreeLines_showsThreeBoldNumbers()
 {
     WithSettings settings;
     Editor edit;
@@ -363,7 +361,7 @@ void TestHighlightEdit::selectionOverThreeLines_showsThreeBoldNumbers()
     }
 }
 
-void TestHighlightEdit::selectionMadeUpwards_showsTheSameNumbers()
+void tst_highlightedit::selectionMadeUpwards_showsTheSameNumbers()
 {
     WithSettings settings;
     Editor edit;
@@ -372,7 +370,7 @@ void TestHighlightEdit::selectionMadeUpwards_showsTheSameNumbers()
     QCOMPARE(shownGutter(edit), expectedGutter(edit, 4, 7));
 }
 
-void TestHighlightEdit::gutter_showsWrappedLinesOnce()
+void tst_highlightedit::gutter_showsWrappedLinesOnce()
 {
     WithSettings settings;
     Editor edit;
@@ -383,7 +381,7 @@ void TestHighlightEdit::gutter_showsWrappedLinesOnce()
     QCOMPARE(shownGutter(edit), expectedGutter(edit, 1, 1));
 }
 
-void TestHighlightEdit::gutter_followsScrolling()
+void tst_highlightedit::gutter_followsScrolling()
 {
     WithSettings settings;
     Editor edit;
@@ -394,7 +392,7 @@ void TestHighlightEdit::gutter_followsScrolling()
     QVERIFY(darkest(shownGutter(edit), edit.gutter()->rect()) < 0xCC);
 }
 
-void TestHighlightEdit::gutter_isRepaintedWhenTheCursorMovesWithinAWrappedLine()
+void tst_highlightedit::gutter_isRepaintedWhenTheCursorMovesWithinAWrappedLine()
 {
     WithSettings settings;
     Editor edit;
@@ -420,7 +418,7 @@ void TestHighlightEdit::gutter_isRepaintedWhenTheCursorMovesWithinAWrappedLine()
     QTRY_VERIFY(watch.m_region.contains(QPoint(5, edit.lineRect(1).top() + 6)));
 }
 
-void TestHighlightEdit::gutter_paintsOnlyWhatIsAsked()
+void tst_highlightedit::gutter_paintsOnlyWhatIsAsked()
 {
     WithSettings settings;
     Editor edit;
@@ -435,7 +433,7 @@ void TestHighlightEdit::gutter_paintsOnlyWhatIsAsked()
     QCOMPARE(image.pixelColor(0, rect.bottom() + 1), QColor(Qt::red));
 }
 
-void TestHighlightEdit::band_liesBehindTheCursorsLine()
+void tst_highlightedit::band_liesBehindTheCursorsLine()
 {
     WithSettings settings;
     Editor edit;
@@ -451,7 +449,7 @@ void TestHighlightEdit::band_liesBehindTheCursorsLine()
     }
 }
 
-void TestHighlightEdit::band_spansAllOfAWrappedLine()
+void tst_highlightedit::band_spansAllOfAWrappedLine()
 {
     WithSettings settings;
     Editor edit;
@@ -466,7 +464,7 @@ void TestHighlightEdit::band_spansAllOfAWrappedLine()
     QCOMPARE(image.pixelColor(nRight, rect.bottom() + 1), QColor(Qt::white));
 }
 
-void TestHighlightEdit::band_isGoneWhenTheCursorIsOutOfSight()
+void tst_highlightedit::band_isGoneWhenTheCursorIsOutOfSight()
 {
     WithSettings settings;
     Editor edit;
@@ -477,7 +475,7 @@ void TestHighlightEdit::band_isGoneWhenTheCursorIsOutOfSight()
         QCOMPARE(image.pixelColor(image.width() - 2, y), QColor(Qt::white));
 }
 
-void TestHighlightEdit::manyLines_paintAsFastAsAFew()
+void tst_highlightedit::manyLines_paintAsFastAsAFew()
 {
     WithSettings settings;
     Editor edit;
@@ -502,14 +500,14 @@ void TestHighlightEdit::manyLines_paintAsFastAsAFew()
              qPrintable(QStringLiteral("%1 at the top, %2 at the bottom").arg(nTop).arg(nBottom)));
 }
 
-void TestHighlightEdit::statusText_atTheStart()
+void tst_highlightedit::statusText_atTheStart()
 {
     WithSettings settings;
     CHighlightEdit edit;
     QCOMPARE(edit.getStatusText(), QStringLiteral("row: 1, col: 0, sel: 0"));
 }
 
-void TestHighlightEdit::statusText_countsRowsFromOneAndColumnsFromZero()
+void tst_highlightedit::statusText_countsRowsFromOneAndColumnsFromZero()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -526,7 +524,7 @@ void TestHighlightEdit::statusText_countsRowsFromOneAndColumnsFromZero()
     QCOMPARE(edit.getStatusText(), QStringLiteral("row: 3, col: 5, sel: 18"));
 }
 
-void TestHighlightEdit::zoom_staysWithinItsBounds_data()
+void tst_highlightedit::zoom_staysWithinItsBounds_data()
 {
     QTest::addColumn<int>("nSize");
     QTest::addColumn<int>("nDelta");
@@ -546,7 +544,7 @@ void TestHighlightEdit::zoom_staysWithinItsBounds_data()
     QTest::newRow("a little more than a pixel down") << 12 << -31 << 11;
 }
 
-void TestHighlightEdit::zoom_staysWithinItsBounds()
+void tst_highlightedit::zoom_staysWithinItsBounds()
 {
     QFETCH(int, nSize);
     QFETCH(int, nDelta);
@@ -560,7 +558,7 @@ void TestHighlightEdit::zoom_staysWithinItsBounds()
     QCOMPARE(settings->m_nTextFontSize, nNewSize);
 }
 
-void TestHighlightEdit::zoom_reachesEveryEditorAndTheSettings()
+void tst_highlightedit::zoom_reachesEveryEditorAndTheSettings()
 {
     WithSettings settings;
     Editor first;
@@ -580,7 +578,7 @@ void TestHighlightEdit::zoom_reachesEveryEditorAndTheSettings()
     QCOMPARE(stored.value(QStringLiteral("m_nTextFontSize")).toInt(), 16);
 }
 
-void TestHighlightEdit::zoom_keepsTabsFourLettersWide()
+void tst_highlightedit::zoom_keepsTabsFourLettersWide()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -591,7 +589,7 @@ void TestHighlightEdit::zoom_keepsTabsFourLettersWide()
     }
 }
 
-void TestHighlightEdit::zoom_worksOverTheGutter()
+void tst_highlightedit::zoom_worksOverTheGutter()
 {
     WithSettings settings;
     Editor edit;
@@ -600,7 +598,7 @@ void TestHighlightEdit::zoom_worksOverTheGutter()
     QCOMPARE(edit.font().pixelSize(), 16);
 }
 
-void TestHighlightEdit::plainWheel_scrolls()
+void tst_highlightedit::plainWheel_scrolls()
 {
     WithSettings settings;
     Editor edit;
@@ -610,7 +608,7 @@ void TestHighlightEdit::plainWheel_scrolls()
     QCOMPARE(edit.font().pixelSize(), 12);
 }
 
-void TestHighlightEdit::lockedEditor_keepsItsFontSize()
+void tst_highlightedit::lockedEditor_keepsItsFontSize()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -625,7 +623,7 @@ void TestHighlightEdit::lockedEditor_keepsItsFontSize()
     QCOMPARE(edit.font().pixelSize(), 30);
 }
 
-void TestHighlightEdit::contextMenu_hasItsEntriesInOrder()
+void tst_highlightedit::contextMenu_hasItsEntriesInOrder()
 {
     WithSettings settings;
     Editor edit;
@@ -656,7 +654,7 @@ void TestHighlightEdit::contextMenu_hasItsEntriesInOrder()
     QVERIFY(edit.toPlainText().startsWith(QStringLiteral("some text of line 1\n")));
 }
 
-void TestHighlightEdit::contextMenu_enablesToggleCommentWithSelectionAndCommentStrings_data()
+void tst_highlightedit::contextMenu_enablesToggleCommentWithSelectionAndCommentStrings_data()
 {
     QTest::addColumn<QString>("strSingle");
     QTest::addColumn<QString>("strMultiStart");
@@ -674,7 +672,7 @@ void TestHighlightEdit::contextMenu_enablesToggleCommentWithSelectionAndCommentS
                                             << "" << true << false;
 }
 
-void TestHighlightEdit::contextMenu_enablesToggleCommentWithSelectionAndCommentStrings()
+void tst_highlightedit::contextMenu_enablesToggleCommentWithSelectionAndCommentStrings()
 {
     QFETCH(QString, strSingle);
     QFETCH(QString, strMultiStart);
@@ -692,7 +690,7 @@ void TestHighlightEdit::contextMenu_enablesToggleCommentWithSelectionAndCommentS
     pMenu->close();
 }
 
-void TestHighlightEdit::openFilePosition_ofAnUnsavedDocument_doesNothing()
+void tst_highlightedit::openFilePosition_ofAnUnsavedDocument_doesNothing()
 {
     WithSettings settings;
     Editor edit;
@@ -705,7 +703,7 @@ void TestHighlightEdit::openFilePosition_ofAnUnsavedDocument_doesNothing()
     QVERIFY(!edit.isModified());
 }
 
-void TestHighlightEdit::focus_isAnnounced()
+void tst_highlightedit::focus_isAnnounced()
 {
     WithSettings settings;
     Editor edit;
@@ -715,7 +713,7 @@ void TestHighlightEdit::focus_isAnnounced()
     QCOMPARE(spy.count(), 1);
 }
 
-void TestHighlightEdit::shiftEnter_startsANewLine()
+void tst_highlightedit::shiftEnter_startsANewLine()
 {
     WithSettings settings;
     Editor edit;
@@ -727,7 +725,7 @@ void TestHighlightEdit::shiftEnter_startsANewLine()
     QCOMPARE(edit.getText(), QStringLiteral("a\nb"));
 }
 
-void TestHighlightEdit::copy_keepsNoBreakSpaces()
+void tst_highlightedit::copy_keepsNoBreakSpaces()
 {
     WithSettings settings;
     Editor edit;
@@ -738,7 +736,7 @@ void TestHighlightEdit::copy_keepsNoBreakSpaces()
              QStringLiteral("10\u00A0000\u2029\nnext\u00A0line"));
 }
 
-void TestHighlightEdit::droppedFiles_areLeftToTheWindow()
+void tst_highlightedit::droppedFiles_areLeftToTheWindow()
 {
     WithSettings settings;
     Editor edit;
@@ -755,7 +753,7 @@ void TestHighlightEdit::droppedFiles_areLeftToTheWindow()
     QVERIFY(edit.canInsertFromMimeData(&mimeData));
 }
 
-void TestHighlightEdit::droppedText_isTaken()
+void tst_highlightedit::droppedText_isTaken()
 {
     WithSettings settings;
     Editor edit;
@@ -770,7 +768,7 @@ void TestHighlightEdit::droppedText_isTaken()
     QVERIFY(edit.toPlainText().contains(QStringLiteral("dropped")));
 }
 
-void TestHighlightEdit::darkDesktop_leavesTextReadable()
+void tst_highlightedit::darkDesktop_leavesTextReadable()
 {
     WithSettings settings;
     const QPalette palBefore = QApplication::palette();
@@ -797,7 +795,7 @@ void TestHighlightEdit::darkDesktop_leavesTextReadable()
     QApplication::setPalette(palBefore);
 }
 
-void TestHighlightEdit::selectedWord_isMarked()
+void tst_highlightedit::selectedWord_isMarked()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -819,7 +817,7 @@ void TestHighlightEdit::selectedWord_isMarked()
     QTRY_COMPARE(marks(1), 0);
 }
 
-void TestHighlightEdit::editorClosedWhileHighlighting_endsInOrder()
+void tst_highlightedit::editorClosedWhileHighlighting_endsInOrder()
 {
     WithSettings settings;
     QString strText;
@@ -833,5 +831,5 @@ void TestHighlightEdit::editorClosedWhileHighlighting_endsInOrder()
     }
 }
 
-QTEST_MAIN(TestHighlightEdit)
+QTEST_MAIN(tst_highlightedit)
 #include "tst_highlightedit.moc"

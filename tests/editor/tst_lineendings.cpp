@@ -21,7 +21,7 @@ int literalReturnFormat(const QByteArray &data, int nPrevious)
 
 } // namespace
 
-class TestLineEndings : public QObject
+class tst_lineendings : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private slots:
     void standIns_giveUpOnlyWhenEveryCharacterIsTaken();
 };
 
-void TestLineEndings::detection_data()
+void tst_lineendings::detection_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<int>("nFormat"); // 7: the previous one
@@ -62,7 +62,7 @@ void TestLineEndings::detection_data()
     QTest::newRow("behind a byte-order mark") << QByteArray("\xEF\xBB\xBF\n") << 1;
 }
 
-void TestLineEndings::detection()
+void tst_lineendings::detection()
 {
     QFETCH(QByteArray, data);
     QFETCH(int, nFormat);
@@ -70,7 +70,7 @@ void TestLineEndings::detection()
     QCOMPARE(literalReturnFormat(data, 7), nFormat);
 }
 
-void TestLineEndings::detectionOnBytes_equalsDetectionOnText()
+void tst_lineendings::detectionOnBytes_equalsDetectionOnText()
 {
     // Few different bytes, so that they meet in every order: line ends, lead and trail bytes of two
     // to four, broken ones, a byte-order mark.
@@ -85,7 +85,7 @@ void TestLineEndings::detectionOnBytes_equalsDetectionOnText()
     }
 }
 
-void TestLineEndings::conversion_data()
+void tst_lineendings::conversion_data()
 {
     QTest::addColumn<QString>("strText");
     QTest::addColumn<int>("nFormat");
@@ -103,14 +103,14 @@ void TestLineEndings::conversion_data()
     }
 }
 
-void TestLineEndings::conversion()
+void tst_lineendings::conversion()
 {
     QFETCH(QString, strText);
     QFETCH(int, nFormat);
     QTEST(withLineEnds(strText, nFormat), "strExpected");
 }
 
-void TestLineEndings::conversion_leavesNoOtherLineEnd()
+void tst_lineendings::conversion_leavesNoOtherLineEnd()
 {
     const QString lstEnds[] = {QStringLiteral("\r\n"), QStringLiteral("\n"), QStringLiteral("\r")};
     QRandomGenerator random(21);
@@ -126,7 +126,7 @@ void TestLineEndings::conversion_leavesNoOtherLineEnd()
     }
 }
 
-void TestLineEndings::lineCount_isThatOfADocument()
+void tst_lineendings::lineCount_isThatOfADocument()
 {
     QRandomGenerator random(22);
     for (int n = 0; n < 3000; ++n) {
@@ -138,7 +138,7 @@ void TestLineEndings::lineCount_isThatOfADocument()
     }
 }
 
-void TestLineEndings::standIns_areNotNeededForOrdinaryText()
+void tst_lineendings::standIns_areNotNeededForOrdinaryText()
 {
     CStandIns standIns;
     const QString strText = QStringLiteral("a\u00A0\u2028\uFFFC\uFFFE\uFDD2\r\n");
@@ -146,7 +146,7 @@ void TestLineEndings::standIns_areNotNeededForOrdinaryText()
     QCOMPARE(standIns.restore(strText), strText);
 }
 
-void TestLineEndings::standIns_takeThePlaceOfParagraphAndFrameMarks()
+void tst_lineendings::standIns_takeThePlaceOfParagraphAndFrameMarks()
 {
     CStandIns standIns;
     const QString strText = QStringLiteral("a\u2029b\uFDD0c\uFDD1d\u2029\u2029");
@@ -161,7 +161,7 @@ void TestLineEndings::standIns_takeThePlaceOfParagraphAndFrameMarks()
     QCOMPARE(standIns.restore(strHidden), strHidden);
 }
 
-void TestLineEndings::standIns_areNoneOfTheTextsOwnCharacters()
+void tst_lineendings::standIns_areNoneOfTheTextsOwnCharacters()
 {
     CStandIns standIns;
     QString strText = QStringLiteral("\u2029\uFDD1");
@@ -172,7 +172,7 @@ void TestLineEndings::standIns_areNoneOfTheTextsOwnCharacters()
     QCOMPARE(standIns.restore(strHidden), strText);
 }
 
-void TestLineEndings::standIns_giveUpOnlyWhenEveryCharacterIsTaken()
+void tst_lineendings::standIns_giveUpOnlyWhenEveryCharacterIsTaken()
 {
     CStandIns standIns;
     QString strText(QChar(0x2029));
@@ -183,5 +183,5 @@ void TestLineEndings::standIns_giveUpOnlyWhenEveryCharacterIsTaken()
     QCOMPARE(standIns.restore(strText), strText);
 }
 
-QTEST_MAIN(TestLineEndings)
+QTEST_MAIN(tst_lineendings)
 #include "tst_lineendings.moc"

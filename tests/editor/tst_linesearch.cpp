@@ -11,9 +11,9 @@ namespace {
 
 enum Option { None = 0, Case = 1, Word = 2, Up = 4, RegExp = 8 };
 
-SearchOptions optionsOf(int nOptions)
+SSearchOptions optionsOf(int nOptions)
 {
-    SearchOptions options;
+    SSearchOptions options;
     options.bMatchCase = nOptions & Case;
     options.bWholeWord = nOptions & Word;
     options.bSearchUp = nOptions & Up;
@@ -21,7 +21,7 @@ SearchOptions optionsOf(int nOptions)
     return options;
 }
 
-LiteralLineOptions literalOptionsOf(int nOptions)
+SLiteralLineOptions literalOptionsOf(int nOptions)
 {
     return {bool(nOptions & Case), bool(nOptions & Word), bool(nOptions & Up),
             bool(nOptions & RegExp)};
@@ -134,7 +134,7 @@ void tst_LineSearch::candidate_isTheFirstFromTheOffset()
     QFETCH(int, options);
     QFETCH(int, start);
     QFETCH(int, length);
-    const LineMatch match = CLineSearch(text, optionsOf(options)).find(line, offset);
+    const SLineMatch match = CLineSearch(text, optionsOf(options)).find(line, offset);
     QCOMPARE(match.nStart, start);
     QCOMPARE(match.nLength, length);
 }
@@ -184,7 +184,7 @@ void tst_LineSearch::candidates_equalTheLiteralSearch()
         int nIndex = -1;
         int nLength = 0;
         literalFindInLine(strLine, strText, nOffset, literalOptionsOf(nOptions), &nIndex, &nLength);
-        const LineMatch match = CLineSearch(strText, optionsOf(nOptions)).find(strLine, nOffset);
+        const SLineMatch match = CLineSearch(strText, optionsOf(nOptions)).find(strLine, nOffset);
         if (match.nStart != nIndex || match.nLength != nLength)
             QFAIL(qPrintable(QStringLiteral("'%1' in '%2' from %3, options %4")
                                  .arg(strText, strLine)
@@ -217,7 +217,7 @@ void tst_LineSearch::runs_areSearchedLineByLine()
                 nLine = n + 1;
         }
         int nInLine = nOffset < 0 ? -1 : nOffset - lstStarts.at(nLine);
-        LineMatch expected;
+        SLineMatch expected;
         while (nLine >= 0 && nLine < lstLines.size()) {
             expected = search.find(lstLines.at(nLine), nInLine);
             if (expected.isValid())
@@ -225,7 +225,7 @@ void tst_LineSearch::runs_areSearchedLineByLine()
             nLine += bUp ? -1 : 1;
             nInLine = bUp ? -1 : 0;
         }
-        const RunMatch result = search.findInRun(strRun, nOffset);
+        const SRunMatch result = search.findInRun(strRun, nOffset);
         QCOMPARE(result.isValid(), expected.isValid());
         if (!expected.isValid())
             continue;
@@ -262,9 +262,10 @@ void tst_LineSearch::replacements_equalTheLiteralLoop()
         const QString strExpected = literalReplaceInLine(strLine, strText, nOffset, strReplace,
                                                          literalOptionsOf(options), &nCount);
         const CLineSearch search(strText, optionsOf(options));
-        const LineMatch first = search.find(strLine, nOffset);
-        const LineReplacement result =
-            first.isValid() ? replaceInLine(search, strLine, first, strReplace) : LineReplacement();
+        const SLineMatch first = search.find(strLine, nOffset);
+        const SLineReplacement result = first.isValid()
+            ? replaceInLine(search, strLine, first, strReplace)
+            : SLineReplacement();
         const QString strResult = result.lstEdits.isEmpty() ? strLine : result.strText;
         if (strResult != strExpected || result.nMatches != nCount) {
             QFAIL(qPrintable(QStringLiteral("'%1' by '%2' in '%3': '%4', %5 instead of '%6', %7")
@@ -287,11 +288,11 @@ void tst_LineSearch::editsOneByOne_giveTheSameLine()
         const QString strReplace = pick(&random, replacements());
         QString strLine = randomLine(&random);
         const CLineSearch search(strText, optionsOf(nOptions));
-        const LineMatch first = search.find(strLine, nOptions & Up ? -1 : 0);
+        const SLineMatch first = search.find(strLine, nOptions & Up ? -1 : 0);
         if (!first.isValid())
             continue;
-        const LineReplacement result = replaceInLine(search, strLine, first, strReplace);
-        for (const LineMatch &edit : result.lstEdits)
+        const SLineReplacement result = replaceInLine(search, strLine, first, strReplace);
+        for (const SLineMatch &edit : result.lstEdits)
             strLine.replace(edit.nStart, edit.nLength, strReplace);
         if (!result.lstEdits.isEmpty())
             QCOMPARE(strLine, result.strText);
@@ -326,8 +327,8 @@ void tst_LineSearch::oneLongLine_takesLinearTime()
     const CProcessorTime time;
     const QString strLine(nLength, QLatin1Char('a'));
     const CLineSearch search(text, optionsOf(options));
-    const LineMatch first = search.find(strLine, options & Up ? -1 : 0);
-    const LineReplacement result = replaceInLine(search, strLine, first, replace);
+    const SLineMatch first = search.find(strLine, options & Up ? -1 : 0);
+    const SLineReplacement result = replaceInLine(search, strLine, first, replace);
     QCOMPARE(result.nMatches, nLength);
     QCOMPARE(result.strText, QString(nLength * replace.length(), QLatin1Char('a')));
     // Quadratic time would be hours.

@@ -8,7 +8,7 @@
 #include <QTextBlock>
 
 // A line that is longer than what Qt can show in one row.
-class TestLongLine : public QObject
+class tst_longline : public QObject
 {
     Q_OBJECT
 
@@ -39,20 +39,20 @@ static QString longText(int nBeyond)
     return QStringLiteral("abcdefghi ").repeated((CPlainTextLayout::longestLine() + nBeyond) / 10);
 }
 
-void TestLongLine::init()
+void tst_longline::init()
 {
     m_pSettings = std::make_unique<WithSettings>();
     m_pEdit = std::make_unique<CHighlightEdit>();
     m_pEdit->resize(500, 400);
 }
 
-void TestLongLine::cleanup()
+void tst_longline::cleanup()
 {
     m_pEdit.reset();
     m_pSettings.reset();
 }
 
-void TestLongLine::show(const QString &strText)
+void tst_longline::show(const QString &strText)
 {
     m_pEdit->setPlainText(strText);
     m_pEdit->show();
@@ -60,26 +60,25 @@ void TestLongLine::show(const QString &strText)
     QCoreApplication::processEvents();
 }
 
-void TestLongLine::lineUpToTheLimit_isOneRow()
+void tst_longline::lineUpToTheLimit_isOneRow()
 {
     show(longText(-10));
     QCOMPARE(line().layout()->lineCount(), 1);
 }
 
-void TestLongLine::longerLine_isShownInRows()
+void tst_longline::longerLine_isShownInRows()
 {
     const QString strText = longText(50000);
     show(strText);
     const int nRows = strText.size() / CPlainTextLayout::rowLength();
     QCOMPARE(line().layout()->lineCount(), nRows);
     QCOMPARE(line().lineCount(), nRows);
-    for (int n = 0; n < nRows; ++n) {
+    for (int n = 0; n < nRows; ++n)
         QCOMPARE(line().layout()->lineAt(n).textStart(), n * CPlainTextLayout::rowLength());
-    }
     QCOMPARE(m_pEdit->toPlainText(), strText);
 }
 
-void TestLongLine::wrappedLines_areLaidOutAsAlways()
+void tst_longline::wrappedLines_areLaidOutAsAlways()
 {
     m_pEdit->setLineWrap(true);
     show(longText(50000));
@@ -90,7 +89,7 @@ void TestLongLine::wrappedLines_areLaidOutAsAlways()
     QCOMPARE(line().layout()->lineAt(0).textLength(), CPlainTextLayout::rowLength());
 }
 
-void TestLongLine::end_showsTheCaretAtTheEndOfTheLine()
+void tst_longline::end_showsTheCaretAtTheEndOfTheLine()
 {
     show(longText(50000) + QStringLiteral("\nnext"));
     QTest::keyClick(m_pEdit.get(), Qt::Key_End);
@@ -104,7 +103,7 @@ void TestLongLine::end_showsTheCaretAtTheEndOfTheLine()
     QVERIFY(isCaretSeen());
 }
 
-void TestLongLine::home_showsTheCaretAtItsBeginning()
+void tst_longline::home_showsTheCaretAtItsBeginning()
 {
     show(longText(50000));
     m_pEdit->moveCursor(QTextCursor::End);
@@ -115,7 +114,7 @@ void TestLongLine::home_showsTheCaretAtItsBeginning()
     QVERIFY(isCaretSeen());
 }
 
-void TestLongLine::scrollBar_reachesTheLastRow()
+void tst_longline::scrollBar_reachesTheLastRow()
 {
     show(longText(50000));
     QScrollBar *pBar = m_pEdit->verticalScrollBar();
@@ -127,7 +126,7 @@ void TestLongLine::scrollBar_reachesTheLastRow()
     QVERIFY(cursor.position() >= line().length() - 1 - CPlainTextLayout::rowLength());
 }
 
-void TestLongLine::lineShortened_isOneRowAgain()
+void tst_longline::lineShortened_isOneRowAgain()
 {
     show(longText(100));
     QTextCursor cursor(m_pEdit->document());
@@ -138,7 +137,7 @@ void TestLongLine::lineShortened_isOneRowAgain()
     QCOMPARE(line().lineCount(), 1);
 }
 
-void TestLongLine::key_keepsTheRowsAndTheText()
+void tst_longline::key_keepsTheRowsAndTheText()
 {
     const QString strText = longText(50000);
     show(strText);
@@ -155,7 +154,7 @@ void TestLongLine::key_keepsTheRowsAndTheText()
     QCOMPARE(line().layout()->lineCount(), nRows);
 }
 
-void TestLongLine::otherText_leavesNothingOfTheRowsWidth()
+void tst_longline::otherText_leavesNothingOfTheRowsWidth()
 {
     show(longText(50000));
     QVERIFY(m_pEdit->horizontalScrollBar()->maximum() > 0);
@@ -164,5 +163,5 @@ void TestLongLine::otherText_leavesNothingOfTheRowsWidth()
     QCOMPARE(m_pEdit->horizontalScrollBar()->maximum(), 0);
 }
 
-QTEST_MAIN(TestLongLine)
+QTEST_MAIN(tst_longline)
 #include "tst_longline.moc"

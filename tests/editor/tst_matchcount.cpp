@@ -70,7 +70,7 @@ void tst_MatchCount::anyText_isCountedLikeOneTriedPlaceByPlace()
     for (int n = 0; n < 2000; ++n) {
         const QStringList lstLines = dice.text("ab \n", dice.upTo(40)).split('\n');
         const QString strFind = dice.text("ab", 1 + dice.upTo(1));
-        SearchOptions options;
+        SSearchOptions options;
         options.bMatchCase = true;
         options.bWholeWord = dice.upTo(1);
         CLineStore store;
@@ -90,7 +90,7 @@ void tst_MatchCount::matchThatFindPassesOver_isCounted()
 {
     CLineStore store;
     fill(&store, {"axx", "abc ab"});
-    SearchOptions options;
+    SSearchOptions options;
     options.bRegExp = true;
     QCOMPARE(
         countMatches(store, store.version(), {"x*", options}, 1, 0, [] { return false; }).nCount,
@@ -106,7 +106,7 @@ void tst_MatchCount::countingUpwards_countsWhatSearchingUpFinds()
 {
     CLineStore store;
     fill(&store, {"xx xx"});
-    SearchOptions options;
+    SSearchOptions options;
     options.bRegExp = true;
     options.bSearchUp = true;
     const SMatchCount count =

@@ -67,7 +67,7 @@ QByteArray numberedLines(int nCount)
 
 } // namespace
 
-class TestReload : public QObject
+class tst_reload : public QObject
 {
     Q_OBJECT
 
@@ -101,7 +101,7 @@ private:
     QString m_strPath;
 };
 
-void TestReload::init()
+void tst_reload::init()
 {
     m_pSettings.reset(new WithSettings);
     m_pFolder.reset(new QTemporaryDir);
@@ -112,14 +112,14 @@ void TestReload::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_pEdit.data()));
 }
 
-void TestReload::cleanup()
+void tst_reload::cleanup()
 {
     m_pEdit.reset();
     m_pFolder.reset();
     m_pSettings.reset();
 }
 
-void TestReload::reload_withoutAPath_doesNothing()
+void tst_reload::reload_withoutAPath_doesNothing()
 {
     m_pEdit->setPlainText(QStringLiteral("text"));
     m_pEdit->insertPlainText(QStringLiteral("x"));
@@ -128,7 +128,7 @@ void TestReload::reload_withoutAPath_doesNothing()
     QVERIFY(m_pEdit->isModified());
 }
 
-void TestReload::reload_readsTheFileAgain()
+void tst_reload::reload_readsTheFileAgain()
 {
     writeFile(m_strPath, "new\r\ntext");
     m_pEdit->setPathFileName(m_strPath);
@@ -140,7 +140,7 @@ void TestReload::reload_readsTheFileAgain()
     QVERIFY(!m_pEdit->isModified());
 }
 
-void TestReload::reload_keepsCursorLineAndScrollPosition()
+void tst_reload::reload_keepsCursorLineAndScrollPosition()
 {
     writeFile(m_strPath, numberedLines(500));
     m_pEdit->setPathFileName(m_strPath);
@@ -157,7 +157,7 @@ void TestReload::reload_keepsCursorLineAndScrollPosition()
     QCOMPARE(m_pEdit->verticalScrollBar()->value(), 290);
 }
 
-void TestReload::reload_ofAFileThatHasBecomeShorter_goesToItsLastLine()
+void tst_reload::reload_ofAFileThatHasBecomeShorter_goesToItsLastLine()
 {
     writeFile(m_strPath, numberedLines(500));
     m_pEdit->setPathFileName(m_strPath);
@@ -169,7 +169,7 @@ void TestReload::reload_ofAFileThatHasBecomeShorter_goesToItsLastLine()
     QCOMPARE(m_pEdit->textCursor().positionInBlock(), 0);
 }
 
-void TestReload::reload_takesTheEditorsCodec()
+void tst_reload::reload_takesTheEditorsCodec()
 {
     writeFile(m_strPath, "caf\xE9");
     m_pEdit->setPathFileName(m_strPath);
@@ -179,7 +179,7 @@ void TestReload::reload_takesTheEditorsCodec()
     QCOMPARE(m_pEdit->codecName(), QStringLiteral("ISO-8859-1"));
 }
 
-void TestReload::reload_startsUndoAgain()
+void tst_reload::reload_startsUndoAgain()
 {
     writeFile(m_strPath, "text");
     m_pEdit->setPathFileName(m_strPath);
@@ -189,7 +189,7 @@ void TestReload::reload_startsUndoAgain()
     QVERIFY(!m_pEdit->document()->isUndoAvailable());
 }
 
-void TestReload::reload_ofAMissingFile_showsItsBoxAndKeepsTheText()
+void tst_reload::reload_ofAMissingFile_showsItsBoxAndKeepsTheText()
 {
     m_pEdit->setPathFileName(m_strPath);
     m_pEdit->insertPlainText(QStringLiteral("kept"));
@@ -205,7 +205,7 @@ void TestReload::reload_ofAMissingFile_showsItsBoxAndKeepsTheText()
     QVERIFY(m_pEdit->isModified());
 }
 
-void TestReload::reload_ofAFolder_showsItsBoxAndKeepsTheText()
+void tst_reload::reload_ofAFolder_showsItsBoxAndKeepsTheText()
 {
     m_pEdit->setPathFileName(m_pFolder->path());
     m_pEdit->insertPlainText(QStringLiteral("kept"));
@@ -215,7 +215,7 @@ void TestReload::reload_ofAFolder_showsItsBoxAndKeepsTheText()
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("kept"));
 }
 
-void TestReload::refresh_withoutAPath_doesNothing()
+void tst_reload::refresh_withoutAPath_doesNothing()
 {
     m_pEdit->setPlainText(QStringLiteral("text"));
     m_pEdit->insertPlainText(QStringLiteral("x"));
@@ -223,7 +223,7 @@ void TestReload::refresh_withoutAPath_doesNothing()
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("xtext"));
 }
 
-void TestReload::refresh_isUtf8WhateverTheCodec()
+void tst_reload::refresh_isUtf8WhateverTheCodec()
 {
     writeFile(m_strPath, "café\u00A0\u2029x");
     m_pEdit->setPathFileName(m_strPath);
@@ -235,7 +235,7 @@ void TestReload::refresh_isUtf8WhateverTheCodec()
     QVERIFY(!m_pEdit->isModified());
 }
 
-void TestReload::refresh_leavesLineEndStyleAlone()
+void tst_reload::refresh_leavesLineEndStyleAlone()
 {
     writeFile(m_strPath, "a\r\nb\r\n");
     m_pEdit->setPathFileName(m_strPath);
@@ -245,7 +245,7 @@ void TestReload::refresh_leavesLineEndStyleAlone()
     QCOMPARE(m_pEdit->getText(), QStringLiteral("a\rb\r"));
 }
 
-void TestReload::refresh_endsAtTheFirstZeroByte()
+void tst_reload::refresh_endsAtTheFirstZeroByte()
 {
     writeFile(m_strPath, QByteArray("ab\0cd", 5));
     m_pEdit->setPathFileName(m_strPath);
@@ -253,7 +253,7 @@ void TestReload::refresh_endsAtTheFirstZeroByte()
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("ab"));
 }
 
-void TestReload::refresh_ofAMissingFile_showsItsBoxAndKeepsTheText()
+void tst_reload::refresh_ofAMissingFile_showsItsBoxAndKeepsTheText()
 {
     m_pEdit->setPathFileName(m_strPath);
     m_pEdit->insertPlainText(QStringLiteral("kept"));
@@ -267,14 +267,14 @@ void TestReload::refresh_ofAMissingFile_showsItsBoxAndKeepsTheText()
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("kept"));
 }
 
-void TestReload::keepModified_comesBackBehindTheEventLoop_data()
+void tst_reload::keepModified_comesBackBehindTheEventLoop_data()
 {
     QTest::addColumn<bool>("bModified");
     QTest::newRow("modified") << true;
     QTest::newRow("unmodified") << false;
 }
 
-void TestReload::keepModified_comesBackBehindTheEventLoop()
+void tst_reload::keepModified_comesBackBehindTheEventLoop()
 {
     QFETCH(bool, bModified);
     m_pEdit->setPlainText(QStringLiteral("text"));
@@ -285,7 +285,7 @@ void TestReload::keepModified_comesBackBehindTheEventLoop()
     QTRY_COMPARE(m_pEdit->isModified(), bModified);
 }
 
-void TestReload::withoutKeepModified_theTextIsUnmodified()
+void tst_reload::withoutKeepModified_theTextIsUnmodified()
 {
     m_pEdit->setPlainText(QStringLiteral("text"));
     m_pEdit->setModified(true);
@@ -300,5 +300,5 @@ void TestReload::withoutKeepModified_theTextIsUnmodified()
     QVERIFY(!m_pEdit->isModified());
 }
 
-QTEST_MAIN(TestReload)
+QTEST_MAIN(tst_reload)
 #include "tst_reload.moc"

@@ -56,7 +56,7 @@ public:
     }
 };
 
-class TestRepaint : public QObject
+class tst_repaint : public QObject
 {
     Q_OBJECT
 
@@ -86,7 +86,7 @@ private:
     std::unique_ptr<CPaintLog> m_pGutter;
 };
 
-void TestRepaint::init()
+void tst_repaint::init()
 {
     QApplication::setCursorFlashTime(0); // A cursor that is on now and off then is no difference.
     m_pSettings = std::make_unique<WithSettings>();
@@ -96,7 +96,7 @@ void TestRepaint::init()
     m_pGutter = std::make_unique<CPaintLog>(m_pEdit->gutter());
 }
 
-void TestRepaint::cleanup()
+void tst_repaint::cleanup()
 {
     m_pView.reset();
     m_pGutter.reset();
@@ -104,7 +104,7 @@ void TestRepaint::cleanup()
     m_pSettings.reset();
 }
 
-void TestRepaint::show(const QString &strText)
+void tst_repaint::show(const QString &strText)
 {
     m_pEdit->setPlainText(strText);
     m_pEdit->show();
@@ -117,7 +117,7 @@ void TestRepaint::show(const QString &strText)
 }
 
 // Until the colours have come and nothing is to be painted.
-void TestRepaint::settle()
+void tst_repaint::settle()
 {
     for (int nQuiet = 0; nQuiet < 5;) {
         QCoreApplication::processEvents();
@@ -126,7 +126,7 @@ void TestRepaint::settle()
     }
 }
 
-void TestRepaint::place(int nLine, int nInLine, QTextCursor::MoveMode mode)
+void tst_repaint::place(int nLine, int nInLine, QTextCursor::MoveMode mode)
 {
     QTextCursor cursor = m_pEdit->textCursor();
     cursor.setPosition(m_pEdit->document()->findBlockByNumber(nLine).position() + nInLine, mode);
@@ -159,7 +159,7 @@ static QString told(const QRegion &region)
                  qPrintable(told(regionPainted) + " is more than " + told(allowed)));              \
     } while (false)
 
-void TestRepaint::caretInItsLine_paintsNothingButTheCaret()
+void tst_repaint::caretInItsLine_paintsNothingButTheCaret()
 {
     show(lines(50));
     place(3, 4);
@@ -174,7 +174,7 @@ void TestRepaint::caretInItsLine_paintsNothingButTheCaret()
     QVERIFY2(painted.boundingRect().width() <= 4 * nLetter, qPrintable(told(painted)));
 }
 
-void TestRepaint::caretToAnotherLine_paintsTheTwoLines()
+void tst_repaint::caretToAnotherLine_paintsTheTwoLines()
 {
     show(lines(50));
     place(3, 4);
@@ -190,7 +190,7 @@ void TestRepaint::caretToAnotherLine_paintsTheTwoLines()
     VERIFY_WITHIN(m_pGutter->take(), m_pEdit->gutterStrip(3, 3) + m_pEdit->gutterStrip(7, 7));
 }
 
-void TestRepaint::selectionOverLines_paintsItsNumbersOnly()
+void tst_repaint::selectionOverLines_paintsItsNumbersOnly()
 {
     show(lines(50));
     place(3, 4);
@@ -204,7 +204,7 @@ void TestRepaint::selectionOverLines_paintsItsNumbersOnly()
     VERIFY_WITHIN(m_pGutter->take(), m_pEdit->gutterStrip(6, 9));
 }
 
-void TestRepaint::key_paintsItsLineOnly()
+void tst_repaint::key_paintsItsLineOnly()
 {
     show(lines(50));
     place(5, 4);
@@ -223,7 +223,7 @@ void TestRepaint::key_paintsItsLineOnly()
     }
 }
 
-void TestRepaint::keyInAWrappedLine_paintsThatLineOnly()
+void tst_repaint::keyInAWrappedLine_paintsThatLineOnly()
 {
     m_pEdit->setLineWrap(true);
     show(lines(3) + QStringLiteral("word ").repeated(60) + QLatin1Char('\n') + lines(20));
@@ -237,7 +237,7 @@ void TestRepaint::keyInAWrappedLine_paintsThatLineOnly()
     VERIFY_WITHIN(m_pGutter->take(), m_pEdit->gutterStrip(3, 3));
 }
 
-void TestRepaint::bracketWithPartner_paintsTheirLinesOnly()
+void tst_repaint::bracketWithPartner_paintsTheirLinesOnly()
 {
     show(lines(3) + QStringLiteral("one (\n") + lines(5) + QStringLiteral(")\n") + lines(20));
     place(3, 3);
@@ -251,7 +251,7 @@ void TestRepaint::bracketWithPartner_paintsTheirLinesOnly()
     VERIFY_WITHIN(painted, m_pEdit->strip(3, 3) + m_pEdit->strip(9, 9));
 }
 
-void TestRepaint::cursorBlinking_paintsTheCaretOnly()
+void tst_repaint::cursorBlinking_paintsTheCaretOnly()
 {
     QApplication::setCursorFlashTime(20);
     show(lines(3) + QStringLiteral("one (\n") + lines(5) + QStringLiteral(")\n"));
@@ -266,7 +266,7 @@ void TestRepaint::cursorBlinking_paintsTheCaretOnly()
     }
 }
 
-QImage TestRepaint::screen() const
+QImage tst_repaint::screen() const
 {
     return m_pEdit->screen()
         ->grabWindow(m_pEdit->winId())
@@ -274,7 +274,7 @@ QImage TestRepaint::screen() const
         .convertToFormat(QImage::Format_RGB32);
 }
 
-void TestRepaint::screenAfterAnything_isThatOfAFreshPaint_data()
+void tst_repaint::screenAfterAnything_isThatOfAFreshPaint_data()
 {
     QTest::addColumn<int>("nSeed");
     QTest::addColumn<bool>("bWrap");
@@ -282,7 +282,7 @@ void TestRepaint::screenAfterAnything_isThatOfAFreshPaint_data()
         QTest::addRow("%d", n) << n << (n % 2 == 0);
 }
 
-void TestRepaint::doAnything(QRandomGenerator *pRandom)
+void tst_repaint::doAnything(QRandomGenerator *pRandom)
 {
     static const QString s_strTyped = QStringLiteral("ab(){}[]\"1 = + // /* */ x\t");
     static const int s_arrKeys[] = {Qt::Key_Left,   Qt::Key_Right,    Qt::Key_Up,
@@ -310,7 +310,7 @@ void TestRepaint::doAnything(QRandomGenerator *pRandom)
     }
 }
 
-void TestRepaint::screenAfterAnything_isThatOfAFreshPaint()
+void tst_repaint::screenAfterAnything_isThatOfAFreshPaint()
 {
     QFETCH(int, nSeed);
     QFETCH(bool, bWrap);
@@ -333,5 +333,5 @@ void TestRepaint::screenAfterAnything_isThatOfAFreshPaint()
     }
 }
 
-QTEST_MAIN(TestRepaint)
+QTEST_MAIN(tst_repaint)
 #include "tst_repaint.moc"

@@ -190,8 +190,10 @@ void tst_Replace::all_doesNotMoveTheEditorsSelection()
 void tst_Replace::all_signalsTheMissBeforeTheNumber()
 {
     QStringList lst;
-    connect(m_pEdit.get(), &CHighlightEdit::cannotFound, this, [&] { lst.append("miss"); });
-    connect(m_pEdit.get(), &QPlainTextEdit::textChanged, this, [&] { lst.append("text"); });
+    connect(
+        m_pEdit.get(), &CHighlightEdit::cannotFound, this, [&] { lst.append("miss"); });
+    connect(
+        m_pEdit.get(), &QPlainTextEdit::textChanged, this, [&] { lst.append("text"); });
     connect(m_pEdit.get(), &CHighlightEdit::replaceNum, this, [&] { lst.append("number"); });
     m_pEdit->setPlainText("a a\na");
     lst.clear();

@@ -33,7 +33,7 @@ private slots:
 private:
     CReplaceAll *makeJob(const QString &strFind, const QString &strReplace)
     {
-        return new CReplaceAll(m_pEdit.get(), CLineSearch(strFind, SearchOptions()), strReplace);
+        return new CReplaceAll(m_pEdit.get(), CLineSearch(strFind, SSearchOptions()), strReplace);
     }
     // So long that a turn of the event loop comes before the end.
     void setLongText() { m_pEdit->setPlainText(longText("ab")); }
@@ -60,7 +60,7 @@ void tst_ReplaceAll::inPieces_equalsAtOnce()
     QFETCH(bool, up);
     QFETCH(bool, word);
     QFETCH(bool, expression);
-    SearchOptions options;
+    SSearchOptions options;
     options.bSearchUp = up;
     options.bWholeWord = word;
     options.bRegExp = expression;

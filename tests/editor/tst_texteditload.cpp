@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-class TestTextEditLoad : public QObject
+class tst_texteditload : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private slots:
     void switchingTheCodec_keepsTheModifiedFlag();
 };
 
-void TestTextEditLoad::utf8Text_editedAndEditedBack_isSavedByteForByte_data()
+void tst_texteditload::utf8Text_editedAndEditedBack_isSavedByteForByte_data()
 {
     QTest::addColumn<QString>("strText");
     QTest::newRow("German") << "Übergrößenträger, süß\n";
@@ -60,7 +60,7 @@ void TestTextEditLoad::utf8Text_editedAndEditedBack_isSavedByteForByte_data()
     QTest::newRow("café") << "café\n";
 }
 
-void TestTextEditLoad::utf8Text_editedAndEditedBack_isSavedByteForByte()
+void tst_texteditload::utf8Text_editedAndEditedBack_isSavedByteForByte()
 {
     QFETCH(QString, strText);
     const QByteArray data = strText.toUtf8();
@@ -79,7 +79,7 @@ void TestTextEditLoad::utf8Text_editedAndEditedBack_isSavedByteForByte()
     QCOMPARE(edit.getText().toUtf8(), data);
 }
 
-void TestTextEditLoad::everyCharacter_isSavedAsItWasOpened_data()
+void tst_texteditload::everyCharacter_isSavedAsItWasOpened_data()
 {
     QTest::addColumn<QString>("strText");
     QTest::newRow("no-break space") << "10\u00A0000\u00A0€\n\u00A0\n";
@@ -97,7 +97,7 @@ void TestTextEditLoad::everyCharacter_isSavedAsItWasOpened_data()
     QTest::newRow("zero characters") << QStringLiteral("é\0b\0\n");
 }
 
-void TestTextEditLoad::everyCharacter_isSavedAsItWasOpened()
+void tst_texteditload::everyCharacter_isSavedAsItWasOpened()
 {
     QFETCH(QString, strText);
     WithSettings settings;
@@ -110,7 +110,7 @@ void TestTextEditLoad::everyCharacter_isSavedAsItWasOpened()
     QCOMPARE(edit.getText().toUtf8(), strText.toUtf8());
 }
 
-void TestTextEditLoad::separatorsSurvive_undoAndFurtherTyping()
+void tst_texteditload::separatorsSurvive_undoAndFurtherTyping()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -126,7 +126,7 @@ void TestTextEditLoad::separatorsSurvive_undoAndFurtherTyping()
     QCOMPARE(edit.getText(), QString(strText + QChar(0x00A0)));
 }
 
-void TestTextEditLoad::codec_isChosenByTheData_data()
+void tst_texteditload::codec_isChosenByTheData_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("strCodec"); // empty: whatever the library has first
@@ -157,7 +157,7 @@ void TestTextEditLoad::codec_isChosenByTheData_data()
                                       << "";
 }
 
-void TestTextEditLoad::codec_isChosenByTheData()
+void tst_texteditload::codec_isChosenByTheData()
 {
     QFETCH(QByteArray, data);
     QFETCH(QString, strCodec);
@@ -170,7 +170,7 @@ void TestTextEditLoad::codec_isChosenByTheData()
     QTEST(edit.toPlainText(), "strText");
 }
 
-void TestTextEditLoad::setCodec_isKeptForDataThatItDecodes()
+void tst_texteditload::setCodec_isKeptForDataThatItDecodes()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -181,7 +181,7 @@ void TestTextEditLoad::setCodec_isKeptForDataThatItDecodes()
     QCOMPARE(edit.codecName(), QStringLiteral("Shift_JIS"));
 }
 
-void TestTextEditLoad::asciiFileThatBecameUtf8_isReadAsUtf8()
+void tst_texteditload::asciiFileThatBecameUtf8_isReadAsUtf8()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -192,7 +192,7 @@ void TestTextEditLoad::asciiFileThatBecameUtf8_isReadAsUtf8()
     QCOMPARE(edit.codecName(), QStringLiteral("UTF-8"));
 }
 
-void TestTextEditLoad::savedAsUtf8_isReadAsUtf8()
+void tst_texteditload::savedAsUtf8_isReadAsUtf8()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -205,7 +205,7 @@ void TestTextEditLoad::savedAsUtf8_isReadAsUtf8()
     QCOMPARE(edit.toPlainText(), strText);
 }
 
-void TestTextEditLoad::undecodableBytes_areShownAllTheSame()
+void tst_texteditload::undecodableBytes_areShownAllTheSame()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -213,7 +213,7 @@ void TestTextEditLoad::undecodableBytes_areShownAllTheSame()
     QVERIFY(edit.toPlainText().contains(QStringLiteral("ok")));
 }
 
-void TestTextEditLoad::zeroByte_endsLineEndDetectionOnly()
+void tst_texteditload::zeroByte_endsLineEndDetectionOnly()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -226,14 +226,14 @@ void TestTextEditLoad::zeroByte_endsLineEndDetectionOnly()
     QCOMPARE(edit.getText().toUtf8(), data);
 }
 
-void TestTextEditLoad::newDocument_hasThePlatformsLineEnds()
+void tst_texteditload::newDocument_hasThePlatformsLineEnds()
 {
     WithSettings settings;
     CHighlightEdit edit;
     QCOMPARE(edit.returnFormat(), Platform::defaultReturnFormat());
 }
 
-void TestTextEditLoad::fileWithoutLineEnd_keepsThePreviousStyle()
+void tst_texteditload::fileWithoutLineEnd_keepsThePreviousStyle()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -242,7 +242,7 @@ void TestTextEditLoad::fileWithoutLineEnd_keepsThePreviousStyle()
     QCOMPARE(edit.returnFormat(), 2);
 }
 
-void TestTextEditLoad::emptyDocument_staysEmptyInEveryStyle()
+void tst_texteditload::emptyDocument_staysEmptyInEveryStyle()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -252,7 +252,7 @@ void TestTextEditLoad::emptyDocument_staysEmptyInEveryStyle()
     }
 }
 
-void TestTextEditLoad::mixedLineEnds_countAsWindows()
+void tst_texteditload::mixedLineEnds_countAsWindows()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -261,7 +261,7 @@ void TestTextEditLoad::mixedLineEnds_countAsWindows()
     QCOMPARE(edit.getText(), QStringLiteral("a\r\nb\r\nc"));
 }
 
-void TestTextEditLoad::lineEndsOfAStyle_areSavedByteForByte_data()
+void tst_texteditload::lineEndsOfAStyle_areSavedByteForByte_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<int>("nFormat");
@@ -270,7 +270,7 @@ void TestTextEditLoad::lineEndsOfAStyle_areSavedByteForByte_data()
     QTest::newRow("CR") << QByteArray("a\r\rb\r") << 2;
 }
 
-void TestTextEditLoad::lineEndsOfAStyle_areSavedByteForByte()
+void tst_texteditload::lineEndsOfAStyle_areSavedByteForByte()
 {
     QFETCH(QByteArray, data);
     WithSettings settings;
@@ -281,7 +281,7 @@ void TestTextEditLoad::lineEndsOfAStyle_areSavedByteForByte()
     QCOMPARE(edit.getText().toUtf8(), data);
 }
 
-void TestTextEditLoad::unknownStyle_writesLinesAsTheyAre()
+void tst_texteditload::unknownStyle_writesLinesAsTheyAre()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -290,7 +290,7 @@ void TestTextEditLoad::unknownStyle_writesLinesAsTheyAre()
     QCOMPARE(edit.getText(), QStringLiteral("a\nb"));
 }
 
-void TestTextEditLoad::switchingTheCodec_readsTheSameBytesAnew()
+void tst_texteditload::switchingTheCodec_readsTheSameBytesAnew()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -303,7 +303,7 @@ void TestTextEditLoad::switchingTheCodec_readsTheSameBytesAnew()
     QCOMPARE(edit.toPlainText(), QStringLiteral("café\n"));
 }
 
-void TestTextEditLoad::switchingToTheSameCodec_leavesTheDocumentAlone()
+void tst_texteditload::switchingToTheSameCodec_leavesTheDocumentAlone()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -314,7 +314,7 @@ void TestTextEditLoad::switchingToTheSameCodec_leavesTheDocumentAlone()
     QCOMPARE(edit.toPlainText(), QStringLiteral("xcafé"));
 }
 
-void TestTextEditLoad::switchingToAnUnknownCodec_changesNothing()
+void tst_texteditload::switchingToAnUnknownCodec_changesNothing()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -326,7 +326,7 @@ void TestTextEditLoad::switchingToAnUnknownCodec_changesNothing()
     QVERIFY(edit.document()->isUndoAvailable());
 }
 
-void TestTextEditLoad::switchingWithoutACodec_startsFromLatin1()
+void tst_texteditload::switchingWithoutACodec_startsFromLatin1()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -336,7 +336,7 @@ void TestTextEditLoad::switchingWithoutACodec_startsFromLatin1()
     QCOMPARE(edit.toPlainText(), QStringLiteral("café"));
 }
 
-void TestTextEditLoad::switchingTheCodec_keepsTheModifiedFlag()
+void tst_texteditload::switchingTheCodec_keepsTheModifiedFlag()
 {
     WithSettings settings;
     CHighlightEdit edit;
@@ -349,5 +349,5 @@ void TestTextEditLoad::switchingTheCodec_keepsTheModifiedFlag()
     QCOMPARE(edit.toPlainText(), QStringLiteral("xcafé"));
 }
 
-QTEST_MAIN(TestTextEditLoad)
+QTEST_MAIN(tst_texteditload)
 #include "tst_texteditload.moc"

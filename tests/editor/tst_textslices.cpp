@@ -41,7 +41,7 @@ bool endsALine(const QString &strSlice)
 
 } // namespace
 
-class TestTextSlices : public QObject
+class tst_textslices : public QObject
 {
     Q_OBJECT
 
@@ -154,5 +154,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTextSlices)
+QTEST_GUILESS_MAIN(tst_textslices)
 #include "tst_textslices.moc"

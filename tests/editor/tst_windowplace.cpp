@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-class TestWindowPlace : public QObject
+class tst_windowplace : public QObject
 {
     Q_OBJECT
 
@@ -33,5 +33,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestWindowPlace)
+QTEST_GUILESS_MAIN(tst_windowplace)
 #include "tst_windowplace.moc"

@@ -19,13 +19,13 @@ private slots:
     void usualText_isLeftOut();
 };
 
-static bool found(const QString &strFind, const SearchOptions &options, const QString &strText)
+static bool found(const QString &strFind, const SSearchOptions &options, const QString &strText)
 {
     const std::atomic<bool> bCancel = false;
     return !findMatches(CLineSearch(strFind, options), strText, 1, bCancel).isEmpty();
 }
 
-static bool kept(const QString &strFind, const SearchOptions &options, const QString &strText)
+static bool kept(const QString &strFind, const SSearchOptions &options, const QString &strText)
 {
     const QByteArray data = strText.toUtf8();
     return CByteFilter(strFind, options).mayMatch(data, isAscii(data));
@@ -81,7 +81,7 @@ void tst_bytefilter::everyCharacterThatMatches_isKept()
 {
     const QString strLetters = QStringLiteral("abcdefghijklmnopqrstuvwxyzKSI0_");
     for (const bool bRegExp : {false, true}) {
-        SearchOptions options;
+        SSearchOptions options;
         options.bRegExp = bRegExp;
         for (const QChar letter : strLetters) {
             const CByteFilter filter(letter, options);
@@ -108,7 +108,7 @@ void tst_bytefilter::randomTexts_areNeverLost()
     };
     int nFound = 0;
     for (int n = 0; n < 60000; ++n) {
-        SearchOptions options;
+        SSearchOptions options;
         options.bMatchCase = random.bounded(2);
         options.bWholeWord = random.bounded(4) == 0;
         options.bRegExp = random.bounded(2);
@@ -124,7 +124,7 @@ void tst_bytefilter::randomTexts_areNeverLost()
 
 void tst_bytefilter::needleAcrossPieces_isFound()
 {
-    const CByteFilter filter(QStringLiteral("Needle"), SearchOptions());
+    const CByteFilter filter(QStringLiteral("Needle"), SSearchOptions());
     for (int nAt = 16 * 1024 - 8; nAt < 16 * 1024 + 8; ++nAt) {
         QByteArray data(40000, 'x');
         data.replace(nAt, 6, "nEEDLE");
@@ -135,7 +135,7 @@ void tst_bytefilter::needleAcrossPieces_isFound()
 
 void tst_bytefilter::usualText_isLeftOut()
 {
-    SearchOptions options;
+    SSearchOptions options;
     QVERIFY(!kept(QStringLiteral("needle"), options, QStringLiteral("a haystack, größer")));
     QVERIFY(!kept(QStringLiteral("sky"), options, QStringLiteral("a haystack, größer")));
     options.bMatchCase = true;

@@ -336,9 +336,8 @@ void tst_findinfiles::strangeNames_areFound()
             QVERIFY(git(tree.path(), {"init", "-q"}));
         for (const QString &strName : lstNames)
             tree.addFile(strName, "needle");
-        if (bRepository) {
+        if (bRepository)
             QVERIFY(git(tree.path(), {"add", "t\tab", "größe"}));
-        }
         SSearched searched;
         QVERIFY(searched.run(tree.path(), QStringLiteral("needle")));
         QCOMPARE(searched.names(tree.path()), lstNames);

@@ -38,7 +38,7 @@ static SFileReplacement searched(const QString &strPath, const QString &strText)
 {
     const std::atomic<bool> bCancel = false;
     const QByteArray data = content(strPath);
-    const SearchOptions options;
+    const SSearchOptions options;
     return {strPath, fingerprintOf(data),
             findInData(CLineSearch(strText, options), CByteFilter(strText, options), data, 1000,
                        bCancel)};

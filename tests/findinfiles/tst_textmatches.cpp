@@ -26,9 +26,9 @@ private slots:
     void cancelledSearch_ends();
 
 private:
-    static Places placesInEditor(const QString &strFind, const SearchOptions &options,
+    static Places placesInEditor(const QString &strFind, const SSearchOptions &options,
                                  const QByteArray &data);
-    static Places placesFound(const QString &strFind, const SearchOptions &options,
+    static Places placesFound(const QString &strFind, const SSearchOptions &options,
                               const QByteArray &data);
 
     std::unique_ptr<CSettings> m_pSettings;
@@ -47,7 +47,7 @@ void tst_textmatches::cleanupTestCase()
 }
 
 // Find Next again and again, from the start.
-Places tst_textmatches::placesInEditor(const QString &strFind, const SearchOptions &options,
+Places tst_textmatches::placesInEditor(const QString &strFind, const SSearchOptions &options,
                                        const QByteArray &data)
 {
     g_pSettings->m_bFindMatchCase = options.bMatchCase;
@@ -67,7 +67,7 @@ Places tst_textmatches::placesInEditor(const QString &strFind, const SearchOptio
     return places;
 }
 
-Places tst_textmatches::placesFound(const QString &strFind, const SearchOptions &options,
+Places tst_textmatches::placesFound(const QString &strFind, const SSearchOptions &options,
                                     const QByteArray &data)
 {
     const std::atomic<bool> bCancel = false;
@@ -145,7 +145,7 @@ void tst_textmatches::matches_areThoseOfTheEditor()
     QFETCH(bool, word);
     QFETCH(QByteArray, data);
     QFETCH(int, count);
-    SearchOptions options;
+    SSearchOptions options;
     options.bRegExp = regExp;
     options.bWholeWord = word;
     QCOMPARE(placesFound(text, options, data), placesInEditor(text, options, data));
@@ -162,7 +162,7 @@ void tst_textmatches::randomTexts_giveWhatTheEditorGives()
         QString strText;
         for (int nLeft = random.bounded(40); nLeft > 0; --nLeft)
             strText.append(strSigns.at(random.bounded(strSigns.length())));
-        SearchOptions options;
+        SSearchOptions options;
         options.bMatchCase = random.bounded(2);
         options.bWholeWord = random.bounded(2);
         options.bRegExp = random.bounded(2);
@@ -177,7 +177,7 @@ void tst_textmatches::longText_isSearchedInPieces()
     QByteArray data;
     for (int n = 0; n < 60000; ++n)
         data += n % 1000 == 7 ? "a needle here\n" : "some more hay\n";
-    const Places places = placesFound(QStringLiteral("needle"), SearchOptions(), data);
+    const Places places = placesFound(QStringLiteral("needle"), SSearchOptions(), data);
     QCOMPARE(places.size(), 60);
     for (int n = 0; n < 60; ++n)
         QCOMPARE(places.at(n), QVector<int>({n * 1000 + 8, 2, 6}));
@@ -187,7 +187,7 @@ void tst_textmatches::excerpt_holdsTheMatch()
 {
     const std::atomic<bool> bCancel = false;
     const QString strLine = QString(5000, 'x') + "needle" + QString(5000, 'y');
-    const CLineSearch search(QStringLiteral("needle"), SearchOptions());
+    const CLineSearch search(QStringLiteral("needle"), SSearchOptions());
     const SFileMatch match = findMatches(search, strLine, 10, bCancel).first();
     QCOMPARE(match.nColumn, 5000);
     QVERIFY(match.strExcerpt.length() < 400);
@@ -202,14 +202,14 @@ void tst_textmatches::excerpt_holdsTheMatch()
 void tst_textmatches::tooMany_areCutOff()
 {
     const std::atomic<bool> bCancel = false;
-    const CLineSearch search(QStringLiteral("a"), SearchOptions());
+    const CLineSearch search(QStringLiteral("a"), SSearchOptions());
     QCOMPARE(findMatches(search, QString(100, 'a'), 30, bCancel).size(), 30);
 }
 
 void tst_textmatches::cancelledSearch_ends()
 {
     const std::atomic<bool> bCancel = true;
-    const CLineSearch search(QStringLiteral("a"), SearchOptions());
+    const CLineSearch search(QStringLiteral("a"), SSearchOptions());
     QVERIFY(findMatches(search, QString(100, 'a'), 30, bCancel).isEmpty());
 }
 

@@ -2,14 +2,13 @@
 
 namespace {
 
-constexpr int nMaxInPlace = 50;
+constexpr int g_nMaxInPlace = 50;
 
 bool endsWithOddBackslashes(const QString &strLine)
 {
     int n = 0;
-    while (n < strLine.size() && strLine.at(strLine.size() - 1 - n) == '\\') {
+    while (n < strLine.size() && strLine.at(strLine.size() - 1 - n) == '\\')
         ++n;
-    }
     return n % 2 == 1;
 }
 
@@ -19,9 +18,8 @@ int CLiteralRegions::columnsOfBlanks(const QString &strLine)
 {
     int nColumns = 0;
     for (const QChar ch : strLine) {
-        if (!ch.isSpace()) {
+        if (!ch.isSpace())
             return nColumns;
-        }
         nColumns = ch == '\t' ? (nColumns / 8 + 1) * 8 : nColumns + 1;
     }
     return -1;
@@ -44,9 +42,8 @@ bool CLiteralRegions::isFirm(size_t n) const
 
 void CLiteralRegions::paint(int nFrom, int nTo, QChar ch)
 {
-    for (int n = nFrom; n < nTo; ++n) {
+    for (int n = nFrom; n < nTo; ++n)
         m_strKinds[n] = ch;
-    }
 }
 
 QString CLiteralRegions::divide(const QString &strLine)
@@ -58,21 +55,19 @@ QString CLiteralRegions::divide(const QString &strLine)
     for (size_t n = 0; n < m_lstOpen.size(); ++n) {
         const ElementPtr &pElement = m_lstOpen[n].pElement;
         if (pElement && pElement->get("lines") == "indented" && nBlanks >= 0
-            && nBlanks <= m_lstOpen[n].strKey.toInt()) {
+            && nBlanks <= m_lstOpen[n].strKey.toInt())
             m_lstOpen.resize(n);
-        }
     }
     int nInPlace = 0;
     for (m_nAt = 0; m_nAt <= strLine.size();) {
         const int nBefore = m_nAt;
-        if (nInPlace < nMaxInPlace && tryPlace(nBefore)) {
+        if (nInPlace < g_nMaxInPlace && tryPlace(nBefore)) {
             nInPlace = m_nAt == nBefore ? nInPlace + 1 : 0;
             continue;
         }
         nInPlace = 0;
-        if (nBefore < strLine.size()) {
+        if (nBefore < strLine.size())
             paint(nBefore, nBefore + 1, kind(m_lstOpen.empty() ? nullptr : &m_lstOpen.back()));
-        }
         m_nAt = nBefore + 1;
     }
     endLine();
@@ -82,12 +77,10 @@ QString CLiteralRegions::divide(const QString &strLine)
 bool CLiteralRegions::endsWithLine(const Element &element) const
 {
     const QString strLines = element.get("lines");
-    if (strLines == "one" || strLines == "backslash") {
+    if (strLines == "one" || strLines == "backslash")
         return strLines == "one" || !endsWithOddBackslashes(m_strLine);
-    }
-    if (strLines == "many" || strLines == "indented") {
+    if (strLines == "many" || strLines == "indented")
         return false;
-    }
     const QString strAs = element.get("as");
     return !element.has("end")
         || ((strAs == "comment" || strAs == "string") && !element.is("nextline"));
@@ -95,11 +88,9 @@ bool CLiteralRegions::endsWithLine(const Element &element) const
 
 void CLiteralRegions::endLine()
 {
-    for (size_t n = 0; n < m_lstOpen.size(); ++n) {
-        if (m_lstOpen[n].pElement && endsWithLine(*m_lstOpen[n].pElement)) {
+    for (size_t n = 0; n < m_lstOpen.size(); ++n)
+        if (m_lstOpen[n].pElement && endsWithLine(*m_lstOpen[n].pElement))
             m_lstOpen.resize(n);
-        }
-    }
     // The first to begin is the innermost.
     for (size_t n = m_lstPending.size(); n > 0; --n) {
         m_lstOpen.push_back(m_lstPending[n - 1]);

@@ -5,16 +5,15 @@
 
 namespace {
 
-constexpr int nMaxKey = 250;
+constexpr int g_nMaxKey = 250;
 
 } // namespace
 
 bool CLiteralRegions::beginRegion(const ElementPtr &pElement, int nLanguage, int nAt)
 {
     const Element &element = *pElement;
-    if ((!element.has("start") && !element.has("key")) || !standsBehind(nLanguage, element, nAt)) {
+    if ((!element.has("start") && !element.has("key")) || !standsBehind(nLanguage, element, nAt))
         return false;
-    }
     Open open {pElement, nLanguage, QString()};
     int n = element.has("start") ? endOf(nLanguage, element.get("start"), nAt) : nAt;
     if (n >= 0 && element.has("key")) {
@@ -22,16 +21,13 @@ bool CLiteralRegions::beginRegion(const ElementPtr &pElement, int nLanguage, int
         n = endOf(nLanguage, element.get("key"), nKey);
         open.strKey = n < 0 ? QString() : m_strLine.mid(nKey, n - nKey);
     }
-    if (n >= 0 && element.has("then")) {
+    if (n >= 0 && element.has("then"))
         n = endOf(nLanguage, element.get("then"), n);
-    }
     if (n <= nAt || m_lstOpen.size() + m_lstPending.size() >= nMaxDepth
-        || open.strKey.size() > nMaxKey) {
+        || open.strKey.size() > g_nMaxKey)
         return false;
-    }
-    if (element.get("lines") == "indented") {
+    if (element.get("lines") == "indented")
         open.strKey = QString::number(std::max(0, columnsOfBlanks(m_strLine)));
-    }
     if (element.is("nextline")) {
         paint(nAt, n, kind(m_lstOpen.empty() ? nullptr : &m_lstOpen.back()));
         m_lstPending.push_back(open);
@@ -48,9 +44,8 @@ void CLiteralRegions::enter(const Open &open, int nAt, int nBehind)
     m_lstOpen.push_back(open);
     m_nAt = nBehind;
     const int nEmbedded = m_lstNames.indexOf(open.pElement->get("language"), 1);
-    if (nEmbedded >= 1 && m_lstOpen.size() < nMaxDepth) {
+    if (nEmbedded >= 1 && m_lstOpen.size() < nMaxDepth)
         m_lstOpen.push_back({nullptr, nEmbedded, QString()});
-    }
 }
 
 // With all that it holds. What waits below goes on waiting, and the uppermost no more.
@@ -70,21 +65,18 @@ void CLiteralRegions::leave(size_t nDepth, int nAt, int nBehind)
     } else {
         paint(nAt, nBehind, kind(&open));
     }
-    if (!m_lstOpen.empty()) {
+    if (!m_lstOpen.empty())
         m_lstOpen.back().bWaits = false;
-    }
     m_nAt = nBehind;
     const Language &language = m_lstLanguages[size_t(open.nLanguage)];
     if (element.is("twice") && !open.bSecondHalf) {
         Open second {open.pElement, open.nLanguage, open.strKey, true};
         if (partner(open.strKey) != open.strKey) {
             int n = m_nAt;
-            while (n < m_strLine.size() && m_strLine.at(n).isSpace()) {
+            while (n < m_strLine.size() && m_strLine.at(n).isSpace())
                 ++n;
-            }
-            if (n == m_strLine.size() || m_strLine.at(n).isLetterOrNumber()) {
+            if (n == m_strLine.size() || m_strLine.at(n).isLetterOrNumber())
                 return;
-            }
             second.strKey = m_strLine.mid(n, 1);
             enter(second, m_nAt, n + 1);
         } else {

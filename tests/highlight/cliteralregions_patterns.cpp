@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int nMaxBehind = 64;
+constexpr int g_nMaxBehind = 64;
 
 } // namespace
 
@@ -20,9 +20,8 @@ int CLiteralRegions::endOf(int nLanguage, const QString &strPattern, int nAt)
 {
     const auto sensitivity = m_lstLanguages[size_t(nLanguage)].sensitivity;
     const QString strName = QString::number(int(sensitivity)) + strPattern;
-    if (!m_mapPatterns.contains(strName)) {
+    if (!m_mapPatterns.contains(strName))
         m_mapPatterns.insert(strName, QRegExp(strPattern, sensitivity));
-    }
     Match &match = m_mapMatches[strName];
     if (match.nFrom < 0 || nAt < match.nFrom || (match.nStart >= 0 && match.nStart < nAt)) {
         const QRegExp &rx = m_mapPatterns[strName];
@@ -35,13 +34,12 @@ int CLiteralRegions::endOf(int nLanguage, const QString &strPattern, int nAt)
 
 bool CLiteralRegions::standsBehind(int nLanguage, const Element &element, int nAt)
 {
-    if (!element.has("after")) {
+    if (!element.has("after"))
         return true;
-    }
     const QString strBefore = m_strLine.left(nAt);
     const QRegExp rx("(" + element.get("after") + ")$",
                      m_lstLanguages[size_t(nLanguage)].sensitivity);
-    return rx.indexIn(strBefore, std::max(0, nAt - nMaxBehind)) >= 0;
+    return rx.indexIn(strBefore, std::max(0, nAt - g_nMaxBehind)) >= 0;
 }
 
 int CLiteralRegions::endOfEnd(const Open &open, int nAt)

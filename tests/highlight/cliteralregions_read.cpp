@@ -6,9 +6,8 @@ CLiteralRegions::CLiteralRegions(const QVariantMap &mapDefinition)
     const QVariantMap mapEmbedded = mapDefinition.value("embedded").toMap();
     m_lstNames = QStringList {QString()} + mapEmbedded.keys();
     addLanguage(mapDefinition);
-    for (const QVariant &embedded : mapEmbedded) {
+    for (const QVariant &embedded : mapEmbedded)
         addLanguage(embedded.toMap());
-    }
 }
 
 void CLiteralRegions::addLanguage(const QVariantMap &mapDefinition)
@@ -31,23 +30,20 @@ CLiteralRegions::ElementPtr CLiteralRegions::read(const QVariantMap &mapElement,
     pElement->nLanguage = nLanguage;
     pElement->nNumber = m_nElements++;
     const QVariantMap mapAttributes = mapElement.value("attributes").toMap();
-    for (auto it = mapAttributes.begin(); it != mapAttributes.end(); ++it) {
+    for (auto it = mapAttributes.begin(); it != mapAttributes.end(); ++it)
         pElement->mapAttributes.insert(it.key(), it.value().toString());
-    }
-    for (const QVariant &child : mapElement.value("children").toList()) {
+    for (const QVariant &child : mapElement.value("children").toList())
         pElement->lstChildren.push_back(read(child.toMap(), nLanguage));
-    }
     return pElement;
 }
 
 void CLiteralRegions::collectNames(const ElementPtr &pElement, Language *pLanguage)
 {
     for (const ElementPtr &pChild : pElement->lstChildren) {
-        if (pChild->strTag == "group") {
+        if (pChild->strTag == "group")
             pLanguage->mapGroups.insert(pChild->get("name"), pChild);
-        } else if (pChild->strTag == "region" && pChild->has("name")) {
+        else if (pChild->strTag == "region" && pChild->has("name"))
             pLanguage->mapNamed.insert(pChild->get("name"), pChild);
-        }
         collectNames(pChild, pLanguage);
     }
 }

@@ -23,18 +23,15 @@ bool CLiteralRegions::tryEndsFurtherOut(int nAt)
 // In the language around and what it holds, as long as nothing of this one is open.
 bool CLiteralRegions::tryAnywhere(int nAt)
 {
-    for (const Open &open : m_lstOpen) {
-        if (open.nLanguage == 0) {
+    for (const Open &open : m_lstOpen)
+        if (open.nLanguage == 0)
             return false;
-        }
-    }
     std::vector<ElementPtr> lst = m_lstLanguages[0].pRegions->lstChildren;
     for (size_t n = 0; n < lst.size(); ++n) {
         const ElementPtr pElement = lst[n];
         if (pElement->strTag == "region" && pElement->is("anywhere")
-            && beginRegion(pElement, 0, nAt)) {
+            && beginRegion(pElement, 0, nAt))
             return true;
-        }
         lst.insert(lst.end(), pElement->lstChildren.begin(), pElement->lstChildren.end());
     }
     return false;
@@ -44,16 +41,14 @@ std::vector<CLiteralRegions::ElementPtr> CLiteralRegions::rulesInside(int nLangu
                                                                       const ElementPtr &pElement)
 {
     const Language &language = m_lstLanguages[size_t(nLanguage)];
-    if (!pElement) {
+    if (!pElement)
         return language.pRegions->lstChildren;
-    }
     std::vector<ElementPtr> lst = pElement->lstChildren;
     for (const QString &strName : pElement->get("inner").split(' ', Qt::SkipEmptyParts)) {
         const ElementPtr pGroup =
             strName == "top" ? language.pRegions : language.mapGroups.value(strName);
-        if (pGroup) {
+        if (pGroup)
             lst.insert(lst.end(), pGroup->lstChildren.begin(), pGroup->lstChildren.end());
-        }
     }
     return lst;
 }
@@ -88,26 +83,21 @@ bool CLiteralRegions::tryInnermost(int nAt)
             return true;
         }
     }
-    for (const ElementPtr &pRule : rulesInside(open.nLanguage, open.pElement)) {
-        if (tryElement(pRule, open.nLanguage, nAt)) {
+    for (const ElementPtr &pRule : rulesInside(open.nLanguage, open.pElement))
+        if (tryElement(pRule, open.nLanguage, nAt))
             return true;
-        }
-    }
     return false;
 }
 
 bool CLiteralRegions::tryElement(const ElementPtr &pElement, int nLanguage, int nAt)
 {
-    if (pElement->strTag == "region") {
+    if (pElement->strTag == "region")
         return beginRegion(pElement, nLanguage, nAt);
-    }
-    if (pElement->strTag != "token" || !standsBehind(nLanguage, *pElement, nAt)) {
+    if (pElement->strTag != "token" || !standsBehind(nLanguage, *pElement, nAt))
         return false;
-    }
     const int nBehind = endOf(nLanguage, pElement->get("pattern"), nAt);
-    if (nBehind <= nAt) {
+    if (nBehind <= nAt)
         return false;
-    }
     const Open token {pElement, nLanguage, QString()};
     paint(nAt, nBehind,
           kind(pElement->has("as")     ? &token

@@ -24,12 +24,11 @@ int find(const QRegExp &rx, const QString &strText, int nFrom)
     return isUsable(rx) ? rx.indexIn(strText, nFrom) : -1;
 }
 
-void addAll(const QRegExp &rx, HighlightRole role, const QString &strText, HighlightLine *pLine)
+void addAll(const QRegExp &rx, HighlightRole role, const QString &strText, SHighlightLine *pLine)
 {
     for (int n = rx.indexIn(strText); n >= 0 && rx.matchedLength() > 0;
-         n = rx.indexIn(strText, n + rx.matchedLength())) {
+         n = rx.indexIn(strText, n + rx.matchedLength()))
         pLine->lstRanges.push_back({n, rx.matchedLength(), role});
-    }
 }
 
 } // namespace
@@ -75,14 +74,12 @@ void CLiteralRules::readContexts(const QVariantList &lstContexts)
         const QVariantList lstChildren = mapContext.value(QStringLiteral("children")).toList();
         for (const QVariant &child : lstChildren) {
             const QVariantMap mapChild = child.toMap();
-            if (pPattern && mapChild.value(QStringLiteral("tag")) == QLatin1String("DetectChar")) {
+            if (pPattern && mapChild.value(QStringLiteral("tag")) == QLatin1String("DetectChar"))
                 *pPattern = QRegExp(mapChild.value(QStringLiteral("char")).toString());
-            }
         }
     }
-    if (m_rxTagOpen.isEmpty() || m_rxTagClose.isEmpty()) {
+    if (m_rxTagOpen.isEmpty() || m_rxTagClose.isEmpty())
         m_rxTagOpen = m_rxTagClose = QRegExp();
-    }
 }
 
 void CLiteralRules::readKeywords(const QVariantMap &mapHighlighting,
@@ -92,23 +89,21 @@ void CLiteralRules::readKeywords(const QVariantMap &mapHighlighting,
         const QStringList lstItems = it.value().toStringList();
         for (const QString &strRaw : lstItems) {
             const QString strItem = strRaw.trimmed();
-            if (strItem.isEmpty()) {
+            if (strItem.isEmpty())
                 continue;
-            }
             const QString strPattern = it.key() == QLatin1String("reg_exp")
                 ? strItem
                 : QLatin1String("\\b") + escapedStars(strItem) + QLatin1String("\\b");
             const QRegExp rx(strPattern, sensitivity);
-            if (rx.isValid()) {
+            if (rx.isValid())
                 m_lstKeywords.push_back(rx);
-            }
         }
     }
 }
 
-HighlightLine CLiteralRules::highlight(const QString &strText, int nPreviousState) const
+SHighlightLine CLiteralRules::highlight(const QString &strText, int nPreviousState) const
 {
-    HighlightLine line;
+    SHighlightLine line;
     if (strText.isEmpty()) {
         line.nState = qMax(0, nPreviousState);
         return line;
@@ -121,23 +116,21 @@ HighlightLine CLiteralRules::highlight(const QString &strText, int nPreviousStat
 }
 
 void CLiteralRules::addKeywords(const QString &strText, int nPreviousState,
-                                HighlightLine *pLine) const
+                                SHighlightLine *pLine) const
 {
     const bool bRegions = !m_rxTagOpen.isEmpty();
     const bool bInside =
-        bRegions && nPreviousState > 0 && (nPreviousState & HighlightState::InsideTag);
+        bRegions && nPreviousState > 0 && (nPreviousState & SHighlightState::InsideTag);
     int nStart = !bRegions || bInside ? 0 : find(m_rxTagOpen, strText, 0);
     int nEnd = bRegions ? find(m_rxTagClose, strText, 0) : -1;
     while (nStart >= 0) {
-        for (const QRegExp &rx : m_lstKeywords) {
+        for (const QRegExp &rx : m_lstKeywords)
             for (int n = rx.indexIn(strText, nStart);
                  n >= 0 && rx.matchedLength() > 0 && (nEnd < 0 || n <= nEnd);
-                 n = rx.indexIn(strText, n + rx.matchedLength())) {
+                 n = rx.indexIn(strText, n + rx.matchedLength()))
                 pLine->lstRanges.push_back({n, rx.matchedLength(), HighlightRole::Keyword});
-            }
-        }
         if (nEnd < 0) {
-            pLine->nState |= bRegions ? HighlightState::InsideTag : 0;
+            pLine->nState |= bRegions ? SHighlightState::InsideTag : 0;
             return;
         }
         nStart = find(m_rxTagOpen, strText, nEnd + 1);
@@ -146,21 +139,20 @@ void CLiteralRules::addKeywords(const QString &strText, int nPreviousState,
 }
 
 void CLiteralRules::addComments(const QString &strText, int nPreviousState,
-                                HighlightLine *pLine) const
+                                SHighlightLine *pLine) const
 {
     const int nSize = strText.size();
     int nAt = 0;
     const auto add = [&](int nStart, int nEnd, HighlightRole role) {
-        if (nEnd > nStart) {
+        if (nEnd > nStart)
             pLine->lstRanges.push_back({nStart, nEnd - nStart, role});
-        }
         nAt = nEnd;
     };
     const auto continuesLine = [&] {
         return QRegExp(QLatin1String(pszContinuation)).indexIn(strText) >= 0;
     };
     const auto addUpTo = [&](int nStart, int nFrom, const QRegExp &rxEnd, HighlightRole role,
-                             HighlightState::Bit state, QRegExp::CaretMode caret) {
+                             SHighlightState::Bit state, QRegExp::CaretMode caret) {
         const int nEnd = isUsable(rxEnd) ? rxEnd.indexIn(strText, nFrom, caret) : -1;
         if (nEnd < 0) {
             pLine->nState |= state;
@@ -169,19 +161,19 @@ void CLiteralRules::addComments(const QString &strText, int nPreviousState,
     };
     const int nOpen = qMax(0, nPreviousState);
     const QRegExp rxQuoteEnd {QLatin1String(pszQuoteEnd)};
-    if ((nOpen & HighlightState::SingleLineComment) && (nOpen & HighlightState::Continued)) {
+    if ((nOpen & SHighlightState::SingleLineComment) && (nOpen & SHighlightState::Continued)) {
         add(0, nSize, HighlightRole::Comment);
         pLine->nState |=
-            continuesLine() ? HighlightState::SingleLineComment | HighlightState::Continued : 0;
-    } else if (nOpen & HighlightState::MultiLineComment) {
-        addUpTo(0, 0, m_rxMultiLineEnd, HighlightRole::Comment, HighlightState::MultiLineComment,
+            continuesLine() ? SHighlightState::SingleLineComment | SHighlightState::Continued : 0;
+    } else if (nOpen & SHighlightState::MultiLineComment) {
+        addUpTo(0, 0, m_rxMultiLineEnd, HighlightRole::Comment, SHighlightState::MultiLineComment,
                 QRegExp::CaretAtZero);
-    } else if (nOpen & HighlightState::DoubleQuoted) {
-        addUpTo(0, 0, rxQuoteEnd, HighlightRole::String, HighlightState::DoubleQuoted,
+    } else if (nOpen & SHighlightState::DoubleQuoted) {
+        addUpTo(0, 0, rxQuoteEnd, HighlightRole::String, SHighlightState::DoubleQuoted,
                 QRegExp::CaretAtZero);
-    } else if (nOpen & HighlightState::SingleQuoted) {
+    } else if (nOpen & SHighlightState::SingleQuoted) {
         addUpTo(0, 0, QRegExp(QLatin1String(pszApostropheEnd)), HighlightRole::String,
-                HighlightState::SingleQuoted, QRegExp::CaretAtZero);
+                SHighlightState::SingleQuoted, QRegExp::CaretAtZero);
     }
     while (nAt < nSize) {
         const int nLine = find(m_rxSingleLine, strText, nAt);
@@ -190,18 +182,18 @@ void CLiteralRules::addComments(const QString &strText, int nPreviousState,
         const auto before = [](int n, int nOther) { return n >= 0 && (nOther < 0 || n < nOther); };
         if (before(nLine, nMulti) && before(nLine, nQuote)) {
             add(nLine, nSize, HighlightRole::Comment);
-            pLine->nState |= HighlightState::SingleLineComment
-                | (continuesLine() ? int(HighlightState::Continued) : 0);
+            pLine->nState |= SHighlightState::SingleLineComment
+                | (continuesLine() ? int(SHighlightState::Continued) : 0);
         } else if (before(nMulti, nLine) && before(nMulti, nQuote)) {
             const int nFrom = nAt;
             addUpTo(nMulti, nMulti + m_rxMultiLineStart.matchedLength(), m_rxMultiLineEnd,
-                    HighlightRole::Comment, HighlightState::MultiLineComment, QRegExp::CaretAtZero);
-            if (nAt == nFrom) {
+                    HighlightRole::Comment, SHighlightState::MultiLineComment,
+                    QRegExp::CaretAtZero);
+            if (nAt == nFrom)
                 return;
-            }
         } else if (before(nQuote, nLine) && before(nQuote, nMulti)) {
             addUpTo(nQuote, nQuote + 1, rxQuoteEnd, HighlightRole::String,
-                    HighlightState::DoubleQuoted, QRegExp::CaretAtOffset);
+                    SHighlightState::DoubleQuoted, QRegExp::CaretAtOffset);
         } else {
             return;
         }

@@ -16,14 +16,14 @@ public:
     CLiteralRules();
     explicit CLiteralRules(const QVariantMap &mapDefinition);
 
-    HighlightLine highlight(const QString &strText, int nPreviousState) const;
+    SHighlightLine highlight(const QString &strText, int nPreviousState) const;
 
 private:
     void readComments(const QVariantList &lstComments);
     void readContexts(const QVariantList &lstContexts);
     void readKeywords(const QVariantMap &mapHighlighting, Qt::CaseSensitivity sensitivity);
-    void addKeywords(const QString &strText, int nPreviousState, HighlightLine *pLine) const;
-    void addComments(const QString &strText, int nPreviousState, HighlightLine *pLine) const;
+    void addKeywords(const QString &strText, int nPreviousState, SHighlightLine *pLine) const;
+    void addComments(const QString &strText, int nPreviousState, SHighlightLine *pLine) const;
 
     QRegExp m_rxSingleLine;
     QRegExp m_rxMultiLineStart;

@@ -88,9 +88,12 @@ QVector<NamedPattern> patternsOf(const DefinitionFile &file)
 
 bool claims(const DefinitionFile &file, const QString &fileName)
 {
-    return std::any_of(file.patterns.begin(), file.patterns.end(), [&](const QString &pattern) {
-        return QRegExp(pattern, Qt::CaseInsensitive, QRegExp::WildcardUnix).exactMatch(fileName);
-    });
+    return std::any_of(
+        file.patterns.begin(), file.patterns.end(),
+        [&](const QString &pattern) {
+            return QRegExp(pattern, Qt::CaseInsensitive, QRegExp::WildcardUnix)
+                .exactMatch(fileName);
+        });
 }
 
 QStringList attributeFaults(const DefinitionFile &file)
@@ -155,12 +158,11 @@ QStringList keywordFaults(const DefinitionFile &file)
 QStringList patternFaults(const DefinitionFile &file)
 {
     QStringList faults;
-    for (const NamedPattern &p : patternsOf(file)) {
+    for (const NamedPattern &p : patternsOf(file))
         if (!p.pattern.isValid())
             faults << p.origin + " is not valid: " + p.pattern.errorString();
         else if (QRegExp(p.pattern).indexIn(QString()) >= 0)
             faults << p.origin + " matches nothing at all";
-    }
     return faults;
 }
 
@@ -173,14 +175,12 @@ QStringList regionFaults(const DefinitionFile &file)
         if (!CAnchoredPattern(pattern, sensitivityOf(file), direction).isUsable())
             faults << QStringLiteral("%1: %2 cannot be run").arg(attribute, pattern);
     }
-    for (const QString &group : file.groupsUsed) {
+    for (const QString &group : file.groupsUsed)
         if (group != QLatin1String("top") && !file.groups.contains(group))
             faults << QStringLiteral("there is no group %1").arg(group);
-    }
-    for (const QString &name : file.namesUsed) {
+    for (const QString &name : file.namesUsed)
         if (!file.names.contains(name))
             faults << QStringLiteral("there is no region %1").arg(name);
-    }
     return faults;
 }
 

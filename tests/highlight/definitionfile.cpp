@@ -54,10 +54,9 @@ void readHighlighting(const QDomElement &highlighting, DefinitionFile *file)
 // The end of a region holds its key, which is no pattern.
 void addRegionPattern(const QString &attribute, const QString &value, DefinitionFile *file)
 {
-    for (const QString &part : QString(value).replace("%2", "%1").split("%1")) {
+    for (const QString &part : QString(value).replace("%2", "%1").split("%1"))
         if (!part.isEmpty())
             file->regionPatterns.append({attribute, part});
-    }
 }
 
 void readRegions(const QDomElement &parent, DefinitionFile *file)

@@ -20,9 +20,8 @@ QVariantMap context(const QString &strName, const QString &strChar)
 QVariantMap TestDefinition::toMap() const
 {
     QVariantMap mapHighlighting;
-    for (auto it = mapLists.begin(); it != mapLists.end(); ++it) {
+    for (auto it = mapLists.begin(); it != mapLists.end(); ++it)
         mapHighlighting.insert(it.key(), it.value());
-    }
     if (!strTagOpen.isEmpty() || !strTagClose.isEmpty()) {
         mapHighlighting.insert(
             "contexts",
@@ -104,9 +103,7 @@ QList<QVariantMap> declaredDefinitions()
         "</regions></language>";
     QList<QVariantMap> lst {CHighlightMgt::parseBytes(arrNasty)};
     const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
-    for (const char *pszName :
-         {"C++", "HTML", "Markdown", "Perl", "PHP", "Ruby", "Shell", "YAML"}) {
+    for (const char *pszName : {"C++", "HTML", "Markdown", "Perl", "PHP", "Ruby", "Shell", "YAML"})
         lst.append(registry.definitionForName(QString::fromLatin1(pszName)));
-    }
     return lst;
 }

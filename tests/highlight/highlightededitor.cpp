@@ -22,24 +22,23 @@ bool HighlightedEditor::settle(int nMs)
     return timer.elapsed() < nMs;
 }
 
-QVector<QTextLayout::FormatRange> toFormats(const HighlightLine &line)
+QVector<QTextLayout::FormatRange> toFormats(const SHighlightLine &line)
 {
     QVector<QTextLayout::FormatRange> lst;
-    for (const HighlightRange &range : line.lstRanges) {
+    for (const SHighlightRange &range : line.lstRanges)
         lst.append({range.nStart, range.nLength, CHighlightRules::format(range.role)});
-    }
     return lst;
 }
 
 namespace {
 
-using Highlight = std::function<HighlightLine(const QString &strText, int nPreviousState)>;
+using Highlight = std::function<SHighlightLine(const QString &strText, int nPreviousState)>;
 
 QString difference(const QTextDocument &document, const Highlight &highlight)
 {
     int nState = -1;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        const HighlightLine line = highlight(block.text(), nState);
+        const SHighlightLine line = highlight(block.text(), nState);
         nState = line.nState;
         QVector<QTextLayout::FormatRange> lst = block.layout()->formats();
         lst.erase(std::remove_if(lst.begin(), lst.end(),
@@ -65,16 +64,20 @@ QString difference(const QTextDocument &document, const Highlight &highlight)
 
 QString firstDifference(const QTextDocument &document, const CLiteralRules &rules)
 {
-    return difference(document, [&rules](const QString &strText, int nPreviousState) {
-        return rules.highlight(strText, nPreviousState);
-    });
+    return difference(
+        document,
+        [&rules](const QString &strText, int nPreviousState) {
+            return rules.highlight(strText, nPreviousState);
+        });
 }
 
 QString firstDifference(const QTextDocument &document, const CHighlightRules &rules)
 {
-    return difference(document, [&rules](const QString &strText, int nPreviousState) {
-        HighlightLine line;
-        rules.highlight(strText, nPreviousState, &line);
-        return line;
-    });
+    return difference(
+        document,
+        [&rules](const QString &strText, int nPreviousState) {
+            SHighlightLine line;
+            rules.highlight(strText, nPreviousState, &line);
+            return line;
+        });
 }

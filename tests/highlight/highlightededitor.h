@@ -30,4 +30,4 @@ QString firstDifference(const QTextDocument &document, const CLiteralRules &rule
 QString firstDifference(const QTextDocument &document, const CHighlightRules &rules);
 
 // The ranges as additional formats, as a block carries them.
-QVector<QTextLayout::FormatRange> toFormats(const HighlightLine &line);
+QVector<QTextLayout::FormatRange> toFormats(const SHighlightLine &line);

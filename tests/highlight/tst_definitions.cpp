@@ -122,7 +122,7 @@ void tst_definitions::definition_isFastWithItsRegions()
     QFETCH(DefinitionFile, file);
     const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
     const CHighlightRules rules(registry.definitionForName(file.name));
-    HighlightLine line;
+    SHighlightLine line;
     for (const QChar c : QStringLiteral("\"'`#/${(<[-*")) {
         for (const QString &text :
              {QString(10000, c), QStringLiteral("a%1").arg(c).repeated(5000)}) {
@@ -158,10 +158,9 @@ void tst_definitions::embeddedLanguages_areThere()
     QStringList names;
     for (const DefinitionFile &file : m_lstFiles)
         names << file.name;
-    for (const DefinitionFile &file : m_lstFiles) {
+    for (const DefinitionFile &file : m_lstFiles)
         for (const QString &language : file.languagesUsed)
             QVERIFY2(names.contains(language), qPrintable(file.baseName + ": " + language));
-    }
 }
 
 void tst_definitions::languagesOfTheMenu_areThere()

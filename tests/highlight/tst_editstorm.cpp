@@ -52,9 +52,8 @@ QString CStorm::text(int nPieces)
         "\nE\n",  "$(", ")",        "`",         "{",     "}",    "=",   "q(",
         "<?php ", "?>", "<script>", "</script>", "```",   "  ",   "|\n", "=begin\n"};
     QString str;
-    for (int n = 0; n < nPieces; ++n) {
+    for (int n = 0; n < nPieces; ++n)
         str += lst.at(below(lst.size()));
-    }
     return str;
 }
 
@@ -140,9 +139,8 @@ void tst_EditStorm::settledDocument_equalsAFreshPass()
     for (int nRound = 0; nRound < 5; ++nRound) {
         for (int n = 0; n < 120; ++n) {
             storm.step();
-            if (n % 3 == 0) {
+            if (n % 3 == 0)
                 QCoreApplication::processEvents();
-            }
         }
         QVERIFY(storm.m_editor.settle());
         if (storm.m_mapDefinition.contains("regions")) {

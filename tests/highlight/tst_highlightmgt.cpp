@@ -46,9 +46,8 @@ public:
     QString write(const QString &strName, const QByteArray &arrContents) const
     {
         QFile file(path(strName));
-        if (!file.open(QIODevice::WriteOnly) || file.write(arrContents) < 0) {
+        if (!file.open(QIODevice::WriteOnly) || file.write(arrContents) < 0)
             qFatal("cannot write %s", qPrintable(strName));
-        }
         return file.fileName();
     }
     QString path(const QString &strName = QString()) const { return m_dir.filePath(strName); }

@@ -30,10 +30,10 @@ private slots:
 namespace {
 
 // "start+length:role …" in drawing order; the role is the first letter of its name.
-QString describe(const HighlightLine &line)
+QString describe(const SHighlightLine &line)
 {
     QStringList lst;
-    for (const HighlightRange &range : line.lstRanges) {
+    for (const SHighlightRange &range : line.lstRanges) {
         lst << QStringLiteral("%1+%2:%3")
                    .arg(range.nStart)
                    .arg(range.nLength)
@@ -42,9 +42,9 @@ QString describe(const HighlightLine &line)
     return lst.join(QLatin1Char(' '));
 }
 
-HighlightLine highlight(const CHighlightRules &rules, const QString &strText, int nState = -1)
+SHighlightLine highlight(const CHighlightRules &rules, const QString &strText, int nState = -1)
 {
-    HighlightLine line;
+    SHighlightLine line;
     rules.highlight(strText, nState, &line);
     return line;
 }
@@ -93,7 +93,7 @@ void tst_HighlightRules::ranges_data()
     const QVariantMap html = likeHtml().toMap();
     const QVariantMap lua = likeLua().toMap();
     const QVariantMap none;
-    using S = HighlightState;
+    using S = SHighlightState;
 
     QTest::newRow("hexadecimal") << none << "0x1F" << -1 << "0+4:n";
     QTest::newRow("colour value") << none << "#a0a0a0" << -1 << "0+7:n";
@@ -323,11 +323,13 @@ void tst_HighlightRules::listNamedContexts_isAListOfKeywords()
 void tst_HighlightRules::abort_leavesTheLine()
 {
     const CHighlightRules rules(likeC().toMap());
-    HighlightLine line;
-    QVERIFY(!rules.highlight("int A", -1, &line, [] { return true; }));
+    SHighlightLine line;
+    QVERIFY(!rules.highlight(
+        "int A", -1, &line, [] { return true; }));
     QVERIFY(!rules.highlight("", -1, &line, [] { return true; }));
     int nAsked = 0;
-    QVERIFY(!rules.highlight("int A", -1, &line, [&] { return ++nAsked == 2; }));
+    QVERIFY(!rules.highlight(
+        "int A", -1, &line, [&] { return ++nAsked == 2; }));
     QVERIFY(rules.highlight("int A", -1, &line, [] { return false; }));
     QCOMPARE(describe(line), QString("0+3:k 4+1:k"));
 }

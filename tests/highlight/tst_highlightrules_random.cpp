@@ -21,19 +21,19 @@ private slots:
 
 namespace {
 
-QString describe(const HighlightLine &line)
+QString describe(const SHighlightLine &line)
 {
     QString str = QStringLiteral("state %1:").arg(line.nState);
-    for (const HighlightRange &range : line.lstRanges) {
+    for (const SHighlightRange &range : line.lstRanges) {
         str +=
             QStringLiteral(" %1+%2:%3").arg(range.nStart).arg(range.nLength).arg(int(range.role));
     }
     return str;
 }
 
-bool isEqual(const HighlightLine &a, const HighlightLine &b)
+bool isEqual(const SHighlightLine &a, const SHighlightLine &b)
 {
-    const auto isSame = [](const HighlightRange &x, const HighlightRange &y) {
+    const auto isSame = [](const SHighlightRange &x, const SHighlightRange &y) {
         return x.nStart == y.nStart && x.nLength == y.nLength && x.role == y.role;
     };
     return a.nState == b.nState
@@ -48,9 +48,9 @@ QString compare(const QVariantMap &mapDefinition, const QStringList &lstLines)
     const CLiteralRules literal(mapDefinition);
     int nState = -1;
     for (const QString &strLine : lstLines) {
-        HighlightLine ours;
+        SHighlightLine ours;
         rules.highlight(strLine, nState, &ours);
-        const HighlightLine theirs = literal.highlight(strLine, nState);
+        const SHighlightLine theirs = literal.highlight(strLine, nState);
         if (!isEqual(ours, theirs)) {
             return QStringLiteral("line %1 after state %2\nours    %3\nliteral %4")
                 .arg(strLine)
@@ -77,18 +77,16 @@ QString randomLine(QRandomGenerator *pRandom)
         "b.c",    "bxc",    "c++",    "#if"};
     QString str;
     const int nPieces = pRandom->bounded(24);
-    for (int n = 0; n < nPieces; ++n) {
+    for (int n = 0; n < nPieces; ++n)
         str += lstPieces.at(pRandom->bounded(lstPieces.size()));
-    }
     return str;
 }
 
 QStringList linesOf(const QString &strPath, int nMax)
 {
     QFile file(strPath);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         return QStringList();
-    }
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n')).mid(0, nMax);
 }
 
@@ -98,9 +96,8 @@ void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules_data()
 {
     QTest::addColumn<QVariantMap>("definition");
     const QMap<QString, QVariantMap> mapDefinitions = nastyDefinitions();
-    for (auto it = mapDefinitions.begin(); it != mapDefinitions.end(); ++it) {
+    for (auto it = mapDefinitions.begin(); it != mapDefinitions.end(); ++it)
         QTest::newRow(qPrintable(it.key())) << it.value();
-    }
 }
 
 void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules()
@@ -110,9 +107,8 @@ void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules()
     const int nLines = 100000 / nastyDefinitions().size() + 1;
     QRandomGenerator random(20161120);
     QStringList lstLines;
-    for (int n = 0; n < nLines; ++n) {
+    for (int n = 0; n < nLines; ++n)
         lstLines.append(randomLine(&random));
-    }
     const QString strDifference = compare(definition, lstLines);
     QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
 }
@@ -136,12 +132,10 @@ void tst_HighlightRulesRandom::realSources_equalTheLiteralRules()
     const QMap<QString, QVariantMap> mapDefinitions = nastyDefinitions();
     QStringList lstLines;
     QDirIterator it(folder, {pattern}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext() && lstLines.size() < 600) {
+    while (it.hasNext() && lstLines.size() < 600)
         lstLines += linesOf(it.next(), 100);
-    }
-    if (lstLines.size() < 100) {
+    if (lstLines.size() < 100)
         QSKIP("there are no such files on this machine");
-    }
     for (const QVariantMap &mapDefinition : mapDefinitions) {
         const QString strDifference = compare(mapDefinition, lstLines);
         QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
@@ -154,15 +148,12 @@ void tst_HighlightRulesRandom::samples_equalTheLiteralRulesUnderEveryDefinition(
     QDirIterator itDefinition(strSource + QLatin1String("/highlighter"), QDir::Files);
     const QFileInfoList lstSamples =
         QDir(strSource + QLatin1String("/tests/highlight/samples")).entryInfoList(QDir::Files);
-    if (lstSamples.isEmpty() || !itDefinition.hasNext()) {
+    if (lstSamples.isEmpty() || !itDefinition.hasNext())
         QSKIP("there are no samples yet");
-    }
     QStringList lstLines;
-    for (const QFileInfo &info : lstSamples) {
-        if (info.suffix() != QLatin1String("expected")) {
+    for (const QFileInfo &info : lstSamples)
+        if (info.suffix() != QLatin1String("expected"))
             lstLines += linesOf(info.absoluteFilePath(), 8);
-        }
-    }
     while (itDefinition.hasNext()) {
         const QString strPath = itDefinition.next();
         QVariantMap mapDefinition = CHighlightMgt::parse(strPath);

@@ -145,9 +145,8 @@ void tst_LinePattern::pattern_findsWhatQRegExpFinds_data()
                            "[a-\\-]",
                            "i",
                            "[i-k]+"};
-    for (const QString &str : lst) {
+    for (const QString &str : lst)
         QTest::newRow(qPrintable(str)) << str;
-    }
 }
 
 void tst_LinePattern::pattern_findsWhatQRegExpFinds()
@@ -197,17 +196,15 @@ void tst_LinePattern::randomPatterns_findWhatQRegExpFinds()
                                         "_", ".", "\u00e9", "\u0663", "ab", "a1"};
     for (int n = 0; n < 2500; ++n) {
         const QString strPattern = randomPattern(&random, 2);
-        if (!QRegExp(strPattern).isValid()) {
+        if (!QRegExp(strPattern).isValid())
             continue;
-        }
         const auto sensitivity = n % 3 ? Qt::CaseSensitive : Qt::CaseInsensitive;
         const CLinePattern pattern(strPattern, sensitivity);
         const QRegExp rx(strPattern, sensitivity);
         for (int nText = 0; nText < 4; ++nText) {
             QString strText;
-            for (int nLeft = int(random.bounded(12u)); nLeft > 0; --nLeft) {
+            for (int nLeft = int(random.bounded(12u)); nLeft > 0; --nLeft)
                 strText += pick(&random, lstPieces);
-            }
             const QString strDifference = compare(pattern, rx, strText);
             QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
         }

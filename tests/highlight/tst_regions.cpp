@@ -40,13 +40,13 @@ CHighlightRules rulesOf(const QString &strRegions)
 QString divided(const CHighlightRules &rules, const QString &strText)
 {
     QString strResult;
-    HighlightLine line;
+    SHighlightLine line;
     int nState = -1;
     for (const QString &strLine : strText.split('\n')) {
         rules.highlight(strLine, nState, &line);
         nState = line.nState;
         QString str(strLine.size(), '.');
-        for (const HighlightRange &range : line.lstRanges) {
+        for (const SHighlightRange &range : line.lstRanges) {
             const bool bComment = range.role == HighlightRole::Comment;
             if (bComment || range.role == HighlightRole::String)
                 str.replace(range.nStart, range.nLength,
@@ -140,13 +140,12 @@ void tst_Regions::embeddedLanguage_bringsItsRegionsAndKeywords()
     mapOuter.insert("embedded", QVariantMap {{"Inner", CHighlightMgt::parseBytes(inner)}});
     const CHighlightRules rules(mapOuter);
     QCOMPARE(divided(rules, "\"<s>\"a\nb</s>\""), QString("....ss|s.....|"));
-    HighlightLine line;
+    SHighlightLine line;
     rules.highlight("if else <s>if else</s> if", -1, &line);
     QStringList lstKeywords;
-    for (const HighlightRange &range : line.lstRanges) {
+    for (const SHighlightRange &range : line.lstRanges)
         if (range.role == HighlightRole::Keyword)
             lstKeywords << QString::number(range.nStart);
-    }
     lstKeywords.sort();
     QCOMPARE(lstKeywords, QStringList({"0", "14", "23"}));
 }
@@ -154,7 +153,7 @@ void tst_Regions::embeddedLanguage_bringsItsRegionsAndKeywords()
 void tst_Regions::ownNumbers_takeThePlaceOfTheFixedOnes()
 {
     const CHighlightRules rules = rulesOf("<numbers pattern='\\b\\d+\\b'/><operators/>");
-    HighlightLine line;
+    SHighlightLine line;
     rules.highlight("utf8 - 12", -1, &line);
     QCOMPARE(int(line.lstRanges.size()), 1);
     QCOMPARE(line.lstRanges.front().nStart, 7);
@@ -179,7 +178,7 @@ void tst_Regions::tooDeepRegion_doesNotBegin()
 {
     const CHighlightRules rules =
         rulesOf("<region start='\\(' end='\\)' nests='\\(' lines='many' as='string'/>");
-    HighlightLine line;
+    SHighlightLine line;
     rules.highlight(QString(100000, '('), -1, &line);
     const int nState = line.nState;
     rules.highlight(QString(100000, '('), nState, &line);
@@ -192,8 +191,8 @@ void tst_Regions::state_dependsOnTheStackAlone()
         "<region start='&lt;&lt;' key='\\w+' end='^%1$' nextline='true' as='string'/>";
     const CHighlightRules one = rulesOf(strRegions);
     const CHighlightRules other = rulesOf(strRegions);
-    HighlightLine first;
-    HighlightLine second;
+    SHighlightLine first;
+    SHighlightLine second;
     one.highlight("<<A", -1, &first);
     one.highlight("<<B", -1, &first);
     other.highlight("<<B", -1, &second);
@@ -204,7 +203,7 @@ void tst_Regions::state_dependsOnTheStackAlone()
 void tst_Regions::foreignState_isTheTextOutsideOfAllRegions()
 {
     const CHighlightRules rules = rulesOf("<region start='#' as='comment'/>");
-    HighlightLine line;
+    SHighlightLine line;
     rules.highlight("a #b", 123456789, &line);
     QCOMPARE(line.nState & ~63, 0);
     QCOMPARE(int(line.lstRanges.size()), 1);

@@ -22,7 +22,7 @@ private slots:
 
 namespace {
 
-constexpr int nLinesPerLanguage = 400;
+constexpr int g_nLinesPerLanguage = 400;
 
 const CHighlightMgt &registry()
 {
@@ -31,14 +31,13 @@ const CHighlightMgt &registry()
     return s_registry;
 }
 
-QString kindsOf(const HighlightLine &line, int nSize)
+QString kindsOf(const SHighlightLine &line, int nSize)
 {
     QString str(nSize, '.');
-    for (const HighlightRange &range : line.lstRanges) {
+    for (const SHighlightRange &range : line.lstRanges) {
         const bool bComment = range.role == HighlightRole::Comment;
-        if (bComment || range.role == HighlightRole::String) {
+        if (bComment || range.role == HighlightRole::String)
             str.replace(range.nStart, range.nLength, QString(range.nLength, bComment ? 'c' : 's'));
-        }
     }
     return str;
 }
@@ -51,7 +50,7 @@ QString compare(const QVariantMap &mapDefinition, const QStringList &lstLines)
     CLiteralRegions literal(mapDefinition);
     QMap<int, QString> mapStates {{0, QString()}};
     int nState = -1;
-    HighlightLine line;
+    SHighlightLine line;
     for (int n = 0; n < lstLines.size(); ++n) {
         const QString &strLine = lstLines.at(n);
         const QString strBefore = literal.state();
@@ -62,9 +61,8 @@ QString compare(const QVariantMap &mapDefinition, const QStringList &lstLines)
         const QString strOpen = literal.state();
         const int nStack = nState >> 6;
         const bool bKnown = mapStates.contains(nStack);
-        if (!bKnown) {
+        if (!bKnown)
             mapStates.insert(nStack, strOpen);
-        }
         if (strActual != strExpected || mapStates.value(nStack) != strOpen) {
             return QString("line %1:\n%2\nours    %3 %4\nliteral %5 %6\nbefore %7")
                 .arg(n + 1)
@@ -80,16 +78,14 @@ void collectPieces(const QVariantMap &mapElement, QStringList *pPieces)
     for (const QVariant &attribute : mapElement.value("attributes").toMap()) {
         const QString strPattern = attribute.toString();
         for (int n = s_rxPiece.indexIn(strPattern); n >= 0;
-             n = s_rxPiece.indexIn(strPattern, n + s_rxPiece.matchedLength())) {
+             n = s_rxPiece.indexIn(strPattern, n + s_rxPiece.matchedLength()))
             pPieces->append(s_rxPiece.cap(0));
-        }
         // What is plain text after all, as a whole.
         QString strPlain = strPattern;
         pPieces->append(strPlain.remove('\\').remove('^').remove('$'));
     }
-    for (const QVariant &child : mapElement.value("children").toList()) {
+    for (const QVariant &child : mapElement.value("children").toList())
         collectPieces(child.toMap(), pPieces);
-    }
 }
 
 QStringList randomLines(const QVariantMap &mapDefinition, quint32 nSeed)
@@ -98,12 +94,11 @@ QStringList randomLines(const QVariantMap &mapDefinition, quint32 nSeed)
                            "`", "#", "/",  "=", "(",  ")", "{",      "}",      "<",  ">"};
     const int nGeneral = lstPieces.size();
     collectPieces(mapDefinition.value("regions").toMap(), &lstPieces);
-    for (const QVariant &embedded : mapDefinition.value("embedded").toMap()) {
+    for (const QVariant &embedded : mapDefinition.value("embedded").toMap())
         collectPieces(embedded.toMap().value("regions").toMap(), &lstPieces);
-    }
     QRandomGenerator random(nSeed);
     QStringList lstLines;
-    for (int n = 0; n < nLinesPerLanguage; ++n) {
+    for (int n = 0; n < g_nLinesPerLanguage; ++n) {
         QString strLine;
         const int nPieces = int(random.bounded(14));
         for (int nPiece = 0; nPiece < nPieces; ++nPiece) {
@@ -132,9 +127,8 @@ void tst_RegionsRandom::randomTexts_areDividedAsTheLiteralRulesDo_data()
 void tst_RegionsRandom::randomTexts_areDividedAsTheLiteralRulesDo()
 {
     QFETCH(QVariantMap, definition);
-    if (!definition.contains("regions")) {
+    if (!definition.contains("regions"))
         QSKIP("declares none");
-    }
     for (quint32 nSeed = 1; nSeed <= 2; ++nSeed) {
         const QString strDifference = compare(definition, randomLines(definition, nSeed));
         QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
@@ -145,11 +139,9 @@ void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo_data()
 {
     QTest::addColumn<QString>("path");
     const QDir folder(QStringLiteral(QUILLAN_SOURCE_DIR "/tests/highlight/samples"));
-    for (const QFileInfo &info : folder.entryInfoList(QDir::Files | QDir::Hidden)) {
-        if (info.suffix() != "expected") {
+    for (const QFileInfo &info : folder.entryInfoList(QDir::Files | QDir::Hidden))
+        if (info.suffix() != "expected")
             QTest::newRow(qPrintable(info.fileName())) << info.absoluteFilePath();
-        }
-    }
 }
 
 void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo()
@@ -160,9 +152,8 @@ void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo()
     const QStringList lstLines = QString::fromUtf8(file.readAll()).split('\n');
     const QVariantMap mapDefinition =
         registry().definitionForContent(QFileInfo(path).fileName(), lstLines);
-    if (!mapDefinition.contains("regions")) {
+    if (!mapDefinition.contains("regions"))
         QSKIP("its language declares none");
-    }
     const QString strDifference = compare(mapDefinition, lstLines);
     QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
 }

@@ -30,7 +30,7 @@ private:
 
 namespace {
 
-const QString strExpectedSuffix = QStringLiteral(".expected");
+const QString g_strExpectedSuffix = QStringLiteral(".expected");
 
 QString readFile(const QString &strPath)
 {
@@ -45,21 +45,20 @@ QString describe(const QVariantMap &mapDefinition, const QString &strText)
     const CHighlightRules rules(mapDefinition);
     const QStringList lstLines = strText.split(QLatin1Char('\n'));
     QString str = QStringLiteral("# %1\n").arg(rules.languageName());
-    HighlightLine line;
+    SHighlightLine line;
     int nState = -1;
     for (int n = 0; n < lstLines.size(); ++n) {
         const QString &strLine = lstLines.at(n);
         rules.highlight(strLine, nState, &line);
         nState = line.nState;
-        for (const HighlightRange &range : line.lstRanges) {
+        for (const SHighlightRange &range : line.lstRanges) {
             const QColor colour = CHighlightRules::format(range.role).foreground().color();
             str += QStringLiteral("%1:%2+%3 ").arg(n + 1).arg(range.nStart).arg(range.nLength)
                 % colour.name() % QLatin1Char(' ') % strLine.mid(range.nStart, range.nLength)
                 % QLatin1Char('\n');
         }
-        if (nState != 0) {
+        if (nState != 0)
             str += QStringLiteral("%1: state %2\n").arg(n + 1).arg(nState);
-        }
     }
     return str;
 }
@@ -67,9 +66,8 @@ QString describe(const QVariantMap &mapDefinition, const QString &strText)
 QString difference(const QString &strExpectedPath, const QString &strActual)
 {
     QTemporaryFile file;
-    if (!file.open()) {
+    if (!file.open())
         return file.errorString();
-    }
     file.write(strActual.toUtf8());
     file.close();
     QProcess diff;
@@ -84,7 +82,7 @@ QStringList tst_Samples::samples() const
 {
     QStringList lst = m_dir.entryList(QDir::Files | QDir::Hidden, QDir::Name);
     lst.erase(std::remove_if(lst.begin(), lst.end(),
-                             [](const QString &str) { return str.endsWith(strExpectedSuffix); }),
+                             [](const QString &str) { return str.endsWith(g_strExpectedSuffix); }),
               lst.end());
     return lst;
 }
@@ -93,9 +91,8 @@ void tst_Samples::addSamples() const
 {
     QTest::addColumn<QString>("name");
     const QStringList lst = samples();
-    for (const QString &strName : lst) {
+    for (const QString &strName : lst)
         QTest::newRow(qPrintable(strName)) << strName;
-    }
 }
 
 void tst_Samples::sample_equalsItsGoldenResult_data()
@@ -111,7 +108,7 @@ void tst_Samples::sample_equalsItsGoldenResult()
     QVERIFY2(!mapDefinition.isEmpty(), "no definition claims this file name");
     const QString strPath = m_dir.filePath(name);
     const QString strActual = describe(mapDefinition, readFile(strPath));
-    const QString strExpectedPath = strPath + strExpectedSuffix;
+    const QString strExpectedPath = strPath + g_strExpectedSuffix;
     if (qEnvironmentVariableIsSet("QUILLAN_PROMOTE_SAMPLES")) {
         QFile file(strExpectedPath);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -119,9 +116,8 @@ void tst_Samples::sample_equalsItsGoldenResult()
         QSKIP("promoted");
     }
     QVERIFY2(QFile::exists(strExpectedPath), "there is no golden result: promote it");
-    if (strActual != readFile(strExpectedPath)) {
+    if (strActual != readFile(strExpectedPath))
         QFAIL(qPrintable(difference(strExpectedPath, strActual)));
-    }
 }
 
 // As it comes from the document, which knows lines and no line ends.
@@ -155,9 +151,9 @@ void tst_Samples::everyDefinition_hasASample()
 void tst_Samples::everyGoldenResult_hasASample()
 {
     const QStringList lst =
-        m_dir.entryList({QLatin1Char('*') + strExpectedSuffix}, QDir::Files | QDir::Hidden);
+        m_dir.entryList({QLatin1Char('*') + g_strExpectedSuffix}, QDir::Files | QDir::Hidden);
     for (const QString &strName : lst) {
-        const QString strSample = strName.chopped(strExpectedSuffix.size());
+        const QString strSample = strName.chopped(g_strExpectedSuffix.size());
         QVERIFY2(m_dir.exists(strSample), qPrintable(strName));
     }
 }

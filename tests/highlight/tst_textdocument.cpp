@@ -42,9 +42,8 @@ QTextLayout::FormatRange range(int nStart, int nProperty = 0)
 {
     QTextLayout::FormatRange result {nStart, 1, QTextCharFormat()};
     result.format.setForeground(Qt::red);
-    if (nProperty) {
+    if (nProperty)
         result.format.setProperty(QTextFormat::UserProperty, nProperty);
-    }
     return result;
 }
 
@@ -52,27 +51,24 @@ QList<int> startsIn(const QTextBlock &block)
 {
     QList<int> lst;
     const auto lstFormats = block.layout()->formats();
-    for (const QTextLayout::FormatRange &format : lstFormats) {
+    for (const QTextLayout::FormatRange &format : lstFormats)
         lst.append(format.start);
-    }
     return lst;
 }
 
 QStringList linesOf(const QTextDocument &document)
 {
     QStringList lst;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
         lst.append(block.text());
-    }
     return lst;
 }
 
 QStringList storedLines(const CTextDocument &document)
 {
     QStringList lst;
-    for (int n = 0; n < document.lines()->count(); ++n) {
+    for (int n = 0; n < document.lines()->count(); ++n)
         lst.append(document.lines()->text(n));
-    }
     return lst;
 }
 
@@ -199,11 +195,9 @@ void tst_TextDocument::lineWithTooManyRanges_isColouredInItsFirstPart()
     CTextDocument document;
     document.setPlainText(QString(30000, 'x'));
     Ranges lst;
-    for (const int nRemainder : {1, 0}) {
-        for (int n = nRemainder; n < 20000; n += 2) {
+    for (const int nRemainder : {1, 0})
+        for (int n = nRemainder; n < 20000; n += 2)
             lst.append(range(n));
-        }
-    }
     document.onHighlightBlock(document.version(), document.firstBlock(), lst);
     const QList<int> lstStarts = startsIn(document.firstBlock());
     QCOMPARE(lstStarts.size(), 8000);
@@ -365,9 +359,8 @@ void tst_TextDocument::lines_followRandomEdits()
         } else if (nKind < 94) {
             document.clear();
         }
-        if (n % 10 == 0 || n > 1490) {
+        if (n % 10 == 0 || n > 1490)
             QCOMPARE(storedLines(document), linesOf(document));
-        }
     }
 }
 

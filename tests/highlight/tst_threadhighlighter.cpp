@@ -59,11 +59,9 @@ QList<int> marksIn(const QTextBlock &block)
 {
     QList<int> lst;
     const auto lstFormats = block.layout()->formats();
-    for (const QTextLayout::FormatRange &range : lstFormats) {
-        if (range.format.intProperty(QTextFormat::UserProperty) == 1) {
+    for (const QTextLayout::FormatRange &range : lstFormats)
+        if (range.format.intProperty(QTextFormat::UserProperty) == 1)
             lst.append(range.start);
-        }
-    }
     return lst;
 }
 
@@ -80,9 +78,8 @@ QVariantMap likeC()
 QSet<int> linesOf(const QSignalSpy &spy)
 {
     QSet<int> set;
-    for (const QList<QVariant> &lstArguments : spy) {
+    for (const QList<QVariant> &lstArguments : spy)
         set.insert(lstArguments.at(1).value<QTextBlock>().blockNumber());
-    }
     return set;
 }
 
@@ -340,9 +337,8 @@ void tst_ThreadHighlighter::word_changedDuringAPassIsMarkedAfterwards()
     QVERIFY(spy.wait());
     editor.pHighlighter->setSelectedWord("string");
     QVERIFY(editor.settle());
-    for (QTextBlock block = editor.document.begin(); block.isValid(); block = block.next()) {
+    for (QTextBlock block = editor.document.begin(); block.isValid(); block = block.next())
         QCOMPARE(marksIn(block), block.text().isEmpty() ? QList<int>() : QList<int>({28}));
-    }
 }
 
 void tst_ThreadHighlighter::word_marksStayAfterAnEdit()
@@ -405,9 +401,8 @@ void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
         editor.pHighlighter->setSelectedWord(n % 2 ? "abc" : "abcd");
         QElapsedTimer timer;
         timer.start();
-        while (nResults == 0 && timer.elapsed() < 30000) {
+        while (nResults == 0 && timer.elapsed() < 30000)
             QCoreApplication::processEvents();
-        }
         QVERIFY2(nResults > 0, qPrintable(QString("request %1 was lost").arg(n)));
     }
 }
@@ -437,11 +432,10 @@ void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean()
         editor.document.setPlainText(manyLines(5000));
         editor.pHighlighter->setSelectedWord("value");
         QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
-        if (n % 2) {
+        if (n % 2)
             QVERIFY(spy.wait());
-        } else {
+        else
             QCoreApplication::sendPostedEvents();
-        }
         if (bHighlighterFirst) {
             delete editor.pHighlighter;
             QCoreApplication::processEvents();
@@ -476,13 +470,11 @@ void tst_ThreadHighlighter::linesThatCanBeSeen_getTheirResultsFirst()
     editor.document.setPlainText(manyLines(20000));
     QVERIFY(editor.settle());
     QCOMPARE(lstLines.size(), 20001);
-    for (int n = 0; n < 50; ++n) {
+    for (int n = 0; n < 50; ++n)
         QCOMPARE(lstLines.at(n), 15000 + n);
-    }
     // Then from the first to the last.
-    for (int n = 50; n < lstLines.size(); ++n) {
+    for (int n = 50; n < lstLines.size(); ++n)
         QCOMPARE(lstLines.at(n), n < 15050 ? n - 50 : n);
-    }
 }
 
 // What they begin with is known before they are coloured: a comment that begins in the first line
@@ -499,13 +491,11 @@ void tst_ThreadHighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
     connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
             [&](uint, const QTextBlock &block) { ++mapResults[block.blockNumber()]; });
     QTRY_VERIFY(mapResults.size() > 20);
-    for (int nLine = 9000; nLine <= 9020; ++nLine) {
+    for (int nLine = 9000; nLine <= 9020; ++nLine)
         QCOMPARE(mapResults.value(nLine), 1);
-    }
     QVERIFY(editor.settle());
-    for (int nLine = 9000; nLine <= 9020; ++nLine) {
+    for (int nLine = 9000; nLine <= 9020; ++nLine)
         QCOMPARE(mapResults.value(nLine), 1);
-    }
     QCOMPARE(firstDifference(editor.document, rules), QString());
 }
 
@@ -516,9 +506,8 @@ void tst_ThreadHighlighter::scrolledDuringAPass_bringsItsLinesForward()
     connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
             [&](uint, const QTextBlock &block) {
                 lstLines.append(block.blockNumber());
-                if (lstLines.size() == 1000) {
+                if (lstLines.size() == 1000)
                     editor.pHighlighter->setVisibleLines(55000, 55040);
-                }
             });
     editor.document.setPlainText(manyLines(60000));
     QVERIFY(editor.settle());

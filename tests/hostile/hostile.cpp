@@ -39,9 +39,8 @@ QString writeHostile(const SHostileFile &file, const QString &strFolder)
                    + file.strName);
     if (!QDir().mkpath(dir.path()) || !write(dir.filePath(file.strName), file.data))
         return QString();
-    for (auto it = file.mapBeside.cbegin(); it != file.mapBeside.cend(); ++it) {
+    for (auto it = file.mapBeside.cbegin(); it != file.mapBeside.cend(); ++it)
         if (!write(dir.filePath(it.key()), it.value()))
             return QString();
-    }
     return dir.filePath(file.strName);
 }

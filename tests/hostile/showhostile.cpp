@@ -150,10 +150,9 @@ bool open(const QString &strPath)
 int writeAll(const QString &strFolder)
 {
     const QList<SHostileFile> lstFiles = hostileFiles();
-    for (const SHostileFile &file : lstFiles) {
+    for (const SHostileFile &file : lstFiles)
         if (writeHostile(file, strFolder).isEmpty())
             return 1;
-    }
     return 0;
 }
 

@@ -115,7 +115,7 @@ QPalette darkPalette()
 
 } // namespace
 
-class TestAccess : public QObject
+class tst_access : public QObject
 {
     Q_OBJECT
 
@@ -145,7 +145,7 @@ private:
     QPalette m_palLight;
 };
 
-void TestAccess::everyControl_hasAName_data()
+void tst_access::everyControl_hasAName_data()
 {
     QTest::addColumn<QString>("strName");
     QTest::addColumn<QByteArray>("data");
@@ -159,7 +159,7 @@ void TestAccess::everyControl_hasAName_data()
     QTest::newRow("image") << "a.png" << png;
 }
 
-void TestAccess::everyControl_hasAName()
+void tst_access::everyControl_hasAName()
 {
     QFETCH(QString, strName);
     QFETCH(QByteArray, data);
@@ -172,7 +172,7 @@ void TestAccess::everyControl_hasAName()
     QVERIFY2(lstNameless.isEmpty(), qPrintable(lstNameless.join(", ")));
 }
 
-void TestAccess::findDialog_everyControl_hasAName()
+void tst_access::findDialog_everyControl_hasAName()
 {
     CWindowFixture fixture;
     CDlgFind dialog(&fixture.window());
@@ -183,7 +183,7 @@ void TestAccess::findDialog_everyControl_hasAName()
     }
 }
 
-void TestAccess::goToLineDialog_everyControl_hasAName()
+void tst_access::goToLineDialog_everyControl_hasAName()
 {
     CWindowFixture fixture;
     CDlgGo dialog(&fixture.window());
@@ -192,7 +192,7 @@ void TestAccess::goToLineDialog_everyControl_hasAName()
     QVERIFY2(lstNameless.isEmpty(), qPrintable(lstNameless.join(", ")));
 }
 
-void TestAccess::noticeBar_everyControl_hasAName()
+void tst_access::noticeBar_everyControl_hasAName()
 {
     CWindowFixture fixture;
     auto *pBar = fixture.window().findChild<CNoticeBar *>();
@@ -201,7 +201,7 @@ void TestAccess::noticeBar_everyControl_hasAName()
     QVERIFY2(lstNameless.isEmpty(), qPrintable(lstNameless.join(", ")));
 }
 
-void TestAccess::everyLabelBeforeAControl_isItsBuddy()
+void tst_access::everyLabelBeforeAControl_isItsBuddy()
 {
     CWindowFixture fixture;
     CDlgFind find(&fixture.window());
@@ -219,7 +219,7 @@ void TestAccess::everyLabelBeforeAControl_isItsBuddy()
     QCOMPARE(nBuddies, 4);
 }
 
-void TestAccess::findDialog_tabOrder_isTheOrderSeen()
+void tst_access::findDialog_tabOrder_isTheOrderSeen()
 {
     CWindowFixture fixture;
     CDlgFind dialog(&fixture.window());
@@ -254,7 +254,7 @@ void TestAccess::findDialog_tabOrder_isTheOrderSeen()
              lstReplace.join(' '));
 }
 
-void TestAccess::everyCommand_hasAKeyOrAMenuEntry()
+void tst_access::everyCommand_hasAKeyOrAMenuEntry()
 {
     CWindowFixture fixture;
     QSet<QAction *> reachable;
@@ -275,7 +275,7 @@ void TestAccess::everyCommand_hasAKeyOrAMenuEntry()
     QVERIFY(nActions > 40);
 }
 
-void TestAccess::noKey_belongsToTwoCommands()
+void tst_access::noKey_belongsToTwoCommands()
 {
     CWindowFixture fixture;
     QHash<QString, QString> owners;
@@ -291,14 +291,13 @@ void TestAccess::noKey_belongsToTwoCommands()
             claim(key, pAction->objectName());
     }
     const auto lstShortcuts = fixture.window().findChildren<QShortcut *>();
-    for (const QShortcut *pShortcut : lstShortcuts) {
+    for (const QShortcut *pShortcut : lstShortcuts)
         if (pShortcut->context() == Qt::WindowShortcut)
             claim(pShortcut->key(), QStringLiteral("shortcut"));
-    }
     QVERIFY(owners.size() > 30);
 }
 
-void TestAccess::f6_stepsThroughTheParts()
+void tst_access::f6_stepsThroughTheParts()
 {
     CWindowFixture fixture;
     MainWindow &window = fixture.window();
@@ -330,7 +329,7 @@ void TestAccess::f6_stepsThroughTheParts()
     QVERIFY(inPart(pPage));
 }
 
-void TestAccess::f6_withoutDocument_leavesNobodyStuck()
+void tst_access::f6_withoutDocument_leavesNobodyStuck()
 {
     CWindowFixture fixture;
     MainWindow &window = fixture.window();
@@ -351,7 +350,7 @@ void TestAccess::f6_withoutDocument_leavesNobodyStuck()
     }
 }
 
-void TestAccess::colourMenus_openByKey()
+void tst_access::colourMenus_openByKey()
 {
     CWindowFixture fixture;
     MainWindow &window = fixture.window();
@@ -385,7 +384,7 @@ void TestAccess::colourMenus_openByKey()
     }
 }
 
-void TestAccess::noticeBar_buttonsAreReachedByKey()
+void tst_access::noticeBar_buttonsAreReachedByKey()
 {
     CWindowFixture fixture;
     MainWindow &window = fixture.window();
@@ -406,7 +405,7 @@ void TestAccess::noticeBar_buttonsAreReachedByKey()
     QCOMPARE(spyDismissed.count(), 1);
 }
 
-void TestAccess::texts_haveContrast_data()
+void tst_access::texts_haveContrast_data()
 {
     QTest::addColumn<bool>("bDark");
     QTest::newRow("light desktop") << false;
@@ -415,7 +414,7 @@ void TestAccess::texts_haveContrast_data()
 
 // Exempt, because their colours are given: the numbers of the gutter (#ccc and #888 on #F9F9F9) and
 // the result line of the find dialog (red and #27a650).
-void TestAccess::texts_haveContrast()
+void tst_access::texts_haveContrast()
 {
     QFETCH(bool, bDark);
     if (bDark)
@@ -444,7 +443,7 @@ void TestAccess::texts_haveContrast()
 }
 
 // A page that names no colours, in the editor and in the preview.
-void TestAccess::pages_haveContrast()
+void tst_access::pages_haveContrast()
 {
     QFETCH(bool, bDark);
     if (bDark)
@@ -461,5 +460,5 @@ void TestAccess::pages_haveContrast()
         QTRY_VERIFY2(Contrast::ofText(pView) >= 4.5, qPrintable(describe(pView)));
 }
 
-QTEST_MAIN(TestAccess)
+QTEST_MAIN(tst_access)
 #include "tst_access.moc"

@@ -14,7 +14,7 @@ SPlace placeAt(const QString &strPath, int nCaret = 0)
 
 } // namespace
 
-class TestClosedTabs : public QObject
+class tst_closedtabs : public QObject
 {
     Q_OBJECT
 
@@ -69,5 +69,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestClosedTabs)
+QTEST_GUILESS_MAIN(tst_closedtabs)
 #include "tst_closedtabs.moc"

@@ -17,7 +17,7 @@ int threadCount()
 
 } // namespace
 
-class TestClosing : public QObject
+class tst_closing : public QObject
 {
     Q_OBJECT
 
@@ -68,5 +68,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestClosing)
+QTEST_MAIN(tst_closing)
 #include "tst_closing.moc"

@@ -11,7 +11,7 @@
 #include <QListView>
 #include <QMenu>
 
-class TestCommands : public QObject
+class tst_commands : public QObject
 {
     Q_OBJECT
 
@@ -240,5 +240,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestCommands)
+QTEST_MAIN(tst_commands)
 #include "tst_commands.moc"

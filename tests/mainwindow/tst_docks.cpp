@@ -39,7 +39,7 @@ private:
 
 } // namespace
 
-class TestDocks : public QObject
+class tst_docks : public QObject
 {
     Q_OBJECT
 
@@ -101,5 +101,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDocks)
+QTEST_MAIN(tst_docks)
 #include "tst_docks.moc"

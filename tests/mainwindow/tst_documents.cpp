@@ -8,7 +8,7 @@ const auto g_cancel = QMessageBox::Cancel;
 
 } // namespace
 
-class TestDocuments : public QObject
+class tst_documents : public QObject
 {
     Q_OBJECT
 
@@ -482,5 +482,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDocuments)
+QTEST_MAIN(tst_documents)
 #include "tst_documents.moc"

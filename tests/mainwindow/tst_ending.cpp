@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <csignal>
 
-class TestEnding : public QObject
+class tst_ending : public QObject
 {
     Q_OBJECT
 
@@ -115,5 +115,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestEnding)
+QTEST_MAIN(tst_ending)
 #include "tst_ending.moc"

@@ -11,7 +11,7 @@
 #include <QPushButton>
 #include <QTreeView>
 
-class TestFindPanel : public QObject
+class tst_findpanel : public QObject
 {
     Q_OBJECT
 
@@ -164,5 +164,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestFindPanel)
+QTEST_MAIN(tst_findpanel)
 #include "tst_findpanel.moc"

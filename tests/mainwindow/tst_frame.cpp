@@ -26,7 +26,7 @@ QMenu *menu(const MainWindow &window, const char *szName)
 
 } // namespace
 
-class TestFrame : public QObject
+class tst_frame : public QObject
 {
     Q_OBJECT
 
@@ -248,5 +248,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestFrame)
+QTEST_MAIN(tst_frame)
 #include "tst_frame.moc"

@@ -55,7 +55,7 @@ QByteArray arranged(CFrame *pFrame, const QString &strHow)
 
 } // namespace
 
-class TestFrameState : public QObject
+class tst_framestate : public QObject
 {
     Q_OBJECT
 
@@ -138,5 +138,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestFrameState)
+QTEST_MAIN(tst_framestate)
 #include "tst_framestate.moc"

@@ -47,7 +47,7 @@ void write(const QString &strPath, const QByteArray &data)
 
 } // namespace
 
-class TestGuard : public QObject
+class tst_guard : public QObject
 {
     Q_OBJECT
 
@@ -228,5 +228,5 @@ private slots:
 #endif
 };
 
-QTEST_MAIN(TestGuard)
+QTEST_MAIN(tst_guard)
 #include "tst_guard.moc"

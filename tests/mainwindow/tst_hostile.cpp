@@ -58,7 +58,7 @@ void settle()
 
 } // namespace
 
-class TestHostile : public QObject
+class tst_hostile : public QObject
 {
     Q_OBJECT
 
@@ -347,5 +347,5 @@ private:
     std::unique_ptr<CConsole> m_pConsole;
 };
 
-QTEST_MAIN(TestHostile)
+QTEST_MAIN(tst_hostile)
 #include "tst_hostile.moc"

@@ -8,7 +8,7 @@
 #include <QMenu>
 #include <QTextBlock>
 
-class TestLanguageMenu : public QObject
+class tst_languagemenu : public QObject
 {
     Q_OBJECT
 
@@ -100,10 +100,9 @@ private:
     static QAction *language(CWindowFixture &f, const QString &strName)
     {
         const auto lst = f.window().findChild<QMenu *>("menuLanguage")->actions();
-        for (QAction *pAction : lst) {
+        for (QAction *pAction : lst)
             if (pAction->text() == strName)
                 return pAction;
-        }
         qFatal("no such language: %s", qPrintable(strName));
     }
 
@@ -111,10 +110,9 @@ private:
     {
         QStringList lstNames;
         const auto lst = f.window().findChild<QMenu *>("menuLanguage")->actions();
-        for (const QAction *pAction : lst) {
+        for (const QAction *pAction : lst)
             if (pAction->isChecked())
                 lstNames.append(pAction->text());
-        }
         return lstNames;
     }
 
@@ -124,5 +122,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestLanguageMenu)
+QTEST_MAIN(tst_languagemenu)
 #include "tst_languagemenu.moc"

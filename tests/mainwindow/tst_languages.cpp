@@ -41,7 +41,7 @@ QString windowTitle(const QProcess &process)
 
 } // namespace
 
-class TestLanguages : public QObject
+class tst_languages : public QObject
 {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ private slots:
     void startedProgram_speaksTheLanguage();
 };
 
-void TestLanguages::texts_areOfTheLanguage_data()
+void tst_languages::texts_areOfTheLanguage_data()
 {
     QTest::addColumn<QString>("strLocale");
     QTest::addColumn<QStringList>("lstMenus");
@@ -98,7 +98,7 @@ void TestLanguages::texts_areOfTheLanguage_data()
                            << lstEnglish[6];
 }
 
-void TestLanguages::texts_areOfTheLanguage()
+void tst_languages::texts_areOfTheLanguage()
 {
     QFETCH(QString, strLocale);
     const QTemporaryDir home;
@@ -133,7 +133,7 @@ void TestLanguages::texts_areOfTheLanguage()
     QTEST(pick("close", {"yes", "no", "cancel"}), "lstButtons");
 }
 
-void TestLanguages::startedProgram_speaksTheLanguage_data()
+void tst_languages::startedProgram_speaksTheLanguage_data()
 {
     QTest::addColumn<QString>("strTitle");
     QTest::newRow("zh_CN") << "Quillan(未命名)";
@@ -143,7 +143,7 @@ void TestLanguages::startedProgram_speaksTheLanguage_data()
 }
 
 // The window's title is what other programs can read of it: a new document's name.
-void TestLanguages::startedProgram_speaksTheLanguage()
+void tst_languages::startedProgram_speaksTheLanguage()
 {
     QFETCH(QString, strTitle);
     const QTemporaryDir home;
@@ -159,5 +159,5 @@ void TestLanguages::startedProgram_speaksTheLanguage()
     QVERIFY(process.waitForFinished(20000));
 }
 
-QTEST_GUILESS_MAIN(TestLanguages)
+QTEST_GUILESS_MAIN(tst_languages)
 #include "tst_languages.moc"

@@ -50,12 +50,11 @@ CDocument *open(CWindowFixture &f, const QString &strPath)
 // Brings the load to one of its moments.
 void reach(CDocument *pDocument, const QString &strMoment)
 {
-    if (strMoment == "first lines") {
+    if (strMoment == "first lines")
         runUntil(pDocument, &CDocument::firstTextShown);
-    } else if (strMoment == "half") {
+    else if (strMoment == "half")
         while (pDocument->editor()->blockCount() < g_nLines / 2)
             runUntil(pDocument, &CDocument::arrivalProgressed);
-    }
     if (!pDocument->isArriving())
         qFatal("the load is over");
 }
@@ -71,10 +70,9 @@ QStringList draftFiles()
 {
     QStringList lstFiles;
     QDirIterator it(CWindowFixture::draftFolder(), QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
+    while (it.hasNext())
         if (it.next().endsWith(".draft"))
             lstFiles.append(it.filePath());
-    }
     return lstFiles;
 }
 
@@ -97,7 +95,7 @@ QString notice(CWindowFixture &f)
 
 } // namespace
 
-class TestLoading : public QObject
+class tst_loading : public QObject
 {
     Q_OBJECT
 
@@ -530,5 +528,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestLoading)
+QTEST_MAIN(tst_loading)
 #include "tst_loading.moc"

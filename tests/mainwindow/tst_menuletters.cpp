@@ -34,7 +34,7 @@ void closeMenu()
 
 } // namespace
 
-class TestMenuLetters : public QObject
+class tst_menuletters : public QObject
 {
     Q_OBJECT
 
@@ -48,10 +48,9 @@ private slots:
         f.window().on_actionNewText_triggered();
         QList<QWidget *> lstPlaces = {f.editor(), f.window().findChild<QListView *>(), &f.window()};
         lstPlaces += f.window().findChild<QComboBox *>("comboSize");
-        for (QLineEdit *pEdit : f.window().findChildren<QLineEdit *>()) {
+        for (QLineEdit *pEdit : f.window().findChildren<QLineEdit *>())
             if (pEdit->isVisible() && pEdit->isEnabled())
                 lstPlaces.append(pEdit);
-        }
         QVERIFY(lstPlaces.size() >= 5);
         for (QWidget *pPlace : qAsConst(lstPlaces)) {
             if (!pPlace->isVisible() || !pPlace->isEnabled())
@@ -113,5 +112,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMenuLetters)
+QTEST_MAIN(tst_menuletters)
 #include "tst_menuletters.moc"

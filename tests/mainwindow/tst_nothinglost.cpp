@@ -50,7 +50,7 @@ QList<int> tokensIn(const QString &strText)
 
 } // namespace
 
-class TestNothingLost : public QObject
+class tst_nothinglost : public QObject
 {
     Q_OBJECT
 
@@ -293,8 +293,9 @@ private:
         const QString strAsked = asked.editor()->getText();
         QString strSaved = saved.editor()->getText();
         if (saved.isArriving()) { // It may be there as a whole before the box is answered.
-            connect(&saved, &CDocument::saved, &saved,
-                    [&strSaved, &saved] { strSaved = saved.editor()->getText(); });
+            connect(
+                &saved, &CDocument::saved, &saved,
+                [&strSaved, &saved] { strSaved = saved.editor()->getText(); });
         }
         const QString strSavedPath = saved.path();
         const bool bModified = asked.isModified();
@@ -448,5 +449,5 @@ private:
     int m_nToken = 0;
 };
 
-QTEST_MAIN(TestNothingLost)
+QTEST_MAIN(tst_nothinglost)
 #include "tst_nothinglost.moc"

@@ -13,10 +13,12 @@ namespace {
 
 SNotice notice(bool *pChosen = nullptr)
 {
-    return {QStringLiteral("Something happened."), {{QStringLiteral("Answer"), [pChosen] {
-                                                         if (pChosen)
-                                                             *pChosen = true;
-                                                     }}}};
+    return {QStringLiteral("Something happened."),
+            {{QStringLiteral("Answer"),
+              [pChosen] {
+                  if (pChosen)
+                      *pChosen = true;
+              }}}};
 }
 
 CNoticeBar *bar(CWindowFixture &f)
@@ -31,7 +33,7 @@ QPoint middleOf(CWindowFixture &f, QWidget *pWidget)
 
 } // namespace
 
-class TestNoticeBar : public QObject
+class tst_noticebar : public QObject
 {
     Q_OBJECT
 
@@ -67,10 +69,9 @@ private slots:
             QCOMPARE(pBar->width(), pPage->parentWidget()->width());
             const auto lstButtons = pBar->findChildren<QAbstractButton *>();
             QVERIFY(lstButtons.size() >= 3);
-            for (QAbstractButton *pButton : lstButtons) {
+            for (QAbstractButton *pButton : lstButtons)
                 if (pButton->isVisible())
                     QVERIFY(pBar->rect().contains(pButton->geometry()));
-            }
         }
     }
 
@@ -126,5 +127,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestNoticeBar)
+QTEST_MAIN(tst_noticebar)
 #include "tst_noticebar.moc"

@@ -11,7 +11,7 @@
 #include <QWebFrame>
 
 // Files dropped on a window with a page: pictures go into the page, everything else opens.
-class TestPageObjects : public QObject
+class tst_pageobjects : public QObject
 {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ private slots:
     void pictureOnAText_opens();
 };
 
-void TestPageObjects::openPage()
+void tst_pageobjects::openPage()
 {
     m_pCase->window().openFile(m_pCase->file("page.html", "<!DOCTYPE html><p>one</p>"));
     QVERIFY(m_pCase->window().currentDocument().page());
@@ -45,7 +45,7 @@ void TestPageObjects::openPage()
     QTRY_VERIFY(m_pCase->window().currentDocument().page()->showsOwnFile());
 }
 
-QString TestPageObjects::picture(const QString &strName) const
+QString tst_pageobjects::picture(const QString &strName) const
 {
     QImage image(12, 8, QImage::Format_RGB32);
     image.fill(Qt::blue);
@@ -54,7 +54,7 @@ QString TestPageObjects::picture(const QString &strName) const
     return m_pCase->path(strName);
 }
 
-void TestPageObjects::drop(QWidget *pTarget, const QString &strFile)
+void tst_pageobjects::drop(QWidget *pTarget, const QString &strFile)
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(strFile)});
@@ -66,7 +66,7 @@ void TestPageObjects::drop(QWidget *pTarget, const QString &strFile)
     QVERIFY(event.isAccepted());
 }
 
-void TestPageObjects::pictureOnAPage_goesIntoIt()
+void tst_pageobjects::pictureOnAPage_goesIntoIt()
 {
     openPage();
     QTimer timer;
@@ -83,14 +83,14 @@ void TestPageObjects::pictureOnAPage_goesIntoIt()
     QVERIFY(m_pCase->window().currentDocument().isModified());
 }
 
-void TestPageObjects::otherFileOnAPage_opens()
+void tst_pageobjects::otherFileOnAPage_opens()
 {
     openPage();
     drop(m_pCase->window().currentDocument().page(), m_pCase->file("a.txt", "text"));
     QTRY_COMPARE(m_pCase->tabs().count(), 2);
 }
 
-void TestPageObjects::pictureOnTheSource_opens()
+void tst_pageobjects::pictureOnTheSource_opens()
 {
     openPage();
     m_pCase->window().findChild<QAction *>(QStringLiteral("actionSwapHtml"))->trigger();
@@ -100,12 +100,12 @@ void TestPageObjects::pictureOnTheSource_opens()
     QTRY_COMPARE(m_pCase->tabs().count(), 2);
 }
 
-void TestPageObjects::pictureOnAText_opens()
+void tst_pageobjects::pictureOnAText_opens()
 {
     m_pCase->window().openFile(m_pCase->file("a.txt", "text"));
     drop(m_pCase->editor()->viewport(), picture("a.png"));
     QTRY_COMPARE(m_pCase->tabs().count(), 2);
 }
 
-QTEST_MAIN(TestPageObjects)
+QTEST_MAIN(tst_pageobjects)
 #include "tst_pageobjects.moc"

@@ -52,7 +52,7 @@ QString openPage(CWindowFixture &f, const QByteArray &html = g_page)
 
 } // namespace
 
-class TestPages : public QObject
+class tst_pages : public QObject
 {
     Q_OBJECT
 
@@ -231,10 +231,9 @@ private slots:
         QVERIFY(pMenu->isEnabled());
         QCOMPARE(f.label("labelTextCodec"), QStringLiteral("  windows-1252"));
         const auto lstActions = pMenu->actions();
-        for (QAction *pAction : lstActions) {
+        for (QAction *pAction : lstActions)
             if (pAction->text() == "windows-1251")
                 pAction->trigger();
-        }
         QTRY_VERIFY(f.editor()->toPlainText().contains(QString::fromUtf8("cafй")));
         QCOMPARE(f.label("labelTextCodec"), QStringLiteral("  windows-1251"));
     }
@@ -398,5 +397,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPages)
+QTEST_MAIN(tst_pages)
 #include "tst_pages.moc"

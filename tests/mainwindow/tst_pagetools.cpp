@@ -16,7 +16,7 @@
 #include <QWebFrame>
 
 // The Page tool bar: when it is there, what it shows and does.
-class TestPageTools : public QObject
+class tst_pagetools : public QObject
 {
     Q_OBJECT
 
@@ -58,7 +58,7 @@ private slots:
     void source_hasNoPageTools();
 };
 
-void TestPageTools::openPage(const QByteArray &body) const
+void tst_pagetools::openPage(const QByteArray &body) const
 {
     const QString strPath = m_pCase->file(
         QStringLiteral("a.html"),
@@ -68,13 +68,13 @@ void TestPageTools::openPage(const QByteArray &body) const
     view()->setFocus();
 }
 
-void TestPageTools::select(const char *szSelector) const
+void tst_pagetools::select(const char *szSelector) const
 {
     run(QStringLiteral("getSelection().selectAllChildren(document.querySelector('%1'))")
             .arg(QLatin1String(szSelector)));
 }
 
-void TestPageTools::toolBar_isThereForPagesOnly()
+void tst_pagetools::toolBar_isThereForPagesOnly()
 {
     QVERIFY(toolBar()->isHidden());
     m_pCase->window().on_actionNewText_triggered();
@@ -84,7 +84,7 @@ void TestPageTools::toolBar_isThereForPagesOnly()
     QVERIFY(toolBar()->isMovable());
 }
 
-void TestPageTools::toolBar_isPartOfTheFrame()
+void tst_pagetools::toolBar_isPartOfTheFrame()
 {
     MainWindow &window = m_pCase->window();
     openPage("<p>one</p>");
@@ -95,7 +95,7 @@ void TestPageTools::toolBar_isPartOfTheFrame()
     QCOMPARE(window.toolBarArea(toolBar()), Qt::BottomToolBarArea);
 }
 
-void TestPageTools::everyButton_hasANameAndADrawing()
+void tst_pagetools::everyButton_hasANameAndADrawing()
 {
     openPage("<p>one</p>");
     int nButtons = 0;
@@ -112,7 +112,7 @@ void TestPageTools::everyButton_hasANameAndADrawing()
     QVERIFY(nButtons >= 18);
 }
 
-void TestPageTools::buttons_followTheCaret()
+void tst_pagetools::buttons_followTheCaret()
 {
     openPage("<h2 style=\"text-align: right\">one</h2><ol><li><s>two</s></li></ol>"
              "<p><a href=\"x\">three</a></p>");
@@ -133,7 +133,7 @@ void TestPageTools::buttons_followTheCaret()
     QVERIFY(!m_pCase->action("actionMark_s")->isChecked());
 }
 
-void TestPageTools::mixedFormats_areShown()
+void tst_pagetools::mixedFormats_areShown()
 {
     openPage("<p>one <s>two</s></p>");
     select("p");
@@ -142,7 +142,7 @@ void TestPageTools::mixedFormats_areShown()
     QVERIFY(!m_pCase->action("actionMark_code")->property("mixed").toBool());
 }
 
-void TestPageTools::page_isAskedOncePerTurn()
+void tst_pagetools::page_isAskedOncePerTurn()
 {
     openPage("<p>one</p>");
     select("p");
@@ -158,7 +158,7 @@ void TestPageTools::page_isAskedOncePerTurn()
     QTRY_COMPARE(run(QStringLiteral("window.asked")).toInt(), 1);
 }
 
-void TestPageTools::styleBox_setsTheStyle()
+void tst_pagetools::styleBox_setsTheStyle()
 {
     openPage("<p>one</p>");
     select("p");
@@ -173,7 +173,7 @@ void TestPageTools::styleBox_setsTheStyle()
     QVERIFY(!view()->isModified());
 }
 
-void TestPageTools::command_givesTheKeyboardBack()
+void tst_pagetools::command_givesTheKeyboardBack()
 {
     openPage("<p>one</p>");
     select("p");
@@ -185,7 +185,7 @@ void TestPageTools::command_givesTheKeyboardBack()
     QVERIFY(body().contains(QLatin1String("text-align: center")));
 }
 
-void TestPageTools::automatic_takesTheColorOff()
+void tst_pagetools::automatic_takesTheColorOff()
 {
     openPage("<p><font color=\"red\">one</font></p>");
     select("p");
@@ -195,7 +195,7 @@ void TestPageTools::automatic_takesTheColorOff()
     QCOMPARE(body(), QStringLiteral("<p>one</p>\n"));
 }
 
-void TestPageTools::link_isMadeInItsDialog()
+void tst_pagetools::link_isMadeInItsDialog()
 {
     openPage("<p id=\"here\">one</p>");
     select("p");
@@ -210,7 +210,7 @@ void TestPageTools::link_isMadeInItsDialog()
     QCOMPARE(body(), QStringLiteral("<p id=\"here\"><a href=\"b.html\">one</a></p>\n"));
 }
 
-void TestPageTools::outline_leadsToTheHeading()
+void tst_pagetools::outline_leadsToTheHeading()
 {
     openPage("<h1>A &amp; B</h1><p>x</p><h2>C</h2><p id=\"d\">y</p>");
     auto *pMenu = m_pCase->window().findChild<QMenu *>(QStringLiteral("menuOutline"));
@@ -223,7 +223,7 @@ void TestPageTools::outline_leadsToTheHeading()
     QCOMPARE(run(QStringLiteral("getSelection().anchorNode.data")).toString(), QStringLiteral("C"));
 }
 
-void TestPageTools::plainText_isPastedInParagraphs()
+void tst_pagetools::plainText_isPastedInParagraphs()
 {
     openPage("<p>one <b>two</b></p>");
     select("b");
@@ -243,7 +243,7 @@ void TestPageTools::plainText_isPastedInParagraphs()
     QCOMPARE(body(), QStringLiteral("<p>one <b>two</b></p>\n"));
 }
 
-void TestPageTools::source_hasNoPageTools()
+void tst_pagetools::source_hasNoPageTools()
 {
     openPage("<p>one</p>");
     m_pCase->window().on_actionSwapHtml_triggered();
@@ -252,5 +252,5 @@ void TestPageTools::source_hasNoPageTools()
     QVERIFY(!m_pCase->action("actionStyle_h1")->isEnabled());
 }
 
-QTEST_MAIN(TestPageTools)
+QTEST_MAIN(tst_pagetools)
 #include "tst_pagetools.moc"

@@ -72,20 +72,18 @@ QStringList links(CWindowFixture &f)
 {
     QStringList lstTexts;
     const auto lstLinks = panel(f)->findChildren<CLinkButton *>();
-    for (const CLinkButton *pLink : lstLinks) {
+    for (const CLinkButton *pLink : lstLinks)
         if (pLink->isVisible())
             lstTexts.append(pLink->accessibleName());
-    }
     return lstTexts;
 }
 
 CLinkButton *link(CWindowFixture &f, const QString &strText)
 {
     const auto lstLinks = panel(f)->findChildren<CLinkButton *>();
-    for (CLinkButton *pLink : lstLinks) {
+    for (CLinkButton *pLink : lstLinks)
         if (pLink->isVisible() && pLink->accessibleName() == strText)
             return pLink;
-    }
     qFatal("no link %s", qPrintable(strText));
 }
 
@@ -99,7 +97,7 @@ const char g_szLast[] = "Reopen what was open last time";
 
 } // namespace
 
-class TestPastTabs : public QObject
+class tst_pasttabs : public QObject
 {
     Q_OBJECT
 
@@ -491,5 +489,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPastTabs)
+QTEST_MAIN(tst_pasttabs)
 #include "tst_pasttabs.moc"

@@ -6,7 +6,7 @@
 
 #include <csignal>
 
-class TestProgram : public QObject
+class tst_program : public QObject
 {
     Q_OBJECT
 
@@ -159,5 +159,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProgram)
+QTEST_GUILESS_MAIN(tst_program)
 #include "tst_program.moc"

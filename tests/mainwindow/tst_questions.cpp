@@ -44,7 +44,7 @@ void write(const QString &strPath, const QByteArray &data)
 
 } // namespace
 
-class TestQuestions : public QObject
+class tst_questions : public QObject
 {
     Q_OBJECT
 
@@ -253,5 +253,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestQuestions)
+QTEST_MAIN(tst_questions)
 #include "tst_questions.moc"

@@ -2,7 +2,7 @@
 
 #include <QtTest>
 
-class TestRecentFiles : public QObject
+class tst_recentfiles : public QObject
 {
     Q_OBJECT
 
@@ -32,5 +32,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecentFiles)
+QTEST_GUILESS_MAIN(tst_recentfiles)
 #include "tst_recentfiles.moc"

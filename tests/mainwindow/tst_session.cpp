@@ -38,10 +38,9 @@ void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 QToolButton *button(CWindowFixture &f, const char *szAction)
 {
     const auto lstBars = f.window().findChildren<QToolBar *>();
-    for (const QToolBar *pBar : lstBars) {
+    for (const QToolBar *pBar : lstBars)
         if (QWidget *pWidget = pBar->widgetForAction(f.action(szAction)))
             return qobject_cast<QToolButton *>(pWidget);
-    }
     return nullptr;
 }
 
@@ -60,7 +59,7 @@ bool activate(CWindowFixture &f)
 
 } // namespace
 
-class TestSession : public QObject
+class tst_session : public QObject
 {
     Q_OBJECT
 
@@ -216,5 +215,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSession)
+QTEST_MAIN(tst_session)
 #include "tst_session.moc"

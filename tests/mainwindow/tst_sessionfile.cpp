@@ -19,7 +19,7 @@ QByteArray documents(const QByteArray &json)
 
 } // namespace
 
-class TestSessionFile : public QObject
+class tst_sessionfile : public QObject
 {
     Q_OBJECT
 
@@ -134,5 +134,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSessionFile)
+QTEST_GUILESS_MAIN(tst_sessionfile)
 #include "tst_sessionfile.moc"

@@ -70,7 +70,7 @@ const char *const g_arrWords[] = {"int ", "\"text\" ", "/* open\n", "*/ ",  "// 
 
 } // namespace
 
-class TestSoak : public QObject
+class tst_soak : public QObject
 {
     Q_OBJECT
 
@@ -266,5 +266,5 @@ private:
     int m_nSaves = 0;
 };
 
-QTEST_MAIN(TestSoak)
+QTEST_MAIN(tst_soak)
 #include "tst_soak.moc"

@@ -2,7 +2,7 @@
 
 #include <QtTest>
 
-class TestTabNames : public QObject
+class tst_tabnames : public QObject
 {
     Q_OBJECT
 
@@ -57,5 +57,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTabNames)
+QTEST_GUILESS_MAIN(tst_tabnames)
 #include "tst_tabnames.moc"

@@ -5,7 +5,7 @@
 #include <QTabBar>
 #include <QtTest>
 
-class TestTabWidget : public QObject
+class tst_tabwidget : public QObject
 {
     Q_OBJECT
 
@@ -113,5 +113,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTabWidget)
+QTEST_MAIN(tst_tabwidget)
 #include "tst_tabwidget.moc"

@@ -17,10 +17,12 @@ class CStoppedWork
 public:
     CStoppedWork(CWorkProgress *pProgress, const QString &strText, QObject *pOwner = nullptr)
     {
-        m_nId = pProgress->begin(pOwner, strText, [this, pProgress] {
-            ++m_nStops;
-            pProgress->end(m_nId);
-        });
+        m_nId = pProgress->begin(
+            pOwner, strText,
+            [this, pProgress] {
+                ++m_nStops;
+                pProgress->end(m_nId);
+            });
     }
 
     int id() const { return m_nId; }
@@ -44,7 +46,7 @@ bool activate(CWindowFixture &f)
 
 } // namespace
 
-class TestWorkProgress : public QObject
+class tst_workprogress : public QObject
 {
     Q_OBJECT
 
@@ -236,5 +238,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestWorkProgress)
+QTEST_MAIN(tst_workprogress)
 #include "tst_workprogress.moc"

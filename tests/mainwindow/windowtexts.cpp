@@ -39,10 +39,9 @@ QJsonObject actionTexts(const MainWindow &window)
 {
     QJsonObject texts;
     const QList<QAction *> lstActions = window.findChildren<QAction *>();
-    for (const QAction *pAction : lstActions) {
+    for (const QAction *pAction : lstActions)
         if (!pAction->objectName().isEmpty())
             texts.insert(pAction->objectName(), pAction->text());
-    }
     return texts;
 }
 
@@ -66,10 +65,9 @@ QJsonObject dialogTexts(const QWidget *pDialog)
     const QList<QAbstractButton *> lstButtons = pDialog->findChildren<QAbstractButton *>();
     for (const QAbstractButton *pButton : lstButtons)
         texts.insert(pButton->objectName(), pButton->text());
-    if (const auto *pTabs = pDialog->findChild<QTabBar *>()) {
+    if (const auto *pTabs = pDialog->findChild<QTabBar *>())
         for (int n = 0; n < pTabs->count(); ++n)
             texts.insert(QStringLiteral("tab%1").arg(n), pTabs->tabText(n));
-    }
     return texts;
 }
 
@@ -86,10 +84,9 @@ QJsonObject closeBoxTexts(MainWindow *pWindow)
         for (const auto &[strKey, button] :
              {std::pair(QStringLiteral("yes"), QMessageBox::Yes),
               std::pair(QStringLiteral("no"), QMessageBox::No),
-              std::pair(QStringLiteral("cancel"), QMessageBox::Cancel)}) {
+              std::pair(QStringLiteral("cancel"), QMessageBox::Cancel)})
             if (pBox->button(button))
                 texts.insert(strKey, pBox->button(button)->text());
-        }
         pBox->button(QMessageBox::Cancel)->click();
     });
     pWindow->currentDocument().editor()->setModified(true);

@@ -52,10 +52,9 @@ public:
             }
         }
         m_rows.insert(nRow, {-1, m_rows.at(nLike).nGroup, {}});
-        for (int n = 0; n < m_nColumns; ++n) {
+        for (int n = 0; n < m_nColumns; ++n)
             if (!covered.at(n))
                 m_cells.append({-1, QRect(n, nRow, 1, 1)});
-        }
     }
     void insertColumn(int nColumn)
     {
@@ -70,10 +69,9 @@ public:
             }
         }
         ++m_nColumns;
-        for (int n = 0; n < rowCount(); ++n) {
+        for (int n = 0; n < rowCount(); ++n)
             if (!covered.at(n))
                 m_cells.append({-1, QRect(nColumn, n, 1, 1)});
-        }
     }
     bool removeRow(int nRow)
     {
@@ -96,15 +94,13 @@ public:
         if (nUpper < 0 || nUpper + 1 >= rowCount()
             || m_rows.at(nUpper).nGroup != m_rows.at(nUpper + 1).nGroup)
             return false;
-        for (const SCell &cell : m_cells) {
+        for (const SCell &cell : m_cells)
             if (cell.place.height() > 1 && cell.place.top() <= nUpper + 1
                 && cell.place.bottom() >= nUpper)
                 return false;
-        }
-        for (SCell &cell : m_cells) {
+        for (SCell &cell : m_cells)
             if (cell.place.top() == nUpper || cell.place.top() == nUpper + 1)
                 cell.place.moveTop(2 * nUpper + 1 - cell.place.top());
-        }
         std::swap(m_rows[nUpper], m_rows[nUpper + 1]);
         return true;
     }
@@ -112,15 +108,13 @@ public:
     {
         if (nLeft < 0 || nLeft + 1 >= m_nColumns)
             return false;
-        for (const SCell &cell : m_cells) {
+        for (const SCell &cell : m_cells)
             if (cell.place.width() > 1 && cell.place.left() <= nLeft + 1
                 && cell.place.right() >= nLeft)
                 return false;
-        }
-        for (SCell &cell : m_cells) {
+        for (SCell &cell : m_cells)
             if (cell.place.left() == nLeft || cell.place.left() == nLeft + 1)
                 cell.place.moveLeft(2 * nLeft + 1 - cell.place.left());
-        }
         return true;
     }
     // Grown until no cell is cut.
@@ -141,12 +135,11 @@ public:
     {
         QVector<SCell> others;
         SCell first {-1, QRect()};
-        for (const SCell &cell : m_cells) {
+        for (const SCell &cell : m_cells)
             if (cell.place.topLeft() == place.topLeft())
                 first = cell;
             else if (!place.contains(cell.place))
                 others.append(cell);
-        }
         if (first.place == place
             || m_rows.at(place.top()).nGroup != m_rows.at(place.bottom()).nGroup)
             return false;
@@ -185,19 +178,18 @@ private:
     }
     bool begins(Edge edge, int nAt) const
     {
-        return std::any_of(m_cells.begin(), m_cells.end(),
-                           [=](const SCell &cell) { return (cell.place.*edge)() == nAt; });
+        return std::any_of(
+            m_cells.begin(), m_cells.end(),
+            [=](const SCell &cell) { return (cell.place.*edge)() == nAt; });
     }
     void takeEmpty()
     {
-        for (int n = rowCount() - 1; n >= 0; --n) {
+        for (int n = rowCount() - 1; n >= 0; --n)
             if (!begins(&QRect::top, n))
                 takeRow(n);
-        }
-        for (int n = m_nColumns - 1; n >= 0; --n) {
+        for (int n = m_nColumns - 1; n >= 0; --n)
             if (!begins(&QRect::left, n))
                 takeColumn(n);
-        }
     }
     void shrink(int nAt, Edge first, Edge last, const QRect &one)
     {

@@ -149,10 +149,9 @@ void tst_TableKeys::menu_knowsTheTable()
     objects.follow(m_pView);
     auto *pMenu = toolBar.findChild<QMenu *>("menuTable");
     const auto action = [&](const QString &strText) {
-        for (QAction *pAction : pMenu->actions()) {
+        for (QAction *pAction : pMenu->actions())
             if (pAction->text().remove('&') == strText)
                 return pAction;
-        }
         return static_cast<QAction *>(nullptr);
     };
     emit pMenu->aboutToShow();

@@ -36,10 +36,9 @@ inline double ofText(QWidget *pWidget)
     const QRect rect(pWidget->mapTo(pWindow, QPoint()), pWidget->size());
     const QImage image = pWindow->grab(rect).toImage().convertToFormat(QImage::Format_RGB32);
     QHash<QRgb, int> counts;
-    for (int y = 0; y < image.height(); ++y) {
+    for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             ++counts[image.pixel(x, y)];
-    }
     QRgb background = 0;
     int nMost = 0;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {

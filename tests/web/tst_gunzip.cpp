@@ -14,7 +14,7 @@ QByteArray noise(int nBytes)
     return data;
 }
 
-constexpr int c_nMegabyte = 1024 * 1024;
+constexpr int g_nMegabyte = 1024 * 1024;
 
 } // namespace
 
@@ -29,7 +29,7 @@ private slots:
         QTest::newRow("a line") << QByteArray("text\n");
         QTest::newRow("zero bytes") << QByteArray(1000, '\0');
         QTest::newRow("noise") << noise(200000);
-        QTest::newRow("as much as is allowed") << QByteArray(c_nMegabyte, 'x');
+        QTest::newRow("as much as is allowed") << QByteArray(g_nMegabyte, 'x');
         QTest::newRow("one chunk") << noise(64 * 1024);
     }
     void content_comesBack()
@@ -37,13 +37,13 @@ private slots:
         QFETCH(QByteArray, data);
         const QByteArray file = gzipped(data);
         QVERIFY(isGzip(file));
-        QCOMPARE(gunzip(file, c_nMegabyte), data);
+        QCOMPARE(gunzip(file, g_nMegabyte), data);
     }
 
     void tooMuch_isRefused()
     {
-        QCOMPARE(gunzip(gzipped(QByteArray(c_nMegabyte + 1, 'x')), c_nMegabyte), QByteArray());
-        QCOMPARE(gunzip(gzipped(QByteArray(20 * c_nMegabyte, 'x')), c_nMegabyte), QByteArray());
+        QCOMPARE(gunzip(gzipped(QByteArray(g_nMegabyte + 1, 'x')), g_nMegabyte), QByteArray());
+        QCOMPARE(gunzip(gzipped(QByteArray(20 * g_nMegabyte, 'x')), g_nMegabyte), QByteArray());
     }
 
     void whatIsNoGzip_isRefused()
@@ -51,16 +51,16 @@ private slots:
         QVERIFY(!isGzip("<svg/>"));
         QVERIFY(!isGzip(QByteArray()));
         QVERIFY(!isGzip("\x1f"));
-        QCOMPARE(gunzip("<svg/>", c_nMegabyte), QByteArray());
-        QCOMPARE(gunzip(QByteArray(), c_nMegabyte), QByteArray());
-        QCOMPARE(gunzip(qCompress("text").mid(4), c_nMegabyte), QByteArray()); // zlib's own format.
+        QCOMPARE(gunzip("<svg/>", g_nMegabyte), QByteArray());
+        QCOMPARE(gunzip(QByteArray(), g_nMegabyte), QByteArray());
+        QCOMPARE(gunzip(qCompress("text").mid(4), g_nMegabyte), QByteArray()); // zlib's own format.
     }
 
     void cutFile_isRefused()
     {
         const QByteArray file = gzipped(noise(300));
         for (int nLength = 0; nLength < file.size(); ++nLength)
-            QCOMPARE(gunzip(file.left(nLength), c_nMegabyte), QByteArray());
+            QCOMPARE(gunzip(file.left(nLength), g_nMegabyte), QByteArray());
     }
 
     void damagedFile_isRefused()
@@ -70,7 +70,7 @@ private slots:
         for (int nAt = nHeader; nAt < file.size(); ++nAt) {
             QByteArray damaged = file;
             damaged[nAt] = char(damaged.at(nAt) ^ 0x55);
-            QCOMPARE(gunzip(damaged, c_nMegabyte), QByteArray());
+            QCOMPARE(gunzip(damaged, g_nMegabyte), QByteArray());
         }
     }
 };

@@ -39,10 +39,9 @@ QRect drawnRect(CImageWidget &view)
     const QImage image = view.grab().toImage();
     QRect rect;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             if (image.pixel(x, y) != qRgb(255, 255, 255))
                 rect |= QRect(x, y, 1, 1);
-        }
     }
     return rect;
 }

@@ -57,13 +57,13 @@ private:
 namespace {
 
 // Longer than every timer of the trap.
-constexpr int c_nTrapTime = 300;
+constexpr int g_nTrapTime = 300;
 
 void showLoaded(QWebView *pView)
 {
     pView->resize(400, 300);
     pView->show();
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
 }
 
 } // namespace
@@ -137,7 +137,7 @@ void tst_PageSafety::trap_openedInTheEditor_hasNoEffect()
     QTest::keyClick(&view, Qt::Key_X);
     QTest::keyClick(&view, Qt::Key_Backspace);
     ctrlClick(&view, QStringLiteral("#a"));
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
     QCOMPARE(view.title(), QStringLiteral("quiet"));
     QCOMPARE(view.page()->mainFrame()->findAllElements(QStringLiteral("p")).count(), 1);
     QVERIFY(view.htmlForSaving().contains("document.write('<p>written</p>')"));
@@ -169,7 +169,7 @@ void tst_PageSafety::trap_previewedAsFile_asksNobody()
     auto *pWeb = preview.findChild<QWebView *>();
     QVERIFY(pWeb);
     QTRY_VERIFY(pWeb->page()->mainFrame()->toPlainText().contains(QLatin1String("text")));
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
     QCOMPARE(pWeb->title(), QStringLiteral("quiet"));
     QCOMPARE(m_lstAsked, QStringList());
 }
@@ -182,7 +182,7 @@ void tst_PageSafety::trap_previewedAsText_asksNobody()
     preview.previewHtml(QString::fromLatin1(trap()), QUrl());
     auto *pWeb = preview.findChild<QWebView *>();
     QVERIFY(pWeb);
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
     QCOMPARE(pWeb->title(), QStringLiteral("quiet"));
     QCOMPARE(m_lstAsked, QStringList());
 }
@@ -199,7 +199,7 @@ void tst_PageSafety::scriptsOfThePage_sleepDuringOurOwn()
                                    "<script>document.title = 'ran'</script>"
                                    "<svg onload=\"document.title = 'ran'\"></svg>"));
     view.isBold();
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
     QCOMPARE(view.title(), QStringLiteral("quiet"));
     QCOMPARE(m_lstAsked, QStringList());
 }
@@ -227,7 +227,7 @@ void tst_PageSafety::metaRefresh_goesNowhere()
                                        .arg(strRefresh)
                                        .toUtf8())));
     QSignalSpy spy(&view, &QWebView::loadStarted);
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
     QVERIFY(spy.isEmpty());
     QCOMPARE(textOf(&view), QStringLiteral("own"));
     QVERIFY(view.showsOwnFile());
@@ -269,7 +269,7 @@ void tst_PageSafety::formIsNotSent()
                                            + "'><input type=submit></form>")));
     showLoaded(&view);
     ctrlClick(&view, QStringLiteral("input"));
-    QTest::qWait(c_nTrapTime);
+    QTest::qWait(g_nTrapTime);
     QCOMPARE(m_lstAsked, QStringList());
     QVERIFY(view.showsOwnFile());
 }

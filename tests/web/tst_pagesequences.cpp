@@ -28,10 +28,9 @@ void tst_PageSequences::anyChanges_readBackAsTheShownPage()
         ? qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES")
         : g_nSequences;
     QVector<SRealPage> lstPages = samplePages();
-    for (const SRealPage &page : installedPages()) {
+    for (const SRealPage &page : installedPages())
         if (page.content.size() < g_nLargest)
             lstPages.append(page);
-    }
     const QVector<Author::SAction> lstActions = Author::actions();
     CPageReader reader;
     const CWebCase c;

@@ -71,10 +71,9 @@ QString tst_Preview::visibleKind() const
     QStringList lstKinds;
     const QList<QWidget *> lstViews =
         m_pPreview->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-    for (const QWidget *pView : lstViews) {
+    for (const QWidget *pView : lstViews)
         if (pView->isVisible())
             lstKinds.append(QString::fromLatin1(pView->metaObject()->className()));
-    }
     return lstKinds.join(QLatin1Char(' '));
 }
 

@@ -56,8 +56,8 @@ inline QString textOf(const CEditWebView *pPage)
 // Marks the page modified on every change, as the window does.
 inline void followChanges(CEditWebView *pPage)
 {
-    QObject::connect(pPage->page(), &QWebPage::contentsChanged, pPage,
-                     [pPage] { pPage->setModified(true); });
+    QObject::connect(
+        pPage->page(), &QWebPage::contentsChanged, pPage, [pPage] { pPage->setModified(true); });
 }
 
 inline QVariant run(const CEditWebView *pPage, const QString &strScript)
