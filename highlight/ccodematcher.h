@@ -38,7 +38,7 @@ public:
     bool finish(std::vector<SHighlightRange> *pRanges, const AbortCheck &isAborted) const;
 
 private:
-    struct Pattern
+    struct SPattern
     {
         int nRule = 0; // of keywords
         HighlightRole role = HighlightRole::Keyword;
@@ -48,7 +48,7 @@ private:
     };
     // The next match of a pattern, kept for the part of the line behind: a long line with many
     // parts is not searched to its end for each of them.
-    struct Next
+    struct SNext
     {
         int nFrom = -1; // where the search began; -1: not yet
         int nStart = -1;
@@ -77,13 +77,13 @@ private:
     void tryPattern(int nBit, int nAt) const;
     bool searchSlowly(HighlightRole role, int nFrom, int nTo, const AbortCheck &isAborted) const;
     void searchSlowly(size_t nPattern, int nFrom, int nTo) const;
-    void take(const Pattern &pattern, int nStart, int nLength) const;
-    void dropHits(const Pattern &pattern) const;
+    void take(const SPattern &pattern, int nStart, int nLength) const;
+    void dropHits(const SPattern &pattern) const;
     void addKeywords() const;
 
     Qt::CaseSensitivity m_sensitivity;
     CKeywordTable m_table;
-    std::vector<Pattern> m_lstPatterns;
+    std::vector<SPattern> m_lstPatterns;
     int m_nRules = 0;
     bool m_bOwnNumbers = false;
     bool m_bOwnOperators = false;
@@ -103,7 +103,7 @@ private:
     mutable const CSymbolLine *m_pLine = nullptr;
     mutable quint64 m_nPossible = 0;
     mutable std::vector<size_t> m_lstSlow; // patterns
-    mutable std::vector<Next> m_lstNext; // of each pattern
+    mutable std::vector<SNext> m_lstNext; // of each pattern
     // Of the part under way.
     mutable int m_nFrom = 0;
     mutable int m_nTo = 0;

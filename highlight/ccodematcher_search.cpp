@@ -51,7 +51,7 @@ void CCodeMatcher::tryRules(quint64 nBits, int nAt) const
 
 void CCodeMatcher::tryPattern(int nBit, int nAt) const
 {
-    const Pattern &pattern = m_lstPatterns[size_t(nBit)];
+    const SPattern &pattern = m_lstPatterns[size_t(nBit)];
     CAnchoredPattern *const pMachine = m_arrMachines[size_t(nBit)];
     const int nBehind = pMachine->endOfMatch(*m_pLine, nAt);
     if (!pMachine->isUsable()) {
@@ -60,7 +60,7 @@ void CCodeMatcher::tryPattern(int nBit, int nAt) const
         m_nPossible &= ~bit(nBit);
         m_nEnded |= bit(nBit);
         m_lstSlow.push_back(size_t(nBit));
-        m_lstNext.assign(m_lstPatterns.size(), Next());
+        m_lstNext.assign(m_lstPatterns.size(), SNext());
         return;
     }
     if (nBehind < 0)
@@ -74,7 +74,7 @@ void CCodeMatcher::tryPattern(int nBit, int nAt) const
     m_nMoved |= bit(nBit);
 }
 
-void CCodeMatcher::take(const Pattern &pattern, int nStart, int nLength) const
+void CCodeMatcher::take(const SPattern &pattern, int nStart, int nLength) const
 {
     if (pattern.role == HighlightRole::Keyword) {
         m_lstHits.push_back({pattern.nRule, nStart, nLength});
@@ -85,7 +85,7 @@ void CCodeMatcher::take(const Pattern &pattern, int nStart, int nLength) const
 }
 
 // What its machine found before it grew too large.
-void CCodeMatcher::dropHits(const Pattern &pattern) const
+void CCodeMatcher::dropHits(const SPattern &pattern) const
 {
     if (pattern.role != HighlightRole::Keyword) {
         (pattern.role == HighlightRole::Number ? m_lstNumbers : m_lstOperators).clear();
@@ -111,8 +111,8 @@ bool CCodeMatcher::searchSlowly(HighlightRole role, int nFrom, int nTo,
 
 void CCodeMatcher::searchSlowly(size_t nPattern, int nFrom, int nTo) const
 {
-    const Pattern &pattern = m_lstPatterns[nPattern];
-    Next &next = m_lstNext[nPattern];
+    const SPattern &pattern = m_lstPatterns[nPattern];
+    SNext &next = m_lstNext[nPattern];
     const auto search = [&](int nAt) {
         next.nFrom = nAt;
         next.nStart = pattern.pattern.indexIn(*m_pLine, nAt);

@@ -63,7 +63,7 @@ void CCodeMatcher::enter(int nBit,
 // anything for a pattern that is tried at the line's start only.
 void CCodeMatcher::require(size_t nPattern) const
 {
-    const Pattern &pattern = m_lstPatterns[nPattern];
+    const SPattern &pattern = m_lstPatterns[nPattern];
     const bool bRun = nPattern < nMaxPatterns && (m_nRun & bit(int(nPattern)));
     const CAnchoredPattern *const pMachine = bRun ? m_arrMachines[nPattern] : nullptr;
     pattern.nRequired = 0;
@@ -117,7 +117,7 @@ void CCodeMatcher::setLine(const CSymbolLine *pLine) const
         ask(*pLine);
     }
     if (!m_lstSlow.empty())
-        m_lstNext.assign(m_lstPatterns.size(), Next());
+        m_lstNext.assign(m_lstPatterns.size(), SNext());
 }
 
 // Leaves out the patterns that the line cannot hold.

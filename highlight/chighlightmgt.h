@@ -9,14 +9,14 @@
 // What is kept of all definition files, under their base names.
 struct SDefinitionRegistry
 {
-    struct FirstLine
+    struct SFirstLine
     {
         QStringList lstNames; // by which mode lines and programs call the language
         QString strPattern; // of what its files begin with
     };
 
     QMap<QString, QVariant> mapTable;
-    QMap<QString, FirstLine> mapFirstLines;
+    QMap<QString, SFirstLine> mapFirstLines;
 };
 
 // The registry of language definition files. It is built once from a folder and keeps a small entry

@@ -42,7 +42,7 @@ bool CKeywordTable::add(const QString &strKeyword, int nRule)
     QString strFolded = strPlain;
     std::transform(strFolded.begin(), strFolded.end(), strFolded.begin(),
                    [this](QChar ch) { return folded(ch); });
-    Entry entry {strFolded, {}, bAscii, nWordLength, nRule, 0, -1};
+    SEntry entry {strFolded, {}, bAscii, nWordLength, nRule, 0, -1};
     for (const QChar ch : strFolded)
         entry.lstSymbols.push_back(uchar(symbolOf(ch)));
     entry.nHash = hashOf(entry.lstSymbols.data(), nWordLength);
@@ -77,7 +77,7 @@ uint CKeywordTable::hashOf(const uchar *pSymbols, int nLength)
 
 void CKeywordTable::link(int nEntry)
 {
-    Entry &entry = m_lstEntries[size_t(nEntry)];
+    SEntry &entry = m_lstEntries[size_t(nEntry)];
     int &nHead = m_lstBuckets[entry.nHash & (m_lstBuckets.size() - 1)];
     entry.nNext = nHead;
     nHead = nEntry;
@@ -108,7 +108,7 @@ void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<SKeywor
     const uint nHash = hashOf(pSymbols, nLength);
     const int nLeft = line.size() - nAt;
     for (int n = m_lstBuckets[nHash & (m_lstBuckets.size() - 1)]; n >= 0;) {
-        const Entry &entry = m_lstEntries[size_t(n)];
+        const SEntry &entry = m_lstEntries[size_t(n)];
         n = entry.nNext;
         const auto nSize = int(entry.lstSymbols.size());
         // What a keyword holds behind its first word is compared, too, and that it ends where a
@@ -126,12 +126,12 @@ void CKeywordTable::findFolding(const CSymbolLine &line, int nAt,
                                 std::vector<SKeywordHit> *pHits) const
 {
     const int nLength = endOfWord(line.text(), nAt) - nAt;
-    for (const Entry &entry : m_lstEntries)
+    for (const SEntry &entry : m_lstEntries)
         if (entry.nWordLength == nLength && isAt(entry, line.text(), nAt))
             pHits->push_back({entry.nRule, nAt, entry.strKeyword.size()});
 }
 
-bool CKeywordTable::isAt(const Entry &entry, const QString &strText, int nAt) const
+bool CKeywordTable::isAt(const SEntry &entry, const QString &strText, int nAt) const
 {
     const int nLength = entry.strKeyword.size();
     const int nAfter = nAt + nLength;

@@ -33,7 +33,7 @@ public:
     void findAt(const CSymbolLine &line, int nAt, std::vector<SKeywordHit> *pHits) const;
 
 private:
-    struct Entry
+    struct SEntry
     {
         QString strKeyword; // folded when letter case does not count
         std::vector<uchar> lstSymbols; // of it
@@ -48,10 +48,10 @@ private:
     static uint hashOf(const uchar *pSymbols, int nLength);
     void link(int nEntry);
     void findFolding(const CSymbolLine &line, int nAt, std::vector<SKeywordHit> *pHits) const;
-    bool isAt(const Entry &entry, const QString &strText, int nAt) const;
+    bool isAt(const SEntry &entry, const QString &strText, int nAt) const;
 
     Qt::CaseSensitivity m_sensitivity;
-    std::vector<Entry> m_lstEntries;
+    std::vector<SEntry> m_lstEntries;
     std::vector<int> m_lstBuckets; // heads of the chains; their count is a power of two
     // For each symbol the lengths of words that begin with it, as bits; bit 31 stands for 31 and
     // more.

@@ -78,7 +78,7 @@ void CLanguage::readKeywords(const QVariantMap &mapHighlighting)
 void CLanguage::setLine(const CSymbolLine *pLine) const
 {
     m_pLine = pLine;
-    m_open = m_close = NextTag();
+    m_open = m_close = SNextTag();
     m_code.setLine(pLine);
 }
 
@@ -116,7 +116,7 @@ bool CLanguage::lookThroughTags(int nFrom, int nTo, bool *pInsideTag,
     return m_code.lookThrough(nAt, nTo, false, isAborted);
 }
 
-int CLanguage::NextTag::from(int n, const CLinePattern &pattern, const CSymbolLine &line)
+int CLanguage::SNextTag::from(int n, const CLinePattern &pattern, const CSymbolLine &line)
 {
     if (nFrom < 0 || n < nFrom || (nAt >= 0 && n > nAt)) {
         nFrom = n;

@@ -31,7 +31,7 @@ public:
 
 private:
     // The next tag's start or end, kept for the part behind.
-    struct NextTag
+    struct SNextTag
     {
         int nFrom = -1; // where the search began; -1: not yet
         int nAt = -1;
@@ -47,8 +47,8 @@ private:
 
     CCodeMatcher m_code;
     mutable const CSymbolLine *m_pLine = nullptr;
-    mutable NextTag m_open;
-    mutable NextTag m_close;
+    mutable SNextTag m_open;
+    mutable SNextTag m_close;
     // Keywords count only between the two; both empty: everywhere.
     CLinePattern m_tagOpen;
     CLinePattern m_tagClose;

@@ -104,7 +104,7 @@ void CPatternAutomaton::classify()
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         m_arrClass[nSymbol] = arrWordSymbols[nSymbol];
     std::vector<SymbolSet> lstSets;
-    for (const NfaState &nfa : m_lstNfa) {
+    for (const SNfaState &nfa : m_lstNfa) {
         if (std::find(lstSets.begin(), lstSets.end(), nfa.set) == lstSets.end()) {
             lstSets.push_back(nfa.set);
             nClasses = divideClasses(nfa.set, nClasses);
@@ -174,7 +174,7 @@ int CPatternAutomaton::step(int nState, int nSymbol)
         if (lstSeen[size_t(n)])
             continue;
         lstSeen[size_t(n)] = true;
-        const NfaState &nfa = m_lstNfa[size_t(n)];
+        const SNfaState &nfa = m_lstNfa[size_t(n)];
         if (n == g_nAccept) {
             bEnds = true;
         } else if (nfa.kind == SPatternNode::Choice) {

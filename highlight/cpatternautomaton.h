@@ -41,7 +41,7 @@ public:
     bool matchesBackwards(const CSymbolLine &line, int nEnd, int nMax);
 
 private:
-    struct NfaState
+    struct SNfaState
     {
         SPatternNode::Kind
             kind {}; // Nothing: go on in nOut, Choice: also in nOther; the rest as named
@@ -49,7 +49,7 @@ private:
         int nOut = 0;
         int nOther = 0;
     };
-    struct State
+    struct SState
     {
         std::vector<int> lstNfa; // what it stands for, before anchors are looked at
         int nContext;
@@ -72,7 +72,7 @@ private:
     void run(int nState, SymbolAt symbolAt, OnEnd onEnd);
     template<typename OnEnd> void runForwards(const CSymbolLine &line, int nStart, OnEnd onEnd);
 
-    std::vector<NfaState> m_lstNfa;
+    std::vector<SNfaState> m_lstNfa;
     int m_nStart = 0;
     bool m_bUsesWords = false;
     bool m_bUsable = true;
@@ -81,7 +81,7 @@ private:
     std::array<SymbolSet, ContextCount> m_arrMayStart;
     SymbolSet m_emptyBefore;
     SymbolSet m_heldFirst;
-    std::vector<State> m_lstStates;
+    std::vector<SState> m_lstStates;
     // For each state the steps by the symbol ahead: code(), or -1 when not yet known.
     std::vector<qint16> m_lstSteps;
     std::map<std::pair<std::vector<int>, int>, int> m_mapStates;

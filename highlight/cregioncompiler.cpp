@@ -200,7 +200,7 @@ int CRegionCompiler::addBegin(const QVariantMap &mapElement, int nContext)
 
 void CRegionCompiler::resolve()
 {
-    for (const Reference &reference : m_lstReferences) {
+    for (const SReference &reference : m_lstReferences) {
         SRegionContext &context = m_lstContexts[size_t(reference.nContext)];
         context.nNext = m_mapNamed.value(reference.strNext, -1);
         for (const QString &strGroup : reference.lstGroups) {

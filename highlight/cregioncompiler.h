@@ -19,7 +19,7 @@ public:
 
 private:
     // What is filled in when all elements have been seen.
-    struct Reference
+    struct SReference
     {
         int nContext;
         QString strNext;
@@ -40,5 +40,5 @@ private:
     const Qt::CaseSensitivity m_sensitivity;
     QMap<QString, std::vector<int>> m_mapGroups;
     QMap<QString, int> m_mapNamed;
-    std::vector<Reference> m_lstReferences;
+    std::vector<SReference> m_lstReferences;
 };

@@ -64,7 +64,7 @@ protected:
     void run() override;
 
 private:
-    struct Pass;
+    struct SPass;
 
     // Requests, GUI thread.
     void startIfIdle();
@@ -74,16 +74,16 @@ private:
     void onEditSettled();
 
     // The pass, worker thread.
-    void beginPass(Pass *pPass);
-    void runPass(Pass *pPass);
-    void takeRules(Pass *pPass) const;
-    bool isCutShort(const Pass &pass) const;
-    bool processVisible(const Pass &pass);
-    bool processStates(const Pass &pass, const CLineStore::SBatch &batch);
-    bool processBatch(const Pass &pass, const CLineStore::SBatch &batch,
+    void beginPass(SPass *pPass);
+    void runPass(SPass *pPass);
+    void takeRules(SPass *pPass) const;
+    bool isCutShort(const SPass &pass) const;
+    bool processVisible(const SPass &pass);
+    bool processStates(const SPass &pass, const CLineStore::SBatch &batch);
+    bool processBatch(const SPass &pass, const CLineStore::SBatch &batch,
                       CLineStore::Order order = CLineStore::InOrder);
-    bool endPass(const Pass &pass);
-    void send(const Pass &pass, std::vector<SHighlightResult> *pResults, CLineStore::Order order);
+    bool endPass(const SPass &pass);
+    void send(const SPass &pass, std::vector<SHighlightResult> *pResults, CLineStore::Order order);
 
     // Results, GUI thread.
     void deliver();

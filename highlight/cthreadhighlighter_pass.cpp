@@ -3,7 +3,7 @@
 #include "highlight/cselectedword.h"
 #include "highlight/cthreadhighlighter.h"
 
-struct CThreadHighlighter::Pass
+struct CThreadHighlighter::SPass
 {
     uint nVersion = 0;
     // What follows is looked at anew for each batch.
@@ -18,14 +18,14 @@ struct CThreadHighlighter::Pass
 
 void CThreadHighlighter::run()
 {
-    Pass pass;
+    SPass pass;
     do {
         beginPass(&pass);
         runPass(&pass);
     } while (!endPass(pass));
 }
 
-void CThreadHighlighter::beginPass(Pass *pPass)
+void CThreadHighlighter::beginPass(SPass *pPass)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     m_bActive = true;
@@ -38,7 +38,7 @@ void CThreadHighlighter::beginPass(Pass *pPass)
     m_bSelectionRestart = false;
 }
 
-void CThreadHighlighter::runPass(Pass *pPass)
+void CThreadHighlighter::runPass(SPass *pPass)
 {
     for (int nLine = 0; !isCutShort(*pPass);) {
         takeRules(pPass);
@@ -63,7 +63,7 @@ void CThreadHighlighter::runPass(Pass *pPass)
 
 // The rules may change in the middle of a pass. The generation is read first: a result of old rules
 // is then never taken for one of the new.
-void CThreadHighlighter::takeRules(Pass *pPass) const
+void CThreadHighlighter::takeRules(SPass *pPass) const
 {
     pPass->nGeneration = m_pLines->generation();
     const std::lock_guard<std::mutex> locker(m_mutex);
@@ -76,7 +76,7 @@ void CThreadHighlighter::takeRules(Pass *pPass) const
 
 // Nothing of an old version can be applied any more; the edit that began the new one brings a
 // request.
-bool CThreadHighlighter::isCutShort(const Pass &pass) const
+bool CThreadHighlighter::isCutShort(const SPass &pass) const
 {
     return m_bStop || (m_bSyntaxRestart && m_bSelectionRestart)
         || m_pLines->version() != pass.nVersion;
@@ -85,7 +85,7 @@ bool CThreadHighlighter::isCutShort(const Pass &pass) const
 // What can be seen comes first, but never by a guess: its colours hang on the states of all lines
 // before it. They are worked out ahead, which is fast; the results of those lines come in their
 // turn, since it is showing them that takes long. False when there is nothing to do for it.
-bool CThreadHighlighter::processVisible(const Pass &pass)
+bool CThreadHighlighter::processVisible(const SPass &pass)
 {
     if (pass.nLastVisible < pass.nFirstVisible)
         return false;
@@ -98,7 +98,7 @@ bool CThreadHighlighter::processVisible(const Pass &pass)
     return !before.lst.empty() && processStates(pass, before);
 }
 
-bool CThreadHighlighter::processStates(const Pass &pass, const CLineStore::SBatch &batch)
+bool CThreadHighlighter::processStates(const SPass &pass, const CLineStore::SBatch &batch)
 {
     const auto isAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
     std::vector<CLineStore::SDone> lstDone;
@@ -114,7 +114,7 @@ bool CThreadHighlighter::processStates(const Pass &pass, const CLineStore::SBatc
     return m_pLines->commitStates(pass.nVersion, pass.nGeneration, lstDone);
 }
 
-bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::SBatch &batch,
+bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatch &batch,
                                       CLineStore::Order order)
 {
     const auto isSyntaxAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
@@ -160,7 +160,7 @@ bool CThreadHighlighter::processBatch(const Pass &pass, const CLineStore::SBatch
 
 // True when the run is over. A request that comes later finds the worker inactive and starts it
 // anew.
-bool CThreadHighlighter::endPass(const Pass &pass)
+bool CThreadHighlighter::endPass(const SPass &pass)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     if (!m_bStop && (m_bSyntaxRestart || m_bSelectionRestart)) {
@@ -176,7 +176,7 @@ bool CThreadHighlighter::endPass(const Pass &pass)
     return true;
 }
 
-void CThreadHighlighter::send(const Pass &pass, std::vector<SHighlightResult> *pResults,
+void CThreadHighlighter::send(const SPass &pass, std::vector<SHighlightResult> *pResults,
                               CLineStore::Order order)
 {
     if (order == CLineStore::First)

@@ -21,22 +21,22 @@ QVariantMap withoutRegions(QVariantMap mapDefinition)
 }
 
 // The same files, compared in four ways.
-struct Row
+struct SRow
 {
-    Comparison fixed; // the fixed rules alone, with the peer as it stands
-    Comparison asItStands;
-    Comparison byGrammar; // the peer's styles put right
-    Comparison left; // and the places left out that were looked at
+    SComparison fixed; // the fixed rules alone, with the peer as it stands
+    SComparison asItStands;
+    SComparison byGrammar; // the peer's styles put right
+    SComparison left; // and the places left out that were looked at
     QMap<QString, int> mapStyles; // characters that differ then, by the peer's styles
     int nFiles = 0;
 };
 
-void nameRuns(QTextStream *pOut, const QString &strPath, const Comparison &one,
-              const std::vector<WrongRun> &lstRuns)
+void nameRuns(QTextStream *pOut, const QString &strPath, const SComparison &one,
+              const std::vector<SWrongRun> &lstRuns)
 {
     *pOut << "  " << QString::number(one.characterShare(), 'f', 2) << " % " << strPath << " "
           << QFileInfo(strPath).size() << "\n";
-    for (const WrongRun &run : lstRuns)
+    for (const SWrongRun &run : lstRuns)
         *pOut << "    " << run.nLines << " lines from " << run.nFirst + 1 << "\n";
 }
 
@@ -53,11 +53,11 @@ void countStyles(const CharacterClasses &lstOurs, const CharacterClasses &lstPee
     }
 }
 
-bool compareOne(const FileKind &kind, const QString &strPath, const QVariantMap &mapDefinition,
-                const CLookedAt &lookedAt, Row *pRow, QTextStream *pRuns)
+bool compareOne(const SFileKind &kind, const QString &strPath, const QVariantMap &mapDefinition,
+                const CLookedAt &lookedAt, SRow *pRow, QTextStream *pRuns)
 {
     const QStringList lstLines = readLines(strPath);
-    PeersText peer = classesOfPeer(kind.strName, kind.strFileName, lstLines);
+    SPeersText peer = classesOfPeer(kind.strName, kind.strFileName, lstLines);
     if (peer.asItStands.empty())
         return false;
     const CharacterClasses lstOurs = classesOfOurs(mapDefinition, lstLines);
@@ -66,8 +66,8 @@ bool compareOne(const FileKind &kind, const QString &strPath, const QVariantMap 
     pRow->asItStands.add(compareFile(lstOurs, peer.asItStands));
     pRow->byGrammar.add(compareFile(lstOurs, peer.byGrammar));
     lookedAt.settle(kind.strName, strPath, QFileInfo(strPath).size(), lstOurs, &peer.byGrammar);
-    std::vector<WrongRun> lstRuns;
-    const Comparison left = compareFile(lstOurs, peer.byGrammar, g_nRunWorthNaming, &lstRuns);
+    std::vector<SWrongRun> lstRuns;
+    const SComparison left = compareFile(lstOurs, peer.byGrammar, g_nRunWorthNaming, &lstRuns);
     pRow->left.add(left);
     ++pRow->nFiles;
     if (pRuns) {
@@ -77,12 +77,12 @@ bool compareOne(const FileKind &kind, const QString &strPath, const QVariantMap 
     return true;
 }
 
-Row compareKind(const FileKind &kind, const Options &options, const QVariantMap &mapDefinition,
-                QTextStream *pRuns)
+SRow compareKind(const SFileKind &kind, const SOptions &options, const QVariantMap &mapDefinition,
+                 QTextStream *pRuns)
 {
     static const CLookedAt s_lookedAt(
         QStringLiteral(QUILLAN_SOURCE_DIR "/bench/colours/peer-wrong.tsv"));
-    Row row;
+    SRow row;
     const QStringList lstFiles =
         filesOf(kind, options.strRoot, g_nFilesPerLanguage, options.bOthers ? 1 : 0);
     for (const QString &strPath : lstFiles)
@@ -96,7 +96,7 @@ QString number(double f)
     return QString::number(f, 'f', 2);
 }
 
-void printRow(QTextStream *pOut, const QString &strName, const Row &row)
+void printRow(QTextStream *pOut, const QString &strName, const SRow &row)
 {
     for (auto it = row.mapStyles.begin(); it != row.mapStyles.end(); ++it)
         *pOut << "  " << it.value() << " characters, " << it.key() << "\n";
@@ -112,7 +112,7 @@ void printRow(QTextStream *pOut, const QString &strName, const Row &row)
 
 } // namespace
 
-void printAgreement(const CHighlightMgt &registry, const Options &options)
+void printAgreement(const CHighlightMgt &registry, const SOptions &options)
 {
     QTextStream out(stdout);
     out.setCodec("UTF-8");
@@ -122,11 +122,11 @@ void printAgreement(const CHighlightMgt &registry, const Options &options)
            "stands | left |\n|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
     double arrSums[4] = {};
     int nRows = 0;
-    for (const FileKind &kind : fileKinds()) {
+    for (const SFileKind &kind : fileKinds()) {
         if (!options.strOnly.isEmpty() && kind.strName != options.strOnly)
             continue;
-        const Row row = compareKind(kind, options, registry.definitionForFile(kind.strFileName),
-                                    options.strOnly.isEmpty() ? nullptr : &out);
+        const SRow row = compareKind(kind, options, registry.definitionForFile(kind.strFileName),
+                                     options.strOnly.isEmpty() ? nullptr : &out);
         printRow(&out, kind.strName, row);
         arrSums[0] += row.fixed.characterShare();
         arrSums[1] += row.asItStands.characterShare();

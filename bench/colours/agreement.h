@@ -5,7 +5,7 @@
 #include <QString>
 
 // What is compared.
-struct Options
+struct SOptions
 {
     QString strRoot;
     QString strOnly; // the only language
@@ -14,4 +14,4 @@ struct Options
 
 // Prints the table with a row per language. Of a single language also the runs of wrong lines and
 // the peer's styles.
-void printAgreement(const CHighlightMgt &registry, const Options &options);
+void printAgreement(const CHighlightMgt &registry, const SOptions &options);

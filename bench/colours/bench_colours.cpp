@@ -21,7 +21,7 @@ int main(int nArguments, char *arrArguments[])
         printMarkedFile(registry, lst.at(2), lst.value(3, lst.at(2).section('/', -1)));
         return 0;
     }
-    Options options;
+    SOptions options;
     options.bOthers = lst.value(1) == QLatin1String("--others");
     options.strRoot = lst.value(options.bOthers ? 2 : 1);
     options.strOnly = lst.value(options.bOthers ? 3 : 2);

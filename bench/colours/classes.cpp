@@ -39,7 +39,7 @@ class CPeer : public KSyntaxHighlighting::AbstractHighlighter
 public:
     explicit CPeer(QString strLanguage) : m_strLanguage(std::move(strLanguage)) { }
 
-    PeersText run(const QStringList &lstLines)
+    SPeersText run(const QStringList &lstLines)
     {
         KSyntaxHighlighting::State state;
         for (const QString &strLine : lstLines) {
@@ -71,7 +71,7 @@ protected:
 private:
     const QString m_strLanguage;
     QString m_strLine;
-    PeersText m_text;
+    SPeersText m_text;
 };
 
 } // namespace
@@ -97,13 +97,13 @@ CharacterClasses classesOfOurs(const QVariantMap &mapDefinition, const QStringLi
     return lst;
 }
 
-PeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
-                        const QStringList &lstLines)
+SPeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
+                         const QStringList &lstLines)
 {
     static KSyntaxHighlighting::Repository s_repository;
     const auto definition = s_repository.definitionForFileName(strFileName);
     if (!definition.isValid())
-        return PeersText();
+        return SPeersText();
     CPeer peer(strLanguage);
     peer.setDefinition(definition);
     return peer.run(lstLines);

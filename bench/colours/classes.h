@@ -7,7 +7,7 @@
 // For each character of each line: is it comment or string?
 using CharacterClasses = std::vector<std::vector<bool>>;
 
-struct PeersText
+struct SPeersText
 {
     CharacterClasses asItStands; // by the kinds of its styles
     CharacterClasses byGrammar; // with what its styles say otherwise put right
@@ -17,5 +17,5 @@ struct PeersText
 CharacterClasses classesOfOurs(const QVariantMap &mapDefinition, const QStringList &lstLines);
 // strFileName decides the peer's definition; empty when it has none. strLanguage is the one of the
 // table of styles.
-PeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
-                        const QStringList &lstLines);
+SPeersText classesOfPeer(const QString &strLanguage, const QString &strFileName,
+                         const QStringList &lstLines);

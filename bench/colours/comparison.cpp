@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-void Comparison::add(const Comparison &other)
+void SComparison::add(const SComparison &other)
 {
     nCharacters += other.nCharacters;
     nDiffering += other.nDiffering;
@@ -11,11 +11,11 @@ void Comparison::add(const Comparison &other)
     nLongestRun = std::max(nLongestRun, other.nLongestRun);
 }
 
-Comparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
-                       int nMinRun, std::vector<WrongRun> *pRuns)
+SComparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
+                        int nMinRun, std::vector<SWrongRun> *pRuns)
 {
-    Comparison result;
-    WrongRun run {0, 0};
+    SComparison result;
+    SWrongRun run {0, 0};
     const auto endRun = [&] {
         result.nLongestRun = std::max(result.nLongestRun, run.nLines);
         if (pRuns && run.nLines >= nMinRun)

@@ -3,7 +3,7 @@
 #include "classes.h"
 
 // How two engines differ over the files of a language.
-struct Comparison
+struct SComparison
 {
     qint64 nCharacters = 0;
     qint64 nDiffering = 0;
@@ -11,7 +11,7 @@ struct Comparison
     qint64 nWrongLines = 0; // of whose characters more than half differ
     int nLongestRun = 0; // of such lines, one after the other
 
-    void add(const Comparison &other);
+    void add(const SComparison &other);
     double characterShare() const { return share(nDiffering, nCharacters); }
     double lineShare() const { return share(nWrongLines, nLines); }
 
@@ -20,12 +20,12 @@ private:
 };
 
 // A run of lines mostly wrong, counted from 0.
-struct WrongRun
+struct SWrongRun
 {
     int nFirst;
     int nLines;
 };
 
 // One file; the runs of at least nMinRun lines go to *pRuns.
-Comparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
-                       int nMinRun = 0, std::vector<WrongRun> *pRuns = nullptr);
+SComparison compareFile(const CharacterClasses &lstOurs, const CharacterClasses &lstPeers,
+                        int nMinRun = 0, std::vector<SWrongRun> *pRuns = nullptr);

@@ -23,9 +23,9 @@ bool isReadable(const QString &strPath)
 
 } // namespace
 
-const QList<FileKind> &fileKinds()
+const QList<SFileKind> &fileKinds()
 {
-    static const QList<FileKind> s_lst {
+    static const QList<SFileKind> s_lst {
         {"AsciiDoc", "a.adoc", {"src-weechat"}, {"*.adoc"}},
         {"C", "a.c", {"src-git", "src-bash"}, {"*.c"}},
         {"C++", "a.cpp", {"src-weechat", "/usr/include/x86_64-linux-gnu/qt5"}, {"*.cpp", "*.h"}},
@@ -91,7 +91,7 @@ QStringList spread(const QStringList &lstAll, int nCount)
 
 } // namespace
 
-QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, int nSet)
+QStringList filesOf(const SFileKind &kind, const QString &strRoot, int nCount, int nSet)
 {
     QStringList lstAll;
     for (const QString &strFolder : kind.lstFolders) {

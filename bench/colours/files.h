@@ -4,7 +4,7 @@
 #include <QStringList>
 
 // A language and where real files of it are.
-struct FileKind
+struct SFileKind
 {
     QString strName;
     QString strFileName; // decides the definitions of both engines
@@ -12,11 +12,11 @@ struct FileKind
     QStringList lstPatterns; // of file names
 };
 
-const QList<FileKind> &fileKinds();
+const QList<SFileKind> &fileKinds();
 
 // nCount files of the kind, spread evenly over all that are neither tiny nor huge. Set 1 is made of
 // files that set 0 does not hold, and so on.
-QStringList filesOf(const FileKind &kind, const QString &strRoot, int nCount, int nSet = 0);
+QStringList filesOf(const SFileKind &kind, const QString &strRoot, int nCount, int nSet = 0);
 
 // Of a file in UTF-8, without their ends; none when it cannot be read.
 QStringList readLines(const QString &strPath);

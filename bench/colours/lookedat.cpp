@@ -22,7 +22,7 @@ CLookedAt::CLookedAt(const QString &strListPath)
 void CLookedAt::settle(const QString &strLanguage, const QString &strPath, qint64 nSize,
                        const CharacterClasses &lstOurs, CharacterClasses *pPeers) const
 {
-    for (const Place &place : m_lstPlaces) {
+    for (const SPlace &place : m_lstPlaces) {
         if (place.strLanguage != strLanguage || place.nSize != nSize
             || !strPath.endsWith(place.strPathEnd))
             continue;

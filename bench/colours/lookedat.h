@@ -15,7 +15,7 @@ public:
                 const CharacterClasses &lstOurs, CharacterClasses *pPeers) const;
 
 private:
-    struct Place
+    struct SPlace
     {
         QString strLanguage;
         QString strPathEnd;
@@ -24,5 +24,5 @@ private:
         int nLast;
     };
 
-    QList<Place> m_lstPlaces;
+    QList<SPlace> m_lstPlaces;
 };

@@ -12,7 +12,7 @@ void printMarkedFile(const CHighlightMgt &registry, const QString &strPath, cons
     const QStringList lstLines = readLines(strPath);
     const CharacterClasses lstOurs = classesOfOurs(registry.definitionForFile(strName), lstLines);
     QString strLanguage;
-    for (const FileKind &kind : fileKinds())
+    for (const SFileKind &kind : fileKinds())
         if (kind.strFileName.section('.', -1) == strName.section('.', -1))
             strLanguage = kind.strName;
     const CharacterClasses lstPeers = classesOfPeer(strLanguage, strName, lstLines).byGrammar;

@@ -2,7 +2,7 @@
 
 namespace {
 
-struct StyleFault
+struct SStyleFault
 {
     const char *pszLanguage;
     const char *pszStyle;
@@ -11,7 +11,7 @@ struct StyleFault
     const char *pszReason;
 };
 
-constexpr StyleFault g_arrFaults[] = {
+constexpr SStyleFault g_arrFaults[] = {
     {"AsciiDoc", "Delimiter", nullptr, true, "the lines around a listing belong to it"},
     {"AsciiDoc", "Section Title", nullptr, false, "a heading is no string"},
     {"Diff", "Removed line", nullptr, false, "a removed line is no string"},
@@ -34,7 +34,7 @@ constexpr StyleFault g_arrFaults[] = {
 
 std::optional<bool> classByGrammar(const QString &strLanguage, const QString &strStyle, QChar ch)
 {
-    for (const StyleFault &fault : g_arrFaults)
+    for (const SStyleFault &fault : g_arrFaults)
         if (strLanguage == QLatin1String(fault.pszLanguage)
             && strStyle == QLatin1String(fault.pszStyle)
             && (!fault.pszCharacters || QLatin1String(fault.pszCharacters).contains(ch)))

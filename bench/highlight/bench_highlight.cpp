@@ -37,7 +37,7 @@ QString ratio(double fSeconds, double fOurs, double fScale = 1)
     return fSeconds <= 0 ? QStringLiteral("-") : QString::number(fSeconds * fScale / fOurs, 'f', 1);
 }
 
-struct Options
+struct SOptions
 {
     bool bOnlyOurs = false;
     QString strFolder;
@@ -49,9 +49,9 @@ struct Options
     }
 };
 
-Options readOptions(QStringList lst)
+SOptions readOptions(QStringList lst)
 {
-    Options options;
+    SOptions options;
     lst.removeFirst();
     options.bOnlyOurs = lst.removeAll(QStringLiteral("--ours")) > 0;
     const int nFolder = lst.indexOf(QStringLiteral("--folder"));
@@ -63,36 +63,36 @@ Options readOptions(QStringList lst)
     return options;
 }
 
-QList<Corpus> collectCpp(const Options &options)
+QList<SCorpus> collectCpp(const SOptions &options)
 {
     const QStringList lstFolders {"/usr/include/c++", "/usr/include/x86_64-linux-gnu/qt5"};
     const QStringList lstPatterns {"*.h", "*.hpp", "*.tcc", "*.cpp", "algorithm", "bits"};
     const QList<QPair<QString, int>> lstSizes {
         {"C++ 1 MB", 1}, {"C++ 10 MB", 10}, {"C++ 50 MB", 50}};
-    QList<Corpus> lst;
+    QList<SCorpus> lst;
     for (const auto &[strName, nMegabytes] : lstSizes)
         if (options.wants(strName))
             lst.append(collect(strName, "a.cpp", lstFolders, lstPatterns, nMegabytes * g_nMega));
     return lst;
 }
 
-QList<Corpus> collectAll(const Options &options)
+QList<SCorpus> collectAll(const SOptions &options)
 {
-    struct Kind
+    struct SKind
     {
         QString strName;
         QString strFileName;
         QStringList lstFolders;
         QString strPattern;
     };
-    const QList<Kind> lstKinds {
+    const QList<SKind> lstKinds {
         {"HTML", "a.html", {"/usr/share/doc", "/usr/share"}, "*.html"},
         {"JSON", "a.json", {"/usr/share", "/usr/lib"}, "*.json"},
         {"Python", "a.py", {"/usr/lib/python3"}, "*.py"},
         {"XML", "a.xml", {"/usr/share"}, "*.xml"},
     };
-    QList<Corpus> lst = collectCpp(options);
-    for (const Kind &kind : lstKinds) {
+    QList<SCorpus> lst = collectCpp(options);
+    for (const SKind &kind : lstKinds) {
         if (options.wants(kind.strName)) {
             lst.append(collect(kind.strName, kind.strFileName, kind.lstFolders, {kind.strPattern},
                                5 * g_nMega));
@@ -109,11 +109,11 @@ QList<Corpus> collectAll(const Options &options)
     return lst;
 }
 
-void measure(const Corpus &corpus, const QVariantMap &mapDefinition, bool bOnlyOurs,
+void measure(const SCorpus &corpus, const QVariantMap &mapDefinition, bool bOnlyOurs,
              QTextStream *pOut)
 {
     // One megabyte is enough of a slow thing.
-    const Corpus head = bOnlyOurs ? Corpus() : corpus.head(g_nMega);
+    const SCorpus head = bOnlyOurs ? SCorpus() : corpus.head(g_nMega);
     const auto peer = [&](const std::function<double()> &seconds) {
         return bOnlyOurs ? -1 : best(seconds);
     };
@@ -143,9 +143,9 @@ int main(int nArguments, char *arrArguments[])
     out << "| text | lines | Mlines/s | MB/s | KSyntaxHighlighting MB/s | QScintilla MB/s | "
            "literal MB/s | to KSyntaxHighlighting | to QScintilla | to literal |\n"
         << "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|\n";
-    const Options options = readOptions(application.arguments());
-    const QList<Corpus> lstCorpora = collectAll(options);
-    for (const Corpus &corpus : lstCorpora) {
+    const SOptions options = readOptions(application.arguments());
+    const QList<SCorpus> lstCorpora = collectAll(options);
+    for (const SCorpus &corpus : lstCorpora) {
         if (corpus.lstLines.isEmpty()) {
             out << "| " << corpus.strName << " | no such files here |\n";
             continue;

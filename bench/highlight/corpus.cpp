@@ -3,9 +3,9 @@
 #include <QDirIterator>
 #include <QFile>
 
-Corpus Corpus::head(qint64 nMaxBytes) const
+SCorpus SCorpus::head(qint64 nMaxBytes) const
 {
-    Corpus corpus = *this;
+    SCorpus corpus = *this;
     corpus.lstLines.clear();
     corpus.nBytes = 0;
     corpus.bRepeated = bRepeated && nMaxBytes > nBytesOnce;
@@ -18,8 +18,8 @@ Corpus Corpus::head(qint64 nMaxBytes) const
     return corpus;
 }
 
-Corpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
-               const QStringList &lstPatterns, qint64 nBytes)
+SCorpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
+                const QStringList &lstPatterns, qint64 nBytes)
 {
     QStringList lstPaths;
     for (const QString &strFolder : lstFolders) {
@@ -31,10 +31,10 @@ Corpus collect(const QString &strName, const QString &strFileName, const QString
     return readFiles(strName, strFileName, lstPaths, nBytes);
 }
 
-Corpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
-                 qint64 nBytes)
+SCorpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
+                  qint64 nBytes)
 {
-    Corpus corpus;
+    SCorpus corpus;
     corpus.strName = strName;
     corpus.strFileName = strFileName;
     for (int n = 0; !lstPaths.isEmpty() && corpus.nBytes < nBytes; ++n) {

@@ -4,7 +4,7 @@
 #include <QStringList>
 
 // Real text of one language, collected from files of this machine.
-struct Corpus
+struct SCorpus
 {
     QString strName;
     QString strFileName; // decides the definition
@@ -15,12 +15,12 @@ struct Corpus
 
     QString text() const { return lstLines.join(QLatin1Char('\n')); }
     // The first lines, up to nMaxBytes.
-    Corpus head(qint64 nMaxBytes) const;
+    SCorpus head(qint64 nMaxBytes) const;
 };
 
 // The files one after the other, again and again until there are nBytes.
-Corpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
-                 qint64 nBytes);
+SCorpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
+                  qint64 nBytes);
 // Of all such files in the folders; empty when they hold none.
-Corpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
-               const QStringList &lstPatterns, qint64 nBytes);
+SCorpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
+                const QStringList &lstPatterns, qint64 nBytes);

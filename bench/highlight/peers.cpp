@@ -33,7 +33,7 @@ private:
 
 } // namespace
 
-double secondsOfOurs(const QVariantMap &mapDefinition, const Corpus &corpus)
+double secondsOfOurs(const QVariantMap &mapDefinition, const SCorpus &corpus)
 {
     const CHighlightRules rules(mapDefinition);
     SHighlightLine line;
@@ -46,7 +46,7 @@ double secondsOfOurs(const QVariantMap &mapDefinition, const Corpus &corpus)
     return stopwatch.seconds();
 }
 
-double secondsOfLiteral(const QVariantMap &mapDefinition, const Corpus &corpus)
+double secondsOfLiteral(const QVariantMap &mapDefinition, const SCorpus &corpus)
 {
     const CLiteralRules rules(mapDefinition);
     int nState = -1;
@@ -78,7 +78,7 @@ private:
 
 } // namespace
 
-double secondsOfKSyntaxHighlighting(const Corpus &corpus)
+double secondsOfKSyntaxHighlighting(const SCorpus &corpus)
 {
     static KSyntaxHighlighting::Repository repository;
     const auto definition = repository.definitionForFileName(corpus.strFileName);
@@ -92,14 +92,14 @@ double secondsOfKSyntaxHighlighting(const Corpus &corpus)
     return stopwatch.seconds();
 }
 #else
-double secondsOfKSyntaxHighlighting(const Corpus &)
+double secondsOfKSyntaxHighlighting(const SCorpus &)
 {
     return -1;
 }
 #endif
 
 #ifdef HAVE_QSCINTILLA
-double secondsOfScintilla(const Corpus &corpus)
+double secondsOfScintilla(const SCorpus &corpus)
 {
     const std::unique_ptr<QsciLexer> pLexer = lexerFor(corpus.strFileName);
     if (!pLexer)
@@ -115,7 +115,7 @@ double secondsOfScintilla(const Corpus &corpus)
     return stopwatch.seconds();
 }
 #else
-double secondsOfScintilla(const Corpus &)
+double secondsOfScintilla(const SCorpus &)
 {
     return -1;
 }

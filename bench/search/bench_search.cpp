@@ -95,7 +95,7 @@ private:
     qint64 m_nLongest = 0;
 };
 
-struct Replacement
+struct SReplacement
 {
     QString strFind;
     QString strReplace;
@@ -118,7 +118,7 @@ void fail(const char *pWhat)
     std::exit(1);
 }
 
-int replaceAllBare(QTextDocument *pDocument, const Replacement &replacement, bool bOneStep)
+int replaceAllBare(QTextDocument *pDocument, const SReplacement &replacement, bool bOneStep)
 {
     QTextCursor block(pDocument);
     if (bOneStep)
@@ -135,7 +135,7 @@ int replaceAllBare(QTextDocument *pDocument, const Replacement &replacement, boo
     return nCount;
 }
 
-struct Figures
+struct SFigures
 {
     qint64 nFind = 0; // Microseconds.
     qint64 nReplace = 0;
@@ -143,9 +143,9 @@ struct Figures
     int nCount = 0;
 };
 
-Figures measureBare(const QString &strText, const Replacement &replacement, bool bOneStep)
+SFigures measureBare(const QString &strText, const SReplacement &replacement, bool bOneStep)
 {
-    Figures figures;
+    SFigures figures;
     QTextDocument document;
     document.setPlainText(strText);
     figures.nFind = best([&] {
@@ -162,9 +162,9 @@ Figures measureBare(const QString &strText, const Replacement &replacement, bool
     return figures;
 }
 
-Figures measureEditor(const QString &strText, const Replacement &replacement)
+SFigures measureEditor(const QString &strText, const SReplacement &replacement)
 {
-    Figures figures;
+    SFigures figures;
     CHighlightEdit edit;
     edit.resize(900, 700);
     edit.show();
@@ -193,12 +193,12 @@ Figures measureEditor(const QString &strText, const Replacement &replacement)
     return figures;
 }
 
-void measure(QTextStream &out, int nMegabytes, const Replacement &replacement)
+void measure(QTextStream &out, int nMegabytes, const SReplacement &replacement)
 {
     const QString strText = sourceText(nMegabytes);
-    const Figures bare = measureBare(strText, replacement, true);
-    const Figures bareSteps = measureBare(strText, replacement, false);
-    const Figures ours = measureEditor(strText, replacement);
+    const SFigures bare = measureBare(strText, replacement, true);
+    const SFigures bareSteps = measureBare(strText, replacement, false);
+    const SFigures ours = measureEditor(strText, replacement);
     if (bare.nCount != ours.nCount || bareSteps.nCount != ours.nCount)
         fail("the numbers of replacements differ");
     const auto ms = [](qint64 nMicroseconds) {

@@ -17,7 +17,7 @@
 
 namespace {
 
-struct Sample
+struct SSample
 {
     qint64 nMicroseconds = 0;
     qint64 nProcessor = 0; // Microseconds of processor time of the GUI thread; 0: not known.
@@ -27,11 +27,11 @@ struct Sample
     qint64 nGap = 0; // Microseconds of processor time between two turns of the event loop, at most.
 };
 
-struct Program
+struct SProgram
 {
     const char *szName;
     QString strPath;
-    QList<Sample> lstSamples;
+    QList<SSample> lstSamples;
 };
 
 int peakMemory(qint64 nProcess)
@@ -46,7 +46,7 @@ int peakMemory(qint64 nProcess)
 }
 
 // From the start of the process until the window manager has its window.
-Sample startEmpty(const QString &strProgram)
+SSample startEmpty(const QString &strProgram)
 {
     QProcess watcher; // Writes a line whenever the list of windows changes.
     watcher.start(QStringLiteral("xprop"), {"-root", "-spy", "_NET_CLIENT_LIST"});
@@ -57,7 +57,7 @@ Sample startEmpty(const QString &strProgram)
     QElapsedTimer timer;
     timer.start();
     program.start(strProgram, QStringList());
-    Sample sample;
+    SSample sample;
     while (watcher.waitForReadyRead(20000) && !watcher.readAll().contains("0x")) { }
     sample.nMicroseconds = timer.nsecsElapsed() / 1000;
     sample.nPeak = peakMemory(program.processId());
@@ -70,7 +70,7 @@ Sample startEmpty(const QString &strProgram)
     return sample;
 }
 
-Sample openFile(const QString &strProgram, const QString &strFile)
+SSample openFile(const QString &strProgram, const QString &strFile)
 {
     QProcess program;
     program.start(strProgram, {strFile});
@@ -119,16 +119,16 @@ QString writeText(const QDir &dir, int nMegabytes)
                          nMegabytes);
 }
 
-template<class Member> auto best(const QList<Sample> &lstSamples, Member member)
+template<class Member> auto best(const QList<SSample> &lstSamples, Member member)
 {
-    const auto isLess = [member](const Sample &a, const Sample &b) {
+    const auto isLess = [member](const SSample &a, const SSample &b) {
         return a.*member < b.*member;
     };
     return (*std::min_element(lstSamples.cbegin(), lstSamples.cend(), isLess)).*member;
 }
 
 // Milliseconds and how many times those of the bare program.
-QByteArray timeCells(const Program &program, const Program &bare, qint64 Sample::*pMember)
+QByteArray timeCells(const SProgram &program, const SProgram &bare, qint64 SSample::*pMember)
 {
     const double dTime = best(program.lstSamples, pMember) / 1000.0;
     const double dBare = best(bare.lstSamples, pMember) / 1000.0;
@@ -137,31 +137,31 @@ QByteArray timeCells(const Program &program, const Program &bare, qint64 Sample:
     return QByteArray::number(dTime, 'f', 0) + " | " + QByteArray::number(dTime / dBare, 'f', 2);
 }
 
-QByteArray milliseconds(const Program &program, qint64 Sample::*pMember)
+QByteArray milliseconds(const SProgram &program, qint64 SSample::*pMember)
 {
     const double dTime = best(program.lstSamples, pMember) / 1000.0;
     return dTime == 0.0 ? QByteArray() : QByteArray::number(dTime, 'f', 0);
 }
 
-void printRow(const char *szWhat, const Program &program, const Program &bare)
+void printRow(const char *szWhat, const SProgram &program, const SProgram &bare)
 {
     std::printf("| %s | %s | %s | %s | %s | %s | %.0f | %.0f |\n", szWhat, program.szName,
-                milliseconds(program, &Sample::nFirst).constData(),
-                milliseconds(program, &Sample::nGap).constData(),
-                timeCells(program, bare, &Sample::nMicroseconds).constData(),
-                timeCells(program, bare, &Sample::nProcessor).constData(),
-                best(program.lstSamples, &Sample::nPeak) / 1024.0,
-                best(program.lstSamples, &Sample::nPeakAtRest) / 1024.0);
+                milliseconds(program, &SSample::nFirst).constData(),
+                milliseconds(program, &SSample::nGap).constData(),
+                timeCells(program, bare, &SSample::nMicroseconds).constData(),
+                timeCells(program, bare, &SSample::nProcessor).constData(),
+                best(program.lstSamples, &SSample::nPeak) / 1024.0,
+                best(program.lstSamples, &SSample::nPeakAtRest) / 1024.0);
     std::fflush(stdout);
 }
 
 template<class Run>
-void measure(const char *szWhat, QList<Program> lstPrograms, int nRounds, const Run &run)
+void measure(const char *szWhat, QList<SProgram> lstPrograms, int nRounds, const Run &run)
 {
     for (int n = 0; n < nRounds; ++n)
-        for (Program &program : lstPrograms)
+        for (SProgram &program : lstPrograms)
             program.lstSamples.append(run(program.strPath));
-    for (const Program &program : qAsConst(lstPrograms))
+    for (const SProgram &program : qAsConst(lstPrograms))
         printRow(szWhat, program, lstPrograms.first());
 }
 
@@ -174,10 +174,10 @@ int main(int nArgc, char **ppArgv)
         qMax(1, QCoreApplication::arguments().value(1, QStringLiteral("5")).toInt());
     const QDir dir(QCoreApplication::applicationDirPath());
     const QTemporaryDir folder;
-    const QList<Program> lstOpening = {
+    const QList<SProgram> lstOpening = {
         {"bare QPlainTextEdit", dir.filePath(QStringLiteral("startup_bare")), {}},
         {"editor", dir.filePath(QStringLiteral("startup_editor")), {}}};
-    QList<Program> lstStarting = lstOpening;
+    QList<SProgram> lstStarting = lstOpening;
     const QString strWhole = QStringLiteral(QUILLAN_BINARY_DIR "/quillan");
     if (QFile::exists(strWhole))
         lstStarting.append({"whole program", strWhole, {}});

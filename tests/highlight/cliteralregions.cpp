@@ -26,7 +26,7 @@ int CLiteralRegions::columnsOfBlanks(const QString &strLine)
 }
 
 // '.' for code, which a blank end of nothing open is, too.
-QChar CLiteralRegions::kind(const Open *pOpen) const
+QChar CLiteralRegions::kind(const SOpen *pOpen) const
 {
     const QString strAs = pOpen && pOpen->pElement ? pOpen->pElement->get("as") : QString();
     return strAs == "comment" ? 'c' : strAs == "string" ? 's' : '.';
@@ -34,7 +34,7 @@ QChar CLiteralRegions::kind(const Open *pOpen) const
 
 bool CLiteralRegions::isFirm(size_t n) const
 {
-    const Open &open = m_lstOpen[n];
+    const SOpen &open = m_lstOpen[n];
     return open.pElement && !open.bWaits && open.pElement->has("end")
         && (open.pElement->is("firm") || open.pElement->is("nextline")
             || m_lstNames.indexOf(open.pElement->get("language"), 1) >= 1);
@@ -74,7 +74,7 @@ QString CLiteralRegions::divide(const QString &strLine)
     return m_strKinds;
 }
 
-bool CLiteralRegions::endsWithLine(const Element &element) const
+bool CLiteralRegions::endsWithLine(const SElement &element) const
 {
     const QString strLines = element.get("lines");
     if (strLines == "one" || strLines == "backslash")
@@ -102,7 +102,7 @@ void CLiteralRegions::endLine()
 QString CLiteralRegions::state() const
 {
     QStringList lst;
-    for (const Open &open : m_lstOpen) {
+    for (const SOpen &open : m_lstOpen) {
         lst << QString("%1/%2/%3/%4%5")
                    .arg(open.nLanguage)
                    .arg(open.pElement ? open.pElement->nNumber : -1)

@@ -22,11 +22,11 @@ public:
     QString state() const;
 
 private:
-    struct Element
+    struct SElement
     {
         QString strTag;
         QMap<QString, QString> mapAttributes;
-        std::vector<std::shared_ptr<Element>> lstChildren;
+        std::vector<std::shared_ptr<SElement>> lstChildren;
         int nLanguage = 0;
         int nNumber = 0;
 
@@ -34,8 +34,8 @@ private:
         QString get(const char *psz) const { return mapAttributes.value(QLatin1String(psz)); }
         bool is(const char *psz) const { return get(psz) == QLatin1String("true"); }
     };
-    using ElementPtr = std::shared_ptr<Element>;
-    struct Open
+    using ElementPtr = std::shared_ptr<SElement>;
+    struct SOpen
     {
         ElementPtr pElement; // null: the text of an embedded language
         int nLanguage;
@@ -43,14 +43,14 @@ private:
         bool bSecondHalf = false;
         bool bWaits = false;
     };
-    struct Language
+    struct SLanguage
     {
         ElementPtr pRegions;
         QMap<QString, ElementPtr> mapNamed; // regions by name
         QMap<QString, ElementPtr> mapGroups;
         Qt::CaseSensitivity sensitivity = Qt::CaseSensitive;
     };
-    struct Match
+    struct SMatch
     {
         int nFrom = -1;
         int nStart = -1;
@@ -66,11 +66,11 @@ private:
 
     ElementPtr read(const QVariantMap &mapElement, int nLanguage);
     void addLanguage(const QVariantMap &mapDefinition);
-    void collectNames(const ElementPtr &pElement, Language *pLanguage);
+    void collectNames(const ElementPtr &pElement, SLanguage *pLanguage);
     int endOf(int nLanguage, const QString &strPattern, int nAt);
-    bool standsBehind(int nLanguage, const Element &element, int nAt);
-    int endOfEnd(const Open &open, int nAt);
-    QChar kind(const Open *pOpen) const;
+    bool standsBehind(int nLanguage, const SElement &element, int nAt);
+    int endOfEnd(const SOpen &open, int nAt);
+    QChar kind(const SOpen *pOpen) const;
     bool isFirm(size_t n) const;
     std::vector<ElementPtr> rulesInside(int nLanguage, const ElementPtr &pElement);
 
@@ -80,20 +80,20 @@ private:
     bool tryInnermost(int nAt);
     bool tryElement(const ElementPtr &pElement, int nLanguage, int nAt);
     bool beginRegion(const ElementPtr &pElement, int nLanguage, int nAt);
-    void enter(const Open &open, int nAt, int nBehind);
+    void enter(const SOpen &open, int nAt, int nBehind);
     void leave(size_t nDepth, int nAt, int nBehind);
     void paint(int nFrom, int nTo, QChar ch);
     void endLine();
-    bool endsWithLine(const Element &element) const;
+    bool endsWithLine(const SElement &element) const;
 
-    std::vector<Language> m_lstLanguages;
+    std::vector<SLanguage> m_lstLanguages;
     QStringList m_lstNames;
     int m_nElements = 0;
-    std::vector<Open> m_lstOpen;
-    std::vector<Open> m_lstPending;
+    std::vector<SOpen> m_lstOpen;
+    std::vector<SOpen> m_lstPending;
     QString m_strLine;
     QString m_strKinds;
     int m_nAt = 0;
     QHash<QString, QRegExp> m_mapPatterns;
-    QHash<QString, Match> m_mapMatches; // in the line
+    QHash<QString, SMatch> m_mapMatches; // in the line
 };

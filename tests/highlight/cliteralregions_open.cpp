@@ -11,10 +11,10 @@ constexpr int g_nMaxKey = 250;
 
 bool CLiteralRegions::beginRegion(const ElementPtr &pElement, int nLanguage, int nAt)
 {
-    const Element &element = *pElement;
+    const SElement &element = *pElement;
     if ((!element.has("start") && !element.has("key")) || !standsBehind(nLanguage, element, nAt))
         return false;
-    Open open {pElement, nLanguage, QString()};
+    SOpen open {pElement, nLanguage, QString()};
     int n = element.has("start") ? endOf(nLanguage, element.get("start"), nAt) : nAt;
     if (n >= 0 && element.has("key")) {
         const int nKey = n;
@@ -38,7 +38,7 @@ bool CLiteralRegions::beginRegion(const ElementPtr &pElement, int nLanguage, int
     return true;
 }
 
-void CLiteralRegions::enter(const Open &open, int nAt, int nBehind)
+void CLiteralRegions::enter(const SOpen &open, int nAt, int nBehind)
 {
     paint(nAt, nBehind, kind(&open));
     m_lstOpen.push_back(open);
@@ -51,9 +51,9 @@ void CLiteralRegions::enter(const Open &open, int nAt, int nBehind)
 // With all that it holds. What waits below goes on waiting, and the uppermost no more.
 void CLiteralRegions::leave(size_t nDepth, int nAt, int nBehind)
 {
-    const Open open = m_lstOpen[nDepth];
-    const Element &element = *open.pElement;
-    std::vector<Open> lstWaiting;
+    const SOpen open = m_lstOpen[nDepth];
+    const SElement &element = *open.pElement;
+    std::vector<SOpen> lstWaiting;
     m_lstOpen.resize(nDepth);
     if (element.is("nextline")) {
         while (!m_lstOpen.empty() && m_lstOpen.back().bWaits) {
@@ -68,9 +68,9 @@ void CLiteralRegions::leave(size_t nDepth, int nAt, int nBehind)
     if (!m_lstOpen.empty())
         m_lstOpen.back().bWaits = false;
     m_nAt = nBehind;
-    const Language &language = m_lstLanguages[size_t(open.nLanguage)];
+    const SLanguage &language = m_lstLanguages[size_t(open.nLanguage)];
     if (element.is("twice") && !open.bSecondHalf) {
-        Open second {open.pElement, open.nLanguage, open.strKey, true};
+        SOpen second {open.pElement, open.nLanguage, open.strKey, true};
         if (partner(open.strKey) != open.strKey) {
             int n = m_nAt;
             while (n < m_strLine.size() && m_strLine.at(n).isSpace())

@@ -22,7 +22,7 @@ int CLiteralRegions::endOf(int nLanguage, const QString &strPattern, int nAt)
     const QString strName = QString::number(int(sensitivity)) + strPattern;
     if (!m_mapPatterns.contains(strName))
         m_mapPatterns.insert(strName, QRegExp(strPattern, sensitivity));
-    Match &match = m_mapMatches[strName];
+    SMatch &match = m_mapMatches[strName];
     if (match.nFrom < 0 || nAt < match.nFrom || (match.nStart >= 0 && match.nStart < nAt)) {
         const QRegExp &rx = m_mapPatterns[strName];
         match.nFrom = nAt;
@@ -32,7 +32,7 @@ int CLiteralRegions::endOf(int nLanguage, const QString &strPattern, int nAt)
     return match.nStart == nAt ? nAt + match.nLength : -1;
 }
 
-bool CLiteralRegions::standsBehind(int nLanguage, const Element &element, int nAt)
+bool CLiteralRegions::standsBehind(int nLanguage, const SElement &element, int nAt)
 {
     if (!element.has("after"))
         return true;
@@ -42,7 +42,7 @@ bool CLiteralRegions::standsBehind(int nLanguage, const Element &element, int nA
     return rx.indexIn(strBefore, std::max(0, nAt - g_nMaxBehind)) >= 0;
 }
 
-int CLiteralRegions::endOfEnd(const Open &open, int nAt)
+int CLiteralRegions::endOfEnd(const SOpen &open, int nAt)
 {
     QString strEnd = open.pElement->get("end");
     strEnd.replace("%2", QRegExp::escape(partner(open.strKey)));

@@ -12,7 +12,7 @@ CLiteralRegions::CLiteralRegions(const QVariantMap &mapDefinition)
 
 void CLiteralRegions::addLanguage(const QVariantMap &mapDefinition)
 {
-    Language language;
+    SLanguage language;
     const QVariantMap mapKeywords =
         mapDefinition.value("general").toMap().value("keywords").toMap();
     language.sensitivity =
@@ -25,7 +25,7 @@ void CLiteralRegions::addLanguage(const QVariantMap &mapDefinition)
 
 CLiteralRegions::ElementPtr CLiteralRegions::read(const QVariantMap &mapElement, int nLanguage)
 {
-    auto pElement = std::make_shared<Element>();
+    auto pElement = std::make_shared<SElement>();
     pElement->strTag = mapElement.value("tag").toString().toLower();
     pElement->nLanguage = nLanguage;
     pElement->nNumber = m_nElements++;
@@ -37,7 +37,7 @@ CLiteralRegions::ElementPtr CLiteralRegions::read(const QVariantMap &mapElement,
     return pElement;
 }
 
-void CLiteralRegions::collectNames(const ElementPtr &pElement, Language *pLanguage)
+void CLiteralRegions::collectNames(const ElementPtr &pElement, SLanguage *pLanguage)
 {
     for (const ElementPtr &pChild : pElement->lstChildren) {
         if (pChild->strTag == "group")

@@ -23,7 +23,7 @@ bool CLiteralRegions::tryEndsFurtherOut(int nAt)
 // In the language around and what it holds, as long as nothing of this one is open.
 bool CLiteralRegions::tryAnywhere(int nAt)
 {
-    for (const Open &open : m_lstOpen)
+    for (const SOpen &open : m_lstOpen)
         if (open.nLanguage == 0)
             return false;
     std::vector<ElementPtr> lst = m_lstLanguages[0].pRegions->lstChildren;
@@ -40,7 +40,7 @@ bool CLiteralRegions::tryAnywhere(int nAt)
 std::vector<CLiteralRegions::ElementPtr> CLiteralRegions::rulesInside(int nLanguage,
                                                                       const ElementPtr &pElement)
 {
-    const Language &language = m_lstLanguages[size_t(nLanguage)];
+    const SLanguage &language = m_lstLanguages[size_t(nLanguage)];
     if (!pElement)
         return language.pRegions->lstChildren;
     std::vector<ElementPtr> lst = pElement->lstChildren;
@@ -57,9 +57,9 @@ bool CLiteralRegions::tryInnermost(int nAt)
 {
     const QString strBase = m_lstLanguages[0].pRegions->get("language");
     const int nBase = std::max(0, m_lstNames.indexOf(strBase, 1));
-    const Open open = m_lstOpen.empty() ? Open {nullptr, nBase, QString()} : m_lstOpen.back();
+    const SOpen open = m_lstOpen.empty() ? SOpen {nullptr, nBase, QString()} : m_lstOpen.back();
     if (open.pElement) {
-        const Element &element = *open.pElement;
+        const SElement &element = *open.pElement;
         const int nSkip = endOf(open.nLanguage, element.get("skip"), nAt);
         if (nSkip > nAt) {
             paint(nAt, nSkip, kind(&open));
@@ -77,7 +77,7 @@ bool CLiteralRegions::tryInnermost(int nAt)
         const int nNested =
             bByKey ? (bPair ? nAt + 1 : -1) : endOf(open.nLanguage, element.get("nests"), nAt);
         if (nNested > nAt && m_lstOpen.size() + m_lstPending.size() < nMaxDepth) {
-            Open again = open;
+            SOpen again = open;
             again.bWaits = false;
             enter(again, nAt, nNested);
             return true;
@@ -98,7 +98,7 @@ bool CLiteralRegions::tryElement(const ElementPtr &pElement, int nLanguage, int 
     const int nBehind = endOf(nLanguage, pElement->get("pattern"), nAt);
     if (nBehind <= nAt)
         return false;
-    const Open token {pElement, nLanguage, QString()};
+    const SOpen token {pElement, nLanguage, QString()};
     paint(nAt, nBehind,
           kind(pElement->has("as")     ? &token
                    : m_lstOpen.empty() ? nullptr

@@ -12,12 +12,12 @@ namespace {
 const int lineLength = 10000;
 const double boundSeconds = 0.050;
 
-bool isRegExpList(const DefinitionFile::List &list)
+bool isRegExpList(const SDefinitionFile::SList &list)
 {
     return list.name == QLatin1String("reg_exp");
 }
 
-Qt::CaseSensitivity sensitivityOf(const DefinitionFile &file)
+Qt::CaseSensitivity sensitivityOf(const SDefinitionFile &file)
 {
     return file.caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
 }
@@ -58,17 +58,17 @@ QRegExp keywordPattern(const QString &keyword, Qt::CaseSensitivity sensitivity)
     return QRegExp(QStringLiteral("\\b%1\\b").arg(escaped), sensitivity);
 }
 
-QVector<NamedPattern> patternsOf(const DefinitionFile &file)
+QVector<SNamedPattern> patternsOf(const SDefinitionFile &file)
 {
-    QVector<NamedPattern> patterns;
-    for (const DefinitionFile::List &list : file.lists) {
+    QVector<SNamedPattern> patterns;
+    for (const SDefinitionFile::SList &list : file.lists) {
         for (const QString &item : list.items) {
             const QRegExp pattern = isRegExpList(list) ? QRegExp(item, sensitivityOf(file))
                                                        : keywordPattern(item, sensitivityOf(file));
             patterns.append({list.name + ": " + item, pattern, !isRegExpList(list)});
         }
     }
-    for (const DefinitionFile::Comment &c : file.comments) {
+    for (const SDefinitionFile::SComment &c : file.comments) {
         const bool single = c.name.toLower() == QLatin1String("singleline");
         const QRegExp start = single ? QRegExp(c.start) : markerPattern(c.start);
         // "(*" cannot be said as a pattern. Such a form colours nothing, but Toggle Comment types
@@ -86,7 +86,7 @@ QVector<NamedPattern> patternsOf(const DefinitionFile &file)
     return patterns;
 }
 
-bool claims(const DefinitionFile &file, const QString &fileName)
+bool claims(const SDefinitionFile &file, const QString &fileName)
 {
     return std::any_of(
         file.patterns.begin(), file.patterns.end(),
@@ -96,7 +96,7 @@ bool claims(const DefinitionFile &file, const QString &fileName)
         });
 }
 
-QStringList attributeFaults(const DefinitionFile &file)
+QStringList attributeFaults(const SDefinitionFile &file)
 {
     QStringList faults;
     if (file.name.isEmpty())
@@ -108,10 +108,10 @@ QStringList attributeFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList commentFaults(const DefinitionFile &file)
+QStringList commentFaults(const SDefinitionFile &file)
 {
     QStringList faults;
-    for (const DefinitionFile::Comment &c : file.comments) {
+    for (const SDefinitionFile::SComment &c : file.comments) {
         if (c.name == QLatin1String("multiLine") && (c.start.isEmpty() || c.end.isEmpty()))
             faults << QStringLiteral("a multiLine comment needs start and end");
         if (c.name == QLatin1String("singleLine") && !c.end.isEmpty())
@@ -120,11 +120,11 @@ QStringList commentFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList listFaults(const DefinitionFile &file)
+QStringList listFaults(const SDefinitionFile &file)
 {
     QStringList faults;
     QSet<QString> names, items;
-    for (const DefinitionFile::List &list : file.lists) {
+    for (const SDefinitionFile::SList &list : file.lists) {
         if (names.contains(list.name))
             faults << QStringLiteral("a second list %1 replaces the first").arg(list.name);
         names.insert(list.name);
@@ -140,10 +140,10 @@ QStringList listFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList keywordFaults(const DefinitionFile &file)
+QStringList keywordFaults(const SDefinitionFile &file)
 {
     QStringList faults;
-    for (const DefinitionFile::List &list : file.lists) {
+    for (const SDefinitionFile::SList &list : file.lists) {
         if (isRegExpList(list))
             continue;
         for (const QString &item : list.items) {
@@ -155,10 +155,10 @@ QStringList keywordFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList patternFaults(const DefinitionFile &file)
+QStringList patternFaults(const SDefinitionFile &file)
 {
     QStringList faults;
-    for (const NamedPattern &p : patternsOf(file))
+    for (const SNamedPattern &p : patternsOf(file))
         if (!p.pattern.isValid())
             faults << p.origin + " is not valid: " + p.pattern.errorString();
         else if (QRegExp(p.pattern).indexIn(QString()) >= 0)
@@ -166,7 +166,7 @@ QStringList patternFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList regionFaults(const DefinitionFile &file)
+QStringList regionFaults(const SDefinitionFile &file)
 {
     QStringList faults;
     for (const auto &[attribute, pattern] : file.regionPatterns) {
@@ -184,13 +184,13 @@ QStringList regionFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList slownessFaults(const DefinitionFile &file)
+QStringList slownessFaults(const SDefinitionFile &file)
 {
     QStringList faults;
     // A whole word can only lose itself among words; a pattern may among any of these.
     const QString forKeywords = QStringLiteral("a\t\"\\");
     const QString forPatterns = forKeywords + " A0-_.$@#<>=/*'`([{:;&!%|+~^,";
-    for (const NamedPattern &p : patternsOf(file)) {
+    for (const SNamedPattern &p : patternsOf(file)) {
         for (const QChar c : p.isKeyword ? forKeywords : forPatterns) {
             const double seconds = searchSeconds(p.pattern, QString(lineLength, c));
             if (seconds > boundSeconds)
@@ -203,11 +203,11 @@ QStringList slownessFaults(const DefinitionFile &file)
     return faults;
 }
 
-QStringList claimFaults(const QVector<DefinitionFile> &files)
+QStringList claimFaults(const QVector<SDefinitionFile> &files)
 {
     QStringList faults;
     QMap<QString, QString> names, patterns;
-    QMap<QString, const DefinitionFile *> byKey;
+    QMap<QString, const SDefinitionFile *> byKey;
     const auto claim = [&faults](QMap<QString, QString> &owners, const QString &what,
                                  const QString &owner) {
         if (owners.contains(what))
@@ -215,7 +215,7 @@ QStringList claimFaults(const QVector<DefinitionFile> &files)
                 << QStringLiteral("%1 and %2 both claim %3").arg(owners.value(what), owner, what);
         owners.insert(what, owner);
     };
-    for (const DefinitionFile &file : files) {
+    for (const SDefinitionFile &file : files) {
         if (byKey.contains(file.baseName))
             faults << QStringLiteral("two files are named %1").arg(file.baseName);
         byKey.insert(file.baseName, &file);
@@ -224,7 +224,7 @@ QStringList claimFaults(const QVector<DefinitionFile> &files)
             claim(patterns, pattern.toLower(), file.baseName);
     }
     // The files are asked in the order of their base names; the first to claim a name answers.
-    for (const DefinitionFile &file : files) {
+    for (const SDefinitionFile &file : files) {
         for (const QString &pattern : file.patterns) {
             const QString example = exampleName(pattern);
             const auto first = std::find_if(byKey.begin(), byKey.end(), [&](const auto *other) {

@@ -14,7 +14,7 @@ QVector<QDomElement> elementsOf(const QDomElement &parent)
     return elements;
 }
 
-void readGeneral(const QDomElement &general, DefinitionFile *file)
+void readGeneral(const QDomElement &general, SDefinitionFile *file)
 {
     for (const QDomElement &part : elementsOf(general)) {
         if (part.tagName() == QLatin1String("keywords"))
@@ -26,7 +26,7 @@ void readGeneral(const QDomElement &general, DefinitionFile *file)
     }
 }
 
-void readContexts(const QDomElement &contexts, DefinitionFile *file)
+void readContexts(const QDomElement &contexts, SDefinitionFile *file)
 {
     for (const QDomElement &context : elementsOf(contexts)) {
         const QString pattern = context.firstChildElement("DetectChar").attribute("char");
@@ -37,14 +37,14 @@ void readContexts(const QDomElement &contexts, DefinitionFile *file)
     }
 }
 
-void readHighlighting(const QDomElement &highlighting, DefinitionFile *file)
+void readHighlighting(const QDomElement &highlighting, SDefinitionFile *file)
 {
     for (const QDomElement &part : elementsOf(highlighting)) {
         if (part.tagName() == QLatin1String("contexts")) {
             readContexts(part, file);
             continue;
         }
-        DefinitionFile::List list {part.attribute("name"), {}};
+        SDefinitionFile::SList list {part.attribute("name"), {}};
         for (const QDomElement &item : elementsOf(part))
             list.items.append(item.text());
         file->lists.append(list);
@@ -52,14 +52,14 @@ void readHighlighting(const QDomElement &highlighting, DefinitionFile *file)
 }
 
 // The end of a region holds its key, which is no pattern.
-void addRegionPattern(const QString &attribute, const QString &value, DefinitionFile *file)
+void addRegionPattern(const QString &attribute, const QString &value, SDefinitionFile *file)
 {
     for (const QString &part : QString(value).replace("%2", "%1").split("%1"))
         if (!part.isEmpty())
             file->regionPatterns.append({attribute, part});
 }
 
-void readRegions(const QDomElement &parent, DefinitionFile *file)
+void readRegions(const QDomElement &parent, SDefinitionFile *file)
 {
     for (const QDomElement &e : elementsOf(parent)) {
         for (const char *attribute : {"start", "key", "then", "after", "end", "skip", "nests"})
@@ -80,9 +80,9 @@ void readRegions(const QDomElement &parent, DefinitionFile *file)
 
 } // namespace
 
-DefinitionFile readDefinition(const QString &path)
+SDefinitionFile readDefinition(const QString &path)
 {
-    DefinitionFile file;
+    SDefinitionFile file;
     file.path = path;
     file.baseName = QFileInfo(path).baseName();
     QFile device(path);

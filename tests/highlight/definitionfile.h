@@ -7,13 +7,13 @@
 
 // One language definition file as its author wrote it: what the checks need, nothing interpreted.
 // Read here apart from the program's own reader, so that the two do not share an error.
-struct DefinitionFile
+struct SDefinitionFile
 {
-    struct Comment
+    struct SComment
     {
         QString name, start, end;
     };
-    struct List
+    struct SList
     {
         QString name;
         QStringList items;
@@ -25,8 +25,8 @@ struct DefinitionFile
     QString name;
     QStringList patterns;
     bool caseSensitive = false;
-    QVector<Comment> comments;
-    QVector<List> lists;
+    QVector<SComment> comments;
+    QVector<SList> lists;
     QString tagOpen, tagClose;
     QVector<QPair<QString, QString>> regionPatterns; // attribute and pattern
     QStringList groups, names; // that the regions declare
@@ -34,33 +34,33 @@ struct DefinitionFile
 };
 
 // A pattern together with where it stands in the file, for messages.
-struct NamedPattern
+struct SNamedPattern
 {
     QString origin;
     QRegExp pattern;
     bool isKeyword = false;
 };
 
-DefinitionFile readDefinition(const QString &path);
+SDefinitionFile readDefinition(const QString &path);
 
 // The keyword's whole-word pattern: only the asterisk is escaped.
 QRegExp keywordPattern(const QString &keyword, Qt::CaseSensitivity sensitivity);
 
 // Every pattern that highlighting makes of the file.
-QVector<NamedPattern> patternsOf(const DefinitionFile &file);
+QVector<SNamedPattern> patternsOf(const SDefinitionFile &file);
 
 // Whether one of the file's patterns matches the whole file name, in any case.
-bool claims(const DefinitionFile &file, const QString &fileName);
+bool claims(const SDefinitionFile &file, const QString &fileName);
 
 // Each returns what is wrong, one sentence per fault; an empty list when nothing is.
-QStringList attributeFaults(const DefinitionFile &file);
-QStringList commentFaults(const DefinitionFile &file);
-QStringList listFaults(const DefinitionFile &file);
-QStringList keywordFaults(const DefinitionFile &file);
-QStringList patternFaults(const DefinitionFile &file);
+QStringList attributeFaults(const SDefinitionFile &file);
+QStringList commentFaults(const SDefinitionFile &file);
+QStringList listFaults(const SDefinitionFile &file);
+QStringList keywordFaults(const SDefinitionFile &file);
+QStringList patternFaults(const SDefinitionFile &file);
 // Patterns that regions cannot run, and groups and regions that are named but not there.
-QStringList regionFaults(const DefinitionFile &file);
+QStringList regionFaults(const SDefinitionFile &file);
 // Searches lines of 10,000 equal characters; 50 ms of processor time is the bound for one line.
-QStringList slownessFaults(const DefinitionFile &file);
+QStringList slownessFaults(const SDefinitionFile &file);
 // Claims of one name or one pattern by two files, and patterns that another file answers first.
-QStringList claimFaults(const QVector<DefinitionFile> &files);
+QStringList claimFaults(const QVector<SDefinitionFile> &files);

@@ -17,7 +17,7 @@ QVariantMap context(const QString &strName, const QString &strChar)
 
 } // namespace
 
-QVariantMap TestDefinition::toMap() const
+QVariantMap STestDefinition::toMap() const
 {
     QVariantMap mapHighlighting;
     for (auto it = mapLists.begin(); it != mapLists.end(); ++it)
@@ -70,23 +70,24 @@ QMap<QString, QVariantMap> nastyDefinitions()
         {"a", lstWords}, {"odd", lstOdd}, {"reg_exp", lstPatterns}, {"z", {"int", "x", "IF"}}};
     return {
         {"empty", QVariantMap()},
-        {"like C", TestDefinition {"//", "/*", "*/", "", "", true, {{"k", lstWords}}}.toMap()},
-        {"everything", TestDefinition {"//", "/*", "*/", "", "", true, mapAll}.toMap()},
-        {"everything, any case", TestDefinition {"//", "/*", "*/", "", "", false, mapAll}.toMap()},
-        {"tags", TestDefinition {"", "<!--", "-->", "<", ">", false, mapAll}.toMap()},
-        {"tags, sensitive", TestDefinition {"#", "", "", "<", ">", true, mapAll}.toMap()},
-        {"long tags", TestDefinition {"", "", "", "a+|<", "--?>|>>|b", false, mapAll}.toMap()},
-        {"tags that match nothing", TestDefinition {"", "", "", "x*", ">", true, mapAll}.toMap()},
-        {"invalid tag end", TestDefinition {"", "", "", "<", "[", true, mapAll}.toMap()},
-        {"tie", TestDefinition {"--", "--\\[\\[", "\\]\\]", "", "", true, mapAll}.toMap()},
-        {"invalid start", TestDefinition {"--", "--[[", "]]", "", "", true, mapAll}.toMap()},
-        {"quote starts", TestDefinition {"\"\"", "'", "'", "", "", true, mapAll}.toMap()},
+        {"like C", STestDefinition {"//", "/*", "*/", "", "", true, {{"k", lstWords}}}.toMap()},
+        {"everything", STestDefinition {"//", "/*", "*/", "", "", true, mapAll}.toMap()},
+        {"everything, any case", STestDefinition {"//", "/*", "*/", "", "", false, mapAll}.toMap()},
+        {"tags", STestDefinition {"", "<!--", "-->", "<", ">", false, mapAll}.toMap()},
+        {"tags, sensitive", STestDefinition {"#", "", "", "<", ">", true, mapAll}.toMap()},
+        {"long tags", STestDefinition {"", "", "", "a+|<", "--?>|>>|b", false, mapAll}.toMap()},
+        {"tags that match nothing", STestDefinition {"", "", "", "x*", ">", true, mapAll}.toMap()},
+        {"invalid tag end", STestDefinition {"", "", "", "<", "[", true, mapAll}.toMap()},
+        {"tie", STestDefinition {"--", "--\\[\\[", "\\]\\]", "", "", true, mapAll}.toMap()},
+        {"invalid start", STestDefinition {"--", "--[[", "]]", "", "", true, mapAll}.toMap()},
+        {"quote starts", STestDefinition {"\"\"", "'", "'", "", "", true, mapAll}.toMap()},
         {"pattern starts",
-         TestDefinition {"^\\s*#|//", "/+\\s*b", "b+|$", "", "", false, mapAll}.toMap()},
-        {"starts of no length", TestDefinition {"", "x?", "s?", "", "", true, mapAll}.toMap()},
+         STestDefinition {"^\\s*#|//", "/+\\s*b", "b+|$", "", "", false, mapAll}.toMap()},
+        {"starts of no length", STestDefinition {"", "x?", "s?", "", "", true, mapAll}.toMap()},
         {"line start of no length",
-         TestDefinition {"(?=/)", "<", ">", "", "", true, mapAll}.toMap()},
-        {"same start and end", TestDefinition {"\\b#", "\\*", "\\*", "", "", true, mapAll}.toMap()},
+         STestDefinition {"(?=/)", "<", ">", "", "", true, mapAll}.toMap()},
+        {"same start and end",
+         STestDefinition {"\\b#", "\\*", "\\*", "", "", true, mapAll}.toMap()},
     };
 }
 

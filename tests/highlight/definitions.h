@@ -6,7 +6,7 @@
 
 // Parsed definitions as the registry gives them, made in memory.
 
-struct TestDefinition
+struct STestDefinition
 {
     QString strSingleLine;
     QString strMultiLineStart;

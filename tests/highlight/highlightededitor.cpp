@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
-bool HighlightedEditor::settle(int nMs)
+bool SHighlightedEditor::settle(int nMs)
 {
     int nResults = 0;
     const auto count = [&nResults] { ++nResults; };

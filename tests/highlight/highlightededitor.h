@@ -5,12 +5,12 @@
 #include "highlight/cthreadhighlighter.h"
 
 // A document with its highlighter, connected as an editor connects them.
-struct HighlightedEditor
+struct SHighlightedEditor
 {
     CTextDocument document;
     CThreadHighlighter *pHighlighter = new CThreadHighlighter(&document);
 
-    HighlightedEditor()
+    SHighlightedEditor()
     {
         QObject::connect(&document, &QTextDocument::contentsChange, pHighlighter,
                          &CThreadHighlighter::stopThread, Qt::QueuedConnection);

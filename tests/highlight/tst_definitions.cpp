@@ -9,7 +9,7 @@
 
 #include <ctime>
 
-Q_DECLARE_METATYPE(DefinitionFile)
+Q_DECLARE_METATYPE(SDefinitionFile)
 
 // What every file of highlighter/ must satisfy, and that the checks do find what they look for.
 class tst_definitions : public QObject
@@ -44,7 +44,7 @@ private:
     void addFileRows() const;
     static bool followsSchema(const QString &path, QString *output);
 
-    QVector<DefinitionFile> m_lstFiles;
+    QVector<SDefinitionFile> m_lstFiles;
 };
 
 static const char frame[] =
@@ -52,8 +52,8 @@ static const char frame[] =
     "<general><keywords casesensitive='%3'/><comments>%4</comments></general>"
     "<highlighting>%5</highlighting></language>";
 
-static DefinitionFile written(const QTemporaryDir &folder, const QString &fileName,
-                              const QString &content)
+static SDefinitionFile written(const QTemporaryDir &folder, const QString &fileName,
+                               const QString &content)
 {
     QFile file(folder.filePath(fileName));
     if (!file.open(QIODevice::WriteOnly) || file.write(content.toUtf8()) < 0)
@@ -72,8 +72,8 @@ void tst_definitions::initTestCase()
 
 void tst_definitions::addFileRows() const
 {
-    QTest::addColumn<DefinitionFile>("file");
-    for (const DefinitionFile &file : m_lstFiles)
+    QTest::addColumn<SDefinitionFile>("file");
+    for (const SDefinitionFile &file : m_lstFiles)
         QTest::newRow(qPrintable(file.baseName)) << file;
 }
 
@@ -95,7 +95,7 @@ bool tst_definitions::followsSchema(const QString &path, QString *output)
 
 void tst_definitions::definition_isWellFormedAndFollowsTheSchema()
 {
-    QFETCH(DefinitionFile, file);
+    QFETCH(SDefinitionFile, file);
     QVERIFY2(file.error.isEmpty(), qPrintable(file.error));
     QString output;
     QVERIFY2(followsSchema(file.path, &output), qPrintable(output));
@@ -103,7 +103,7 @@ void tst_definitions::definition_isWellFormedAndFollowsTheSchema()
 
 void tst_definitions::definition_hasNoFault()
 {
-    QFETCH(DefinitionFile, file);
+    QFETCH(SDefinitionFile, file);
     const QStringList faults = attributeFaults(file) + commentFaults(file) + listFaults(file)
         + keywordFaults(file) + patternFaults(file) + regionFaults(file);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
@@ -111,7 +111,7 @@ void tst_definitions::definition_hasNoFault()
 
 void tst_definitions::definition_isFastOnLongLines()
 {
-    QFETCH(DefinitionFile, file);
+    QFETCH(SDefinitionFile, file);
     const QStringList faults = slownessFaults(file);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
 }
@@ -119,7 +119,7 @@ void tst_definitions::definition_isFastOnLongLines()
 // All that the program does with a line, in processor time.
 void tst_definitions::definition_isFastWithItsRegions()
 {
-    QFETCH(DefinitionFile, file);
+    QFETCH(SDefinitionFile, file);
     const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
     const CHighlightRules rules(registry.definitionForName(file.name));
     SHighlightLine line;
@@ -139,7 +139,7 @@ void tst_definitions::definition_isFastWithItsRegions()
 
 void tst_definitions::definition_hasASample()
 {
-    QFETCH(DefinitionFile, file);
+    QFETCH(SDefinitionFile, file);
     const QStringList samples = QDir(QStringLiteral(QUILLAN_SOURCE_DIR "/tests/highlight/samples"))
                                     .entryList(QDir::Files | QDir::Hidden);
     QVERIFY2(std::any_of(samples.begin(), samples.end(),
@@ -156,9 +156,9 @@ void tst_definitions::noTwoDefinitions_claimTheSame()
 void tst_definitions::embeddedLanguages_areThere()
 {
     QStringList names;
-    for (const DefinitionFile &file : m_lstFiles)
+    for (const SDefinitionFile &file : m_lstFiles)
         names << file.name;
-    for (const DefinitionFile &file : m_lstFiles)
+    for (const SDefinitionFile &file : m_lstFiles)
         for (const QString &language : file.languagesUsed)
             QVERIFY2(names.contains(language), qPrintable(file.baseName + ": " + language));
 }
@@ -166,7 +166,7 @@ void tst_definitions::embeddedLanguages_areThere()
 void tst_definitions::languagesOfTheMenu_areThere()
 {
     QStringList names;
-    for (const DefinitionFile &file : m_lstFiles)
+    for (const SDefinitionFile &file : m_lstFiles)
         names << file.name;
     // The editor verifies and formats by these names.
     for (const char *name : {"HTML", "XML", "SVG", "JSON"})
@@ -243,7 +243,7 @@ void tst_definitions::fault_isFound()
     QFETCH(QString, content);
     QFETCH(QString, message);
     QTemporaryDir folder;
-    const DefinitionFile file = written(folder, "x.xml", content);
+    const SDefinitionFile file = written(folder, "x.xml", content);
     QStringList faults = attributeFaults(file) + commentFaults(file) + listFaults(file)
         + keywordFaults(file) + patternFaults(file) + regionFaults(file);
     if (!file.error.isEmpty())
@@ -256,7 +256,7 @@ void tst_definitions::slowPattern_isFound()
     QTemporaryDir folder;
     const QString list =
         QStringLiteral("<list name='reg_exp'><item>[a-z]+[a-z ]*\\d</item></list>");
-    const DefinitionFile file = written(
+    const SDefinitionFile file = written(
         folder, "x.xml", QString::fromLatin1(frame).arg("X", "*.x", "true", QString(), list));
     QVERIFY(slownessFaults(file).join('\n').contains("on a line of a"));
 }
@@ -265,8 +265,8 @@ void tst_definitions::doubleClaim_isFound()
 {
     QTemporaryDir folder;
     const QString f = QString::fromLatin1(frame);
-    const DefinitionFile a = written(folder, "a.xml", f.arg("A", "*.h;*.txt", "true", "", ""));
-    const DefinitionFile b = written(folder, "b.xml", f.arg("B", "*.H;note.txt", "true", "", ""));
+    const SDefinitionFile a = written(folder, "a.xml", f.arg("A", "*.h;*.txt", "true", "", ""));
+    const SDefinitionFile b = written(folder, "b.xml", f.arg("B", "*.H;note.txt", "true", "", ""));
     const QStringList expected {"a and b both claim *.h", "*.H of b is answered by a",
                                 "note.txt of b is answered by a"};
     QCOMPARE(claimFaults({a, b}), expected);
@@ -276,10 +276,10 @@ void tst_definitions::schema_refusesAnUnknownElement()
 {
     QTemporaryDir folder;
     const QString f = QString::fromLatin1(frame);
-    const DefinitionFile good =
+    const SDefinitionFile good =
         written(folder, "good.xml",
                 f.arg("X", "*.x", "true", "<comment name='singleLine' start='#'/>", QString()));
-    const DefinitionFile bad =
+    const SDefinitionFile bad =
         written(folder, "bad.xml",
                 f.arg("X", "*.x", "true", "<comment name='singleLine' start='#'/>", "<words/>"));
     QString output;

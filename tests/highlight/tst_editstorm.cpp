@@ -29,7 +29,7 @@ public:
 
     void step();
 
-    HighlightedEditor m_editor;
+    SHighlightedEditor m_editor;
     QVariantMap m_mapDefinition;
     bool m_bDefined = false;
 

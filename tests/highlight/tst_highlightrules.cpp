@@ -49,9 +49,9 @@ SHighlightLine highlight(const CHighlightRules &rules, const QString &strText, i
     return line;
 }
 
-TestDefinition likeC()
+STestDefinition likeC()
 {
-    TestDefinition definition;
+    STestDefinition definition;
     definition.strSingleLine = "//";
     definition.strMultiLineStart = "/*";
     definition.strMultiLineEnd = "*/";
@@ -60,9 +60,9 @@ TestDefinition likeC()
     return definition;
 }
 
-TestDefinition likeHtml()
+STestDefinition likeHtml()
 {
-    TestDefinition definition;
+    STestDefinition definition;
     definition.strMultiLineStart = "<!--";
     definition.strMultiLineEnd = "-->";
     definition.strTagOpen = "<";
@@ -72,9 +72,9 @@ TestDefinition likeHtml()
     return definition;
 }
 
-TestDefinition likeLua()
+STestDefinition likeLua()
 {
-    TestDefinition definition;
+    STestDefinition definition;
     definition.strSingleLine = "--";
     definition.strMultiLineStart = "--\\[\\[";
     definition.strMultiLineEnd = "\\]\\]";
@@ -255,7 +255,7 @@ void tst_HighlightRules::commentsOfADefinition_laterOnesOverride()
 
 void tst_HighlightRules::keywords_ofAllListsAreOrderedByListName()
 {
-    TestDefinition definition;
+    STestDefinition definition;
     definition.mapLists = {{"z", {"b"}}, {"a", {"d", "c"}}, {"reg_exp", {"[a-d]"}}};
     QCOMPARE(describe(highlight(CHighlightRules(definition.toMap()), "b c d b")),
              QString("4+1:k 2+1:k 0+1:k 2+1:k 4+1:k 6+1:k 0+1:k 6+1:k"));
@@ -288,7 +288,7 @@ void tst_HighlightRules::keywords_caseCountsOnlyWhenAsked()
 
 void tst_HighlightRules::tagPattern_onlyOneGivenCountsAsNone()
 {
-    TestDefinition definition = likeHtml();
+    STestDefinition definition = likeHtml();
     definition.strTagClose.clear();
     const CHighlightRules rules(definition.toMap());
     QCOMPARE(describe(highlight(rules, "div <div")), QString("0+3:k 5+3:k"));
@@ -315,7 +315,7 @@ void tst_HighlightRules::tagPattern_lastChildWins()
 
 void tst_HighlightRules::listNamedContexts_isAListOfKeywords()
 {
-    TestDefinition definition;
+    STestDefinition definition;
     definition.mapLists = {{"contexts", {"div"}}};
     QCOMPARE(describe(highlight(CHighlightRules(definition.toMap()), "div")), QString("0+3:k"));
 }

@@ -67,7 +67,7 @@ QList<int> marksIn(const QTextBlock &block)
 
 QVariantMap likeC()
 {
-    TestDefinition definition;
+    STestDefinition definition;
     definition.strSingleLine = "//";
     definition.strMultiLineStart = "/*";
     definition.strMultiLineEnd = "*/";
@@ -101,7 +101,7 @@ void tst_ThreadHighlighter::signals_areDeclaredAsDocumented()
 
 void tst_ThreadHighlighter::newText_isColoured()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
     editor.document.setPlainText("int a = 1;\n\nb // c");
     QVERIFY(editor.settle());
@@ -112,7 +112,7 @@ void tst_ThreadHighlighter::newText_isColoured()
 
 void tst_ThreadHighlighter::accessors_followTheDefinition()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     QCOMPARE(editor.pHighlighter->languageName(), QString());
     QCOMPARE(editor.pHighlighter->singleLineComment(), QString("//"));
     editor.pHighlighter->setDefinition(likeC());
@@ -126,7 +126,7 @@ void tst_ThreadHighlighter::accessors_followTheDefinition()
 
 void tst_ThreadHighlighter::definition_recoloursEveryBlock()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("/* int\nint */\nint");
     QVERIFY(editor.settle());
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -139,7 +139,7 @@ void tst_ThreadHighlighter::definition_recoloursEveryBlock()
 
 void tst_ThreadHighlighter::keystroke_recoloursItsLineOnly()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.pHighlighter->setDefinition(likeC());
     editor.document.setPlainText("int a\nint b\nint c");
     QVERIFY(editor.settle());
@@ -156,7 +156,7 @@ void tst_ThreadHighlighter::keystroke_recoloursItsLineOnly()
 
 void tst_ThreadHighlighter::openedComment_recoloursWhatFollows()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.pHighlighter->setDefinition(likeC());
     editor.document.setPlainText("int a\nint b\n*/\nint c\nint d");
     QVERIFY(editor.settle());
@@ -171,7 +171,7 @@ void tst_ThreadHighlighter::openedComment_recoloursWhatFollows()
 
 void tst_ThreadHighlighter::requestWithoutEdit_doesEveryBlock()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("a\nb\nc");
     QVERIFY(editor.settle());
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -182,7 +182,7 @@ void tst_ThreadHighlighter::requestWithoutEdit_doesEveryBlock()
 
 void tst_ThreadHighlighter::stateIsWritten_beforeTheResultIsSeen()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     // The definition asks for a pass of its own.
     editor.pHighlighter->setDefinition(likeC());
     QVERIFY(editor.settle());
@@ -196,7 +196,7 @@ void tst_ThreadHighlighter::stateIsWritten_beforeTheResultIsSeen()
 
 void tst_ThreadHighlighter::results_carryTheVersionOfTheText()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
     editor.document.setPlainText("a");
     QTextCursor(editor.document.firstBlock()).insertText("b");
@@ -207,7 +207,7 @@ void tst_ThreadHighlighter::results_carryTheVersionOfTheText()
 
 void tst_ThreadHighlighter::editDuringAPass_onlyCurrentResultsCome()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.pHighlighter->setDefinition(likeC());
     editor.document.setPlainText(manyLines(5000));
     bool bOld = false;
@@ -230,7 +230,7 @@ void tst_ThreadHighlighter::editDuringAPass_onlyCurrentResultsCome()
 // clear() stops the pass and asks for none.
 void tst_ThreadHighlighter::cleared_isColouredAgain()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     QPlainTextEdit widget;
     widget.setDocument(&editor.document);
     widget.setPlainText("/* a\nb");
@@ -244,7 +244,7 @@ void tst_ThreadHighlighter::cleared_isColouredAgain()
 
 void tst_ThreadHighlighter::clearedFormats_comeBackWithTheNextRequest()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("1\n2\n3");
     QVERIFY(editor.settle());
     editor.document.clearAdditionalFormats();
@@ -255,7 +255,7 @@ void tst_ThreadHighlighter::clearedFormats_comeBackWithTheNextRequest()
 
 void tst_ThreadHighlighter::word_isMarkedInAnyCase()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc ABC xAbCx\nab c\nabcabc");
     editor.pHighlighter->setSelectedWord("abc");
     QVERIFY(editor.settle());
@@ -281,7 +281,7 @@ void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks_data()
 void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks()
 {
     QFETCH(QString, word);
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc  ab  ab     x");
     editor.pHighlighter->setSelectedWord("abc");
     QVERIFY(editor.settle());
@@ -293,7 +293,7 @@ void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks()
 
 void tst_ThreadHighlighter::word_blanksAroundItCount()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc abc abcabc abc ");
     editor.pHighlighter->setSelectedWord(" abc ");
     QVERIFY(editor.settle());
@@ -302,7 +302,7 @@ void tst_ThreadHighlighter::word_blanksAroundItCount()
 
 void tst_ThreadHighlighter::word_everyBlockGetsAResult()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc\n\nx");
     QVERIFY(editor.settle());
     QSignalSpy spySyntax(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -315,7 +315,7 @@ void tst_ThreadHighlighter::word_everyBlockGetsAResult()
 
 void tst_ThreadHighlighter::word_sameAgainDoesNothing()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc");
     editor.pHighlighter->setSelectedWord("abc");
     QVERIFY(editor.settle());
@@ -330,7 +330,7 @@ void tst_ThreadHighlighter::word_sameAgainDoesNothing()
 
 void tst_ThreadHighlighter::word_changedDuringAPassIsMarkedAfterwards()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(3000));
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::selectedChanged);
     editor.pHighlighter->setSelectedWord("value");
@@ -343,7 +343,7 @@ void tst_ThreadHighlighter::word_changedDuringAPassIsMarkedAfterwards()
 
 void tst_ThreadHighlighter::word_marksStayAfterAnEdit()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("x abc\nabc");
     editor.pHighlighter->setSelectedWord("abc");
     QVERIFY(editor.settle());
@@ -357,7 +357,7 @@ void tst_ThreadHighlighter::word_marksStayAfterAnEdit()
 
 void tst_ThreadHighlighter::stop_endsThePassAndNothingStartsBeforeARequest()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(20000));
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
     QVERIFY(spy.wait());
@@ -376,7 +376,7 @@ void tst_ThreadHighlighter::stop_endsThePassAndNothingStartsBeforeARequest()
 
 void tst_ThreadHighlighter::stop_keepsTheSelectionForTheNextRequest()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc");
     QVERIFY(editor.settle());
     editor.pHighlighter->stopThread();
@@ -390,7 +390,7 @@ void tst_ThreadHighlighter::stop_keepsTheSelectionForTheNextRequest()
 // The thread ends while the next request comes, again and again; each request has to have its pass.
 void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText("abc");
     QVERIFY(editor.settle());
     int nResults = 0;
@@ -409,7 +409,7 @@ void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
 
 void tst_ThreadHighlighter::wait_withoutEventLoopReturns()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(50000));
     editor.pHighlighter->rehighlight();
     QVERIFY(editor.pHighlighter->wait(30000));
@@ -428,7 +428,7 @@ void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean()
 {
     QFETCH(bool, bHighlighterFirst);
     for (int n = 0; n < 10; ++n) {
-        HighlightedEditor editor;
+        SHighlightedEditor editor;
         editor.document.setPlainText(manyLines(5000));
         editor.pHighlighter->setSelectedWord("value");
         QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -446,7 +446,7 @@ void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean()
 // Posted events are delivered to the last one; results must not come as an endless row of them.
 void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(30000));
     int nInOneGo = 0;
     int nMost = 0;
@@ -462,7 +462,7 @@ void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
 
 void tst_ThreadHighlighter::linesThatCanBeSeen_getTheirResultsFirst()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     editor.pHighlighter->setVisibleLines(15000, 15049);
     QList<int> lstLines;
     connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
@@ -481,7 +481,7 @@ void tst_ThreadHighlighter::linesThatCanBeSeen_getTheirResultsFirst()
 // is never shown as anything else.
 void tst_ThreadHighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     const QVariantMap mapDefinition = nastyDefinitions().first();
     editor.pHighlighter->setDefinition(mapDefinition);
     editor.pHighlighter->setVisibleLines(9000, 9020);
@@ -501,7 +501,7 @@ void tst_ThreadHighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
 
 void tst_ThreadHighlighter::scrolledDuringAPass_bringsItsLinesForward()
 {
-    HighlightedEditor editor;
+    SHighlightedEditor editor;
     QList<int> lstLines;
     connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
             [&](uint, const QTextBlock &block) {

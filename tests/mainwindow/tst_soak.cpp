@@ -43,9 +43,9 @@ qint64 memory(const char *szLabel)
 
 // What the process has resident, in KB, after everything free has gone back to the system. The
 // caches of pixmaps and pages have limits of their own.
-struct Resident
+struct SResident
 {
-    Resident()
+    SResident()
     {
         QPixmapCache::clear();
         QWebSettings::clearMemoryCaches();
@@ -87,12 +87,12 @@ private slots:
         const int nDuration = number("QUILLAN_SOAK_SECONDS", 25) * 1000;
         int nSteps = work(1000) + workFor(nDuration / 3);
         closeAll();
-        const Resident before;
+        const SResident before;
         nSteps += workFor(nDuration - nDuration / 3);
         if (QTest::currentTestFailed())
             return;
         closeAll();
-        const Resident after;
+        const SResident after;
         const QString strSummary =
             QString("%1 steps, %2 saves, %3 KB of %4 KB its own before, %5 KB after")
                 .arg(nSteps)
