@@ -20,7 +20,7 @@ namespace {
 class CPatience
 {
 public:
-    explicit CPatience(qint64 nBytes) : m_nAll(s_nPatience + nBytes / 1000)
+    explicit CPatience(qint64 nBytes) : m_nAll(g_nPatience + nBytes / 1000)
     {
         m_sinceStart.start();
         m_sinceLast.start();
@@ -32,7 +32,7 @@ public:
     bool waitFor(int nHandle) const
     {
         const qint64 nLeft =
-            std::min(s_nPatience - m_sinceLast.elapsed(), m_nAll - m_sinceStart.elapsed());
+            std::min(g_nPatience - m_sinceLast.elapsed(), m_nAll - m_sinceStart.elapsed());
         pollfd wanted = {nHandle, POLLOUT, 0};
         if (nLeft > 0 && poll(&wanted, 1, int(nLeft)) != 0)
             return true;
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    static constexpr qint64 s_nPatience = 1500; // Milliseconds.
+    static constexpr qint64 g_nPatience = 1500; // Milliseconds.
 
     qint64 m_nAll; // A second more for each megabyte.
     QElapsedTimer m_sinceStart;
