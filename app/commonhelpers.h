@@ -4,7 +4,6 @@
 
 class QDateTime;
 class QFileInfo;
-class QWidget;
 
 // A size in bytes as people read it: powers of 1024, numbers by the default locale.
 QString getSizeText(qint64 nSize);
@@ -15,11 +14,5 @@ QString getDateText(const QDateTime &dateTime);
 // Order of folder listings: folders, then files; roots first; then the lower-cased name.
 bool lessFileInfo(const QFileInfo &a, const QFileInfo &b);
 
-// Gives a push or tool button one of the style sheets "green", "blue", "yellow", "step_blue",
-// "step_yellow". Another name changes nothing.
-void setButtonStyle(QWidget *pWidget, const QString &strName);
-
 // Shows the file in the system's file manager. False when no file manager could be asked.
 bool openFilePosition(const QString &strPath);
-
-void showAndActivate(QWidget *pWidget, bool bShow);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMessageBox>
 #include <QString>
 
 // Text that comes from outside (file names above all) shown as it stands, never interpreted.
@@ -18,10 +17,3 @@ QString plainWindowTitle(QString strText);
 // text around it (direction marks, line separators, halves of a pair), as their numbers. For lists
 // and titles, never for a path that a file is opened with.
 QString visibleName(const QString &strName);
-
-// QMessageBox::critical() and its kin with plain text, modal to the widget's window. Gives the
-// button that was chosen; Escape gives QMessageBox::Cancel where that is offered.
-QMessageBox::StandardButton
-showMessage(QWidget *pParent, QMessageBox::Icon icon, const QString &strTitle,
-            const QString &strText, QMessageBox::StandardButtons buttons = QMessageBox::Ok,
-            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);

@@ -1,6 +1,6 @@
 #include "browser/flatbutton.h"
 
-#include "app/commonhelpers.h"
+#include "widgets/buttonstyle.h"
 
 #include <QIcon>
 #include <QPushButton>

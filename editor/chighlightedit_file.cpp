@@ -4,6 +4,7 @@
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
 #include "editor/textreading.h"
+#include "widgets/messagebox.h"
 
 #include <QScrollBar>
 #include <QTextBlock>

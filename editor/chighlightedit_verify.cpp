@@ -1,7 +1,7 @@
 #include "editor/chighlightedit.h"
 
-#include "app/plaintext.h"
 #include "editor/contentformat.h"
+#include "widgets/messagebox.h"
 
 #include <QScrollBar>
 #include <QTextBlock>

@@ -17,7 +17,7 @@ void enable(const QList<QAction *> &lstActions, bool bEnabled)
         pAction->setEnabled(bEnabled);
 }
 
-// Of a document that shows a code editor.
+// For a document that shows a code editor.
 void showEditorStates(Ui::MainWindow *pUi, const CHighlightEdit *pEditor)
 {
     const bool bSelection = pEditor->textCursor().hasSelection();
@@ -31,7 +31,7 @@ void showEditorStates(Ui::MainWindow *pUi, const CHighlightEdit *pEditor)
     pUi->actionFormatting->setEnabled(pEditor->canFormatting());
 }
 
-// Of a page, or of a document that is neither (null).
+// For a page; pPage is null for a document that is neither page nor text.
 void showPageStates(Ui::MainWindow *pUi, const CEditWebView *pPage)
 {
     const auto follow = [pPage](QAction *pAction, QWebPage::WebAction webAction) {

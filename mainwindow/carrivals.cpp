@@ -46,14 +46,14 @@ void CArrivals::onChanged(CDocument *pDocument)
     m_pWindow->onModifiedChanged();
 }
 
-// The document goes with the text that is only there in part.
+// Closes the document, because only a part of its text has arrived.
 void CArrivals::stop(CDocument *pDocument)
 {
     if (!pDocument->stopArriving())
         m_close(pDocument);
 }
 
-// Told in the bar: by now the user may be at something else, which no box should interrupt.
+// The bar tells it: a box would interrupt whatever the user is doing by now.
 void CArrivals::onFailed(CDocument *pDocument, const QString &strReason, bool bPartial)
 {
     SNotice notice;
@@ -64,6 +64,6 @@ void CArrivals::onFailed(CDocument *pDocument, const QString &strReason, bool bP
         return;
     }
     m_pWindow->documents().recovery().offer(notice);
-    // Not while the document signals.
+    // Queued, because the document is still emitting a signal.
     QTimer::singleShot(0, pDocument, [this, pDocument] { m_close(pDocument); });
 }

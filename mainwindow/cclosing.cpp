@@ -4,6 +4,7 @@
 #include "mainwindow/cpasttabs.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
+#include "widgets/messagebox.h"
 
 #include <QPointer>
 
@@ -17,7 +18,7 @@ CClosing::CClosing(MainWindow *pWindow, CTabWidget *pTabs, CPastTabs *pPastTabs,
 {
 }
 
-// Unsaved: the document goes with text that nobody declined, since "Yes" saved another one.
+// Unsaved: "Yes" saved another document, so this one is closed with text that nobody declined.
 CClosing::Leaving CClosing::askBeforeClosing(CDocument *pDocument)
 {
     if (!pDocument->isModified())

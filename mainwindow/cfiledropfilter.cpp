@@ -39,7 +39,7 @@ bool CFileDropFilter::eventFilter(QObject *pObject, QEvent *pEvent)
     pDrop->setDropAction(Qt::CopyAction);
     pDrop->accept();
     if (type == QEvent::Drop) {
-        // Not inside the drag, whose source waits: opening may ask the user something.
+        // Queued: opening may ask the user something while the source of the drag waits.
         QTimer::singleShot(0, this, [this, lstFiles] { emit filesDropped(lstFiles); });
     }
     return true;

@@ -32,7 +32,7 @@ QWidget *CFindDock::panel() const
     return m_pPanel;
 }
 
-// The start of the program does not wait for it.
+// Made when it is first shown, so that the start of the program does not wait for it.
 CWidgetFindInFiles *CFindDock::makePanel()
 {
     if (m_pPanel)
@@ -65,7 +65,7 @@ void CFindDock::show(const QString &strText)
     m_pPanel->prepare(bOneLine ? strText : QString());
 }
 
-// A file that is open with unsaved text is left to its tab, under whichever spelling it is open.
+// Refuses a file that is open with unsaved text, however its path is spelled there.
 QString CFindDock::whyNotWrite(const QString &strPath) const
 {
     const SFileState state = fileStateOf(strPath);
@@ -96,7 +96,7 @@ void CFindDock::onMatchActivated(const QString &strPath, int nLine, int nColumn,
     });
 }
 
-// Of a page, in its source, which may differ from its file.
+// Selects the match in the source of a page, which may differ from its file.
 void CFindDock::selectMatch(CDocument *pDocument, int nLine, int nColumn, int nLength)
 {
     if (!pDocument->editor() && pDocument->page())
@@ -112,7 +112,7 @@ void CFindDock::selectInEditor(CHighlightEdit *pEditor, int nLine, int nColumn, 
         emit message(tr("The text has changed since the search."));
         return;
     }
-    // As far as the line still reaches: the document may have been edited.
+    // The document may have been edited: the selection ends with the line at the latest.
     QTextCursor cursor = pEditor->textCursor();
     const int nRoom = cursor.block().length() - 1;
     const int nStart = qMin(nColumn, nRoom);

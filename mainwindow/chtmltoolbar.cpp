@@ -46,8 +46,8 @@ QIcon swatch(const QColor &clr)
     return QIcon(pixmap);
 }
 
-// The button's own drawing with a bar of the colour at the caret along its foot, and in its corner
-// the colour that a click applies.
+// Draws the button's picture with two colours: a bar at the bottom for the one at the caret, a
+// corner for the one that a click applies.
 QIcon underlined(const QString &strIcon, const QColor &clr, const QColor &clrChosen)
 {
     QIcon icon;
@@ -130,7 +130,7 @@ void CHtmlToolBar::addColorButton(QToolBar *pToolBar, SColorButton *pColor, cons
             [this, pSignal, pColor] { emit(this->*pSignal)(pColor->clrChosen); });
     pColor->pButton = qobject_cast<QToolButton *>(pToolBar->widgetForAction(pAction));
     pColor->pButton->setPopupMode(QToolButton::MenuButtonPopup);
-    // Buttons of tool bars are left out by Tab, and their menus open by the mouse alone.
+    // Qt gives tool bar buttons no place in the Tab order and no key for their menus.
     pColor->pButton->setFocusPolicy(Qt::TabFocus);
     auto *pOpenMenu = new QShortcut(QKeySequence(QStringLiteral("Alt+Down")), pColor->pButton);
     pOpenMenu->setContext(Qt::WidgetShortcut);

@@ -34,8 +34,8 @@ void CMenuLetters::addLetter(QMainWindow *pWindow, QChar cLetter)
             [this, cLetter] { openMenuOfLetter(m_pBar, cLetter); });
 }
 
-// By itself an open menu would go as Alt goes down, and the letter would find none open. It goes as
-// Alt comes up again, unless a letter came in between.
+// Qt closes an open menu when Alt is pressed, so that the letter would find none open. Here the
+// menu closes when Alt is released, unless a letter came in between.
 bool CMenuLetters::eventFilter(QObject *pObject, QEvent *pEvent)
 {
     if (pEvent->type() != QEvent::KeyPress && pEvent->type() != QEvent::KeyRelease)

@@ -117,7 +117,7 @@ void CNoticeBar::showChoices()
     setTabOrder(pLast, m_pClose);
 }
 
-// Where the text has no room beside the buttons they stand below it.
+// The buttons stand below the text if it has no room beside them.
 int CNoticeBar::heightForWidth(int nWidth) const
 {
     int nRoom = nWidth - m_pClose->sizeHint().width();
@@ -133,7 +133,7 @@ bool CNoticeBar::isFreshUnderMouse() const
     return m_sinceShown.isValid() && !m_sinceShown.hasExpired(QApplication::doubleClickInterval());
 }
 
-// Of the whole program: it tells when the mouse was used last, wherever.
+// Filters the events of the whole program, to know when the mouse was used last.
 bool CNoticeBar::eventFilter(QObject *pObject, QEvent *pEvent)
 {
     if (!isClick(pEvent) || !pObject->isWidgetType())

@@ -12,6 +12,7 @@
 #include "web/ctaster.h"
 #include "web/pagecodec.h"
 #include "web/pagehazards.h"
+#include "widgets/messagebox.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -53,7 +54,7 @@ void COpener::open(const QString &strPathFileName)
     m_pWindow->onModifiedChanged();
 }
 
-// True when the file is very large: the bar asks whether it shall be opened.
+// True when the file is very large: then the bar asks first.
 bool COpener::isAskedFirst(const QString &strPath)
 {
     if (m_setLargeWanted.contains(strPath) || !CDocument::isAboveCeiling(strPath))
@@ -84,7 +85,7 @@ bool COpener::read(const QString &strPath, SFileContent *pContent)
 
 void COpener::openPage(const QString &strPath)
 {
-    // Read before a tab is there: the page would show an error of its own under this path.
+    // The file is read before it gets a tab, or the page would show an error of its own.
     SFileContent content;
     if (isAskedFirst(strPath) || !read(strPath, &content))
         return;
@@ -107,7 +108,7 @@ void COpener::openPage(const QString &strPath)
     m_pWindow->currentDocument().widget()->setFocus();
 }
 
-// Why the page engine shall not get the page, unless the user says so; empty when it may.
+// Says why the page engine does not get the page unless the user insists; empty when it does.
 QString COpener::refusalOf(const QString &strPath, const SFileContent &content) const
 {
     if (m_pWindow->documents().loads().isBlamed(strPath))
@@ -122,7 +123,7 @@ QString COpener::refusalOf(const QString &strPath, const SFileContent &content) 
         .arg(visibleName(strPath), pageHazardReason(hazard));
 }
 
-// As a text, without the page engine.
+// Opens the page as a text, without the page engine.
 void COpener::openSourceOf(const QString &strPath, const SFileContent &content,
                            const QString &strWhy)
 {
@@ -140,7 +141,7 @@ void COpener::openSourceOf(const QString &strPath, const SFileContent &content,
     pDocument->setNotice(CDocument::Topic::Loading, notice);
 }
 
-// Not at all where the program ended over it, unless the user says so.
+// False for an image that crashed the program before, unless the user insists.
 bool COpener::mayOpenImage(const QString &strPath)
 {
     if (!m_pWindow->documents().loads().isBlamed(strPath))
@@ -189,7 +190,7 @@ CEditorDocument *COpener::addTextOfFile()
 {
     CEditorDocument *pDocument = addTextDocument();
     CHighlightEdit *pEditor = pDocument->editor();
-    // Made a second time for an opened file: each of these slots runs twice per signal.
+    // The second connection of an opened file: each of these slots runs twice per signal.
     connect(g_pSettings, &CSettings::textFontSizeChanged, pEditor, &CHighlightEdit::onTextFontSize);
     connect(pEditor, &CHighlightEdit::modificationChanged, m_pWindow,
             &MainWindow::onModifiedChanged);
@@ -210,7 +211,7 @@ void COpener::showText(const QString &strPath, const SFileContent &content)
     tellOfText(*pDocument);
 }
 
-// The language is chosen by the first lines, and once more at the end: they may be long.
+// Chooses the language by the first lines, and again at the end: the first slice may hold less.
 void COpener::showTextInBackground(const QString &strPath)
 {
     CEditorDocument *pDocument = addTextOfFile();
@@ -228,7 +229,7 @@ void COpener::showTextInBackground(const QString &strPath)
     pDocument->editor()->setFocus();
 }
 
-// What the user has to know before it is saved.
+// Tells what the user has to know before saving.
 void COpener::tellOfText(const CDocument &document)
 {
     if (!document.isWhole())

@@ -17,7 +17,7 @@
 
 namespace {
 
-// As many as may name a text's language.
+// The lines that may name the language of the text.
 QStringList firstLines(const QTextDocument &document)
 {
     const int nLines = 5;
@@ -84,7 +84,7 @@ void COpener::newPage()
     m_pWindow->onModifiedChanged();
 }
 
-// Name, tool tip, icon and language of a document that belongs to a file.
+// Gives a document that belongs to a file its name, tool tip, icon and language.
 void COpener::nameTab(const CDocument &document)
 {
     const QString strPath = document.path();
@@ -114,7 +114,7 @@ void COpener::nameTab(const CDocument &document)
     }
 }
 
-// A new definition has every line coloured anew.
+// A new definition colours every line anew, so the same one is not set again.
 void COpener::chooseLanguage(const CDocument &document)
 {
     CHighlightEdit *pEditor = document.editor();

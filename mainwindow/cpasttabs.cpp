@@ -43,7 +43,7 @@ void CPastTabs::storeOpen()
     storeEnding();
 }
 
-// A run in which no file was open says nothing about what was open last.
+// Keeps the stored session after a run in which no file was open.
 void CPastTabs::store(const SSession &session)
 {
     if (!session.lstPlaces.isEmpty() || !m_closed.isEmpty())
@@ -91,7 +91,7 @@ void CPastTabs::reopenLast()
         emit message(tr("No longer there: %1").arg(lstGone.join(QStringLiteral(", "))));
 }
 
-// False where there is no such file any more. An open document stays where the user is in it.
+// False when the file no longer exists. A document that is open already keeps its caret.
 bool CPastTabs::reopen(const SPlace &place)
 {
     const bool bOpen = m_pDocuments->withPath(place.strPath);

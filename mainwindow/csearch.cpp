@@ -11,7 +11,7 @@
 
 namespace {
 
-// In the screen's coordinates.
+// The place of the selection, in screen coordinates.
 QRect selectedSpot(const CHighlightEdit &edit)
 {
     QTextCursor start = edit.textCursor();
@@ -20,7 +20,7 @@ QRect selectedSpot(const CHighlightEdit &edit)
     return {edit.viewport()->mapToGlobal(spot.topLeft()), spot.size()};
 }
 
-// One line's worth of selected text; a larger selection is a place to search, not a text to find.
+// Only a selection within one line is text to find; a larger one is a place to search in.
 bool isOneLine(const QString &strText)
 {
     return !strText.contains(QChar::ParagraphSeparator) && !strText.contains(QLatin1Char('\n'));
@@ -46,7 +46,7 @@ CDlgFind *CSearch::dialog()
     return m_pDlgFind;
 }
 
-// The dialog, offering what is selected.
+// Gives the dialog, with the selected text in it.
 CDlgFind *CSearch::dialogForSelection()
 {
     const QString strText = document().selectedText();
@@ -117,7 +117,7 @@ void CSearch::replaceAll()
 {
     const QString strFind = dialog()->getFindText();
     dialog()->clearInfo();
-    // The number of replacements is signalled.
+    // The editor signals the number of replacements.
     if (!strFind.isEmpty() || document().editor())
         static_cast<void>(document().replaceAll(strFind, dialog()->getReplaceText()));
     if (const CHighlightEdit *pEditor = document().editor(); pEditor && pEditor->replaceAllJob())
@@ -165,7 +165,7 @@ void CSearch::tellCount(int nIndex, int nCount)
 
 void CSearch::tell(const QString &strText)
 {
-    // With the dialog open its own line tells; searched by key, nobody would see it there.
+    // An open dialog tells it in its own line; without one the status bar does.
     if (!dialog()->isVisible())
         emit message(strText);
 }

@@ -18,7 +18,7 @@
 
 namespace {
 
-// The folder last used; at the very first start the home folder.
+// Gives the folder used last; at the very first start the home folder.
 QString startFolder()
 {
     const QString strLast = g_pSettings->getLastPathFileName();
@@ -28,8 +28,8 @@ QString startFolder()
     return info.isDir() ? strLast : info.absolutePath();
 }
 
-// A dock that begins to float hears of its place twice: as it is, and sometimes once more as the
-// corner of the screen, from the time when it was no window yet. That would be stored.
+// A dock that begins to float is moved twice: to its place, and sometimes late to the corner of the
+// screen, by an event from before it was a window. Without this the corner would be stored.
 void keepPlace(QDockWidget *pDock)
 {
     const int nSettled = 500; // Milliseconds; the desktop has answered by then.
@@ -116,7 +116,7 @@ void CSidePanels::previewCurrentDocument()
         m_pPreview->previewSvg(pEditor->getText());
 }
 
-// What is shown of a document goes with it.
+// Empties what shows a document when that document is closed.
 void CSidePanels::follow(CDocument *pDocument)
 {
     if (m_pPreviewed == pDocument)

@@ -16,7 +16,7 @@ CStartPanel::CStartPanel(const QList<QAction *> &lstActions, QWidget *pParent)
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus); // Its links have it.
     setWidgetResizable(true);
-    // Dark on the light ground of the empty area, in every desktop palette.
+    // The text is dark in every desktop palette, because the empty area is light.
     setStyleSheet(QStringLiteral(
         "CStartPanel, CStartPanel > QWidget > QWidget{background:transparent;}"
         "QLabel{color:#333;} CLinkButton{border:1px solid transparent;padding:1px 3px;"

@@ -5,7 +5,7 @@
 
 CStatusLabels::CStatusLabels(QStatusBar *pStatusBar) : QObject(pStatusBar), m_pStatusBar(pStatusBar)
 {
-    // The labels' colour is dark in every desktop palette, so what lies under them is light.
+    // The labels are dark in every desktop palette, so the ground under them is light.
     pStatusBar->setStyleSheet(QStringLiteral("QStatusBar{background:#f0f0f0;}"));
 
     m_pMessage = new QLabel(pStatusBar);
@@ -51,8 +51,8 @@ void CStatusLabels::setCursorText(const QString &strText)
     fitCursorLabel();
 }
 
-// A label of a fixed size has a new text painted and nothing laid out. It only grows, so that its
-// neighbours stand still while the cursor moves.
+// Qt lays the status bar out anew for a label whose size may change. This one has a fixed size,
+// which only grows, so that its neighbours stand still while the cursor moves.
 void CStatusLabels::fitCursorLabel()
 {
     const QSize needed = m_pCursor->sizeHint();

@@ -2,7 +2,7 @@
 
 namespace {
 
-// Of the name, in characters of average width.
+// The width of a tab's name, in characters of average width.
 const int g_nWidestName = 32;
 const int g_nNarrowestName = 18;
 
@@ -14,7 +14,7 @@ CTabBar::CTabBar(QWidget *pParent) : QTabBar(pParent)
     setUsesScrollButtons(true);
 }
 
-// With the name cut to so many characters; icon and button stay as they are.
+// The width of a tab whose name is cut to that many characters.
 QSize CTabBar::sizeWithName(int nIndex, int nCharacters) const
 {
     QSize size = QTabBar::tabSizeHint(nIndex);

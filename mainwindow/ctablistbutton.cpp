@@ -10,7 +10,7 @@ namespace {
 
 const int g_nLastNumberKey = 9;
 
-// The name and, where the tab has one, its key.
+// Gives the name and, if the tab has one, its key.
 QString entryText(int nIndex, const QString &strName)
 {
     const int nNumber = nIndex + 1;
@@ -36,7 +36,7 @@ CTabListButton::CTabListButton(QTabWidget *pTabs, std::function<QVector<STabName
     setMenu(&m_menu);
     setPopupMode(QToolButton::InstantPopup);
     m_menu.setToolTipsVisible(true);
-    // Not in columns, of which a small screen shows only the first.
+    // One column, because a small screen would show only the first of several.
     m_menu.setStyleSheet(QStringLiteral("QMenu{menu-scrollable:1;}"));
     connect(&m_menu, &QMenu::aboutToShow, this, &CTabListButton::fillMenu);
 }
@@ -55,13 +55,13 @@ void CTabListButton::fillMenu()
             onOneLine(strName), Qt::ElideMiddle, nWidest * m_menu.fontMetrics().averageCharWidth());
         QAction *pAction = m_menu.addAction(m_pTabs->tabIcon(n), entryText(n, strName));
         pAction->setToolTip(plainToolTip(visibleName(lstNames.at(n).strPath)));
-        // Tabs may come and go while the menu stands.
+        // The tab may be gone: tabs come and go while the menu is open.
         const QPointer<QWidget> pWidget(m_pTabs->widget(n));
         connect(pAction, &QAction::triggered, this, [this, pWidget] { goTo(pWidget); });
         if (n == m_pTabs->currentIndex())
             m_menu.setDefaultAction(pAction);
     }
-    // Once it is shown: only then does a menu that is too long for the screen scroll there.
+    // Queued: a menu that is longer than the screen scrolls to an entry only once it is shown.
     QTimer::singleShot(0, &m_menu, [this] { m_menu.setActiveAction(m_menu.defaultAction()); });
 }
 

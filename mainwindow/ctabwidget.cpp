@@ -37,7 +37,8 @@ void CTabWidget::replaceWidget(QWidget *pOld, QWidget *pNew)
     const QScopedValueRollback<bool> replacing(m_bReplacing, true); // It is not empty meanwhile.
     const int nIndex = indexOf(pOld);
     QWidget *pCurrent = currentWidget() == pOld ? pNew : currentWidget();
-    // The old one loses its focus first: a page that is hidden with it takes a tab key.
+    // The old widget gives up the focus first, because a page that is hidden with it eats a Tab
+    // key.
     const QWidget *pFocus = pOld->window()->focusWidget();
     const bool bFocus = pFocus && (pFocus == pOld || pOld->isAncestorOf(pFocus));
     pOld->clearFocus();
@@ -105,7 +106,7 @@ void CTabWidget::placeHeader()
         m_pEmptyPanel->setGeometry(bPages ? rect() : area);
 }
 
-// The standard widget places its pages whenever it likes; the header's height follows its text.
+// The standard widget places its pages at any time, and the header's height follows its text.
 bool CTabWidget::eventFilter(QObject *pObject, QEvent *pEvent)
 {
     const bool bPlaced = (pEvent->type() == QEvent::Resize || pEvent->type() == QEvent::Move)
@@ -138,7 +139,7 @@ void CTabWidget::tabRemoved(int nIndex)
 {
     QTabWidget::tabRemoved(nIndex);
     showEmptyPanel();
-    // The document that went had the keyboard.
+    // The closed document had the keyboard.
     if (m_pEmptyPanel && m_pEmptyPanel->isVisible() && !window()->focusWidget())
         focusPane(m_pEmptyPanel);
 }

@@ -105,7 +105,7 @@ std::vector<CWorkProgress::SWork>::iterator CWorkProgress::find(int nWork)
         [nWork](const SWork &work) { return work.nId == nWork; });
 }
 
-// The last one that is old enough.
+// Gives the work begun last among those that are old enough.
 CWorkProgress::SWork *CWorkProgress::shownWork()
 {
     const auto itFound =

@@ -102,7 +102,7 @@ MainWindow::~MainWindow()
     g_pSettings->setFrameState(m_arrClosedState.isEmpty() ? saveState() : m_arrClosedState);
     if (m_arrClosedState.isEmpty())
         m_pPastTabs->storeOpen();
-    // The views, docks and the clipboard signal while they go; nobody may answer any more.
+    // Views, docks and clipboard emit signals while they are destroyed; nobody may answer them.
     QApplication::clipboard()->disconnect(this);
     m_pTabs->disconnect(this);
     m_pPanels->browser()->disconnect(this);
@@ -179,7 +179,7 @@ void MainWindow::setupDocuments()
         else
             document.dismissNotice();
     });
-    // Once the window stands.
+    // Queued until the window is complete.
     QTimer::singleShot(0, pRecovery, &CRecovery::offerCutOff);
     QTimer::singleShot(0, pRecovery, &CRecovery::offerAbandoned);
     connect(pRecovery, &CRecovery::failed, this, &MainWindow::showStatusMessage);

@@ -3,7 +3,6 @@
 
 #include "app/commonhelpers.h"
 #include "app/csettings.h"
-#include "app/plaintext.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
@@ -11,12 +10,13 @@
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/csearch.h"
 #include "ui_mainwindow.h"
+#include "widgets/messagebox.h"
 
 #include <QColorDialog>
 #include <QCoreApplication>
 #include <QPointer>
 
-// Nothing is told where a command had nothing to do: its action was disabled then.
+// A command that had nothing to do has no text: its action was disabled.
 void MainWindow::finish(const Result &)
 {
     refreshWindow();
@@ -24,7 +24,7 @@ void MainWindow::finish(const Result &)
 
 void MainWindow::on_actionExit_triggered()
 {
-    // Asks nothing, since drafts keep what is unsaved. Where they cannot, the window asks first.
+    // Exit asks nothing, because drafts keep what is unsaved. Without drafts the window asks.
     m_pDocuments->drafts().flush();
     if (m_pDocuments->drafts().isWorking() || close())
         QCoreApplication::exit(0);
@@ -96,7 +96,7 @@ void MainWindow::on_actionColor_Dialog_triggered()
     const QPointer<CDocument> pDocument(&currentDocument());
     const QString strSelected = pDocument->selectedText();
     QColor clrInitial = g_pSettings->getTextColor();
-    // A colour that is selected in the text is the one to change.
+    // The dialog begins with the colour that is selected in the text.
     if (pDocument->editor() && QColor::isValidColor(strSelected))
         clrInitial.setNamedColor(strSelected);
     const QColor clr = QColorDialog::getColor(clrInitial, this, tr("Color Dialog"));

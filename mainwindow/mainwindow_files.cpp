@@ -6,6 +6,7 @@
 #include "highlight/chighlightmgt.h"
 #include "mainwindow/copener.h"
 #include "mainwindow/ctabwidget.h"
+#include "widgets/messagebox.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -44,7 +45,7 @@ bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
     return false;
 }
 
-// strAgreed: the path that the user has chosen, after the notice bar's question was answered.
+// strAgreed: the path that the user chose before the notice bar asked about it.
 bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
 {
     if (!pDocument->widget() || pDocument->isReadOnly())

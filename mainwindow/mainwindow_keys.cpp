@@ -25,10 +25,10 @@ void MainWindow::addKey(const char *szKey, const std::function<void()> &fnActiva
 
 void MainWindow::setupShortcuts()
 {
-    // Single keys: the standard lists hold keys that are other actions' here.
+    // Single keys instead of Qt's standard lists, which hold keys of other actions.
     m_pUi->actionRedo->setShortcuts(
         {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
-    // In no menu or toolbar, so that the window has to know them for their keys.
+    // These actions are in no menu or tool bar, so the window itself must own them for their keys.
     addActions({m_pUi->actionBack, m_pUi->actionForward, m_pUi->actionLeft_to_Right,
                 m_pUi->actionRight_to_Left});
 

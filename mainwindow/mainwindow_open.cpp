@@ -1,13 +1,13 @@
-// The ways by which files come in: arguments, hand-overs, dialogs, the recent list, drops.
+// How files come in: arguments, hand-overs, dialogs, the recent list, drops.
 #include "mainwindow/mainwindow.h"
 
 #include "app/arguments.h"
-#include "app/commonhelpers.h"
 #include "app/csettings.h"
 #include "browser/cwidgetfavorfilelist.h"
 #include "mainwindow/cfiledropfilter.h"
 #include "mainwindow/crecentmenu.h"
 #include "mainwindow/csidepanels.h"
+#include "widgets/buttonstyle.h"
 
 #include <QDropEvent>
 #include <QFileDialog>

@@ -42,7 +42,7 @@ void MainWindow::setupPageToolBar()
     m_pPageObjects = new CPageObjects(m_pUi->pageToolBar);
 }
 
-// The page editor while the page itself stands in the current tab; else null.
+// Gives the page editor if the current tab shows a page and not its source; else null.
 CEditWebView *MainWindow::shownPage() const
 {
     const CDocument &document = currentDocument();

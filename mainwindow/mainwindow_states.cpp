@@ -67,7 +67,7 @@ void MainWindow::updateStatus()
     m_pFormats->show(document);
 }
 
-// What the current document has to tell comes before what belongs to none.
+// Notices of the current document come before those that belong to none.
 void MainWindow::showNotice()
 {
     const SNotice notice = currentDocument().notice();
@@ -131,7 +131,7 @@ void MainWindow::changeEvent(QEvent *pEvent)
     QMainWindow::changeEvent(pEvent);
     if (pEvent->type() != QEvent::ActivationChange || !isActiveWindow() || !m_pDocuments)
         return;
-    // While another program had the focus, things may have changed that no signal told.
+    // Much may have changed without a signal while another program had the focus.
     clipboardDataChanged();
     m_pDocuments->checkFiles();
 }

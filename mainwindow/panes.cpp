@@ -40,7 +40,7 @@ QWidget *nextPane(const QList<QWidget *> &lstPanes, const QWidget *pFocus, int n
     const int nCount = lstPanes.size();
     const auto itNow = std::find_if(lstPanes.begin(), lstPanes.end(),
                                     [pFocus](QWidget *pPane) { return isWithin(pPane, pFocus); });
-    // From nowhere the step forward leads to the first part, the step back to the last.
+    // Without a current part, forward leads to the first and back to the last.
     int nAt = itNow != lstPanes.end() ? int(itNow - lstPanes.begin()) : (nBy > 0 ? -1 : nCount);
     for (int n = 0; n < nCount; ++n) {
         nAt = (nAt + nBy + nCount) % nCount;

@@ -14,7 +14,7 @@ namespace {
 
 const char g_szFormat[] = "quillan-session-1";
 
-// The program may be started from another folder next time.
+// Makes the path absolute, because the next start may be from another folder.
 QString pathToJson(const QString &strPath)
 {
     const QString strAbsolute = strPath.isEmpty() || QFileInfo(strPath).isAbsolute()
@@ -24,7 +24,7 @@ QString pathToJson(const QString &strPath)
         CFileNameCodec::bytesOf(strAbsolute).toPercentEncoding(QByteArrayLiteral("/ ")));
 }
 
-// Empty for what no system takes for a path.
+// Empty for a text that no system takes for a path.
 QString pathFromJson(const QJsonValue &value)
 {
     const QByteArray bytes = QByteArray::fromPercentEncoding(value.toString().toLatin1());

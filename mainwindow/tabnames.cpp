@@ -13,7 +13,7 @@ QString withoutStar(const QString &strTitle)
     return strTitle.endsWith(QLatin1Char('*')) ? strTitle.chopped(1) : strTitle;
 }
 
-// The parts of the path beside the title, the outermost first.
+// Gives the folders of the path, the outermost first.
 QStringList partsOf(const STabName &name)
 {
     QStringList lstParts = QDir::fromNativeSeparators(name.strPath).split(QLatin1Char('/'));
@@ -42,7 +42,7 @@ QString shortest(const QStringList &lstParts, const QVector<QStringList> &lstAll
     int nParts = 1;
     while (nParts < lstParts.size() && !isAlone(lstParts, lstAll, nParts))
         ++nParts;
-    // The first part of an absolute path is empty, before its root.
+    // The first part of an absolute path is the empty text before its root.
     const int nLeftOut = lstParts.size() - nParts - int(lstParts.constFirst().isEmpty());
     if (nLeftOut > 0)
         return QStringLiteral("…/") + tail(lstParts, nParts).join(QLatin1Char('/'));

@@ -6,12 +6,12 @@
 set -euo pipefail
 cd "${1-$(dirname "$0")/..}"
 # main() puts the program together and belongs to no folder.
-mapfile -t sources < <(find app spelling highlight editor web browser findinfiles pageedit document mainwindow taster \
+mapfile -t sources < <(find app widgets spelling highlight editor web browser findinfiles pageedit document mainwindow taster \
     \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) ! -path app/main.cpp 2>/dev/null | sort)
 [ ${#sources[@]} -gt 0 ] || { echo "check-layers.sh: no sources here" >&2; exit 2; }
 awk '
     BEGIN {
-        split("res app highlight editor web pageedit document mainwindow", order)
+        split("res app widgets highlight editor web pageedit document mainwindow", order)
         for (n in order) floor[order[n]] = n + 0
         floor["browser"] = floor["findinfiles"] = floor["web"]
         floor["spelling"] = floor["highlight"]

@@ -11,7 +11,7 @@ clazy=level1,no-connect-by-name,no-const-signal-or-slot
 [ "${1-}" = --clazy ] && { tool=(clazy-standalone "-checks=$clazy"); shift; }
 folders=("$@")
 # What takes longest comes first, so that the processors end together.
-[ ${#folders[@]} -gt 0 ] || folders=(mainwindow document pageedit findinfiles web browser editor highlight spelling app)
+[ ${#folders[@]} -gt 0 ] || folders=(mainwindow document pageedit findinfiles web browser editor highlight spelling widgets app)
 
 mkdir -p build
 # The preset builds the headers made of forms.

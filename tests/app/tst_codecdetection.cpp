@@ -26,7 +26,7 @@ QString shown(const SDetectedCodec &detected, const QByteArray &data)
 
 } // namespace
 
-class tst_CodecDetection : public QObject
+class tst_codecdetection : public QObject
 {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ private slots:
     void everyLanguage_hasCodecsAndLetters();
 };
 
-void tst_CodecDetection::shortText_isReadRight_data()
+void tst_codecdetection::shortText_isReadRight_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("text");
@@ -77,13 +77,13 @@ void tst_CodecDetection::shortText_isReadRight_data()
     row("ISO-2022-JP", "大きさ, size");
 }
 
-void tst_CodecDetection::shortText_isReadRight()
+void tst_codecdetection::shortText_isReadRight()
 {
     QFETCH(QByteArray, data);
     QTEST(shown(detectCodec(data), data), "text");
 }
 
-void tst_CodecDetection::languageOfTheLocale_decidesBetweenEquals()
+void tst_codecdetection::languageOfTheLocale_decidesBetweenEquals()
 {
     const QByteArray data = encoded("Big5", QString::fromUtf8("// 緩衝區\n"));
     QCOMPARE(detectLegacyCodec(data, QStringLiteral("zh_tw")).strName, QStringLiteral("Big5"));
@@ -96,7 +96,7 @@ void tst_CodecDetection::languageOfTheLocale_decidesBetweenEquals()
         QCOMPARE(detectLegacyCodec(german, szLocale).strName, QStringLiteral("windows-1252"));
 }
 
-void tst_CodecDetection::fullWidthSigns_areNoFault()
+void tst_codecdetection::fullWidthSigns_areNoFault()
 {
     const QString strText = QString::fromUtf8("価格＝１００円＋税～五月末まで、詳しくはこちら。");
     for (const char *szCodec : {"Shift_JIS", "EUC-JP"}) {
@@ -108,7 +108,7 @@ void tst_CodecDetection::fullWidthSigns_areNoFault()
     }
 }
 
-void tst_CodecDetection::cutText_isStillFound_data()
+void tst_codecdetection::cutText_isStillFound_data()
 {
     QTest::addColumn<QString>("codec");
     QTest::addColumn<QString>("prose");
@@ -120,7 +120,7 @@ void tst_CodecDetection::cutText_isStillFound_data()
     }
 }
 
-void tst_CodecDetection::cutText_isStillFound()
+void tst_codecdetection::cutText_isStillFound()
 {
     QFETCH(QString, codec);
     QFETCH(QString, prose);
@@ -130,7 +130,7 @@ void tst_CodecDetection::cutText_isStillFound()
         QCOMPARE(detectCodec(data.left(nSize)).strName, strFound);
 }
 
-void tst_CodecDetection::encodingThatOnlyTheDetectorKnows_isBelieved()
+void tst_codecdetection::encodingThatOnlyTheDetectorKnows_isBelieved()
 {
     const QString strText = QString::fromUtf8(
         "Ĉiu ĵaŭdo la aĝa ĝardenisto ŝmiris la ĉaron kaj veturis laŭ la rivero ĝis la urbo, kie li "
@@ -142,7 +142,7 @@ void tst_CodecDetection::encodingThatOnlyTheDetectorKnows_isBelieved()
     QCOMPARE(shown(detectCodec(data), data), strText);
 }
 
-void tst_CodecDetection::foreignLine_countsWhereverItStands()
+void tst_codecdetection::foreignLine_countsWhereverItStands()
 {
     const QString strText = QString::fromUtf8("// Größe der Fläche\n");
     const QByteArray code = QByteArray("int count = 0;\n").repeated(20000);
@@ -154,7 +154,7 @@ void tst_CodecDetection::foreignLine_countsWhereverItStands()
 }
 
 // Much of the text is the same in both; what is not comes last.
-void tst_CodecDetection::lateByte_tellsSimilarEncodingsApart()
+void tst_codecdetection::lateByte_tellsSimilarEncodingsApart()
 {
     const QString strSame = QString::fromUtf8("mála káva nová číslo éra\n").repeated(500);
     for (const char *szCodec : {"windows-1250", "ISO-8859-2"}) {
@@ -164,7 +164,7 @@ void tst_CodecDetection::lateByte_tellsSimilarEncodingsApart()
     }
 }
 
-void tst_CodecDetection::guess_isNotSure_data()
+void tst_codecdetection::guess_isNotSure_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<bool>("sure");
@@ -184,13 +184,13 @@ void tst_CodecDetection::guess_isNotSure_data()
     QTest::newRow("three ideographs") << encoded("Big5", QString::fromUtf8("緩衝區")) << false;
 }
 
-void tst_CodecDetection::guess_isNotSure()
+void tst_codecdetection::guess_isNotSure()
 {
     QFETCH(QByteArray, data);
     QTEST(detectCodec(data).bSure, "sure");
 }
 
-void tst_CodecDetection::whatIsFound_decodesEverything()
+void tst_codecdetection::whatIsFound_decodesEverything()
 {
     int nTexts = 0;
     for (const SEncodingText &text : encodingTexts()) {
@@ -206,7 +206,7 @@ void tst_CodecDetection::whatIsFound_decodesEverything()
     QVERIFY(nTexts > 120);
 }
 
-void tst_CodecDetection::everyLanguage_hasCodecsAndLetters()
+void tst_codecdetection::everyLanguage_hasCodecsAndLetters()
 {
     for (const SLanguageLetters &language : languageLetters()) {
         QVERIFY(!language.strLetters.isEmpty());
@@ -227,5 +227,5 @@ void tst_CodecDetection::everyLanguage_hasCodecsAndLetters()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_CodecDetection)
+QTEST_GUILESS_MAIN(tst_codecdetection)
 #include "tst_codecdetection.moc"

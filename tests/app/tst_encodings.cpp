@@ -54,7 +54,7 @@ bool hasIdeographs(const QString &strText)
 
 } // namespace
 
-class tst_Encodings : public QObject
+class tst_encodings : public QObject
 {
     Q_OBJECT
 
@@ -70,7 +70,7 @@ private:
     void rows();
 };
 
-void tst_Encodings::rows()
+void tst_encodings::rows()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("codec");
@@ -84,7 +84,7 @@ void tst_Encodings::rows()
     }
 }
 
-void tst_Encodings::prose_isOpenedRight()
+void tst_encodings::prose_isOpenedRight()
 {
     QFETCH(QString, codec);
     QFETCH(QString, prose);
@@ -92,7 +92,7 @@ void tst_Encodings::prose_isOpenedRight()
     QCOMPARE(opened(codec, prose).strText, prose);
 }
 
-void tst_Encodings::source_withThreeForeignLetters_isOpenedRightOrUnsure()
+void tst_encodings::source_withThreeForeignLetters_isOpenedRightOrUnsure()
 {
     QFETCH(QString, codec);
     QFETCH(QString, source);
@@ -106,7 +106,7 @@ void tst_Encodings::source_withThreeForeignLetters_isOpenedRightOrUnsure()
     QVERIFY(codec == "ISO-2022-JP" || highBytes(encoded(codec, source)) > 0);
 }
 
-void tst_Encodings::wrongTexts_areFew()
+void tst_encodings::wrongTexts_areFew()
 {
     int nTexts = 0;
     int nWrong = 0;
@@ -120,7 +120,7 @@ void tst_Encodings::wrongTexts_areFew()
     QVERIFY2(nWrong <= 5, qPrintable(QString::number(nWrong)));
 }
 
-void tst_Encodings::manual_saysWhatIsSo()
+void tst_encodings::manual_saysWhatIsSo()
 {
     QFile file(QStringLiteral(QUILLAN_SOURCE_DIR "/docs/encodings.md"));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -139,5 +139,5 @@ void tst_Encodings::manual_saysWhatIsSo()
     QVERIFY2(lstMissing.isEmpty(), qPrintable(lstMissing.join('\n')));
 }
 
-QTEST_GUILESS_MAIN(tst_Encodings)
+QTEST_GUILESS_MAIN(tst_encodings)
 #include "tst_encodings.moc"

@@ -28,7 +28,7 @@ int solidPixels(const QImage &image)
 
 } // namespace
 
-class tst_Resources : public QObject
+class tst_resources : public QObject
 {
     Q_OBJECT
 private slots:
@@ -50,7 +50,7 @@ private slots:
     void translationTable_isBodyOfJsonObject();
 };
 
-void tst_Resources::namedPicture_loads_data()
+void tst_resources::namedPicture_loads_data()
 {
     QTest::addColumn<QString>("strFile");
     for (const char *szName :
@@ -60,7 +60,7 @@ void tst_Resources::namedPicture_loads_data()
         QTest::newRow(szName) << QStringLiteral(":/res/%1").arg(QLatin1String(szName));
 }
 
-void tst_Resources::namedPicture_loads()
+void tst_resources::namedPicture_loads()
 {
     QFETCH(QString, strFile);
     const QImage image(strFile);
@@ -69,7 +69,7 @@ void tst_Resources::namedPicture_loads()
     QVERIFY(!QIcon(strFile).pixmap(16, 16).isNull());
 }
 
-void tst_Resources::actionPicture_existsForMenuAndToolBar_data()
+void tst_resources::actionPicture_existsForMenuAndToolBar_data()
 {
     QTest::addColumn<QString>("strName");
     for (const char *szName :
@@ -84,14 +84,14 @@ void tst_Resources::actionPicture_existsForMenuAndToolBar_data()
         QTest::newRow(szName) << QString::fromLatin1(szName);
 }
 
-void tst_Resources::actionPicture_existsForMenuAndToolBar()
+void tst_resources::actionPicture_existsForMenuAndToolBar()
 {
     QFETCH(QString, strName);
     QCOMPARE(QImage(QStringLiteral(":/res/%1.png").arg(strName)).size(), QSize(16, 16));
     QCOMPARE(QImage(QStringLiteral(":/res/24/%1.png").arg(strName)).size(), QSize(24, 24));
 }
 
-void tst_Resources::everyPicture_hasDoubleSizeNeighbour()
+void tst_resources::everyPicture_hasDoubleSizeNeighbour()
 {
     int nPictures = 0;
     for (const QString &strFolder : {QStringLiteral(":/res/"), QStringLiteral(":/res/24/")}) {
@@ -109,7 +109,7 @@ void tst_Resources::everyPicture_hasDoubleSizeNeighbour()
     QVERIFY(nPictures >= 2 * 45);
 }
 
-void tst_Resources::drawnIcon_isSharpInMenuAndToolBar()
+void tst_resources::drawnIcon_isSharpInMenuAndToolBar()
 {
     const QIcon icon = drawnIcon(QStringLiteral("save"));
     // The drawn pixels themselves, not a scaled neighbour.
@@ -123,12 +123,12 @@ void tst_Resources::drawnIcon_isSharpInMenuAndToolBar()
     QVERIFY(same(24, QStringLiteral(":/res/24/save.png")));
 }
 
-void tst_Resources::drawnIcon_unknownName_hasNoPicture()
+void tst_resources::drawnIcon_unknownName_hasNoPicture()
 {
     QVERIFY(drawnIcon(QStringLiteral("no_such_drawing")).availableSizes().isEmpty());
 }
 
-void tst_Resources::applicationIcon_hasEveryUsualSize()
+void tst_resources::applicationIcon_hasEveryUsualSize()
 {
     const QIcon icon = applicationIcon();
     for (int nSize : {16, 24, 32, 48, 64, 128, 256})
@@ -136,7 +136,7 @@ void tst_Resources::applicationIcon_hasEveryUsualSize()
     QCOMPARE(QImage(QStringLiteral(":/share/quillan.png")).size(), QSize(256, 256));
 }
 
-void tst_Resources::catalogue_loadsByLocaleName_data()
+void tst_resources::catalogue_loadsByLocaleName_data()
 {
     QTest::addColumn<QString>("strFile");
     QTest::addColumn<QByteArray>("strContext");
@@ -151,7 +151,7 @@ void tst_Resources::catalogue_loadsByLocaleName_data()
                                   << QStringLiteral(u"取消");
 }
 
-void tst_Resources::catalogue_loadsByLocaleName()
+void tst_resources::catalogue_loadsByLocaleName()
 {
     QFETCH(QString, strFile);
     QFETCH(QByteArray, strContext);
@@ -161,7 +161,7 @@ void tst_Resources::catalogue_loadsByLocaleName()
     QTEST(translator.translate(strContext, strSource), "strTranslation");
 }
 
-void tst_Resources::japaneseListOfCatalogues_isCarriedAsItIs()
+void tst_resources::japaneseListOfCatalogues_isCarriedAsItIs()
 {
     // A list of catalogues that are not among the resources: loading it fails, whole as it is.
     QFile file(QStringLiteral(":/qt_ja_jp.qm"));
@@ -171,14 +171,14 @@ void tst_Resources::japaneseListOfCatalogues_isCarriedAsItIs()
     QVERIFY(!loadCatalogue(&translator, QStringLiteral("qt_ja_jp.qm")));
 }
 
-void tst_Resources::japaneseTextsOfQt_areCarried()
+void tst_resources::japaneseTextsOfQt_areCarried()
 {
     QTranslator translator;
     QVERIFY(loadCatalogue(&translator, QStringLiteral("qtbase_ja_jp.qm")));
     QCOMPARE(translator.translate("QPlatformTheme", "Cancel"), QStringLiteral(u"キャンセル"));
 }
 
-void tst_Resources::absentCatalogue_isNotFound_data()
+void tst_resources::absentCatalogue_isNotFound_data()
 {
     QTest::addColumn<QString>("strFile");
     for (const char *szFile : {"base_zh_cn.qm", "base_ja_jp.qm", "lang_zh_tw.qm", "qt_zh_tw.qm",
@@ -186,20 +186,20 @@ void tst_Resources::absentCatalogue_isNotFound_data()
         QTest::newRow(szFile) << QString::fromLatin1(szFile);
 }
 
-void tst_Resources::absentCatalogue_isNotFound()
+void tst_resources::absentCatalogue_isNotFound()
 {
     QFETCH(QString, strFile);
     QTranslator translator;
     QVERIFY(!loadCatalogue(&translator, strFile));
 }
 
-void tst_Resources::translationTable_liesInShareOnly()
+void tst_resources::translationTable_liesInShareOnly()
 {
     QVERIFY(QFile::exists(QStringLiteral(":/share/lang.txt")));
     QVERIFY(!QFile::exists(QStringLiteral(":/lang.txt")));
 }
 
-void tst_Resources::translationTable_isBodyOfJsonObject()
+void tst_resources::translationTable_isBodyOfJsonObject()
 {
     QFile file(QStringLiteral(":/share/lang.txt"));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -214,5 +214,5 @@ void tst_Resources::translationTable_isBodyOfJsonObject()
     QVERIFY(table.value(QStringLiteral("ja_jp")).toMap().isEmpty());
 }
 
-QTEST_MAIN(tst_Resources)
+QTEST_MAIN(tst_resources)
 #include "tst_resources.moc"

@@ -61,7 +61,7 @@ QByteArray contentOf(const QString &strPath)
 
 } // namespace
 
-class tst_WholeText : public QObject
+class tst_wholetext : public QObject
 {
     Q_OBJECT
 
@@ -81,7 +81,7 @@ private slots:
     void unreadableData_isNoEncoding();
 };
 
-void tst_WholeText::whole_data()
+void tst_wholetext::whole_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("data");
@@ -146,7 +146,7 @@ void tst_WholeText::whole_data()
     row("US-ASCII of other bytes", "US-ASCII", "caf\xE9", false);
 }
 
-void tst_WholeText::whole()
+void tst_wholetext::whole()
 {
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, data);
@@ -155,7 +155,7 @@ void tst_WholeText::whole()
 }
 
 // Where no mark is at stake, the rule is one line.
-void tst_WholeText::whole_isNothingLess_thanEncodingAgain()
+void tst_wholetext::whole_isNothingLess_thanEncodingAgain()
 {
     QRandomGenerator random(41);
     int nWhole = 0;
@@ -181,7 +181,7 @@ void tst_WholeText::whole_isNothingLess_thanEncodingAgain()
     QVERIFY(nWhole > 1000);
 }
 
-void tst_WholeText::everyCharacter_isWholeInItsCodec()
+void tst_wholetext::everyCharacter_isWholeInItsCodec()
 {
     const QString strText = QString::fromUtf8("Größe, źródło, код, 文字, 한글, 中 😀\n");
     for (const char *szCodec :
@@ -197,7 +197,7 @@ void tst_WholeText::everyCharacter_isWholeInItsCodec()
     }
 }
 
-void tst_WholeText::validity_inPieces_equalsThatAtOnce_forRandomData()
+void tst_wholetext::validity_inPieces_equalsThatAtOnce_forRandomData()
 {
     QRandomGenerator random(42);
     const QList<int> lstMibs = QTextCodec::availableMibs();
@@ -216,7 +216,7 @@ void tst_WholeText::validity_inPieces_equalsThatAtOnce_forRandomData()
 }
 
 // Text of each codec, with one wrong byte or none, so that a border of a piece falls on each place.
-void tst_WholeText::validity_inPieces_equalsThatAtOnce_forFaultsAtEveryBorder()
+void tst_wholetext::validity_inPieces_equalsThatAtOnce_forFaultsAtEveryBorder()
 {
     const QString strText = QString::fromUtf8("カナ漢字 abc ёж ü 한 😀 ");
     const auto lstCodecs =
@@ -235,7 +235,7 @@ void tst_WholeText::validity_inPieces_equalsThatAtOnce_forFaultsAtEveryBorder()
     }
 }
 
-void tst_WholeText::validity_inPieces_equalsThatAtOnce_forOurFiles()
+void tst_wholetext::validity_inPieces_equalsThatAtOnce_forOurFiles()
 {
     int nFiles = 0;
     for (const char *szFolder : {"res", "tests/highlight/samples", "fuzz/corpus/load"}) {
@@ -254,7 +254,7 @@ void tst_WholeText::validity_inPieces_equalsThatAtOnce_forOurFiles()
     QVERIFY(nFiles > 50);
 }
 
-void tst_WholeText::wideCodec_data()
+void tst_wholetext::wideCodec_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("name");
@@ -277,13 +277,13 @@ void tst_WholeText::wideCodec_data()
                                   << "";
 }
 
-void tst_WholeText::wideCodec()
+void tst_wholetext::wideCodec()
 {
     QFETCH(QByteArray, data);
     QTEST(detectWideCodec(data), "name");
 }
 
-void tst_WholeText::wideCodec_isNotGuessed_forOtherData()
+void tst_wholetext::wideCodec_isNotGuessed_forOtherData()
 {
     QRandomGenerator random(43);
     for (int n = 0; n < 2000; ++n) {
@@ -294,7 +294,7 @@ void tst_WholeText::wideCodec_isNotGuessed_forOtherData()
     }
 }
 
-void tst_WholeText::unreadableData_isNoEncoding()
+void tst_wholetext::unreadableData_isNoEncoding()
 {
     QRandomGenerator random(44);
     for (int n = 0; n < 50; ++n) {
@@ -305,5 +305,5 @@ void tst_WholeText::unreadableData_isNoEncoding()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_WholeText)
+QTEST_GUILESS_MAIN(tst_wholetext)
 #include "tst_wholetext.moc"

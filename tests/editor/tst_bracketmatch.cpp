@@ -76,7 +76,7 @@ QVariantMap cppDefinition()
 
 } // namespace
 
-class tst_BracketMatch : public QObject, protected CEditorCase
+class tst_bracketmatch : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -114,17 +114,17 @@ private:
     }
 };
 
-void tst_BracketMatch::init()
+void tst_bracketmatch::init()
 {
     makeEditor();
 }
 
-void tst_BracketMatch::cleanup()
+void tst_bracketmatch::cleanup()
 {
     removeEditor();
 }
 
-void tst_BracketMatch::anyText_matchesLikePairsTakenAway()
+void tst_bracketmatch::anyText_matchesLikePairsTakenAway()
 {
     CDice dice(31);
     int nFound = 0;
@@ -155,7 +155,7 @@ void tst_BracketMatch::anyText_matchesLikePairsTakenAway()
     QVERIFY(nFound > 200);
 }
 
-void tst_BracketMatch::storedLines_areThoseOfTheDocument()
+void tst_bracketmatch::storedLines_areThoseOfTheDocument()
 {
     QString strText;
     for (int n = 0; n < 500; ++n)
@@ -183,7 +183,7 @@ void tst_BracketMatch::storedLines_areThoseOfTheDocument()
     QVERIFY(!passed.goTo(0));
 }
 
-void tst_BracketMatch::bracket_goesToItsPartner_data()
+void tst_bracketmatch::bracket_goesToItsPartner_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
@@ -203,7 +203,7 @@ void tst_BracketMatch::bracket_goesToItsPartner_data()
                                            << "(|a))";
 }
 
-void tst_BracketMatch::bracket_goesToItsPartner()
+void tst_bracketmatch::bracket_goesToItsPartner()
 {
     QFETCH(QString, before);
     QFETCH(QString, after);
@@ -212,7 +212,7 @@ void tst_BracketMatch::bracket_goesToItsPartner()
     QCOMPARE(state(), after);
 }
 
-void tst_BracketMatch::bracket_selectsToItsPartner_data()
+void tst_bracketmatch::bracket_selectsToItsPartner_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
@@ -222,7 +222,7 @@ void tst_BracketMatch::bracket_selectsToItsPartner_data()
                               << "f|(a)^b";
 }
 
-void tst_BracketMatch::bracket_selectsToItsPartner()
+void tst_bracketmatch::bracket_selectsToItsPartner()
 {
     QFETCH(QString, before);
     QFETCH(QString, after);
@@ -231,7 +231,7 @@ void tst_BracketMatch::bracket_selectsToItsPartner()
     QCOMPARE(state(), after);
 }
 
-void tst_BracketMatch::nothingToGoTo_isTold()
+void tst_bracketmatch::nothingToGoTo_isTold()
 {
     const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
     showCode("a|b");
@@ -244,7 +244,7 @@ void tst_BracketMatch::nothingToGoTo_isTold()
     QCOMPARE(state(), QString("(|"));
 }
 
-void tst_BracketMatch::farPartner_isFoundOffTheKey()
+void tst_bracketmatch::farPartner_isFoundOffTheKey()
 {
     const QString strLines = QString("a(b);\n").repeated(3000);
     showCode("{|\n{\n" + strLines + "}\n}\n");
@@ -256,7 +256,7 @@ void tst_BracketMatch::farPartner_isFoundOffTheKey()
     QTRY_COMPARE(m_pEdit->textCursor().position(), 3);
 }
 
-void tst_BracketMatch::farPartner_isNotGoneToOnceTheCursorMoved()
+void tst_bracketmatch::farPartner_isNotGoneToOnceTheCursorMoved()
 {
     const QString strLines = QString("a(b);\n").repeated(3000);
     showCode("{|\n{\n" + strLines + "}\n}\n");
@@ -269,7 +269,7 @@ void tst_BracketMatch::farPartner_isNotGoneToOnceTheCursorMoved()
     QCOMPARE(m_pEdit->textCursor().position(), 0);
 }
 
-void tst_BracketMatch::farBracketsInComments_doNotCount()
+void tst_bracketmatch::farBracketsInComments_doNotCount()
 {
     const QString strLines = QString("// }\n\"}\";\n/* }\n} */\n").repeated(500);
     showCode("{|\n" + strLines + "}\n");
@@ -278,7 +278,7 @@ void tst_BracketMatch::farBracketsInComments_doNotCount()
     QCOMPARE(m_pEdit->textCursor().anchor(), 0);
 }
 
-void tst_BracketMatch::brackets_areMarkedInTheView()
+void tst_bracketmatch::brackets_areMarkedInTheView()
 {
     showCode("ab|cd\n\n{\n}\n");
     const auto isMarked = [this](int nPosition) {
@@ -298,5 +298,5 @@ void tst_BracketMatch::brackets_areMarkedInTheView()
     QVERIFY(!isMarked(6) && !isMarked(8));
 }
 
-QTEST_MAIN(tst_BracketMatch)
+QTEST_MAIN(tst_bracketmatch)
 #include "tst_bracketmatch.moc"

@@ -7,7 +7,7 @@
 
 #include <QtTest>
 
-class tst_CaretEdits : public QObject
+class tst_caretedits : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ private slots:
     void positions_moveWithTheText();
 };
 
-void tst_CaretEdits::carets_areOrderedAndMerged_data()
+void tst_caretedits::carets_areOrderedAndMerged_data()
 {
     QTest::addColumn<QVector<int>>("ends"); // Anchor and position of each.
     QTest::addColumn<QString>("after"); // In a text of dots.
@@ -46,7 +46,7 @@ void tst_CaretEdits::carets_areOrderedAndMerged_data()
     QTest::newRow("at a selection's start") << QVector<int> {2, 2, 2, 4} << "..^..|.";
 }
 
-void tst_CaretEdits::carets_areOrderedAndMerged()
+void tst_caretedits::carets_areOrderedAndMerged()
 {
     QFETCH(QVector<int>, ends);
     QFETCH(QString, after);
@@ -61,7 +61,7 @@ void tst_CaretEdits::carets_areOrderedAndMerged()
     QVERIFY(carets.main().end() >= lst.at(0).end());
 }
 
-void tst_CaretEdits::typing_replacesEverySelection()
+void tst_caretedits::typing_replacesEverySelection()
 {
     const SMarkedText text = marked("a^b|c\n|\n|d^");
     const SCommand typed = textTyped(text.carets, {{"xy", 0}});
@@ -72,7 +72,7 @@ void tst_CaretEdits::typing_replacesEverySelection()
              QString("a(|)c\n(|)\n(|)"));
 }
 
-void tst_CaretEdits::typing_isLikeTypingAtOneCaretAfterTheOther()
+void tst_caretedits::typing_isLikeTypingAtOneCaretAfterTheOther()
 {
     CDice dice(3);
     for (int n = 0; n < 3000; ++n) {
@@ -93,7 +93,7 @@ void tst_CaretEdits::typing_isLikeTypingAtOneCaretAfterTheOther()
     }
 }
 
-void tst_CaretEdits::erasing_takesWhatLiesUpToTheOtherEnd()
+void tst_caretedits::erasing_takesWhatLiesUpToTheOtherEnd()
 {
     const SMarkedText text = marked("ab|c\n^de|f\nx|y|");
     const SCommand back = textErased(text.carets, [](int nAt) { return nAt - 1; });
@@ -104,7 +104,7 @@ void tst_CaretEdits::erasing_takesWhatLiesUpToTheOtherEnd()
     QVERIFY(nothing.isNothing());
 }
 
-void tst_CaretEdits::lineEnds_indentLikeTheLinesTheyEnd()
+void tst_caretedits::lineEnds_indentLikeTheLinesTheyEnd()
 {
     const SMarkedText text = marked("  a|b\n\tif {|\n|");
     const CListLines lines(text.strText);
@@ -113,7 +113,7 @@ void tst_CaretEdits::lineEnds_indentLikeTheLinesTheyEnd()
              QString("  a\n  |b\n\tif {\n\t\t|\n\t\n\n|"));
 }
 
-void tst_CaretEdits::paste_goesLineByLineWhereTheCountsAgree_data()
+void tst_caretedits::paste_goesLineByLineWhereTheCountsAgree_data()
 {
     QTest::addColumn<QString>("pasted");
     QTest::addColumn<QString>("after");
@@ -127,7 +127,7 @@ void tst_CaretEdits::paste_goesLineByLineWhereTheCountsAgree_data()
                           << "1\n2\n3|a\n1\n2\n3|b";
 }
 
-void tst_CaretEdits::paste_goesLineByLineWhereTheCountsAgree()
+void tst_caretedits::paste_goesLineByLineWhereTheCountsAgree()
 {
     QFETCH(QString, pasted);
     QFETCH(QString, after);
@@ -136,14 +136,14 @@ void tst_CaretEdits::paste_goesLineByLineWhereTheCountsAgree()
     QCOMPARE(withMarks(applied(text.strText, command.lstEdits), command.carets), after);
 }
 
-void tst_CaretEdits::lineEndsOfATextDocument_areOneKind()
+void tst_caretedits::lineEndsOfATextDocument_areOneKind()
 {
     const QString strEnds = QString("a\r\nb\rc\nd") + QChar(0x2029) + 'e' + QChar(0xFDD0) + 'f'
         + QChar(0x2028) + QChar(0xA0);
     QCOMPARE(withPlainLineEnds(strEnds), QString("a\nb\nc\nd\ne\nf") + QChar(0x2028) + QChar(0xA0));
 }
 
-void tst_CaretEdits::block_hasACaretInEachLine_data()
+void tst_caretedits::block_hasACaretInEachLine_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QVector<int>>("block");
@@ -160,7 +160,7 @@ void tst_CaretEdits::block_hasACaretInEachLine_data()
                           << "\u4E00^\u4E01|x\nab^cd|x";
 }
 
-void tst_CaretEdits::block_hasACaretInEachLine()
+void tst_caretedits::block_hasACaretInEachLine()
 {
     QFETCH(QString, text);
     QFETCH(QVector<int>, block);
@@ -176,7 +176,7 @@ void tst_CaretEdits::block_hasACaretInEachLine()
     QCOMPARE(lines.lineAt(carets.main().nPosition), corners.nLine);
 }
 
-void tst_CaretEdits::column_countsTabsAndWideCharacters()
+void tst_caretedits::column_countsTabsAndWideCharacters()
 {
     QCOMPARE(shownColumn("a\tb", 2), 4);
     QCOMPARE(shownColumn("\t\t", 2), 8);
@@ -189,7 +189,7 @@ void tst_CaretEdits::column_countsTabsAndWideCharacters()
     QCOMPARE(placeAtColumn(strPair, 2), 2);
 }
 
-void tst_CaretEdits::anyPlace_isFoundByItsColumn()
+void tst_caretedits::anyPlace_isFoundByItsColumn()
 {
     CDice dice(5);
     for (int n = 0; n < 1000; ++n) {
@@ -199,7 +199,7 @@ void tst_CaretEdits::anyPlace_isFoundByItsColumn()
     }
 }
 
-void tst_CaretEdits::caretBelow_standsInTheSameColumn()
+void tst_caretedits::caretBelow_standsInTheSameColumn()
 {
     const SMarkedText text = marked("ab|c\nd\nefg");
     const CListLines lines(text.strText);
@@ -210,7 +210,7 @@ void tst_CaretEdits::caretBelow_standsInTheSameColumn()
     QCOMPARE(carets.count(), 2); // No line is there.
 }
 
-void tst_CaretEdits::occurrences_areAllOfThem_data()
+void tst_caretedits::occurrences_areAllOfThem_data()
 {
     QTest::addColumn<bool>("words");
     QTest::addColumn<QString>("after");
@@ -218,7 +218,7 @@ void tst_CaretEdits::occurrences_areAllOfThem_data()
     QTest::newRow("words") << true << "abc ^ab|\nabab AB a_ab";
 }
 
-void tst_CaretEdits::occurrences_areAllOfThem()
+void tst_caretedits::occurrences_areAllOfThem()
 {
     QFETCH(bool, words);
     QFETCH(QString, after);
@@ -228,7 +228,7 @@ void tst_CaretEdits::occurrences_areAllOfThem()
     QCOMPARE(carets.main().start(), 4);
 }
 
-void tst_CaretEdits::history_knowsTheCaretsOfEachStep()
+void tst_caretedits::history_knowsTheCaretsOfEachStep()
 {
     const CCarets first(SCaret {1, 1});
     const CCarets second(SCaret {2, 2});
@@ -243,7 +243,7 @@ void tst_CaretEdits::history_knowsTheCaretsOfEachStep()
     QVERIFY(!history.redoneFrom(3));
 }
 
-void tst_CaretEdits::history_forgetsWhatCannotBeRedone()
+void tst_caretedits::history_forgetsWhatCannotBeRedone()
 {
     const CCarets carets;
     CCaretHistory history;
@@ -257,7 +257,7 @@ void tst_CaretEdits::history_forgetsWhatCannotBeRedone()
     QVERIFY(history.undoneFrom(1));
 }
 
-void tst_CaretEdits::positions_moveWithTheText()
+void tst_caretedits::positions_moveWithTheText()
 {
     CDice dice(19);
     for (int n = 0; n < 2000; ++n) {
@@ -281,5 +281,5 @@ void tst_CaretEdits::positions_moveWithTheText()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_CaretEdits)
+QTEST_GUILESS_MAIN(tst_caretedits)
 #include "tst_caretedits.moc"

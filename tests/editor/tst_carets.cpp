@@ -8,7 +8,7 @@
 #include <QTextBlock>
 #include <QtTest>
 
-class tst_Carets : public QObject, protected CEditorCase
+class tst_carets : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -71,17 +71,17 @@ private:
     }
 };
 
-void tst_Carets::init()
+void tst_carets::init()
 {
     makeEditor();
 }
 
-void tst_Carets::cleanup()
+void tst_carets::cleanup()
 {
     removeEditor();
 }
 
-void tst_Carets::key_runsItsCommand_data()
+void tst_carets::key_runsItsCommand_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("before");
@@ -133,7 +133,7 @@ void tst_Carets::key_runsItsCommand_data()
                                     << "a|b\nc|d";
 }
 
-void tst_Carets::key_runsItsCommand()
+void tst_carets::key_runsItsCommand()
 {
     QFETCH(QString, key);
     QFETCH(QString, before);
@@ -143,7 +143,7 @@ void tst_Carets::key_runsItsCommand()
     QCOMPARE(state(), after);
 }
 
-void tst_Carets::key_withNothingToDo_saysSo_data()
+void tst_carets::key_withNothingToDo_saysSo_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("text");
@@ -171,7 +171,7 @@ void tst_Carets::key_withNothingToDo_saysSo_data()
                                     << "|a";
 }
 
-void tst_Carets::key_withNothingToDo_saysSo()
+void tst_carets::key_withNothingToDo_saysSo()
 {
     QFETCH(QString, key);
     QFETCH(QString, text);
@@ -185,7 +185,7 @@ void tst_Carets::key_withNothingToDo_saysSo()
     QVERIFY(!m_pEdit->isModified());
 }
 
-void tst_Carets::message_goesWithTheNextKey()
+void tst_carets::message_goesWithTheNextKey()
 {
     show("a|");
     press("Alt+Up");
@@ -195,7 +195,7 @@ void tst_Carets::message_goesWithTheNextKey()
     QCOMPARE(told.at(0).at(0).toString(), QString());
 }
 
-void tst_Carets::anyCommands_areUndoneAndRedoneWithTheirCarets()
+void tst_carets::anyCommands_areUndoneAndRedoneWithTheirCarets()
 {
     const char *const arrKeys[] = {
         "Alt+Up",      "Alt+Down",          "Ctrl+D",       "Ctrl+Shift+K", "Ctrl+J",
@@ -232,7 +232,7 @@ void tst_Carets::anyCommands_areUndoneAndRedoneWithTheirCarets()
     }
 }
 
-void tst_Carets::characterOfAltGr_isNoCommand()
+void tst_carets::characterOfAltGr_isNoCommand()
 {
     show("A|");
     QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_U, QString("\u00FA"),
@@ -240,7 +240,7 @@ void tst_Carets::characterOfAltGr_isNoCommand()
     QCOMPARE(state(), QString("A\u00FA|"));
 }
 
-void tst_Carets::typingBehindACommand_isAStepOfItsOwn()
+void tst_carets::typingBehindACommand_isAStepOfItsOwn()
 {
     show("ab|");
     press("Ctrl+D");
@@ -252,7 +252,7 @@ void tst_Carets::typingBehindACommand_isAStepOfItsOwn()
     QCOMPARE(state(), QString("ab|"));
 }
 
-void tst_Carets::typingAtSeveralCarets_isOneStep()
+void tst_carets::typingAtSeveralCarets_isOneStep()
 {
     show("a|\nb|");
     QTest::keyClicks(m_pEdit.get(), "xyz");
@@ -269,7 +269,7 @@ void tst_Carets::typingAtSeveralCarets_isOneStep()
     QCOMPARE(state(), QString("axyz|\nbxyz|"));
 }
 
-void tst_Carets::undoAfterForeignSteps_bringsBackTheRightCarets()
+void tst_carets::undoAfterForeignSteps_bringsBackTheRightCarets()
 {
     show("b|\na");
     press("Alt+Down");
@@ -286,7 +286,7 @@ void tst_Carets::undoAfterForeignSteps_bringsBackTheRightCarets()
     QCOMPARE(state(), QString("b|\na"));
 }
 
-void tst_Carets::specialCharacters_surviveEveryCommand()
+void tst_carets::specialCharacters_surviveEveryCommand()
 {
     const QByteArray data("cX\xC2\xA0x\r\n\xE2\x80\xA9z\xE2\x80\xA8\r\na\xEF\xB7\x90\r\n");
     m_pEdit->setTextData(data, false);
@@ -306,21 +306,21 @@ void tst_Carets::specialCharacters_surviveEveryCommand()
     }
 }
 
-void tst_Carets::typing_happensAtEveryCaret()
+void tst_carets::typing_happensAtEveryCaret()
 {
     show("a|\n^b|\nc");
     QTest::keyClicks(m_pEdit.get(), "x");
     QCOMPARE(state(), QString("ax|\nx|\nc"));
 }
 
-void tst_Carets::opener_getsItsCloserAtEveryCaret()
+void tst_carets::opener_getsItsCloserAtEveryCaret()
 {
     show("a|\nb|");
     QTest::keyClicks(m_pEdit.get(), "(");
     QCOMPARE(state(), QString("a(|)\nb(|)"));
 }
 
-void tst_Carets::enter_indentsAtEveryCaret()
+void tst_carets::enter_indentsAtEveryCaret()
 {
     show("  a|\n\tb {|");
     press("Return");
@@ -329,7 +329,7 @@ void tst_Carets::enter_indentsAtEveryCaret()
     QCOMPARE(state(), QString("  a|\n\tb {|"));
 }
 
-void tst_Carets::erasing_happensAtEveryCaret_data()
+void tst_carets::erasing_happensAtEveryCaret_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("before");
@@ -351,7 +351,7 @@ void tst_Carets::erasing_happensAtEveryCaret_data()
                               << "|";
 }
 
-void tst_Carets::erasing_happensAtEveryCaret()
+void tst_carets::erasing_happensAtEveryCaret()
 {
     QFETCH(QString, key);
     QFETCH(QString, before);
@@ -361,7 +361,7 @@ void tst_Carets::erasing_happensAtEveryCaret()
     QCOMPARE(state(), after);
 }
 
-void tst_Carets::tab_indentsAtEveryCaret()
+void tst_carets::tab_indentsAtEveryCaret()
 {
     show("a|b\nc|d");
     press("Tab");
@@ -373,7 +373,7 @@ void tst_Carets::tab_indentsAtEveryCaret()
     QCOMPARE(raw(), QString("a\nb\nc\nd"));
 }
 
-void tst_Carets::moving_movesEveryCaret()
+void tst_carets::moving_movesEveryCaret()
 {
     show("abc|\nde|f");
     press("Left");
@@ -386,14 +386,14 @@ void tst_Carets::moving_movesEveryCaret()
     QCOMPARE(state(), QString("abc\n|def|"));
 }
 
-void tst_Carets::escape_leavesTheMainCaret()
+void tst_carets::escape_leavesTheMainCaret()
 {
     show("a|\nb|");
     press("Escape");
     QCOMPARE(state(), QString("a\nb|"));
 }
 
-void tst_Carets::otherChanges_leaveTheMainCaret()
+void tst_carets::otherChanges_leaveTheMainCaret()
 {
     show("a|\nb|");
     QTextCursor(m_pEdit->document()).insertText("x");
@@ -409,7 +409,7 @@ void tst_Carets::otherChanges_leaveTheMainCaret()
     QCOMPARE(state(), QString("|c"));
 }
 
-void tst_Carets::copyAndPaste_goLineByLine()
+void tst_carets::copyAndPaste_goLineByLine()
 {
     show("^a|b\n^c|d");
     press("Ctrl+C");
@@ -424,7 +424,7 @@ void tst_Carets::copyAndPaste_goLineByLine()
     QCOMPARE(state(), QString("ab1\n2\n3|\ncd1\n2\n3|"));
 }
 
-void tst_Carets::cut_takesEverySelection()
+void tst_carets::cut_takesEverySelection()
 {
     show("^a|b\n|c^d");
     m_pEdit->cut();
@@ -432,7 +432,7 @@ void tst_Carets::cut_takesEverySelection()
     QCOMPARE(state(), QString("|b\n|d"));
 }
 
-void tst_Carets::inputMethod_composesAtTheMainCaret()
+void tst_carets::inputMethod_composesAtTheMainCaret()
 {
     show("a|\n^b|c\nd");
     QInputMethodEvent composing("ni", {});
@@ -473,7 +473,7 @@ QVector<QPair<int, int>> differences(const QImage &a, const QImage &b,
 
 // Without the band behind the current line and the bold numbers, which move with the main caret:
 // only rows that it does not stand in are compared.
-void tst_Carets::everyCaretAndSelection_isPainted()
+void tst_carets::everyCaretAndSelection_isPainted()
 {
     m_pEdit->resize(400, 300);
     m_pEdit->show();
@@ -509,7 +509,7 @@ void tst_Carets::everyCaretAndSelection_isPainted()
     QCOMPARE(lst.at(2), qMakePair(-1, -1));
 }
 
-void tst_Carets::inputMethod_hearsWhereTheMainCaretIs()
+void tst_carets::inputMethod_hearsWhereTheMainCaretIs()
 {
     m_pEdit->resize(400, 300);
     m_pEdit->show();
@@ -528,7 +528,7 @@ void tst_Carets::inputMethod_hearsWhereTheMainCaretIs()
     QCOMPARE(rectAsked().top(), m_pEdit->cursorRect(main).top());
 }
 
-void tst_Carets::altShiftArrows_selectABlock()
+void tst_carets::altShiftArrows_selectABlock()
 {
     show("abcd\ne|f\nghij");
     press("Alt+Shift+Right");
@@ -548,7 +548,7 @@ void tst_Carets::altShiftArrows_selectABlock()
     QCOMPARE(m_pEdit->carets().count(), 1);
 }
 
-void tst_Carets::altDrag_selectsABlock()
+void tst_carets::altDrag_selectsABlock()
 {
     show("|abcd\nef\nghij");
     m_pEdit->resize(400, 300);
@@ -567,7 +567,7 @@ void tst_Carets::altDrag_selectsABlock()
     QCOMPARE(state(), QString("abcd\nef\nghi|j"));
 }
 
-void tst_Carets::readOnlyEditor_hasOneCaret()
+void tst_carets::readOnlyEditor_hasOneCaret()
 {
     show("a b|\na b");
     m_pEdit->setReadOnly(true);
@@ -578,5 +578,5 @@ void tst_Carets::readOnlyEditor_hasOneCaret()
     QVERIFY(!m_pEdit->hasSeveralCarets());
 }
 
-QTEST_MAIN(tst_Carets)
+QTEST_MAIN(tst_carets)
 #include "tst_carets.moc"

@@ -40,7 +40,7 @@ SCommentToggle::Action literalAction(const SCommentSelection &selection,
 
 } // namespace
 
-class tst_CommentToggle : public QObject
+class tst_commenttoggle : public QObject
 {
     Q_OBJECT
 
@@ -61,38 +61,38 @@ private slots:
     void randomSelections_takeTheLiteralAction();
 };
 
-void tst_CommentToggle::wholeLines_getTheLineMarker()
+void tst_commenttoggle::wholeLines_getTheLineMarker()
 {
     const SCommentToggle toggle = toggleOf(wholeLines({"a", "  b", ""}), g_cpp);
     QCOMPARE(toggle.action, SCommentToggle::CommentLines);
 }
 
-void tst_CommentToggle::commentedLines_loseMarkerAndIndentation()
+void tst_commenttoggle::commentedLines_loseMarkerAndIndentation()
 {
     const SCommentToggle toggle = toggleOf(wholeLines({"//a", "  // b", "\t//"}), g_cpp);
     QCOMPARE(toggle.action, SCommentToggle::Uncomment);
     QCOMPARE(toggle.lstLengths, QVector<int>({2, 4, 3}));
 }
 
-void tst_CommentToggle::oneUncommentedLine_keepsAllCommented()
+void tst_commenttoggle::oneUncommentedLine_keepsAllCommented()
 {
     QCOMPARE(toggleOf(wholeLines({"//a", "b"}), g_cpp).action, SCommentToggle::CommentLines);
     QCOMPARE(toggleOf(wholeLines({"//a", ""}), g_cpp).action, SCommentToggle::CommentLines);
 }
 
-void tst_CommentToggle::partOfALine_isWrapped()
+void tst_commenttoggle::partOfALine_isWrapped()
 {
     QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, g_cpp).action, SCommentToggle::Wrap);
     QCOMPARE(toggleOf({"b", {"a b"}, "a ", ""}, g_cpp).action, SCommentToggle::Wrap);
     QCOMPARE(toggleOf({"b", {"b c"}, "", " c"}, g_cpp).action, SCommentToggle::Wrap);
 }
 
-void tst_CommentToggle::blanksAroundTheSelection_areStillWholeLines()
+void tst_commenttoggle::blanksAroundTheSelection_areStillWholeLines()
 {
     QCOMPARE(toggleOf({"b", {"\tb  "}, "\t", "  "}, g_cpp).action, SCommentToggle::CommentLines);
 }
 
-void tst_CommentToggle::wrappedSelection_isUnwrapped()
+void tst_commenttoggle::wrappedSelection_isUnwrapped()
 {
     const SCommentToggle toggle = toggleOf({"/*b*/", {"a /*b*/"}, "a ", ""}, g_cpp);
     QCOMPARE(toggle.action, SCommentToggle::Unwrap);
@@ -100,14 +100,14 @@ void tst_CommentToggle::wrappedSelection_isUnwrapped()
     QCOMPARE(toggle.nEndLength, 2);
 }
 
-void tst_CommentToggle::enclosedTest_comesFirst()
+void tst_commenttoggle::enclosedTest_comesFirst()
 {
     // Each line is a line comment, too, when "/" is the line marker.
     const SCommentMarkers markers {"/", "/*", "*/"};
     QCOMPARE(toggleOf(wholeLines({"/*a", "/b*/"}), markers).action, SCommentToggle::Unwrap);
 }
 
-void tst_CommentToggle::languageWithoutBlockMarkers_neverToggles()
+void tst_commenttoggle::languageWithoutBlockMarkers_neverToggles()
 {
     for (const QString &strLine : {QString("a"), QString("# a"), QString(" ")}) {
         const SCommentToggle toggle = toggleOf(wholeLines({strLine}), g_onlyLine);
@@ -116,18 +116,18 @@ void tst_CommentToggle::languageWithoutBlockMarkers_neverToggles()
     }
 }
 
-void tst_CommentToggle::blockEndWithoutStart_commentsLines()
+void tst_commenttoggle::blockEndWithoutStart_commentsLines()
 {
     const SCommentMarkers markers {"#", "", "end"};
     QCOMPARE(toggleOf({"b", {"a b c"}, "a ", " c"}, markers).action, SCommentToggle::CommentLines);
 }
 
-void tst_CommentToggle::languageWithoutLineMarker_wrapsWholeLines()
+void tst_commenttoggle::languageWithoutLineMarker_wrapsWholeLines()
 {
     QCOMPARE(toggleOf(wholeLines({"<a/>", "<b/>"}), g_onlyBlock).action, SCommentToggle::Wrap);
 }
 
-void tst_CommentToggle::overlappingMarkers_stayInsideTheSelection()
+void tst_commenttoggle::overlappingMarkers_stayInsideTheSelection()
 {
     const SCommentToggle toggle = toggleOf({"/*/", {"x/*/y"}, "x", "y"}, g_cpp);
     QCOMPARE(toggle.action, SCommentToggle::Unwrap);
@@ -137,7 +137,7 @@ void tst_CommentToggle::overlappingMarkers_stayInsideTheSelection()
     QCOMPARE(quotes.nEndLength + quotes.nStartLength, 3);
 }
 
-void tst_CommentToggle::lineMarker_isAnExpressionAsItStands()
+void tst_commenttoggle::lineMarker_isAnExpressionAsItStands()
 {
     const SCommentMarkers dots {"..", "/*", "*/"};
     const SCommentToggle toggle = toggleOf(wholeLines({"abc"}), dots);
@@ -148,13 +148,13 @@ void tst_CommentToggle::lineMarker_isAnExpressionAsItStands()
     QCOMPARE(toggleOf(wholeLines({"abc"}), alternatives).lstLengths, QVector<int>({3}));
 }
 
-void tst_CommentToggle::invalidExpression_matchesNothing()
+void tst_commenttoggle::invalidExpression_matchesNothing()
 {
     const SCommentMarkers lua {"--[[", "/*", "*/"};
     QCOMPARE(toggleOf(wholeLines({"--[[ a"}), lua).action, SCommentToggle::CommentLines);
 }
 
-void tst_CommentToggle::randomSelections_takeTheLiteralAction()
+void tst_commenttoggle::randomSelections_takeTheLiteralAction()
 {
     const QStringList lstTokens {"//", "/*", "*/", "#", " ", "\t", "a", "\n", "-->", "<!--"};
     const QVector<SCommentMarkers> lstMarkers {g_cpp,           g_onlyLine,         g_onlyBlock,
@@ -182,5 +182,5 @@ void tst_CommentToggle::randomSelections_takeTheLiteralAction()
     QCOMPARE(seen.size(), 4);
 }
 
-QTEST_GUILESS_MAIN(tst_CommentToggle)
+QTEST_GUILESS_MAIN(tst_commenttoggle)
 #include "tst_commenttoggle.moc"

@@ -11,7 +11,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-class tst_Completion : public QObject, protected CEditorCase
+class tst_completion : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -69,17 +69,17 @@ private:
     }
 };
 
-void tst_Completion::init()
+void tst_completion::init()
 {
     makeEditor();
 }
 
-void tst_Completion::cleanup()
+void tst_completion::cleanup()
 {
     removeEditor();
 }
 
-void tst_Completion::words_areThoseThatBeginLikeIt_data()
+void tst_completion::words_areThoseThatBeginLikeIt_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QStringList>("words");
@@ -90,7 +90,7 @@ void tst_Completion::words_areThoseThatBeginLikeIt_data()
         << QString("ab\u00E4\u4E00") << QStringList {QString("ab\u00E4\u4E00")};
 }
 
-void tst_Completion::words_areThoseThatBeginLikeIt()
+void tst_completion::words_areThoseThatBeginLikeIt()
 {
     QFETCH(QString, line);
     QFETCH(QStringList, words);
@@ -101,7 +101,7 @@ void tst_Completion::words_areThoseThatBeginLikeIt()
     QCOMPARE(lstFound, words);
 }
 
-void tst_Completion::anyText_givesTheWordsThatAnExpressionFinds()
+void tst_completion::anyText_givesTheWordsThatAnExpressionFinds()
 {
     CDice dice(37);
     const QRegularExpression word("\\w+");
@@ -129,14 +129,14 @@ void tst_Completion::anyText_givesTheWordsThatAnExpressionFinds()
     }
 }
 
-void tst_Completion::keywords_areThoseThatAreWords()
+void tst_completion::keywords_areThoseThatAreWords()
 {
     const QVariantMap mapLists {{"keywords", QStringList {" if ", "a-b", "", "else"}},
                                 {"reg_exp", QStringList {"for"}}};
     QCOMPARE(keywordsOf({{"highlighting", mapLists}}), (QStringList {"if", "else"}));
 }
 
-void tst_Completion::otherVersion_givesNothing()
+void tst_completion::otherVersion_givesNothing()
 {
     CLineStore store;
     store.replace(0, 1, 1, [] { return QString("abc"); });
@@ -146,7 +146,7 @@ void tst_Completion::otherVersion_givesNothing()
     QVERIFY(wordsToOffer(store, nVersion, {}, {"a", -1, -1}, [] { return false; }).isEmpty());
 }
 
-void tst_Completion::list_isNeverShownUnasked()
+void tst_completion::list_isNeverShownUnasked()
 {
     show("abc\n|");
     QTest::keyClicks(m_pEdit.get(), "ab");
@@ -154,14 +154,14 @@ void tst_Completion::list_isNeverShownUnasked()
     QVERIFY(!popup());
 }
 
-void tst_Completion::list_showsWordsAndKeywords()
+void tst_completion::list_showsWordsAndKeywords()
 {
     show("alpha beta\nAlso a|l");
     ask();
     QTRY_COMPARE(offered(), (QStringList {"alone", "alpha", "Also"}));
 }
 
-void tst_Completion::enter_takesTheFirstWord()
+void tst_completion::enter_takesTheFirstWord()
 {
     show("alpha\nal|");
     ask();
@@ -177,7 +177,7 @@ void tst_Completion::enter_takesTheFirstWord()
     QCOMPARE(state(), QString("alpha\nalpha|"));
 }
 
-void tst_Completion::word_isTakenAtEveryCaret()
+void tst_completion::word_isTakenAtEveryCaret()
 {
     show("alpha\nal|\nx|\nal|");
     ask();
@@ -186,7 +186,7 @@ void tst_Completion::word_isTakenAtEveryCaret()
     QCOMPARE(state(), QString("alpha\nalone|\nx|\nalone|"));
 }
 
-void tst_Completion::word_isOneUndoStep()
+void tst_completion::word_isOneUndoStep()
 {
     show("alpha\nAL|");
     ask();
@@ -198,7 +198,7 @@ void tst_Completion::word_isOneUndoStep()
     QCOMPARE(state(), QString("alpha\nAL|"));
 }
 
-void tst_Completion::typing_narrowsTheList()
+void tst_completion::typing_narrowsTheList()
 {
     show("alpha\nal|");
     ask();
@@ -212,7 +212,7 @@ void tst_Completion::typing_narrowsTheList()
     QVERIFY(!popup());
 }
 
-void tst_Completion::leavingTheWord_hidesTheList()
+void tst_completion::leavingTheWord_hidesTheList()
 {
     show("alpha\nal|");
     ask();
@@ -222,7 +222,7 @@ void tst_Completion::leavingTheWord_hidesTheList()
     QCOMPARE(state(), QString("alpha\nal |"));
 }
 
-void tst_Completion::escape_hidesTheListOnly()
+void tst_completion::escape_hidesTheListOnly()
 {
     show("alpha\nal|\nal|");
     ask();
@@ -232,7 +232,7 @@ void tst_Completion::escape_hidesTheListOnly()
     QCOMPARE(state(), QString("alpha\nal|\nal|"));
 }
 
-void tst_Completion::nothingToOffer_isTold()
+void tst_completion::nothingToOffer_isTold()
 {
     show("xyz xy_z|");
     const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
@@ -241,7 +241,7 @@ void tst_Completion::nothingToOffer_isTold()
     QVERIFY(!popup());
 }
 
-void tst_Completion::movedCursor_getsNoList()
+void tst_completion::movedCursor_getsNoList()
 {
     show("alpha\nal|");
     ask();
@@ -253,5 +253,5 @@ void tst_Completion::movedCursor_getsNoList()
     QVERIFY(!popup());
 }
 
-QTEST_MAIN(tst_Completion)
+QTEST_MAIN(tst_completion)
 #include "tst_completion.moc"

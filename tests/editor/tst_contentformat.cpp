@@ -14,7 +14,7 @@ QString repeated(const char *pText, int nTimes)
 
 } // namespace
 
-class tst_ContentFormat : public QObject
+class tst_contentformat : public QObject
 {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private slots:
     void jsonError_hasItsPlace();
 };
 
-void tst_ContentFormat::xml_tellsWhereItFails_data()
+void tst_contentformat::xml_tellsWhereItFails_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("message");
@@ -56,7 +56,7 @@ void tst_ContentFormat::xml_tellsWhereItFails_data()
                                               << "tag mismatch" << 1 << 32;
 }
 
-void tst_ContentFormat::xml_tellsWhereItFails()
+void tst_contentformat::xml_tellsWhereItFails()
 {
     QFETCH(QString, text);
     QFETCH(QString, message);
@@ -69,13 +69,13 @@ void tst_ContentFormat::xml_tellsWhereItFails()
     QCOMPARE(result.nColumn, column);
 }
 
-void tst_ContentFormat::xml_isLaidOutWithFourSpaces()
+void tst_contentformat::xml_isLaidOutWithFourSpaces()
 {
     QCOMPARE(formattedXml("<a><b><c/></b></a>"),
              QString("<a>\n    <b>\n        <c/>\n    </b>\n</a>\n"));
 }
 
-void tst_ContentFormat::xml_keepsWhatItHolds()
+void tst_contentformat::xml_keepsWhatItHolds()
 {
     const QString strText = formattedXml(QString::fromUtf8(
         "<?xml version=\"1.0\"?><a k=\"é&lt;\"><!--c--><![CDATA[x<y]]>z\u00a0</a>"));
@@ -85,7 +85,7 @@ void tst_ContentFormat::xml_keepsWhatItHolds()
     QVERIFY(strText.contains(QChar(QChar::Nbsp)));
 }
 
-void tst_ContentFormat::externalEntities_areNeverRead()
+void tst_contentformat::externalEntities_areNeverRead()
 {
     QTemporaryDir dir;
     QFile file(dir.filePath("secret.txt"));
@@ -100,7 +100,7 @@ void tst_ContentFormat::externalEntities_areNeverRead()
     QVERIFY(!formattedXml(strText).contains("the secret"));
 }
 
-void tst_ContentFormat::hostileXml_isRefusedQuickly_data()
+void tst_contentformat::hostileXml_isRefusedQuickly_data()
 {
     QTest::addColumn<QString>("text");
     QString strLaughs = "<!DOCTYPE a [<!ENTITY l0 \"lol\">";
@@ -152,7 +152,7 @@ void tst_ContentFormat::hostileXml_isRefusedQuickly_data()
             + "\"> %p; ]><a/>";
 }
 
-void tst_ContentFormat::hostileXml_isRefusedQuickly()
+void tst_contentformat::hostileXml_isRefusedQuickly()
 {
     QFETCH(QString, text);
     const CProcessorTime time;
@@ -163,7 +163,7 @@ void tst_ContentFormat::hostileXml_isRefusedQuickly()
     QVERIFY2(time.elapsed() < 2000, qPrintable(QString::number(time.elapsed())));
 }
 
-void tst_ContentFormat::reasonableEntities_areAccepted_data()
+void tst_contentformat::reasonableEntities_areAccepted_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("name spaces of a drawing")
@@ -185,27 +185,27 @@ void tst_ContentFormat::reasonableEntities_areAccepted_data()
     QTest::newRow("a per cent sign") << "<a>" + repeated("100% of it; ", 1000) + "</a>";
 }
 
-void tst_ContentFormat::reasonableEntities_areAccepted()
+void tst_contentformat::reasonableEntities_areAccepted()
 {
     QFETCH(QString, text);
     QCOMPARE(parseXml(text).strMessage, QString());
 }
 
-void tst_ContentFormat::deepElements_failAtTheirPlace()
+void tst_contentformat::deepElements_failAtTheirPlace()
 {
     const SParseResult result = parseXml(repeated("<a>\n", 257) + repeated("</a>", 257));
     QCOMPARE(result.strMessage, QString("elements nest too deeply"));
     QCOMPARE(result.nLine, 257);
 }
 
-void tst_ContentFormat::deepestAllowedElements_canBeFormatted()
+void tst_contentformat::deepestAllowedElements_canBeFormatted()
 {
     const QString strText = repeated("<a>", 256) + repeated("</a>", 256);
     QVERIFY(parseXml(strText).isGood());
     QCOMPARE(formattedXml(strText).count('\n'), 511);
 }
 
-void tst_ContentFormat::json_errorTextIsNeverEmpty_data()
+void tst_contentformat::json_errorTextIsNeverEmpty_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("message");
@@ -217,27 +217,27 @@ void tst_ContentFormat::json_errorTextIsNeverEmpty_data()
                               << "unterminated object";
 }
 
-void tst_ContentFormat::json_errorTextIsNeverEmpty()
+void tst_contentformat::json_errorTextIsNeverEmpty()
 {
     QFETCH(QString, text);
     QFETCH(QString, message);
     QCOMPARE(parseJson(text).strMessage, message);
 }
 
-void tst_ContentFormat::json_isLaidOutByTheWriter()
+void tst_contentformat::json_isLaidOutByTheWriter()
 {
     QCOMPARE(formattedJson(QString::fromUtf8("{\"b\":[1,\"é\"],\"a\":null}")),
              QString::fromUtf8("{\n    \"a\": null,\n    \"b\": [\n        1,\n"
                                "        \"é\"\n    ]\n}\n"));
 }
 
-void tst_ContentFormat::nestedArrays_doNotEndTheProgram()
+void tst_contentformat::nestedArrays_doNotEndTheProgram()
 {
     QCOMPARE(parseJson(repeated("[", 100000)).strMessage, QString("too deeply nested document"));
     QCOMPARE(formattedJson(repeated("[", 100000)), QString());
 }
 
-void tst_ContentFormat::jsonError_hasItsPlace_data()
+void tst_contentformat::jsonError_hasItsPlace_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("line");
@@ -249,7 +249,7 @@ void tst_ContentFormat::jsonError_hasItsPlace_data()
     QTest::newRow("behind other characters") << "[\"\u00E4\u4E00\U0001F600\" 1]" << 1 << 10;
 }
 
-void tst_ContentFormat::jsonError_hasItsPlace()
+void tst_contentformat::jsonError_hasItsPlace()
 {
     QFETCH(QString, text);
     QFETCH(int, line);
@@ -259,5 +259,5 @@ void tst_ContentFormat::jsonError_hasItsPlace()
     QCOMPARE(result.nColumn, column);
 }
 
-QTEST_GUILESS_MAIN(tst_ContentFormat)
+QTEST_GUILESS_MAIN(tst_contentformat)
 #include "tst_contentformat.moc"

@@ -14,7 +14,7 @@
 #include <QTabWidget>
 #include <QtTest>
 
-class tst_DlgFind : public QObject
+class tst_dlgfind : public QObject
 {
     Q_OBJECT
 
@@ -79,19 +79,19 @@ private:
     std::unique_ptr<CDlgFind> m_pDialog;
 };
 
-void tst_DlgFind::init()
+void tst_dlgfind::init()
 {
     m_pSettings = std::make_unique<WithSettings>();
     m_pDialog = std::make_unique<CDlgFind>();
 }
 
-void tst_DlgFind::cleanup()
+void tst_dlgfind::cleanup()
 {
     m_pDialog.reset();
     m_pSettings.reset();
 }
 
-void tst_DlgFind::texts_areThoseOfTheForm_data()
+void tst_dlgfind::texts_areThoseOfTheForm_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
@@ -118,7 +118,7 @@ void tst_DlgFind::texts_areThoseOfTheForm_data()
     row("label_info", "");
 }
 
-void tst_DlgFind::texts_areThoseOfTheForm()
+void tst_dlgfind::texts_areThoseOfTheForm()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
@@ -136,7 +136,7 @@ void tst_DlgFind::texts_areThoseOfTheForm()
     QCOMPARE(pTabs->widget(1)->objectName(), QString("tab_2"));
 }
 
-void tst_DlgFind::everyControl_hasAnAccessibleNameOrText()
+void tst_dlgfind::everyControl_hasAnAccessibleNameOrText()
 {
     int nControls = 0;
     for (const QWidget *pWidget : m_pDialog->findChildren<QWidget *>()) {
@@ -151,7 +151,7 @@ void tst_DlgFind::everyControl_hasAnAccessibleNameOrText()
     QCOMPARE(child<QLabel>("label_2")->buddy(), child<QWidget>("comboBox_repalce"));
 }
 
-void tst_DlgFind::sliders_goFromTwentyToHundred()
+void tst_dlgfind::sliders_goFromTwentyToHundred()
 {
     for (const char *pName : {"slider_transparent", "slider_transparent_2"}) {
         const auto *pSlider = child<QSlider>(pName);
@@ -163,7 +163,7 @@ void tst_DlgFind::sliders_goFromTwentyToHundred()
     }
 }
 
-void tst_DlgFind::options_comeFromTheSettings()
+void tst_dlgfind::options_comeFromTheSettings()
 {
     QVERIFY(child<QCheckBox>("checkBox_wrap_search")->isChecked());
     QVERIFY(!child<QCheckBox>("checkBox_match_case")->isChecked());
@@ -178,7 +178,7 @@ void tst_DlgFind::options_comeFromTheSettings()
     QCOMPARE(child<QSlider>("slider_transparent_2")->value(), 40);
 }
 
-void tst_DlgFind::option_isStoredAtOnce_data()
+void tst_dlgfind::option_isStoredAtOnce_data()
 {
     QTest::addColumn<QString>("box");
     QTest::addColumn<QString>("twin");
@@ -197,7 +197,7 @@ void tst_DlgFind::option_isStoredAtOnce_data()
     row("checkBox_auto_close_after", "", "m_bFindCloseAfterFindNext");
 }
 
-void tst_DlgFind::option_isStoredAtOnce()
+void tst_dlgfind::option_isStoredAtOnce()
 {
     QFETCH(QString, box);
     QFETCH(QString, twin);
@@ -213,7 +213,7 @@ void tst_DlgFind::option_isStoredAtOnce()
     }
 }
 
-void tst_DlgFind::transparency_isStoredAtOnce_data()
+void tst_dlgfind::transparency_isStoredAtOnce_data()
 {
     QTest::addColumn<QString>("slider");
     QTest::addColumn<QString>("twin");
@@ -223,7 +223,7 @@ void tst_DlgFind::transparency_isStoredAtOnce_data()
                                  << "slider_transparent";
 }
 
-void tst_DlgFind::transparency_isStoredAtOnce()
+void tst_dlgfind::transparency_isStoredAtOnce()
 {
     QFETCH(QString, slider);
     QFETCH(QString, twin);
@@ -233,7 +233,7 @@ void tst_DlgFind::transparency_isStoredAtOnce()
     QCOMPARE(m_pDialog->findChild<QSlider *>(twin)->value(), 50);
 }
 
-void tst_DlgFind::construction_storesNothing()
+void tst_dlgfind::construction_storesNothing()
 {
     (*m_pSettings)->m_bFindMatchCase = true;
     (*m_pSettings)->m_nFindTransparent = 5; // Below what the slider shows.
@@ -242,7 +242,7 @@ void tst_DlgFind::construction_storesNothing()
     QCOMPARE((*m_pSettings)->m_nFindTransparent, 5);
 }
 
-void tst_DlgFind::find_goesIntoTheHistoryOfBothBoxes()
+void tst_dlgfind::find_goesIntoTheHistoryOfBothBoxes()
 {
     find("  one ");
     find("two");
@@ -252,7 +252,7 @@ void tst_DlgFind::find_goesIntoTheHistoryOfBothBoxes()
     QCOMPARE(child<QComboBox>("comboBox_replace_find")->currentText(), QString("two"));
 }
 
-void tst_DlgFind::repeatedText_movesToTheFront()
+void tst_dlgfind::repeatedText_movesToTheFront()
 {
     for (const char *pText : {"one", "two", "three", "one"})
         find(pText);
@@ -261,14 +261,14 @@ void tst_DlgFind::repeatedText_movesToTheFront()
     QCOMPARE(m_pDialog->getFindText(), QString("one"));
 }
 
-void tst_DlgFind::otherCase_isAnotherEntry()
+void tst_dlgfind::otherCase_isAnotherEntry()
 {
     find("one");
     find("One");
     QCOMPARE(history("comboBox_find"), QStringList({"One", "one"}));
 }
 
-void tst_DlgFind::blankText_isNotKept()
+void tst_dlgfind::blankText_isNotKept()
 {
     find("");
     find("  ");
@@ -276,7 +276,7 @@ void tst_DlgFind::blankText_isNotKept()
     QCOMPARE(m_pDialog->getFindText(), QString("  "));
 }
 
-void tst_DlgFind::historyFollowsTheOwner()
+void tst_dlgfind::historyFollowsTheOwner()
 {
     QStringList lst;
     connect(m_pDialog.get(), &CDlgFind::emitFindNext, this, [&] {
@@ -287,7 +287,7 @@ void tst_DlgFind::historyFollowsTheOwner()
     QCOMPARE(lst, QStringList({" one ", "0"}));
 }
 
-void tst_DlgFind::replaceButtons_keepTheReplaceTabsText()
+void tst_dlgfind::replaceButtons_keepTheReplaceTabsText()
 {
     QSignalSpy replace(m_pDialog.get(), &CDlgFind::emitReplace);
     QSignalSpy replaceAll(m_pDialog.get(), &CDlgFind::emitReplaceAll);
@@ -305,7 +305,7 @@ void tst_DlgFind::replaceButtons_keepTheReplaceTabsText()
     QCOMPARE(child<QComboBox>("comboBox_repalce")->count(), 0);
 }
 
-void tst_DlgFind::enterInTheBox_isFindNextOnce()
+void tst_dlgfind::enterInTheBox_isFindNextOnce()
 {
     QSignalSpy spy(m_pDialog.get(), &CDlgFind::emitFindNext);
     m_pDialog->showFind();
@@ -319,7 +319,7 @@ void tst_DlgFind::enterInTheBox_isFindNextOnce()
     QVERIFY(m_pDialog->isVisible());
 }
 
-void tst_DlgFind::enterInTheBox_addsOneEntry()
+void tst_dlgfind::enterInTheBox_addsOneEntry()
 {
     m_pDialog->showFind();
     auto *pEdit = child<QComboBox>("comboBox_find")->lineEdit();
@@ -329,7 +329,7 @@ void tst_DlgFind::enterInTheBox_addsOneEntry()
     QCOMPARE(history("comboBox_find"), QStringList("abc"));
 }
 
-void tst_DlgFind::completion_doesNotChangeWhatIsTyped()
+void tst_dlgfind::completion_doesNotChangeWhatIsTyped()
 {
     find("abcdef");
     find("x");
@@ -340,7 +340,7 @@ void tst_DlgFind::completion_doesNotChangeWhatIsTyped()
     QCOMPARE(m_pDialog->getFindText(), QString("AB"));
 }
 
-void tst_DlgFind::escape_closes()
+void tst_dlgfind::escape_closes()
 {
     QSignalSpy spy(m_pDialog.get(), &CDlgFind::emitClosed);
     m_pDialog->showFind();
@@ -349,7 +349,7 @@ void tst_DlgFind::escape_closes()
     QCOMPARE(spy.size(), 1);
 }
 
-void tst_DlgFind::hiding_tellsItOnce()
+void tst_dlgfind::hiding_tellsItOnce()
 {
     QSignalSpy spy(m_pDialog.get(), &CDlgFind::emitClosed);
     m_pDialog->showFind();
@@ -360,7 +360,7 @@ void tst_DlgFind::hiding_tellsItOnce()
     QCOMPARE(spy.size(), 2);
 }
 
-void tst_DlgFind::changeOfTab_copiesTextAndTitle()
+void tst_dlgfind::changeOfTab_copiesTextAndTitle()
 {
     auto *pTabs = child<QTabWidget>("tabWidget");
     child<QComboBox>("comboBox_find")->setEditText("one");
@@ -374,14 +374,14 @@ void tst_DlgFind::changeOfTab_copiesTextAndTitle()
     QCOMPARE(m_pDialog->getFindText(), QString("two"));
 }
 
-void tst_DlgFind::textTypedOnTheReplaceTab_isTheFindText()
+void tst_dlgfind::textTypedOnTheReplaceTab_isTheFindText()
 {
     m_pDialog->showReplace();
     QTest::keyClicks(child<QComboBox>("comboBox_replace_find")->lineEdit(), "abc");
     QCOMPARE(m_pDialog->getFindText(), QString("abc"));
 }
 
-void tst_DlgFind::setFindText_selectsIt()
+void tst_dlgfind::setFindText_selectsIt()
 {
     m_pDialog->setFindText("abc");
     QCOMPARE(m_pDialog->getFindText(), QString("abc"));
@@ -390,7 +390,7 @@ void tst_DlgFind::setFindText_selectsIt()
     QCOMPARE(m_pDialog->getFindText(), QString());
 }
 
-void tst_DlgFind::setFindText_survivesShowFind()
+void tst_dlgfind::setFindText_survivesShowFind()
 {
     m_pDialog->setFindText("abc");
     m_pDialog->showFind();
@@ -400,7 +400,7 @@ void tst_DlgFind::setFindText_survivesShowFind()
     QCOMPARE(child<QComboBox>("comboBox_replace_find")->currentText(), QString("de"));
 }
 
-void tst_DlgFind::shownAgain_standsWhereItWas()
+void tst_dlgfind::shownAgain_standsWhereItWas()
 {
     m_pDialog->showFind();
     QVERIFY(QTest::qWaitForWindowActive(m_pDialog.get()));
@@ -413,7 +413,7 @@ void tst_DlgFind::shownAgain_standsWhereItWas()
     }
 }
 
-void tst_DlgFind::showFind_focusesTheBox()
+void tst_dlgfind::showFind_focusesTheBox()
 {
     QWidget owner;
     owner.show();
@@ -433,7 +433,7 @@ void tst_DlgFind::showFind_focusesTheBox()
     }
 }
 
-void tst_DlgFind::showReplace_focusesTheBox()
+void tst_dlgfind::showReplace_focusesTheBox()
 {
     m_pDialog->showReplace();
     QVERIFY(QTest::qWaitForWindowActive(m_pDialog.get()));
@@ -441,7 +441,7 @@ void tst_DlgFind::showReplace_focusesTheBox()
     QTRY_VERIFY(child<QComboBox>("comboBox_replace_find")->hasFocus());
 }
 
-void tst_DlgFind::changeOfTab_keepsTheWidth()
+void tst_dlgfind::changeOfTab_keepsTheWidth()
 {
     m_pDialog->showReplace();
     QVERIFY(QTest::qWaitForWindowExposed(m_pDialog.get()));
@@ -453,7 +453,7 @@ void tst_DlgFind::changeOfTab_keepsTheWidth()
     QVERIFY(nWidth >= m_pDialog->sizeHint().width());
 }
 
-void tst_DlgFind::dialogOverTheMatch_makesWay()
+void tst_dlgfind::dialogOverTheMatch_makesWay()
 {
     CDlgFind &dialog = *m_pDialog;
     dialog.showFind();
@@ -467,7 +467,7 @@ void tst_DlgFind::dialogOverTheMatch_makesWay()
     QVERIFY(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
 }
 
-void tst_DlgFind::messages_areThoseOfTheSearch()
+void tst_dlgfind::messages_areThoseOfTheSearch()
 {
     const QLabel *pLabel = child<QLabel>("label_info");
     const QString strGreen = "<span style='color:#27a650'>%1</span>";
@@ -488,7 +488,7 @@ void tst_DlgFind::messages_areThoseOfTheSearch()
     QCOMPARE(pLabel->text(), QString());
 }
 
-void tst_DlgFind::count_comesBehindTheMessage()
+void tst_dlgfind::count_comesBehindTheMessage()
 {
     const auto *pLabel = child<QLabel>("label_info");
     m_pDialog->onFindCounted(3, 17);
@@ -499,13 +499,13 @@ void tst_DlgFind::count_comesBehindTheMessage()
     QVERIFY(pLabel->text().contains(">Find: the end has been reached. 1 of 17<"));
 }
 
-void tst_DlgFind::message_isNeverMarkup()
+void tst_dlgfind::message_isNeverMarkup()
 {
     m_pDialog->showInfo("<img src='http://localhost/x.png'>&", true);
     QVERIFY(!child<QLabel>("label_info")->text().contains("<img"));
 }
 
-void tst_DlgFind::inactiveDialog_isTranslucent()
+void tst_dlgfind::inactiveDialog_isTranslucent()
 {
     (*m_pSettings)->m_nFindTransparent = 60;
     m_pDialog->showFind();
@@ -520,5 +520,5 @@ void tst_DlgFind::inactiveDialog_isTranslucent()
     QTRY_COMPARE(qRound(m_pDialog->windowOpacity() * 100), 100);
 }
 
-QTEST_MAIN(tst_DlgFind)
+QTEST_MAIN(tst_dlgfind)
 #include "tst_dlgfind.moc"

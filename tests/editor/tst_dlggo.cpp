@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-class tst_DlgGo : public QObject
+class tst_dlggo : public QObject
 {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ private slots:
     void prepare_selectsWhatWasTyped();
 };
 
-void tst_DlgGo::texts_areThoseOfTheForm()
+void tst_dlggo::texts_areThoseOfTheForm()
 {
     CDlgGo dialog;
     QCOMPARE(dialog.objectName(), QString("CDlgGo"));
@@ -32,7 +32,7 @@ void tst_DlgGo::texts_areThoseOfTheForm()
     QVERIFY(!dialog.isModal());
 }
 
-void tst_DlgGo::go_emitsTheNumberAndHides_data()
+void tst_dlggo::go_emitsTheNumberAndHides_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("number");
@@ -44,7 +44,7 @@ void tst_DlgGo::go_emitsTheNumberAndHides_data()
     QTest::newRow("the largest") << "2147483647" << 2147483647;
 }
 
-void tst_DlgGo::go_emitsTheNumberAndHides()
+void tst_dlggo::go_emitsTheNumberAndHides()
 {
     QFETCH(QString, text);
     QFETCH(int, number);
@@ -58,7 +58,7 @@ void tst_DlgGo::go_emitsTheNumberAndHides()
     QVERIFY(!dialog.isVisible());
 }
 
-void tst_DlgGo::enterInTheField_isGo()
+void tst_dlggo::enterInTheField_isGo()
 {
     CDlgGo dialog;
     dialog.show();
@@ -71,7 +71,7 @@ void tst_DlgGo::enterInTheField_isGo()
     QVERIFY(!dialog.isVisible());
 }
 
-void tst_DlgGo::close_hidesWithoutASignal()
+void tst_dlggo::close_hidesWithoutASignal()
 {
     CDlgGo dialog;
     dialog.show();
@@ -81,7 +81,7 @@ void tst_DlgGo::close_hidesWithoutASignal()
     QVERIFY(spy.isEmpty());
 }
 
-void tst_DlgGo::escape_hidesWithoutASignal()
+void tst_dlggo::escape_hidesWithoutASignal()
 {
     CDlgGo dialog;
     dialog.show();
@@ -91,7 +91,7 @@ void tst_DlgGo::escape_hidesWithoutASignal()
     QVERIFY(spy.isEmpty());
 }
 
-void tst_DlgGo::field_takesIntegersOnly()
+void tst_dlggo::field_takesIntegersOnly()
 {
     CDlgGo dialog;
     auto *pEdit = dialog.findChild<QLineEdit *>("lineEdit");
@@ -99,7 +99,7 @@ void tst_DlgGo::field_takesIntegersOnly()
     QCOMPARE(pEdit->text(), QString("-123"));
 }
 
-void tst_DlgGo::prepare_selectsWhatWasTyped()
+void tst_dlggo::prepare_selectsWhatWasTyped()
 {
     CDlgGo dialog;
     auto *pEdit = dialog.findChild<QLineEdit *>("lineEdit");
@@ -112,5 +112,5 @@ void tst_DlgGo::prepare_selectsWhatWasTyped()
     QTRY_VERIFY(pEdit->hasFocus());
 }
 
-QTEST_MAIN(tst_DlgGo)
+QTEST_MAIN(tst_dlggo)
 #include "tst_dlggo.moc"

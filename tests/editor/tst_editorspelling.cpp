@@ -13,7 +13,7 @@
 #include <QtTest>
 
 // Words of comments and strings, with a dictionary of three words.
-class tst_EditorSpelling : public QObject, protected CEditorCase
+class tst_editorspelling : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -67,12 +67,12 @@ static bool isRight(const QString &strWord)
     return strWord == QLatin1String("hello") || strWord == QLatin1String("world");
 }
 
-void tst_EditorSpelling::initTestCase()
+void tst_editorspelling::initTestCase()
 {
     putDictionary(m_folder.path(), "en_US", "hello world three");
 }
 
-void tst_EditorSpelling::init()
+void tst_editorspelling::init()
 {
     makeEditor();
     QFile::remove(m_folder.filePath("own.txt"));
@@ -81,7 +81,7 @@ void tst_EditorSpelling::init()
     g_pSpelling = m_pSpelling.get();
 }
 
-void tst_EditorSpelling::cleanup()
+void tst_editorspelling::cleanup()
 {
     removeEditor();
     g_pSpelling = nullptr;
@@ -96,7 +96,7 @@ static QString misspelt(const QTextBlock &block, bool bHasLanguage)
     return lst.join(QLatin1Char('|'));
 }
 
-void tst_EditorSpelling::onlyCommentsAndStrings_areRead()
+void tst_editorspelling::onlyCommentsAndStrings_areRead()
 {
     show("retrun \"wrold helo\" naem // hello wrld\n");
     m_pEdit->setDefinition(languageDefinition("Test", "//"));
@@ -105,19 +105,19 @@ void tst_EditorSpelling::onlyCommentsAndStrings_areRead()
     QTRY_COMPARE(misspelt(block, true), QStringLiteral("wrold|helo|wrld"));
 }
 
-void tst_EditorSpelling::textWithoutLanguage_isReadWhole()
+void tst_editorspelling::textWithoutLanguage_isReadWhole()
 {
     show("hello wrld\nnot here");
     QCOMPARE(misspelt(m_pEdit->document()->firstBlock(), false), QStringLiteral("wrld"));
 }
 
-void tst_EditorSpelling::veryLongLine_isLeftOut()
+void tst_editorspelling::veryLongLine_isLeftOut()
 {
     show(QStringLiteral("wrld ").repeated(3000));
     QCOMPARE(misspelt(m_pEdit->document()->firstBlock(), false), QString());
 }
 
-void tst_EditorSpelling::nextWord_isTheOneThePlaceTouchesOrALaterOne_data()
+void tst_editorspelling::nextWord_isTheOneThePlaceTouchesOrALaterOne_data()
 {
     QTest::addColumn<int>("place");
     QTest::addColumn<int>("start");
@@ -128,7 +128,7 @@ void tst_EditorSpelling::nextWord_isTheOneThePlaceTouchesOrALaterOne_data()
     QTest::newRow("behind all") << 21 << 0;
 }
 
-void tst_EditorSpelling::nextWord_isTheOneThePlaceTouchesOrALaterOne()
+void tst_editorspelling::nextWord_isTheOneThePlaceTouchesOrALaterOne()
 {
     show("hello wrld\nhello thre");
     QFETCH(int, place);
@@ -138,7 +138,7 @@ void tst_EditorSpelling::nextWord_isTheOneThePlaceTouchesOrALaterOne()
         QCOMPARE(nextMisspeltWord(block, 10, false, isRight, 1).nLength, 0);
 }
 
-void tst_EditorSpelling::f4_selectsTheWordAndOffersOthers()
+void tst_editorspelling::f4_selectsTheWordAndOffersOthers()
 {
     show("hello\nsome wrld");
     place(11, 11);
@@ -149,7 +149,7 @@ void tst_EditorSpelling::f4_selectsTheWordAndOffersOthers()
     QCOMPARE(menu()->actions().last()->text(), QStringLiteral("Add to dictionary"));
 }
 
-void tst_EditorSpelling::f4Again_goesToTheNextWord()
+void tst_editorspelling::f4Again_goesToTheNextWord()
 {
     show("wrld hello\nthre");
     QTest::keyClick(m_pEdit.get(), Qt::Key_F4);
@@ -159,7 +159,7 @@ void tst_EditorSpelling::f4Again_goesToTheNextWord()
     QCOMPARE(selection(), Ends(11, 15));
 }
 
-void tst_EditorSpelling::f4WithoutMisspeltWord_saysSo()
+void tst_editorspelling::f4WithoutMisspeltWord_saysSo()
 {
     show("hello world");
     QSignalSpy spy(m_pEdit.get(), &CHighlightEdit::statusMessage);
@@ -168,7 +168,7 @@ void tst_EditorSpelling::f4WithoutMisspeltWord_saysSo()
     QCOMPARE(selection(), Ends(0, 0));
 }
 
-void tst_EditorSpelling::f4WithoutDictionary_saysSo()
+void tst_editorspelling::f4WithoutDictionary_saysSo()
 {
     show("wrld");
     QSignalSpy spy(m_pEdit.get(), &CHighlightEdit::statusMessage);
@@ -181,7 +181,7 @@ void tst_EditorSpelling::f4WithoutDictionary_saysSo()
     }
 }
 
-void tst_EditorSpelling::suggestion_isOneUndoStep()
+void tst_editorspelling::suggestion_isOneUndoStep()
 {
     show("some wrld here");
     place(7, 7);
@@ -192,7 +192,7 @@ void tst_EditorSpelling::suggestion_isOneUndoStep()
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("some wrld here"));
 }
 
-void tst_EditorSpelling::addedWord_isMarkedNoMore()
+void tst_editorspelling::addedWord_isMarkedNoMore()
 {
     show("wrld");
     QTest::keyClick(m_pEdit.get(), Qt::Key_F4, Qt::ShiftModifier);
@@ -204,7 +204,7 @@ void tst_EditorSpelling::addedWord_isMarkedNoMore()
     QCOMPARE(contents(m_folder.filePath("own.txt")), QByteArray("wrld\n"));
 }
 
-void tst_EditorSpelling::marks_areShownOnRequestOnly()
+void tst_editorspelling::marks_areShownOnRequestOnly()
 {
     show("wrld");
     QVERIFY(!hasMarks());
@@ -215,5 +215,5 @@ void tst_EditorSpelling::marks_areShownOnRequestOnly()
     QVERIFY(!hasMarks());
 }
 
-QTEST_MAIN(tst_EditorSpelling)
+QTEST_MAIN(tst_editorspelling)
 #include "tst_editorspelling.moc"

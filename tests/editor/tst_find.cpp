@@ -4,7 +4,7 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
-class tst_Find : public QObject, protected CEditorCase
+class tst_find : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -44,19 +44,19 @@ private:
     std::unique_ptr<CSearchLog> m_pLog;
 };
 
-void tst_Find::init()
+void tst_find::init()
 {
     makeEditor();
     m_pLog = std::make_unique<CSearchLog>(m_pEdit.get());
 }
 
-void tst_Find::cleanup()
+void tst_find::cleanup()
 {
     m_pLog.reset();
     removeEditor();
 }
 
-void tst_Find::emptyText_doesNothing()
+void tst_find::emptyText_doesNothing()
 {
     m_pEdit->setPlainText("abc");
     place(1, 2);
@@ -66,7 +66,7 @@ void tst_Find::emptyText_doesNothing()
     QCOMPARE(selection(), Ends(1, 2));
 }
 
-void tst_Find::match_isSelectedAndVisible()
+void tst_find::match_isSelectedAndVisible()
 {
     m_pEdit->resize(200, 200);
     m_pEdit->show();
@@ -76,7 +76,7 @@ void tst_Find::match_isSelectedAndVisible()
     QVERIFY(m_pEdit->viewport()->rect().contains(m_pEdit->cursorRect()));
 }
 
-void tst_Find::nextSearch_goesOnBehindTheMatch()
+void tst_find::nextSearch_goesOnBehindTheMatch()
 {
     m_pEdit->setPlainText("aaaa");
     QVERIFY(m_pEdit->find("aa", false, nullptr));
@@ -85,7 +85,7 @@ void tst_Find::nextSearch_goesOnBehindTheMatch()
     QCOMPARE(selection(), Ends(2, 4));
 }
 
-void tst_Find::selectionFromRightToLeft_skipsOneCharacter()
+void tst_find::selectionFromRightToLeft_skipsOneCharacter()
 {
     m_pEdit->setPlainText("abab ab");
     place(2, 0); // The first "ab", from right to left.
@@ -96,7 +96,7 @@ void tst_Find::selectionFromRightToLeft_skipsOneCharacter()
     QCOMPARE(selection(), Ends(2, 4));
 }
 
-void tst_Find::searchUp_startsBeforeTheSelection()
+void tst_find::searchUp_startsBeforeTheSelection()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     m_pEdit->setPlainText("ab ab ab");
@@ -108,7 +108,7 @@ void tst_Find::searchUp_startsBeforeTheSelection()
     QCOMPARE(selection(), Ends(3, 5));
 }
 
-void tst_Find::searchUp_findsEveryLineFromItsStart()
+void tst_find::searchUp_findsEveryLineFromItsStart()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     (*m_pSettings)->m_bFindWrapSearch = false;
@@ -121,7 +121,7 @@ void tst_Find::searchUp_findsEveryLineFromItsStart()
     QVERIFY(!m_pEdit->find("ab", false, nullptr));
 }
 
-void tst_Find::searchUp_fromTheEnd_findsTheLastLine()
+void tst_find::searchUp_fromTheEnd_findsTheLastLine()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     m_pEdit->setPlainText("ab\nab");
@@ -129,7 +129,7 @@ void tst_Find::searchUp_fromTheEnd_findsTheLastLine()
     QCOMPARE(selection(), Ends(3, 5));
 }
 
-void tst_Find::searchUp_atTheStart_findsNothing()
+void tst_find::searchUp_atTheStart_findsNothing()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     (*m_pSettings)->m_bFindWrapSearch = false;
@@ -138,7 +138,7 @@ void tst_Find::searchUp_atTheStart_findsNothing()
     QCOMPARE(m_pLog->lst, QStringList("cannotFound"));
 }
 
-void tst_Find::matches_neverSpanLines()
+void tst_find::matches_neverSpanLines()
 {
     (*m_pSettings)->m_bFindUseRegularExpression = true;
     m_pEdit->setPlainText("a\nb");
@@ -146,14 +146,14 @@ void tst_Find::matches_neverSpanLines()
     QVERIFY(!m_pEdit->find("a\nb", true, nullptr));
 }
 
-void tst_Find::fromTheStartWithWrap_missing_hasNoSecondPass()
+void tst_find::fromTheStartWithWrap_missing_hasNoSecondPass()
 {
     m_pEdit->setPlainText("abc");
     QVERIFY(!m_pEdit->find("x", false, nullptr));
     QCOMPARE(m_pLog->lst, QStringList({"findToBottom", "cannotFound"}));
 }
 
-void tst_Find::wrappedMiss_isToldTwice()
+void tst_find::wrappedMiss_isToldTwice()
 {
     m_pEdit->setPlainText("abc");
     place(1, 1);
@@ -161,7 +161,7 @@ void tst_Find::wrappedMiss_isToldTwice()
     QCOMPARE(m_pLog->lst, QStringList({"cannotFound", "findToBottom", "cannotFound"}));
 }
 
-void tst_Find::wrappedHit_tellsTheEnd()
+void tst_find::wrappedHit_tellsTheEnd()
 {
     m_pEdit->setPlainText("abc");
     place(3, 3);
@@ -170,7 +170,7 @@ void tst_Find::wrappedHit_tellsTheEnd()
     QCOMPARE(selection(), Ends(0, 1));
 }
 
-void tst_Find::wrappedUp_tellsTheTop()
+void tst_find::wrappedUp_tellsTheTop()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     m_pEdit->setPlainText("abc\n");
@@ -179,7 +179,7 @@ void tst_Find::wrappedUp_tellsTheTop()
     QCOMPARE(selection(), Ends(2, 3));
 }
 
-void tst_Find::upFromTheEndWithWrap_missing_hasNoSecondPass()
+void tst_find::upFromTheEndWithWrap_missing_hasNoSecondPass()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     m_pEdit->setPlainText("abc");
@@ -190,7 +190,7 @@ void tst_Find::upFromTheEndWithWrap_missing_hasNoSecondPass()
     QCOMPARE(m_pLog->lst, QStringList({"cannotFound", "findToTop", "cannotFound"}));
 }
 
-void tst_Find::withoutWrap_missIsToldOnce()
+void tst_find::withoutWrap_missIsToldOnce()
 {
     (*m_pSettings)->m_bFindWrapSearch = false;
     m_pEdit->setPlainText("abc");
@@ -199,14 +199,14 @@ void tst_Find::withoutWrap_missIsToldOnce()
     QCOMPARE(m_pLog->lst, QStringList("cannotFound"));
 }
 
-void tst_Find::fromEnd_neverWraps()
+void tst_find::fromEnd_neverWraps()
 {
     m_pEdit->setPlainText("abc");
     QVERIFY(!m_pEdit->find("x", true, nullptr));
     QCOMPARE(m_pLog->lst, QStringList("cannotFound"));
 }
 
-void tst_Find::wholeWord_takesTheUnderscoreForASeparator()
+void tst_find::wholeWord_takesTheUnderscoreForASeparator()
 {
     (*m_pSettings)->m_bFindMatchWholeWord = true;
     m_pEdit->setPlainText("ab_ab");
@@ -214,7 +214,7 @@ void tst_Find::wholeWord_takesTheUnderscoreForASeparator()
     QCOMPARE(selection(), Ends(0, 2));
 }
 
-void tst_Find::wholeWord_skipsTheRestOfTheLine()
+void tst_find::wholeWord_skipsTheRestOfTheLine()
 {
     (*m_pSettings)->m_bFindMatchWholeWord = true;
     m_pEdit->setPlainText("abc ab\nab");
@@ -222,7 +222,7 @@ void tst_Find::wholeWord_skipsTheRestOfTheLine()
     QCOMPARE(selection(), Ends(7, 9));
 }
 
-void tst_Find::emptyMatches_areNeverSelected()
+void tst_find::emptyMatches_areNeverSelected()
 {
     (*m_pSettings)->m_bFindUseRegularExpression = true;
     m_pEdit->setPlainText("abc\nxx");
@@ -233,7 +233,7 @@ void tst_Find::emptyMatches_areNeverSelected()
     QVERIFY(!m_pEdit->textCursor().hasSelection());
 }
 
-void tst_Find::givenCursor_leavesTheEditorsAlone()
+void tst_find::givenCursor_leavesTheEditorsAlone()
 {
     m_pEdit->setPlainText("abc abc");
     QTextCursor cursor(m_pEdit->document());
@@ -243,7 +243,7 @@ void tst_Find::givenCursor_leavesTheEditorsAlone()
     QCOMPARE(selection(), Ends(0, 0));
 }
 
-void tst_Find::givenCursor_secondPassMovesTheEditors()
+void tst_find::givenCursor_secondPassMovesTheEditors()
 {
     m_pEdit->setPlainText("abc abc");
     QTextCursor cursor(m_pEdit->document());
@@ -254,7 +254,7 @@ void tst_Find::givenCursor_secondPassMovesTheEditors()
     QCOMPARE(selection(), Ends(0, 3));
 }
 
-void tst_Find::caseOption_isReadAtEachSearch()
+void tst_find::caseOption_isReadAtEachSearch()
 {
     m_pEdit->setPlainText("AB ab");
     (*m_pSettings)->m_bFindMatchCase = true;
@@ -265,14 +265,14 @@ void tst_Find::caseOption_isReadAtEachSearch()
     QCOMPARE(selection(), Ends(0, 2));
 }
 
-void tst_Find::noBreakSpace_isNotASpace()
+void tst_find::noBreakSpace_isNotASpace()
 {
     m_pEdit->setPlainText(QString::fromUtf8("a\u00a0b"));
     QVERIFY(!m_pEdit->find("a b", true, nullptr));
     QVERIFY(m_pEdit->find(QString::fromUtf8("a\u00a0b"), true, nullptr));
 }
 
-void tst_Find::findPrevious_turnsTheDirectionForOneSearch()
+void tst_find::findPrevious_turnsTheDirectionForOneSearch()
 {
     m_pEdit->setPlainText("ab ab ab");
     place(5, 5);
@@ -285,7 +285,7 @@ void tst_Find::findPrevious_turnsTheDirectionForOneSearch()
     QVERIFY((*m_pSettings)->m_bFindSearchUp);
 }
 
-void tst_Find::findPrevious_savesNothing()
+void tst_find::findPrevious_savesNothing()
 {
     (*m_pSettings)->save();
     m_pEdit->setPlainText("ab");
@@ -294,7 +294,7 @@ void tst_Find::findPrevious_savesNothing()
     QCOMPARE(m_pLog->lst.value(1), QString("findToTop"));
 }
 
-void tst_Find::randomSearches_equalTheLiteralOnes_data()
+void tst_find::randomSearches_equalTheLiteralOnes_data()
 {
     QTest::addColumn<int>("options");
     for (int i = 0; i < 32; ++i) {
@@ -304,7 +304,7 @@ void tst_Find::randomSearches_equalTheLiteralOnes_data()
     }
 }
 
-void tst_Find::randomSearches_equalTheLiteralOnes()
+void tst_find::randomSearches_equalTheLiteralOnes()
 {
     QFETCH(int, options);
     const QString strAlphabet("aabbAx _\n\n");
@@ -339,5 +339,5 @@ void tst_Find::randomSearches_equalTheLiteralOnes()
     }
 }
 
-QTEST_MAIN(tst_Find)
+QTEST_MAIN(tst_find)
 #include "tst_find.moc"

@@ -4,7 +4,7 @@
 #include <QRegExp>
 #include <QtTest>
 
-class tst_Indentation : public QObject
+class tst_indentation : public QObject
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ private slots:
     void randomLines_agreeWithTheExpressions();
 };
 
-void tst_Indentation::outdent_removesOneTabOrUpToFourSpaces_data()
+void tst_indentation::outdent_removesOneTabOrUpToFourSpaces_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<int>("length");
@@ -36,14 +36,14 @@ void tst_Indentation::outdent_removesOneTabOrUpToFourSpaces_data()
     QTest::newRow("no-break space") << QString(QChar(QChar::Nbsp)) << 0;
 }
 
-void tst_Indentation::outdent_removesOneTabOrUpToFourSpaces()
+void tst_indentation::outdent_removesOneTabOrUpToFourSpaces()
 {
     QFETCH(QString, line);
     QFETCH(int, length);
     QCOMPARE(outdentLength(line), length);
 }
 
-void tst_Indentation::leadingWhiteSpace_isWhatThePatternMatches_data()
+void tst_indentation::leadingWhiteSpace_isWhatThePatternMatches_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("blanks");
@@ -59,14 +59,14 @@ void tst_Indentation::leadingWhiteSpace_isWhatThePatternMatches_data()
                            << "";
 }
 
-void tst_Indentation::leadingWhiteSpace_isWhatThePatternMatches()
+void tst_indentation::leadingWhiteSpace_isWhatThePatternMatches()
 {
     QFETCH(QString, line);
     QFETCH(QString, blanks);
     QCOMPARE(leadingBlanks(line), blanks);
 }
 
-void tst_Indentation::openingBraceAtTheEnd_mayHaveWhiteSpaceBehindIt_data()
+void tst_indentation::openingBraceAtTheEnd_mayHaveWhiteSpaceBehindIt_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<bool>("opens");
@@ -79,14 +79,14 @@ void tst_Indentation::openingBraceAtTheEnd_mayHaveWhiteSpaceBehindIt_data()
     QTest::newRow("blanks") << "  " << false;
 }
 
-void tst_Indentation::openingBraceAtTheEnd_mayHaveWhiteSpaceBehindIt()
+void tst_indentation::openingBraceAtTheEnd_mayHaveWhiteSpaceBehindIt()
 {
     QFETCH(QString, line);
     QFETCH(bool, opens);
     QCOMPARE(endsWithOpeningBrace(line), opens);
 }
 
-void tst_Indentation::typedOpener_hasItsCloser_data()
+void tst_indentation::typedOpener_hasItsCloser_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("closer");
@@ -110,7 +110,7 @@ void tst_Indentation::typedOpener_hasItsCloser_data()
                                    << "";
 }
 
-void tst_Indentation::typedOpener_hasItsCloser()
+void tst_indentation::typedOpener_hasItsCloser()
 {
     QFETCH(QString, typed);
     QFETCH(QString, closer);
@@ -118,7 +118,7 @@ void tst_Indentation::typedOpener_hasItsCloser()
     QCOMPARE(c.isNull() ? QString() : QString(c), closer.isEmpty() ? QString() : closer);
 }
 
-void tst_Indentation::randomLines_agreeWithTheExpressions()
+void tst_indentation::randomLines_agreeWithTheExpressions()
 {
     const QRegExp outdent("^((\\t{0,1})|([ ]{1,4}))");
     const QRegExp leading("^\\s+");
@@ -137,5 +137,5 @@ void tst_Indentation::randomLines_agreeWithTheExpressions()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_Indentation)
+QTEST_GUILESS_MAIN(tst_indentation)
 #include "tst_indentation.moc"

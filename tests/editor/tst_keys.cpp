@@ -6,7 +6,7 @@
 #include <QMenuBar>
 #include <QtTest>
 
-class tst_Keys : public QObject, protected CEditorCase
+class tst_keys : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -74,17 +74,17 @@ private:
     }
 };
 
-void tst_Keys::init()
+void tst_keys::init()
 {
     makeEditor();
 }
 
-void tst_Keys::cleanup()
+void tst_keys::cleanup()
 {
     removeEditor();
 }
 
-void tst_Keys::tab_indentsEverySelectedLine()
+void tst_keys::tab_indentsEverySelectedLine()
 {
     show("a\n\n  b\nc");
     place(0, 5);
@@ -92,7 +92,7 @@ void tst_Keys::tab_indentsEverySelectedLine()
     QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\t\n\t  b\nc"));
 }
 
-void tst_Keys::tab_swapsTheSelectionsEnds_data()
+void tst_keys::tab_swapsTheSelectionsEnds_data()
 {
     QTest::addColumn<int>("anchor");
     QTest::addColumn<int>("position");
@@ -102,7 +102,7 @@ void tst_Keys::tab_swapsTheSelectionsEnds_data()
     QTest::newRow("cursor behind the last line") << 0 << 6 << "^\tab\n\tcd|\nef";
 }
 
-void tst_Keys::tab_swapsTheSelectionsEnds()
+void tst_keys::tab_swapsTheSelectionsEnds()
 {
     QFETCH(int, anchor);
     QFETCH(int, position);
@@ -113,7 +113,7 @@ void tst_Keys::tab_swapsTheSelectionsEnds()
     QCOMPARE(state(), after);
 }
 
-void tst_Keys::tab_isOneUndoStep()
+void tst_keys::tab_isOneUndoStep()
 {
     show("a\nb\nc");
     m_pEdit->selectAll();
@@ -122,7 +122,7 @@ void tst_Keys::tab_isOneUndoStep()
     QCOMPARE(m_pEdit->toPlainText(), QString("a\nb\nc"));
 }
 
-void tst_Keys::tab_isUndoneWithItsSelection()
+void tst_keys::tab_isUndoneWithItsSelection()
 {
     show("a\nbc\nd");
     place(4, 1); // From the right.
@@ -133,7 +133,7 @@ void tst_Keys::tab_isUndoneWithItsSelection()
     QCOMPARE(selection(), Ends(0, 6));
 }
 
-void tst_Keys::backtab_removesOneStepFromEachLine()
+void tst_keys::backtab_removesOneStepFromEachLine()
 {
     show("  a\n\tb\n      c\nd");
     m_pEdit->selectAll();
@@ -145,7 +145,7 @@ void tst_Keys::backtab_removesOneStepFromEachLine()
     QCOMPARE(m_pEdit->toPlainText(), QString("a\nb"));
 }
 
-void tst_Keys::backtab_withoutShift_indents()
+void tst_keys::backtab_withoutShift_indents()
 {
     show("a\nb");
     m_pEdit->selectAll();
@@ -153,7 +153,7 @@ void tst_Keys::backtab_withoutShift_indents()
     QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\tb"));
 }
 
-void tst_Keys::tab_inOneLine_replacesTheSelection()
+void tst_keys::tab_inOneLine_replacesTheSelection()
 {
     show("abc");
     place(1, 2);
@@ -161,7 +161,7 @@ void tst_Keys::tab_inOneLine_replacesTheSelection()
     QCOMPARE(state(), QString("a\t|c"));
 }
 
-void tst_Keys::tab_overALineWithItsEnd_isNoBlock()
+void tst_keys::tab_overALineWithItsEnd_isNoBlock()
 {
     show("abc\nd");
     place(0, 4); // The last selected character is the first line's end.
@@ -169,7 +169,7 @@ void tst_Keys::tab_overALineWithItsEnd_isNoBlock()
     QCOMPARE(state(), QString("\t|d"));
 }
 
-void tst_Keys::tab_leavesTheLineBehindTheSelectionAlone()
+void tst_keys::tab_leavesTheLineBehindTheSelectionAlone()
 {
     show("a\nb\nc");
     place(0, 4);
@@ -177,7 +177,7 @@ void tst_Keys::tab_leavesTheLineBehindTheSelectionAlone()
     QCOMPARE(m_pEdit->toPlainText(), QString("\ta\n\tb\nc"));
 }
 
-void tst_Keys::tab_withControl_isNoIndentation()
+void tst_keys::tab_withControl_isNoIndentation()
 {
     show("a\nb");
     m_pEdit->selectAll();
@@ -185,7 +185,7 @@ void tst_Keys::tab_withControl_isNoIndentation()
     QVERIFY(!m_pEdit->toPlainText().contains("\ta"));
 }
 
-void tst_Keys::opener_getsItsCloser_data()
+void tst_keys::opener_getsItsCloser_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<int>("modifiers");
@@ -199,7 +199,7 @@ void tst_Keys::opener_getsItsCloser_data()
     QTest::newRow("closing parenthesis") << ")" << int(Qt::ShiftModifier) << "x)|";
 }
 
-void tst_Keys::opener_getsItsCloser()
+void tst_keys::opener_getsItsCloser()
 {
     QFETCH(QString, typed);
     QFETCH(int, modifiers);
@@ -210,14 +210,14 @@ void tst_Keys::opener_getsItsCloser()
     QCOMPARE(state(), after);
 }
 
-void tst_Keys::closer_isTypedOnceMore()
+void tst_keys::closer_isTypedOnceMore()
 {
     show("");
     QTest::keyClicks(m_pEdit.get(), "()");
     QCOMPARE(state(), QString("()|)"));
 }
 
-void tst_Keys::opener_overASelection_replacesIt()
+void tst_keys::opener_overASelection_replacesIt()
 {
     show("abc");
     place(1, 2);
@@ -225,7 +225,7 @@ void tst_Keys::opener_overASelection_replacesIt()
     QCOMPARE(state(), QString("a(|)c"));
 }
 
-void tst_Keys::pair_isUndoneAtOnce()
+void tst_keys::pair_isUndoneAtOnce()
 {
     show("x ");
     QTest::keyClicks(m_pEdit.get(), "(");
@@ -234,7 +234,7 @@ void tst_Keys::pair_isUndoneAtOnce()
     QCOMPARE(m_pEdit->toPlainText(), QString("x "));
 }
 
-void tst_Keys::opener_withControl_isNotPaired()
+void tst_keys::opener_withControl_isNotPaired()
 {
     show("x");
     QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_BracketLeft, QString("["),
@@ -242,7 +242,7 @@ void tst_Keys::opener_withControl_isNotPaired()
     QVERIFY(!m_pEdit->toPlainText().contains(']'));
 }
 
-void tst_Keys::inputMethod_isNotPaired()
+void tst_keys::inputMethod_isNotPaired()
 {
     show("x");
     QInputMethodEvent event;
@@ -251,7 +251,7 @@ void tst_Keys::inputMethod_isNotPaired()
     QCOMPARE(state(), QString("x(|"));
 }
 
-void tst_Keys::deadKey_isNotPaired()
+void tst_keys::deadKey_isNotPaired()
 {
     show("x");
     QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_Dead_Acute, QString("'"),
@@ -259,7 +259,7 @@ void tst_Keys::deadKey_isNotPaired()
     QVERIFY(!m_pEdit->toPlainText().contains("''"));
 }
 
-void tst_Keys::enter_copiesTheIndentation_data()
+void tst_keys::enter_copiesTheIndentation_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
@@ -269,7 +269,7 @@ void tst_Keys::enter_copiesTheIndentation_data()
         << int(Qt::Key_Enter) << int(Qt::KeypadModifier | Qt::ShiftModifier);
 }
 
-void tst_Keys::enter_copiesTheIndentation()
+void tst_keys::enter_copiesTheIndentation()
 {
     QFETCH(int, key);
     QFETCH(int, modifiers);
@@ -281,21 +281,21 @@ void tst_Keys::enter_copiesTheIndentation()
     QCOMPARE(state(), QString("x\n|"));
 }
 
-void tst_Keys::enter_behindABrace_opensABlock()
+void tst_keys::enter_behindABrace_opensABlock()
 {
     show("    if {");
     press(Qt::Key_Return);
     QCOMPARE(state(), QString("    if {\n    \t|\n    "));
 }
 
-void tst_Keys::enter_behindABraceAndBlanks_opensABlock()
+void tst_keys::enter_behindABraceAndBlanks_opensABlock()
 {
     show("{ \t");
     press(Qt::Key_Return);
     QCOMPARE(state(), QString("{ \t\n\t|\n"));
 }
 
-void tst_Keys::enter_beforeAClosingBrace_opensABlockAllTheSame()
+void tst_keys::enter_beforeAClosingBrace_opensABlockAllTheSame()
 {
     show("  {}");
     place(3, 3);
@@ -303,7 +303,7 @@ void tst_Keys::enter_beforeAClosingBrace_opensABlockAllTheSame()
     QCOMPARE(state(), QString("  {\n  \t|\n  }"));
 }
 
-void tst_Keys::enter_inTheMiddle_looksAtTheLineEnded()
+void tst_keys::enter_inTheMiddle_looksAtTheLineEnded()
 {
     show("  ab{");
     place(3, 3);
@@ -311,7 +311,7 @@ void tst_Keys::enter_inTheMiddle_looksAtTheLineEnded()
     QCOMPARE(state(), QString("  a\n  |b{"));
 }
 
-void tst_Keys::enter_isUndoneWithItsIndentation()
+void tst_keys::enter_isUndoneWithItsIndentation()
 {
     show("    if {");
     press(Qt::Key_Return);
@@ -321,7 +321,7 @@ void tst_Keys::enter_isUndoneWithItsIndentation()
     QCOMPARE(m_pEdit->toPlainText(), QString("    if {\n    \t\n    "));
 }
 
-void tst_Keys::shiftEnter_beginsALine()
+void tst_keys::shiftEnter_beginsALine()
 {
     show("  x");
     press(Qt::Key_Return, Qt::ShiftModifier);
@@ -329,7 +329,7 @@ void tst_Keys::shiftEnter_beginsALine()
     QCOMPARE(m_pEdit->blockCount(), 2);
 }
 
-void tst_Keys::shiftTab_withoutLines_staysInTheEditor()
+void tst_keys::shiftTab_withoutLines_staysInTheEditor()
 {
     QWidget window;
     auto *pBefore = new QLineEdit(&window);
@@ -342,7 +342,7 @@ void tst_Keys::shiftTab_withoutLines_staysInTheEditor()
     QCOMPARE(window.focusWidget(), pEdit);
 }
 
-void tst_Keys::shiftTab_inAReadOnlyEditor_goesOn()
+void tst_keys::shiftTab_inAReadOnlyEditor_goesOn()
 {
     QWidget window;
     auto *pBefore = new QLineEdit(&window);
@@ -354,21 +354,21 @@ void tst_Keys::shiftTab_inAReadOnlyEditor_goesOn()
     QCOMPARE(window.focusWidget(), pBefore);
 }
 
-void tst_Keys::altLetter_typesNothing()
+void tst_keys::altLetter_typesNothing()
 {
     show("a");
     QTest::sendKeyEvent(QTest::Click, m_pEdit.get(), Qt::Key_X, QString("x"), Qt::AltModifier);
     QCOMPARE(state(), QString("a|"));
 }
 
-void tst_Keys::altLetter_opensTheMenuThatBeginsWithIt_data()
+void tst_keys::altLetter_opensTheMenuThatBeginsWithIt_data()
 {
     QTest::addColumn<QString>("title");
     QTest::newRow("by its title") << "Edit";
     QTest::newRow("in another script") << "\u7F16\u8F91";
 }
 
-void tst_Keys::altLetter_opensTheMenuThatBeginsWithIt()
+void tst_keys::altLetter_opensTheMenuThatBeginsWithIt()
 {
     QFETCH(QString, title);
     QMainWindow window;
@@ -388,7 +388,7 @@ void tst_Keys::altLetter_opensTheMenuThatBeginsWithIt()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-void tst_Keys::controlEnter_beginsALineBelow()
+void tst_keys::controlEnter_beginsALineBelow()
 {
     show("  x");
     place(1, 1);
@@ -396,7 +396,7 @@ void tst_Keys::controlEnter_beginsALineBelow()
     QCOMPARE(state(), QString("  x\n  |"));
 }
 
-void tst_Keys::readOnlyEditor_isNotChanged()
+void tst_keys::readOnlyEditor_isNotChanged()
 {
     show("  a\nb{");
     m_pEdit->setReadOnly(true);
@@ -407,5 +407,5 @@ void tst_Keys::readOnlyEditor_isNotChanged()
     QCOMPARE(m_pEdit->toPlainText(), QString("  a\nb{"));
 }
 
-QTEST_MAIN(tst_Keys)
+QTEST_MAIN(tst_keys)
 #include "tst_keys.moc"

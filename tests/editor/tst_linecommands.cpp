@@ -7,7 +7,7 @@
 using Command = SCommand (*)(const CTextLines &, const CCarets &);
 Q_DECLARE_METATYPE(Command)
 
-class tst_LineCommands : public QObject
+class tst_linecommands : public QObject
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ private slots:
     void anySelection_changesItsLetters();
 };
 
-void tst_LineCommands::command_changesTextAndCarets_data()
+void tst_linecommands::command_changesTextAndCarets_data()
 {
     QTest::addColumn<Command>("command");
     QTest::addColumn<QString>("before");
@@ -73,7 +73,7 @@ void tst_LineCommands::command_changesTextAndCarets_data()
     row("outdent", lineOutdent, "\ta^b\n      c|d", "a^b\n  c|d");
 }
 
-void tst_LineCommands::command_changesTextAndCarets()
+void tst_linecommands::command_changesTextAndCarets()
 {
     QFETCH(Command, command);
     QFETCH(QString, before);
@@ -83,7 +83,7 @@ void tst_LineCommands::command_changesTextAndCarets()
     QCOMPARE(withMarks(applied(text.strText, result.lstEdits), result.carets), after);
 }
 
-void tst_LineCommands::command_withNothingToDo_isNothing_data()
+void tst_linecommands::command_withNothingToDo_isNothing_data()
 {
     QTest::addColumn<Command>("command");
     QTest::addColumn<QString>("before");
@@ -99,7 +99,7 @@ void tst_LineCommands::command_withNothingToDo_isNothing_data()
     QTest::newRow("outdent") << Command(lineOutdent) << "^a\nb|";
 }
 
-void tst_LineCommands::command_withNothingToDo_isNothing()
+void tst_linecommands::command_withNothingToDo_isNothing()
 {
     QFETCH(Command, command);
     QFETCH(QString, before);
@@ -109,7 +109,7 @@ void tst_LineCommands::command_withNothingToDo_isNothing()
     QVERIFY(result.carets == text.carets);
 }
 
-void tst_LineCommands::anyText_changesLikeAListOfStrings_data()
+void tst_linecommands::anyText_changesLikeAListOfStrings_data()
 {
     QTest::addColumn<Command>("command");
     QTest::addColumn<int>("literal");
@@ -122,7 +122,7 @@ void tst_LineCommands::anyText_changesLikeAListOfStrings_data()
     QTest::newRow("outdent") << Command(lineOutdent) << 6;
 }
 
-void tst_LineCommands::anyText_changesLikeAListOfStrings()
+void tst_linecommands::anyText_changesLikeAListOfStrings()
 {
     QFETCH(Command, command);
     QFETCH(int, literal);
@@ -146,7 +146,7 @@ void tst_LineCommands::anyText_changesLikeAListOfStrings()
     }
 }
 
-void tst_LineCommands::anySelection_keepsItsTextWhereItMoves()
+void tst_linecommands::anySelection_keepsItsTextWhereItMoves()
 {
     CDice dice(11);
     for (int n = 0; n < 4000; ++n) {
@@ -164,7 +164,7 @@ void tst_LineCommands::anySelection_keepsItsTextWhereItMoves()
     }
 }
 
-void tst_LineCommands::anyLines_areJoinedLikeAListOfStrings()
+void tst_linecommands::anyLines_areJoinedLikeAListOfStrings()
 {
     CDice dice(13);
     for (int n = 0; n < 4000; ++n) {
@@ -175,7 +175,7 @@ void tst_LineCommands::anyLines_areJoinedLikeAListOfStrings()
     }
 }
 
-void tst_LineCommands::anySelection_changesItsLetters()
+void tst_linecommands::anySelection_changesItsLetters()
 {
     CDice dice(17);
     for (int n = 0; n < 4000; ++n) {
@@ -197,5 +197,5 @@ void tst_LineCommands::anySelection_changesItsLetters()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_LineCommands)
+QTEST_GUILESS_MAIN(tst_linecommands)
 #include "tst_linecommands.moc"

@@ -64,7 +64,7 @@ const QStringList &replacements()
 
 } // namespace
 
-class tst_LineSearch : public QObject
+class tst_linesearch : public QObject
 {
     Q_OBJECT
 
@@ -82,7 +82,7 @@ private slots:
     void oneLongLine_takesLinearTime();
 };
 
-void tst_LineSearch::candidate_isTheFirstFromTheOffset_data()
+void tst_linesearch::candidate_isTheFirstFromTheOffset_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("text");
@@ -126,7 +126,7 @@ void tst_LineSearch::candidate_isTheFirstFromTheOffset_data()
     row("offset behind the text", "ab", "ab", 2, None, -1, 0);
 }
 
-void tst_LineSearch::candidate_isTheFirstFromTheOffset()
+void tst_linesearch::candidate_isTheFirstFromTheOffset()
 {
     QFETCH(QString, line);
     QFETCH(QString, text);
@@ -139,7 +139,7 @@ void tst_LineSearch::candidate_isTheFirstFromTheOffset()
     QCOMPARE(match.nLength, length);
 }
 
-void tst_LineSearch::selection_matchesExactlyOrNotAtAll_data()
+void tst_linesearch::selection_matchesExactlyOrNotAtAll_data()
 {
     QTest::addColumn<QString>("selected");
     QTest::addColumn<QString>("text");
@@ -163,7 +163,7 @@ void tst_LineSearch::selection_matchesExactlyOrNotAtAll_data()
                                               << "a(?=b)" << int(RegExp) << false;
 }
 
-void tst_LineSearch::selection_matchesExactlyOrNotAtAll()
+void tst_linesearch::selection_matchesExactlyOrNotAtAll()
 {
     QFETCH(QString, selected);
     QFETCH(QString, text);
@@ -172,7 +172,7 @@ void tst_LineSearch::selection_matchesExactlyOrNotAtAll()
     QCOMPARE(CLineSearch(text, optionsOf(options)).matchesExactly(selected), matches);
 }
 
-void tst_LineSearch::candidates_equalTheLiteralSearch()
+void tst_linesearch::candidates_equalTheLiteralSearch()
 {
     QRandomGenerator random(11);
     for (int i = 0; i < 30000; ++i) {
@@ -193,7 +193,7 @@ void tst_LineSearch::candidates_equalTheLiteralSearch()
     }
 }
 
-void tst_LineSearch::runs_areSearchedLineByLine()
+void tst_linesearch::runs_areSearchedLineByLine()
 {
     QRandomGenerator random(13);
     int nFound = 0;
@@ -238,7 +238,7 @@ void tst_LineSearch::runs_areSearchedLineByLine()
     QVERIFY(nFound > 5000);
 }
 
-void tst_LineSearch::replacements_equalTheLiteralLoop_data()
+void tst_linesearch::replacements_equalTheLiteralLoop_data()
 {
     QTest::addColumn<int>("options");
     for (int nOptions = 0; nOptions < 16; ++nOptions) {
@@ -248,7 +248,7 @@ void tst_LineSearch::replacements_equalTheLiteralLoop_data()
     }
 }
 
-void tst_LineSearch::replacements_equalTheLiteralLoop()
+void tst_linesearch::replacements_equalTheLiteralLoop()
 {
     QFETCH(int, options);
     QRandomGenerator random(100 + options);
@@ -279,7 +279,7 @@ void tst_LineSearch::replacements_equalTheLiteralLoop()
     QVERIFY2(nReplaced > 200, qPrintable(QString::number(nReplaced)));
 }
 
-void tst_LineSearch::editsOneByOne_giveTheSameLine()
+void tst_linesearch::editsOneByOne_giveTheSameLine()
 {
     QRandomGenerator random(12);
     for (int i = 0; i < 20000; ++i) {
@@ -299,7 +299,7 @@ void tst_LineSearch::editsOneByOne_giveTheSameLine()
     }
 }
 
-void tst_LineSearch::oneLongLine_takesLinearTime_data()
+void tst_linesearch::oneLongLine_takesLinearTime_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("replace");
@@ -318,7 +318,7 @@ void tst_LineSearch::oneLongLine_takesLinearTime_data()
                                          << "" << int(RegExp);
 }
 
-void tst_LineSearch::oneLongLine_takesLinearTime()
+void tst_linesearch::oneLongLine_takesLinearTime()
 {
     QFETCH(QString, text);
     QFETCH(QString, replace);
@@ -335,5 +335,5 @@ void tst_LineSearch::oneLongLine_takesLinearTime()
     QVERIFY2(time.elapsed() < 20000, qPrintable(QString::number(time.elapsed())));
 }
 
-QTEST_GUILESS_MAIN(tst_LineSearch)
+QTEST_GUILESS_MAIN(tst_linesearch)
 #include "tst_linesearch.moc"

@@ -41,7 +41,7 @@ SMatchCount literalCount(const QStringList &lstLines, const QString &strFind, bo
 
 } // namespace
 
-class tst_MatchCount : public QObject, protected CEditorCase
+class tst_matchcount : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -59,12 +59,12 @@ private slots:
     void key_cancelsTheCount();
 };
 
-void tst_MatchCount::cleanup()
+void tst_matchcount::cleanup()
 {
     removeEditor();
 }
 
-void tst_MatchCount::anyText_isCountedLikeOneTriedPlaceByPlace()
+void tst_matchcount::anyText_isCountedLikeOneTriedPlaceByPlace()
 {
     CDice dice(29);
     for (int n = 0; n < 2000; ++n) {
@@ -86,7 +86,7 @@ void tst_MatchCount::anyText_isCountedLikeOneTriedPlaceByPlace()
     }
 }
 
-void tst_MatchCount::matchThatFindPassesOver_isCounted()
+void tst_matchcount::matchThatFindPassesOver_isCounted()
 {
     CLineStore store;
     fill(&store, {"axx", "abc ab"});
@@ -102,7 +102,7 @@ void tst_MatchCount::matchThatFindPassesOver_isCounted()
         1);
 }
 
-void tst_MatchCount::countingUpwards_countsWhatSearchingUpFinds()
+void tst_matchcount::countingUpwards_countsWhatSearchingUpFinds()
 {
     CLineStore store;
     fill(&store, {"xx xx"});
@@ -115,7 +115,7 @@ void tst_MatchCount::countingUpwards_countsWhatSearchingUpFinds()
     QCOMPARE(count.nIndex, 3);
 }
 
-void tst_MatchCount::otherVersion_isNotCounted()
+void tst_matchcount::otherVersion_isNotCounted()
 {
     CLineStore store;
     fill(&store, {"a"});
@@ -124,14 +124,14 @@ void tst_MatchCount::otherVersion_isNotCounted()
     QCOMPARE(countMatches(store, nVersion, {"a", {}}, 0, 0, [] { return false; }).nCount, -1);
 }
 
-void tst_MatchCount::cancelledCount_isNotTold()
+void tst_matchcount::cancelledCount_isNotTold()
 {
     CLineStore store;
     fill(&store, {"aaa"});
     QCOMPARE(countMatches(store, store.version(), {"a", {}}, 0, 0, [] { return true; }).nCount, -1);
 }
 
-void tst_MatchCount::job_replacedByAnother_doesNotFinish()
+void tst_matchcount::job_replacedByAnother_doesNotFinish()
 {
     QStringList lstDone;
     CBackgroundJob job;
@@ -145,7 +145,7 @@ void tst_MatchCount::job_replacedByAnother_doesNotFinish()
     QTRY_COMPARE(lstDone, QStringList {"second"});
 }
 
-void tst_MatchCount::find_tellsWhichMatchItIs()
+void tst_matchcount::find_tellsWhichMatchItIs()
 {
     makeEditor();
     m_pEdit->setPlainText("ab\nab ab\nAB");
@@ -160,7 +160,7 @@ void tst_MatchCount::find_tellsWhichMatchItIs()
     QTRY_COMPARE(last(), (QVariantList {2, 4}));
 }
 
-void tst_MatchCount::find_afterAWrap_tellsItOnce()
+void tst_matchcount::find_afterAWrap_tellsItOnce()
 {
     makeEditor();
     m_pEdit->setPlainText("ab\nc");
@@ -173,7 +173,7 @@ void tst_MatchCount::find_afterAWrap_tellsItOnce()
     QCOMPARE(counted.count(), 1);
 }
 
-void tst_MatchCount::key_cancelsTheCount()
+void tst_matchcount::key_cancelsTheCount()
 {
     makeEditor();
     m_pEdit->setPlainText("ab ab");
@@ -185,5 +185,5 @@ void tst_MatchCount::key_cancelsTheCount()
     QCOMPARE(counted.first(), (QVariantList {2, 2}));
 }
 
-QTEST_MAIN(tst_MatchCount)
+QTEST_MAIN(tst_matchcount)
 #include "tst_matchcount.moc"

@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-class tst_Replace : public QObject, protected CEditorCase
+class tst_replace : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -41,19 +41,19 @@ private:
     std::unique_ptr<CSearchLog> m_pLog;
 };
 
-void tst_Replace::init()
+void tst_replace::init()
 {
     makeEditor();
     m_pLog = std::make_unique<CSearchLog>(m_pEdit.get());
 }
 
-void tst_Replace::cleanup()
+void tst_replace::cleanup()
 {
     m_pLog.reset();
     removeEditor();
 }
 
-void tst_Replace::emptyText_doesNothing()
+void tst_replace::emptyText_doesNothing()
 {
     m_pEdit->setPlainText("abc");
     place(0, 1);
@@ -62,7 +62,7 @@ void tst_Replace::emptyText_doesNothing()
     QCOMPARE(m_pLog->lst, QStringList());
 }
 
-void tst_Replace::nothingSelected_onlySelectsTheNextMatch()
+void tst_replace::nothingSelected_onlySelectsTheNextMatch()
 {
     m_pEdit->setPlainText("ab ab");
     QVERIFY(m_pEdit->replace("ab", "x", nullptr));
@@ -70,7 +70,7 @@ void tst_Replace::nothingSelected_onlySelectsTheNextMatch()
     QCOMPARE(selection(), Ends(0, 2));
 }
 
-void tst_Replace::secondPress_replacesAndSelectsTheNext()
+void tst_replace::secondPress_replacesAndSelectsTheNext()
 {
     m_pEdit->setPlainText("ab ab");
     m_pEdit->replace("ab", "xyz", nullptr);
@@ -79,7 +79,7 @@ void tst_Replace::secondPress_replacesAndSelectsTheNext()
     QCOMPARE(selection(), Ends(4, 6));
 }
 
-void tst_Replace::selectionThatIsNoMatch_isLeftAlone()
+void tst_replace::selectionThatIsNoMatch_isLeftAlone()
 {
     m_pEdit->setPlainText("abc ab");
     place(0, 3);
@@ -88,7 +88,7 @@ void tst_Replace::selectionThatIsNoMatch_isLeftAlone()
     QCOMPARE(selection(), Ends(4, 6));
 }
 
-void tst_Replace::replacement_isLiteral()
+void tst_replace::replacement_isLiteral()
 {
     (*m_pSettings)->m_bFindUseRegularExpression = true;
     m_pEdit->setPlainText("ab");
@@ -97,7 +97,7 @@ void tst_Replace::replacement_isLiteral()
     QCOMPARE(m_pEdit->toPlainText(), QString("\\1$1&"));
 }
 
-void tst_Replace::searchingUp_goesOnBeforeTheReplacement()
+void tst_replace::searchingUp_goesOnBeforeTheReplacement()
 {
     (*m_pSettings)->m_bFindSearchUp = true;
     m_pEdit->setPlainText("ab ab");
@@ -107,7 +107,7 @@ void tst_Replace::searchingUp_goesOnBeforeTheReplacement()
     QCOMPARE(selection(), Ends(0, 2));
 }
 
-void tst_Replace::givenCursor_leavesTheEditorsAlone()
+void tst_replace::givenCursor_leavesTheEditorsAlone()
 {
     m_pEdit->setPlainText("ab ab");
     place(5, 3);
@@ -119,7 +119,7 @@ void tst_Replace::givenCursor_leavesTheEditorsAlone()
     QCOMPARE(selection(), Ends(4, 2)); // The same text as before.
 }
 
-void tst_Replace::wholeWord_isTestedAroundTheSelection()
+void tst_replace::wholeWord_isTestedAroundTheSelection()
 {
     (*m_pSettings)->m_bFindMatchWholeWord = true;
     m_pEdit->setPlainText("abc\nab");
@@ -129,7 +129,7 @@ void tst_Replace::wholeWord_isTestedAroundTheSelection()
     QCOMPARE(selection(), Ends(4, 6));
 }
 
-void tst_Replace::allOfThree_isOneUndoStep()
+void tst_replace::allOfThree_isOneUndoStep()
 {
     m_pEdit->setPlainText("ab\nx ab ab");
     QVERIFY(m_pEdit->replaceAll("ab", "long text"));
@@ -142,14 +142,14 @@ void tst_Replace::allOfThree_isOneUndoStep()
     QCOMPARE(m_pEdit->toPlainText(), QString("long text\nx long text long text"));
 }
 
-void tst_Replace::allOfOne_countsOne()
+void tst_replace::allOfOne_countsOne()
 {
     m_pEdit->setPlainText("ab");
     QVERIFY(m_pEdit->replaceAll("AB", "x"));
     QCOMPARE(m_pLog->lst, QStringList({"cannotFound", "replaceNum 1"}));
 }
 
-void tst_Replace::allOfNone_leavesTheDocumentAlone()
+void tst_replace::allOfNone_leavesTheDocumentAlone()
 {
     m_pEdit->setPlainText("ab");
     QVERIFY(!m_pEdit->replaceAll("y", "x"));
@@ -158,14 +158,14 @@ void tst_Replace::allOfNone_leavesTheDocumentAlone()
     QCOMPARE(m_pLog->lst, QStringList({"cannotFound", "replaceNum 0"}));
 }
 
-void tst_Replace::allOfEmptyText_onlyCounts()
+void tst_replace::allOfEmptyText_onlyCounts()
 {
     m_pEdit->setPlainText("ab");
     QVERIFY(!m_pEdit->replaceAll(QString(), "x"));
     QCOMPARE(m_pLog->lst, QStringList("replaceNum 0"));
 }
 
-void tst_Replace::all_neverWrapsAndRestoresTheOption()
+void tst_replace::all_neverWrapsAndRestoresTheOption()
 {
     bool bWrapInside = true;
     connect(m_pEdit.get(), &CHighlightEdit::cannotFound, this,
@@ -178,7 +178,7 @@ void tst_Replace::all_neverWrapsAndRestoresTheOption()
     QCOMPARE(m_pLog->lst, QStringList({"cannotFound", "replaceNum 1"}));
 }
 
-void tst_Replace::all_doesNotMoveTheEditorsSelection()
+void tst_replace::all_doesNotMoveTheEditorsSelection()
 {
     m_pEdit->setPlainText("ab\nab here ab\nab");
     place(10, 6); // "here", from right to left.
@@ -187,7 +187,7 @@ void tst_Replace::all_doesNotMoveTheEditorsSelection()
     QVERIFY(m_pEdit->textCursor().position() < m_pEdit->textCursor().anchor());
 }
 
-void tst_Replace::all_signalsTheMissBeforeTheNumber()
+void tst_replace::all_signalsTheMissBeforeTheNumber()
 {
     QStringList lst;
     connect(
@@ -201,7 +201,7 @@ void tst_Replace::all_signalsTheMissBeforeTheNumber()
     QCOMPARE(lst, QStringList({"miss", "text", "number"}));
 }
 
-void tst_Replace::all_keepsBlockStatesOfOtherLines()
+void tst_replace::all_keepsBlockStatesOfOtherLines()
 {
     m_pEdit->setPlainText("x\na\nx");
     const QTextBlock third = m_pEdit->document()->findBlockByNumber(2);
@@ -210,7 +210,7 @@ void tst_Replace::all_keepsBlockStatesOfOtherLines()
     QCOMPARE(third.text(), QString("x"));
 }
 
-void tst_Replace::all_withLineBreaksInTheReplacement()
+void tst_replace::all_withLineBreaksInTheReplacement()
 {
     m_pEdit->setPlainText("a,a\na");
     QVERIFY(m_pEdit->replaceAll("a", "a\nb"));
@@ -220,7 +220,7 @@ void tst_Replace::all_withLineBreaksInTheReplacement()
     QCOMPARE(m_pEdit->toPlainText(), QString("a,a\na"));
 }
 
-void tst_Replace::all_sameText_stillModifies()
+void tst_replace::all_sameText_stillModifies()
 {
     m_pEdit->setPlainText("a");
     QVERIFY(m_pEdit->replaceAll("a", "a"));
@@ -228,7 +228,7 @@ void tst_Replace::all_sameText_stillModifies()
     QCOMPARE(m_pLog->lst.last(), QString("replaceNum 1"));
 }
 
-void tst_Replace::randomReplacements_equalTheLiteralOnes_data()
+void tst_replace::randomReplacements_equalTheLiteralOnes_data()
 {
     QTest::addColumn<int>("options");
     for (int i = 0; i < 32; ++i) {
@@ -238,7 +238,7 @@ void tst_Replace::randomReplacements_equalTheLiteralOnes_data()
     }
 }
 
-void tst_Replace::randomReplacements_equalTheLiteralOnes()
+void tst_replace::randomReplacements_equalTheLiteralOnes()
 {
     QFETCH(int, options);
     const QString strAlphabet = QString::fromUtf8("aabbAx _é\u00a0\n\n");
@@ -288,7 +288,7 @@ void tst_Replace::randomReplacements_equalTheLiteralOnes()
     }
 }
 
-void tst_Replace::sixtyThousandLines_end_data()
+void tst_replace::sixtyThousandLines_end_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("replace");
@@ -309,7 +309,7 @@ void tst_Replace::sixtyThousandLines_end_data()
                                 << "" << true << 60000 << "";
 }
 
-void tst_Replace::sixtyThousandLines_end()
+void tst_replace::sixtyThousandLines_end()
 {
     QFETCH(QString, text);
     QFETCH(QString, replace);
@@ -330,5 +330,5 @@ void tst_Replace::sixtyThousandLines_end()
     QVERIFY(!m_pEdit->document()->isUndoAvailable());
 }
 
-QTEST_MAIN(tst_Replace)
+QTEST_MAIN(tst_replace)
 #include "tst_replace.moc"

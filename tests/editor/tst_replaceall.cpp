@@ -9,7 +9,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-class tst_ReplaceAll : public QObject, protected CEditorCase
+class tst_replaceall : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ private:
     }
 };
 
-void tst_ReplaceAll::inPieces_equalsAtOnce_data()
+void tst_replaceall::inPieces_equalsAtOnce_data()
 {
     QTest::addColumn<bool>("up");
     QTest::addColumn<bool>("word");
@@ -55,7 +55,7 @@ void tst_ReplaceAll::inPieces_equalsAtOnce_data()
     }
 }
 
-void tst_ReplaceAll::inPieces_equalsAtOnce()
+void tst_replaceall::inPieces_equalsAtOnce()
 {
     QFETCH(bool, up);
     QFETCH(bool, word);
@@ -102,7 +102,7 @@ void tst_ReplaceAll::inPieces_equalsAtOnce()
     }
 }
 
-void tst_ReplaceAll::eventLoopRuns_andItIsOneStepOfUndo()
+void tst_replaceall::eventLoopRuns_andItIsOneStepOfUndo()
 {
     setLongText();
     QTextCursor(m_pEdit->document()).insertText("typed ");
@@ -125,7 +125,7 @@ void tst_ReplaceAll::eventLoopRuns_andItIsOneStepOfUndo()
     QCOMPARE(m_pEdit->toPlainText(), "typed " + longText("abc"));
 }
 
-void tst_ReplaceAll::stopped_nothingIsReplaced()
+void tst_replaceall::stopped_nothingIsReplaced()
 {
     setLongText();
     QVERIFY(!m_pEdit->isModified());
@@ -144,7 +144,7 @@ void tst_ReplaceAll::stopped_nothingIsReplaced()
     QVERIFY(!m_pEdit->isReadOnly());
 }
 
-void tst_ReplaceAll::stoppedBeforeTheFirstMatch_earlierStepsStay()
+void tst_replaceall::stoppedBeforeTheFirstMatch_earlierStepsStay()
 {
     setLongText();
     QTextCursor end(m_pEdit->document());
@@ -159,7 +159,7 @@ void tst_ReplaceAll::stoppedBeforeTheFirstMatch_earlierStepsStay()
     QCOMPARE(m_pEdit->toPlainText(), longText("ab"));
 }
 
-void tst_ReplaceAll::typingMeanwhile_isRefused()
+void tst_replaceall::typingMeanwhile_isRefused()
 {
     setLongText();
     CReplaceAll *pJob = makeJob("ab", "abc");
@@ -173,7 +173,7 @@ void tst_ReplaceAll::typingMeanwhile_isRefused()
     QCOMPARE(m_pEdit->toPlainText(), longText("abc"));
 }
 
-void tst_ReplaceAll::changedMeanwhile_ends()
+void tst_replaceall::changedMeanwhile_ends()
 {
     setLongText();
     CReplaceAll *pJob = makeJob("ab", "abc");
@@ -188,7 +188,7 @@ void tst_ReplaceAll::changedMeanwhile_ends()
     QVERIFY(!m_pEdit->isReadOnly());
 }
 
-void tst_ReplaceAll::stoppedAfterAForeignChange_thatStays()
+void tst_replaceall::stoppedAfterAForeignChange_thatStays()
 {
     setLongText();
     CReplaceAll *pJob = makeJob("ab", "abc");
@@ -202,7 +202,7 @@ void tst_ReplaceAll::stoppedAfterAForeignChange_thatStays()
     QVERIFY(m_pEdit->toPlainText().startsWith("foreign x abc y"));
 }
 
-void tst_ReplaceAll::undoMeanwhile_stops()
+void tst_replaceall::undoMeanwhile_stops()
 {
     setLongText();
     QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
@@ -217,7 +217,7 @@ void tst_ReplaceAll::undoMeanwhile_stops()
     QCOMPARE(number.size(), 0);
 }
 
-void tst_ReplaceAll::finish_doesTheRestAtOnce()
+void tst_replaceall::finish_doesTheRestAtOnce()
 {
     m_pEdit->setPlainText(longText("ab").repeated(4));
     QSignalSpy number(m_pEdit.get(), &CHighlightEdit::replaceNum);
@@ -233,7 +233,7 @@ void tst_ReplaceAll::finish_doesTheRestAtOnce()
     QCOMPARE(number.size(), 1);
 }
 
-void tst_ReplaceAll::secondStart_leavesTheFirstAlone()
+void tst_replaceall::secondStart_leavesTheFirstAlone()
 {
     m_pEdit->setPlainText(longText("ab").repeated(4));
     m_pEdit->startReplaceAll("ab", "abc");
@@ -245,7 +245,7 @@ void tst_ReplaceAll::secondStart_leavesTheFirstAlone()
     QCOMPARE(m_pEdit->toPlainText(), longText("abc").repeated(4));
 }
 
-void tst_ReplaceAll::editorThatGoes_takesTheWorkAlong()
+void tst_replaceall::editorThatGoes_takesTheWorkAlong()
 {
     setLongText();
     const QPointer<CReplaceAll> job = makeJob("ab", "abc");
@@ -255,5 +255,5 @@ void tst_ReplaceAll::editorThatGoes_takesTheWorkAlong()
     QVERIFY(!job);
 }
 
-QTEST_MAIN(tst_ReplaceAll)
+QTEST_MAIN(tst_replaceall)
 #include "tst_replaceall.moc"

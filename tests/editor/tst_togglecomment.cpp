@@ -3,7 +3,7 @@
 
 #include <QtTest>
 
-class tst_ToggleComment : public QObject, protected CEditorCase
+class tst_togglecomment : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -31,25 +31,25 @@ private:
     }
 };
 
-void tst_ToggleComment::init()
+void tst_togglecomment::init()
 {
     makeEditor();
     m_pEdit->setDefinition(languageDefinition("C++", "//", "/*", "*/"));
 }
 
-void tst_ToggleComment::cleanup()
+void tst_togglecomment::cleanup()
 {
     removeEditor();
 }
 
-void tst_ToggleComment::noSelection_doesNothing()
+void tst_togglecomment::noSelection_doesNothing()
 {
     show("abc", 1, 1);
     QVERIFY(!m_pEdit->toggleComment());
     QCOMPARE(m_pEdit->toPlainText(), QString("abc"));
 }
 
-void tst_ToggleComment::threeWholeLines_toggleThereAndBack()
+void tst_togglecomment::threeWholeLines_toggleThereAndBack()
 {
     show("a\n  b\nc\nd", 0, 7);
     QVERIFY(m_pEdit->toggleComment());
@@ -63,7 +63,7 @@ void tst_ToggleComment::threeWholeLines_toggleThereAndBack()
     QCOMPARE(selection(), Ends(0, 4));
 }
 
-void tst_ToggleComment::cursorAtTheStart_staysThere()
+void tst_togglecomment::cursorAtTheStart_staysThere()
 {
     show("a\nb", 3, 0);
     m_pEdit->toggleComment();
@@ -72,7 +72,7 @@ void tst_ToggleComment::cursorAtTheStart_staysThere()
     QCOMPARE(selection(), Ends(3, 0));
 }
 
-void tst_ToggleComment::partOfALine_isWrappedAndUnwrapped()
+void tst_togglecomment::partOfALine_isWrappedAndUnwrapped()
 {
     show("a bc d", 2, 4);
     QVERIFY(m_pEdit->toggleComment());
@@ -86,7 +86,7 @@ void tst_ToggleComment::partOfALine_isWrappedAndUnwrapped()
     QCOMPARE(selection(), Ends(8, 2));
 }
 
-void tst_ToggleComment::wholeLinesWithoutALineMarker_areWrapped()
+void tst_togglecomment::wholeLinesWithoutALineMarker_areWrapped()
 {
     m_pEdit->setDefinition(languageDefinition("XML", "", "<!--", "-->"));
     show("<a/>\n<b/>", 0, 9);
@@ -96,7 +96,7 @@ void tst_ToggleComment::wholeLinesWithoutALineMarker_areWrapped()
     QCOMPARE(m_pEdit->toPlainText(), QString("<a/>\n<b/>"));
 }
 
-void tst_ToggleComment::onlyALineMarker_changesNothing()
+void tst_togglecomment::onlyALineMarker_changesNothing()
 {
     m_pEdit->setDefinition(languageDefinition("Makefile", "#"));
     show("a\n# b", 0, 5);
@@ -107,14 +107,14 @@ void tst_ToggleComment::onlyALineMarker_changesNothing()
     QCOMPARE(selection(), Ends(0, 5));
 }
 
-void tst_ToggleComment::overlappingMarkers_takeNothingElseAway()
+void tst_togglecomment::overlappingMarkers_takeNothingElseAway()
 {
     show("x/*/yz", 1, 4);
     QVERIFY(m_pEdit->toggleComment());
     QCOMPARE(m_pEdit->toPlainText(), QString("xyz"));
 }
 
-void tst_ToggleComment::endOfSelectionInTheFirstColumn_countsThatLine()
+void tst_togglecomment::endOfSelectionInTheFirstColumn_countsThatLine()
 {
     show("a\nb", 0, 2);
     m_pEdit->toggleComment();
@@ -122,7 +122,7 @@ void tst_ToggleComment::endOfSelectionInTheFirstColumn_countsThatLine()
     QCOMPARE(m_pEdit->toPlainText(), QString("/*a\n*/b"));
 }
 
-void tst_ToggleComment::toggling_isOneUndoStep()
+void tst_togglecomment::toggling_isOneUndoStep()
 {
     show("a\nb\nc", 0, 5);
     m_pEdit->toggleComment();
@@ -134,7 +134,7 @@ void tst_ToggleComment::toggling_isOneUndoStep()
     QCOMPARE(m_pEdit->toPlainText(), QString("a bc d"));
 }
 
-void tst_ToggleComment::markers_goToTheDebugLog()
+void tst_togglecomment::markers_goToTheDebugLog()
 {
     show("a", 0, 1);
     QTest::ignoreMessage(QtDebugMsg, "strSingleComment: \"//\"");
@@ -142,7 +142,7 @@ void tst_ToggleComment::markers_goToTheDebugLog()
     m_pEdit->toggleComment();
 }
 
-void tst_ToggleComment::sixtyThousandLines_areToggled()
+void tst_togglecomment::sixtyThousandLines_areToggled()
 {
     const QString strText = QString("x\n").repeated(60000);
     m_pEdit->setPlainText(strText);
@@ -153,5 +153,5 @@ void tst_ToggleComment::sixtyThousandLines_areToggled()
     QCOMPARE(m_pEdit->toPlainText(), strText);
 }
 
-QTEST_MAIN(tst_ToggleComment)
+QTEST_MAIN(tst_togglecomment)
 #include "tst_togglecomment.moc"

@@ -7,7 +7,7 @@
 #include <QTextBlock>
 #include <QtTest>
 
-class tst_Verify : public QObject, protected CEditorCase
+class tst_verify : public QObject, protected CEditorCase
 {
     Q_OBJECT
 
@@ -55,17 +55,17 @@ private:
     }
 };
 
-void tst_Verify::init()
+void tst_verify::init()
 {
     makeEditor();
 }
 
-void tst_Verify::cleanup()
+void tst_verify::cleanup()
 {
     removeEditor();
 }
 
-void tst_Verify::languages_canBeVerifiedAndFormatted_data()
+void tst_verify::languages_canBeVerifiedAndFormatted_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<bool>("verify");
@@ -79,7 +79,7 @@ void tst_Verify::languages_canBeVerifiedAndFormatted_data()
     QTest::newRow("none") << "" << false << false;
 }
 
-void tst_Verify::languages_canBeVerifiedAndFormatted()
+void tst_verify::languages_canBeVerifiedAndFormatted()
 {
     QFETCH(QString, language);
     QFETCH(bool, verify);
@@ -89,14 +89,14 @@ void tst_Verify::languages_canBeVerifiedAndFormatted()
     QCOMPARE(m_pEdit->canFormatting(), format);
 }
 
-void tst_Verify::unclosedTag_showsLineColumnAndMessage_data()
+void tst_verify::unclosedTag_showsLineColumnAndMessage_data()
 {
     QTest::addColumn<QString>("language");
     for (const char *pName : {"XML", "SVG", "HTML"})
         QTest::newRow(pName) << pName;
 }
 
-void tst_Verify::unclosedTag_showsLineColumnAndMessage()
+void tst_verify::unclosedTag_showsLineColumnAndMessage()
 {
     QFETCH(QString, language);
     show(language, "<a>\n<b>\n</a>");
@@ -110,7 +110,7 @@ void tst_Verify::unclosedTag_showsLineColumnAndMessage()
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
 }
 
-void tst_Verify::caret_goesToThePlaceTold_data()
+void tst_verify::caret_goesToThePlaceTold_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("text");
@@ -126,7 +126,7 @@ void tst_Verify::caret_goesToThePlaceTold_data()
                                << "[1]" << 0;
 }
 
-void tst_Verify::caret_goesToThePlaceTold()
+void tst_verify::caret_goesToThePlaceTold()
 {
     QFETCH(QString, language);
     QFETCH(QString, text);
@@ -137,7 +137,7 @@ void tst_Verify::caret_goesToThePlaceTold()
     QCOMPARE(selection(), Ends(position, position));
 }
 
-void tst_Verify::brokenJson_tellsItsPlaceInTheStatusBar()
+void tst_verify::brokenJson_tellsItsPlaceInTheStatusBar()
 {
     show("JSON", "[\n  1,\n  x]");
     const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
@@ -148,7 +148,7 @@ void tst_Verify::brokenJson_tellsItsPlaceInTheStatusBar()
     QCOMPARE(told.at(0).at(0).toString(), QString("Line 3, Column 3"));
 }
 
-void tst_Verify::goodContent_showsNothing()
+void tst_verify::goodContent_showsNothing()
 {
     show("XML", "<a/>");
     CBoxAnswer answer;
@@ -157,7 +157,7 @@ void tst_Verify::goodContent_showsNothing()
     QVERIFY(!m_pEdit->isModified());
 }
 
-void tst_Verify::goodJson_failsWithTheWordsForSuccess()
+void tst_verify::goodJson_failsWithTheWordsForSuccess()
 {
     show("JSON", "{\"a\": 1}");
     CBoxAnswer answer;
@@ -167,7 +167,7 @@ void tst_Verify::goodJson_failsWithTheWordsForSuccess()
     QCOMPARE(answer.boxes().first().strText, QString("no error occurred"));
 }
 
-void tst_Verify::otherLanguage_isValidUnseen()
+void tst_verify::otherLanguage_isValidUnseen()
 {
     show("xml", "<a>");
     QVERIFY(m_pEdit->verifyValid());
@@ -175,7 +175,7 @@ void tst_Verify::otherLanguage_isValidUnseen()
     QCOMPARE(m_pEdit->toPlainText(), QString("<a>"));
 }
 
-void tst_Verify::deepNesting_showsItsPlace()
+void tst_verify::deepNesting_showsItsPlace()
 {
     show("XML", QString("<a>").repeated(100000) + QString("</a>").repeated(100000));
     CBoxAnswer answer;
@@ -185,7 +185,7 @@ void tst_Verify::deepNesting_showsItsPlace()
              qPrintable(answer.boxes().first().strText));
 }
 
-void tst_Verify::xml_isLaidOutAndModified()
+void tst_verify::xml_isLaidOutAndModified()
 {
     show("XML", "<a><b/></a>");
     QVERIFY(m_pEdit->formatting());
@@ -193,7 +193,7 @@ void tst_Verify::xml_isLaidOutAndModified()
     QVERIFY(m_pEdit->isModified());
 }
 
-void tst_Verify::formatting_keepsTheLine()
+void tst_verify::formatting_keepsTheLine()
 {
     show("XML", QString("<a>\n") + QString("<b/><c/>\n").repeated(20) + "</a>");
     goTo(9, 4);
@@ -203,7 +203,7 @@ void tst_Verify::formatting_keepsTheLine()
     QVERIFY(!m_pEdit->textCursor().hasSelection());
 }
 
-void tst_Verify::formatting_ofAShorterText_goesToTheLastLine()
+void tst_verify::formatting_ofAShorterText_goesToTheLastLine()
 {
     show("XML", "<a\n\n\n\n\n/>");
     goTo(5, 0);
@@ -211,7 +211,7 @@ void tst_Verify::formatting_ofAShorterText_goesToTheLastLine()
     QCOMPARE(m_pEdit->textCursor().blockNumber(), m_pEdit->blockCount() - 1);
 }
 
-void tst_Verify::formatting_startsUndoAgain()
+void tst_verify::formatting_startsUndoAgain()
 {
     show("XML", "<a><b/></a>");
     m_pEdit->textCursor().insertText(" ");
@@ -219,14 +219,14 @@ void tst_Verify::formatting_startsUndoAgain()
     QVERIFY(!m_pEdit->document()->isUndoAvailable());
 }
 
-void tst_Verify::formatting_keepsNoBreakSpaces()
+void tst_verify::formatting_keepsNoBreakSpaces()
 {
     show("XML", QString::fromUtf8("<a>1\u00a0000</a>"));
     QVERIFY(m_pEdit->formatting());
     QCOMPARE(m_pEdit->getText().trimmed(), QString::fromUtf8("<a>1\u00a0000</a>"));
 }
 
-void tst_Verify::formatting_keepsTheScrollPosition()
+void tst_verify::formatting_keepsTheScrollPosition()
 {
     m_pEdit->resize(300, 200);
     m_pEdit->show();
@@ -237,7 +237,7 @@ void tst_Verify::formatting_keepsTheScrollPosition()
     QCOMPARE(m_pEdit->verticalScrollBar()->value(), 100);
 }
 
-void tst_Verify::brokenContent_isNotFormatted()
+void tst_verify::brokenContent_isNotFormatted()
 {
     show("XML", "<a><b></a>");
     CBoxAnswer answer;
@@ -247,7 +247,7 @@ void tst_Verify::brokenContent_isNotFormatted()
     QVERIFY(!m_pEdit->isModified());
 }
 
-void tst_Verify::json_isNeverFormatted()
+void tst_verify::json_isNeverFormatted()
 {
     show("JSON", "{\"a\":1}");
     CBoxAnswer answer;
@@ -255,7 +255,7 @@ void tst_Verify::json_isNeverFormatted()
     QCOMPARE(m_pEdit->toPlainText(), QString("{\"a\":1}"));
 }
 
-void tst_Verify::html_isVerifiedButNotFormatted()
+void tst_verify::html_isVerifiedButNotFormatted()
 {
     show("HTML", "<html><p/></html>");
     QVERIFY(m_pEdit->formatting());
@@ -263,7 +263,7 @@ void tst_Verify::html_isVerifiedButNotFormatted()
     QVERIFY(!m_pEdit->isModified());
 }
 
-void tst_Verify::goToLine_goesToTheStartOfTheLine_data()
+void tst_verify::goToLine_goesToTheStartOfTheLine_data()
 {
     QTest::addColumn<int>("line");
     QTest::addColumn<int>("position");
@@ -277,7 +277,7 @@ void tst_Verify::goToLine_goesToTheStartOfTheLine_data()
     QTest::newRow("largest") << std::numeric_limits<int>::max() << -1;
 }
 
-void tst_Verify::goToLine_goesToTheStartOfTheLine()
+void tst_verify::goToLine_goesToTheStartOfTheLine()
 {
     QFETCH(int, line);
     QFETCH(int, position);
@@ -291,7 +291,7 @@ void tst_Verify::goToLine_goesToTheStartOfTheLine()
     QCOMPARE(m_pEdit->textCursor().hasSelection(), position < 0);
 }
 
-void tst_Verify::goToLine_tellsTheLastLine()
+void tst_verify::goToLine_tellsTheLastLine()
 {
     show("", "a\nb\nc");
     const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
@@ -301,7 +301,7 @@ void tst_Verify::goToLine_tellsTheLastLine()
     QCOMPARE(told.at(0).at(0).toString(), QString("There is no line 4; the last line is 3."));
 }
 
-void tst_Verify::goToLine_putsTheLineInTheMiddle()
+void tst_verify::goToLine_putsTheLineInTheMiddle()
 {
     m_pEdit->resize(300, 300);
     m_pEdit->show();
@@ -313,7 +313,7 @@ void tst_Verify::goToLine_putsTheLineInTheMiddle()
     QVERIFY(!m_pEdit->centerOnScroll());
 }
 
-void tst_Verify::goToLine_countsAWrappedLineOnce()
+void tst_verify::goToLine_countsAWrappedLineOnce()
 {
     m_pEdit->resize(200, 300);
     m_pEdit->show();
@@ -323,5 +323,5 @@ void tst_Verify::goToLine_countsAWrappedLineOnce()
     QCOMPARE(m_pEdit->textCursor().block().text(), QString("second"));
 }
 
-QTEST_MAIN(tst_Verify)
+QTEST_MAIN(tst_verify)
 #include "tst_verify.moc"

@@ -3,7 +3,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-class tst_CompactText : public QObject
+class tst_compacttext : public QObject
 {
     Q_OBJECT
 private slots:
@@ -19,7 +19,7 @@ static QString whole(const CCompactText &text)
     return text.mid(0, text.size());
 }
 
-void tst_CompactText::latin1_staysNarrow()
+void tst_compacttext::latin1_staysNarrow()
 {
     CCompactText text;
     const QString strText = QStringLiteral("caf\u00e9 \u00ff") + QChar(0) + QLatin1Char('x');
@@ -28,7 +28,7 @@ void tst_CompactText::latin1_staysNarrow()
     QCOMPARE(whole(text), strText);
 }
 
-void tst_CompactText::otherLetter_makesItWideWithoutLosingAnything()
+void tst_compacttext::otherLetter_makesItWideWithoutLosingAnything()
 {
     CCompactText text;
     text.insert(0, QStringLiteral("caf\u00e9"));
@@ -37,7 +37,7 @@ void tst_CompactText::otherLetter_makesItWideWithoutLosingAnything()
     QCOMPARE(whole(text), QStringLiteral("ca\u0100f\u00e9"));
 }
 
-void tst_CompactText::partWithoutOtherLetters_isNarrowAgain()
+void tst_compacttext::partWithoutOtherLetters_isNarrowAgain()
 {
     CCompactText text;
     text.insert(0, QStringLiteral("\u0100abc"));
@@ -46,14 +46,14 @@ void tst_CompactText::partWithoutOtherLetters_isNarrowAgain()
     QCOMPARE(whole(part), QStringLiteral("abc"));
 }
 
-void tst_CompactText::anyChanges_areThoseOfAString_data()
+void tst_compacttext::anyChanges_areThoseOfAString_data()
 {
     QTest::addColumn<quint32>("nSeed");
     for (quint32 nSeed = 1; nSeed <= 5; ++nSeed)
         QTest::addRow("%u", nSeed) << nSeed;
 }
 
-void tst_CompactText::anyChanges_areThoseOfAString()
+void tst_compacttext::anyChanges_areThoseOfAString()
 {
     QFETCH(quint32, nSeed);
     QRandomGenerator random(nSeed);
@@ -79,5 +79,5 @@ void tst_CompactText::anyChanges_areThoseOfAString()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_CompactText)
+QTEST_GUILESS_MAIN(tst_compacttext)
 #include "tst_compacttext.moc"

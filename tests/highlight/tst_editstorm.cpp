@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QTextCursor>
 
-class tst_EditStorm : public QObject
+class tst_editstorm : public QObject
 {
     Q_OBJECT
 private slots:
@@ -117,7 +117,7 @@ void CStorm::step()
 
 } // namespace
 
-void tst_EditStorm::settledDocument_equalsAFreshPass_data()
+void tst_editstorm::settledDocument_equalsAFreshPass_data()
 {
     QTest::addColumn<quint32>("seed");
     QTest::addColumn<bool>("declared");
@@ -127,7 +127,7 @@ void tst_EditStorm::settledDocument_equalsAFreshPass_data()
     }
 }
 
-void tst_EditStorm::settledDocument_equalsAFreshPass()
+void tst_editstorm::settledDocument_equalsAFreshPass()
 {
     QFETCH(quint32, seed);
     QFETCH(bool, declared);
@@ -155,5 +155,5 @@ void tst_EditStorm::settledDocument_equalsAFreshPass()
     }
 }
 
-QTEST_MAIN(tst_EditStorm)
+QTEST_MAIN(tst_editstorm)
 #include "tst_editstorm.moc"

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-class tst_HighlightMgt : public QObject
+class tst_highlightmgt : public QObject
 {
     Q_OBJECT
 private slots:
@@ -74,7 +74,7 @@ QVariantMap parseText(const QByteArray &arrContents)
 
 } // namespace
 
-void tst_HighlightMgt::table_isKeyedByBaseNameInOrder()
+void tst_highlightmgt::table_isKeyedByBaseNameInOrder()
 {
     const Folder folder;
     folder.write("b.more.xml", definition("B", "*.b"));
@@ -84,7 +84,7 @@ void tst_HighlightMgt::table_isKeyedByBaseNameInOrder()
     QCOMPARE(registry.table().keys(), QStringList({"Z", "a", "b"}));
 }
 
-void tst_HighlightMgt::table_holdsPathPatternsAndName()
+void tst_highlightmgt::table_holdsPathPatternsAndName()
 {
     const Folder folder;
     const QString strPath = folder.write("cpp.xml", definition("C++", ";*.cpp;;*.h;"));
@@ -100,7 +100,7 @@ void tst_HighlightMgt::table_holdsPathPatternsAndName()
     QCOMPARE(mapBare.value("extension").toStringList(), QStringList(QString()));
 }
 
-void tst_HighlightMgt::unreadableFiles_areSkipped()
+void tst_highlightmgt::unreadableFiles_areSkipped()
 {
     const Folder folder;
     const QString strGood = folder.write("good.txt", definition("Good", "*.good"));
@@ -112,7 +112,7 @@ void tst_HighlightMgt::unreadableFiles_areSkipped()
     QCOMPARE(registry.table().keys(), QStringList("good"));
 }
 
-void tst_HighlightMgt::sameBaseName_laterFileReplacesEarlier()
+void tst_highlightmgt::sameBaseName_laterFileReplacesEarlier()
 {
     const Folder folder;
     folder.write("js.xml", definition("New", "*.js"));
@@ -123,7 +123,7 @@ void tst_HighlightMgt::sameBaseName_laterFileReplacesEarlier()
 }
 
 // The test program has no folder "highlighter" beside it.
-void tst_HighlightMgt::missingFolder_programFolderIsScanned()
+void tst_highlightmgt::missingFolder_programFolderIsScanned()
 {
     const QDir dir(QCoreApplication::applicationDirPath());
     QVERIFY(!dir.exists("highlighter"));
@@ -137,7 +137,7 @@ void tst_HighlightMgt::missingFolder_programFolderIsScanned()
     QVERIFY(bFound);
 }
 
-void tst_HighlightMgt::lookupByFile_firstBaseNameWins()
+void tst_highlightmgt::lookupByFile_firstBaseNameWins()
 {
     const Folder folder;
     folder.write("b.xml", definition("B", "*.h;*.hpp"));
@@ -147,7 +147,7 @@ void tst_HighlightMgt::lookupByFile_firstBaseNameWins()
     QCOMPARE(nameOf(registry.definitionForFile("x.hpp")), QString("B"));
 }
 
-void tst_HighlightMgt::lookupByFile_patterns_data()
+void tst_highlightmgt::lookupByFile_patterns_data()
 {
     QTest::addColumn<QByteArray>("patterns");
     QTest::addColumn<QString>("fileName");
@@ -167,7 +167,7 @@ void tst_HighlightMgt::lookupByFile_patterns_data()
     QTest::newRow("blank is part of a pattern") << QByteArray("*.a; *.b") << "x.b" << false;
 }
 
-void tst_HighlightMgt::lookupByFile_patterns()
+void tst_highlightmgt::lookupByFile_patterns()
 {
     QFETCH(QByteArray, patterns);
     QFETCH(QString, fileName);
@@ -178,7 +178,7 @@ void tst_HighlightMgt::lookupByFile_patterns()
     QCOMPARE(!registry.definitionForFile(fileName).isEmpty(), isFound);
 }
 
-void tst_HighlightMgt::lookupByFile_noMatchIsEmpty()
+void tst_highlightmgt::lookupByFile_noMatchIsEmpty()
 {
     const Folder folder;
     folder.write("a.xml", definition("A", "*.a"));
@@ -187,7 +187,7 @@ void tst_HighlightMgt::lookupByFile_noMatchIsEmpty()
     QVERIFY(registry.definitionForFile(QString()).isEmpty());
 }
 
-void tst_HighlightMgt::lookupByName_isExact()
+void tst_highlightmgt::lookupByName_isExact()
 {
     const Folder folder;
     folder.write("b.xml", definition("Shell", "*.b"));
@@ -199,7 +199,7 @@ void tst_HighlightMgt::lookupByName_isExact()
     QCOMPARE(mapLanguage.value("extensions").toString(), QString("*.a"));
 }
 
-void tst_HighlightMgt::lookup_readsTheFileAgain()
+void tst_highlightmgt::lookup_readsTheFileAgain()
 {
     const Folder folder;
     const QString strPath = folder.write("a.xml", definition("A", "*.a"));
@@ -212,7 +212,7 @@ void tst_HighlightMgt::lookup_readsTheFileAgain()
     QCOMPARE(registry.table().value("a").toMap().value("name").toString(), QString("A"));
 }
 
-void tst_HighlightMgt::parse_givesTheWholeTree()
+void tst_highlightmgt::parse_givesTheWholeTree()
 {
     const QVariantMap map = parseText(R"(<?xml version="1.0"?>
 <language name="T" extensions="*.t;*.u">
@@ -250,7 +250,7 @@ void tst_HighlightMgt::parse_givesTheWholeTree()
     QCOMPARE(map, mapExpected);
 }
 
-void tst_HighlightMgt::parse_elementNamesIgnoreCase()
+void tst_highlightmgt::parse_elementNamesIgnoreCase()
 {
     const QVariantMap map = parseText(R"(<LANGUAGE name="T" Extensions="*.t">
 <General><KEYWORDS CaseSensitive="1"/></General>
@@ -263,7 +263,7 @@ void tst_HighlightMgt::parse_elementNamesIgnoreCase()
     QCOMPARE(map.value("highlighting").toMap().value("k").toStringList(), QStringList("if"));
 }
 
-void tst_HighlightMgt::parse_laterSectionReplacesEarlier()
+void tst_highlightmgt::parse_laterSectionReplacesEarlier()
 {
     const QVariantMap map = parseText(R"(<l>
 <general><keywords casesensitive="1"/></general>
@@ -274,14 +274,14 @@ void tst_HighlightMgt::parse_laterSectionReplacesEarlier()
     QCOMPARE(map.value("highlighting").toMap(), QVariantMap({{"b", QStringList("y")}}));
 }
 
-void tst_HighlightMgt::parse_laterListReplacesEarlier()
+void tst_highlightmgt::parse_laterListReplacesEarlier()
 {
     const QVariantMap map = parseText(R"(<l><highlighting>
 <list name="a"><i>x</i></list><list name="a"><i>y</i></list></highlighting></l>)");
     QCOMPARE(map.value("highlighting").toMap(), QVariantMap({{"a", QStringList("y")}}));
 }
 
-void tst_HighlightMgt::parse_listAndContextsCollide()
+void tst_highlightmgt::parse_listAndContextsCollide()
 {
     const QVariantMap mapListLast = parseText(R"(<l><highlighting>
 <contexts><context name="El Open"/></contexts>
@@ -294,7 +294,7 @@ void tst_HighlightMgt::parse_listAndContextsCollide()
              QVariant(QVariantList()));
 }
 
-void tst_HighlightMgt::parse_nodesThatAreNoElementsCount()
+void tst_highlightmgt::parse_nodesThatAreNoElementsCount()
 {
     const QVariantMap map = parseText(R"(<l>
 <general><comments><!-- c --></comments></general>
@@ -312,7 +312,7 @@ void tst_HighlightMgt::parse_nodesThatAreNoElementsCount()
     QCOMPARE(lstContexts.at(1).toMap().value("children").toList(), QVariantList {mapEmptyChild});
 }
 
-void tst_HighlightMgt::parse_readsEveryEncoding_data()
+void tst_highlightmgt::parse_readsEveryEncoding_data()
 {
     QTest::addColumn<QByteArray>("contents");
     const QString strText = QString::fromUtf8("<language name='\u8a00\u8a9e'/>");
@@ -329,13 +329,13 @@ void tst_HighlightMgt::parse_readsEveryEncoding_data()
     QTest::newRow("declared") << declaration + encoded("Shift_JIS", QTextCodec::IgnoreHeader);
 }
 
-void tst_HighlightMgt::parse_readsEveryEncoding()
+void tst_highlightmgt::parse_readsEveryEncoding()
 {
     QFETCH(QByteArray, contents);
     QCOMPARE(nameOf(parseText(contents)), QString::fromUtf8("\u8a00\u8a9e"));
 }
 
-void tst_HighlightMgt::parse_failure_isEmpty_data()
+void tst_highlightmgt::parse_failure_isEmpty_data()
 {
     QTest::addColumn<QByteArray>("contents");
     QTest::newRow("empty file") << QByteArray();
@@ -345,7 +345,7 @@ void tst_HighlightMgt::parse_failure_isEmpty_data()
     QTest::newRow("no element") << QByteArray("<?xml version='1.0'?><!-- nothing -->");
 }
 
-void tst_HighlightMgt::parse_failure_isEmpty()
+void tst_highlightmgt::parse_failure_isEmpty()
 {
     QFETCH(QByteArray, contents);
     QVERIFY(parseText(contents).isEmpty());
@@ -353,7 +353,7 @@ void tst_HighlightMgt::parse_failure_isEmpty()
     QVERIFY(CHighlightMgt::parse(Folder().path("missing.xml")).isEmpty());
 }
 
-void tst_HighlightMgt::firstLines_decideForANameNobodyClaims_data()
+void tst_highlightmgt::firstLines_decideForANameNobodyClaims_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
@@ -382,7 +382,7 @@ void tst_HighlightMgt::firstLines_decideForANameNobodyClaims_data()
     add("walk.unknown", "<?xml version='1.1'?>", "");
 }
 
-void tst_HighlightMgt::firstLines_decideForANameNobodyClaims()
+void tst_highlightmgt::firstLines_decideForANameNobodyClaims()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
@@ -392,7 +392,7 @@ void tst_HighlightMgt::firstLines_decideForANameNobodyClaims()
     QCOMPARE(mapDefinition.value("language").toMap().value("name").toString(), language);
 }
 
-void tst_HighlightMgt::claimedName_needsNoFirstLine()
+void tst_highlightmgt::claimedName_needsNoFirstLine()
 {
     const CHighlightMgt registry(QStringLiteral(QUILLAN_SOURCE_DIR "/highlighter"), nullptr);
     QCOMPARE(registry.definitionForContent("Makefile", {"#!/bin/sh"}),
@@ -400,5 +400,5 @@ void tst_HighlightMgt::claimedName_needsNoFirstLine()
     QVERIFY(registry.definitionForContent("a.html", {}).value("embedded").toMap().contains("CSS"));
 }
 
-QTEST_GUILESS_MAIN(tst_HighlightMgt)
+QTEST_GUILESS_MAIN(tst_highlightmgt)
 #include "tst_highlightmgt.moc"

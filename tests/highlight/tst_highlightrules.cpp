@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-class tst_HighlightRules : public QObject
+class tst_highlightrules : public QObject
 {
     Q_OBJECT
 private slots:
@@ -83,7 +83,7 @@ STestDefinition likeLua()
 
 } // namespace
 
-void tst_HighlightRules::ranges_data()
+void tst_highlightrules::ranges_data()
 {
     QTest::addColumn<QVariantMap>("definition");
     QTest::addColumn<QString>("text");
@@ -153,7 +153,7 @@ void tst_HighlightRules::ranges_data()
     QTest::newRow("empty line") << c << "" << int(S::MultiLineComment) << "";
 }
 
-void tst_HighlightRules::ranges()
+void tst_highlightrules::ranges()
 {
     QFETCH(QVariantMap, definition);
     QFETCH(QString, text);
@@ -162,7 +162,7 @@ void tst_HighlightRules::ranges()
     QCOMPARE(describe(highlight(CHighlightRules(definition), text, state)), expected);
 }
 
-void tst_HighlightRules::states_data()
+void tst_highlightrules::states_data()
 {
     QTest::addColumn<QVariantMap>("definition");
     QTest::addColumn<QString>("text");
@@ -200,7 +200,7 @@ void tst_HighlightRules::states_data()
     QTest::newRow("tag and comment") << html << "<!-- a" << -1 << 18;
 }
 
-void tst_HighlightRules::states()
+void tst_highlightrules::states()
 {
     QFETCH(QVariantMap, definition);
     QFETCH(QString, text);
@@ -209,7 +209,7 @@ void tst_HighlightRules::states()
     QCOMPARE(highlight(CHighlightRules(definition), text, before).nState, after);
 }
 
-void tst_HighlightRules::beforeADefinition_slashesAreComments()
+void tst_highlightrules::beforeADefinition_slashesAreComments()
 {
     const CHighlightRules rules;
     QCOMPARE(rules.languageName(), QString());
@@ -220,14 +220,14 @@ void tst_HighlightRules::beforeADefinition_slashesAreComments()
     QCOMPARE(describe(highlight(rules, "/* b \"c\"")), QString("0+2:o 5+3:s"));
 }
 
-void tst_HighlightRules::emptyDefinition_hasNoComments()
+void tst_highlightrules::emptyDefinition_hasNoComments()
 {
     const CHighlightRules rules {QVariantMap()};
     QCOMPARE(rules.singleLineComment(), QString());
     QCOMPARE(describe(highlight(rules, "1 // \"b\"")), QString("0+1:n 2+2:o 5+3:s"));
 }
 
-void tst_HighlightRules::definition_tellsNameAndCommentTexts()
+void tst_highlightrules::definition_tellsNameAndCommentTexts()
 {
     const CHighlightRules rules(likeC().toMap());
     QCOMPARE(rules.languageName(), QString("Test"));
@@ -236,7 +236,7 @@ void tst_HighlightRules::definition_tellsNameAndCommentTexts()
     QCOMPARE(rules.multiLineCommentEnd(), QString("*/"));
 }
 
-void tst_HighlightRules::commentsOfADefinition_laterOnesOverride()
+void tst_highlightrules::commentsOfADefinition_laterOnesOverride()
 {
     const auto comment = [](const QString &strName, const QString &strStart,
                             const QString &strEnd) -> QVariant {
@@ -253,7 +253,7 @@ void tst_HighlightRules::commentsOfADefinition_laterOnesOverride()
     QCOMPARE(rules.multiLineCommentEnd(), QString("*/"));
 }
 
-void tst_HighlightRules::keywords_ofAllListsAreOrderedByListName()
+void tst_highlightrules::keywords_ofAllListsAreOrderedByListName()
 {
     STestDefinition definition;
     definition.mapLists = {{"z", {"b"}}, {"a", {"d", "c"}}, {"reg_exp", {"[a-d]"}}};
@@ -261,7 +261,7 @@ void tst_HighlightRules::keywords_ofAllListsAreOrderedByListName()
              QString("4+1:k 2+1:k 0+1:k 2+1:k 4+1:k 6+1:k 0+1:k 6+1:k"));
 }
 
-void tst_HighlightRules::keywords_caseCountsOnlyWhenAsked_data()
+void tst_highlightrules::keywords_caseCountsOnlyWhenAsked_data()
 {
     QTest::addColumn<QVariant>("attribute");
     QTest::addColumn<bool>("counts");
@@ -274,7 +274,7 @@ void tst_HighlightRules::keywords_caseCountsOnlyWhenAsked_data()
     QTest::newRow("no") << QVariant("no") << true;
 }
 
-void tst_HighlightRules::keywords_caseCountsOnlyWhenAsked()
+void tst_highlightrules::keywords_caseCountsOnlyWhenAsked()
 {
     QFETCH(QVariant, attribute);
     QFETCH(bool, counts);
@@ -286,7 +286,7 @@ void tst_HighlightRules::keywords_caseCountsOnlyWhenAsked()
     QCOMPARE(describe(highlight(rules, "iNT")), QString(counts ? "1+2:k" : "0+3:k 0+3:k"));
 }
 
-void tst_HighlightRules::tagPattern_onlyOneGivenCountsAsNone()
+void tst_highlightrules::tagPattern_onlyOneGivenCountsAsNone()
 {
     STestDefinition definition = likeHtml();
     definition.strTagClose.clear();
@@ -295,7 +295,7 @@ void tst_HighlightRules::tagPattern_onlyOneGivenCountsAsNone()
     QCOMPARE(highlight(rules, "div <div").nState, 0);
 }
 
-void tst_HighlightRules::tagPattern_lastChildWins()
+void tst_highlightrules::tagPattern_lastChildWins()
 {
     const auto child = [](const QString &strTag, const QString &strChar) -> QVariant {
         return QVariantMap {{"tag", strTag}, {"char", strChar}, {"char1", "!"}};
@@ -313,14 +313,14 @@ void tst_HighlightRules::tagPattern_lastChildWins()
     QCOMPARE(describe(highlight(rules, "div <div> (div> {div>")), QString("5+3:k"));
 }
 
-void tst_HighlightRules::listNamedContexts_isAListOfKeywords()
+void tst_highlightrules::listNamedContexts_isAListOfKeywords()
 {
     STestDefinition definition;
     definition.mapLists = {{"contexts", {"div"}}};
     QCOMPARE(describe(highlight(CHighlightRules(definition.toMap()), "div")), QString("0+3:k"));
 }
 
-void tst_HighlightRules::abort_leavesTheLine()
+void tst_highlightrules::abort_leavesTheLine()
 {
     const CHighlightRules rules(likeC().toMap());
     SHighlightLine line;
@@ -334,7 +334,7 @@ void tst_HighlightRules::abort_leavesTheLine()
     QCOMPARE(describe(line), QString("0+3:k 4+1:k"));
 }
 
-void tst_HighlightRules::formats_areThoseOfTheirRoles_data()
+void tst_highlightrules::formats_areThoseOfTheirRoles_data()
 {
     QTest::addColumn<int>("role");
     QTest::addColumn<QColor>("colour");
@@ -345,7 +345,7 @@ void tst_HighlightRules::formats_areThoseOfTheirRoles_data()
     QTest::newRow("operator") << int(HighlightRole::Operator) << QColor("#ffaa00");
 }
 
-void tst_HighlightRules::formats_areThoseOfTheirRoles()
+void tst_highlightrules::formats_areThoseOfTheirRoles()
 {
     QFETCH(int, role);
     QFETCH(QColor, colour);
@@ -354,5 +354,5 @@ void tst_HighlightRules::formats_areThoseOfTheirRoles()
     QCOMPARE(CHighlightRules::format(HighlightRole(role)), expected);
 }
 
-QTEST_GUILESS_MAIN(tst_HighlightRules)
+QTEST_GUILESS_MAIN(tst_highlightrules)
 #include "tst_highlightrules.moc"

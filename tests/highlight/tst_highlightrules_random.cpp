@@ -8,7 +8,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-class tst_HighlightRulesRandom : public QObject
+class tst_highlightrules_random : public QObject
 {
     Q_OBJECT
 private slots:
@@ -92,7 +92,7 @@ QStringList linesOf(const QString &strPath, int nMax)
 
 } // namespace
 
-void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules_data()
+void tst_highlightrules_random::randomLines_equalTheLiteralRules_data()
 {
     QTest::addColumn<QVariantMap>("definition");
     const QMap<QString, QVariantMap> mapDefinitions = nastyDefinitions();
@@ -100,7 +100,7 @@ void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules_data()
         QTest::newRow(qPrintable(it.key())) << it.value();
 }
 
-void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules()
+void tst_highlightrules_random::randomLines_equalTheLiteralRules()
 {
     QFETCH(QVariantMap, definition);
     // 100,000 lines over all rows.
@@ -113,7 +113,7 @@ void tst_HighlightRulesRandom::randomLines_equalTheLiteralRules()
     QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
 }
 
-void tst_HighlightRulesRandom::realSources_equalTheLiteralRules_data()
+void tst_highlightrules_random::realSources_equalTheLiteralRules_data()
 {
     QTest::addColumn<QString>("folder");
     QTest::addColumn<QString>("pattern");
@@ -125,7 +125,7 @@ void tst_HighlightRulesRandom::realSources_equalTheLiteralRules_data()
                                               << "*";
 }
 
-void tst_HighlightRulesRandom::realSources_equalTheLiteralRules()
+void tst_highlightrules_random::realSources_equalTheLiteralRules()
 {
     QFETCH(QString, folder);
     QFETCH(QString, pattern);
@@ -142,7 +142,7 @@ void tst_HighlightRulesRandom::realSources_equalTheLiteralRules()
     }
 }
 
-void tst_HighlightRulesRandom::samples_equalTheLiteralRulesUnderEveryDefinition()
+void tst_highlightrules_random::samples_equalTheLiteralRulesUnderEveryDefinition()
 {
     const QString strSource = QStringLiteral(QUILLAN_SOURCE_DIR);
     QDirIterator itDefinition(strSource + QLatin1String("/highlighter"), QDir::Files);
@@ -164,5 +164,5 @@ void tst_HighlightRulesRandom::samples_equalTheLiteralRulesUnderEveryDefinition(
     }
 }
 
-QTEST_GUILESS_MAIN(tst_HighlightRulesRandom)
+QTEST_GUILESS_MAIN(tst_highlightrules_random)
 #include "tst_highlightrules_random.moc"

@@ -6,7 +6,7 @@
 #include <QTest>
 #include <algorithm>
 
-class tst_LinePattern : public QObject
+class tst_linepattern : public QObject
 {
     Q_OBJECT
 private slots:
@@ -84,7 +84,7 @@ QString randomPattern(QRandomGenerator *pRandom, int nDepth)
 
 } // namespace
 
-void tst_LinePattern::pattern_findsWhatQRegExpFinds_data()
+void tst_linepattern::pattern_findsWhatQRegExpFinds_data()
 {
     QTest::addColumn<QString>("pattern");
     const QStringList lst {"//",
@@ -149,7 +149,7 @@ void tst_LinePattern::pattern_findsWhatQRegExpFinds_data()
         QTest::newRow(qPrintable(str)) << str;
 }
 
-void tst_LinePattern::pattern_findsWhatQRegExpFinds()
+void tst_linepattern::pattern_findsWhatQRegExpFinds()
 {
     QFETCH(QString, pattern);
     const QStringList lstTexts {"",
@@ -189,7 +189,7 @@ void tst_LinePattern::pattern_findsWhatQRegExpFinds()
     }
 }
 
-void tst_LinePattern::randomPatterns_findWhatQRegExpFinds()
+void tst_linepattern::randomPatterns_findWhatQRegExpFinds()
 {
     QRandomGenerator random(7);
     static const QStringList lstPieces {"a", "b", "c",      "A",      "1",  "-", " ",
@@ -211,7 +211,7 @@ void tst_LinePattern::randomPatterns_findWhatQRegExpFinds()
     }
 }
 
-void tst_LinePattern::plainText_isToldFromSyntax_data()
+void tst_linepattern::plainText_isToldFromSyntax_data()
 {
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QString>("plain");
@@ -227,14 +227,14 @@ void tst_LinePattern::plainText_isToldFromSyntax_data()
     QTest::newRow("backslash at the end") << "a\\" << QString();
 }
 
-void tst_LinePattern::plainText_isToldFromSyntax()
+void tst_linepattern::plainText_isToldFromSyntax()
 {
     QFETCH(QString, pattern);
     QFETCH(QString, plain);
     QCOMPARE(CLinePattern::plainText(pattern), plain);
 }
 
-void tst_LinePattern::invalidPattern_isFoundNowhere()
+void tst_linepattern::invalidPattern_isFoundNowhere()
 {
     const CLinePattern pattern("--[[");
     QVERIFY(!pattern.isEmpty());
@@ -242,7 +242,7 @@ void tst_LinePattern::invalidPattern_isFoundNowhere()
     QCOMPARE(pattern.indexIn(QString("--[["), 0), -1);
 }
 
-void tst_LinePattern::emptyPattern_isFoundNowhere()
+void tst_linepattern::emptyPattern_isFoundNowhere()
 {
     const CLinePattern pattern;
     QVERIFY(pattern.isEmpty());
@@ -250,5 +250,5 @@ void tst_LinePattern::emptyPattern_isFoundNowhere()
     QVERIFY(CLinePattern(QString()).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_LinePattern)
+QTEST_GUILESS_MAIN(tst_linepattern)
 #include "tst_linepattern.moc"

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-class tst_Regions : public QObject
+class tst_regions : public QObject
 {
     Q_OBJECT
 private slots:
@@ -59,7 +59,7 @@ QString divided(const CHighlightRules &rules, const QString &strText)
 
 } // namespace
 
-void tst_Regions::text_isDividedAsDeclared_data()
+void tst_regions::text_isDividedAsDeclared_data()
 {
     QTest::addColumn<QString>("regions");
     QTest::addColumn<QString>("text");
@@ -122,7 +122,7 @@ void tst_Regions::text_isDividedAsDeclared_data()
         "abxcd", "sscc.|");
 }
 
-void tst_Regions::text_isDividedAsDeclared()
+void tst_regions::text_isDividedAsDeclared()
 {
     QFETCH(QString, regions);
     QFETCH(QString, text);
@@ -130,7 +130,7 @@ void tst_Regions::text_isDividedAsDeclared()
     QCOMPARE(divided(rulesOf(regions), text), expected);
 }
 
-void tst_Regions::embeddedLanguage_bringsItsRegionsAndKeywords()
+void tst_regions::embeddedLanguage_bringsItsRegionsAndKeywords()
 {
     QVariantMap mapOuter = CHighlightMgt::parseBytes(
         file("<regions><region start='&lt;s>' end='(?=&lt;/s>)' language='Inner'/></regions>"));
@@ -150,7 +150,7 @@ void tst_Regions::embeddedLanguage_bringsItsRegionsAndKeywords()
     QCOMPARE(lstKeywords, QStringList({"0", "14", "23"}));
 }
 
-void tst_Regions::ownNumbers_takeThePlaceOfTheFixedOnes()
+void tst_regions::ownNumbers_takeThePlaceOfTheFixedOnes()
 {
     const CHighlightRules rules = rulesOf("<numbers pattern='\\b\\d+\\b'/><operators/>");
     SHighlightLine line;
@@ -159,14 +159,14 @@ void tst_Regions::ownNumbers_takeThePlaceOfTheFixedOnes()
     QCOMPARE(line.lstRanges.front().nStart, 7);
 }
 
-void tst_Regions::withoutRegions_nothingChanges()
+void tst_regions::withoutRegions_nothingChanges()
 {
     const CHighlightRules rules(CHighlightMgt::parseBytes(file(QString())));
     QCOMPARE(divided(rules, "a \"b\nc\" d"), QString("..ss|ss..|"));
 }
 
 // Each ends where it begins and begins the other.
-void tst_Regions::regionsThatFollowEachOtherInPlace_end()
+void tst_regions::regionsThatFollowEachOtherInPlace_end()
 {
     const CHighlightRules rules =
         rulesOf("<region start='a' end='(?=.)' next='p'/><region name='p' end='(?=.)' next='q'/>"
@@ -174,7 +174,7 @@ void tst_Regions::regionsThatFollowEachOtherInPlace_end()
     QCOMPARE(divided(rules, "abc"), QString("...|"));
 }
 
-void tst_Regions::tooDeepRegion_doesNotBegin()
+void tst_regions::tooDeepRegion_doesNotBegin()
 {
     const CHighlightRules rules =
         rulesOf("<region start='\\(' end='\\)' nests='\\(' lines='many' as='string'/>");
@@ -185,7 +185,7 @@ void tst_Regions::tooDeepRegion_doesNotBegin()
     QCOMPARE(line.nState, nState);
 }
 
-void tst_Regions::state_dependsOnTheStackAlone()
+void tst_regions::state_dependsOnTheStackAlone()
 {
     const QString strRegions =
         "<region start='&lt;&lt;' key='\\w+' end='^%1$' nextline='true' as='string'/>";
@@ -200,7 +200,7 @@ void tst_Regions::state_dependsOnTheStackAlone()
     QCOMPARE(first.nState, second.nState);
 }
 
-void tst_Regions::foreignState_isTheTextOutsideOfAllRegions()
+void tst_regions::foreignState_isTheTextOutsideOfAllRegions()
 {
     const CHighlightRules rules = rulesOf("<region start='#' as='comment'/>");
     SHighlightLine line;
@@ -209,5 +209,5 @@ void tst_Regions::foreignState_isTheTextOutsideOfAllRegions()
     QCOMPARE(int(line.lstRanges.size()), 1);
 }
 
-QTEST_GUILESS_MAIN(tst_Regions)
+QTEST_GUILESS_MAIN(tst_regions)
 #include "tst_regions.moc"

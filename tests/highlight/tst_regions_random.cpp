@@ -10,7 +10,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-class tst_RegionsRandom : public QObject
+class tst_regions_random : public QObject
 {
     Q_OBJECT
 private slots:
@@ -114,7 +114,7 @@ QStringList randomLines(const QVariantMap &mapDefinition, quint32 nSeed)
 
 } // namespace
 
-void tst_RegionsRandom::randomTexts_areDividedAsTheLiteralRulesDo_data()
+void tst_regions_random::randomTexts_areDividedAsTheLiteralRulesDo_data()
 {
     QTest::addColumn<QVariantMap>("definition");
     for (const QVariant &entry : registry().table()) {
@@ -124,7 +124,7 @@ void tst_RegionsRandom::randomTexts_areDividedAsTheLiteralRulesDo_data()
     QTest::newRow("made up") << declaredDefinitions().first();
 }
 
-void tst_RegionsRandom::randomTexts_areDividedAsTheLiteralRulesDo()
+void tst_regions_random::randomTexts_areDividedAsTheLiteralRulesDo()
 {
     QFETCH(QVariantMap, definition);
     if (!definition.contains("regions"))
@@ -135,7 +135,7 @@ void tst_RegionsRandom::randomTexts_areDividedAsTheLiteralRulesDo()
     }
 }
 
-void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo_data()
+void tst_regions_random::samples_areDividedAsTheLiteralRulesDo_data()
 {
     QTest::addColumn<QString>("path");
     const QDir folder(QStringLiteral(QUILLAN_SOURCE_DIR "/tests/highlight/samples"));
@@ -144,7 +144,7 @@ void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo_data()
             QTest::newRow(qPrintable(info.fileName())) << info.absoluteFilePath();
 }
 
-void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo()
+void tst_regions_random::samples_areDividedAsTheLiteralRulesDo()
 {
     QFETCH(QString, path);
     QFile file(path);
@@ -158,5 +158,5 @@ void tst_RegionsRandom::samples_areDividedAsTheLiteralRulesDo()
     QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
 }
 
-QTEST_GUILESS_MAIN(tst_RegionsRandom)
+QTEST_GUILESS_MAIN(tst_regions_random)
 #include "tst_regions_random.moc"

@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTextDocument>
 
-class tst_Samples : public QObject
+class tst_samples : public QObject
 {
     Q_OBJECT
 private slots:
@@ -78,7 +78,7 @@ QString difference(const QString &strExpectedPath, const QString &strActual)
 
 } // namespace
 
-QStringList tst_Samples::samples() const
+QStringList tst_samples::samples() const
 {
     QStringList lst = m_dir.entryList(QDir::Files | QDir::Hidden, QDir::Name);
     lst.erase(std::remove_if(lst.begin(), lst.end(),
@@ -87,7 +87,7 @@ QStringList tst_Samples::samples() const
     return lst;
 }
 
-void tst_Samples::addSamples() const
+void tst_samples::addSamples() const
 {
     QTest::addColumn<QString>("name");
     const QStringList lst = samples();
@@ -95,13 +95,13 @@ void tst_Samples::addSamples() const
         QTest::newRow(qPrintable(strName)) << strName;
 }
 
-void tst_Samples::sample_equalsItsGoldenResult_data()
+void tst_samples::sample_equalsItsGoldenResult_data()
 {
     QVERIFY(!samples().isEmpty());
     addSamples();
 }
 
-void tst_Samples::sample_equalsItsGoldenResult()
+void tst_samples::sample_equalsItsGoldenResult()
 {
     QFETCH(QString, name);
     const QVariantMap mapDefinition = m_registry.definitionForFile(name);
@@ -121,7 +121,7 @@ void tst_Samples::sample_equalsItsGoldenResult()
 }
 
 // As it comes from the document, which knows lines and no line ends.
-void tst_Samples::sample_withOtherLineEndsIsTheSame()
+void tst_samples::sample_withOtherLineEndsIsTheSame()
 {
     QFETCH(QString, name);
     const QVariantMap mapDefinition = m_registry.definitionForFile(name);
@@ -131,7 +131,7 @@ void tst_Samples::sample_withOtherLineEndsIsTheSame()
     QCOMPARE(describe(mapDefinition, document.toPlainText()), describe(mapDefinition, strText));
 }
 
-void tst_Samples::everyDefinition_hasASample()
+void tst_samples::everyDefinition_hasASample()
 {
     QSet<QString> setNames;
     const QStringList lst = samples();
@@ -148,7 +148,7 @@ void tst_Samples::everyDefinition_hasASample()
     }
 }
 
-void tst_Samples::everyGoldenResult_hasASample()
+void tst_samples::everyGoldenResult_hasASample()
 {
     const QStringList lst =
         m_dir.entryList({QLatin1Char('*') + g_strExpectedSuffix}, QDir::Files | QDir::Hidden);
@@ -158,5 +158,5 @@ void tst_Samples::everyGoldenResult_hasASample()
     }
 }
 
-QTEST_MAIN(tst_Samples)
+QTEST_MAIN(tst_samples)
 #include "tst_samples.moc"

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QTextCursor>
 
-class tst_TextDocument : public QObject
+class tst_textdocument : public QObject
 {
     Q_OBJECT
 private slots:
@@ -74,7 +74,7 @@ QStringList storedLines(const CTextDocument &document)
 
 } // namespace
 
-void tst_TextDocument::newDocument_hasPlainTextLayoutAndVersionZero()
+void tst_textdocument::newDocument_hasPlainTextLayoutAndVersionZero()
 {
     const CTextDocument document(nullptr);
     QVERIFY(qobject_cast<QPlainTextDocumentLayout *>(document.documentLayout()));
@@ -82,7 +82,7 @@ void tst_TextDocument::newDocument_hasPlainTextLayoutAndVersionZero()
     QCOMPARE(storedLines(document), QStringList(QString()));
 }
 
-void tst_TextDocument::everyEdit_countsTheVersion()
+void tst_textdocument::everyEdit_countsTheVersion()
 {
     CTextDocument document;
     QSignalSpy spy(&document, &QTextDocument::contentsChange);
@@ -99,7 +99,7 @@ void tst_TextDocument::everyEdit_countsTheVersion()
     QCOMPARE(document.version(), uint(spy.count()) + 1);
 }
 
-void tst_TextDocument::currentResult_replacesSyntaxRanges()
+void tst_textdocument::currentResult_replacesSyntaxRanges()
 {
     CTextDocument document;
     document.setPlainText("abc");
@@ -112,7 +112,7 @@ void tst_TextDocument::currentResult_replacesSyntaxRanges()
     QCOMPARE(startsIn(block), QList<int>());
 }
 
-void tst_TextDocument::marks_comeBehindSyntaxRangesAndStay()
+void tst_textdocument::marks_comeBehindSyntaxRangesAndStay()
 {
     CTextDocument document;
     document.setPlainText("abcdef");
@@ -128,7 +128,7 @@ void tst_TextDocument::marks_comeBehindSyntaxRangesAndStay()
     QCOMPARE(startsIn(block), QList<int>({2}));
 }
 
-void tst_TextDocument::onlyBitZero_makesAMark()
+void tst_textdocument::onlyBitZero_makesAMark()
 {
     CTextDocument document;
     document.setPlainText("abcdef");
@@ -138,7 +138,7 @@ void tst_TextDocument::onlyBitZero_makesAMark()
     QCOMPARE(startsIn(block), QList<int>({0, 2, 5}));
 }
 
-void tst_TextDocument::resultOfOldVersion_isDropped()
+void tst_textdocument::resultOfOldVersion_isDropped()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef");
@@ -151,7 +151,7 @@ void tst_TextDocument::resultOfOldVersion_isDropped()
     QCOMPARE(startsIn(document.firstBlock()), QList<int>({1}));
 }
 
-void tst_TextDocument::resultForRemovedBlock_isIgnored()
+void tst_textdocument::resultForRemovedBlock_isIgnored()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef");
@@ -162,7 +162,7 @@ void tst_TextDocument::resultForRemovedBlock_isIgnored()
     QCOMPARE(startsIn(document.firstBlock()), QList<int>());
 }
 
-void tst_TextDocument::result_marksTheBlockDirty()
+void tst_textdocument::result_marksTheBlockDirty()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef");
@@ -175,7 +175,7 @@ void tst_TextDocument::result_marksTheBlockDirty()
     QCOMPARE(spyOne.count() + spyAll.count(), 2);
 }
 
-void tst_TextDocument::results_neverTouchUndoOrModified()
+void tst_textdocument::results_neverTouchUndoOrModified()
 {
     CTextDocument document;
     document.setPlainText("abc");
@@ -190,7 +190,7 @@ void tst_TextDocument::results_neverTouchUndoOrModified()
 }
 
 // In the order of the ranges, which is not that of their places.
-void tst_TextDocument::lineWithTooManyRanges_isColouredInItsFirstPart()
+void tst_textdocument::lineWithTooManyRanges_isColouredInItsFirstPart()
 {
     CTextDocument document;
     document.setPlainText(QString(30000, 'x'));
@@ -206,7 +206,7 @@ void tst_TextDocument::lineWithTooManyRanges_isColouredInItsFirstPart()
     QCOMPARE(*std::max_element(lstStarts.begin(), lstStarts.end()), 7999);
 }
 
-void tst_TextDocument::lineTooLong_isNotColoured()
+void tst_textdocument::lineTooLong_isNotColoured()
 {
     CTextDocument document;
     document.setPlainText(QString(99999, 'x') + "\n" + QString(100000, 'x'));
@@ -219,7 +219,7 @@ void tst_TextDocument::lineTooLong_isNotColoured()
     QCOMPARE(startsIn(document.firstBlock()), QList<int>());
 }
 
-void tst_TextDocument::sameRangesAgain_leaveTheBlockAlone()
+void tst_textdocument::sameRangesAgain_leaveTheBlockAlone()
 {
     CTextDocument document;
     document.setPlainText("abc");
@@ -231,7 +231,7 @@ void tst_TextDocument::sameRangesAgain_leaveTheBlockAlone()
     QCOMPARE(spyOne.count() + spyAll.count(), 0);
 }
 
-void tst_TextDocument::clearAdditionalFormats_removesAllRanges()
+void tst_textdocument::clearAdditionalFormats_removesAllRanges()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef");
@@ -242,7 +242,7 @@ void tst_TextDocument::clearAdditionalFormats_removesAllRanges()
     QCOMPARE(startsIn(document.lastBlock()), QList<int>());
 }
 
-void tst_TextDocument::clearAdditionalFormats_ofAnEmptyDocumentDoesNothing()
+void tst_textdocument::clearAdditionalFormats_ofAnEmptyDocumentDoesNothing()
 {
     CTextDocument document;
     document.clearAdditionalFormats();
@@ -251,7 +251,7 @@ void tst_TextDocument::clearAdditionalFormats_ofAnEmptyDocumentDoesNothing()
     QCOMPARE(document.blockCount(), 1);
 }
 
-void tst_TextDocument::rangesOfABlockLaidOut_layOutAndPaintThatBlockOnly()
+void tst_textdocument::rangesOfABlockLaidOut_layOutAndPaintThatBlockOnly()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef\nghi");
@@ -264,7 +264,7 @@ void tst_TextDocument::rangesOfABlockLaidOut_layOutAndPaintThatBlockOnly()
     QCOMPARE(document.firstBlock().layout()->lineCount(), 1);
 }
 
-void tst_TextDocument::rangesOfABlockNeverLaidOut_layOutAndPaintNothing()
+void tst_textdocument::rangesOfABlockNeverLaidOut_layOutAndPaintNothing()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef\nghi");
@@ -278,7 +278,7 @@ void tst_TextDocument::rangesOfABlockNeverLaidOut_layOutAndPaintNothing()
     QCOMPARE(startsIn(document.lastBlock()), QList<int>({0}));
 }
 
-void tst_TextDocument::editBehindRanges_isToldAsWhatItIs()
+void tst_textdocument::editBehindRanges_isToldAsWhatItIs()
 {
     CTextDocument document;
     document.setPlainText("abc\ndef\nghi");
@@ -290,7 +290,7 @@ void tst_TextDocument::editBehindRanges_isToldAsWhatItIs()
     QCOMPARE(spy.at(0), QVariantList({8, 0, 1}));
 }
 
-void tst_TextDocument::lines_followEveryEdit_data()
+void tst_textdocument::lines_followEveryEdit_data()
 {
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
@@ -307,7 +307,7 @@ void tst_TextDocument::lines_followEveryEdit_data()
     QTest::newRow("replace across lines") << 2 << 9 << "x\ny";
 }
 
-void tst_TextDocument::lines_followEveryEdit()
+void tst_textdocument::lines_followEveryEdit()
 {
     QFETCH(int, from);
     QFETCH(int, to);
@@ -325,7 +325,7 @@ void tst_TextDocument::lines_followEveryEdit()
     QCOMPARE(storedLines(document), linesOf(document));
 }
 
-void tst_TextDocument::lines_followRandomEdits()
+void tst_textdocument::lines_followRandomEdits()
 {
     QRandomGenerator random(42);
     CTextDocument document;
@@ -364,5 +364,5 @@ void tst_TextDocument::lines_followRandomEdits()
     }
 }
 
-QTEST_MAIN(tst_TextDocument)
+QTEST_MAIN(tst_textdocument)
 #include "tst_textdocument.moc"

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QTextCursor>
 
-class tst_ThreadHighlighter : public QObject
+class tst_threadhighlighter : public QObject
 {
     Q_OBJECT
 private slots:
@@ -85,7 +85,7 @@ QSet<int> linesOf(const QSignalSpy &spy)
 
 } // namespace
 
-void tst_ThreadHighlighter::signals_areDeclaredAsDocumented()
+void tst_threadhighlighter::signals_areDeclaredAsDocumented()
 {
     const QMetaObject &meta = CThreadHighlighter::staticMetaObject;
     for (const char *pszName : {"blockFormatChanged", "selectedChanged"}) {
@@ -99,7 +99,7 @@ void tst_ThreadHighlighter::signals_areDeclaredAsDocumented()
     QVERIFY(meta.indexOfSlot("stopThread()") >= 0);
 }
 
-void tst_ThreadHighlighter::newText_isColoured()
+void tst_threadhighlighter::newText_isColoured()
 {
     SHighlightedEditor editor;
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -110,7 +110,7 @@ void tst_ThreadHighlighter::newText_isColoured()
     QCOMPARE(editor.document.firstBlock().layout()->formats().size(), 2);
 }
 
-void tst_ThreadHighlighter::accessors_followTheDefinition()
+void tst_threadhighlighter::accessors_followTheDefinition()
 {
     SHighlightedEditor editor;
     QCOMPARE(editor.pHighlighter->languageName(), QString());
@@ -124,7 +124,7 @@ void tst_ThreadHighlighter::accessors_followTheDefinition()
     QCOMPARE(editor.pHighlighter->singleLineComment(), QString());
 }
 
-void tst_ThreadHighlighter::definition_recoloursEveryBlock()
+void tst_threadhighlighter::definition_recoloursEveryBlock()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("/* int\nint */\nint");
@@ -137,7 +137,7 @@ void tst_ThreadHighlighter::definition_recoloursEveryBlock()
     QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
 }
 
-void tst_ThreadHighlighter::keystroke_recoloursItsLineOnly()
+void tst_threadhighlighter::keystroke_recoloursItsLineOnly()
 {
     SHighlightedEditor editor;
     editor.pHighlighter->setDefinition(likeC());
@@ -154,7 +154,7 @@ void tst_ThreadHighlighter::keystroke_recoloursItsLineOnly()
     QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
 }
 
-void tst_ThreadHighlighter::openedComment_recoloursWhatFollows()
+void tst_threadhighlighter::openedComment_recoloursWhatFollows()
 {
     SHighlightedEditor editor;
     editor.pHighlighter->setDefinition(likeC());
@@ -169,7 +169,7 @@ void tst_ThreadHighlighter::openedComment_recoloursWhatFollows()
     QCOMPARE(firstDifference(editor.document, CLiteralRules(likeC())), QString());
 }
 
-void tst_ThreadHighlighter::requestWithoutEdit_doesEveryBlock()
+void tst_threadhighlighter::requestWithoutEdit_doesEveryBlock()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("a\nb\nc");
@@ -180,7 +180,7 @@ void tst_ThreadHighlighter::requestWithoutEdit_doesEveryBlock()
     QCOMPARE(spy.count(), 3);
 }
 
-void tst_ThreadHighlighter::stateIsWritten_beforeTheResultIsSeen()
+void tst_threadhighlighter::stateIsWritten_beforeTheResultIsSeen()
 {
     SHighlightedEditor editor;
     // The definition asks for a pass of its own.
@@ -194,7 +194,7 @@ void tst_ThreadHighlighter::stateIsWritten_beforeTheResultIsSeen()
     QCOMPARE(lstStates, QList<int>({2, 2, 2}));
 }
 
-void tst_ThreadHighlighter::results_carryTheVersionOfTheText()
+void tst_threadhighlighter::results_carryTheVersionOfTheText()
 {
     SHighlightedEditor editor;
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -205,7 +205,7 @@ void tst_ThreadHighlighter::results_carryTheVersionOfTheText()
     QCOMPARE(spy.last().at(0).toUInt(), editor.document.version());
 }
 
-void tst_ThreadHighlighter::editDuringAPass_onlyCurrentResultsCome()
+void tst_threadhighlighter::editDuringAPass_onlyCurrentResultsCome()
 {
     SHighlightedEditor editor;
     editor.pHighlighter->setDefinition(likeC());
@@ -228,7 +228,7 @@ void tst_ThreadHighlighter::editDuringAPass_onlyCurrentResultsCome()
 }
 
 // clear() stops the pass and asks for none.
-void tst_ThreadHighlighter::cleared_isColouredAgain()
+void tst_threadhighlighter::cleared_isColouredAgain()
 {
     SHighlightedEditor editor;
     QPlainTextEdit widget;
@@ -242,7 +242,7 @@ void tst_ThreadHighlighter::cleared_isColouredAgain()
     QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
 }
 
-void tst_ThreadHighlighter::clearedFormats_comeBackWithTheNextRequest()
+void tst_threadhighlighter::clearedFormats_comeBackWithTheNextRequest()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("1\n2\n3");
@@ -253,7 +253,7 @@ void tst_ThreadHighlighter::clearedFormats_comeBackWithTheNextRequest()
     QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
 }
 
-void tst_ThreadHighlighter::word_isMarkedInAnyCase()
+void tst_threadhighlighter::word_isMarkedInAnyCase()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("abc ABC xAbCx\nab c\nabcabc");
@@ -269,7 +269,7 @@ void tst_ThreadHighlighter::word_isMarkedInAnyCase()
     QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
 }
 
-void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks_data()
+void tst_threadhighlighter::word_shorterThanThreeClearsTheMarks_data()
 {
     QTest::addColumn<QString>("word");
     QTest::newRow("nothing") << "";
@@ -278,7 +278,7 @@ void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks_data()
     QTest::newRow("only blanks") << "     ";
 }
 
-void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks()
+void tst_threadhighlighter::word_shorterThanThreeClearsTheMarks()
 {
     QFETCH(QString, word);
     SHighlightedEditor editor;
@@ -291,7 +291,7 @@ void tst_ThreadHighlighter::word_shorterThanThreeClearsTheMarks()
     QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>());
 }
 
-void tst_ThreadHighlighter::word_blanksAroundItCount()
+void tst_threadhighlighter::word_blanksAroundItCount()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("abc abc abcabc abc ");
@@ -300,7 +300,7 @@ void tst_ThreadHighlighter::word_blanksAroundItCount()
     QCOMPARE(marksIn(editor.document.firstBlock()), QList<int>({3, 14}));
 }
 
-void tst_ThreadHighlighter::word_everyBlockGetsAResult()
+void tst_threadhighlighter::word_everyBlockGetsAResult()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("abc\n\nx");
@@ -313,7 +313,7 @@ void tst_ThreadHighlighter::word_everyBlockGetsAResult()
     QCOMPARE(spySyntax.count(), 0);
 }
 
-void tst_ThreadHighlighter::word_sameAgainDoesNothing()
+void tst_threadhighlighter::word_sameAgainDoesNothing()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("abc");
@@ -328,7 +328,7 @@ void tst_ThreadHighlighter::word_sameAgainDoesNothing()
     QVERIFY(!editor.pHighlighter->isRunning());
 }
 
-void tst_ThreadHighlighter::word_changedDuringAPassIsMarkedAfterwards()
+void tst_threadhighlighter::word_changedDuringAPassIsMarkedAfterwards()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(3000));
@@ -341,7 +341,7 @@ void tst_ThreadHighlighter::word_changedDuringAPassIsMarkedAfterwards()
         QCOMPARE(marksIn(block), block.text().isEmpty() ? QList<int>() : QList<int>({28}));
 }
 
-void tst_ThreadHighlighter::word_marksStayAfterAnEdit()
+void tst_threadhighlighter::word_marksStayAfterAnEdit()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("x abc\nabc");
@@ -355,7 +355,7 @@ void tst_ThreadHighlighter::word_marksStayAfterAnEdit()
     QCOMPARE(marksIn(editor.document.lastBlock()), QList<int>({0}));
 }
 
-void tst_ThreadHighlighter::stop_endsThePassAndNothingStartsBeforeARequest()
+void tst_threadhighlighter::stop_endsThePassAndNothingStartsBeforeARequest()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(20000));
@@ -374,7 +374,7 @@ void tst_ThreadHighlighter::stop_endsThePassAndNothingStartsBeforeARequest()
     QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
 }
 
-void tst_ThreadHighlighter::stop_keepsTheSelectionForTheNextRequest()
+void tst_threadhighlighter::stop_keepsTheSelectionForTheNextRequest()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("abc");
@@ -388,7 +388,7 @@ void tst_ThreadHighlighter::stop_keepsTheSelectionForTheNextRequest()
 }
 
 // The thread ends while the next request comes, again and again; each request has to have its pass.
-void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
+void tst_threadhighlighter::requests_atTheEndOfARunAreNotLost()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText("abc");
@@ -407,7 +407,7 @@ void tst_ThreadHighlighter::requests_atTheEndOfARunAreNotLost()
     }
 }
 
-void tst_ThreadHighlighter::wait_withoutEventLoopReturns()
+void tst_threadhighlighter::wait_withoutEventLoopReturns()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(50000));
@@ -417,14 +417,14 @@ void tst_ThreadHighlighter::wait_withoutEventLoopReturns()
     QCOMPARE(firstDifference(editor.document, CLiteralRules()), QString());
 }
 
-void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean_data()
+void tst_threadhighlighter::destruction_inTheMiddleOfAPassIsClean_data()
 {
     QTest::addColumn<bool>("bHighlighterFirst");
     QTest::newRow("the document with its highlighter") << false;
     QTest::newRow("the highlighter first") << true;
 }
 
-void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean()
+void tst_threadhighlighter::destruction_inTheMiddleOfAPassIsClean()
 {
     QFETCH(bool, bHighlighterFirst);
     for (int n = 0; n < 10; ++n) {
@@ -444,7 +444,7 @@ void tst_ThreadHighlighter::destruction_inTheMiddleOfAPassIsClean()
 }
 
 // Posted events are delivered to the last one; results must not come as an endless row of them.
-void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
+void tst_threadhighlighter::resultsInFlight_doNotStarveTheEventLoop()
 {
     SHighlightedEditor editor;
     editor.document.setPlainText(manyLines(30000));
@@ -460,7 +460,7 @@ void tst_ThreadHighlighter::resultsInFlight_doNotStarveTheEventLoop()
     QVERIFY2(nMost < 15000, qPrintable(QString::number(nMost)));
 }
 
-void tst_ThreadHighlighter::linesThatCanBeSeen_getTheirResultsFirst()
+void tst_threadhighlighter::linesThatCanBeSeen_getTheirResultsFirst()
 {
     SHighlightedEditor editor;
     editor.pHighlighter->setVisibleLines(15000, 15049);
@@ -479,7 +479,7 @@ void tst_ThreadHighlighter::linesThatCanBeSeen_getTheirResultsFirst()
 
 // What they begin with is known before they are coloured: a comment that begins in the first line
 // is never shown as anything else.
-void tst_ThreadHighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
+void tst_threadhighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
 {
     SHighlightedEditor editor;
     const QVariantMap mapDefinition = nastyDefinitions().first();
@@ -499,7 +499,7 @@ void tst_ThreadHighlighter::linesThatCanBeSeen_areColouredOnceAndRightly()
     QCOMPARE(firstDifference(editor.document, rules), QString());
 }
 
-void tst_ThreadHighlighter::scrolledDuringAPass_bringsItsLinesForward()
+void tst_threadhighlighter::scrolledDuringAPass_bringsItsLinesForward()
 {
     SHighlightedEditor editor;
     QList<int> lstLines;
@@ -516,5 +516,5 @@ void tst_ThreadHighlighter::scrolledDuringAPass_bringsItsLinesForward()
     QCOMPARE(firstDifference(editor.document, CHighlightRules()), QString());
 }
 
-QTEST_MAIN(tst_ThreadHighlighter)
+QTEST_MAIN(tst_threadhighlighter)
 #include "tst_threadhighlighter.moc"

@@ -36,7 +36,7 @@ constexpr int g_nMostMegabytes = 1024 * g_nSlower;
 
 } // namespace
 
-class tst_HostileFiles : public QObject
+class tst_hostilefiles : public QObject
 {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-void tst_HostileFiles::initTestCase()
+void tst_hostilefiles::initTestCase()
 {
     QFile::remove(QStringLiteral(QUILLAN_BINARY_DIR "/hostile.txt"));
     const QList<SHostileFile> lstFiles = hostileFiles();
@@ -64,7 +64,7 @@ void tst_HostileFiles::initTestCase()
         QVERIFY2(!writeHostile(file, m_folder.path()).isEmpty(), qPrintable(file.strName));
 }
 
-void tst_HostileFiles::files_areManyAndDifferent()
+void tst_hostilefiles::files_areManyAndDifferent()
 {
     QSet<QString> setNames;
     QSet<QByteArray> setContents;
@@ -80,7 +80,7 @@ void tst_HostileFiles::files_areManyAndDifferent()
 }
 
 // As many at a time as there are processors.
-QList<SOutcome> tst_HostileFiles::showAll(const QString &strMode, Kind kind)
+QList<SOutcome> tst_hostilefiles::showAll(const QString &strMode, Kind kind)
 {
     QList<SOutcome> lstOutcomes;
     QList<QProcess *> lstRunning;
@@ -106,7 +106,7 @@ QList<SOutcome> tst_HostileFiles::showAll(const QString &strMode, Kind kind)
     return lstOutcomes;
 }
 
-SOutcome tst_HostileFiles::outcomeOf(QProcess *pProcess) const
+SOutcome tst_hostilefiles::outcomeOf(QProcess *pProcess) const
 {
     SOutcome outcome {pProcess->objectName(), QStringLiteral("ended"), 0, 0};
     const bool bEnded = pProcess->waitForFinished(100000);
@@ -120,7 +120,7 @@ SOutcome tst_HostileFiles::outcomeOf(QProcess *pProcess) const
     return outcome;
 }
 
-void tst_HostileFiles::report(const QString &strMode, Kind kind, const QList<SOutcome> &lstOutcomes)
+void tst_hostilefiles::report(const QString &strMode, Kind kind, const QList<SOutcome> &lstOutcomes)
 {
     QMap<QString, int> mapWords;
     SOutcome worst;
@@ -148,14 +148,14 @@ void tst_HostileFiles::report(const QString &strMode, Kind kind, const QList<SOu
     qInfo("%s", qPrintable(strSum));
 }
 
-void tst_HostileFiles::selectedFile_endsNothingAndHoldsNothingUp_data()
+void tst_hostilefiles::selectedFile_endsNothingAndHoldsNothingUp_data()
 {
     QTest::addColumn<int>("kind");
     for (const Kind kind : {Kind::Page, Kind::Picture, Kind::Drawing, Kind::Text})
         QTest::newRow(kindName(kind).toLatin1()) << int(kind);
 }
 
-void tst_HostileFiles::selectedFile_endsNothingAndHoldsNothingUp()
+void tst_hostilefiles::selectedFile_endsNothingAndHoldsNothingUp()
 {
     QFETCH(int, kind);
     const QList<SOutcome> lstOutcomes = showAll(QStringLiteral("preview"), Kind(kind));
@@ -167,14 +167,14 @@ void tst_HostileFiles::selectedFile_endsNothingAndHoldsNothingUp()
     }
 }
 
-void tst_HostileFiles::openedFile_endsNothing_data()
+void tst_hostilefiles::openedFile_endsNothing_data()
 {
     QTest::addColumn<int>("kind");
     for (const Kind kind : {Kind::Page, Kind::Picture, Kind::Drawing, Kind::Text})
         QTest::newRow(kindName(kind).toLatin1()) << int(kind);
 }
 
-void tst_HostileFiles::openedFile_endsNothing()
+void tst_hostilefiles::openedFile_endsNothing()
 {
     QFETCH(int, kind);
     const QList<SOutcome> lstOutcomes = showAll(QStringLiteral("open"), Kind(kind));
@@ -185,5 +185,5 @@ void tst_HostileFiles::openedFile_endsNothing()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_HostileFiles)
+QTEST_GUILESS_MAIN(tst_hostilefiles)
 #include "tst_hostilefiles.moc"

@@ -11,7 +11,7 @@ Q_DECLARE_METATYPE(SPageCase)
 
 // What each command makes of a page, case by case, and that each is one step of undo.
 // QUILLAN_PROMOTE=1 writes what came out into the files of cases; look at the difference.
-class tst_PageCommands : public CPageTest
+class tst_pagecommands : public CPageTest
 {
     Q_OBJECT
 
@@ -55,7 +55,7 @@ void promote(const SPageCase &pageCase, const QString &strAfter)
 
 } // namespace
 
-void tst_PageCommands::open(const SPageCase &pageCase)
+void tst_pagecommands::open(const SPageCase &pageCase)
 {
     const QString strHtml = isWhole(pageCase)
         ? pageCase.strBefore
@@ -68,14 +68,14 @@ void tst_PageCommands::open(const SPageCase &pageCase)
     selectPlaces(m_pView, strPlaces);
 }
 
-QString tst_PageCommands::shown(const SPageCase &pageCase) const
+QString tst_pagecommands::shown(const SPageCase &pageCase) const
 {
     return isWhole(pageCase) ? m_pView->toHtml() : body();
 }
 
 // What is saved reads back as the page that is shown, and has no other line changed than the
 // command itself changed.
-void tst_PageCommands::checkSaving(const QString &strBefore)
+void tst_pagecommands::checkSaving(const QString &strBefore)
 {
     const QString strShown = m_pView->toHtml();
     const QString strSource = asLines(m_strSource);
@@ -85,7 +85,7 @@ void tst_PageCommands::checkSaving(const QString &strBefore)
              qPrintable(strSaved));
 }
 
-void tst_PageCommands::command_makesWhatAPersonWouldWrite_data()
+void tst_pagecommands::command_makesWhatAPersonWouldWrite_data()
 {
     QTest::addColumn<SPageCase>("pageCase");
     for (const SPageCase &pageCase : allPageCases())
@@ -93,7 +93,7 @@ void tst_PageCommands::command_makesWhatAPersonWouldWrite_data()
             << pageCase;
 }
 
-void tst_PageCommands::command_makesWhatAPersonWouldWrite()
+void tst_pagecommands::command_makesWhatAPersonWouldWrite()
 {
     QFETCH(SPageCase, pageCase);
     open(pageCase);
@@ -123,7 +123,7 @@ void tst_PageCommands::command_makesWhatAPersonWouldWrite()
     QCOMPARE(bMarks ? strMarked : strAfter, pageCase.strAfter);
 }
 
-void tst_PageCommands::steps_standBetweenThoseOfTyping()
+void tst_pagecommands::steps_standBetweenThoseOfTyping()
 {
     set(QStringLiteral("<p>one</p>"));
     m_pView->setFocus();
@@ -158,7 +158,7 @@ void tst_PageCommands::steps_standBetweenThoseOfTyping()
     }
 }
 
-void tst_PageCommands::undoToTheFile_clearsTheFlag()
+void tst_pagecommands::undoToTheFile_clearsTheFlag()
 {
     set(QStringLiteral("<p>one</p>"));
     followChanges(m_pView);
@@ -172,5 +172,5 @@ void tst_PageCommands::undoToTheFile_clearsTheFlag()
     QVERIFY(m_pView->isModified());
 }
 
-QTEST_MAIN(tst_PageCommands)
+QTEST_MAIN(tst_pagecommands)
 #include "tst_pagecommands.moc"

@@ -13,7 +13,7 @@
 #include <QPushButton>
 
 // Dialogs of a page, and what they are made of.
-class tst_PageDialogs : public QObject
+class tst_pagedialogs : public QObject
 {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ private slots:
     void colorThatIsNone_isRefused();
 };
 
-void tst_PageDialogs::fileAddress_isWhatAPageNames_data()
+void tst_pagedialogs::fileAddress_isWhatAPageNames_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("page");
@@ -47,14 +47,14 @@ void tst_PageDialogs::fileAddress_isWhatAPageNames_data()
     row("/a/b \"c\".html", "", "file:///a/b%20%22c%22.html");
 }
 
-void tst_PageDialogs::fileAddress_isWhatAPageNames()
+void tst_pagedialogs::fileAddress_isWhatAPageNames()
 {
     QFETCH(QString, file);
     QFETCH(QString, page);
     QTEST(fileAddress(file, page), "address");
 }
 
-void tst_PageDialogs::characters_areFoundByNameNumberAndThemselves()
+void tst_pagedialogs::characters_areFoundByNameNumberAndThemselves()
 {
     const auto codes = [](const char *szText) {
         QList<uint> lstCodes;
@@ -72,7 +72,7 @@ void tst_PageDialogs::characters_areFoundByNameNumberAndThemselves()
     QCOMPARE(codes("").size(), specialCharacters().size());
 }
 
-void tst_PageDialogs::characters_haveNames()
+void tst_pagedialogs::characters_haveNames()
 {
     QSet<uint> codes;
     for (const SSpecialCharacter &character : specialCharacters()) {
@@ -84,7 +84,7 @@ void tst_PageDialogs::characters_haveNames()
     QVERIFY(codes.size() >= 300);
 }
 
-void tst_PageDialogs::link_offersPlacesOfThePage()
+void tst_pagedialogs::link_offersPlacesOfThePage()
 {
     SPageLink link;
     link.lstNames = QStringList {QStringLiteral("a"), QStringLiteral("b")};
@@ -98,7 +98,7 @@ void tst_PageDialogs::link_offersPlacesOfThePage()
     QCOMPARE(dialog.text(), QStringLiteral("X"));
 }
 
-void tst_PageDialogs::link_needsAnAddress()
+void tst_pagedialogs::link_needsAnAddress()
 {
     const CDlgLink dialog(SPageLink(), QString(), nullptr);
     auto *pButtons = dialog.findChild<QDialogButtonBox *>();
@@ -107,7 +107,7 @@ void tst_PageDialogs::link_needsAnAddress()
     QVERIFY(pButtons->button(QDialogButtonBox::Ok)->isEnabled());
 }
 
-void tst_PageDialogs::palette_insertsByKeyboard()
+void tst_pagedialogs::palette_insertsByKeyboard()
 {
     CDlgCharacters dialog(nullptr);
     QSignalSpy spy(&dialog, &CDlgCharacters::characterChosen);
@@ -123,7 +123,7 @@ void tst_PageDialogs::palette_insertsByKeyboard()
     QVERIFY(dialog.isVisible());
 }
 
-void tst_PageDialogs::properties_comeOutAsTheyWentIn()
+void tst_pagedialogs::properties_comeOutAsTheyWentIn()
 {
     const QVariantMap properties {
         {QStringLiteral("title"), QStringLiteral("T")},
@@ -136,7 +136,7 @@ void tst_PageDialogs::properties_comeOutAsTheyWentIn()
     QCOMPARE(dialog.properties(), properties);
 }
 
-void tst_PageDialogs::colorThatIsNone_isRefused()
+void tst_pagedialogs::colorThatIsNone_isRefused()
 {
     const CDlgPageProperties dialog({{QStringLiteral("color"), QStringLiteral("nocolor")}},
                                     QString(), nullptr);
@@ -144,5 +144,5 @@ void tst_PageDialogs::colorThatIsNone_isRefused()
     QVERIFY(!pButtons->button(QDialogButtonBox::Ok)->isEnabled());
 }
 
-QTEST_MAIN(tst_PageDialogs)
+QTEST_MAIN(tst_pagedialogs)
 #include "tst_pagedialogs.moc"

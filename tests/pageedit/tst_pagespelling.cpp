@@ -8,7 +8,7 @@
 #include <QUndoStack>
 
 // Misspelt words of a page, with a dictionary of a few English and German words.
-class tst_PageSpelling : public CPageTest
+class tst_pagespelling : public CPageTest
 {
     Q_OBJECT
 
@@ -64,13 +64,13 @@ private:
     std::unique_ptr<CSpelling> m_pSpelling;
 };
 
-void tst_PageSpelling::initTestCase()
+void tst_pagespelling::initTestCase()
 {
     putDictionary(m_folder.path(), "en_US", "hello world three");
     putDictionary(m_folder.path(), "de_DE", "hallo Welt");
 }
 
-void tst_PageSpelling::init()
+void tst_pagespelling::init()
 {
     CPageTest::init();
     QFile::remove(m_folder.filePath("own.txt"));
@@ -81,14 +81,14 @@ void tst_PageSpelling::init()
     new CPageSpelling(m_pView);
 }
 
-void tst_PageSpelling::cleanup()
+void tst_pagespelling::cleanup()
 {
     CPageTest::cleanup();
     g_pSpelling = nullptr;
     m_pSpelling.reset();
 }
 
-void tst_PageSpelling::misspeltWords_areMarked_data()
+void tst_pagespelling::misspeltWords_areMarked_data()
 {
     QTest::addColumn<QString>("body");
     QTest::addColumn<bool>("marked");
@@ -110,7 +110,7 @@ void tst_PageSpelling::misspeltWords_areMarked_data()
     row("hidden", "<p style=\"display: none\">wrld</p>", false);
 }
 
-void tst_PageSpelling::misspeltWords_areMarked()
+void tst_pagespelling::misspeltWords_areMarked()
 {
     QFETCH(QString, body);
     QFETCH(bool, marked);
@@ -119,7 +119,7 @@ void tst_PageSpelling::misspeltWords_areMarked()
     QCOMPARE(marks() > 0, marked);
 }
 
-void tst_PageSpelling::wordThatIsTyped_isMarkedOnceTheCaretLeaves()
+void tst_pagespelling::wordThatIsTyped_isMarkedOnceTheCaretLeaves()
 {
     open("<p>hello |<br></p>");
     QTest::keyClicks(m_pView, "wrld");
@@ -129,7 +129,7 @@ void tst_PageSpelling::wordThatIsTyped_isMarkedOnceTheCaretLeaves()
     QTRY_VERIFY(marks() > 0);
 }
 
-void tst_PageSpelling::marks_followTheText()
+void tst_pagespelling::marks_followTheText()
 {
     open("<p>|hello wrld</p>");
     check();
@@ -143,7 +143,7 @@ void tst_PageSpelling::marks_followTheText()
     QTRY_VERIFY(qAbs(marks() - nMarks) <= 2);
 }
 
-void tst_PageSpelling::marks_areNoPartOfThePage()
+void tst_pagespelling::marks_areNoPartOfThePage()
 {
     open("<p>|hello wrld</p>");
     const QString strHtml = m_pView->toHtml();
@@ -154,7 +154,7 @@ void tst_PageSpelling::marks_areNoPartOfThePage()
     QCOMPARE(m_pView->page()->undoStack()->count(), 0);
 }
 
-void tst_PageSpelling::shiftF4_turnsMarksOff()
+void tst_pagespelling::shiftF4_turnsMarksOff()
 {
     open("<p>|hello wrld</p>");
     check();
@@ -166,7 +166,7 @@ void tst_PageSpelling::shiftF4_turnsMarksOff()
     QVERIFY(marks() > 0);
 }
 
-void tst_PageSpelling::pageOutOfView_isNotAsked()
+void tst_pagespelling::pageOutOfView_isNotAsked()
 {
     open("<p>|hello</p><div style=\"height: 3000px\"></div><p>wrld</p>");
     check();
@@ -175,7 +175,7 @@ void tst_PageSpelling::pageOutOfView_isNotAsked()
     QTRY_VERIFY(marks() > 0);
 }
 
-void tst_PageSpelling::f4_offersWordsForTheOneAtTheCaret_data()
+void tst_pagespelling::f4_offersWordsForTheOneAtTheCaret_data()
 {
     QTest::addColumn<QString>("body");
     QTest::addColumn<QString>("selected");
@@ -193,7 +193,7 @@ void tst_PageSpelling::f4_offersWordsForTheOneAtTheCaret_data()
     row("from an empty paragraph", "<p>thre</p><p>|<br></p><p>wrld</p>", "wrld", "world");
 }
 
-void tst_PageSpelling::f4_offersWordsForTheOneAtTheCaret()
+void tst_pagespelling::f4_offersWordsForTheOneAtTheCaret()
 {
     QFETCH(QString, body);
     QFETCH(QString, first);
@@ -205,7 +205,7 @@ void tst_PageSpelling::f4_offersWordsForTheOneAtTheCaret()
     menu()->hide();
 }
 
-void tst_PageSpelling::f4Again_goesToTheNextWord()
+void tst_pagespelling::f4Again_goesToTheNextWord()
 {
     open("<p>|wrld wrld</p><p>thre</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
@@ -218,7 +218,7 @@ void tst_PageSpelling::f4Again_goesToTheNextWord()
     menu()->hide();
 }
 
-void tst_PageSpelling::f4WithoutMisspeltWord_saysSo()
+void tst_pagespelling::f4WithoutMisspeltWord_saysSo()
 {
     QSignalSpy spy(m_pView, &CEditWebView::statusMessage);
     open("<p>wrld hello|</p>");
@@ -230,7 +230,7 @@ void tst_PageSpelling::f4WithoutMisspeltWord_saysSo()
              QStringLiteral("There is no dictionary for this language."));
 }
 
-void tst_PageSpelling::chosenWord_isOneStepAndKeepsItsLetters_data()
+void tst_pagespelling::chosenWord_isOneStepAndKeepsItsLetters_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
@@ -242,7 +242,7 @@ void tst_PageSpelling::chosenWord_isOneStepAndKeepsItsLetters_data()
                                        << "<p><b>world</b>.</p>";
 }
 
-void tst_PageSpelling::chosenWord_isOneStepAndKeepsItsLetters()
+void tst_pagespelling::chosenWord_isOneStepAndKeepsItsLetters()
 {
     QFETCH(QString, before);
     open(before);
@@ -254,7 +254,7 @@ void tst_PageSpelling::chosenWord_isOneStepAndKeepsItsLetters()
     QCOMPARE(body(), withoutMarks(before));
 }
 
-void tst_PageSpelling::addedWord_isMarkedNoMore()
+void tst_pagespelling::addedWord_isMarkedNoMore()
 {
     open("<p>hello wrld|</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
@@ -264,7 +264,7 @@ void tst_PageSpelling::addedWord_isMarkedNoMore()
     QCOMPARE(contents(m_folder.filePath("own.txt")), QByteArray("wrld\n"));
 }
 
-void tst_PageSpelling::checkWhileTheListIsShown_changesNothing()
+void tst_pagespelling::checkWhileTheListIsShown_changesNothing()
 {
     open("<div style=\"height: 3000px\">wrld</div><p>|thre</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
@@ -273,5 +273,5 @@ void tst_PageSpelling::checkWhileTheListIsShown_changesNothing()
     QCOMPARE(body(), QStringLiteral("<div style=\"height: 3000px\">wrld</div><p>three</p>"));
 }
 
-QTEST_MAIN(tst_PageSpelling)
+QTEST_MAIN(tst_pagespelling)
 #include "tst_pagespelling.moc"

@@ -6,7 +6,7 @@
 #include <QInputMethodEvent>
 
 // What keys do in a page that is written.
-class tst_PageTyping : public CPageTest
+class tst_pagetyping : public CPageTest
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private slots:
     void fieldsOfForms_keepTheirKeys();
 };
 
-void tst_PageTyping::open(const QString &strMarked)
+void tst_pagetyping::open(const QString &strMarked)
 {
     set(QStringLiteral("<!DOCTYPE html><html><head></head><body>%1</body></html>").arg(strMarked));
     selectPlaces(m_pView, takeMarks(m_pView));
@@ -43,7 +43,7 @@ void tst_PageTyping::open(const QString &strMarked)
     askPage(m_pView, QStringLiteral("state")); // As the tool bar does.
 }
 
-void tst_PageTyping::firstText_isAParagraph()
+void tst_pagetyping::firstText_isAParagraph()
 {
     open(QStringLiteral("\n|"));
     type(QStringLiteral("one"));
@@ -53,7 +53,7 @@ void tst_PageTyping::firstText_isAParagraph()
     QCOMPARE(body().simplified().remove(QLatin1Char(' ')), QStringLiteral("<p>one</p><p>two</p>"));
 }
 
-void tst_PageTyping::firstText_isOneStepWithWhatFollows()
+void tst_pagetyping::firstText_isOneStepWithWhatFollows()
 {
     open(QStringLiteral("|"));
     type(QStringLiteral("one"));
@@ -62,7 +62,7 @@ void tst_PageTyping::firstText_isOneStepWithWhatFollows()
     QCOMPARE(body(), QString());
 }
 
-void tst_PageTyping::enterAfterAHeading_beginsAParagraph()
+void tst_pagetyping::enterAfterAHeading_beginsAParagraph()
 {
     open(QStringLiteral("<h2>one|</h2>"));
     press(Qt::Key_Return);
@@ -70,14 +70,14 @@ void tst_PageTyping::enterAfterAHeading_beginsAParagraph()
     QCOMPARE(body(), QStringLiteral("<h2>one</h2><p>two</p>"));
 }
 
-void tst_PageTyping::enterInAParagraph_beginsAParagraph()
+void tst_pagetyping::enterInAParagraph_beginsAParagraph()
 {
     open(QStringLiteral("<p>one|two</p>"));
     press(Qt::Key_Return);
     QCOMPARE(body(), QStringLiteral("<p>one</p><p>two</p>"));
 }
 
-void tst_PageTyping::enterOnAnEmptyItem_endsTheList()
+void tst_pagetyping::enterOnAnEmptyItem_endsTheList()
 {
     open(QStringLiteral("<ul><li>one|</li></ul>"));
     press(Qt::Key_Return);
@@ -88,7 +88,7 @@ void tst_PageTyping::enterOnAnEmptyItem_endsTheList()
     QCOMPARE(body(), QStringLiteral("<ul><li>one</li><li>two</li></ul><p>three</p>"));
 }
 
-void tst_PageTyping::tab_indentsItems()
+void tst_pagetyping::tab_indentsItems()
 {
     open(QStringLiteral("<ul><li>one</li><li>t|wo</li></ul>"));
     press(Qt::Key_Tab);
@@ -99,7 +99,7 @@ void tst_PageTyping::tab_indentsItems()
     QCOMPARE(body(), QStringLiteral("<ul><li>one</li><li>two</li></ul>"));
 }
 
-void tst_PageTyping::tabOutsideOfLists_isLeftToTheWebView()
+void tst_pagetyping::tabOutsideOfLists_isLeftToTheWebView()
 {
     open(QStringLiteral("<p>o|ne</p>"));
     press(Qt::Key_Tab);
@@ -112,7 +112,7 @@ void tst_PageTyping::tabOutsideOfLists_isLeftToTheWebView()
     QCOMPARE(strWith, body());
 }
 
-void tst_PageTyping::enterInPreformattedText_isALine()
+void tst_pagetyping::enterInPreformattedText_isALine()
 {
     open(QStringLiteral("<pre>one|</pre>"));
     press(Qt::Key_Return);
@@ -120,7 +120,7 @@ void tst_PageTyping::enterInPreformattedText_isALine()
     QCOMPARE(body(), QStringLiteral("<pre>one\ntwo</pre>"));
 }
 
-void tst_PageTyping::chosenFormat_holdsForWhatIsTyped()
+void tst_pagetyping::chosenFormat_holdsForWhatIsTyped()
 {
     open(QStringLiteral("<p>a|b</p>"));
     CPageTyping *pTyping = CPageTyping::of(m_pView);
@@ -132,7 +132,7 @@ void tst_PageTyping::chosenFormat_holdsForWhatIsTyped()
     QCOMPARE(body(), QStringLiteral("<p>a<code>xy</code>zzb</p>"));
 }
 
-void tst_PageTyping::chosenFormat_isForgottenWhenTheCaretMoves()
+void tst_pagetyping::chosenFormat_isForgottenWhenTheCaretMoves()
 {
     open(QStringLiteral("<p>a|b</p>"));
     CPageTyping *pTyping = CPageTyping::of(m_pView);
@@ -145,7 +145,7 @@ void tst_PageTyping::chosenFormat_isForgottenWhenTheCaretMoves()
     QCOMPARE(body(), QStringLiteral("<p>abx</p>"));
 }
 
-void tst_PageTyping::chosenFormat_holdsForComposedText()
+void tst_pagetyping::chosenFormat_holdsForComposedText()
 {
     open(QStringLiteral("<p>a|b</p>"));
     QInputMethodEvent compose(QStringLiteral("x"), {});
@@ -157,7 +157,7 @@ void tst_PageTyping::chosenFormat_holdsForComposedText()
     QCOMPARE(body(), QStringLiteral("<p>a<s>漢字</s>b</p>"));
 }
 
-void tst_PageTyping::fieldsOfForms_keepTheirKeys()
+void tst_pagetyping::fieldsOfForms_keepTheirKeys()
 {
     open(QStringLiteral("<ul><li>one|</li><li><textarea></textarea></li></ul>"));
     run(m_pView, QStringLiteral("document.querySelector('textarea').focus()"));
@@ -166,5 +166,5 @@ void tst_PageTyping::fieldsOfForms_keepTheirKeys()
         !askPage(m_pView, QStringLiteral("keys")).toMap().value(QStringLiteral("item")).toBool());
 }
 
-QTEST_MAIN(tst_PageTyping)
+QTEST_MAIN(tst_pagetyping)
 #include "tst_pagetyping.moc"

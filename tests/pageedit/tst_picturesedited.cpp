@@ -13,7 +13,7 @@
 #include <QUndoStack>
 
 // Pictures of a page: their files, dialog, frame, drops and the clipboard.
-class tst_PicturesEdited : public CPageTest
+class tst_picturesedited : public CPageTest
 {
     Q_OBJECT
 
@@ -110,7 +110,7 @@ private:
     int m_nAnswered = 0;
 };
 
-void tst_PicturesEdited::addressOfAFile_leadsBackToIt_data()
+void tst_picturesedited::addressOfAFile_leadsBackToIt_data()
 {
     QTest::addColumn<QString>("file");
     for (const char *szFile : {"/site/pages/a.png", "/site/pages/img/a.png", "/site/img/a.png",
@@ -118,7 +118,7 @@ void tst_PicturesEdited::addressOfAFile_leadsBackToIt_data()
         QTest::newRow(szFile) << QString::fromUtf8(szFile);
 }
 
-void tst_PicturesEdited::addressOfAFile_leadsBackToIt()
+void tst_picturesedited::addressOfAFile_leadsBackToIt()
 {
     QFETCH(QString, file);
     const QString strPage = QStringLiteral("/site/pages/page.html");
@@ -126,7 +126,7 @@ void tst_PicturesEdited::addressOfAFile_leadsBackToIt()
     QCOMPARE(pictureFile(strPage, "http://example.org/a.png"), QString());
 }
 
-void tst_PicturesEdited::storedFile_isNeverWrittenOver()
+void tst_picturesedited::storedFile_isNeverWrittenOver()
 {
     const QString strPage = m_pCase->write("page.html", "x");
     QString strError;
@@ -137,7 +137,7 @@ void tst_PicturesEdited::storedFile_isNeverWrittenOver()
     QCOMPARE(contents(m_pCase->path("page-2.png")), QByteArray("new"));
 }
 
-void tst_PicturesEdited::copiedFile_isTakenWhereItIsThereAlready()
+void tst_picturesedited::copiedFile_isTakenWhereItIsThereAlready()
 {
     QDir().mkpath(m_pCase->path("site"));
     const QString strPage = m_pCase->write("site/page.html", "x");
@@ -151,7 +151,7 @@ void tst_PicturesEdited::copiedFile_isTakenWhereItIsThereAlready()
     QCOMPARE(contents(strFirst), QByteArray("bytes"));
 }
 
-void tst_PicturesEdited::fullFolder_isTold()
+void tst_picturesedited::fullFolder_isTold()
 {
     QString strError;
     QVERIFY(storeNew(m_pCase->path("none/page.html"), "new", &strError).isEmpty());
@@ -160,7 +160,7 @@ void tst_PicturesEdited::fullFolder_isTold()
     QVERIFY(!strError.isEmpty());
 }
 
-void tst_PicturesEdited::corner_keepsProportions_data()
+void tst_picturesedited::corner_keepsProportions_data()
 {
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
@@ -180,7 +180,7 @@ void tst_PicturesEdited::corner_keepsProportions_data()
         << old.bottomRight() << QPoint(0, 0) << QRect(100, 100, 16, 8);
 }
 
-void tst_PicturesEdited::corner_keepsProportions()
+void tst_picturesedited::corner_keepsProportions()
 {
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
@@ -189,7 +189,7 @@ void tst_PicturesEdited::corner_keepsProportions()
     QCOMPARE(cornerAt(old, old.center()), PictureCorner::None);
 }
 
-void tst_PicturesEdited::dialog_proposesTheFilesOwnSize()
+void tst_picturesedited::dialog_proposesTheFilesOwnSize()
 {
     const QString strPage = m_pCase->write("page.html", "x");
     CDlgPicture dialog(strPage, nullptr);
@@ -200,7 +200,7 @@ void tst_PicturesEdited::dialog_proposesTheFilesOwnSize()
     QVERIFY(!dialog.isCopyWanted());
 }
 
-void tst_PicturesEdited::dialog_offersToCopyWhatThePageMayNotShow()
+void tst_picturesedited::dialog_offersToCopyWhatThePageMayNotShow()
 {
     QDir().mkpath(m_pCase->path("site/sub/deep/page"));
     const QString strPage = m_pCase->write("site/sub/deep/page/page.html", "x");
@@ -212,7 +212,7 @@ void tst_PicturesEdited::dialog_offersToCopyWhatThePageMayNotShow()
     QVERIFY(!dialog.isCopyWanted());
 }
 
-void tst_PicturesEdited::dialog_keepsProportions()
+void tst_picturesedited::dialog_keepsProportions()
 {
     const QString strPage = m_pCase->write("page.html", "x");
     CDlgPicture dialog(strPage, nullptr);
@@ -223,7 +223,7 @@ void tst_PicturesEdited::dialog_keepsProportions()
     QCOMPARE(dialog.picture().nWidth, 20);
 }
 
-void tst_PicturesEdited::click_selectsAndCornerResizes()
+void tst_picturesedited::click_selectsAndCornerResizes()
 {
     open("<p>one <img src=\"a.png\" alt=\"A\"> two|</p>");
     QTest::mouseClick(m_pView, Qt::LeftButton, Qt::NoModifier, box().center());
@@ -245,7 +245,7 @@ void tst_PicturesEdited::click_selectsAndCornerResizes()
     QVERIFY(m_pView->selectedHtml().isEmpty());
 }
 
-void tst_PicturesEdited::doubleClick_asksForProperties()
+void tst_picturesedited::doubleClick_asksForProperties()
 {
     open("<p>|<img src=\"a.png\" alt=\"A\"></p>");
     answer("B");
@@ -254,7 +254,7 @@ void tst_PicturesEdited::doubleClick_asksForProperties()
     QTRY_COMPARE(body(), QStringLiteral("<p><img src=\"a.png\" alt=\"B\"></p>"));
 }
 
-void tst_PicturesEdited::dropOfPictures_insertsThem()
+void tst_picturesedited::dropOfPictures_insertsThem()
 {
     open("<p>one</p><p>|two</p>");
     const QPoint first(
@@ -267,7 +267,7 @@ void tst_PicturesEdited::dropOfPictures_insertsThem()
                                 "width=\"40\" height=\"20\"></p><p>two</p>"));
 }
 
-void tst_PicturesEdited::dropOfOtherFiles_isLeftToTheWindow_data()
+void tst_picturesedited::dropOfOtherFiles_isLeftToTheWindow_data()
 {
     QTest::addColumn<QStringList>("files");
     QTest::newRow("a text") << QStringList {"site/page.html"};
@@ -276,7 +276,7 @@ void tst_PicturesEdited::dropOfOtherFiles_isLeftToTheWindow_data()
     QTest::newRow("a folder") << QStringList {"site"};
 }
 
-void tst_PicturesEdited::dropOfOtherFiles_isLeftToTheWindow()
+void tst_picturesedited::dropOfOtherFiles_isLeftToTheWindow()
 {
     QFETCH(QStringList, files);
     open("<p>|one</p>");
@@ -285,7 +285,7 @@ void tst_PicturesEdited::dropOfOtherFiles_isLeftToTheWindow()
     QVERIFY(!drop(files, QPoint(20, 20)));
 }
 
-void tst_PicturesEdited::pasteOfAPicture_storesItBesideThePage()
+void tst_picturesedited::pasteOfAPicture_storesItBesideThePage()
 {
     open("<p>one|</p>");
     QImage image(6, 4, QImage::Format_RGB32);
@@ -302,7 +302,7 @@ void tst_PicturesEdited::pasteOfAPicture_storesItBesideThePage()
     QCOMPARE(m_pView->page()->undoStack()->count(), 2);
 }
 
-void tst_PicturesEdited::pasteOfText_isLeftToThePage()
+void tst_picturesedited::pasteOfText_isLeftToThePage()
 {
     open("<p>one|</p>");
     auto *pData = new QMimeData;
@@ -317,7 +317,7 @@ void tst_PicturesEdited::pasteOfText_isLeftToThePage()
     delete pData;
 }
 
-void tst_PicturesEdited::pageWithoutFile_takesNoPicture()
+void tst_picturesedited::pageWithoutFile_takesNoPicture()
 {
     set("<p>one</p>");
     m_pPictures = new CPagePictures(m_pView);
@@ -329,7 +329,7 @@ void tst_PicturesEdited::pageWithoutFile_takesNoPicture()
     QCOMPARE(body(), QStringLiteral("<p>one</p>"));
 }
 
-void tst_PicturesEdited::outsidePicture_isCopiedBesideThePage()
+void tst_picturesedited::outsidePicture_isCopiedBesideThePage()
 {
     QDir().mkpath(m_pCase->path("deep/er/site"));
     open("<p>one|</p>");
@@ -344,5 +344,5 @@ void tst_PicturesEdited::outsidePicture_isCopiedBesideThePage()
     QCOMPARE(contents(m_pCase->path("deep/er/site/b.png")), contents(m_pCase->path("b.png")));
 }
 
-QTEST_MAIN(tst_PicturesEdited)
+QTEST_MAIN(tst_picturesedited)
 #include "tst_picturesedited.moc"

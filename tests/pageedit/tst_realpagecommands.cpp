@@ -7,7 +7,7 @@
 
 // The commands on pages as they are found in the world: what undo gives back, and which lines a
 // save changes.
-class tst_RealPageCommands : public QObject
+class tst_realpagecommands : public QObject
 {
     Q_OBJECT
 
@@ -63,7 +63,7 @@ bool choose(CEditWebView *pView, const STriedCommand &command, double dNode, dou
 
 } // namespace
 
-void tst_RealPageCommands::command_isUndoneAndSavedAlone_data()
+void tst_realpagecommands::command_isUndoneAndSavedAlone_data()
 {
     QTest::addColumn<int>("index");
     const QVector<STriedCommand> lstCommands = commands();
@@ -71,7 +71,7 @@ void tst_RealPageCommands::command_isUndoneAndSavedAlone_data()
         QTest::newRow(lstCommands.at(n).szRow) << n;
 }
 
-void tst_RealPageCommands::command_isUndoneAndSavedAlone()
+void tst_realpagecommands::command_isUndoneAndSavedAlone()
 {
     QFETCH(int, index);
     const STriedCommand command = commands().at(index);
@@ -123,5 +123,5 @@ void tst_RealPageCommands::command_isUndoneAndSavedAlone()
     QVERIFY(nOther * (qstrcmp(command.szRow, "preformatted") == 0 ? 4 : 10) <= nPages);
 }
 
-QTEST_MAIN(tst_RealPageCommands)
+QTEST_MAIN(tst_realpagecommands)
 #include "tst_realpagecommands.moc"

@@ -4,7 +4,7 @@
 
 // The cells of a table, without a page. Texts: a row is cells with blanks between them, "1:2x3" is
 // the cell 1 with two columns and three rows, "+" a new cell; "|" ends a row and "/" a group.
-class tst_TableGrid : public QObject
+class tst_tablegrid : public QObject
 {
     Q_OBJECT
 
@@ -83,7 +83,7 @@ bool run(CTableGrid *pGrid, const QString &strCommand)
 
 } // namespace
 
-void tst_TableGrid::table_comesBackAsItWas_data()
+void tst_tablegrid::table_comesBackAsItWas_data()
 {
     QTest::addColumn<QString>("table");
     for (const char *szTable : {"1", "1 2|3 4", "1:2x1|2 3", "1:1x2 2|3", "1:2x2 2|3|4 5 6",
@@ -91,7 +91,7 @@ void tst_TableGrid::table_comesBackAsItWas_data()
         QTest::newRow(szTable) << szTable;
 }
 
-void tst_TableGrid::table_comesBackAsItWas()
+void tst_tablegrid::table_comesBackAsItWas()
 {
     QFETCH(QString, table);
     const CTableGrid grid(parsed(table));
@@ -99,7 +99,7 @@ void tst_TableGrid::table_comesBackAsItWas()
     QCOMPARE(printed(grid.rows()), table);
 }
 
-void tst_TableGrid::command_changesTheCells_data()
+void tst_tablegrid::command_changesTheCells_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("command");
@@ -151,7 +151,7 @@ void tst_TableGrid::command_changesTheCells_data()
     row("1 2|3 4", "split 9", "");
 }
 
-void tst_TableGrid::command_changesTheCells()
+void tst_tablegrid::command_changesTheCells()
 {
     QFETCH(QString, before);
     QFETCH(QString, command);
@@ -161,7 +161,7 @@ void tst_TableGrid::command_changesTheCells()
     QCOMPARE(printed(grid.rows()), after.isEmpty() ? before : after);
 }
 
-void tst_TableGrid::overlappingCells_refuseEverything()
+void tst_tablegrid::overlappingCells_refuseEverything()
 {
     const QString strTable = "1 2:1x2 3|4:2x1";
     for (const char *szCommand : {"rowAbove 0", "column 0", "noRows 0 1", "noColumns 0 1", "down 0",
@@ -172,7 +172,7 @@ void tst_TableGrid::overlappingCells_refuseEverything()
     }
 }
 
-void tst_TableGrid::randomCommands_giveWhatRectanglesGive()
+void tst_tablegrid::randomCommands_giveWhatRectanglesGive()
 {
     for (uint nSeed = 0; nSeed < 400; ++nSeed) {
         QRandomGenerator random(nSeed);
@@ -233,5 +233,5 @@ void tst_TableGrid::randomCommands_giveWhatRectanglesGive()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_TableGrid)
+QTEST_GUILESS_MAIN(tst_tablegrid)
 #include "tst_tablegrid.moc"

@@ -11,7 +11,7 @@
 #include <QUndoStack>
 
 // Tables by keys, the mouse and the tool bar.
-class tst_TableKeys : public CPageTest
+class tst_tablekeys : public CPageTest
 {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ private:
 static const char g_szTable[] = "<table><tbody><tr><td>1|</td><td>2</td></tr>"
                                 "<tr><td></td><td>4</td></tr></tbody></table>";
 
-void tst_TableKeys::tab_goesFromCellToCell()
+void tst_tablekeys::tab_goesFromCellToCell()
 {
     open(g_szTable);
     QTest::keyClick(m_pView, Qt::Key_Tab);
@@ -61,7 +61,7 @@ void tst_TableKeys::tab_goesFromCellToCell()
     QCOMPARE(m_pView->page()->undoStack()->count(), 0);
 }
 
-void tst_TableKeys::tabInTheLastCell_makesARow()
+void tst_tablekeys::tabInTheLastCell_makesARow()
 {
     open("<table>\n<tr><th>1</th><td>2|</td></tr>\n</table>");
     QTest::keyClick(m_pView, Qt::Key_Tab);
@@ -71,14 +71,14 @@ void tst_TableKeys::tabInTheLastCell_makesARow()
                             "<tr><th>|</th><td></td></tr>\n</tbody></table>"));
 }
 
-void tst_TableKeys::tabInAnItem_isLeftToTheItem()
+void tst_tablekeys::tabInAnItem_isLeftToTheItem()
 {
     open("<table><tbody><tr><td><ul><li>1</li><li>2|</li></ul></td><td></td></tr></tbody></table>");
     QTest::keyClick(m_pView, Qt::Key_Tab);
     QVERIFY2(body().contains("<li>1<ul><li>2"), qPrintable(body()));
 }
 
-void tst_TableKeys::tabOutsideOfTables_isLeftToTheView()
+void tst_tablekeys::tabOutsideOfTables_isLeftToTheView()
 {
     open(QLatin1String("<p>one</p>") + QString(g_szTable).remove('|') + "<p>two|</p>");
     const QString strBody = body();
@@ -87,7 +87,7 @@ void tst_TableKeys::tabOutsideOfTables_isLeftToTheView()
     QVERIFY2(m_pView->selectedText().isEmpty(), qPrintable(m_pView->selectedText()));
 }
 
-void tst_TableKeys::typing_goesIntoANewCell()
+void tst_tablekeys::typing_goesIntoANewCell()
 {
     open("<table><tbody><tr><td>1|</td></tr></tbody></table>");
     QTest::keyClick(m_pView, Qt::Key_Tab);
@@ -97,7 +97,7 @@ void tst_TableKeys::typing_goesIntoANewCell()
                             "</tbody></table>"));
 }
 
-void tst_TableKeys::drawnEdge_setsTheColumnsWidth()
+void tst_tablekeys::drawnEdge_setsTheColumnsWidth()
 {
     open("<table border=\"1\"><tbody><tr><td style=\"padding: 0 40px\">1|</td><td>2</td></tr>"
          "</tbody></table>");
@@ -121,7 +121,7 @@ void tst_TableKeys::drawnEdge_setsTheColumnsWidth()
     QCOMPARE(m_pView->page()->undoStack()->count(), 1);
 }
 
-void tst_TableKeys::chooser_followsKeysAndMouse()
+void tst_tablekeys::chooser_followsKeysAndMouse()
 {
     CTableChooser chooser;
     QSignalSpy spy(&chooser, &CTableChooser::chosen);
@@ -140,7 +140,7 @@ void tst_TableKeys::chooser_followsKeysAndMouse()
     QCOMPARE(chooser.marked(), QSize(10, 8));
 }
 
-void tst_TableKeys::menu_knowsTheTable()
+void tst_tablekeys::menu_knowsTheTable()
 {
     open("<table><thead><tr><th>1|</th></tr></thead><tbody><tr><td>2</td></tr></tbody></"
          "table><p>3</p>");
@@ -168,5 +168,5 @@ void tst_TableKeys::menu_knowsTheTable()
     QVERIFY(!objects.actions().constFirst()->isEnabled());
 }
 
-QTEST_MAIN(tst_TableKeys)
+QTEST_MAIN(tst_tablekeys)
 #include "tst_tablekeys.moc"

@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-class tst_Charset : public QObject
+class tst_charset : public QObject
 {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ private slots:
     void declareUtf8_twice_changesNothingMore();
 };
 
-void tst_Charset::declareUtf8_data()
+void tst_charset::declareUtf8_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("expected");
@@ -76,19 +76,19 @@ void tst_Charset::declareUtf8_data()
            "<p>é</p><meta charset=utf-8>\n<p>中</p>");
 }
 
-void tst_Charset::declareUtf8()
+void tst_charset::declareUtf8()
 {
     QFETCH(QString, html);
     QFETCH(QString, expected);
     QCOMPARE(::declareUtf8(html), expected);
 }
 
-void tst_Charset::declareUtf8_twice_changesNothingMore()
+void tst_charset::declareUtf8_twice_changesNothingMore()
 {
     QFETCH(QString, html);
     const QString strOnce = ::declareUtf8(html);
     QCOMPARE(::declareUtf8(strOnce), strOnce);
 }
 
-QTEST_GUILESS_MAIN(tst_Charset)
+QTEST_GUILESS_MAIN(tst_charset)
 #include "tst_charset.moc"

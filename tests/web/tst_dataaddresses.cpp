@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QTextCodec>
 
-class tst_DataAddresses : public QObject
+class tst_dataaddresses : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ QByteArray large()
 
 } // namespace
 
-void tst_DataAddresses::harmfulData_isFoundHoweverItIsSpelled_data()
+void tst_dataaddresses::harmfulData_isFoundHoweverItIsSpelled_data()
 {
     QTest::addColumn<QString>("text");
     const QString strLarge = base64(large());
@@ -85,7 +85,7 @@ void tst_DataAddresses::harmfulData_isFoundHoweverItIsSpelled_data()
     QTest::newRow("tells no size") << "<img src=\"data:image/x-mng;base64," + base64(mng()) + "\">";
 }
 
-void tst_DataAddresses::harmfulData_isFoundHoweverItIsSpelled()
+void tst_dataaddresses::harmfulData_isFoundHoweverItIsSpelled()
 {
     QFETCH(QString, text);
     const QString strSafe = refuseHarmfulData(text);
@@ -93,7 +93,7 @@ void tst_DataAddresses::harmfulData_isFoundHoweverItIsSpelled()
     QVERIFY(strSafe.contains(QLatin1String("quillan-refused:")));
 }
 
-void tst_DataAddresses::harmlessData_staysAsItIs_data()
+void tst_dataaddresses::harmlessData_staysAsItIs_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("nothing") << "";
@@ -110,14 +110,14 @@ void tst_DataAddresses::harmlessData_staysAsItIs_data()
     QTest::newRow("words without end") << "data:";
 }
 
-void tst_DataAddresses::harmlessData_staysAsItIs()
+void tst_dataaddresses::harmlessData_staysAsItIs()
 {
     QFETCH(QString, text);
     QCOMPARE(refuseHarmfulData(text), text);
     QCOMPARE(restoreRefusedData(text), text);
 }
 
-void tst_DataAddresses::refusedAddress_leadsNowhereAndComesBack()
+void tst_dataaddresses::refusedAddress_leadsNowhereAndComesBack()
 {
     const QString strText = "a<img src=\"data:image/png;base64," + base64(large())
         + "\">b<img src=\"data:image/png;base64," + base64(savedPicture("PNG")) + "\">c";
@@ -128,7 +128,7 @@ void tst_DataAddresses::refusedAddress_leadsNowhereAndComesBack()
     QCOMPARE(restoreRefusedData(strSafe), strText);
 }
 
-void tst_DataAddresses::bytesInOtherEncodings_areLookedAt_data()
+void tst_dataaddresses::bytesInOtherEncodings_areLookedAt_data()
 {
     QTest::addColumn<QByteArray>("codec");
     for (const char *szCodec :
@@ -136,7 +136,7 @@ void tst_DataAddresses::bytesInOtherEncodings_areLookedAt_data()
         QTest::newRow(szCodec) << QByteArray(szCodec);
 }
 
-void tst_DataAddresses::bytesInOtherEncodings_areLookedAt()
+void tst_dataaddresses::bytesInOtherEncodings_areLookedAt()
 {
     QFETCH(QByteArray, codec);
     const QTextCodec *pCodec = QTextCodec::codecForName(codec);
@@ -150,7 +150,7 @@ void tst_DataAddresses::bytesInOtherEncodings_areLookedAt()
     QVERIFY(pCodec->toUnicode(safe).startsWith(strHarmless));
 }
 
-void tst_DataAddresses::textMadeToBeReadForEver_isReadOnce()
+void tst_dataaddresses::textMadeToBeReadForEver_isReadOnce()
 {
     // Each address would be all the rest of the text.
     const QString strText = QStringLiteral("data:").repeated(100000);
@@ -158,7 +158,7 @@ void tst_DataAddresses::textMadeToBeReadForEver_isReadOnce()
     QCOMPARE(restoreRefusedData(refuseHarmfulData(strText)), strText);
 }
 
-void tst_DataAddresses::resource_isTextFontOrPicture_data()
+void tst_dataaddresses::resource_isTextFontOrPicture_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<bool>("harmless");
@@ -176,7 +176,7 @@ void tst_DataAddresses::resource_isTextFontOrPicture_data()
     QTest::newRow("program of a page") << QByteArray("%!PS") << false << false;
 }
 
-void tst_DataAddresses::resource_isTextFontOrPicture()
+void tst_dataaddresses::resource_isTextFontOrPicture()
 {
     QFETCH(QByteArray, data);
     QFETCH(bool, harmless);
@@ -186,7 +186,7 @@ void tst_DataAddresses::resource_isTextFontOrPicture()
 }
 
 // The engine would decode and keep it by itself, whatever it is.
-void tst_DataAddresses::icon_data()
+void tst_dataaddresses::icon_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<bool>("refused");
@@ -216,7 +216,7 @@ void tst_DataAddresses::icon_data()
     add("<!-- <link rel=icon href='data:,x'> -->", false);
 }
 
-void tst_DataAddresses::icon()
+void tst_dataaddresses::icon()
 {
     QFETCH(QString, html);
     QFETCH(bool, refused);
@@ -230,5 +230,5 @@ void tst_DataAddresses::icon()
         QVERIFY(restoreRefusedData(strSafe).contains(QLatin1String("data:")));
 }
 
-QTEST_GUILESS_MAIN(tst_DataAddresses)
+QTEST_GUILESS_MAIN(tst_dataaddresses)
 #include "tst_dataaddresses.moc"

@@ -18,7 +18,7 @@ constexpr int g_nMegabyte = 1024 * 1024;
 
 } // namespace
 
-class tst_Gunzip : public QObject
+class tst_gunzip : public QObject
 {
     Q_OBJECT
 
@@ -75,5 +75,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_Gunzip)
+QTEST_GUILESS_MAIN(tst_gunzip)
 #include "tst_gunzip.moc"

@@ -4,7 +4,7 @@
 #include <QTest>
 
 // The pieces of an HTML text.
-class tst_HtmlTokenizer : public QObject
+class tst_htmltokenizer : public QObject
 {
     Q_OBJECT
 
@@ -57,7 +57,7 @@ QString described(const QString &strHtml)
 
 } // namespace
 
-void tst_HtmlTokenizer::pieces_data()
+void tst_htmltokenizer::pieces_data()
 {
     QTest::addColumn<QString>("expected");
     const auto row = [](const char *szName, const char *szExpected) {
@@ -101,7 +101,7 @@ void tst_HtmlTokenizer::pieces_data()
     row("empty drawing", "S/[<svg/>] S[<style>] R[<y>] /[</style>]");
 }
 
-void tst_HtmlTokenizer::pieces()
+void tst_htmltokenizer::pieces()
 {
     QFETCH(QString, expected);
     // The pieces between "X[" and "] " of the description are the text.
@@ -114,7 +114,7 @@ void tst_HtmlTokenizer::pieces()
     QCOMPARE(described(strHtml), expected);
 }
 
-void tst_HtmlTokenizer::attributes_data()
+void tst_htmltokenizer::attributes_data()
 {
     QTest::addColumn<QString>("tag");
     QTest::addColumn<QString>("expected");
@@ -138,7 +138,7 @@ void tst_HtmlTokenizer::attributes_data()
                                        << "b='>'|c";
 }
 
-void tst_HtmlTokenizer::attributes()
+void tst_htmltokenizer::attributes()
 {
     QFETCH(QString, tag);
     QFETCH(QString, expected);
@@ -158,7 +158,7 @@ void tst_HtmlTokenizer::attributes()
     QCOMPARE(lstAttributes.join(QLatin1Char('|')), expected);
 }
 
-void tst_HtmlTokenizer::piecesPutTogether_areTheText()
+void tst_htmltokenizer::piecesPutTogether_areTheText()
 {
     const QStringList lstParts = {QStringLiteral("<"),          QStringLiteral(">"),
                                   QStringLiteral("/"),          QStringLiteral("!"),
@@ -192,7 +192,7 @@ void tst_HtmlTokenizer::piecesPutTogether_areTheText()
     }
 }
 
-void tst_HtmlTokenizer::openMarkup_takesLinearTime_data()
+void tst_htmltokenizer::openMarkup_takesLinearTime_data()
 {
     QTest::addColumn<QString>("part");
     for (const char *szPart :
@@ -202,7 +202,7 @@ void tst_HtmlTokenizer::openMarkup_takesLinearTime_data()
 }
 
 // Square time would be hours here; the test's own time limit tells.
-void tst_HtmlTokenizer::openMarkup_takesLinearTime()
+void tst_htmltokenizer::openMarkup_takesLinearTime()
 {
     QFETCH(QString, part);
     const QString strHtml = part.repeated(2000000 / part.size());
@@ -210,5 +210,5 @@ void tst_HtmlTokenizer::openMarkup_takesLinearTime()
     QCOMPARE(lstTokens.constLast().nEnd, strHtml.size());
 }
 
-QTEST_APPLESS_MAIN(tst_HtmlTokenizer)
+QTEST_APPLESS_MAIN(tst_htmltokenizer)
 #include "tst_htmltokenizer.moc"

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-class tst_ImageWidget : public QObject
+class tst_imagewidget : public QObject
 {
     Q_OBJECT
 
@@ -72,7 +72,7 @@ void writeFile(const QString &strPath, const QByteArray &data)
 
 } // namespace
 
-void tst_ImageWidget::paintedRectangle_data()
+void tst_imagewidget::paintedRectangle_data()
 {
     QTest::addColumn<QSize>("image");
     QTest::addColumn<QSize>("view");
@@ -89,7 +89,7 @@ void tst_ImageWidget::paintedRectangle_data()
     QTest::newRow("huge") << QSize(8000, 8000) << QSize(400, 300) << QRect(50, 0, 300, 300);
 }
 
-void tst_ImageWidget::paintedRectangle()
+void tst_imagewidget::paintedRectangle()
 {
     QFETCH(QSize, image);
     QFETCH(QSize, view);
@@ -104,14 +104,14 @@ void tst_ImageWidget::paintedRectangle()
     QCOMPARE(CImageWidget::targetRect(view, image), expected);
 }
 
-void tst_ImageWidget::everyFormat_isDrawn_data()
+void tst_imagewidget::everyFormat_isDrawn_data()
 {
     QTest::addColumn<QString>("name");
     for (const char *szName : {"a.png", "A.PNG", "photo.jpg", "photo.jpeg", "a.bmp"})
         QTest::newRow(szName) << QString::fromLatin1(szName);
 }
 
-void tst_ImageWidget::everyFormat_isDrawn()
+void tst_imagewidget::everyFormat_isDrawn()
 {
     QFETCH(QString, name);
     const QTemporaryDir folder;
@@ -121,7 +121,7 @@ void tst_ImageWidget::everyFormat_isDrawn()
     QCOMPARE(drawnRect(widget), QRect(150, 125, 100, 50));
 }
 
-void tst_ImageWidget::suffix_choosesTheFormat()
+void tst_imagewidget::suffix_choosesTheFormat()
 {
     const QTemporaryDir folder;
     CImageWidget widget;
@@ -135,7 +135,7 @@ void tst_ImageWidget::suffix_choosesTheFormat()
     QCOMPARE(drawnRect(widget), QRect(199, 149, 2, 2));
 }
 
-void tst_ImageWidget::brokenImage_isPlainWhite_data()
+void tst_imagewidget::brokenImage_isPlainWhite_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
@@ -150,7 +150,7 @@ void tst_ImageWidget::brokenImage_isPlainWhite_data()
         << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='1000000' height='1000000'/>");
 }
 
-void tst_ImageWidget::brokenImage_isPlainWhite()
+void tst_imagewidget::brokenImage_isPlainWhite()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
@@ -164,7 +164,7 @@ void tst_ImageWidget::brokenImage_isPlainWhite()
     QCOMPARE(widget.filePath(), folder.filePath(name));
 }
 
-void tst_ImageWidget::svgText_replacesTheFile()
+void tst_imagewidget::svgText_replacesTheFile()
 {
     const QTemporaryDir folder;
     CImageWidget widget;
@@ -179,7 +179,7 @@ void tst_ImageWidget::svgText_replacesTheFile()
     QVERIFY(widget.isNull());
 }
 
-void tst_ImageWidget::svgWithExternalEntity_readsNothing()
+void tst_imagewidget::svgWithExternalEntity_readsNothing()
 {
     CImageWidget widget;
     widget.resize(400, 300);
@@ -199,7 +199,7 @@ void tst_ImageWidget::svgWithExternalEntity_readsNothing()
     QVERIFY(time.elapsed() < 2000);
 }
 
-void tst_ImageWidget::svgWithLinkedImages_opensNone_data()
+void tst_imagewidget::svgWithLinkedImages_opensNone_data()
 {
     QTest::addColumn<QString>("image");
     QTest::newRow("link") << "<image xlink:href='%1' width='50' height='50'/>";
@@ -207,7 +207,7 @@ void tst_ImageWidget::svgWithLinkedImages_opensNone_data()
     QTest::newRow("other prefix") << "<s:image x:href='%1' width='50' height='50'/>";
 }
 
-void tst_ImageWidget::svgWithLinkedImages_opensNone()
+void tst_imagewidget::svgWithLinkedImages_opensNone()
 {
     QFETCH(QString, image);
     const QTemporaryDir folder;
@@ -230,7 +230,7 @@ void tst_ImageWidget::svgWithLinkedImages_opensNone()
     }
 }
 
-void tst_ImageWidget::svgWithItsOwnImage_showsIt()
+void tst_imagewidget::svgWithItsOwnImage_showsIt()
 {
     QByteArray png;
     QBuffer buffer(&png);
@@ -249,7 +249,7 @@ void tst_ImageWidget::svgWithItsOwnImage_showsIt()
     QCOMPARE(drawnRect(widget), QRect(0, 0, 70, 50));
 }
 
-void tst_ImageWidget::clearImage_forgetsPathAndImage()
+void tst_imagewidget::clearImage_forgetsPathAndImage()
 {
     const QTemporaryDir folder;
     CImageWidget widget;
@@ -261,7 +261,7 @@ void tst_ImageWidget::clearImage_forgetsPathAndImage()
     QCOMPARE(drawnRect(widget), QRect());
 }
 
-void tst_ImageWidget::transparentImage_liesOnWhite()
+void tst_imagewidget::transparentImage_liesOnWhite()
 {
     const QTemporaryDir folder;
     QImage image(50, 50, QImage::Format_ARGB32);
@@ -275,7 +275,7 @@ void tst_ImageWidget::transparentImage_liesOnWhite()
     QCOMPARE(drawnRect(widget), QRect());
 }
 
-void tst_ImageWidget::reload_readsTheFileAgain()
+void tst_imagewidget::reload_readsTheFileAgain()
 {
     const QTemporaryDir folder;
     CImageWidget widget;
@@ -287,7 +287,7 @@ void tst_ImageWidget::reload_readsTheFileAgain()
     QCOMPARE(drawnRect(widget), QRect(150, 125, 100, 50));
 }
 
-void tst_ImageWidget::reloadOfAVanishedFile_keepsTheImage()
+void tst_imagewidget::reloadOfAVanishedFile_keepsTheImage()
 {
     const QTemporaryDir folder;
     CImageWidget widget;
@@ -298,7 +298,7 @@ void tst_ImageWidget::reloadOfAVanishedFile_keepsTheImage()
     QCOMPARE(drawnRect(widget), QRect(150, 125, 100, 50));
 }
 
-void tst_ImageWidget::title_isTheFileName()
+void tst_imagewidget::title_isTheFileName()
 {
     CImageWidget widget;
     QCOMPARE(widget.getTitle(), QStringLiteral("Untitled"));
@@ -306,5 +306,5 @@ void tst_ImageWidget::title_isTheFileName()
     QCOMPARE(widget.getTitle(), QStringLiteral("photo.jpg"));
 }
 
-QTEST_MAIN(tst_ImageWidget)
+QTEST_MAIN(tst_imagewidget)
 #include "tst_imagewidget.moc"

@@ -10,7 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-class tst_LoadJournal : public QObject
+class tst_loadjournal : public QObject
 {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_pFolder;
 };
 
-void tst_LoadJournal::loadThatEnded_isForgotten()
+void tst_loadjournal::loadThatEnded_isForgotten()
 {
     CLoadJournal journal(folder());
     journal.begin(path("a.html"));
@@ -80,7 +80,7 @@ void tst_LoadJournal::loadThatEnded_isForgotten()
     QVERIFY(!journal.isBlamed(path("a.html")));
 }
 
-void tst_LoadJournal::loadThatEndedTheProgram_isBlamed()
+void tst_loadjournal::loadThatEndedTheProgram_isBlamed()
 {
     QVERIFY(!isBlamed("a.html"));
     crash({"a.html"});
@@ -89,13 +89,13 @@ void tst_LoadJournal::loadThatEndedTheProgram_isBlamed()
     QVERIFY(!isBlamed("b.html"));
 }
 
-void tst_LoadJournal::loadsAtTheSameTime_areAllBlamed()
+void tst_loadjournal::loadsAtTheSameTime_areAllBlamed()
 {
     crash({"a.html", "b.html"});
     QVERIFY(isBlamed("a.html") && isBlamed("b.html"));
 }
 
-void tst_LoadJournal::programThatEndsInOrder_blamesNothing()
+void tst_loadjournal::programThatEndsInOrder_blamesNothing()
 {
     {
         CLoadJournal journal(folder());
@@ -105,14 +105,14 @@ void tst_LoadJournal::programThatEndsInOrder_blamesNothing()
     QCOMPARE(notes(), QStringList());
 }
 
-void tst_LoadJournal::changedFile_isNotBlamed_data()
+void tst_loadjournal::changedFile_isNotBlamed_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("longer") << QByteArray("longer");
     QTest::newRow("as long") << QByteArray("two");
 }
 
-void tst_LoadJournal::changedFile_isNotBlamed()
+void tst_loadjournal::changedFile_isNotBlamed()
 {
     QFETCH(QByteArray, content);
     crash({"a.html"});
@@ -125,7 +125,7 @@ void tst_LoadJournal::changedFile_isNotBlamed()
     QCOMPARE(notes(), QStringList());
 }
 
-void tst_LoadJournal::programThatRuns_blamesNothing()
+void tst_loadjournal::programThatRuns_blamesNothing()
 {
     CLoadJournal journal(folder());
     journal.begin(path("a.html"));
@@ -137,7 +137,7 @@ void tst_LoadJournal::programThatRuns_blamesNothing()
     QCOMPARE(notes(), QStringList());
 }
 
-void tst_LoadJournal::forgivenFile_isBlamedOnlyAnew()
+void tst_loadjournal::forgivenFile_isBlamedOnlyAnew()
 {
     crash({"a.html", "b.html"});
     CLoadJournal journal(folder());
@@ -148,7 +148,7 @@ void tst_LoadJournal::forgivenFile_isBlamedOnlyAnew()
     QVERIFY(isBlamed("a.html"));
 }
 
-void tst_LoadJournal::crashAfterCrash_staysBlamed()
+void tst_loadjournal::crashAfterCrash_staysBlamed()
 {
     for (int n = 0; n < 3; ++n)
         crash({"a.html"});
@@ -158,7 +158,7 @@ void tst_LoadJournal::crashAfterCrash_staysBlamed()
     QCOMPARE(notes(), QStringList());
 }
 
-void tst_LoadJournal::sameFileTwice_isNotedTwice()
+void tst_loadjournal::sameFileTwice_isNotedTwice()
 {
     CLoadJournal journal(folder());
     journal.begin(path("a.html"));
@@ -169,7 +169,7 @@ void tst_LoadJournal::sameFileTwice_isNotedTwice()
     QCOMPARE(notes(), QStringList());
 }
 
-void tst_LoadJournal::oddNames_areBlamed()
+void tst_loadjournal::oddNames_areBlamed()
 {
     const QString strName = QString::fromUtf8("a\n\t%1 \u65e5\u202e.html");
     write(strName, "x");
@@ -177,7 +177,7 @@ void tst_LoadJournal::oddNames_areBlamed()
     QVERIFY(isBlamed(strName));
 }
 
-void tst_LoadJournal::missingFile_isNeverBlamed()
+void tst_loadjournal::missingFile_isNeverBlamed()
 {
     crash({"none.html"});
     QCOMPARE(notes(), QStringList());
@@ -187,7 +187,7 @@ void tst_LoadJournal::missingFile_isNeverBlamed()
     QVERIFY(!isBlamed("a.html"));
 }
 
-void tst_LoadJournal::folderThatCannotBeMade_notesNothing()
+void tst_loadjournal::folderThatCannotBeMade_notesNothing()
 {
     write("journal", "a file");
     CLoadJournal journal(folder());
@@ -196,7 +196,7 @@ void tst_LoadJournal::folderThatCannotBeMade_notesNothing()
     QVERIFY(!journal.isBlamed(path("a.html")));
 }
 
-void tst_LoadJournal::nonsenseInTheFolder_isPassedOver()
+void tst_loadjournal::nonsenseInTheFolder_isPassedOver()
 {
     crash({"a.html"});
     write("journal/x.load", QByteArray("\0\xff\n\n\n", 5));
@@ -208,7 +208,7 @@ void tst_LoadJournal::nonsenseInTheFolder_isPassedOver()
     QVERIFY(!isBlamed("b.html"));
 }
 
-void tst_LoadJournal::notes_areTheUsersAlone()
+void tst_loadjournal::notes_areTheUsersAlone()
 {
     crash({"a.html"});
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
@@ -218,5 +218,5 @@ void tst_LoadJournal::notes_areTheUsersAlone()
              QFile::Permissions());
 }
 
-QTEST_GUILESS_MAIN(tst_LoadJournal)
+QTEST_GUILESS_MAIN(tst_loadjournal)
 #include "tst_loadjournal.moc"

@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-class tst_LocalResources : public QObject
+class tst_localresources : public QObject
 {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private:
     static void touch(const QString &strPath);
 };
 
-void tst_LocalResources::touch(const QString &strPath)
+void tst_localresources::touch(const QString &strPath)
 {
     QDir().mkpath(QFileInfo(strPath).path());
     QFile file(strPath);
@@ -34,7 +34,7 @@ void tst_LocalResources::touch(const QString &strPath)
     file.write("x");
 }
 
-void tst_LocalResources::mayReadLocal_data()
+void tst_localresources::mayReadLocal_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("file");
@@ -58,7 +58,7 @@ void tst_LocalResources::mayReadLocal_data()
                                                  << "place/common/a.css" << false;
 }
 
-void tst_LocalResources::mayReadLocal()
+void tst_localresources::mayReadLocal()
 {
     QFETCH(QString, page);
     QFETCH(QString, file);
@@ -80,7 +80,7 @@ void tst_LocalResources::mayReadLocal()
     QCOMPARE(bAllowed, allowed);
 }
 
-void tst_LocalResources::linkOutOfTheSite_isRefused()
+void tst_localresources::linkOutOfTheSite_isRefused()
 {
     QTemporaryDir folder;
     QTemporaryDir folderElsewhere;
@@ -91,7 +91,7 @@ void tst_LocalResources::linkOutOfTheSite_isRefused()
     QVERIFY(!::mayReadLocal(folder.filePath(QStringLiteral("page.html")), strLink));
 }
 
-void tst_LocalResources::deviceAndFolder_areRefused()
+void tst_localresources::deviceAndFolder_areRefused()
 {
     QTemporaryDir folder;
     touch(folder.filePath(QStringLiteral("sub/page.html")));
@@ -100,7 +100,7 @@ void tst_LocalResources::deviceAndFolder_areRefused()
     QVERIFY(!::mayReadLocal(QStringLiteral("/dev/page.html"), QStringLiteral("/dev/zero")));
 }
 
-void tst_LocalResources::siteFolder_stopsBelowHome()
+void tst_localresources::siteFolder_stopsBelowHome()
 {
     QDir dirHome = QDir::home();
     QVERIFY(dirHome.mkpath(QStringLiteral("site/pages")));
@@ -114,7 +114,7 @@ void tst_LocalResources::siteFolder_stopsBelowHome()
              QString(strHome + QStringLiteral("/site")));
 }
 
-void tst_LocalResources::network_data()
+void tst_localresources::network_data()
 {
     QTest::addColumn<QString>("document");
     QTest::addColumn<QString>("url");
@@ -148,7 +148,7 @@ void tst_LocalResources::network_data()
                                             << "file:///dev/zero" << false;
 }
 
-void tst_LocalResources::network()
+void tst_localresources::network()
 {
     QFETCH(QString, document);
     QFETCH(QString, url);
@@ -158,7 +158,7 @@ void tst_LocalResources::network()
     QCOMPARE(network.isAllowed(QUrl(url)), allowed);
 }
 
-void tst_LocalResources::refusals_areToldByTheEventLoop()
+void tst_localresources::refusals_areToldByTheEventLoop()
 {
     CPageNetwork network;
     network.setDocument(QUrl("file:///x/page.html"));
@@ -181,5 +181,5 @@ void tst_LocalResources::refusals_areToldByTheEventLoop()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_LocalResources)
+QTEST_GUILESS_MAIN(tst_localresources)
 #include "tst_localresources.moc"

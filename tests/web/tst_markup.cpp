@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-class tst_Markup : public QObject
+class tst_markup : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private slots:
     void firstFontFamily();
 };
 
-void tst_Markup::repairSerialised_data()
+void tst_markup::repairSerialised_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("expected");
@@ -58,14 +58,14 @@ void tst_Markup::repairSerialised_data()
                                       << "<!-- ?xml ? --><html>";
 }
 
-void tst_Markup::repairSerialised()
+void tst_markup::repairSerialised()
 {
     QFETCH(QString, html);
     QFETCH(QString, expected);
     QCOMPARE(::repairSerialised(html), expected);
 }
 
-void tst_Markup::scriptString_data()
+void tst_markup::scriptString_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
@@ -83,14 +83,14 @@ void tst_Markup::scriptString_data()
     QTest::newRow("not ASCII") << QStringLiteral("é中") << QStringLiteral("\"é中\"");
 }
 
-void tst_Markup::scriptString()
+void tst_markup::scriptString()
 {
     QFETCH(QString, text);
     QFETCH(QString, expected);
     QCOMPARE(::scriptString(text), expected);
 }
 
-void tst_Markup::colorFromCss_data()
+void tst_markup::colorFromCss_data()
 {
     QTest::addColumn<QString>("css");
     QTest::addColumn<QColor>("expected");
@@ -106,7 +106,7 @@ void tst_Markup::colorFromCss_data()
     QTest::newRow("nonsense") << "rgb(1, 2)" << QColor();
 }
 
-void tst_Markup::colorFromCss()
+void tst_markup::colorFromCss()
 {
     QFETCH(QString, css);
     QFETCH(QColor, expected);
@@ -115,7 +115,7 @@ void tst_Markup::colorFromCss()
     QCOMPARE(clr.rgba(), expected.rgba());
 }
 
-void tst_Markup::firstFontFamily_data()
+void tst_markup::firstFontFamily_data()
 {
     QTest::addColumn<QString>("css");
     QTest::addColumn<QString>("expected");
@@ -138,12 +138,12 @@ void tst_Markup::firstFontFamily_data()
                             << "Arial";
 }
 
-void tst_Markup::firstFontFamily()
+void tst_markup::firstFontFamily()
 {
     QFETCH(QString, css);
     QFETCH(QString, expected);
     QCOMPARE(::firstFontFamily(css), expected);
 }
 
-QTEST_GUILESS_MAIN(tst_Markup)
+QTEST_GUILESS_MAIN(tst_markup)
 #include "tst_markup.moc"

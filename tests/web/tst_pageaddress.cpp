@@ -4,7 +4,7 @@
 #include <QWebElement>
 
 // Refresh, links, the history: which address is the document.
-class tst_PageAddress : public QObject
+class tst_pageaddress : public QObject
 {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private slots:
     void pageThatNeverEndsLoading_closesCleanly();
 };
 
-void tst_PageAddress::refresh_readsTheFileAgain()
+void tst_pageaddress::refresh_readsTheFileAgain()
 {
     const CWebCase c;
     CEditWebView view;
@@ -37,7 +37,7 @@ void tst_PageAddress::refresh_readsTheFileAgain()
     QTRY_COMPARE(textOf(&view), QStringLiteral("new"));
 }
 
-void tst_PageAddress::refreshOfAVanishedFile_keepsThePage()
+void tst_pageaddress::refreshOfAVanishedFile_keepsThePage()
 {
     const CWebCase c;
     CEditWebView view;
@@ -55,7 +55,7 @@ void tst_PageAddress::refreshOfAVanishedFile_keepsThePage()
     QVERIFY(view.showsOwnFile());
 }
 
-void tst_PageAddress::refreshAfterSaveAs_readsTheNewFile()
+void tst_pageaddress::refreshAfterSaveAs_readsTheNewFile()
 {
     const CWebCase c;
     CEditWebView view;
@@ -67,7 +67,7 @@ void tst_PageAddress::refreshAfterSaveAs_readsTheNewFile()
     QVERIFY(view.showsOwnFile());
 }
 
-void tst_PageAddress::refreshOfANewPage_doesNothing()
+void tst_pageaddress::refreshOfANewPage_doesNothing()
 {
     const CWebCase c;
     CEditWebView view;
@@ -77,14 +77,14 @@ void tst_PageAddress::refreshOfANewPage_doesNothing()
     QCOMPARE(textOf(&view), QStringLiteral("typed"));
 }
 
-void tst_PageAddress::backToASavedFile_showsWhatWasSaved_data()
+void tst_pageaddress::backToASavedFile_showsWhatWasSaved_data()
 {
     QTest::addColumn<bool>("twice");
     QTest::newRow("shown once") << false;
     QTest::newRow("another view shows the old one") << true;
 }
 
-void tst_PageAddress::backToASavedFile_showsWhatWasSaved()
+void tst_pageaddress::backToASavedFile_showsWhatWasSaved()
 {
     QFETCH(bool, twice);
     const CWebCase c;
@@ -108,7 +108,7 @@ void tst_PageAddress::backToASavedFile_showsWhatWasSaved()
     QTRY_COMPARE(textOf(&view), QStringLiteral("other"));
 }
 
-void tst_PageAddress::foreignAddress_isNotTheDocument()
+void tst_pageaddress::foreignAddress_isNotTheDocument()
 {
     const CWebCase c;
     CEditWebView view;
@@ -126,7 +126,7 @@ void tst_PageAddress::foreignAddress_isNotTheDocument()
     QVERIFY(view.showsOwnFile());
 }
 
-void tst_PageAddress::saveAsOfAForeignAddress_makesItTheDocument()
+void tst_pageaddress::saveAsOfAForeignAddress_makesItTheDocument()
 {
     const CWebCase c;
     CEditWebView view;
@@ -140,7 +140,7 @@ void tst_PageAddress::saveAsOfAForeignAddress_makesItTheDocument()
     QVERIFY(!view.showsOwnFile());
 }
 
-void tst_PageAddress::followedLink_asksWhenModified_data()
+void tst_pageaddress::followedLink_asksWhenModified_data()
 {
     QTest::addColumn<bool>("modified");
     QTest::addColumn<bool>("answer");
@@ -151,7 +151,7 @@ void tst_PageAddress::followedLink_asksWhenModified_data()
     QTest::newRow("modified, is kept") << true << false << 1 << "link";
 }
 
-void tst_PageAddress::followedLink_asksWhenModified()
+void tst_pageaddress::followedLink_asksWhenModified()
 {
     QFETCH(bool, modified);
     QFETCH(bool, answer);
@@ -189,7 +189,7 @@ void tst_PageAddress::followedLink_asksWhenModified()
     QCOMPARE(view.showsOwnFile(), shown == QLatin1String("link"));
 }
 
-void tst_PageAddress::linkToAnAnchor_staysTheDocument()
+void tst_pageaddress::linkToAnAnchor_staysTheDocument()
 {
     const CWebCase c;
     CEditWebView view;
@@ -210,7 +210,7 @@ void tst_PageAddress::linkToAnAnchor_staysTheDocument()
     QVERIFY(view.isModified());
 }
 
-void tst_PageAddress::back_asksWhenModified()
+void tst_pageaddress::back_asksWhenModified()
 {
     const CWebCase c;
     CEditWebView view;
@@ -227,7 +227,7 @@ void tst_PageAddress::back_asksWhenModified()
     QVERIFY(!view.isModified());
 }
 
-void tst_PageAddress::icon_isThePagesOwn()
+void tst_pageaddress::icon_isThePagesOwn()
 {
     const CWebCase c;
     CEditWebView view;
@@ -246,7 +246,7 @@ void tst_PageAddress::icon_isThePagesOwn()
     QVERIFY(view.icon().isNull());
 }
 
-void tst_PageAddress::openingAgain_showsWhatWasSaved()
+void tst_pageaddress::openingAgain_showsWhatWasSaved()
 {
     const CWebCase c;
     CEditWebView view;
@@ -260,7 +260,7 @@ void tst_PageAddress::openingAgain_showsWhatWasSaved()
     QTRY_COMPARE(textOf(&viewOther), QStringLiteral("saved"));
 }
 
-void tst_PageAddress::pageThatNeverEndsLoading_closesCleanly()
+void tst_pageaddress::pageThatNeverEndsLoading_closesCleanly()
 {
     const CWebCase c;
     QTcpServer server; // Accepts and never answers.
@@ -272,5 +272,5 @@ void tst_PageAddress::pageThatNeverEndsLoading_closesCleanly()
     delete pView;
 }
 
-QTEST_MAIN(tst_PageAddress)
+QTEST_MAIN(tst_pageaddress)
 #include "tst_pageaddress.moc"

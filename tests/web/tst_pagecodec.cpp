@@ -47,7 +47,7 @@ void undeclaredPages()
 
 } // namespace
 
-class tst_PageCodec : public QObject
+class tst_pagecodec : public QObject
 {
     Q_OBJECT
 
@@ -68,7 +68,7 @@ private slots:
     void pageWhole();
 };
 
-void tst_PageCodec::undeclaredPage_opensRight()
+void tst_pagecodec::undeclaredPage_opensRight()
 {
     QFETCH(QByteArray, codec);
     QFETCH(QString, text);
@@ -81,7 +81,7 @@ void tst_PageCodec::undeclaredPage_opensRight()
     QVERIFY(view.htmlForSaving().contains(text.toUtf8()));
 }
 
-void tst_PageCodec::undeclaredPage_writtenAnewInAnotherEncoding_isReadAgainRight()
+void tst_pagecodec::undeclaredPage_writtenAnewInAnotherEncoding_isReadAgainRight()
 {
     const CWebCase c;
     const QString strText = QString::fromUtf8("Страница без объявления кодировки.");
@@ -98,7 +98,7 @@ void tst_PageCodec::undeclaredPage_writtenAnewInAnotherEncoding_isReadAgainRight
     }
 }
 
-void tst_PageCodec::undeclaredPage_isPreviewedRight()
+void tst_pagecodec::undeclaredPage_isPreviewedRight()
 {
     QFETCH(QByteArray, codec);
     QFETCH(QString, text);
@@ -111,7 +111,7 @@ void tst_PageCodec::undeclaredPage_isPreviewedRight()
     QTRY_COMPARE(pView->page()->mainFrame()->toPlainText().trimmed(), text);
 }
 
-void tst_PageCodec::declaration_isBelievedBeforeTheDetection()
+void tst_pagecodec::declaration_isBelievedBeforeTheDetection()
 {
     const CWebCase c;
     const QByteArray page = "<html><head><meta charset=iso-8859-5></head><body>"
@@ -121,7 +121,7 @@ void tst_PageCodec::declaration_isBelievedBeforeTheDetection()
     QCOMPARE(textOf(&view).trimmed(), QString::fromUtf8("РСТабв"));
 }
 
-void tst_PageCodec::textAndUndeclaredPage_areIndependentOfWhatWasShownBefore()
+void tst_pagecodec::textAndUndeclaredPage_areIndependentOfWhatWasShownBefore()
 {
     const CWebCase c;
     CEditWebView view;
@@ -139,7 +139,7 @@ void tst_PageCodec::textAndUndeclaredPage_areIndependentOfWhatWasShownBefore()
     QCOMPARE(textOf(&view).trimmed(), QString::fromUtf8("Grüße"));
 }
 
-void tst_PageCodec::declaredName_data()
+void tst_pagecodec::declaredName_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("name");
@@ -160,13 +160,13 @@ void tst_PageCodec::declaredName_data()
     row("<meta charset", "");
 }
 
-void tst_PageCodec::declaredName()
+void tst_pagecodec::declaredName()
 {
     QFETCH(QString, html);
     QTEST(declaredCharset(html), "name");
 }
 
-void tst_PageCodec::codecName_data()
+void tst_pagecodec::codecName_data()
 {
     QTest::addColumn<QByteArray>("page");
     QTest::addColumn<QString>("name");
@@ -191,13 +191,13 @@ void tst_PageCodec::codecName_data()
         "windows-1252");
 }
 
-void tst_PageCodec::codecName()
+void tst_pagecodec::codecName()
 {
     QFETCH(QByteArray, page);
     QTEST(pageCodecName(page), "name");
 }
 
-void tst_PageCodec::pageWhole_data()
+void tst_pagecodec::pageWhole_data()
 {
     QTest::addColumn<QByteArray>("page");
     QTest::addColumn<bool>("whole");
@@ -213,11 +213,11 @@ void tst_PageCodec::pageWhole_data()
     QTest::newRow("cut off") << QByteArray("<meta charset=shift_jis>\x83J\x83") << false;
 }
 
-void tst_PageCodec::pageWhole()
+void tst_pagecodec::pageWhole()
 {
     QFETCH(QByteArray, page);
     QTEST(isPageWhole(page), "whole");
 }
 
-QTEST_MAIN(tst_PageCodec)
+QTEST_MAIN(tst_pagecodec)
 #include "tst_pagecodec.moc"

@@ -6,7 +6,7 @@
 #include <QTextCodec>
 
 // The page as a document: loading, saving, title, modified flag.
-class tst_PageDocument : public QObject
+class tst_pagedocument : public QObject
 {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ private slots:
     void deepNestingAndLongLines_areTaken();
 };
 
-void tst_PageDocument::newPage_isEmptyUntitledAndClean()
+void tst_pagedocument::newPage_isEmptyUntitledAndClean()
 {
     const CWebCase c;
     CEditWebView view;
@@ -45,7 +45,7 @@ void tst_PageDocument::newPage_isEmptyUntitledAndClean()
     QVERIFY(view.sourceEdit()->isModified());
 }
 
-void tst_PageDocument::title_data()
+void tst_pagedocument::title_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("expected");
@@ -55,7 +55,7 @@ void tst_PageDocument::title_data()
     QTest::newRow("markup in the title") << page("x", "<title><b>x</b></title>") << "<b>x</b>";
 }
 
-void tst_PageDocument::title()
+void tst_pagedocument::title()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, expected);
@@ -67,7 +67,7 @@ void tst_PageDocument::title()
     QCOMPARE(view.getTitle(), QString(expected + QLatin1Char('*')));
 }
 
-void tst_PageDocument::missingFile_loadsNothing_data()
+void tst_pagedocument::missingFile_loadsNothing_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("missing") << "none.html";
@@ -75,7 +75,7 @@ void tst_PageDocument::missingFile_loadsNothing_data()
     QTest::newRow("empty path") << "";
 }
 
-void tst_PageDocument::missingFile_loadsNothing()
+void tst_pagedocument::missingFile_loadsNothing()
 {
     QFETCH(QString, name);
     const CWebCase c;
@@ -88,7 +88,7 @@ void tst_PageDocument::missingFile_loadsNothing()
     QCOMPARE(textOf(&view), QStringLiteral("before"));
 }
 
-void tst_PageDocument::load_leavesThePageClean()
+void tst_pagedocument::load_leavesThePageClean()
 {
     const CWebCase c;
     CEditWebView view;
@@ -100,14 +100,14 @@ void tst_PageDocument::load_leavesThePageClean()
     QCOMPARE(view.sourceEdit()->pathFileName(), c.path(QStringLiteral("a.html")));
 }
 
-void tst_PageDocument::loadThatRaisesChanges_keepsTheFlag_data()
+void tst_pagedocument::loadThatRaisesChanges_keepsTheFlag_data()
 {
     QTest::addColumn<bool>("modified");
     QTest::newRow("clean") << false;
     QTest::newRow("modified") << true;
 }
 
-void tst_PageDocument::loadThatRaisesChanges_keepsTheFlag()
+void tst_pagedocument::loadThatRaisesChanges_keepsTheFlag()
 {
     QFETCH(bool, modified);
     const CWebCase c;
@@ -124,7 +124,7 @@ void tst_PageDocument::loadThatRaisesChanges_keepsTheFlag()
     QCOMPARE(view.sourceEdit()->isModified(), modified);
 }
 
-void tst_PageDocument::savedPage_keepsItsText_data()
+void tst_pagedocument::savedPage_keepsItsText_data()
 {
     QTest::addColumn<QByteArray>("codec");
     QTest::addColumn<QByteArray>("head");
@@ -153,7 +153,7 @@ void tst_PageDocument::savedPage_keepsItsText_data()
         << QByteArray("UTF-16") << QByteArray() << strChinese << QByteArray();
 }
 
-void tst_PageDocument::savedPage_keepsItsText()
+void tst_pagedocument::savedPage_keepsItsText()
 {
     QFETCH(QByteArray, codec);
     QFETCH(QByteArray, head);
@@ -186,7 +186,7 @@ void tst_PageDocument::savedPage_keepsItsText()
     QCOMPARE(textOf(&view), textOf(&viewAgain));
 }
 
-void tst_PageDocument::savedPage_isStable_data()
+void tst_pagedocument::savedPage_isStable_data()
 {
     QTest::addColumn<QByteArray>("content");
 
@@ -247,7 +247,7 @@ void tst_PageDocument::savedPage_isStable_data()
     QTest::newRow("deep nesting") << page(QByteArray("<div>").repeated(300) + "x");
 }
 
-void tst_PageDocument::savedPage_isStable()
+void tst_pagedocument::savedPage_isStable()
 {
     QFETCH(QByteArray, content);
     const CWebCase c;
@@ -265,7 +265,7 @@ void tst_PageDocument::savedPage_isStable()
     QCOMPARE(textOf(&viewAgain), strText);
 }
 
-void tst_PageDocument::doctypeAndCommentsSurvive()
+void tst_pagedocument::doctypeAndCommentsSurvive()
 {
     const CWebCase c;
     CEditWebView view;
@@ -282,7 +282,7 @@ void tst_PageDocument::doctypeAndCommentsSurvive()
     QVERIFY(view.htmlForSaving().startsWith("<?xml version=\"1.0\" encoding=\"utf-8\"?>"));
 }
 
-void tst_PageDocument::controlKey_leavesNoTraceInThePage()
+void tst_pagedocument::controlKey_leavesNoTraceInThePage()
 {
     const CWebCase c;
     CEditWebView view;
@@ -299,7 +299,7 @@ void tst_PageDocument::controlKey_leavesNoTraceInThePage()
     QCOMPARE(view.toHtml(), strStyled);
 }
 
-void tst_PageDocument::largePage_isWhole()
+void tst_pagedocument::largePage_isWhole()
 {
     const CWebCase c;
     const QByteArray body =
@@ -311,7 +311,7 @@ void tst_PageDocument::largePage_isWhole()
     QVERIFY(view.sourceEdit()->getText().toUtf8().contains(body.trimmed()));
 }
 
-void tst_PageDocument::deepNestingAndLongLines_areTaken_data()
+void tst_pagedocument::deepNestingAndLongLines_areTaken_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("nested blocks") << QByteArray("<div>").repeated(3000);
@@ -322,7 +322,7 @@ void tst_PageDocument::deepNestingAndLongLines_areTaken_data()
     QTest::newRow("many declarations") << QByteArray("<meta charset=gbk>").repeated(20000);
 }
 
-void tst_PageDocument::deepNestingAndLongLines_areTaken()
+void tst_pagedocument::deepNestingAndLongLines_areTaken()
 {
     QFETCH(QByteArray, content);
     const CWebCase c;
@@ -338,5 +338,5 @@ void tst_PageDocument::deepNestingAndLongLines_areTaken()
     QVERIFY2(time.elapsed() < 10000, qPrintable(QString::number(time.elapsed())));
 }
 
-QTEST_MAIN(tst_PageDocument)
+QTEST_MAIN(tst_pagedocument)
 #include "tst_pagedocument.moc"

@@ -6,7 +6,7 @@
 #include <QMimeData>
 
 // Commands on the selection, queries of its format.
-class tst_PageEditing : public CPageTest
+class tst_pageediting : public CPageTest
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private slots:
     void cutCopyPaste_workWhileControlIsHeld();
 };
 
-void tst_PageEditing::boldItalicUnderline_areSetAndShown_data()
+void tst_pageediting::boldItalicUnderline_areSetAndShown_data()
 {
     QTest::addColumn<int>("action");
     QTest::addColumn<QString>("html");
@@ -44,7 +44,7 @@ void tst_PageEditing::boldItalicUnderline_areSetAndShown_data()
     QTest::newRow("underline") << int(QWebPage::ToggleUnderline) << "<p><u>abc</u></p>" << 4;
 }
 
-void tst_PageEditing::boldItalicUnderline_areSetAndShown()
+void tst_pageediting::boldItalicUnderline_areSetAndShown()
 {
     QFETCH(int, action);
     QFETCH(QString, html);
@@ -64,7 +64,7 @@ void tst_PageEditing::boldItalicUnderline_areSetAndShown()
     QCOMPARE(shown(), 0);
 }
 
-void tst_PageEditing::fontName_isSetAndShown_data()
+void tst_pageediting::fontName_isSetAndShown_data()
 {
     QTest::addColumn<QString>("family");
     QTest::newRow("plain") << "Arial";
@@ -75,7 +75,7 @@ void tst_PageEditing::fontName_isSetAndShown_data()
     QTest::newRow("not ASCII") << QStringLiteral("微软雅黑");
 }
 
-void tst_PageEditing::fontName_isSetAndShown()
+void tst_pageediting::fontName_isSetAndShown()
 {
     QFETCH(QString, family);
     set(QStringLiteral("<p>abc</p>"));
@@ -89,7 +89,7 @@ void tst_PageEditing::fontName_isSetAndShown()
     QCOMPARE(m_pView->foreColor(), QColor(Qt::black));
 }
 
-void tst_PageEditing::fontSize_isSetAndShown_data()
+void tst_pageediting::fontSize_isSetAndShown_data()
 {
     QTest::addColumn<QString>("size");
     QTest::addColumn<QString>("css");
@@ -114,7 +114,7 @@ void tst_PageEditing::fontSize_isSetAndShown_data()
                            << "72";
 }
 
-void tst_PageEditing::fontSize_isSetAndShown()
+void tst_pageediting::fontSize_isSetAndShown()
 {
     QFETCH(QString, size);
     QFETCH(QString, css);
@@ -140,7 +140,7 @@ void tst_PageEditing::fontSize_isSetAndShown()
         QCOMPARE(strSize.chopped(2).toDouble(), dPixels);
 }
 
-void tst_PageEditing::fontSize_ofPartOfAText_isChangedAgain()
+void tst_pageediting::fontSize_ofPartOfAText_isChangedAgain()
 {
     set(QStringLiteral(
         "<p>abc</p><p style='font-size: -webkit-xxx-large'>own</p><p><font size=7>old</font></p>"));
@@ -160,7 +160,7 @@ void tst_PageEditing::fontSize_ofPartOfAText_isChangedAgain()
     QVERIFY(body().contains(QLatin1String("<font size=\"7\">old</font>")));
 }
 
-void tst_PageEditing::fontSize_atTheCaret_isThatOfTheTypedText()
+void tst_pageediting::fontSize_atTheCaret_isThatOfTheTypedText()
 {
     set(QStringLiteral("<p>abc</p>"));
     m_pView->setFocus();
@@ -183,7 +183,7 @@ void tst_PageEditing::fontSize_atTheCaret_isThatOfTheTypedText()
     QVERIFY2(body().startsWith(QLatin1String("<p>zabc")), qPrintable(body()));
 }
 
-void tst_PageEditing::fontSize_isUndone()
+void tst_pageediting::fontSize_isUndone()
 {
     set(QStringLiteral("<p>abc</p>"));
     selectElement(m_pView, QStringLiteral("p"));
@@ -195,14 +195,14 @@ void tst_PageEditing::fontSize_isUndone()
     QCOMPARE(body(), strSized);
 }
 
-void tst_PageEditing::fontSize_ofNonsense_changesNothing_data()
+void tst_pageediting::fontSize_ofNonsense_changesNothing_data()
 {
     QTest::addColumn<QString>("size");
     for (const char *szSize : {"", "abc", "0", "-5", "12em", "1e3", "12;color:red", "99999"})
         QTest::newRow(szSize) << QString::fromLatin1(szSize);
 }
 
-void tst_PageEditing::fontSize_ofNonsense_changesNothing()
+void tst_pageediting::fontSize_ofNonsense_changesNothing()
 {
     QFETCH(QString, size);
     set(QStringLiteral("<p>abc</p>"));
@@ -211,7 +211,7 @@ void tst_PageEditing::fontSize_ofNonsense_changesNothing()
     QCOMPARE(body(), QStringLiteral("<p>abc</p>"));
 }
 
-void tst_PageEditing::colours_areSetAndShown_data()
+void tst_pageediting::colours_areSetAndShown_data()
 {
     QTest::addColumn<QString>("colour");
     QTest::newRow("hash") << "#ff8000";
@@ -219,7 +219,7 @@ void tst_PageEditing::colours_areSetAndShown_data()
     QTest::newRow("rgb") << "rgb(1, 2, 3)";
 }
 
-void tst_PageEditing::colours_areSetAndShown()
+void tst_pageediting::colours_areSetAndShown()
 {
     QFETCH(QString, colour);
     const QColor clr = colour.startsWith(QLatin1String("rgb")) ? QColor(1, 2, 3) : QColor(colour);
@@ -238,7 +238,7 @@ void tst_PageEditing::colours_areSetAndShown()
     QCOMPARE(m_pView->backColor().alpha(), 0);
 }
 
-void tst_PageEditing::colours_ofNonsense_changeNothing()
+void tst_pageediting::colours_ofNonsense_changeNothing()
 {
     set(QStringLiteral("<p>abc</p>"));
     selectElement(m_pView, QStringLiteral("p"));
@@ -247,7 +247,7 @@ void tst_PageEditing::colours_ofNonsense_changeNothing()
     QCOMPARE(body(), QStringLiteral("<p>abc</p>"));
 }
 
-void tst_PageEditing::queriesOfANewPage_haveAnAnswer()
+void tst_pageediting::queriesOfANewPage_haveAnAnswer()
 {
     QVERIFY(!m_pView->isBold());
     QVERIFY(!m_pView->isItalic());
@@ -256,7 +256,7 @@ void tst_PageEditing::queriesOfANewPage_haveAnAnswer()
     QCOMPARE(m_pView->fontSize(), QStringLiteral("12"));
 }
 
-void tst_PageEditing::clobberedDocument_isStillEdited()
+void tst_pageediting::clobberedDocument_isStillEdited()
 {
     set(QStringLiteral("<p>abc</p><img name=execCommand><img name=queryCommandState>"
                        "<img name=queryCommandValue><img name=querySelectorAll><img name=body>"
@@ -268,7 +268,7 @@ void tst_PageEditing::clobberedDocument_isStillEdited()
     QCOMPARE(m_pView->fontSize(), QStringLiteral("20"));
 }
 
-void tst_PageEditing::insertHtml_replacesTheSelection_data()
+void tst_pageediting::insertHtml_replacesTheSelection_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("expected");
@@ -284,7 +284,7 @@ void tst_PageEditing::insertHtml_replacesTheSelection_data()
                              << "<p>a &nbsp;c</p>";
 }
 
-void tst_PageEditing::insertHtml_replacesTheSelection()
+void tst_pageediting::insertHtml_replacesTheSelection()
 {
     QFETCH(QString, html);
     QFETCH(QString, expected);
@@ -296,7 +296,7 @@ void tst_PageEditing::insertHtml_replacesTheSelection()
     QCOMPARE(body(), expected);
 }
 
-void tst_PageEditing::textDirection_isSet()
+void tst_pageediting::textDirection_isSet()
 {
     set(QStringLiteral("<p>abc</p>"));
     selectElement(m_pView, QStringLiteral("p"));
@@ -308,7 +308,7 @@ void tst_PageEditing::textDirection_isSet()
     QCOMPARE(run(m_pView, strDirection).toString(), QStringLiteral("ltr"));
 }
 
-void tst_PageEditing::undoAndRedo_followThePage()
+void tst_pageediting::undoAndRedo_followThePage()
 {
     set(QStringLiteral("<p>abc</p>"));
     QVERIFY(!m_pView->pageAction(QWebPage::Undo)->isEnabled());
@@ -322,7 +322,7 @@ void tst_PageEditing::undoAndRedo_followThePage()
     QCOMPARE(textOf(m_pView), QStringLiteral("x"));
 }
 
-void tst_PageEditing::cutCopyPaste_workWhileControlIsHeld()
+void tst_pageediting::cutCopyPaste_workWhileControlIsHeld()
 {
     set(QStringLiteral("<p>abc</p>"));
     QTest::keyPress(m_pView, Qt::Key_Control);
@@ -339,5 +339,5 @@ void tst_PageEditing::cutCopyPaste_workWhileControlIsHeld()
     QVERIFY(m_pView->page()->isContentEditable());
 }
 
-QTEST_MAIN(tst_PageEditing)
+QTEST_MAIN(tst_pageediting)
 #include "tst_pageediting.moc"

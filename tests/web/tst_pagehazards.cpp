@@ -7,7 +7,7 @@ Q_DECLARE_METATYPE(EPageHazard)
 
 // What of a page's source ends the page engine or keeps it busy; and that pages of the world, and
 // what is only many, hold none of it.
-class tst_PageHazards : public QObject
+class tst_pagehazards : public QObject
 {
     Q_OBJECT
 
@@ -57,7 +57,7 @@ const char g_szReflection[] = "<p><span style='-webkit-box-reflect:below 0'>";
 
 } // namespace
 
-void tst_PageHazards::hazard_data()
+void tst_pagehazards::hazard_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<EPageHazard>("hazard");
@@ -109,19 +109,19 @@ void tst_PageHazards::hazard_data()
     add("low cells", "<table>" + times("<tr><td rowspan=50 colspan=9>x", 5000), H::None);
 }
 
-void tst_PageHazards::hazard()
+void tst_pagehazards::hazard()
 {
     QFETCH(QString, html);
     QTEST(pageHazard(html), "hazard");
 }
 
-void tst_PageHazards::hazardOfXml_isTheDepthOfAStack()
+void tst_pagehazards::hazardOfXml_isTheDepthOfAStack()
 {
     QCOMPARE(pageHazard(times("<div>", 501), true), EPageHazard::Nesting);
     QCOMPARE(pageHazard(times("<div>", 500), true), EPageHazard::None);
 }
 
-void tst_PageHazards::hazardOfAFile_goesByItsName()
+void tst_pagehazards::hazardOfAFile_goesByItsName()
 {
     const QString strText = times("<div>", 1000);
     QCOMPARE(pageHazardOfFile(QStringLiteral("/a.html"), strText), EPageHazard::None);
@@ -129,7 +129,7 @@ void tst_PageHazards::hazardOfAFile_goesByItsName()
     QCOMPARE(pageHazardOfFile(QStringLiteral("/a.txt"), strText), EPageHazard::None);
 }
 
-void tst_PageHazards::everyHazard_hasItsReason()
+void tst_pagehazards::everyHazard_hasItsReason()
 {
     QSet<QString> setReasons;
     for (int n = int(EPageHazard::Nesting); n <= int(EPageHazard::Spans); ++n)
@@ -139,20 +139,20 @@ void tst_PageHazards::everyHazard_hasItsReason()
     QVERIFY(pageHazardReason(EPageHazard::None).isEmpty());
 }
 
-void tst_PageHazards::realPage_holdsNone_data()
+void tst_pagehazards::realPage_holdsNone_data()
 {
     QTest::addColumn<QByteArray>("content");
     for (const SRealPage &page : installedPages() + samplePages())
         QTest::newRow(qPrintable(page.strName)) << page.content;
 }
 
-void tst_PageHazards::realPage_holdsNone()
+void tst_pagehazards::realPage_holdsNone()
 {
     QFETCH(QByteArray, content);
     QCOMPARE(pageHazard(decodePage(content)), EPageHazard::None);
 }
 
-void tst_PageHazards::uses_areCountedAsOftenAsTheyAreDrawn()
+void tst_pagehazards::uses_areCountedAsOftenAsTheyAreDrawn()
 {
     CDrawingUses uses;
     uses.begin(QStringLiteral("a"));
@@ -167,7 +167,7 @@ void tst_PageHazards::uses_areCountedAsOftenAsTheyAreDrawn()
     QCOMPARE(uses.count(), 1 + 1 + 3 + 3 + 1);
 }
 
-void tst_PageHazards::usesInACircle_end()
+void tst_pagehazards::usesInACircle_end()
 {
     CDrawingUses uses;
     uses.begin(QStringLiteral("a"));
@@ -185,7 +185,7 @@ void tst_PageHazards::usesInACircle_end()
     QCOMPARE(uses.count(), g_nMostUses); // A chain that is too long to follow.
 }
 
-void tst_PageHazards::frameWithAHazard_isNotLoaded()
+void tst_pagehazards::frameWithAHazard_isNotLoaded()
 {
     const CWebCase c;
     c.write(QStringLiteral("bad.html"), "<p>bad" + times("<div>", 5000).toLatin1());
@@ -200,7 +200,7 @@ void tst_PageHazards::frameWithAHazard_isNotLoaded()
     QCOMPARE(lstFrames.at(1)->toPlainText(), QStringLiteral("good"));
 }
 
-void tst_PageHazards::linkToAHazard_isNotFollowed()
+void tst_pagehazards::linkToAHazard_isNotFollowed()
 {
     const CWebCase c;
     c.write(QStringLiteral("bad.html"), times("<div>", 5000).toLatin1());
@@ -220,5 +220,5 @@ void tst_PageHazards::linkToAHazard_isNotFollowed()
     QTRY_COMPARE(textOf(&view), QStringLiteral("there"));
 }
 
-QTEST_MAIN(tst_PageHazards)
+QTEST_MAIN(tst_pagehazards)
 #include "tst_pagehazards.moc"

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 // What needs a window with the focus: keys, clicks, hiding and showing.
-class tst_PageKeys : public QObject
+class tst_pagekeys : public QObject
 {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ private:
     CEditWebView *m_pView = nullptr;
 };
 
-void tst_PageKeys::init()
+void tst_pagekeys::init()
 {
     m_pCase = new CWebCase;
     m_pWindow = new QWidget;
@@ -69,21 +69,21 @@ void tst_PageKeys::init()
                        "getSelection().collapse(t, t.length)"));
 }
 
-void tst_PageKeys::cleanup()
+void tst_pagekeys::cleanup()
 {
     delete m_pView;
     delete m_pWindow;
     delete m_pCase;
 }
 
-void tst_PageKeys::typing_changesThePage()
+void tst_pagekeys::typing_changesThePage()
 {
     QTest::keyClicks(m_pView, QStringLiteral(" four"));
     QVERIFY(textOf(m_pView).startsWith(QLatin1String("one two three four")));
     QVERIFY(m_pView->isModified());
 }
 
-void tst_PageKeys::control_makesReadOnlyWhileHeld()
+void tst_pagekeys::control_makesReadOnlyWhileHeld()
 {
     QTest::keyPress(m_pView, Qt::Key_Control);
     QVERIFY(!m_pView->page()->isContentEditable());
@@ -95,7 +95,7 @@ void tst_PageKeys::control_makesReadOnlyWhileHeld()
     QVERIFY(textOf(m_pView).startsWith(QLatin1String("one two threex")));
 }
 
-void tst_PageKeys::controlWithAnotherKey_isACommand_data()
+void tst_pagekeys::controlWithAnotherKey_isACommand_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("expected");
@@ -104,7 +104,7 @@ void tst_PageKeys::controlWithAnotherKey_isACommand_data()
     QTest::newRow("undo") << int(Qt::Key_Z) << "one two three";
 }
 
-void tst_PageKeys::controlWithAnotherKey_isACommand()
+void tst_pagekeys::controlWithAnotherKey_isACommand()
 {
     QFETCH(int, key);
     QFETCH(QString, expected);
@@ -114,14 +114,14 @@ void tst_PageKeys::controlWithAnotherKey_isACommand()
     QCOMPARE(textOf(m_pView).section(QLatin1Char('\n'), 0, 0).trimmed(), expected);
 }
 
-void tst_PageKeys::boldWithControlHeld_isThatOfTheTypedText_data()
+void tst_pagekeys::boldWithControlHeld_isThatOfTheTypedText_data()
 {
     QTest::addColumn<bool>("byKey");
     QTest::newRow("key of the page") << true;
     QTest::newRow("action of the window") << false;
 }
 
-void tst_PageKeys::boldWithControlHeld_isThatOfTheTypedText()
+void tst_pagekeys::boldWithControlHeld_isThatOfTheTypedText()
 {
     QFETCH(bool, byKey);
     QTest::keyPress(m_pView, Qt::Key_Control);
@@ -139,7 +139,7 @@ void tst_PageKeys::boldWithControlHeld_isThatOfTheTypedText()
              qPrintable(m_pView->toHtml()));
 }
 
-void tst_PageKeys::altGr_typesAlthoughControlIsDown()
+void tst_pagekeys::altGr_typesAlthoughControlIsDown()
 {
     QTest::keyPress(m_pView, Qt::Key_Control);
     QKeyEvent event(QEvent::KeyPress, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier,
@@ -149,14 +149,14 @@ void tst_PageKeys::altGr_typesAlthoughControlIsDown()
     QVERIFY(textOf(m_pView).startsWith(QLatin1String("one two three@")));
 }
 
-void tst_PageKeys::focusLostWithControlDown_isEditableAgain()
+void tst_pagekeys::focusLostWithControlDown_isEditableAgain()
 {
     QTest::keyPress(m_pView, Qt::Key_Control);
     m_pOther->setFocus();
     QTRY_VERIFY(m_pView->page()->isContentEditable());
 }
 
-void tst_PageKeys::focusIn_isSignalled()
+void tst_pagekeys::focusIn_isSignalled()
 {
     m_pOther->setFocus();
     QSignalSpy spy(m_pView, &CEditWebView::focusIn);
@@ -164,7 +164,7 @@ void tst_PageKeys::focusIn_isSignalled()
     QTRY_COMPARE(spy.count(), 1);
 }
 
-void tst_PageKeys::hidingAFocusedPage_typesNothing_data()
+void tst_pagekeys::hidingAFocusedPage_typesNothing_data()
 {
     QTest::addColumn<int>("how");
     QTest::newRow("hide") << 0;
@@ -174,7 +174,7 @@ void tst_PageKeys::hidingAFocusedPage_typesNothing_data()
     QTest::newRow("hide the window") << 4;
 }
 
-void tst_PageKeys::hidingAFocusedPage_typesNothing()
+void tst_pagekeys::hidingAFocusedPage_typesNothing()
 {
     QFETCH(int, how);
     const QString strBefore = m_pView->toHtml();
@@ -200,14 +200,14 @@ void tst_PageKeys::hidingAFocusedPage_typesNothing()
     QVERIFY(!m_pView->isModified());
 }
 
-void tst_PageKeys::tabKey_isTypedIntoThePage()
+void tst_pagekeys::tabKey_isTypedIntoThePage()
 {
     QTest::keyClick(m_pView, Qt::Key_Tab);
     QVERIFY(m_pView->hasFocus());
     QVERIFY(m_pView->toHtml().contains(QLatin1Char('\t')));
 }
 
-void tst_PageKeys::hoveringALink_signalsIt()
+void tst_pagekeys::hoveringALink_signalsIt()
 {
     QSignalSpy spy(m_pView, &CEditWebView::overUrl);
     const QPoint posLink =
@@ -233,7 +233,7 @@ void tst_PageKeys::hoveringALink_signalsIt()
     QCOMPARE(spyLeft.count(), 2);
 }
 
-void tst_PageKeys::contextMenu_isOurs()
+void tst_pagekeys::contextMenu_isOurs()
 {
     QTest::mouseClick(m_pView, Qt::RightButton, Qt::NoModifier, QPoint(10, 15));
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(10, 15),
@@ -253,7 +253,7 @@ void tst_PageKeys::contextMenu_isOurs()
 }
 
 // As the window swaps: the tab's widget is the page or its source editor.
-void tst_PageKeys::tabSwap_losesNothing()
+void tst_pagekeys::tabSwap_losesNothing()
 {
     QTest::keyClicks(m_pView, QStringLiteral(" four"));
     CHighlightEdit *pSource = m_pView->sourceEdit();
@@ -295,5 +295,5 @@ void tst_PageKeys::tabSwap_losesNothing()
     QCOMPARE(m_pTabs->count(), 1);
 }
 
-QTEST_MAIN(tst_PageKeys)
+QTEST_MAIN(tst_pagekeys)
 #include "tst_pagekeys.moc"

@@ -9,7 +9,7 @@
 #include <QXmlStreamReader>
 
 // What an author expects of a page editor without thinking of it.
-class tst_PageManners : public CPageTest
+class tst_pagemanners : public CPageTest
 {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ private slots:
     void xhtml_staysWellFormed();
 };
 
-void tst_PageManners::newPage_isAWholePage()
+void tst_pagemanners::newPage_isAWholePage()
 {
     m_pView->startNewPage();
     QVERIFY(!m_pView->isModified());
@@ -51,7 +51,7 @@ void tst_PageManners::newPage_isAWholePage()
              saved.constData());
 }
 
-void tst_PageManners::newPageInItsSource_hasTheCaretInTheBody()
+void tst_pagemanners::newPageInItsSource_hasTheCaretInTheBody()
 {
     m_pView->showSource(true);
     m_pView->startNewPage();
@@ -60,7 +60,7 @@ void tst_PageManners::newPageInItsSource_hasTheCaretInTheBody()
     QCOMPARE(block.next().text(), QStringLiteral("</body>"));
 }
 
-void tst_PageManners::givenBytes_areReadInTheGivenEncoding()
+void tst_pagemanners::givenBytes_areReadInTheGivenEncoding()
 {
     QSignalSpy spy(m_pView, &QWebView::loadFinished);
     const QString strPath = m_pCase->write(QStringLiteral("a.html"), "<p>what lies there now");
@@ -76,7 +76,7 @@ void tst_PageManners::givenBytes_areReadInTheGivenEncoding()
     QCOMPARE(m_pView->htmlForSaving(), QByteArray("<meta charset=utf-8><p>caf\xC3\xA9"));
 }
 
-void tst_PageManners::pageThatHasTheFocus_takesKeysOnceItIsLoaded()
+void tst_pagemanners::pageThatHasTheFocus_takesKeysOnceItIsLoaded()
 {
     m_pView->activateWindow();
     m_pView->setFocus();
@@ -86,7 +86,7 @@ void tst_PageManners::pageThatHasTheFocus_takesKeysOnceItIsLoaded()
     QCOMPARE(m_pView->htmlForSaving(), QByteArray("<p>xwords</p>\n"));
 }
 
-void tst_PageManners::hiddenPictures_areTold()
+void tst_pagemanners::hiddenPictures_areTold()
 {
     QTemporaryDir elsewhere;
     QFile picture(elsewhere.filePath(QStringLiteral("a.png")));
@@ -112,7 +112,7 @@ void tst_PageManners::hiddenPictures_areTold()
     QVERIFY(spy.constLast().at(0).toString().isEmpty());
 }
 
-void tst_PageManners::shownPictures_areNotTold()
+void tst_pagemanners::shownPictures_areNotTold()
 {
     QImage image(2, 2, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -123,7 +123,7 @@ void tst_PageManners::shownPictures_areNotTold()
     QCOMPARE(spy.count(), 0);
 }
 
-void tst_PageManners::zoomKeys_changeTheSizeOnly()
+void tst_pagemanners::zoomKeys_changeTheSizeOnly()
 {
     set(QStringLiteral("<p>x</p>"));
     const QString strBefore = m_pView->toHtml();
@@ -142,7 +142,7 @@ void tst_PageManners::zoomKeys_changeTheSizeOnly()
     QCOMPARE(m_pView->toHtml(), strBefore);
 }
 
-void tst_PageManners::pasteLeavesNoMarks()
+void tst_pagemanners::pasteLeavesNoMarks()
 {
     set(QStringLiteral("<p>x</p>\n"));
     auto *pData = new QMimeData;
@@ -184,7 +184,7 @@ QString harmfulMarkup()
 
 } // namespace
 
-void tst_PageManners::pastedMarkup_goesThroughWhatALoadedPageGoesThrough()
+void tst_pagemanners::pastedMarkup_goesThroughWhatALoadedPageGoesThrough()
 {
     for (const bool bKey : {false, true}) {
         set(QStringLiteral("<p>x</p>\n"));
@@ -205,7 +205,7 @@ void tst_PageManners::pastedMarkup_goesThroughWhatALoadedPageGoesThrough()
     }
 }
 
-void tst_PageManners::pastedMarkupThatCouldEndTheProgram_isPastedAsText()
+void tst_pagemanners::pastedMarkupThatCouldEndTheProgram_isPastedAsText()
 {
     set(QStringLiteral("<p>x</p>\n"));
     const QSignalSpy spy(m_pView, &CEditWebView::statusMessage);
@@ -221,7 +221,7 @@ void tst_PageManners::pastedMarkupThatCouldEndTheProgram_isPastedAsText()
 }
 
 // The end of a load takes the flag back to what it was.
-void tst_PageManners::typedWhileThePageLoads_staysTyped()
+void tst_pagemanners::typedWhileThePageLoads_staysTyped()
 {
     followChanges(m_pView);
     const QSignalSpy spyDropped(m_pView, &CEditWebView::textDropped);
@@ -240,7 +240,7 @@ void tst_PageManners::typedWhileThePageLoads_staysTyped()
     QVERIFY(spyDropped.isEmpty());
 }
 
-void tst_PageManners::typedIntoAPageThatIsReplaced_isTold()
+void tst_pagemanners::typedIntoAPageThatIsReplaced_isTold()
 {
     followChanges(m_pView);
     const QString strPath = m_pCase->write(QStringLiteral("a.html"), "<p>words</p>\n");
@@ -257,7 +257,7 @@ void tst_PageManners::typedIntoAPageThatIsReplaced_isTold()
     QVERIFY(!m_pView->isModified());
 }
 
-void tst_PageManners::frames_areToldAndKept()
+void tst_pagemanners::frames_areToldAndKept()
 {
     const QByteArray content = "<HTML>\n<FRAMESET COLS=50%,50%>\n<FRAME SRC=a.html>\n<FRAME>\n"
                                "</FRAMESET>\n</HTML>\n";
@@ -268,7 +268,7 @@ void tst_PageManners::frames_areToldAndKept()
     QCOMPARE(m_pView->htmlForSaving(), content);
 }
 
-void tst_PageManners::saveElsewhere_leadsWhereThePageLed()
+void tst_pagemanners::saveElsewhere_leadsWhereThePageLed()
 {
     const QString strPath = m_pCase->write(QStringLiteral("a.html"), "<A HREF=b.html>x</A>\n");
     QVERIFY(QDir(m_pCase->path(QStringLiteral("."))).mkdir(QStringLiteral("sub")));
@@ -291,7 +291,7 @@ void tst_PageManners::saveElsewhere_leadsWhereThePageLed()
     QCOMPARE(m_pView->htmlForSaving(), QByteArray("<A HREF=../b.html>y</A>\n"));
 }
 
-void tst_PageManners::xhtml_staysWellFormed()
+void tst_pagemanners::xhtml_staysWellFormed()
 {
     const QByteArray content =
         "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\n<!DOCTYPE html PUBLIC \"-//W3C//DTD "
@@ -320,5 +320,5 @@ void tst_PageManners::xhtml_staysWellFormed()
     QCOMPARE(lstAfter, lstBefore);
 }
 
-QTEST_MAIN(tst_PageManners)
+QTEST_MAIN(tst_pagemanners)
 #include "tst_pagemanners.moc"

@@ -10,7 +10,7 @@
 #include <QRandomGenerator>
 
 // The source of a page with what changed in the page, and what this is made of.
-class tst_PageMerge : public QObject
+class tst_pagemerge : public QObject
 {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ private slots:
     void movedAddresses();
 };
 
-void tst_PageMerge::change_isWrittenAsTheSourceWrites_data()
+void tst_pagemerge::change_isWrittenAsTheSourceWrites_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("from"); // In the page.
@@ -79,7 +79,7 @@ void tst_PageMerge::change_isWrittenAsTheSourceWrites_data()
         "<p>x</p><p>y</p>", "<html><body><p>x</p><p>y</p></body>\n</html>\n");
 }
 
-void tst_PageMerge::change_isWrittenAsTheSourceWrites()
+void tst_pagemerge::change_isWrittenAsTheSourceWrites()
 {
     QFETCH(QString, source);
     QFETCH(QString, from);
@@ -96,7 +96,7 @@ void tst_PageMerge::change_isWrittenAsTheSourceWrites()
     QCOMPARE(comparablePage(reader.serialised(strMerged)), comparablePage(strNow));
 }
 
-void tst_PageMerge::unchangedPage_isTheSource()
+void tst_pagemerge::unchangedPage_isTheSource()
 {
     CPageReader reader;
     const QString strSource = QStringLiteral("<P>one<TABLE>lost<TR><TD>x</I></TABLE>");
@@ -107,7 +107,7 @@ void tst_PageMerge::unchangedPage_isTheSource()
 }
 
 // The bytes were decoded otherwise, say: what is shown counts.
-void tst_PageMerge::sourceThatMakesAnotherPage_isMended()
+void tst_pagemerge::sourceThatMakesAnotherPage_isMended()
 {
     CPageReader reader;
     const QString strSource = QStringLiteral("<P>one\n<P>tvo\n");
@@ -119,7 +119,7 @@ void tst_PageMerge::sourceThatMakesAnotherPage_isMended()
              QStringLiteral("<P>ones\n<P>two\n"));
 }
 
-void tst_PageMerge::readerThatNeverAgrees_givesTheWholePage()
+void tst_pagemerge::readerThatNeverAgrees_givesTheWholePage()
 {
     const QString strShown = QStringLiteral("<html><head></head><body><p>x</p></body></html>");
     CPageMerge merge(QStringLiteral("<p>x"), strShown);
@@ -132,7 +132,7 @@ void tst_PageMerge::readerThatNeverAgrees_givesTheWholePage()
     QVERIFY(nCalls < 40);
 }
 
-void tst_PageMerge::places_goThereAndBack()
+void tst_pagemerge::places_goThereAndBack()
 {
     CPageReader reader;
     const QString strSource =
@@ -147,7 +147,7 @@ void tst_PageMerge::places_goThereAndBack()
     QCOMPARE(merge.sourcePosition({5, 3}), strSource.indexOf(QLatin1String("one")) + 3);
 }
 
-void tst_PageMerge::references_data()
+void tst_pagemerge::references_data()
 {
     QTest::addColumn<QString>("spelled");
     QTest::addColumn<QString>("text");
@@ -171,7 +171,7 @@ void tst_PageMerge::references_data()
     row("\r\n\r", "\n\n", "\n\n");
 }
 
-void tst_PageMerge::references()
+void tst_pagemerge::references()
 {
     QFETCH(QString, spelled);
     QFETCH(QString, text);
@@ -215,7 +215,7 @@ int longestOf(const QVector<quint64> &lstA, const QVector<quint64> &lstB)
 
 } // namespace
 
-void tst_PageMerge::alignment_isAsLongAsTheLongest()
+void tst_pagemerge::alignment_isAsLongAsTheLongest()
 {
     QRandomGenerator random(5);
     for (int n = 0; n < 3000; ++n) {
@@ -234,7 +234,7 @@ void tst_PageMerge::alignment_isAsLongAsTheLongest()
     }
 }
 
-void tst_PageMerge::alignment_ofManyRepetitions_isNearlyWhole()
+void tst_pagemerge::alignment_ofManyRepetitions_isNearlyWhole()
 {
     QVector<quint64> lstA;
     QVector<quint64> lstB;
@@ -249,7 +249,7 @@ void tst_PageMerge::alignment_ofManyRepetitions_isNearlyWhole()
     QCOMPARE(pairsOf(lstA, lstC), 0);
 }
 
-void tst_PageMerge::keptLines_data()
+void tst_pagemerge::keptLines_data()
 {
     QTest::addColumn<QString>("original");
     QTest::addColumn<QString>("edited");
@@ -271,7 +271,7 @@ void tst_PageMerge::keptLines_data()
                                << "a\nb\r\nc\re";
 }
 
-void tst_PageMerge::keptLines()
+void tst_pagemerge::keptLines()
 {
     QFETCH(QString, original);
     QFETCH(QString, edited);
@@ -279,7 +279,7 @@ void tst_PageMerge::keptLines()
     QCOMPARE(withKeptLineEnds(original, edited), expected);
 }
 
-void tst_PageMerge::movedAddresses_data()
+void tst_pagemerge::movedAddresses_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("expected");
@@ -333,7 +333,7 @@ void tst_PageMerge::movedAddresses_data()
     keep("<meta name=refresh content=\"3; url=b.html\"><meta http-equiv=refresh content=3>");
 }
 
-void tst_PageMerge::movedAddresses()
+void tst_pagemerge::movedAddresses()
 {
     QFETCH(QString, html);
     QFETCH(QString, expected);
@@ -344,5 +344,5 @@ void tst_PageMerge::movedAddresses()
     QCOMPARE(withMovedAddresses(html, QUrl(), urlTo), html);
 }
 
-QTEST_MAIN(tst_PageMerge)
+QTEST_MAIN(tst_pagemerge)
 #include "tst_pagemerge.moc"

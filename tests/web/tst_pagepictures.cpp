@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #endif
 
-class tst_PagePictures : public QObject
+class tst_pagepictures : public QObject
 {
     Q_OBJECT
 
@@ -65,7 +65,7 @@ int countFrames(const QWebFrame *pFrame)
 
 } // namespace
 
-void tst_PagePictures::picture_isShownWhenItIsOne_data()
+void tst_pagepictures::picture_isShownWhenItIsOne_data()
 {
     QTest::addColumn<QByteArray>("picture");
     QTest::addColumn<QString>("name");
@@ -83,7 +83,7 @@ void tst_PagePictures::picture_isShownWhenItIsOne_data()
     QTest::newRow("unknown") << mng() << "a.png" << 0;
 }
 
-void tst_PagePictures::picture_isShownWhenItIsOne()
+void tst_pagepictures::picture_isShownWhenItIsOne()
 {
     QFETCH(QByteArray, picture);
     QFETCH(QString, name);
@@ -100,7 +100,7 @@ void tst_PagePictures::picture_isShownWhenItIsOne()
     QTRY_COMPARE(widthOfPicture(&viewText), width);
 }
 
-void tst_PagePictures::refusedPicture_isSavedAsItWas()
+void tst_pagepictures::refusedPicture_isSavedAsItWas()
 {
     CEditWebView view;
     const QByteArray address = dataAddress(pngClaiming(60000, 60000));
@@ -109,7 +109,7 @@ void tst_PagePictures::refusedPicture_isSavedAsItWas()
     QVERIFY(!view.htmlForSaving().contains("refused"));
 }
 
-void tst_PagePictures::refusedPicture_swappedThroughTheSource_staysRefused()
+void tst_pagepictures::refusedPicture_swappedThroughTheSource_staysRefused()
 {
     CEditWebView view;
     const QByteArray address = dataAddress(pngClaiming(20000, 20000, 1));
@@ -124,7 +124,7 @@ void tst_PagePictures::refusedPicture_swappedThroughTheSource_staysRefused()
     QVERIFY(view.htmlForSaving().contains(address));
 }
 
-void tst_PagePictures::drawingUnderAPicturesName_opensNothing()
+void tst_pagepictures::drawingUnderAPicturesName_opensNothing()
 {
 #ifdef Q_OS_UNIX
     // Who opens the pipe waits for ever.
@@ -149,7 +149,7 @@ void tst_PagePictures::drawingUnderAPicturesName_opensNothing()
 #endif
 }
 
-void tst_PagePictures::drawingInThePage_isShown()
+void tst_pagepictures::drawingInThePage_isShown()
 {
     const QByteArray svg =
         "<svg xmlns='http://www.w3.org/2000/svg' width='90' height='80'><g/></svg>";
@@ -161,7 +161,7 @@ void tst_PagePictures::drawingInThePage_isShown()
     QCOMPARE(widthOfPicture(&view), 90);
 }
 
-void tst_PagePictures::icon_isAPictureOfReasonableSize_data()
+void tst_pagepictures::icon_isAPictureOfReasonableSize_data()
 {
     QTest::addColumn<QByteArray>("picture");
     QTest::addColumn<QString>("name");
@@ -176,7 +176,7 @@ void tst_PagePictures::icon_isAPictureOfReasonableSize_data()
                                 << false;
 }
 
-void tst_PagePictures::icon_isAPictureOfReasonableSize()
+void tst_pagepictures::icon_isAPictureOfReasonableSize()
 {
     QFETCH(QByteArray, picture);
     QFETCH(QString, name);
@@ -187,7 +187,7 @@ void tst_PagePictures::icon_isAPictureOfReasonableSize()
     QCOMPARE(!view.icon().isNull(), shown);
 }
 
-void tst_PagePictures::frameOfThePageItself_staysEmpty_data()
+void tst_pagepictures::frameOfThePageItself_staysEmpty_data()
 {
     QTest::addColumn<QString>("source");
     QTest::newRow("by its name") << "a.html";
@@ -196,7 +196,7 @@ void tst_PagePictures::frameOfThePageItself_staysEmpty_data()
     QTest::newRow("around another") << "b.html";
 }
 
-void tst_PagePictures::frameOfThePageItself_staysEmpty()
+void tst_pagepictures::frameOfThePageItself_staysEmpty()
 {
     QFETCH(QString, source);
     m_pCase->write(QStringLiteral("b.html"), "<iframe src=a.html></iframe>");
@@ -208,7 +208,7 @@ void tst_PagePictures::frameOfThePageItself_staysEmpty()
         QVERIFY(!pFrame->toPlainText().contains(QLatin1String("own")));
 }
 
-void tst_PagePictures::framesInEachOther_endAtSomeDepth()
+void tst_pagepictures::framesInEachOther_endAtSomeDepth()
 {
     for (int n = 0; n < 30; ++n) {
         m_pCase->write(QStringLiteral("%1.html").arg(n),
@@ -220,7 +220,7 @@ void tst_PagePictures::framesInEachOther_endAtSomeDepth()
     QCOMPARE(countFrames(view.page()->mainFrame()), 4); // The last of them refused.
 }
 
-void tst_PagePictures::framesOfManyFrames_endAtSomeNumber()
+void tst_pagepictures::framesOfManyFrames_endAtSomeNumber()
 {
     QByteArray html;
     for (int n = 0; n < 30; ++n)
@@ -239,7 +239,7 @@ void tst_PagePictures::framesOfManyFrames_endAtSomeNumber()
     QVERIFY(nShown > 0 && nShown <= 100);
 }
 
-void tst_PagePictures::sheetThatImportsItself_isLoadedAFewTimes()
+void tst_pagepictures::sheetThatImportsItself_isLoadedAFewTimes()
 {
     QByteArray css;
     for (int n = 0; n < 12; ++n)
@@ -255,5 +255,5 @@ void tst_PagePictures::sheetThatImportsItself_isLoadedAFewTimes()
     QVERIFY2(nFetched < 10, qPrintable(QString::number(nFetched)));
 }
 
-QTEST_MAIN(tst_PagePictures)
+QTEST_MAIN(tst_pagepictures)
 #include "tst_pagepictures.moc"

@@ -9,7 +9,7 @@
 #include <QWebSettings>
 
 // Nothing of a page runs, reaches the network or reads files from elsewhere.
-class tst_PageSafety : public QObject
+class tst_pagesafety : public QObject
 {
     Q_OBJECT
 
@@ -68,7 +68,7 @@ void showLoaded(QWebView *pView)
 
 } // namespace
 
-void tst_PageSafety::init()
+void tst_pagesafety::init()
 {
     m_pCase = new CWebCase;
     m_pServer = new QTcpServer;
@@ -87,13 +87,13 @@ void tst_PageSafety::init()
     });
 }
 
-void tst_PageSafety::cleanup()
+void tst_pagesafety::cleanup()
 {
     delete m_pServer;
     delete m_pCase;
 }
 
-QByteArray tst_PageSafety::trap() const
+QByteArray tst_pagesafety::trap() const
 {
     QByteArray html = R"(<!DOCTYPE html><html><head><title>quiet</title>
 <link rel="stylesheet" href="@style.css"><link rel="prefetch" href="@prefetch">
@@ -127,7 +127,7 @@ setInterval(function() { new Image().src = '@timer.png'; }, 50);</script>
         .replace('%', '@');
 }
 
-void tst_PageSafety::trap_openedInTheEditor_hasNoEffect()
+void tst_pagesafety::trap_openedInTheEditor_hasNoEffect()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(&view, m_pCase->write(QStringLiteral("a.html"), trap())));
@@ -146,7 +146,7 @@ void tst_PageSafety::trap_openedInTheEditor_hasNoEffect()
     QCOMPARE(m_lstAsked, QStringList());
 }
 
-void tst_PageSafety::trap_swappedThroughTheSource_hasNoEffect()
+void tst_pagesafety::trap_swappedThroughTheSource_hasNoEffect()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(&view, m_pCase->write(QStringLiteral("a.html"), trap())));
@@ -160,7 +160,7 @@ void tst_PageSafety::trap_swappedThroughTheSource_hasNoEffect()
     QCOMPARE(m_lstAsked, QStringList());
 }
 
-void tst_PageSafety::trap_previewedAsFile_asksNobody()
+void tst_pagesafety::trap_previewedAsFile_asksNobody()
 {
     CPreviewWidget preview;
     preview.resize(400, 300);
@@ -174,7 +174,7 @@ void tst_PageSafety::trap_previewedAsFile_asksNobody()
     QCOMPARE(m_lstAsked, QStringList());
 }
 
-void tst_PageSafety::trap_previewedAsText_asksNobody()
+void tst_pagesafety::trap_previewedAsText_asksNobody()
 {
     CPreviewWidget preview;
     preview.resize(400, 300);
@@ -187,7 +187,7 @@ void tst_PageSafety::trap_previewedAsText_asksNobody()
     QCOMPARE(m_lstAsked, QStringList());
 }
 
-void tst_PageSafety::scriptsOfThePage_sleepDuringOurOwn()
+void tst_pagesafety::scriptsOfThePage_sleepDuringOurOwn()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(&view, m_pCase->write(QStringLiteral("a.html"), trap())));
@@ -204,7 +204,7 @@ void tst_PageSafety::scriptsOfThePage_sleepDuringOurOwn()
     QCOMPARE(m_lstAsked, QStringList());
 }
 
-void tst_PageSafety::metaRefresh_goesNowhere_data()
+void tst_pagesafety::metaRefresh_goesNowhere_data()
 {
     QTest::addColumn<QString>("target");
     QTest::newRow("to the network") << "@x";
@@ -212,7 +212,7 @@ void tst_PageSafety::metaRefresh_goesNowhere_data()
     QTest::newRow("to itself") << "";
 }
 
-void tst_PageSafety::metaRefresh_goesNowhere()
+void tst_pagesafety::metaRefresh_goesNowhere()
 {
     QFETCH(QString, target);
     m_pCase->write(QStringLiteral("b.html"), "other");
@@ -234,7 +234,7 @@ void tst_PageSafety::metaRefresh_goesNowhere()
     QCOMPARE(m_lstAsked, QStringList());
 }
 
-void tst_PageSafety::frameElsewhere_isNotRead_data()
+void tst_pagesafety::frameElsewhere_isNotRead_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<bool>("read");
@@ -245,7 +245,7 @@ void tst_PageSafety::frameElsewhere_isNotRead_data()
     QTest::newRow("own site") << "b.html" << true;
 }
 
-void tst_PageSafety::frameElsewhere_isNotRead()
+void tst_pagesafety::frameElsewhere_isNotRead()
 {
     QFETCH(QString, source);
     QFETCH(bool, read);
@@ -260,7 +260,7 @@ void tst_PageSafety::frameElsewhere_isNotRead()
     QCOMPARE(strText, read ? QStringLiteral("own frame") : QString());
 }
 
-void tst_PageSafety::formIsNotSent()
+void tst_pagesafety::formIsNotSent()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(&view,
@@ -274,7 +274,7 @@ void tst_PageSafety::formIsNotSent()
     QVERIFY(view.showsOwnFile());
 }
 
-void tst_PageSafety::localImageAndStyle_areShown()
+void tst_pagesafety::localImageAndStyle_areShown()
 {
     QDir(m_pCase->m_folder.path()).mkpath(QStringLiteral("site/pages"));
     QImage image(10, 10, QImage::Format_RGB32);
@@ -293,7 +293,7 @@ void tst_PageSafety::localImageAndStyle_areShown()
              QStringLiteral("50px"));
 }
 
-void tst_PageSafety::ctrlClick(CEditWebView *pView, const QString &strSelector)
+void tst_pagesafety::ctrlClick(CEditWebView *pView, const QString &strSelector)
 {
     const QPoint pos =
         pView->page()->mainFrame()->findFirstElement(strSelector).geometry().center();
@@ -302,7 +302,7 @@ void tst_PageSafety::ctrlClick(CEditWebView *pView, const QString &strSelector)
     QTest::keyRelease(pView, Qt::Key_Control);
 }
 
-void tst_PageSafety::followedWebPage_mayAskTheWeb()
+void tst_pagesafety::followedWebPage_mayAskTheWeb()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(
@@ -320,7 +320,7 @@ void tst_PageSafety::followedWebPage_mayAskTheWeb()
     QTRY_VERIFY(view.showsOwnFile());
 }
 
-void tst_PageSafety::closedPage_takesItsNetworkWithIt()
+void tst_pagesafety::closedPage_takesItsNetworkWithIt()
 {
     QByteArray page = "<p>";
     for (int n = 0; n < 200; ++n)
@@ -335,7 +335,7 @@ void tst_PageSafety::closedPage_takesItsNetworkWithIt()
     QTRY_VERIFY(!pNetwork);
 }
 
-void tst_PageSafety::linkWithTarget_opensHere()
+void tst_pagesafety::linkWithTarget_opensHere()
 {
     m_pCase->write(QStringLiteral("b.html"), "<p>other");
     CEditWebView view;
@@ -347,7 +347,7 @@ void tst_PageSafety::linkWithTarget_opensHere()
     QTRY_COMPARE(textOf(&view), QStringLiteral("other"));
 }
 
-void tst_PageSafety::linkToAnotherScheme_isNotFollowed_data()
+void tst_pagesafety::linkToAnotherScheme_isNotFollowed_data()
 {
     QTest::addColumn<QString>("href");
     for (const char *szHref : {"mailto:a@b.c", "ftp://127.0.0.1/", "javascript:alert(1)",
@@ -355,7 +355,7 @@ void tst_PageSafety::linkToAnotherScheme_isNotFollowed_data()
         QTest::newRow(szHref) << QString::fromLatin1(szHref);
 }
 
-void tst_PageSafety::linkToAnotherScheme_isNotFollowed()
+void tst_pagesafety::linkToAnotherScheme_isNotFollowed()
 {
     QFETCH(QString, href);
     CEditWebView view;
@@ -370,7 +370,7 @@ void tst_PageSafety::linkToAnotherScheme_isNotFollowed()
     QVERIFY(view.showsOwnFile());
 }
 
-void tst_PageSafety::clickInThePreview_goesNowhere()
+void tst_pagesafety::clickInThePreview_goesNowhere()
 {
     m_pCase->write(QStringLiteral("b.html"), "<p>other");
     CPreviewWidget preview;
@@ -386,7 +386,7 @@ void tst_PageSafety::clickInThePreview_goesNowhere()
     QCOMPARE(pWeb->page()->mainFrame()->toPlainText(), QStringLiteral("link"));
 }
 
-void tst_PageSafety::droppedFile_isLeftToTheWindow()
+void tst_pagesafety::droppedFile_isLeftToTheWindow()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(&view, m_pCase->write(QStringLiteral("a.html"), "<p>own")));
@@ -407,7 +407,7 @@ void tst_PageSafety::droppedFile_isLeftToTheWindow()
     QVERIFY(!preview.findChild<QWebView *>()->acceptDrops());
 }
 
-void tst_PageSafety::failedLoad_isNotSaved()
+void tst_pagesafety::failedLoad_isNotSaved()
 {
     CEditWebView view;
     QVERIFY(loadAndWait(&view, m_pCase->write(QStringLiteral("a.html"), "<p>own")));
@@ -427,7 +427,7 @@ void tst_PageSafety::failedLoad_isNotSaved()
     QVERIFY(!view.toHtml().contains(QLatin1String("Error"), Qt::CaseInsensitive));
 }
 
-void tst_PageSafety::showWithFrame(CEditWebView *pView, const QByteArray &page,
+void tst_pagesafety::showWithFrame(CEditWebView *pView, const QByteArray &page,
                                    const QByteArray &frame)
 {
     m_pCase->write(QStringLiteral("b.html"), frame);
@@ -437,7 +437,7 @@ void tst_PageSafety::showWithFrame(CEditWebView *pView, const QByteArray &page,
     pView->setFocus();
 }
 
-void tst_PageSafety::typingInAFrame_isImpossible()
+void tst_pagesafety::typingInAFrame_isImpossible()
 {
     CEditWebView view;
     showWithFrame(&view, "<p id=p>own text</p><iframe src='b.html'></iframe>", "<p>frame text");
@@ -458,7 +458,7 @@ void tst_PageSafety::typingInAFrame_isImpossible()
     QVERIFY(textOf(&view).contains(QLatin1Char('x')) && view.isModified());
 }
 
-void tst_PageSafety::findInAFrame_leavesItAsItIs()
+void tst_pagesafety::findInAFrame_leavesItAsItIs()
 {
     CEditWebView view;
     showWithFrame(&view, "<p>own text</p><iframe src='b.html'></iframe>", "<p>frame zebra");
@@ -474,7 +474,7 @@ void tst_PageSafety::findInAFrame_leavesItAsItIs()
     QVERIFY(textOf(&view).startsWith(QLatin1String("x text")) && view.isModified());
 }
 
-void tst_PageSafety::replaceInAFrame_goesOnBehindIt()
+void tst_pagesafety::replaceInAFrame_goesOnBehindIt()
 {
     CEditWebView view;
     showWithFrame(&view, "<p>one zebra</p><iframe src='b.html'></iframe><p>two zebra</p>",
@@ -487,5 +487,5 @@ void tst_PageSafety::replaceInAFrame_goesOnBehindIt()
     QVERIFY(!view.replacePageText(QStringLiteral("zebra"), QStringLiteral("lion")));
 }
 
-QTEST_MAIN(tst_PageSafety)
+QTEST_MAIN(tst_pagesafety)
 #include "tst_pagesafety.moc"

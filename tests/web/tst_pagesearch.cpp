@@ -1,7 +1,7 @@
 #include "webtest.h"
 
 // Find and replace in the rendered page.
-class tst_PageSearch : public CPageTest
+class tst_pagesearch : public CPageTest
 {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ private slots:
     void replaceAll_replacesEverything();
 };
 
-void tst_PageSearch::find_followsTheOptions_data()
+void tst_pagesearch::find_followsTheOptions_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>(
@@ -57,7 +57,7 @@ void tst_PageSearch::find_followsTheOptions_data()
                                << "-";
 }
 
-void tst_PageSearch::find_followsTheOptions()
+void tst_pagesearch::find_followsTheOptions()
 {
     QFETCH(QString, text);
     QFETCH(QString, options);
@@ -81,7 +81,7 @@ void tst_PageSearch::find_followsTheOptions()
     QCOMPARE(strFound, expected);
 }
 
-void tst_PageSearch::findReverse_leavesTheSettingAlone()
+void tst_pagesearch::findReverse_leavesTheSettingAlone()
 {
     set(QStringLiteral("<p id=1>ab</p><p id=c>mid</p><p id=2>ab</p>"));
     run(m_pView,
@@ -93,7 +93,7 @@ void tst_PageSearch::findReverse_leavesTheSettingAlone()
     QVERIFY(!m_pCase->m_settings.contains(QStringLiteral("m_bFindSearchUp")));
 }
 
-void tst_PageSearch::replace_takesHtmlAndIgnoresTheOptions()
+void tst_pagesearch::replace_takesHtmlAndIgnoresTheOptions()
 {
     m_pCase->m_settings.m_bFindMatchCase = true;
     set(QStringLiteral("<p>AB ab</p>"));
@@ -105,7 +105,7 @@ void tst_PageSearch::replace_takesHtmlAndIgnoresTheOptions()
     QCOMPARE(textOf(m_pView).simplified(), QStringLiteral("x y"));
 }
 
-void tst_PageSearch::replaceAll_replacesEverything_data()
+void tst_pagesearch::replaceAll_replacesEverything_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("text");
@@ -135,7 +135,7 @@ void tst_PageSearch::replaceAll_replacesEverything_data()
                                         << "x" << false << "x x";
 }
 
-void tst_PageSearch::replaceAll_replacesEverything()
+void tst_pagesearch::replaceAll_replacesEverything()
 {
     QFETCH(QString, html);
     QFETCH(QString, text);
@@ -148,5 +148,5 @@ void tst_PageSearch::replaceAll_replacesEverything()
     QCOMPARE(textOf(m_pView).simplified(), expected);
 }
 
-QTEST_MAIN(tst_PageSearch)
+QTEST_MAIN(tst_pagesearch)
 #include "tst_pagesearch.moc"

@@ -3,7 +3,7 @@
 #include "web/cpagereader.h"
 
 // Whatever an author does one after the other: what is saved is the page that is shown.
-class tst_PageSequences : public QObject
+class tst_pagesequences : public QObject
 {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ const int g_nLargest = 30000; // Bytes of a page that is tried over and over.
 
 } // namespace
 
-void tst_PageSequences::anyChanges_readBackAsTheShownPage()
+void tst_pagesequences::anyChanges_readBackAsTheShownPage()
 {
     const int nSequences = qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES") > 0
         ? qEnvironmentVariableIntValue("QUILLAN_PAGE_SEQUENCES")
@@ -62,5 +62,5 @@ void tst_PageSequences::anyChanges_readBackAsTheShownPage()
     qInfo("%d sequences, %d pages that no text makes", nSequences, nNearest);
 }
 
-QTEST_MAIN(tst_PageSequences)
+QTEST_MAIN(tst_pagesequences)
 #include "tst_pagesequences.moc"

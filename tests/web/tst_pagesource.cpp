@@ -6,7 +6,7 @@
 #include <QTextCodec>
 
 // The page and its twin, the source editor.
-class tst_PageSource : public QObject
+class tst_pagesource : public QObject
 {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ private slots:
     void deletingTheCommonParent_isClean();
 };
 
-void tst_PageSource::sourceIsHidden_untilShown()
+void tst_pagesource::sourceIsHidden_untilShown()
 {
     const CWebCase c;
     CEditWebView view;
@@ -48,7 +48,7 @@ void tst_PageSource::sourceIsHidden_untilShown()
     QVERIFY(view.sourceEdit()->isHidden());
 }
 
-void tst_PageSource::hiddenSource_isNotTouchedByEdits()
+void tst_pagesource::hiddenSource_isNotTouchedByEdits()
 {
     const CWebCase c;
     CEditWebView view;
@@ -62,7 +62,7 @@ void tst_PageSource::hiddenSource_isNotTouchedByEdits()
     QVERIFY(view.sourceEdit()->getText().contains(QLatin1String("typed")));
 }
 
-void tst_PageSource::shownSource_followsThePage()
+void tst_pagesource::shownSource_followsThePage()
 {
     const CWebCase c;
     CEditWebView view;
@@ -77,14 +77,14 @@ void tst_PageSource::shownSource_followsThePage()
     QCOMPARE(view.sourceEdit()->getText(), QStringLiteral("<p>typed</p>"));
 }
 
-void tst_PageSource::pushingIntoTheSource_signalsNoModification_data()
+void tst_pagesource::pushingIntoTheSource_signalsNoModification_data()
 {
     QTest::addColumn<bool>("modified");
     QTest::newRow("clean") << false;
     QTest::newRow("modified") << true;
 }
 
-void tst_PageSource::pushingIntoTheSource_signalsNoModification()
+void tst_pagesource::pushingIntoTheSource_signalsNoModification()
 {
     QFETCH(bool, modified);
     const CWebCase c;
@@ -102,7 +102,7 @@ void tst_PageSource::pushingIntoTheSource_signalsNoModification()
     QCOMPARE(view.isModified(), modified);
 }
 
-void tst_PageSource::sourceHasAlwaysUtf8()
+void tst_pagesource::sourceHasAlwaysUtf8()
 {
     const CWebCase c;
     CEditWebView view;
@@ -115,7 +115,7 @@ void tst_PageSource::sourceHasAlwaysUtf8()
     QVERIFY(view.sourceEdit()->getText().contains(QStringLiteral("中文")));
 }
 
-void tst_PageSource::keyRightAfterShowingTheSource_staysAnEdit()
+void tst_pagesource::keyRightAfterShowingTheSource_staysAnEdit()
 {
     const CWebCase c;
     CEditWebView view;
@@ -127,7 +127,7 @@ void tst_PageSource::keyRightAfterShowingTheSource_staysAnEdit()
     QVERIFY(view.sourceEdit()->isModified());
 }
 
-void tst_PageSource::swapWithoutTyping_changesNothing()
+void tst_pagesource::swapWithoutTyping_changesNothing()
 {
     const CWebCase c;
     CEditWebView view;
@@ -159,7 +159,7 @@ void tst_PageSource::swapWithoutTyping_changesNothing()
     QCOMPARE(view.toHtml(), strBefore);
 }
 
-void tst_PageSource::swapWithTyping_takesTheTextOver()
+void tst_pagesource::swapWithTyping_takesTheTextOver()
 {
     const CWebCase c;
     CEditWebView view;
@@ -182,7 +182,7 @@ void tst_PageSource::swapWithTyping_takesTheTextOver()
              QString::fromLatin1(page("<p>xy&nbsp;</p><img src=a.png>")));
 }
 
-void tst_PageSource::swapBackOfAForeignEncoding_keepsTheText()
+void tst_pagesource::swapBackOfAForeignEncoding_keepsTheText()
 {
     const CWebCase c;
     CEditWebView view;
@@ -202,7 +202,7 @@ void tst_PageSource::swapBackOfAForeignEncoding_keepsTheText()
     QCOMPARE(textOf(&view).trimmed(), QStringLiteral("中文"));
 }
 
-void tst_PageSource::sourceInAnotherTab_isFilledWhenTheLoadEnds()
+void tst_pagesource::sourceInAnotherTab_isFilledWhenTheLoadEnds()
 {
     const CWebCase c;
     QWidget tab;
@@ -214,7 +214,7 @@ void tst_PageSource::sourceInAnotherTab_isFilledWhenTheLoadEnds()
     QCOMPARE(view.sourceEdit()->getText(), view.toHtml());
 }
 
-void tst_PageSource::caret_goesAlongToTheSourceAndBack()
+void tst_pagesource::caret_goesAlongToTheSourceAndBack()
 {
     const CWebCase c;
     CEditWebView view;
@@ -250,7 +250,7 @@ void tst_PageSource::caret_goesAlongToTheSourceAndBack()
     QVERIFY(run(&view, strSeen).toBool());
 }
 
-void tst_PageSource::sourceEdit_changesOneLine()
+void tst_pagesource::sourceEdit_changesOneLine()
 {
     const CWebCase c;
     CEditWebView view;
@@ -266,7 +266,7 @@ void tst_PageSource::sourceEdit_changesOneLine()
     QCOMPARE(view.htmlForSaving(), expected);
 }
 
-void tst_PageSource::sourceAfterAnEdit_keepsUndoAndCaret()
+void tst_pagesource::sourceAfterAnEdit_keepsUndoAndCaret()
 {
     const CWebCase c;
     CEditWebView view;
@@ -286,7 +286,7 @@ void tst_PageSource::sourceAfterAnEdit_keepsUndoAndCaret()
     QCOMPARE(view.sourceEdit()->toPlainText(), QStringLiteral("<p>one</p>\n<p>two</p>\n"));
 }
 
-void tst_PageSource::mixedLineEnds_stayAsTheyAre()
+void tst_pagesource::mixedLineEnds_stayAsTheyAre()
 {
     const CWebCase c;
     CEditWebView view;
@@ -296,7 +296,7 @@ void tst_PageSource::mixedLineEnds_stayAsTheyAre()
     QCOMPARE(view.htmlForSaving(), QByteArray("<p>a\r\n<p>b\n<p>X\r\n<p>d\n"));
 }
 
-void tst_PageSource::chosenLineEnds_areWritten()
+void tst_pagesource::chosenLineEnds_areWritten()
 {
     const CWebCase c;
     CEditWebView view;
@@ -309,7 +309,7 @@ void tst_PageSource::chosenLineEnds_areWritten()
     QCOMPARE(view.htmlForSaving(), QByteArray("<p>a\n<p>b\n"));
 }
 
-void tst_PageSource::deletingThePage_deletesASourceThatMovedAway()
+void tst_pagesource::deletingThePage_deletesASourceThatMovedAway()
 {
     const CWebCase c;
     QWidget tab;
@@ -320,7 +320,7 @@ void tst_PageSource::deletingThePage_deletesASourceThatMovedAway()
     QVERIFY(!pSource);
 }
 
-void tst_PageSource::deletingTheSource_deletesThePage()
+void tst_pagesource::deletingTheSource_deletesThePage()
 {
     const CWebCase c;
     QWidget tab;
@@ -330,7 +330,7 @@ void tst_PageSource::deletingTheSource_deletesThePage()
     QTRY_VERIFY(!pView);
 }
 
-void tst_PageSource::deletingTheCommonParent_isClean()
+void tst_pagesource::deletingTheCommonParent_isClean()
 {
     const CWebCase c;
     for (const bool bSourceFirst : {false, true}) {
@@ -347,5 +347,5 @@ void tst_PageSource::deletingTheCommonParent_isClean()
     }
 }
 
-QTEST_MAIN(tst_PageSource)
+QTEST_MAIN(tst_pagesource)
 #include "tst_pagesource.moc"

@@ -3,7 +3,7 @@
 #include "web/ctypingsteps.h"
 
 // Steps of undo in a page, and the modified flag that follows them.
-class tst_PageUndo : public CPageTest
+class tst_pageundo : public CPageTest
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private slots:
     void replaceAll_isOneStep();
 };
 
-void tst_PageUndo::steps_endWhereTheyShould()
+void tst_pageundo::steps_endWhereTheyShould()
 {
     CTypingSteps steps;
     QVERIFY(!steps.type(QStringLiteral("a"), false, 100));
@@ -53,7 +53,7 @@ void tst_PageUndo::steps_endWhereTheyShould()
     QVERIFY(!steps.type(QStringLiteral("w"), false, 9007));
 }
 
-void tst_PageUndo::oneStep_holdsWhatWasTypedInOneGo()
+void tst_pageundo::oneStep_holdsWhatWasTypedInOneGo()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("some words "));
@@ -62,7 +62,7 @@ void tst_PageUndo::oneStep_holdsWhatWasTypedInOneGo()
     QCOMPARE(text(), QStringLiteral("x"));
 }
 
-void tst_PageUndo::enter_endsAStep()
+void tst_pageundo::enter_endsAStep()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("one"));
@@ -76,7 +76,7 @@ void tst_PageUndo::enter_endsAStep()
     QCOMPARE(text(), QStringLiteral("x"));
 }
 
-void tst_PageUndo::aSave_endsAStep()
+void tst_pageundo::aSave_endsAStep()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("a"));
@@ -87,7 +87,7 @@ void tst_PageUndo::aSave_endsAStep()
     QCOMPARE(text(), QStringLiteral("ax"));
 }
 
-void tst_PageUndo::aFormat_endsAStep()
+void tst_pageundo::aFormat_endsAStep()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("a"));
@@ -98,7 +98,7 @@ void tst_PageUndo::aFormat_endsAStep()
     QCOMPARE(text(), QStringLiteral("ax"));
 }
 
-void tst_PageUndo::twentyWords_endAStep()
+void tst_pageundo::twentyWords_endAStep()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("w ").repeated(21));
@@ -108,7 +108,7 @@ void tst_PageUndo::twentyWords_endAStep()
     QCOMPARE(text(), QStringLiteral("x"));
 }
 
-void tst_PageUndo::redo_goesByTheSameSteps()
+void tst_pageundo::redo_goesByTheSameSteps()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("a"));
@@ -123,7 +123,7 @@ void tst_PageUndo::redo_goesByTheSameSteps()
     QCOMPARE(text(), QStringLiteral("abx"));
 }
 
-void tst_PageUndo::undoToTheSavedState_clearsTheFlag()
+void tst_pageundo::undoToTheSavedState_clearsTheFlag()
 {
     start(QStringLiteral("<p>x</p>"));
     QSignalSpy spy(m_pView, &CEditWebView::modifiedChanged);
@@ -144,7 +144,7 @@ void tst_PageUndo::undoToTheSavedState_clearsTheFlag()
     QCOMPARE(text(), QStringLiteral("ax"));
 }
 
-void tst_PageUndo::undoPastTheSavedState_setsTheFlag()
+void tst_pageundo::undoPastTheSavedState_setsTheFlag()
 {
     start(QStringLiteral("<p>x</p>"));
     type(QStringLiteral("a"));
@@ -156,7 +156,7 @@ void tst_PageUndo::undoPastTheSavedState_setsTheFlag()
     QVERIFY(!m_pView->isModified());
 }
 
-void tst_PageUndo::undoOfARecoveredPage_keepsTheFlag()
+void tst_pageundo::undoOfARecoveredPage_keepsTheFlag()
 {
     start(QStringLiteral("<p>x</p>"));
     m_pView->setModified(true); // As a draft is: the file has something else.
@@ -166,7 +166,7 @@ void tst_PageUndo::undoOfARecoveredPage_keepsTheFlag()
     QVERIFY(m_pView->isModified());
 }
 
-void tst_PageUndo::replaceAll_isOneStep()
+void tst_pageundo::replaceAll_isOneStep()
 {
     start(QStringLiteral("<p>one two one <a href=\"#\">one</a> <code>one</code></p>"));
     const QString strBefore = body();
@@ -184,5 +184,5 @@ void tst_PageUndo::replaceAll_isOneStep()
     QVERIFY(body().startsWith(QLatin1String("<p>three two three")));
 }
 
-QTEST_MAIN(tst_PageUndo)
+QTEST_MAIN(tst_pageundo)
 #include "tst_pageundo.moc"

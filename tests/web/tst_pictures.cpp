@@ -18,7 +18,7 @@
 
 using Kind = SPictureHeader::Kind;
 
-class tst_Pictures : public QObject
+class tst_pictures : public QObject
 {
     Q_OBJECT
 
@@ -51,7 +51,7 @@ private:
     }
 };
 
-void tst_Pictures::header_tellsKindAndSize_data()
+void tst_pictures::header_tellsKindAndSize_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<int>("kind");
@@ -82,7 +82,7 @@ void tst_Pictures::header_tellsKindAndSize_data()
     add("compressed svg", gzipped("<svg/>"), Kind::Svg, QSize());
 }
 
-void tst_Pictures::header_tellsKindAndSize()
+void tst_pictures::header_tellsKindAndSize()
 {
     QFETCH(QByteArray, data);
     QFETCH(int, kind);
@@ -92,7 +92,7 @@ void tst_Pictures::header_tellsKindAndSize()
     QCOMPARE(header.size, size);
 }
 
-void tst_Pictures::size_decidesBeforeDecoding_data()
+void tst_pictures::size_decidesBeforeDecoding_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<bool>("one"); // Its first frame alone.
@@ -117,7 +117,7 @@ void tst_Pictures::size_decidesBeforeDecoding_data()
     QTest::newRow("drawing") << QByteArray("<svg/>") << false << false;
 }
 
-void tst_Pictures::size_decidesBeforeDecoding()
+void tst_pictures::size_decidesBeforeDecoding()
 {
     QFETCH(QByteArray, data);
     QFETCH(bool, one);
@@ -126,7 +126,7 @@ void tst_Pictures::size_decidesBeforeDecoding()
     QCOMPARE(isReasonable(pictureHeader(data), true), all);
 }
 
-void tst_Pictures::cutHeader_isNoPicture()
+void tst_pictures::cutHeader_isNoPicture()
 {
     for (const QByteArray &whole :
          {savedPicture("PNG").left(26), savedPicture("JPG"), savedPicture("BMP").left(26),
@@ -141,7 +141,7 @@ void tst_Pictures::cutHeader_isNoPicture()
     }
 }
 
-void tst_Pictures::format_mustBeThatOfTheFirstBytes_data()
+void tst_pictures::format_mustBeThatOfTheFirstBytes_data()
 {
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QByteArray>("format");
@@ -162,7 +162,7 @@ void tst_Pictures::format_mustBeThatOfTheFirstBytes_data()
     QTest::newRow("mng") << mng() << QByteArray("MNG") << false;
 }
 
-void tst_Pictures::format_mustBeThatOfTheFirstBytes()
+void tst_pictures::format_mustBeThatOfTheFirstBytes()
 {
     QFETCH(QByteArray, data);
     QFETCH(QByteArray, format);
@@ -170,7 +170,7 @@ void tst_Pictures::format_mustBeThatOfTheFirstBytes()
     QCOMPARE(!decodePicture(data, format).isNull(), drawn);
 }
 
-void tst_Pictures::suffix_decidesWhatAFileIsReadAs_data()
+void tst_pictures::suffix_decidesWhatAFileIsReadAs_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("drawn");
@@ -181,7 +181,7 @@ void tst_Pictures::suffix_decidesWhatAFileIsReadAs_data()
     QTest::newRow("none") << "a" << false;
 }
 
-void tst_Pictures::suffix_decidesWhatAFileIsReadAs()
+void tst_pictures::suffix_decidesWhatAFileIsReadAs()
 {
     QFETCH(QString, name);
     QFETCH(bool, drawn);
@@ -189,7 +189,7 @@ void tst_Pictures::suffix_decidesWhatAFileIsReadAs()
     QCOMPARE(!readPicture(write(folder, name, savedPicture("PNG"))).isNull(), drawn);
 }
 
-void tst_Pictures::onlyRegularFiles_areRead()
+void tst_pictures::onlyRegularFiles_areRead()
 {
 #ifdef Q_OS_UNIX
     const QTemporaryDir folder;
@@ -207,7 +207,7 @@ void tst_Pictures::onlyRegularFiles_areRead()
 #endif
 }
 
-void tst_Pictures::largeFile_isNotRead()
+void tst_pictures::largeFile_isNotRead()
 {
     const QTemporaryDir folder;
     const QString strPath = write(folder, QStringLiteral("a"), "12345");
@@ -217,7 +217,7 @@ void tst_Pictures::largeFile_isNotRead()
     QVERIFY(!readRegularFile(strPath, 4, &data));
 }
 
-void tst_Pictures::framesInAnAnimation_areCounted()
+void tst_pictures::framesInAnAnimation_areCounted()
 {
     QCOMPARE(countGifFrames(gifOf(3, 2, 1)), 1);
     QCOMPARE(countGifFrames(gifOf(3, 2, 500)), 500);
@@ -231,7 +231,7 @@ void tst_Pictures::framesInAnAnimation_areCounted()
     QCOMPARE(largestGifFrame(gif), QSize(60000, 2));
 }
 
-void tst_Pictures::innerPictureOfADrawing_isAPictureOfReasonableSize_data()
+void tst_pictures::innerPictureOfADrawing_isAPictureOfReasonableSize_data()
 {
     QTest::addColumn<QByteArray>("picture");
     QTest::addColumn<bool>("drawn");
@@ -244,7 +244,7 @@ void tst_Pictures::innerPictureOfADrawing_isAPictureOfReasonableSize_data()
     QTest::newRow("unknown") << mng() << false;
 }
 
-void tst_Pictures::innerPictureOfADrawing_isAPictureOfReasonableSize()
+void tst_pictures::innerPictureOfADrawing_isAPictureOfReasonableSize()
 {
     QFETCH(QByteArray, picture);
     QFETCH(bool, drawn);
@@ -257,7 +257,7 @@ void tst_Pictures::innerPictureOfADrawing_isAPictureOfReasonableSize()
     QCOMPARE(qAlpha(image.pixel(25, 25)) != 0, drawn);
 }
 
-void tst_Pictures::styleSheetOfADrawing_isNotOpened()
+void tst_pictures::styleSheetOfADrawing_isNotOpened()
 {
     const QTemporaryDir folder;
     const QString strStyle = write(folder, QStringLiteral("a.css"), "rect { fill: red }");
@@ -269,7 +269,7 @@ void tst_Pictures::styleSheetOfADrawing_isNotOpened()
     QCOMPARE(image.pixel(25, 25), qRgb(0, 0, 255));
 }
 
-void tst_Pictures::stopsOfAGradient_areDrawnUpToSomeNumber()
+void tst_pictures::stopsOfAGradient_areDrawnUpToSomeNumber()
 {
     const auto drawing = [](int nStops) {
         return decodePicture(
@@ -286,5 +286,5 @@ void tst_Pictures::stopsOfAGradient_areDrawnUpToSomeNumber()
     QVERIFY(time.elapsed() < 2000);
 }
 
-QTEST_MAIN(tst_Pictures)
+QTEST_MAIN(tst_pictures)
 #include "tst_pictures.moc"

@@ -7,7 +7,7 @@
 #include <QDockWidget>
 #include <QMenu>
 
-class tst_Preview : public QObject
+class tst_preview : public QObject
 {
     Q_OBJECT
 
@@ -49,7 +49,7 @@ private:
     CPreviewWidget *m_pPreview = nullptr;
 };
 
-void tst_Preview::init()
+void tst_preview::init()
 {
     m_pCase = new CWebCase;
     m_pDock = new QDockWidget;
@@ -59,14 +59,14 @@ void tst_Preview::init()
     m_pDock->show();
 }
 
-void tst_Preview::cleanup()
+void tst_preview::cleanup()
 {
     delete m_pDock;
     delete m_pCase;
 }
 
 // The classes of the visible views.
-QString tst_Preview::visibleKind() const
+QString tst_preview::visibleKind() const
 {
     QStringList lstKinds;
     const QList<QWidget *> lstViews =
@@ -77,7 +77,7 @@ QString tst_Preview::visibleKind() const
     return lstKinds.join(QLatin1Char(' '));
 }
 
-void tst_Preview::kindOfFile_choosesTheView_data()
+void tst_preview::kindOfFile_choosesTheView_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("kind");
@@ -103,7 +103,7 @@ void tst_Preview::kindOfFile_choosesTheView_data()
                            << "CHighlightEdit";
 }
 
-void tst_Preview::kindOfFile_choosesTheView()
+void tst_preview::kindOfFile_choosesTheView()
 {
     QFETCH(QString, name);
     QFETCH(QString, kind);
@@ -122,14 +122,14 @@ void tst_Preview::kindOfFile_choosesTheView()
     }
 }
 
-void tst_Preview::folderOrMissingFile_keepsThePreview_data()
+void tst_preview::folderOrMissingFile_keepsThePreview_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("folder") << ".";
     QTest::newRow("missing") << "none.txt";
 }
 
-void tst_Preview::folderOrMissingFile_keepsThePreview()
+void tst_preview::folderOrMissingFile_keepsThePreview()
 {
     QFETCH(QString, name);
     m_pPreview->previewFile(m_pCase->write(QStringLiteral("a.txt"), "text"));
@@ -139,14 +139,14 @@ void tst_Preview::folderOrMissingFile_keepsThePreview()
     QCOMPARE(title(), QStringLiteral("Preview(a.txt)"));
 }
 
-void tst_Preview::largeText_isCut()
+void tst_preview::largeText_isCut()
 {
     m_pPreview->previewFile(
         m_pCase->write(QStringLiteral("a.txt"), QByteArray("0123456789\n").repeated(60000)));
     QCOMPARE(m_pPreview->findChild<CHighlightEdit *>()->getText().size(), 500000);
 }
 
-void tst_Preview::largeText_isCutBetweenCharacters()
+void tst_preview::largeText_isCutBetweenCharacters()
 {
     for (const char *szBefore : {"", "a", "ab"}) {
         const QByteArray before(szBefore);
@@ -160,7 +160,7 @@ void tst_Preview::largeText_isCutBetweenCharacters()
     }
 }
 
-void tst_Preview::lineThatTakesLongToLayOut_isCut_data()
+void tst_preview::lineThatTakesLongToLayOut_isCut_data()
 {
     QTest::addColumn<QString>("character");
     QTest::addColumn<int>("shown"); // Characters of the line.
@@ -173,7 +173,7 @@ void tst_Preview::lineThatTakesLongToLayOut_isCut_data()
     QTest::newRow("beyond the first plane") << "\U0001f600" << 5001;
 }
 
-void tst_Preview::lineThatTakesLongToLayOut_isCut()
+void tst_preview::lineThatTakesLongToLayOut_isCut()
 {
     QFETCH(QString, character);
     QFETCH(int, shown);
@@ -190,7 +190,7 @@ void tst_Preview::lineThatTakesLongToLayOut_isCut()
     QVERIFY(lstLines.at(1).startsWith(character) && lstLines.at(1).isValidUtf16());
 }
 
-void tst_Preview::manyLinesThatAreShort_areNotCut()
+void tst_preview::manyLinesThatAreShort_areNotCut()
 {
     for (const char *szEnd : {"\n", "\r", "\r\n"}) {
         const QString strLine = QString(100, QChar(0xe01)) + QLatin1String(szEnd);
@@ -201,7 +201,7 @@ void tst_Preview::manyLinesThatAreShort_areNotCut()
     }
 }
 
-void tst_Preview::nameWithSignsOfTheirOwn_isShownAsItIs()
+void tst_preview::nameWithSignsOfTheirOwn_isShownAsItIs()
 {
     m_pPreview->previewFile(m_pCase->write(QStringLiteral("b[*]&c.txt"), "text"));
     // As the frame shows it: the sign for "modified" doubled stands for itself.
@@ -209,7 +209,7 @@ void tst_Preview::nameWithSignsOfTheirOwn_isShownAsItIs()
     QCOMPARE(m_pDock->toggleViewAction()->text(), QStringLiteral("Preview(b[*]&&c.txt)"));
 }
 
-void tst_Preview::textGetsItsLanguage()
+void tst_preview::textGetsItsLanguage()
 {
     QString strAsked;
     m_pPreview->setDefinitionFunction([&](const QString &strPath) {
@@ -223,7 +223,7 @@ void tst_Preview::textGetsItsLanguage()
     QCOMPARE(strAsked, strPath);
 }
 
-void tst_Preview::unreadableText_isEmpty()
+void tst_preview::unreadableText_isEmpty()
 {
     if (!QFile::exists(QStringLiteral("/dev/zero")))
         QSKIP("no devices here");
@@ -232,7 +232,7 @@ void tst_Preview::unreadableText_isEmpty()
     QCOMPARE(m_pPreview->findChild<CHighlightEdit *>()->toPlainText(), QString());
 }
 
-void tst_Preview::setFile_withoutLoading_onlyNamesIt()
+void tst_preview::setFile_withoutLoading_onlyNamesIt()
 {
     m_pPreview->setFile(m_pCase->write(QStringLiteral("a.txt"), "text"), false);
     QCOMPARE(title(), QStringLiteral("Preview(a.txt)"));
@@ -241,7 +241,7 @@ void tst_Preview::setFile_withoutLoading_onlyNamesIt()
     QCOMPARE(visibleKind(), QStringLiteral("CHighlightEdit"));
 }
 
-void tst_Preview::setFile_ofAFolder_doesNothing()
+void tst_preview::setFile_ofAFolder_doesNothing()
 {
     m_pPreview->setFile(m_pCase->m_folder.path(), true);
     m_pPreview->setFile(m_pCase->path(QStringLiteral("none")), true);
@@ -249,7 +249,7 @@ void tst_Preview::setFile_ofAFolder_doesNothing()
     QCOMPARE(visibleKind(), QString());
 }
 
-void tst_Preview::clearing_keepsTheFileAndTheTitle()
+void tst_preview::clearing_keepsTheFileAndTheTitle()
 {
     m_pPreview->clearPreview();
     QCOMPARE(title(), QStringLiteral("Preview"));
@@ -261,7 +261,7 @@ void tst_Preview::clearing_keepsTheFileAndTheTitle()
     QCOMPARE(title(), QStringLiteral("Preview(100%1.txt)"));
 }
 
-void tst_Preview::htmlText_isRenderedAndNotEditable()
+void tst_preview::htmlText_isRenderedAndNotEditable()
 {
     m_pPreview->previewHtml(QStringLiteral("<p>text é"),
                             QUrl::fromLocalFile(m_pCase->path(QStringLiteral("a.html"))));
@@ -273,7 +273,7 @@ void tst_Preview::htmlText_isRenderedAndNotEditable()
     QCOMPARE(textOf(pView), QString());
 }
 
-void tst_Preview::htmlText_becomesEditableByControl()
+void tst_preview::htmlText_becomesEditableByControl()
 {
     m_pPreview->previewHtml(QStringLiteral("<p>text"), QUrl());
     auto *pView = m_pPreview->findChild<CEditWebView *>();
@@ -281,7 +281,7 @@ void tst_Preview::htmlText_becomesEditableByControl()
     QVERIFY(pView->page()->isContentEditable());
 }
 
-void tst_Preview::htmlText_isNotEditableWhileControlIsHeld()
+void tst_preview::htmlText_isNotEditableWhileControlIsHeld()
 {
     m_pPreview->previewHtml(QStringLiteral("<p>one two three"), QUrl());
     auto *pView = m_pPreview->findChild<CEditWebView *>();
@@ -292,7 +292,7 @@ void tst_Preview::htmlText_isNotEditableWhileControlIsHeld()
     QCOMPARE(textOf(pView), QStringLiteral("one two three"));
 }
 
-void tst_Preview::htmlTextShownAgain_keepsItsPlace()
+void tst_preview::htmlTextShownAgain_keepsItsPlace()
 {
     const QUrl url = QUrl::fromLocalFile(m_pCase->path(QStringLiteral("a.html")));
     const QString strHtml = QStringLiteral("<p style='height:3000px'>text");
@@ -305,7 +305,7 @@ void tst_Preview::htmlTextShownAgain_keepsItsPlace()
     QCOMPARE(pFrame->scrollPosition(), QPoint(0, 0));
 }
 
-void tst_Preview::svgText_isDrawn()
+void tst_preview::svgText_isDrawn()
 {
     m_pPreview->previewSvg(
         QStringLiteral("<svg xmlns='http://www.w3.org/2000/svg' width='30' height='20'/>"));
@@ -315,7 +315,7 @@ void tst_Preview::svgText_isDrawn()
     QVERIFY(m_pPreview->findChild<CImageWidget *>()->isNull());
 }
 
-void tst_Preview::viewsAreKept_theTextViewIsNot()
+void tst_preview::viewsAreKept_theTextViewIsNot()
 {
     const QString strPage = m_pCase->write(QStringLiteral("a.html"), "x");
     const QString strText = m_pCase->write(QStringLiteral("a.txt"), "x");
@@ -329,7 +329,7 @@ void tst_Preview::viewsAreKept_theTextViewIsNot()
     QCOMPARE(m_pPreview->findChild<QWebView *>(), pWeb.data());
 }
 
-void tst_Preview::onlyOneViewIsVisible()
+void tst_preview::onlyOneViewIsVisible()
 {
     const QStringList lstNames = {QStringLiteral("a.html"), QStringLiteral("a.png"),
                                   QStringLiteral("a.txt")};
@@ -346,7 +346,7 @@ void tst_Preview::onlyOneViewIsVisible()
     }
 }
 
-void tst_Preview::contextMenu_needsAFile()
+void tst_preview::contextMenu_needsAFile()
 {
     const auto entry = [&] {
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
@@ -366,12 +366,12 @@ void tst_Preview::contextMenu_needsAFile()
     QCOMPARE(entry(), QStringLiteral("Open position of file+"));
 }
 
-void tst_Preview::panelWithoutDock_hasNoTitle()
+void tst_preview::panelWithoutDock_hasNoTitle()
 {
     CPreviewWidget preview;
     preview.previewFile(m_pCase->write(QStringLiteral("a.txt"), "x"));
     QCOMPARE(preview.windowTitle(), QString());
 }
 
-QTEST_MAIN(tst_Preview)
+QTEST_MAIN(tst_preview)
 #include "tst_preview.moc"

@@ -6,7 +6,7 @@
 
 // A page keeps its source: what changes in real pages, line by line, when an author changes
 // something.
-class tst_RealPages : public QObject
+class tst_realpages : public QObject
 {
     Q_OBJECT
 
@@ -32,14 +32,14 @@ bool isSmall(const SRealPage &page)
 
 } // namespace
 
-void tst_RealPages::unchangedPage_isWrittenAsItWasRead_data()
+void tst_realpages::unchangedPage_isWrittenAsItWasRead_data()
 {
     QTest::addColumn<QByteArray>("content");
     for (const SRealPage &page : allPages())
         QTest::newRow(qPrintable(page.strName)) << page.content;
 }
 
-void tst_RealPages::unchangedPage_isWrittenAsItWasRead()
+void tst_realpages::unchangedPage_isWrittenAsItWasRead()
 {
     QFETCH(QByteArray, content);
     const CWebCase c;
@@ -48,14 +48,14 @@ void tst_RealPages::unchangedPage_isWrittenAsItWasRead()
     QCOMPARE(view.htmlForSaving(), declareUtf8(decodePage(content)).toUtf8());
 }
 
-void tst_RealPages::oneChange_leavesTheOtherLines_data()
+void tst_realpages::oneChange_leavesTheOtherLines_data()
 {
     QTest::addColumn<QByteArray>("action");
     for (const Author::SAction &action : Author::actions())
         QTest::newRow(action.szName) << QByteArray(action.szName);
 }
 
-void tst_RealPages::oneChange_leavesTheOtherLines()
+void tst_realpages::oneChange_leavesTheOtherLines()
 {
     QFETCH(QByteArray, action);
     const QVector<Author::SAction> lstActions = Author::actions();
@@ -99,5 +99,5 @@ void tst_RealPages::oneChange_leavesTheOtherLines()
         QSKIP("Fewer than 40 real pages are installed: run scripts/setup.sh pages.");
 }
 
-QTEST_MAIN(tst_RealPages)
+QTEST_MAIN(tst_realpages)
 #include "tst_realpages.moc"

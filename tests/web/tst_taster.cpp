@@ -17,7 +17,7 @@ Q_DECLARE_METATYPE(CTaster::Result)
 
 using Result = CTaster::Result;
 
-class tst_Taster : public QObject
+class tst_taster : public QObject
 {
     Q_OBJECT
 
@@ -97,7 +97,7 @@ QStringList helpers()
 
 } // namespace
 
-void tst_Taster::file_isTasted_data()
+void tst_taster::file_isTasted_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
@@ -112,7 +112,7 @@ void tst_Taster::file_isTasted_data()
     QTest::newRow("slow page") << "a.html" << slowPage() << Result::TooSlow;
 }
 
-void tst_Taster::file_isTasted()
+void tst_taster::file_isTasted()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
@@ -124,7 +124,7 @@ void tst_Taster::file_isTasted()
     QCOMPARE(taste(&taster, m_pCase->path(name)), result);
 }
 
-void tst_Taster::result_isKeptForTheFileAsItIs()
+void tst_taster::result_isKeptForTheFileAsItIs()
 {
     CTaster taster;
     taster.setProgram(helper("read w h p; echo shown; read w h p; exit 1"));
@@ -141,14 +141,14 @@ void tst_Taster::result_isKeptForTheFileAsItIs()
     QVERIFY(fileKey(m_pCase->path(QStringLiteral("none"))).isEmpty());
 }
 
-void tst_Taster::missingHelper_answersNothing_data()
+void tst_taster::missingHelper_answersNothing_data()
 {
     QTest::addColumn<QByteArray>("script");
     QTest::newRow("none") << QByteArray();
     QTest::newRow("no program") << QByteArray("\x7f ELF, but no program");
 }
 
-void tst_Taster::missingHelper_answersNothing()
+void tst_taster::missingHelper_answersNothing()
 {
     QFETCH(QByteArray, script);
     CTaster taster;
@@ -163,7 +163,7 @@ void tst_Taster::missingHelper_answersNothing()
     QCOMPARE(spy.first().at(1).value<Result>(), Result::Unknown);
 }
 
-void tst_Taster::helperThatSaysNothing_isNotWaitedForLong()
+void tst_taster::helperThatSaysNothing_isNotWaitedForLong()
 {
     CTaster taster;
     taster.setProgram(helper("exec sleep 1000"));
@@ -171,7 +171,7 @@ void tst_Taster::helperThatSaysNothing_isNotWaitedForLong()
     QCOMPARE(taste(&taster, m_pCase->write(QStringLiteral("a.html"), "x")), Result::TooSlow);
 }
 
-void tst_Taster::helper_isReadyForTheNextFile()
+void tst_taster::helper_isReadyForTheNextFile()
 {
     CTaster taster;
     taster.setProgram(program());
@@ -187,7 +187,7 @@ void tst_Taster::helper_isReadyForTheNextFile()
     QVERIFY(helpers() != lstBefore);
 }
 
-void tst_Taster::anotherFile_cancelsTheFirst()
+void tst_taster::anotherFile_cancelsTheFirst()
 {
     CTaster taster;
     taster.setProgram(program());
@@ -205,7 +205,7 @@ void tst_Taster::anotherFile_cancelsTheFirst()
     QCOMPARE(spy.size(), 1);
 }
 
-void tst_Taster::helper_goesWithItsOwner()
+void tst_taster::helper_goesWithItsOwner()
 {
     {
         CTaster taster;
@@ -216,7 +216,7 @@ void tst_Taster::helper_goesWithItsOwner()
     QTRY_COMPARE(helpers().size(), 0);
 }
 
-void tst_Taster::helper_goesWithTheProgram()
+void tst_taster::helper_goesWithTheProgram()
 {
     // The program between is killed and can clear nothing away.
     QProcess owner;
@@ -239,7 +239,7 @@ void tst_Taster::helper_goesWithTheProgram()
     QTRY_VERIFY(!command().contains("quillan-taste"));
 }
 
-void tst_Taster::helper_mayNotTakeMuch()
+void tst_taster::helper_mayNotTakeMuch()
 {
     CTaster taster;
     taster.setProgram(program());
@@ -254,7 +254,7 @@ void tst_Taster::helper_mayNotTakeMuch()
     }
 }
 
-void tst_Taster::preview_showsWhatPasses()
+void tst_taster::preview_showsWhatPasses()
 {
     CPreviewWidget preview;
     preview.taster()->setProgram(program());
@@ -275,7 +275,7 @@ void tst_Taster::preview_showsWhatPasses()
     QCOMPARE(preview.findChild<CImageWidget *>()->imageSize(), QSize(5, 4));
 }
 
-void tst_Taster::preview_saysThatItTries()
+void tst_taster::preview_saysThatItTries()
 {
     CPreviewWidget preview;
     preview.taster()->setProgram(helper("exec sleep 1000"));
@@ -290,7 +290,7 @@ void tst_Taster::preview_saysThatItTries()
     QTRY_COMPARE(helpers().size(), 0);
 }
 
-void tst_Taster::preview_showsTheSourceOfWhatFails_data()
+void tst_taster::preview_showsTheSourceOfWhatFails_data()
 {
     QTest::addColumn<QByteArray>("script");
     QTest::addColumn<QString>("reason");
@@ -304,7 +304,7 @@ void tst_Taster::preview_showsTheSourceOfWhatFails_data()
                             << "This file is not drawn here: that takes too much memory.";
 }
 
-void tst_Taster::preview_showsTheSourceOfWhatFails()
+void tst_taster::preview_showsTheSourceOfWhatFails()
 {
     QFETCH(QByteArray, script);
     QFETCH(QString, reason);
@@ -322,7 +322,7 @@ void tst_Taster::preview_showsTheSourceOfWhatFails()
     QVERIFY(preview.findChild<CHighlightEdit *>()->y() >= pNotice->geometry().bottom());
 }
 
-void tst_Taster::preview_showsItAnyway()
+void tst_taster::preview_showsItAnyway()
 {
     CPreviewWidget preview;
     preview.taster()->setProgram(helper("read w h p; exit 1"));
@@ -344,7 +344,7 @@ void tst_Taster::preview_showsItAnyway()
     QTRY_VERIFY(!visibleNotice(preview).isEmpty());
 }
 
-void tst_Taster::preview_showsNoTextOfARefusedFile()
+void tst_taster::preview_showsNoTextOfARefusedFile()
 {
     CPreviewWidget preview;
     preview.show();
@@ -359,7 +359,7 @@ void tst_Taster::preview_showsNoTextOfARefusedFile()
     QCOMPARE(visibleNotice(preview), QString());
 }
 
-void tst_Taster::preview_withoutHelper_refusesWhatIsKnown()
+void tst_taster::preview_withoutHelper_refusesWhatIsKnown()
 {
     CPreviewWidget preview;
     preview.taster()->setProgram(m_pCase->path(QStringLiteral("none")));
@@ -371,7 +371,7 @@ void tst_Taster::preview_withoutHelper_refusesWhatIsKnown()
     QCOMPARE(preview.findChild<CHighlightEdit *>()->toPlainText(), QStringLiteral("<p>x"));
 }
 
-void tst_Taster::preview_ofAnotherFile_dropsTheNotice()
+void tst_taster::preview_ofAnotherFile_dropsTheNotice()
 {
     CPreviewWidget preview;
     preview.taster()->setProgram(helper("read w h p; exit 1"));
@@ -384,5 +384,5 @@ void tst_Taster::preview_ofAnotherFile_dropsTheNotice()
     QCOMPARE(preview.findChild<CHighlightEdit *>()->y(), 0);
 }
 
-QTEST_MAIN(tst_Taster)
+QTEST_MAIN(tst_taster)
 #include "tst_taster.moc"
