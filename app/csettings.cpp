@@ -3,7 +3,6 @@
 #include "app/cdescriptor.h"
 #include "app/filewriter.h"
 #include "app/platform.h"
-#include "app/settingsfile.h"
 
 #include <QDir>
 #include <QFile>
@@ -116,18 +115,11 @@ void makePrivateFile(const QString &strPath)
         const CDescriptor file(Platform::createFile(strPath, Platform::FilePrivacy::OnlyMe));
 }
 
-// To be called before QSettings reads the file; gives the application's name back.
-QString nameWithSafeFile(const QString &strOrganization, const QString &strApplication)
-{
-    dropStreamedValues(strOrganization, strApplication);
-    return strApplication;
-}
-
 } // namespace
 
 CSettings::CSettings(const QString &strOrganization, const QString &strApplication,
                      QObject *pParent)
-    : QSettings(strOrganization, nameWithSafeFile(strOrganization, strApplication), pParent)
+    : QSettings(strOrganization, strApplication, pParent)
 {
     if (QFileInfo(fileName()).isFile())
         makePrivateFile(fileName());

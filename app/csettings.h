@@ -6,7 +6,8 @@
 #include <QString>
 #include <QStringList>
 
-// The one persistent store of preferences and remembered state: native format, user scope.
+// The one persistent store of preferences and remembered state: native format, user scope. The
+// program calls dropStreamedValues() before it makes one, because a damaged file could end it here.
 //
 // Every key is mirrored in a plain member. All are read at construction; setters change the member
 // only, and nothing reaches the disk before write() or save(), which the destructor calls once

@@ -6,6 +6,7 @@
 #include "app/ctranslators.h"
 #include "app/platform.h"
 #include "app/platformfiles.h"
+#include "app/settingsfile.h"
 #include "mainwindow/mainwindow.h"
 #include "res/icons.h"
 #include "spelling/cspelling.h"
@@ -36,8 +37,10 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
 
     const auto pLangMgt = std::make_unique<CLangMgt>(nullptr);
     g_pLangMgt = pLangMgt.get();
-    const auto pSettings = std::make_unique<CSettings>(QLatin1String(g_szOrganization),
-                                                       QCoreApplication::applicationName());
+    const QString strOrganization = QLatin1String(g_szOrganization);
+    const QString strApplication = QCoreApplication::applicationName();
+    dropStreamedValues(strOrganization, strApplication);
+    const auto pSettings = std::make_unique<CSettings>(strOrganization, strApplication);
     g_pSettings = pSettings.get();
     pSettings->setLoc(strLocale);
     const auto pSpelling = std::make_unique<CSpelling>(CSpelling::systemFolders(),

@@ -5,6 +5,7 @@
 #include "app/plaintext.h"
 #include "browser/cmenulistwidget.h"
 #include "browser/flatbutton.h"
+#include "widgets/typedkeys.h"
 
 #include <QDir>
 #include <QKeyEvent>
@@ -168,12 +169,10 @@ void CWidgetFavoriteFolder::onRemoveSelected()
 
 bool CWidgetFavoriteFolder::eventFilter(QObject *pWatched, QEvent *pEvent)
 {
-    if (pWatched == m_pListFolders && pEvent->type() == QEvent::KeyPress) {
-        const int nKey = static_cast<QKeyEvent *>(pEvent)->key();
-        if (nKey == Qt::Key_Return || nKey == Qt::Key_Enter) {
-            openSelection();
-            return true;
-        }
+    if (pWatched == m_pListFolders && pEvent->type() == QEvent::KeyPress
+        && isEnter(static_cast<QKeyEvent *>(pEvent))) {
+        openSelection();
+        return true;
     }
     return QWidget::eventFilter(pWatched, pEvent);
 }

@@ -1,15 +1,11 @@
 // The keys of the list and of the folder box.
 #include "browser/cmenulistview.h"
 #include "browser/cwidgetfilelist.h"
+#include "widgets/typedkeys.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
-
-static bool isEnter(int nKey)
-{
-    return nKey == Qt::Key_Return || nKey == Qt::Key_Enter;
-}
 
 bool CWidgetFileList::eventFilter(QObject *pWatched, QEvent *pEvent)
 {
@@ -19,7 +15,7 @@ bool CWidgetFileList::eventFilter(QObject *pWatched, QEvent *pEvent)
     auto *pKey = static_cast<QKeyEvent *>(pEvent);
     if (pWatched == m_pListView)
         return bOverride ? claimListKey(pKey) : handleListKey(*pKey);
-    if (pWatched == m_pComboFolder->lineEdit() && !bOverride && isEnter(pKey->key())) {
+    if (pWatched == m_pComboFolder->lineEdit() && !bOverride && isEnter(pKey)) {
         // The edit leaves this key to its parent, and the box hands it back: Enter would count
         // twice.
         m_pComboFolder->lineEdit()->event(pKey);
@@ -59,7 +55,7 @@ const SListKey *listKey(const QKeyEvent &key)
 
 bool isPlainEnter(const QKeyEvent &key)
 {
-    return isEnter(key.key()) && (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    return isEnter(&key) && (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "editor/ctextlines.h"
 #include "editor/indentation.h"
 #include "editor/linecommands.h"
-#include "editor/typedkeys.h"
+#include "widgets/typedkeys.h"
 
 #include <QKeyEvent>
 

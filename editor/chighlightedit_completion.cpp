@@ -3,9 +3,9 @@
 
 #include "editor/caretedits.h"
 #include "editor/ccompletionlist.h"
-#include "editor/typedkeys.h"
 #include "editor/words.h"
 #include "highlight/ctextdocument.h"
+#include "widgets/typedkeys.h"
 
 #include <QTextBlock>
 

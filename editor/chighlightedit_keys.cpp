@@ -1,8 +1,8 @@
 #include "editor/chighlightedit.h"
 
 #include "editor/indentation.h"
-#include "editor/typedkeys.h"
 #include "highlight/ctextdocument.h"
+#include "widgets/typedkeys.h"
 
 #include <QKeyEvent>
 #include <QTextBlock>

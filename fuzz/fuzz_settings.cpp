@@ -2,6 +2,7 @@
 // what is written instead reads back the same.
 
 #include "app/csettings.h"
+#include "app/settingsfile.h"
 #include "fuzz/fuzzing.h"
 
 #include <QDir>
@@ -44,6 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
     file.write(bytesOf(pData, nSize));
     file.close();
 
+    dropStreamedValues(QStringLiteral("fuzz"), strName);
     CSettings settings(QStringLiteral("fuzz"), strName);
     requireBounds(settings);
     settings.save();

@@ -2,6 +2,7 @@
 
 #include "pageedit/pagecommands.h"
 #include "web/ceditwebview.h"
+#include "widgets/typedkeys.h"
 
 #include <QCoreApplication>
 #include <QInputMethodEvent>
@@ -106,7 +107,7 @@ bool CPageTyping::takeKey(const QKeyEvent *pEvent)
         return takeText(pEvent->text());
     forget();
     const bool bPlain = !(pEvent->modifiers() & ~Qt::KeypadModifier);
-    if (bPlain && (pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter))
+    if (bPlain && isEnter(pEvent))
         return takeEnter();
     if (bPlain && pEvent->key() == Qt::Key_Tab)
         return takeTab(false);

@@ -2,6 +2,7 @@
 #include "web/ceditwebview.h"
 
 #include "web/pagescript.h"
+#include "widgets/typedkeys.h"
 
 #include <QDateTime>
 #include <QKeyEvent>
@@ -25,7 +26,7 @@ void CEditWebView::followTyping(const QKeyEvent *pEvent)
 {
     if (!changesText(pEvent))
         return;
-    const bool bEnter = pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter;
+    const bool bEnter = isEnter(pEvent);
     if (m_steps.type(pEvent->text(), bEnter, QDateTime::currentMSecsSinceEpoch()))
         evaluate(PageScript::endTyping());
 }

@@ -1,7 +1,7 @@
 // The size at which a page is shown. It is no part of the page.
 #include "web/ceditwebview.h"
 
-#include "editor/typedkeys.h"
+#include "widgets/typedkeys.h"
 
 #include <QKeyEvent>
 #include <QWheelEvent>

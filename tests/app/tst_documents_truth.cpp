@@ -75,8 +75,8 @@ QSet<QString> formKeys()
 const QHash<QString, QPair<QString, QString>> &handledKeys()
 {
     static const QHash<QString, QPair<QString, QString>> s_keys = {
-        {"Tab", {"editor/typedkeys.h", "Qt::Key_Tab"}},
-        {"Shift+Tab", {"editor/typedkeys.h", "Qt::Key_Backtab"}},
+        {"Tab", {"widgets/typedkeys.h", "Qt::Key_Tab"}},
+        {"Shift+Tab", {"widgets/typedkeys.h", "Qt::Key_Backtab"}},
         {"Alt+drag", {"editor/chighlightedit_mouse.cpp", "Qt::AltModifier"}},
         {"Escape", {"editor/chighlightedit_caretkeys.cpp", "Qt::Key_Escape"}},
         {"Alt+letter", {"editor/chighlightedit_commands.cpp", "openMenuOfLetter"}},
@@ -89,9 +89,9 @@ const QHash<QString, QPair<QString, QString>> &handledKeys()
         {"Ctrl+Page Down", {"mainwindow/mainwindow_keys.cpp", "Ctrl+PgDown"}},
         {"Ctrl+Page Up", {"mainwindow/mainwindow_keys.cpp", "Ctrl+PgUp"}},
         {"Alt+1 … Alt+9", {"mainwindow/mainwindow_keys.cpp", "Alt+%1"}},
-        {"Ctrl+plus", {"editor/typedkeys.h", "Qt::Key_Plus"}},
-        {"Ctrl+minus", {"editor/typedkeys.h", "Qt::Key_Minus"}},
-        {"Ctrl+0", {"editor/typedkeys.h", "Qt::Key_0"}},
+        {"Ctrl+plus", {"widgets/typedkeys.h", "Qt::Key_Plus"}},
+        {"Ctrl+minus", {"widgets/typedkeys.h", "Qt::Key_Minus"}},
+        {"Ctrl+0", {"widgets/typedkeys.h", "Qt::Key_0"}},
         {"Backspace", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Backspace"}},
         {"middle button", {"mainwindow/ctabwidget.cpp", "Qt::MiddleButton"}},
         {"double click beside the tabs", {"mainwindow/ctabwidget.cpp", "mouseDoubleClickEvent"}},

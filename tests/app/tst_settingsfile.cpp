@@ -56,6 +56,7 @@ private slots:
         file.write("[General]\nm_nTextFontSize=20\n"
                    "m_strLastPathFileName=@Variant(\\0\\0\\0\\x66\\0\\0\\0\\0\\0)\n");
         file.close();
+        dropStreamedValues("someone", "something");
         const CSettings settings("someone", "something");
         QCOMPARE(settings.getTextFontSize(), 20);
         QCOMPARE(settings.getLastPathFileName(), QString());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QSettings>
@@ -62,6 +63,13 @@ public:
         if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
             qFatal("cannot make %s", qPrintable(file.fileName()));
         return file.fileName();
+    }
+
+    // For starts to come: the settings file as it shall lie there.
+    void writeSettings(const QByteArray &ini) const
+    {
+        QDir(m_folder.path()).mkpath("config/Tavrel Software");
+        file("config/Tavrel Software/quillan.conf", ini);
     }
 
     QStringList recentFiles() const

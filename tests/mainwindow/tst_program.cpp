@@ -111,6 +111,16 @@ private slots:
         QCOMPARE(home.recentFiles().size(), 2);
     }
 
+    // Read as it stands, the value asks for as many bytes as an address can count.
+    void start_withADamagedSetting_showsItsFile()
+    {
+        CProgramHome home;
+        home.writeSettings("[General]\nm_nTextFontSize=20\n"
+                           "m_strLastPathFileName=@Variant(\\0\\0\\0\\x66\\0\\0\\0\\0\\0)\n");
+        const QProcess *pProcess = home.start({home.file("a.txt")});
+        QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(a.txt)"), 20000);
+    }
+
     // Nothing can be made below /proc, whoever asks.
     void start_withoutAWritableHome_editsAndSaves()
     {
