@@ -82,7 +82,7 @@ const QHash<QString, QPair<QString, QString>> &handledKeys()
         {"Alt+letter", {"editor/chighlightedit_commands.cpp", "openMenuOfLetter"}},
         {"Ctrl+wheel", {"editor/chighlightedit.cpp", "CHighlightEdit::wheelEvent"}},
         {"Ctrl held", {"web/ceditwebview_events.cpp", "Qt::Key_Control"}},
-        {"Enter", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Return"}},
+        {"Enter", {"widgets/typedkeys.h", "Qt::Key_Return"}},
         {"F2", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_F2"}},
         {"Delete", {"browser/cwidgetfilelist_keys.cpp", "Qt::Key_Delete"}},
         {"Ctrl+Alt+N", {"browser/cwidgetfilelist_keys.cpp", "Qt::AltModifier, Qt::Key_N"}},
