@@ -1,12 +1,34 @@
 #include "mainwindow/cstatuslabels.h"
 
+#include "mainwindow/cgroundedlabel.h"
+
 #include <QLabel>
 #include <QStatusBar>
 
+namespace {
+
+// The labels are dark in every desktop palette, so the ground under them is light.
+const char g_szGround[] = "#f0f0f0";
+
+QString withWidestDigits(const QString &strText, const QFontMetrics &metrics)
+{
+    QChar cWidest = QLatin1Char('0');
+    for (char c = '1'; c <= '9'; ++c)
+        if (metrics.horizontalAdvance(QLatin1Char(c)) > metrics.horizontalAdvance(cWidest))
+            cWidest = QLatin1Char(c);
+    QString strResult = strText;
+    for (QChar &c : strResult)
+        if (c.isDigit())
+            c = cWidest;
+    return strResult;
+}
+
+} // namespace
+
 CStatusLabels::CStatusLabels(QStatusBar *pStatusBar) : QObject(pStatusBar), m_pStatusBar(pStatusBar)
 {
-    // The labels are dark in every desktop palette, so the ground under them is light.
-    pStatusBar->setStyleSheet(QStringLiteral("QStatusBar{background:#f0f0f0;}"));
+    pStatusBar->setStyleSheet(
+        QStringLiteral("QStatusBar{background:%1;}").arg(QLatin1String(g_szGround)));
 
     m_pMessage = new QLabel(pStatusBar);
     m_pMessage->setObjectName(QStringLiteral("labelMessage"));
@@ -14,15 +36,18 @@ CStatusLabels::CStatusLabels(QStatusBar *pStatusBar) : QObject(pStatusBar), m_pS
     m_pMessage->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // Long ones are cut.
     pStatusBar->addWidget(m_pMessage, 1);
 
-    m_pCursor = addLabel(QStringLiteral("labelCursor"), tr("Col, Row and Selected"));
-    m_pLanguage = addLabel(QStringLiteral("labelLanguage"), tr("Program Language"));
-    m_pReturnFormat = addLabel(QStringLiteral("labelReturnFormat"), tr("Return Format"));
-    m_pTextCodec = addLabel(QStringLiteral("labelTextCodec"), tr("Text Codec"));
+    m_pCursor = new CGroundedLabel(QColor(QLatin1String(g_szGround)), pStatusBar);
+    add(m_pCursor, QStringLiteral("labelCursor"), tr("Col, Row and Selected"));
+    m_pLanguage = new QLabel(pStatusBar);
+    add(m_pLanguage, QStringLiteral("labelLanguage"), tr("Program Language"));
+    m_pReturnFormat = new QLabel(pStatusBar);
+    add(m_pReturnFormat, QStringLiteral("labelReturnFormat"), tr("Return Format"));
+    m_pTextCodec = new QLabel(pStatusBar);
+    add(m_pTextCodec, QStringLiteral("labelTextCodec"), tr("Text Codec"));
 }
 
-QLabel *CStatusLabels::addLabel(const QString &strName, const QString &strToolTip)
+void CStatusLabels::add(QLabel *pLabel, const QString &strName, const QString &strToolTip)
 {
-    auto *pLabel = new QLabel(m_pStatusBar);
     pLabel->setObjectName(strName);
     pLabel->setTextFormat(Qt::PlainText);
     pLabel->setToolTip(strToolTip);
@@ -32,7 +57,6 @@ QLabel *CStatusLabels::addLabel(const QString &strName, const QString &strToolTi
     pLabel->setFrameShadow(QFrame::Sunken);
     pLabel->setMinimumWidth(50);
     m_pStatusBar->addWidget(pLabel, 0);
-    return pLabel;
 }
 
 void CStatusLabels::setMessage(const QString &strText)
@@ -47,15 +71,25 @@ QString CStatusLabels::message() const
 
 void CStatusLabels::setCursorText(const QString &strText)
 {
+    if (m_pCursor->text() == strText)
+        return;
     m_pCursor->setText(strText);
-    fitCursorLabel();
+    if (strText.size() > m_nFitted)
+        fitCursorLabel();
 }
 
 // Qt lays the status bar out anew for a label whose size may change. This one has a fixed size,
-// which only grows, so that its neighbours stand still while the cursor moves.
+// which only grows, so that its neighbours stand still while the cursor moves. It has room for any
+// text as long as this one: only digits change.
 void CStatusLabels::fitCursorLabel()
 {
-    const QSize needed = m_pCursor->sizeHint();
+    const QString strText = m_pCursor->text();
+    m_nFitted = strText.size();
+    const QSize now = m_pCursor->sizeHint();
+    const QFontMetrics metrics = m_pCursor->fontMetrics();
+    const int nMore = metrics.horizontalAdvance(withWidestDigits(strText, metrics))
+        - metrics.horizontalAdvance(strText);
+    const QSize needed = now + QSize(qMax(0, nMore), 0);
     if (m_pCursor->minimumWidth() < needed.width() || m_pCursor->minimumHeight() != needed.height())
         m_pCursor->setFixedSize(needed.expandedTo(QSize(m_pCursor->minimumWidth(), 0)));
 }

@@ -27,7 +27,7 @@ public slots:
 
 private:
     void fitCursorLabel();
-    QLabel *addLabel(const QString &strName, const QString &strToolTip);
+    void add(QLabel *pLabel, const QString &strName, const QString &strToolTip);
 
     QStatusBar *m_pStatusBar; // The labels' owner.
     QLabel *m_pMessage;
@@ -35,4 +35,5 @@ private:
     QLabel *m_pLanguage;
     QLabel *m_pReturnFormat;
     QLabel *m_pTextCodec;
+    int m_nFitted = 0; // How long a text the label of the cursor's place has room for.
 };

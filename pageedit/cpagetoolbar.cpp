@@ -214,6 +214,9 @@ void CPageToolBar::follow(CEditWebView *pPage)
         connect(CPageTyping::of(pPage), &CPageTyping::chosenChanged, &m_timerState,
                 QOverload<>::of(&QTimer::start), Qt::UniqueConnection);
     m_pPage = pPage;
+    if (!pPage && m_bBlank)
+        return; // Every key in a text comes here.
+    m_bBlank = !pPage;
     if (!pPage)
         show(SPageState());
     else if (!m_timerState.isActive())

@@ -59,6 +59,7 @@ private:
 
     QToolBar *m_pToolBar;
     QPointer<CEditWebView> m_pPage;
+    bool m_bBlank = false; // What is shown is that there is no page.
     QComboBox *m_pStyleBox = nullptr;
     QMenu *m_pOutline = nullptr;
     QPointer<CDlgCharacters> m_pCharacters;
