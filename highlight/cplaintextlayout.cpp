@@ -1,12 +1,14 @@
 #include "highlight/cplaintextlayout.h"
 
-#include <QTextBlock>
+#include <climits>
+#include <utility>
 
 namespace {
 
 // What changes in a block that nobody has laid out changes nothing that is seen.
 const QRectF g_nowhere(-100, -100, 0, 0);
 
+const int g_nNoWidth = INT_MAX / 256; // As wide as it likes, in Qt's words.
 const int g_nLongestLine = 100000;
 const int g_nRowLength = 1000;
 
@@ -22,6 +24,8 @@ void CPlainTextLayout::setFormats(const QTextBlock &block,
     QTextLayout *pLayout = block.layout();
     const bool bLaidOut = pLayout->lineCount() > 0;
     const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : 0;
+    if (bLaidOut)
+        pLayout->setCacheEnabled(true); // The glyphs of laying it out are there for painting it.
     pLayout->setFormats(lstFormats);
     // Qt has noted the change and would count it into the next edit if it were not marked.
     m_nFormatsAt = block.position();
@@ -35,15 +39,41 @@ void CPlainTextLayout::setFormats(const QTextBlock &block,
         emit update();
 }
 
+// Qt counts the block into the change that is under way.
+void CPlainTextLayout::noteLine(const QTextBlock &block,
+                                const QVector<QTextLayout::FormatRange> &lstFormats)
+{
+    QTextLayout *pLayout = block.layout();
+    m_line = block;
+    pLayout->setCacheEnabled(true);
+    if (lstFormats != pLayout->formats())
+        pLayout->setFormats(lstFormats);
+}
+
+void CPlainTextLayout::noteLines(const QTextBlock &first, int nCount,
+                                 const QVector<QTextBlock> &lstChanged)
+{
+    m_firstLine = first;
+    m_nLines = nCount;
+    m_lstChanged = lstChanged;
+}
+
 // An edit that is under way has been noted, too, and then the extent is another one.
 void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
 {
+    const QTextBlock line = std::exchange(m_line, QTextBlock());
     const bool bFormatsOnly = nFrom == m_nFormatsAt && nRemoved == nAdded
         && nAdded == document()->findBlock(nFrom).length();
     // A text set anew has no rows of the old one.
     if (!bFormatsOnly && nFrom == 0 && nAdded >= document()->characterCount() - 1)
         m_dWidestRow = 0;
-    if (!bFormatsOnly && !changeRows(nFrom, nRemoved + nAdded))
+    // Qt adds up what was removed and what was added, and takes the lines behind for changed.
+    if (line.isValid()) {
+        nFrom = line.position();
+        nRemoved = 0;
+        nAdded = 1;
+    }
+    if (!bFormatsOnly && !changeLines() && !changeRows(nFrom, nRemoved + nAdded))
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     m_nBlocks = document()->blockCount();
 }
@@ -69,7 +99,17 @@ QRectF CPlainTextLayout::blockBoundingRect(const QTextBlock &block) const
     // Qt may have laid it out as one row by itself.
     if (block.isValid() && isInRows(block) && block.layout()->lineCount() < 2)
         const_cast<CPlainTextLayout *>(this)->layOutInRows(block);
-    return QPlainTextDocumentLayout::blockBoundingRect(block);
+    const QTextLayout *pLayout = block.isValid() ? block.layout() : nullptr;
+    if (!pLayout || pLayout->lineCount() != 1 || !block.isVisible())
+        return QPlainTextDocumentLayout::blockBoundingRect(block);
+    // The same for a line that is laid out already, in a third of the time: for every key all
+    // blocks that can be seen are asked several times.
+    const QTextLine line = pLayout->lineAt(0);
+    const qreal dMargin = document()->documentMargin();
+    const qreal dText = line.naturalTextWidth();
+    const qreal dLine = line.width() < g_nNoWidth ? qMax(line.width(), dText) : dText;
+    return QRectF(0, 0, qMax(line.x() + dLine, dText) + dMargin,
+                  line.y() + line.height() + (block.next().isValid() ? 0 : dMargin));
 }
 
 QSizeF CPlainTextLayout::documentSize() const
@@ -120,5 +160,31 @@ bool CPlainTextLayout::changeRows(int nFrom, int nChanged)
         emit updateBlock(block);
     else
         emit update();
+    return true;
+}
+
+// True when changes of several lines were noted, and have been dealt with. Qt has the whole view
+// painted for them. Each block is laid out anew, for it may have come from another place.
+bool CPlainTextLayout::changeLines()
+{
+    const int nLines = std::exchange(m_nLines, 0);
+    if (nLines == 0)
+        return false;
+    bool bSameHeights = true;
+    QTextBlock block = m_firstLine;
+    for (int n = 0; n < nLines; ++n, block = block.next()) {
+        const bool bLaidOut = block.layout()->lineCount() > 0;
+        const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : 0;
+        block.clearLayout();
+        if (bLaidOut && blockBoundingRect(block).height() != dHeight)
+            bSameHeights = false;
+    }
+    const QVector<QTextBlock> lstChanged = std::exchange(m_lstChanged, {});
+    if (!bSameHeights) {
+        emit update();
+        return true;
+    }
+    for (const QTextBlock &changed : lstChanged)
+        emit updateBlock(changed);
     return true;
 }

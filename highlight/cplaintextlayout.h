@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPlainTextDocumentLayout>
+#include <QTextBlock>
 #include <QTextLayout>
 #include <QVector>
 
@@ -27,6 +28,12 @@ public:
     QSizeF documentSize() const override;
 
     void setFormats(const QTextBlock &block, const QVector<QTextLayout::FormatRange> &lstFormats);
+    // For a listener of contentsChange(): nothing but text within that block has changed. Other
+    // formats come with it.
+    void noteLine(const QTextBlock &block, const QVector<QTextLayout::FormatRange> &lstFormats);
+    // The same for several: of nCount blocks from the first on, at most these have changed, and
+    // there are as many blocks as before.
+    void noteLines(const QTextBlock &first, int nCount, const QVector<QTextBlock> &lstChanged);
 
 protected:
     void documentChanged(int nFrom, int nRemoved, int nAdded) override;
@@ -34,8 +41,14 @@ protected:
 private:
     void layOutInRows(QTextBlock block);
     bool changeRows(int nFrom, int nChanged);
+    bool changeLines();
 
     int m_nBlocks = 1; // Before the change that comes next.
     qreal m_dWidestRow = 0;
+    // What the change that comes next changes, if that is known.
+    QTextBlock m_line; // The only block; else invalid.
+    QTextBlock m_firstLine;
+    int m_nLines = 0;
+    QVector<QTextBlock> m_lstChanged;
     int m_nFormatsAt = -1; // The block whose change is one of formats alone; -1 for none.
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -36,10 +37,9 @@ void CResultQueue::pushFirst(std::vector<SHighlightResult> &lst)
     for (SHighlightResult &waiting : m_lst) {
         const bool bNewer =
             std::any_of(lst.begin(), lst.end(), [&](const SHighlightResult &result) {
-                return result.nLine == waiting.nLine;
+                return result.nLine == waiting.nLine && result.kind == waiting.kind;
             });
-        waiting.bSuperseded =
-            waiting.bSuperseded || (bNewer && waiting.kind == SHighlightResult::Syntax);
+        waiting.bSuperseded = waiting.bSuperseded || bNewer;
     }
     for (SHighlightResult &result : lst) {
         result.bFirst = true;
@@ -66,6 +66,28 @@ bool CResultQueue::isEmpty() const
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     return m_lst.empty() && m_lstFirst.empty();
+}
+
+void CResultQueue::beginFirst()
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    m_bFirstEnded = false;
+}
+
+void CResultQueue::endFirst()
+{
+    {
+        const std::lock_guard<std::mutex> locker(m_mutex);
+        if (std::exchange(m_bFirstEnded, true))
+            return;
+    }
+    m_firstEnded.notify_all();
+}
+
+void CResultQueue::waitForFirst(int nMs)
+{
+    std::unique_lock<std::mutex> locker(m_mutex);
+    m_firstEnded.wait_for(locker, std::chrono::milliseconds(nMs), [this] { return m_bFirstEnded; });
 }
 
 void CResultQueue::wake()

@@ -42,12 +42,22 @@ public:
     // GUI thread: what comes first, then the oldest results, at most nMax in all.
     std::vector<SHighlightResult> take(int nMax);
     bool isEmpty() const;
+
+    // GUI thread: what can be seen is being computed from now on.
+    void beginFirst();
+    // Worker: all of it has been pushed.
+    void endFirst();
+    // GUI thread: waits for endFirst(), at most that long.
+    void waitForFirst(int nMs);
+
     // Makes a waiting push() ask isCancelled again.
     void wake();
 
 private:
     mutable std::mutex m_mutex;
     std::condition_variable m_roomMade;
+    std::condition_variable m_firstEnded;
+    bool m_bFirstEnded = true;
     std::deque<SHighlightResult> m_lstFirst;
     std::deque<SHighlightResult> m_lst;
     size_t m_nBound;

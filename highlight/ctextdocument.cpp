@@ -2,6 +2,7 @@
 
 #include "highlight/clinestore.h"
 #include "highlight/cplaintextlayout.h"
+#include "highlight/shiftedranges.h"
 
 #include <QTextCursor>
 #include <algorithm>
@@ -13,6 +14,9 @@ namespace {
 // Asking that many blocks for their text costs more than copying it at once and looking for its
 // line ends.
 constexpr int g_nLinesToCopyAtOnce = 500;
+
+// About as many as can be seen.
+constexpr int g_nLinesToCompare = 100;
 
 // What Qt's layout of one line can take without a pause that is felt: its time grows with the
 // length, and faster than the number of ranges.
@@ -94,7 +98,7 @@ void CTextDocument::onContentsChange()
 
 // The change is given in characters; Qt sometimes counts the last block's separator in. The lines
 // that hold the new characters are read again; how many they replace follows from the line counts.
-void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
+void CTextDocument::updateLines(int nPosition, int nCharsRemoved, int nCharsAdded)
 {
     const int nLast = characterCount() - 1;
     QTextBlock block = findBlock(std::clamp(nPosition, 0, nLast));
@@ -106,6 +110,10 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
         nFirst = 0;
         nNew = blockCount();
         nOld = m_pLines->count();
+    } else if (nOld == 1 && nNew == 1) {
+        shiftFormats(block, nPosition - block.position(), nCharsRemoved, nCharsAdded);
+    } else if (nOld == nNew && nNew <= g_nLinesToCompare) {
+        noteLines(block, nFirst, nNew);
     }
     if (nNew > g_nLinesToCopyAtOnce) {
         const bool bAll = nNew > blockCount() / 2;
@@ -124,6 +132,27 @@ void CTextDocument::updateLines(int nPosition, int, int nCharsAdded)
         block = block.next();
         return strText;
     });
+}
+
+// The colours go along with the text, so that most keys leave nothing for the new ones to change.
+void CTextDocument::shiftFormats(const QTextBlock &block, int nAt, int nRemoved, int nAdded)
+{
+    m_pLayout->noteLine(
+        block, shiftedRanges(block.layout()->formats(), nAt, nRemoved, nAdded, block.length() - 1));
+}
+
+// Of an edit at several carets, which stand in some of the lines.
+void CTextDocument::noteLines(const QTextBlock &first, int nFirst, int nCount)
+{
+    QVector<QTextBlock> lstChanged;
+    QTextBlock block = first;
+    for (int n = nFirst; n < nFirst + nCount; ++n, block = block.next()) {
+        if (isInRows(block))
+            return;
+        if (m_pLines->text(n) != block.text())
+            lstChanged.append(block);
+    }
+    m_pLayout->noteLines(first, nCount, lstChanged);
 }
 
 // NOLINTBEGIN(performance-unnecessary-value-param): as the queued signals carry them.

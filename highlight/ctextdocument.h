@@ -50,6 +50,8 @@ private:
     enum Kind { SyntaxRange = 0, SelectedWordMark = 1 };
 
     void updateLines(int nPosition, int nCharsRemoved, int nCharsAdded);
+    void shiftFormats(const QTextBlock &block, int nAt, int nRemoved, int nAdded);
+    void noteLines(const QTextBlock &first, int nFirst, int nCount);
     void replaceRanges(Kind kind, uint nVer, const QTextBlock &tb,
                        const QVector<QTextLayout::FormatRange> &lst);
 

@@ -2,6 +2,14 @@
 
 #include "highlight/chighlightrules.h"
 
+namespace {
+
+// How long the colours of what was typed may keep it from being painted: painting twice costs more
+// than that, and is seen as a flicker.
+constexpr int g_nPatienceMs = 3;
+
+} // namespace
+
 CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
     : QThread(pDocument),
       m_pDocument(pDocument),
@@ -90,8 +98,15 @@ void CThreadHighlighter::rehighlight()
     m_nRequestsToCome -= bByEdit;
     if (!bByEdit && !m_pLines->isEdited())
         m_pLines->markAllStale();
-    if (!m_bPaused)
-        startPass();
+    if (m_bPaused)
+        return;
+    m_queue.beginFirst();
+    // After a pass that has ended, a key's line is done in a moment.
+    const bool bSoon = startPass() && bByEdit;
+    if (bSoon) {
+        m_queue.waitForFirst(g_nPatienceMs);
+        deliver();
+    }
 }
 
 void CThreadHighlighter::setPaused(bool bPaused)
@@ -105,7 +120,8 @@ void CThreadHighlighter::setPaused(bool bPaused)
         startPass();
 }
 
-void CThreadHighlighter::startPass()
+// True when no other one was running.
+bool CThreadHighlighter::startPass()
 {
     {
         const std::lock_guard<std::mutex> locker(m_mutex);
@@ -113,7 +129,7 @@ void CThreadHighlighter::startPass()
         m_bSyntaxWanted = true;
         m_bStop = false;
     }
-    startIfIdle();
+    return startIfIdle();
 }
 
 void CThreadHighlighter::stopThread()
@@ -124,16 +140,17 @@ void CThreadHighlighter::stopThread()
 
 // Once the worker has looked at the requests for the last time it is not active any more, although
 // the thread may take another moment to end; only then can it be started again.
-void CThreadHighlighter::startIfIdle()
+bool CThreadHighlighter::startIfIdle()
 {
     {
         const std::lock_guard<std::mutex> locker(m_mutex);
         if (m_bActive)
-            return;
+            return false;
         m_bActive = true;
     }
     wait();
     start(QThread::InheritPriority);
+    return true;
 }
 
 void CThreadHighlighter::onEdited()

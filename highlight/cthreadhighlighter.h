@@ -67,8 +67,8 @@ private:
     struct SPass;
 
     // Requests, GUI thread.
-    void startIfIdle();
-    void startPass();
+    bool startIfIdle();
+    bool startPass();
     void onEdited();
     void onEditAnnounced();
     void onEditSettled();
@@ -79,6 +79,7 @@ private:
     void takeRules(SPass *pPass) const;
     bool isCutShort(const SPass &pass) const;
     bool processVisible(const SPass &pass);
+    void processVisibleMarks(const SPass &pass);
     bool processStates(const SPass &pass, const CLineStore::SBatch &batch);
     bool processBatch(const SPass &pass, const CLineStore::SBatch &batch,
                       CLineStore::Order order = CLineStore::InOrder);

@@ -22,6 +22,7 @@ void CThreadHighlighter::run()
     do {
         beginPass(&pass);
         runPass(&pass);
+        m_queue.endFirst();
     } while (!endPass(pass));
 }
 
@@ -49,6 +50,9 @@ void CThreadHighlighter::runPass(SPass *pPass)
             return;
         if (pPass->bSyntax && processVisible(*pPass))
             continue;
+        m_queue.endFirst();
+        if (pPass->bSelection && nLine == 0)
+            processVisibleMarks(*pPass);
         const CLineStore::SBatch batch =
             m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
         if (batch.lst.empty()) {
@@ -96,6 +100,30 @@ bool CThreadHighlighter::processVisible(const SPass &pass)
     const CLineStore::SBatch before =
         m_pLines->fetchBefore(pass.nVersion, pass.nFirstVisible, pass.nLastVisible);
     return !before.lst.empty() && processStates(pass, before);
+}
+
+// The marks that can be seen come before those in front of them, and once more in their turn, when
+// they change nothing.
+void CThreadHighlighter::processVisibleMarks(const SPass &pass)
+{
+    const auto isAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
+    int nLine = pass.nFirstVisible;
+    while (nLine <= pass.nLastVisible && !isAborted()) {
+        const CLineStore::SBatch batch = m_pLines->fetch(pass.nVersion, nLine, false);
+        if (batch.lst.empty())
+            return;
+        std::vector<SHighlightResult> lstResults;
+        for (const CLineStore::SLine &line : batch.lst) {
+            QList<QTextLayout::FormatRange> lstMarks;
+            if (nLine > pass.nLastVisible
+                || !pass.word.findMarks(line.strText, &lstMarks, isAborted))
+                break;
+            lstResults.push_back(
+                {SHighlightResult::SelectedWord, pass.nVersion, nLine, 0, {}, lstMarks});
+            ++nLine;
+        }
+        send(pass, &lstResults, CLineStore::First);
+    }
 }
 
 bool CThreadHighlighter::processStates(const SPass &pass, const CLineStore::SBatch &batch)

@@ -67,7 +67,7 @@ void CThreadHighlighter::deliverSome(const std::vector<SHighlightResult> &lst)
         if (result.kind == SHighlightResult::Syntax) {
             ++arrDelivered[result.bFirst ? CLineStore::First : CLineStore::InOrder];
             deliverSyntax(result, block);
-        } else {
+        } else if (!result.bSuperseded) {
             emit selectedChanged(result.nVersion, block, result.lstMarks);
         }
     }

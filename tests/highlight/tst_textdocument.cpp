@@ -29,6 +29,10 @@ private slots:
     void rangesOfABlockLaidOut_layOutAndPaintThatBlockOnly();
     void rangesOfABlockNeverLaidOut_layOutAndPaintNothing();
     void editBehindRanges_isToldAsWhatItIs();
+    void editInALine_takesItsRangesAlongAndPaintsThatLineOnly();
+    void editsInSeveralLines_paintThoseLinesOnly();
+    void blocksExtent_isThatOfQt_data();
+    void blocksExtent_isThatOfQt();
     void lines_followEveryEdit_data();
     void lines_followEveryEdit();
     void lines_followRandomEdits();
@@ -288,6 +292,94 @@ void tst_textdocument::editBehindRanges_isToldAsWhatItIs()
     cursor.insertText("x");
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy.at(0), QVariantList({8, 0, 1}));
+}
+
+void tst_textdocument::editInALine_takesItsRangesAlongAndPaintsThatLineOnly()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef 12\nghi");
+    const QTextBlock block = document.findBlockByNumber(1);
+    document.onHighlightBlock(document.version(), block, {range(1), range(4)});
+    for (QTextBlock b = document.begin(); b.isValid(); b = b.next())
+        document.documentLayout()->blockBoundingRect(b); // Lays it out.
+    int nWhole = 0;
+    QList<int> lstPainted;
+    connect(
+        document.documentLayout(), &QAbstractTextDocumentLayout::update, &document,
+        [&nWhole] { ++nWhole; });
+    connect(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock, &document,
+            [&](const QTextBlock &b) { lstPainted.append(b.blockNumber()); });
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, 3);
+    cursor.insertText("xy");
+    QCOMPARE(startsIn(block), QList<int>({1, 6}));
+    QCOMPARE(lstPainted, QList<int>({1}));
+    QCOMPARE(nWhole, 0);
+    cursor.deletePreviousChar();
+    QCOMPARE(startsIn(block), QList<int>({1, 5}));
+    QCOMPARE(lstPainted, QList<int>({1, 1}));
+    QCOMPARE(nWhole, 0);
+    QCOMPARE(block.layout()->lineAt(0).textLength(), 7);
+}
+
+void tst_textdocument::editsInSeveralLines_paintThoseLinesOnly()
+{
+    CTextDocument document;
+    document.setPlainText("abc\ndef\nghi\njkl\nmno");
+    for (QTextBlock b = document.begin(); b.isValid(); b = b.next())
+        document.documentLayout()->blockBoundingRect(b);
+    int nWhole = 0;
+    QList<int> lstPainted;
+    connect(
+        document.documentLayout(), &QAbstractTextDocumentLayout::update, &document,
+        [&nWhole] { ++nWhole; });
+    connect(document.documentLayout(), &QAbstractTextDocumentLayout::updateBlock, &document,
+            [&](const QTextBlock &b) { lstPainted.append(b.blockNumber()); });
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (const int nLine : {1, 3}) {
+        cursor.setPosition(document.findBlockByNumber(nLine).position() + 1);
+        cursor.insertText("xy");
+    }
+    cursor.endEditBlock();
+    QCOMPARE(lstPainted, QList<int>({1, 3}));
+    QCOMPARE(nWhole, 0);
+    for (const int nLine : {1, 3})
+        QCOMPARE(document.findBlockByNumber(nLine).layout()->lineAt(0).textLength(), 5);
+    // A line more moves all below it.
+    QTextCursor(document.findBlockByNumber(2)).insertBlock();
+    QVERIFY(nWhole > 0);
+}
+
+void tst_textdocument::blocksExtent_isThatOfQt_data()
+{
+    QTest::addColumn<qreal>("dWidth");
+    QTest::addColumn<bool>("bWrapped");
+    QTest::newRow("without a width") << -1.0 << false;
+    QTest::newRow("not wrapped") << 200.0 << false;
+    QTest::newRow("wrapped") << 200.0 << true;
+}
+
+void tst_textdocument::blocksExtent_isThatOfQt()
+{
+    QFETCH(qreal, dWidth);
+    QFETCH(bool, bWrapped);
+    CTextDocument document;
+    QTextOption option;
+    option.setWrapMode(bWrapped ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    document.setDefaultTextOption(option);
+    document.setTextWidth(dWidth);
+    document.setPlainText(
+        QStringLiteral("\nint x;\n\t\ttab\n%1\n%2\nlast")
+            .arg(QString("word ").repeated(60), QString(QChar(0x5d0)).repeated(9)));
+    document.onHighlightBlock(document.version(), document.findBlockByNumber(1), {range(0)});
+    const auto *pLayout = qobject_cast<QPlainTextDocumentLayout *>(document.documentLayout());
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QRectF expected = pLayout->QPlainTextDocumentLayout::blockBoundingRect(block);
+        QVERIFY(expected.height() > 0);
+        QCOMPARE(document.documentLayout()->blockBoundingRect(block), expected);
+    }
+    QCOMPARE(document.documentLayout()->blockBoundingRect(QTextBlock()), QRectF());
 }
 
 void tst_textdocument::lines_followEveryEdit_data()

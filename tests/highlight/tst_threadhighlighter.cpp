@@ -46,6 +46,8 @@ private slots:
     void linesThatCanBeSeen_getTheirResultsFirst();
     void linesThatCanBeSeen_areColouredOnceAndRightly();
     void scrolledDuringAPass_bringsItsLinesForward();
+    void marksThatCanBeSeen_comeFirst();
+    void resultOfAKey_isThereBeforeTheNextPaint();
 };
 
 namespace {
@@ -514,6 +516,42 @@ void tst_threadhighlighter::scrolledDuringAPass_bringsItsLinesForward()
     QVERIFY2(lstLines.indexOf(55000) < 30000, qPrintable(QString::number(lstLines.indexOf(55000))));
     QCOMPARE(lstLines.size(), 60001);
     QCOMPARE(firstDifference(editor.document, CHighlightRules()), QString());
+}
+
+void tst_threadhighlighter::marksThatCanBeSeen_comeFirst()
+{
+    SHighlightedEditor editor;
+    editor.document.setPlainText(manyLines(20000));
+    QVERIFY(editor.settle());
+    editor.pHighlighter->setVisibleLines(15000, 15049);
+    QList<int> lstLines;
+    connect(editor.pHighlighter, &CThreadHighlighter::selectedChanged, &editor.document,
+            [&](uint, const QTextBlock &block) { lstLines.append(block.blockNumber()); });
+    editor.pHighlighter->setSelectedWord("text");
+    QTRY_VERIFY(lstLines.size() >= 50 + 20001);
+    QCOMPARE(lstLines.size(), 50 + 20001);
+    for (int n = 0; n < 50; ++n)
+        QCOMPARE(lstLines.at(n), 15000 + n);
+    for (int n = 0; n < 20001; ++n)
+        QCOMPARE(lstLines.at(50 + n), n);
+}
+
+// What an edit has posted is delivered before what it has to be painted, which is posted with a
+// lower priority. A busy machine may take longer than the editor waits, but not each time.
+void tst_threadhighlighter::resultOfAKey_isThereBeforeTheNextPaint()
+{
+    SHighlightedEditor editor;
+    editor.document.setPlainText(manyLines(100));
+    editor.pHighlighter->setVisibleLines(0, 40);
+    QVERIFY(editor.settle());
+    int nAtOnce = 0;
+    for (int n = 0; n < 50; ++n) {
+        QTextCursor(&editor.document).insertText("1");
+        QCoreApplication::sendPostedEvents(editor.pHighlighter, QEvent::MetaCall);
+        nAtOnce += editor.document.lines()->isComplete();
+        QVERIFY(editor.settle());
+    }
+    QVERIFY2(nAtOnce > 0, qPrintable(QString::number(nAtOnce)));
 }
 
 QTEST_MAIN(tst_threadhighlighter)
