@@ -372,6 +372,8 @@ private:
     void forVisibleCarets(const CaretPainter &paint) const;
     void paintSelections(QPainter *pPainter) const;
     void paintCarets(QPainter *pPainter) const;
+    QVector<int> linesOfCarets() const;
+    void repaintCarets();
     QVector<QRectF> rectsOf(const QVector<SCaret> &lst) const;
     bool prepareSpelling();
     bool hasLanguage() const;
@@ -422,7 +424,9 @@ private:
     CSuggestionMenu *m_pSuggestions = nullptr; // From the first misspelt word on.
     CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.
     std::optional<QVariantMap> m_definition;
-    int m_nBandLine = 0; // As it was last painted, like the next two.
+    int m_nNumberedLines = 0; // In the gutter.
+    int m_nBandLine = 0; // As it was last painted, like the next three.
+    QVector<int> m_lstShownCarets; // Lines of further carets.
     SLines m_shownMarked;
     int m_nFirstSeen = -1; // The first block, the height and the number of all blocks.
     int m_nHeightSeen = 0;

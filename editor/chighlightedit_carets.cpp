@@ -38,7 +38,7 @@ void CHighlightEdit::setCarets(const CCarets &carets)
         watchCarets();
     else
         leaveCarets();
-    viewport()->update();
+    repaintCarets();
 }
 
 // Whatever else changes the text or moves the cursor ends the several carets. Nothing is watched as
@@ -68,9 +68,10 @@ void CHighlightEdit::leaveCarets()
     m_lstWatches.clear();
     m_block.reset();
     m_bTyping = false;
-    if (hasSeveralCarets())
-        viewport()->update();
+    const bool bWereSeveral = hasSeveralCarets();
     m_carets = CCarets();
+    if (bWereSeveral)
+        repaintCarets();
 }
 
 void CHighlightEdit::addCaret(bool bUp)

@@ -48,7 +48,7 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
     qreal dTop = blockBoundingGeometry(block).translated(contentOffset()).top();
     for (; block.isValid() && dTop <= pEvent->rect().bottom(); block = block.next()) {
         const qreal dHeight = blockBoundingRect(block).height();
-        if (block.isVisible() && dTop + dHeight >= pEvent->rect().top()) {
+        if (block.isVisible() && dTop + dHeight + g_nNumberBelowLine >= pEvent->rect().top()) {
             const int nBlock = block.blockNumber();
             const bool bMarked = marked.contains(nBlock);
             painter.setFont(bMarked ? fntBold : fntNormal);
@@ -69,13 +69,22 @@ void CHighlightEdit::updateLineNumberAreaWidth(int)
         setViewportMargins(margins);
 }
 
+// Of a part of the view the numbers stay what they are, unless there are more or fewer lines.
 void CHighlightEdit::updateLineNumberArea(QRect rect, int dy)
 {
-    if (dy != 0)
+    const bool bWhole = rect.contains(viewport()->rect());
+    const int nWidth = m_pLineNumberArea->width();
+    if (dy != 0) {
         m_pLineNumberArea->scroll(0, dy);
-    else
-        m_pLineNumberArea->update(0, rect.y(), lineNumberAreaWidth(), rect.height());
-    if (rect.contains(viewport()->rect()))
+        // What reached, or now reaches, below a line that is scrolled out or in.
+        m_pLineNumberArea->update(0, 0, nWidth, qMax(dy, 0) + g_nNumberBelowLine);
+    } else if (bWhole) {
+        m_pLineNumberArea->update(0, rect.y(), nWidth, rect.height());
+    } else if (blockCount() != m_nNumberedLines) {
+        m_pLineNumberArea->update(0, rect.y(), nWidth, m_pLineNumberArea->height() - rect.y());
+    }
+    m_nNumberedLines = blockCount();
+    if (bWhole)
         updateLineNumberAreaWidth(0);
 }
 

@@ -59,11 +59,32 @@ void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
             paintSelections(&painter);
     }
     QPlainTextEdit::paintEvent(pEvent);
+    m_lstShownCarets = linesOfCarets();
+    const bool bSpelling = g_pSpelling && g_pSettings->m_bTextSpelling;
+    if (!hasSeveralCarets() && !bSpelling)
+        return;
     QPainter painter(viewport());
     if (hasSeveralCarets())
         paintCarets(&painter);
-    if (g_pSpelling && g_pSettings->m_bTextSpelling)
+    if (bSpelling)
         paintSpelling(&painter);
+}
+
+// Those that can be seen of all but the main one, which the base class paints.
+QVector<int> CHighlightEdit::linesOfCarets() const
+{
+    QVector<int> lstLines;
+    if (hasSeveralCarets())
+        forVisibleCarets([&](const SCaret &, const QTextBlock &block, const QPointF &) {
+            lstLines.append(block.blockNumber());
+        });
+    return lstLines;
+}
+
+// The lines that show further carets or are to show some.
+void CHighlightEdit::repaintCarets()
+{
+    repaintLines(m_lstShownCarets + linesOfCarets());
 }
 
 // New colours may have changed the partner, which then is not part of what is painted now.

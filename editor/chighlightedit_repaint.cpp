@@ -6,13 +6,6 @@
 
 #include <QTextBlock>
 
-namespace {
-
-// A number stands a little lower than its line and may reach that far below it.
-const int g_nNumberBelowLine = 6;
-
-} // namespace
-
 // Each block that can be seen, with its number and its strip of the view.
 void CHighlightEdit::forVisibleBlocks(const BlockVisitor &visit) const
 {

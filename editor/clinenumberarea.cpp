@@ -5,7 +5,11 @@
 #include <QCoreApplication>
 #include <QWheelEvent>
 
-CLineNumberArea::CLineNumberArea(CHighlightEdit *pEditor) : QWidget(pEditor), m_pEditor(pEditor) { }
+CLineNumberArea::CLineNumberArea(CHighlightEdit *pEditor) : QWidget(pEditor), m_pEditor(pEditor)
+{
+    // It paints all of its ground, so that scrolling moves what is shown and nothing lies below.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
 
 QSize CLineNumberArea::sizeHint() const
 {

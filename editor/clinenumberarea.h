@@ -4,6 +4,9 @@
 
 class CHighlightEdit;
 
+// Pixels: a number stands a little lower than its line and may reach that far below it.
+constexpr int g_nNumberBelowLine = 6;
+
 // The gutter on the left of an editor. What it shows and how wide it is, the editor knows.
 class CLineNumberArea : public QWidget
 {

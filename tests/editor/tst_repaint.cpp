@@ -70,6 +70,9 @@ private slots:
     void keyInAWrappedLine_paintsThatLineOnly();
     void bracketWithPartner_paintsTheirLinesOnly();
     void cursorBlinking_paintsTheCaretOnly();
+    void severalCarets_paintTheirLinesOnly();
+    void leavingSeveralCarets_paintsTheirLinesOnly();
+    void lineScrolledIn_paintsItsNumberOnly();
     void screenAfterAnything_isThatOfAFreshPaint_data();
     void screenAfterAnything_isThatOfAFreshPaint();
 
@@ -266,6 +269,70 @@ void tst_repaint::cursorBlinking_paintsTheCaretOnly()
     }
 }
 
+void tst_repaint::severalCarets_paintTheirLinesOnly()
+{
+    show(lines(50));
+    place(3, 4);
+    settle();
+    m_pView->take();
+    m_pEdit->addCaretBelow();
+    m_pEdit->addCaretBelow();
+    settle();
+    const QRegion painted = m_pView->take();
+    QVERIFY(!painted.isEmpty());
+    VERIFY_WITHIN(painted, m_pEdit->strip(3, 5));
+    for (const char key : {'b', '1', '=', 'c'}) {
+        QTest::keyClick(m_pEdit.get(), key);
+        settle();
+        VERIFY_WITHIN(m_pView->take(), m_pEdit->strip(3, 5));
+    }
+    QTest::keyClick(m_pEdit.get(), Qt::Key_Down);
+    settle();
+    VERIFY_WITHIN(m_pView->take(), m_pEdit->strip(3, 6));
+}
+
+void tst_repaint::leavingSeveralCarets_paintsTheirLinesOnly()
+{
+    show(lines(50));
+    place(3, 4);
+    m_pEdit->addCaretBelow();
+    m_pEdit->addCaretBelow();
+    settle();
+    m_pView->take();
+    QTest::keyClick(m_pEdit.get(), Qt::Key_Escape);
+    settle();
+    const QRegion painted = m_pView->take();
+    QVERIFY(!painted.isEmpty());
+    VERIFY_WITHIN(painted, m_pEdit->strip(3, 5));
+}
+
+void tst_repaint::lineScrolledIn_paintsItsNumberOnly()
+{
+    show(lines(50));
+    place(20, 0);
+    settle();
+    m_pGutter->take();
+    QScrollBar *pBar = m_pEdit->verticalScrollBar();
+    pBar->setValue(pBar->value() + 1);
+    settle();
+    const QRegion painted = m_pGutter->take();
+    QVERIFY(!painted.isEmpty());
+    int nHeight = 0;
+    for (const QRect &rect : painted)
+        nHeight += rect.height();
+    QVERIFY2(nHeight <= 3 * m_pEdit->fontMetrics().height(), qPrintable(told(painted)));
+}
+
+static QRegion differing(const QImage &one, const QImage &other)
+{
+    QRegion region;
+    for (int nY = 0; nY < one.height(); ++nY)
+        for (int nX = 0; nX < one.width(); ++nX)
+            if (one.pixel(nX, nY) != other.pixel(nX, nY))
+                region += QRect(nX, nY, 1, 1);
+    return region;
+}
+
 QImage tst_repaint::screen() const
 {
     return m_pEdit->screen()
@@ -289,7 +356,7 @@ void tst_repaint::doAnything(QRandomGenerator *pRandom)
                                     Qt::Key_Down,   Qt::Key_Home,     Qt::Key_End,
                                     Qt::Key_PageUp, Qt::Key_Return,   Qt::Key_PageDown,
                                     Qt::Key_Delete, Qt::Key_Backspace};
-    const int nKind = pRandom->bounded(12);
+    const int nKind = pRandom->bounded(14);
     if (nKind < 4) {
         const QChar c = s_strTyped.at(pRandom->bounded(s_strTyped.size()));
         QKeyEvent press(QEvent::KeyPress, c.toUpper().unicode(), Qt::NoModifier, c);
@@ -303,6 +370,13 @@ void tst_repaint::doAnything(QRandomGenerator *pRandom)
     } else if (nKind == 10) {
         QScrollBar *pBar = m_pEdit->verticalScrollBar();
         pBar->setValue(pRandom->bounded(pBar->maximum() + 1));
+    } else if (nKind == 11) {
+        if (pRandom->bounded(3) == 0)
+            m_pEdit->selectOccurrences();
+        else
+            m_pEdit->addCaretBelow();
+    } else if (nKind == 12) {
+        QTest::keyClick(m_pEdit.get(), Qt::Key_Escape);
     } else {
         const int nLines = m_pEdit->blockCount();
         place(pRandom->bounded(nLines), 0,
@@ -329,7 +403,10 @@ void tst_repaint::screenAfterAnything_isThatOfAFreshPaint()
             continue; // What two changes make together.
         const QImage shown = screen();
         const QImage fresh = m_pEdit->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        QVERIFY2(shown == fresh, qPrintable(QStringLiteral("after step %1").arg(n)));
+        if (shown != fresh)
+            QFAIL(qPrintable(QStringLiteral("after step %1: %2 looks otherwise")
+                                 .arg(n)
+                                 .arg(told(differing(shown, fresh)))));
     }
 }
 
