@@ -48,7 +48,9 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
     qreal dTop = blockBoundingGeometry(block).translated(contentOffset()).top();
     for (; block.isValid() && dTop <= pEvent->rect().bottom(); block = block.next()) {
         const qreal dHeight = blockBoundingRect(block).height();
-        if (block.isVisible() && dTop + dHeight + g_nNumberBelowLine >= pEvent->rect().top()) {
+        // Of a region in pieces the lines between them are left out.
+        const QRectF strip(0, dTop, m_pLineNumberArea->width(), dHeight + g_nNumberBelowLine);
+        if (block.isVisible() && pEvent->region().intersects(strip.toAlignedRect())) {
             const int nBlock = block.blockNumber();
             const bool bMarked = marked.contains(nBlock);
             painter.setFont(bMarked ? fntBold : fntNormal);

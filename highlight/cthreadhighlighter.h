@@ -62,6 +62,8 @@ signals:
 
 protected:
     void run() override;
+    void connectNotify(const QMetaMethod &signal) override;
+    void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
     struct SPass;

@@ -28,6 +28,19 @@ QVector<QTextLayout::FormatRange> toFormats(const std::vector<SHighlightRange> &
 
 } // namespace
 
+// Asking who listens takes as long as a line's results.
+void CThreadHighlighter::connectNotify(const QMetaMethod &)
+{
+    m_bOthersListen =
+        receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
+        > 1;
+}
+
+void CThreadHighlighter::disconnectNotify(const QMetaMethod &signal)
+{
+    connectNotify(signal);
+}
+
 // Works for a moment and comes back from a timer, not from a posted event: posted events are
 // delivered to the last one before anything else gets its turn.
 void CThreadHighlighter::deliver()
@@ -35,9 +48,6 @@ void CThreadHighlighter::deliver()
     if (m_pDocument) {
         QElapsedTimer timer;
         timer.start();
-        m_bOthersListen =
-            receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
-            > 1;
         while (!m_queue.isEmpty() && timer.elapsed() < g_nSliceMs)
             deliverSome(m_queue.take(g_nResultsAtOnce));
     }
