@@ -8,6 +8,8 @@ programs="${1:-build/bench}/bench/typing"
 keys=${2:-40}
 data=$(mktemp -d)
 trap 'rm -rf "$data"' EXIT
+# With the definitions of the languages, as the program is installed.
+ln -sfn "$PWD/highlighter" "$programs/highlighter"
 : >"$data/10.cpp"
 while [ "$(stat -c %s "$data/10.cpp")" -lt 10000000 ]; do
     cat app/*.cpp editor/*.cpp highlight/*.cpp >>"$data/10.cpp"
