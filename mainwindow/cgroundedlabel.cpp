@@ -28,9 +28,12 @@ void CGroundedLabel::paintEvent(QPaintEvent *)
     // A framed label's own indent.
     const int nIndent = qMax(margin(), fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2);
     const QRect rect = contentsRect().adjusted(nIndent, margin(), -margin(), -margin());
-    painter.drawText(
-        QStyle::visualRect(layoutDirection(), contentsRect(), rect),
-        int(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine, text());
+    // The text's own direction counts, not the window's.
+    const Qt::LayoutDirection direction =
+        text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    painter.drawText(QStyle::visualRect(direction, contentsRect(), rect),
+                     int(QStyle::visualAlignment(direction, alignment())) | Qt::TextSingleLine,
+                     text());
 }
 
 void CGroundedLabel::changeEvent(QEvent *pEvent)
