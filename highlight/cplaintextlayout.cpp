@@ -173,10 +173,11 @@ bool CPlainTextLayout::changeLines()
     bool bSameHeights = true;
     QTextBlock block = m_firstLine;
     for (int n = 0; n < nLines; ++n, block = block.next()) {
+        // One that is not laid out may be new, in the place of one that was.
         const bool bLaidOut = block.layout()->lineCount() > 0;
         const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : 0;
         block.clearLayout();
-        if (bLaidOut && blockBoundingRect(block).height() != dHeight)
+        if (!bLaidOut || blockBoundingRect(block).height() != dHeight)
             bSameHeights = false;
     }
     const QVector<QTextBlock> lstChanged = std::exchange(m_lstChanged, {});
