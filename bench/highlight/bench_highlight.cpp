@@ -98,8 +98,8 @@ QList<SCorpus> collectAll(const SOptions &options)
                                5 * g_nMega));
         }
     }
-    const QList<FileKind> lstReal = options.strFolder.isEmpty() ? QList<FileKind>() : fileKinds();
-    for (const FileKind &kind : lstReal) {
+    const QList<SFileKind> lstReal = options.strFolder.isEmpty() ? QList<SFileKind>() : fileKinds();
+    for (const SFileKind &kind : lstReal) {
         const QString strName = kind.strName + QStringLiteral(", real files");
         if (options.wants(strName)) {
             lst.append(readFiles(strName, kind.strFileName, filesOf(kind, options.strFolder, 24),
