@@ -102,6 +102,21 @@ void CAnchoredPattern::findFirst(const SPatternNode &pattern)
     }
     for (int n = 0; n < SymbolCount && m_first.count() == 1; ++n)
         m_nOnlyStart = m_first[size_t(n)] ? n : m_nOnlyStart;
+    // It knows neither line starts nor words, so that one context is like the others.
+    m_arrBeforeAhead[LineEndSymbol] = 1;
+    for (size_t n = 0; n < SymbolCount && m_ahead; ++n)
+        m_arrBeforeAhead[n] = m_ahead->mayStartWith(0)[n];
+}
+
+SymbolSet CAnchoredPattern::mayGoOnWith() const
+{
+    if (!m_automaton || m_automaton->mayBeEmpty())
+        return SymbolSet().set();
+    if (!m_automaton->mayBeOneSymbol())
+        return m_automaton->mayHoldSecond();
+    if (!m_ahead || m_bAheadIsNegative)
+        return SymbolSet().set();
+    return m_automaton->mayHoldSecond() | m_ahead->mayStartWith(0);
 }
 
 // A negative lookahead alone may have an empty match anywhere, which the second set does not say.
@@ -137,8 +152,7 @@ void CAnchoredPattern::findCandidates(const CSymbolLine &line, int nStart, std::
         m_automaton->findEnds(line, nStart, pEnds);
         return;
     }
-    // It knows neither line starts nor words, so that one context is like the others.
-    m_automaton->findEnds(line, nStart, pEnds, m_ahead->mayStartWith(0));
+    m_automaton->findEnds(line, nStart, pEnds, m_arrBeforeAhead);
 }
 
 bool CAnchoredPattern::isFollowedRightly(const CSymbolLine &line, int nEnd)

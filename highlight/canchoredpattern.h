@@ -35,6 +35,11 @@ public:
     }
     // What the pattern and then another one, which begins with nextFirst, may begin with.
     SymbolSet mayStartWith(const SymbolSet &nextFirst) const;
+    // What may stand behind the first character of a match that is not empty, within the match or
+    // after it. The line's end always may.
+    SymbolSet mayGoOnWith() const;
+    // Whether each of the symbols that it may start with is a match.
+    bool isAlwaysOneSymbol() const { return m_bOneSymbol && !m_ahead; }
     // The only symbol of these, -1 when there are more.
     int onlyStart() const { return m_nOnlyStart; }
     bool isOnlyAtLineStart() const { return m_bOnlyAtLineStart; }
@@ -61,5 +66,6 @@ private:
     SymbolSet m_first;
     int m_nOnlyStart = -1;
     std::array<SymbolSet, CPatternAutomaton::ContextCount> m_arrFirst;
+    SymbolTable m_arrBeforeAhead {}; // what an end is worth the question for the lookahead before
     std::vector<int> m_lstEnds;
 };

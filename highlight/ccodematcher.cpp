@@ -64,6 +64,8 @@ void CCodeMatcher::begin(int nFrom, int nTo) const
 // The rules are searched anew from where the walk goes on.
 void CCodeMatcher::forget(quint64 nRules) const
 {
+    if (!(m_nMoved | m_nEnded))
+        return;
     for (quint64 nBits = m_nMoved & nRules; nBits != 0; nBits &= nBits - 1)
         m_arrNext[qCountTrailingZeroBits(nBits)] = 0;
     m_nMoved &= ~nRules;

@@ -67,10 +67,11 @@ private:
     void compile() const;
     void enterFixedRules() const;
     void require(size_t nPattern) const;
+    void listSetSymbols() const;
     quint64 numberOf(const SymbolSet &set) const;
     void ask(const CSymbolLine &line) const;
     void forget(quint64 nRules) const;
-    void enter(int nBit, const std::array<SymbolSet, CPatternAutomaton::ContextCount> &first) const;
+    void enter(int nBit, const CAnchoredPattern &pattern) const;
     quint64 requirementsIn(const CSymbolLine &line) const;
     void walk(int nFrom, int nTo, quint64 nLive) const;
     void tryRules(quint64 nBits, int nAt) const;
@@ -91,10 +92,13 @@ private:
     // The sets that patterns require, and for each symbol those that hold it, as bits.
     mutable std::vector<SymbolSet> m_lstSets;
     mutable std::array<quint64, SymbolCount + 1> m_arrSets {};
+    mutable std::vector<uchar> m_lstSetSymbols; // all that they hold, if these are few
     mutable std::vector<size_t> m_lstAsked; // patterns that require something or have no machine
     // For each place and symbol the rules that may begin; made when the first line comes.
     mutable bool m_bCompiled = false;
     mutable std::array<std::array<quint64, SymbolCount + 1>, PlaceCount> m_arrStarts {};
+    // The same by the second symbol.
+    mutable std::array<quint64, SymbolCount + 1> m_arrSeconds {};
     mutable quint64 m_nBehindStart = 0; // rules that may begin elsewhere than at a line's start
     mutable quint64 m_nKeywordBits = 0;
     mutable quint64 m_nRun = 0; // patterns that machines run

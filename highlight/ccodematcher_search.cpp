@@ -16,8 +16,11 @@ void CCodeMatcher::walk(int nFrom, int nTo, quint64 nLive) const
         nTo = nFrom == 0 ? std::min(nTo, 1) : nFrom;
     for (int n = nFrom; n < nTo; ++n) {
         const size_t nSymbol = pSymbols[n];
-        if (const quint64 nBits = m_arrStarts[nPlace][nSymbol] & nLive)
-            tryRules(nBits & ~m_nEnded, n);
+        if (quint64 nBits = m_arrStarts[nPlace][nSymbol] & nLive) {
+            nBits &= m_arrSeconds[pSymbols[n + 1]] & ~m_nEnded;
+            if (nBits)
+                tryRules(nBits, n);
+        }
         nPlace = arrWordSymbols[nSymbol]; // InWord is 1
     }
 }
@@ -30,7 +33,8 @@ void CCodeMatcher::tryRules(quint64 nBits, int nAt) const
         if (nAt < nNext)
             continue;
         if (nBit == WordBit) {
-            m_table.findAt(*m_pLine, nAt, &m_lstHits);
+            if (m_table.mayStartAt(m_pLine->symbols() + nAt))
+                m_table.findAt(*m_pLine, nAt, &m_lstHits);
         } else if (nBit == NumberBit || nBit == OperatorBit) {
             const bool bNumber = nBit == NumberBit;
             const QString &strText = m_pLine->text();
@@ -131,9 +135,11 @@ void CCodeMatcher::searchSlowly(size_t nPattern, int nFrom, int nTo) const
 // By rule and then by position.
 void CCodeMatcher::addKeywords() const
 {
-    std::sort(m_lstHits.begin(), m_lstHits.end(), [](const SKeywordHit &a, const SKeywordHit &b) {
+    const auto isBefore = [](const SKeywordHit &a, const SKeywordHit &b) {
         return std::tie(a.nRule, a.nStart) < std::tie(b.nRule, b.nStart);
-    });
+    };
+    if (!std::is_sorted(m_lstHits.begin(), m_lstHits.end(), isBefore))
+        std::sort(m_lstHits.begin(), m_lstHits.end(), isBefore);
     const SKeywordHit *pBefore = nullptr;
     for (const SKeywordHit &hit : m_lstHits) {
         // A rule is searched on from the end of its last match.

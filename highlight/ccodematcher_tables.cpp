@@ -3,11 +3,19 @@
 #include "highlight/fixedrules.h"
 
 #include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr size_t g_nMaxSearched = 4; // symbols: to search for each is quicker than to look at all
+
+} // namespace
 
 void CCodeMatcher::compile() const
 {
     m_bCompiled = true;
     m_arrStarts = {};
+    m_arrSeconds.fill(~quint64(0));
     m_nKeywordBits = bit(WordBit);
     m_nRun = 0;
     m_lstSets.clear();
@@ -20,13 +28,24 @@ void CCodeMatcher::compile() const
         m_arrMachines[size_t(n)] = pMachine;
         if (pMachine) {
             m_nRun |= bit(n);
-            enter(n, pMachine->firstByContext());
+            enter(n, *pMachine);
         }
         m_nKeywordBits |= m_lstPatterns[size_t(n)].role == HighlightRole::Keyword ? bit(n) : 0;
     }
     for (size_t n = 0; n < m_lstPatterns.size(); ++n)
         require(n);
+    listSetSymbols();
     enterFixedRules();
+}
+
+void CCodeMatcher::listSetSymbols() const
+{
+    m_lstSetSymbols.clear();
+    for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
+        if (m_arrSets[nSymbol])
+            m_lstSetSymbols.push_back(uchar(nSymbol));
+    if (m_lstSetSymbols.size() > g_nMaxSearched)
+        m_lstSetSymbols.clear();
 }
 
 // Numbers, operators and words, and what follows from all that is entered.
@@ -47,10 +66,12 @@ void CCodeMatcher::enterFixedRules() const
         m_nBehindStart |= m_arrStarts[Elsewhere][nSymbol] | m_arrStarts[InWord][nSymbol];
 }
 
-void CCodeMatcher::enter(int nBit,
-                         const std::array<SymbolSet, CPatternAutomaton::ContextCount> &first) const
+void CCodeMatcher::enter(int nBit, const CAnchoredPattern &pattern) const
 {
+    const auto &first = pattern.firstByContext();
+    const SymbolSet second = pattern.mayGoOnWith();
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+        m_arrSeconds[nSymbol] &= second[nSymbol] ? ~quint64(0) : ~bit(nBit);
         m_arrStarts[Elsewhere][nSymbol] |= first[0][nSymbol] ? bit(nBit) : 0;
         m_arrStarts[InWord][nSymbol] |=
             first[CPatternAutomaton::BehindWord][nSymbol] ? bit(nBit) : 0;
@@ -94,7 +115,11 @@ quint64 CCodeMatcher::numberOf(const SymbolSet &set) const
 quint64 CCodeMatcher::requirementsIn(const CSymbolLine &line) const
 {
     quint64 nSets = 0;
-    if (!m_lstSets.empty()) {
+    if (!m_lstSetSymbols.empty()) {
+        for (const uchar nSymbol : m_lstSetSymbols)
+            if (memchr(line.symbols(), nSymbol, size_t(line.size())))
+                nSets |= m_arrSets[nSymbol];
+    } else if (!m_lstSets.empty()) {
         const uchar *const pSymbols = line.symbols();
         for (int n = 0; n < line.size(); ++n)
             nSets |= m_arrSets[pSymbols[n]];

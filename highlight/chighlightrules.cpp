@@ -2,8 +2,6 @@
 
 #include <QBrush>
 #include <QColor>
-#include <QVarLengthArray>
-#include <algorithm>
 
 namespace {
 
@@ -45,12 +43,12 @@ void CHighlightRules::readRegions(const QVariantMap &mapDefinition)
     m_mapEmbedded = mapDefinition.value(QStringLiteral("embedded")).toMap();
     m_lstLanguages = QStringList {QString()} + m_mapEmbedded.keys();
     m_lstEmbedded.resize(size_t(m_lstLanguages.size()));
+    m_lstDone.resize(size_t(m_lstLanguages.size()));
 }
 
-const CLanguage &CHighlightRules::language(int nLanguage) const
+// Of another language than the own one.
+const CLanguage &CHighlightRules::embedded(int nLanguage) const
 {
-    if (nLanguage == 0)
-        return m_own;
     std::optional<CLanguage> &language = m_lstEmbedded[size_t(nLanguage)];
     if (!language) {
         const QString strName = m_lstLanguages.at(nLanguage);
@@ -132,14 +130,13 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
             m_stack.clear(); // The table of stacks may be full.
     }
     bool bInsideTag = isInsideTag(nPreviousState);
-    QVarLengthArray<bool, 32> lstDone(m_lstLanguages.size());
-    std::fill(lstDone.begin(), lstDone.end(), false);
-    for (const SRegionSpan &span : lstSpans) {
-        if (span.role == RegionRole::Code && !lstDone[span.nLanguage]) {
-            lstDone[span.nLanguage] = true;
-            if (!addCode(lstSpans, span.nLanguage, &bInsideTag, pLine, isAborted))
-                return false;
-        }
+    ++m_nLine;
+    for (auto it = lstSpans.cbegin(); it != lstSpans.cend(); ++it) {
+        if (it->role != RegionRole::Code || m_lstDone[size_t(it->nLanguage)] == m_nLine)
+            continue;
+        m_lstDone[size_t(it->nLanguage)] = m_nLine;
+        if (!addCode(it, lstSpans.cend(), &bInsideTag, pLine, isAborted))
+            return false;
     }
     for (const SRegionSpan &span : lstSpans) {
         if (span.role == RegionRole::Comment || span.role == RegionRole::String) {
@@ -153,16 +150,16 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
     return true;
 }
 
-// The parts of one language, whose matches are found in one walk.
-bool CHighlightRules::addCode(const std::vector<SRegionSpan> &lstSpans, int nLanguage,
-                              bool *pInsideTag, SHighlightLine *pLine,
+// The parts of one language from the first one on, whose matches are found in one walk.
+bool CHighlightRules::addCode(Spans first, Spans end, bool *pInsideTag, SHighlightLine *pLine,
                               const AbortCheck &isAborted) const
 {
+    const int nLanguage = first->nLanguage;
     const CLanguage &code = language(nLanguage);
     code.setLine(&m_line);
-    for (const SRegionSpan &span : lstSpans)
-        if (span.role == RegionRole::Code && span.nLanguage == nLanguage
-            && !code.add(span.nStart, span.nEnd, pInsideTag, &pLine->lstRanges, isAborted))
+    for (auto it = first; it != end; ++it)
+        if (it->role == RegionRole::Code && it->nLanguage == nLanguage
+            && !code.add(it->nStart, it->nEnd, pInsideTag, &pLine->lstRanges, isAborted))
             return false;
     return true;
 }

@@ -39,12 +39,17 @@ public:
 private:
     void readComments(const QVariantList &lstComments);
     void readRegions(const QVariantMap &mapDefinition);
-    const CLanguage &language(int nLanguage) const;
+    const CLanguage &embedded(int nLanguage) const;
+    const CLanguage &language(int nLanguage) const
+    {
+        return nLanguage == 0 ? m_own : embedded(nLanguage);
+    }
 
     bool highlightRegions(const QString &strText, int nPreviousState, SHighlightLine *pLine,
                           const AbortCheck &isAborted) const;
-    bool addCode(const std::vector<SRegionSpan> &lstSpans, int nLanguage, bool *pInsideTag,
-                 SHighlightLine *pLine, const AbortCheck &isAborted) const;
+    using Spans = std::vector<SRegionSpan>::const_iterator;
+    bool addCode(Spans first, Spans end, bool *pInsideTag, SHighlightLine *pLine,
+                 const AbortCheck &isAborted) const;
 
     QString m_strLanguage;
     QString m_strSingleLine;
@@ -66,4 +71,7 @@ private:
     mutable int m_nStack = 0;
     mutable CSymbolLine m_line;
     mutable std::vector<SRegionSpan> m_lstSpans; // of the line under way; keeps its memory
+    // Lines are counted, and of each language the last one that its code was looked for in.
+    mutable quint64 m_nLine = 0;
+    mutable std::vector<quint64> m_lstDone;
 };

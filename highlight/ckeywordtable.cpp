@@ -47,6 +47,7 @@ bool CKeywordTable::add(const QString &strKeyword, int nRule)
         entry.lstSymbols.push_back(uchar(symbolOf(ch)));
     entry.nHash = hashOf(entry.lstSymbols.data(), nWordLength);
     m_arrLengths[entry.lstSymbols.front()] |= lengthBit(nWordLength);
+    enterSecond(entry.lstSymbols);
     m_lstEntries.push_back(entry);
     if (m_lstBuckets.size() < 2 * m_lstEntries.size()) {
         m_lstBuckets.assign(4 * m_lstBuckets.size(), -1);
@@ -65,6 +66,28 @@ QChar CKeywordTable::folded(QChar ch) const
     if (isAscii(ch))
         return ch >= QLatin1Char('A') && ch <= QLatin1Char('Z') ? QChar(ch.unicode() + 32) : ch;
     return ch.toLower();
+}
+
+// A keyword of one character stands before all that is no word. Without letter case those beyond
+// ASCII may be folded into it, so that they are before and behind anything.
+void CKeywordTable::enterSecond(const std::vector<uchar> &lstSymbols)
+{
+    const bool bFold = m_sensitivity == Qt::CaseInsensitive;
+    const auto isLike = [bFold](int nSymbol, int nKeywords) {
+        const bool bCapital = nSymbol >= 'A' && nSymbol <= 'Z';
+        return nSymbol == nKeywords
+            || (bFold && (nSymbol >= 128 || (bCapital && nSymbol + 32 == nKeywords)));
+    };
+    for (int nFirst = 0; nFirst < SymbolCount; ++nFirst) {
+        if (!isLike(nFirst, lstSymbols[0]))
+            continue;
+        for (int nSecond = 0; nSecond <= SymbolCount; ++nSecond) {
+            const bool bMay = lstSymbols.size() > 1 ? isLike(nSecond, lstSymbols[1])
+                                                    : !arrWordSymbols[size_t(nSecond)];
+            if (bMay || (bFold && nSecond >= 128))
+                m_arrSeconds[size_t(nFirst)][size_t(nSecond) / 64] |= quint64(1) << (nSecond % 64);
+        }
+    }
 }
 
 uint CKeywordTable::hashOf(const uchar *pSymbols, int nLength)

@@ -27,6 +27,11 @@ public:
 
     // Whether a keyword may begin with this symbol.
     bool mayStartWith(int nSymbol) const;
+    // The same of a place in a line's symbols, by two of them; the line's end is not among the first.
+    bool mayStartAt(const uchar *pSymbols) const
+    {
+        return (m_arrSeconds[pSymbols[0]][pSymbols[1] / 64] >> (pSymbols[1] % 64)) & 1;
+    }
     // Appends the keywords that begin with the word at nAt; a word has to begin there. Matches of
     // one rule may overlap only where a keyword repeats its own beginning, such as "a-a" in
     // "a-a-a".
@@ -47,6 +52,7 @@ private:
     QChar folded(QChar ch) const;
     static uint hashOf(const uchar *pSymbols, int nLength);
     void link(int nEntry);
+    void enterSecond(const std::vector<uchar> &lstSymbols);
     void findFolding(const CSymbolLine &line, int nAt, std::vector<SKeywordHit> *pHits) const;
     bool isAt(const SEntry &entry, const QString &strText, int nAt) const;
 
@@ -56,4 +62,6 @@ private:
     // For each symbol the lengths of words that begin with it, as bits; bit 31 stands for 31 and
     // more.
     std::array<quint32, SymbolCount> m_arrLengths {};
+    // For each symbol those that may stand behind it at a keyword's beginning, as bits.
+    std::array<std::array<quint64, 3>, SymbolCount> m_arrSeconds {};
 };

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int g_nAccept = 0; // the first NFA state: a match ends here
+constexpr size_t g_nAccept = 0; // the first NFA state: a match ends here
 constexpr size_t g_nMaxNfa = 4000;
 constexpr size_t g_nMaxStates = 1000;
 
@@ -19,9 +19,10 @@ constexpr int code(int nState, bool bEnds)
 CPatternAutomaton::CPatternAutomaton(const SPatternNode &pattern)
 {
     addNfa(SPatternNode::Nothing, -1);
-    m_nStart = compile(pattern, g_nAccept);
+    m_nStart = compile(pattern, int(g_nAccept));
     if (!m_bUsable)
         return;
+    findSeconds();
     classify();
     for (int nContext = 0; nContext < ContextCount; ++nContext) {
         const int nState = startState(nContext);
@@ -94,6 +95,40 @@ int CPatternAutomaton::compileRepeat(const SPatternNode &node, int nNext)
     for (int n = 0; n < node.nMin; ++n)
         nStart = compile(child, nStart);
     return nStart;
+}
+
+// What stands behind one symbol from these states on, the anchors between them taken to hold.
+std::vector<int> CPatternAutomaton::reach(std::vector<int> lstToDo, SymbolSet *pSymbols,
+                                          bool *pEnds) const
+{
+    std::vector<bool> lstSeen(m_lstNfa.size());
+    std::vector<int> lstReached;
+    while (!lstToDo.empty()) {
+        const auto n = size_t(lstToDo.back());
+        lstToDo.pop_back();
+        if (lstSeen[n])
+            continue;
+        lstSeen[n] = true;
+        const SNfaState &nfa = m_lstNfa[n];
+        if (n == g_nAccept) {
+            *pEnds = true;
+        } else if (nfa.kind == SPatternNode::Symbol) {
+            *pSymbols |= nfa.set;
+            lstReached.push_back(nfa.nOut);
+        } else {
+            lstToDo.push_back(nfa.nOut);
+            if (nfa.kind == SPatternNode::Choice)
+                lstToDo.push_back(nfa.nOther);
+        }
+    }
+    return lstReached;
+}
+
+void CPatternAutomaton::findSeconds()
+{
+    SymbolSet first;
+    const std::vector<int> lstReached = reach({m_nStart}, &first, &m_bMayBeEmpty);
+    reach(lstReached, &m_heldSecond, &m_bMayBeOneSymbol);
 }
 
 // Words and other characters are two classes, and each set of the pattern divides those that it
@@ -169,12 +204,12 @@ int CPatternAutomaton::step(int nState, int nSymbol)
     std::vector<int> lstReached;
     bool bEnds = false;
     while (!lstToDo.empty()) {
-        const int n = lstToDo.back();
+        const auto n = size_t(lstToDo.back());
         lstToDo.pop_back();
-        if (lstSeen[size_t(n)])
+        if (lstSeen[n])
             continue;
-        lstSeen[size_t(n)] = true;
-        const SNfaState &nfa = m_lstNfa[size_t(n)];
+        lstSeen[n] = true;
+        const SNfaState &nfa = m_lstNfa[n];
         if (n == g_nAccept) {
             bEnds = true;
         } else if (nfa.kind == SPatternNode::Choice) {

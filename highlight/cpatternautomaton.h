@@ -27,12 +27,17 @@ public:
     // match may hold.
     const SymbolSet &mayBeEmptyBefore() const { return m_emptyBefore; }
     const SymbolSet &mayHoldFirst() const { return m_heldFirst; }
+    // The symbols that a match of two characters and more may hold in the second place, and whether
+    // there may be matches of none or of one.
+    const SymbolSet &mayHoldSecond() const { return m_heldSecond; }
+    bool mayBeEmpty() const { return m_bMayBeEmpty; }
+    bool mayBeOneSymbol() const { return m_bMayBeOneSymbol; }
 
     // Appends the ends of the matches that begin at nStart, ascending.
     void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
-    // Only those before one of these symbols or the line's end.
+    // Only those before a symbol that the table says yes to; it has to say so of the line's end.
     void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds,
-                  const SymbolSet &before);
+                  const SymbolTable &before);
     // The end of the longest match that begins at nStart, -1 when there is none.
     int longestEnd(const CSymbolLine &line, int nStart);
     // Whether a match begins at nStart.
@@ -60,6 +65,8 @@ private:
     int addNfa(SPatternNode::Kind kind, int nOut, int nOther = -1);
     int compile(const SPatternNode &node, int nNext);
     int compileRepeat(const SPatternNode &node, int nNext);
+    void findSeconds();
+    std::vector<int> reach(std::vector<int> lstToDo, SymbolSet *pSymbols, bool *pEnds) const;
     void classify();
     int divideClasses(const SymbolSet &set, int nClasses);
     bool holds(SPatternNode::Kind kind, int nContext, int nSymbol) const;
@@ -81,6 +88,9 @@ private:
     std::array<SymbolSet, ContextCount> m_arrMayStart;
     SymbolSet m_emptyBefore;
     SymbolSet m_heldFirst;
+    SymbolSet m_heldSecond;
+    bool m_bMayBeEmpty = false;
+    bool m_bMayBeOneSymbol = false;
     std::vector<SState> m_lstStates;
     // For each state the steps by the symbol ahead: code(), or -1 when not yet known.
     std::vector<qint16> m_lstSteps;

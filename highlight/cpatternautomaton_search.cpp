@@ -55,14 +55,30 @@ void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vecto
 }
 
 void CPatternAutomaton::findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds,
-                                 const SymbolSet &before)
+                                 const SymbolTable &before)
 {
     const uchar *const pSymbols = line.symbols();
-    runForwards(line, nStart, [=, &before](int nEnd) {
-        if (pSymbols[nEnd] == LineEndSymbol || before[pSymbols[nEnd]])
-            pEnds->push_back(nEnd);
-        return true;
-    });
+    int nState = startStateAt(pSymbols, nStart);
+    const qint16 *pSteps = stepsOf(nState);
+    for (int n = nStart; nState >= 0; ++n) {
+        const size_t nSymbol = pSymbols[n];
+        int nCode = pSteps[nSymbol];
+        if (nCode < 0) {
+            nCode = step(nState, int(nSymbol));
+            pSteps = stepsOf(nState);
+        }
+        if ((nCode & 1) && before[nSymbol])
+            pEnds->push_back(n);
+        const int nNext = (nCode >> 1) - 1;
+        if (nNext == nState) {
+            for (; pSteps[pSymbols[n + 1]] == nCode; ++n)
+                if ((nCode & 1) && before[pSymbols[n + 1]])
+                    pEnds->push_back(n + 1);
+            continue;
+        }
+        nState = nNext;
+        pSteps = stepsOf(nState);
+    }
 }
 
 int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
@@ -80,8 +96,13 @@ int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
         if (nCode & 1)
             nLongest = n;
         const int nNext = (nCode >> 1) - 1;
-        if (nNext == nState)
+        if (nNext == nState) {
+            // Most often the same step follows, as within a word; the line's end is another one.
+            while (pSteps[pSymbols[n + 1]] == nCode)
+                ++n;
+            nLongest = nCode & 1 ? n : nLongest;
             continue;
+        }
         nState = nNext;
         pSteps = stepsOf(nState);
         if (nState >= 0 && m_lstStates[size_t(nState)].nLoops == SymbolCount)

@@ -25,6 +25,12 @@ SymbolSet symbolsOf(const SRegionRule &rule)
     return set;
 }
 
+// What may stand behind the first character of it.
+SymbolSet secondsOf(const SRegionRule &rule)
+{
+    return rule.bHasStart ? rule.start.mayGoOnWith() : SymbolSet().set();
+}
+
 } // namespace
 
 CRegionRules::CRegionRules(const QVariantMap &mapRegions, const QStringList &lstLanguages,
@@ -50,19 +56,23 @@ void CRegionRules::fillSymbols()
         lstSymbols.push_back(symbolsOf(rule));
         if (!rule.bHasStart || !rule.start.isOnlyAtLineStart())
             rule.first = lstSymbols.back();
+        rule.bOneSymbol = rule.bHasStart && !rule.bHasKey && !rule.bHasThen && !rule.bHasAfter
+            && rule.start.isAlwaysOneSymbol();
     }
     for (SRegionContext &context : m_lstContexts) {
         context.lstRules.resize(std::min(context.lstRules.size(), nMaxRules));
         for (size_t nBit = 0; nBit < context.lstRules.size(); ++nBit) {
             const auto nRule = size_t(context.lstRules[nBit]);
             const SRegionRule &rule = m_lstRules[nRule];
+            const SymbolSet second = secondsOf(rule);
             for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
+                context.arrRulesBySecond[nSymbol] |= quint64(second[nSymbol]) << nBit;
                 context.arrRules[nSymbol] |= quint64(rule.first[nSymbol]) << nBit;
                 context.arrRulesAtLineStart[nSymbol] |= quint64(lstSymbols[nRule][nSymbol]) << nBit;
             }
             context.nRulesAtLineEnd |= quint64(rule.kind == SRegionRule::End) << nBit;
         }
-        context.arrRules[LineEndSymbol] = ~quint64(0);
+        context.arrRules[LineEndSymbol] = context.arrRulesBySecond[LineEndSymbol] = ~quint64(0);
         for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
             if (context.arrRules[size_t(nSymbol)])
                 context.nOnlyStart = ++context.nStarts == 1 ? nSymbol : -1;

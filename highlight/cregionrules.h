@@ -32,6 +32,7 @@ struct SRegionRule
     bool bHasThen = false;
     bool bHasAfter = false;
     SymbolSet first; // what a match begins with behind a line's start
+    bool bOneSymbol = false; // each of them is a match
 };
 
 // What holds inside one region. Context 0 of a language is its text outside of all regions.
@@ -52,6 +53,8 @@ struct SRegionContext
     // start. All of them stand for the line's end, where a search for a rule stops.
     std::array<quint64, SymbolCount + 1> arrRules {};
     std::array<quint64, SymbolCount + 1> arrRulesAtLineStart {};
+    // The same by the second symbol.
+    std::array<quint64, SymbolCount + 1> arrRulesBySecond {};
     int nStarts = 0; // symbols that one of the rules may begin with
     int nOnlyStart = -1; // the only one of them
     quint64 nRulesAtLineEnd = 0; // that may match there without a character

@@ -153,8 +153,9 @@ bool CRegionScanner::applyAt(int nAt)
         return true;
     quint64 nBits = m_pContext->nRulesAtLineEnd;
     if (nAt < m_strText.size()) {
-        const auto nSymbol = size_t(m_line.symbols()[nAt]);
-        nBits = (nAt == 0 ? m_pContext->arrRulesAtLineStart : m_pContext->arrRules)[nSymbol];
+        const uchar *const pSymbols = m_line.symbols() + nAt;
+        nBits = (nAt == 0 ? m_pContext->arrRulesAtLineStart : m_pContext->arrRules)[pSymbols[0]]
+            & m_pContext->arrRulesBySecond[pSymbols[1]];
     }
     for (; nBits != 0; nBits &= nBits - 1) {
         const auto n = size_t(qCountTrailingZeroBits(nBits));

@@ -145,6 +145,8 @@ int CRegionScanner::endOfNest(SRegionRule &rule, int nAt, QString *pKey)
 
 int CRegionScanner::endOfBegin(SRegionRule &rule, int nAt, QString *pKey)
 {
+    if (rule.bOneSymbol)
+        return rule.first[size_t(m_line.symbols()[nAt])] ? nAt + 1 : -1; // never at the line's end
     int n = rule.bHasStart ? rule.start.endOfMatch(m_line, nAt) : nAt;
     if (n < 0 || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)))
         return -1;
@@ -158,6 +160,10 @@ int CRegionScanner::endOfBegin(SRegionRule &rule, int nAt, QString *pKey)
 
 int CRegionScanner::endOfEnd(SRegionRule &rule, int nAt, const QString &strKey)
 {
+    if (rule.bOneSymbol) {
+        const size_t nSymbol = m_line.symbols()[nAt];
+        return nSymbol != LineEndSymbol && rule.first[nSymbol] ? nAt + 1 : -1;
+    }
     if (!rule.bHasKey)
         return rule.start.endOfMatch(m_line, nAt);
     if (!rule.bHasStart && !rule.bMirrored && !strKey.isEmpty()

@@ -18,6 +18,8 @@ enum Symbol {
 };
 
 using SymbolSet = std::bitset<SymbolCount>;
+// A byte for each symbol of a line, its end included: quicker to ask.
+using SymbolTable = std::array<quint8, SymbolCount + 1>;
 
 inline int symbolOf(QChar ch)
 {
@@ -36,16 +38,16 @@ inline bool isWordSymbol(int nSymbol)
 }
 
 // The same for a symbol of a line, its end included, by a table.
-constexpr std::array<quint8, SymbolCount + 1> wordSymbols()
+constexpr SymbolTable wordSymbols()
 {
-    std::array<quint8, SymbolCount + 1> arr {};
+    SymbolTable arr {};
     for (size_t n = 0; n < 128; ++n)
         arr[n] = CharacterClass::arrAsciiFlags[n] & CharacterClass::Word ? 1 : 0;
     arr[OtherDigit] = arr[OtherWord] = 1;
     return arr;
 }
 
-inline constexpr std::array<quint8, SymbolCount + 1> arrWordSymbols = wordSymbols();
+inline constexpr SymbolTable arrWordSymbols = wordSymbols();
 
 // Letters beyond ASCII that equal one of ASCII when letter case does not count.
 inline bool foldsToAscii(QChar ch)
