@@ -12,15 +12,18 @@ struct SStyleFault
 };
 
 constexpr SStyleFault g_arrFaults[] = {
-    {"AsciiDoc", "Delimiter", nullptr, true, "the lines around a listing belong to it"},
+    {"AsciiDoc", "Delimiter", "-.+/", true, "the lines around a listing belong to it"},
     {"AsciiDoc", "Section Title", nullptr, false, "a heading is no string"},
     {"Diff", "Removed line", nullptr, false, "a removed line is no string"},
     {"JSON", "Style_String_Key", nullptr, true, "a name is a string"},
     {"JavaScript", "Substitution", nullptr, false, "a field holds code"},
     {"Kotlin", "String Interpolation", nullptr, false, "a field holds code"},
     {"Makefile", "Operator", nullptr, false, "an operator is no string"},
+    {"Markdown", "List", nullptr, false, "a list's sign is no string"},
     {"Markdown", "Metadata", nullptr, false, "front matter is no comment"},
     {"Markdown", "Metadata Title", nullptr, false, "front matter is no comment"},
+    {"Markdown", "Number List", nullptr, false, "a list's sign is no string"},
+    {"Markdown", "Style_String_Key", nullptr, true, "a name is a string, as in JSON"},
     {"Perl", "Data", nullptr, true, "what follows __END__ is not run"},
     {"Perl", "Operator", "\"'`", true, "the quotes of a string belong to it"},
     {"Perl", "Pattern", nullptr, true, "a pattern is quoted text"},
