@@ -34,6 +34,9 @@
   (display (string-append "q is \"" text "\""))
   (newline))
 
+#!
+It's a "remark" in Guile
+!#
 #;(display "left out")
 (define flags (list #t #f #\space #\a #xFF 1.5e3))
 (for-each (lambda (n) (when (even? n) (write n))) '(1 2 3 4))
