@@ -27,7 +27,8 @@ public:
 
     // Whether a keyword may begin with this symbol.
     bool mayStartWith(int nSymbol) const;
-    // The same of a place in a line's symbols, by two of them; the line's end is not among the first.
+    // The same of a place in a line's symbols, by two of them; the line's end is not among the
+    // first.
     bool mayStartAt(const uchar *pSymbols) const
     {
         return (m_arrSeconds[pSymbols[0]][pSymbols[1] / 64] >> (pSymbols[1] % 64)) & 1;

@@ -30,13 +30,25 @@ bool lacksRequired(const CLinePattern &pattern, const QString &strText)
     });
 }
 
+// Whether the machine says that no match goes on as this one does.
+bool deniesSecond(const CLinePattern &pattern, const QString &strText, int nStart)
+{
+    const CSymbolLine line(strText);
+    const CAnchoredPattern *const pMachine = pattern.isValid() ? pattern.machineFor(line) : nullptr;
+    const int nSecond = nStart + 1;
+    return pMachine && nSecond < strText.size()
+        && !pMachine->mayGoOnWith()[line.symbols()[nSecond]];
+}
+
 // Every search from every position; the first that differs, empty when none does.
 QString compare(const CLinePattern &pattern, const QRegExp &rx, const QString &strText)
 {
     for (int n = 0; n <= strText.size(); ++n) {
         const int nExpected = rx.indexIn(strText, n);
         const int nActual = pattern.indexIn(strText, n);
-        const bool bMissed = nExpected >= 0 && lacksRequired(pattern, strText);
+        const bool bMissed = nExpected >= 0
+            && (lacksRequired(pattern, strText)
+                || (rx.matchedLength() > 0 && deniesSecond(pattern, strText, nExpected)));
         if (nActual != nExpected || bMissed
             || (nExpected >= 0 && pattern.matchedLength() != rx.matchedLength())) {
             return QString("/%1/ in \"%2\" from %3: %4+%5 instead of %6+%7, missed %8")
