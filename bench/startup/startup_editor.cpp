@@ -30,7 +30,7 @@ int main(int nArgc, char **ppArgv)
         QObject::connect(&edit, &CHighlightEdit::firstTextShown, show);
         QObject::connect(&edit, &CHighlightEdit::loadFinished, &loop, &QEventLoop::quit);
         edit.setPathFileName(strPath);
-        edit.loadInSlices(CHighlightEdit::LongLines::Whole, false);
+        edit.loadInSlices(LongLines::Whole, false);
         loop.exec();
     };
     const auto settle = [&edit] {
