@@ -1,6 +1,7 @@
 #include "editor/bracketlines.h"
 
-#include <QTextDocument>
+#include "highlight/ctextdocument.h"
+#include "highlight/highlightformats.h"
 
 namespace {
 
@@ -38,10 +39,11 @@ QBitArray commentsAndStrings(const QTextBlock &block)
     // The two roles look the same.
     static const QTextCharFormat s_comment = CHighlightRules::format(HighlightRole::Comment);
     QBitArray inside(block.length());
-    const QVector<QTextLayout::FormatRange> lstFormats = block.layout()->formats();
+    const auto *pDocument = qobject_cast<const CTextDocument *>(block.document());
+    const QVector<QTextLayout::FormatRange> lstFormats =
+        pDocument ? pDocument->formats(block) : block.layout()->formats();
     for (const QTextLayout::FormatRange &range : lstFormats) {
-        const bool bMark = range.format.intProperty(QTextFormat::UserProperty) & 1;
-        if (!bMark && range.start < inside.size()) {
+        if (!isMark(range) && range.start < inside.size()) {
             inside.fill(range.format.foreground() == s_comment.foreground(), range.start,
                         qMin(range.start + range.length, inside.size()));
         }
@@ -72,9 +74,9 @@ bool CStoredLines::goTo(int nLine)
             return false;
         const bool bBack = nLine < m_nLine;
         m_batch =
-            m_store.fetch(m_nVersion, bBack ? qMax(nLine - g_nLinesBack + 1, 0) : nLine, false);
+            m_store.fetch(m_nVersion, bBack ? qMax(nLine - g_nLinesBack + 1, 0) : nLine, CLineStore::Any);
         if (!holds(nLine)) // Long lines: the batch has ended before.
-            m_batch = m_store.fetch(m_nVersion, nLine, false);
+            m_batch = m_store.fetch(m_nVersion, nLine, CLineStore::Any);
         if (!holds(nLine))
             return false;
     }

@@ -79,7 +79,7 @@ QStringList wordsToOffer(const CLineStore &lines, uint nVersion, const QVariantM
         if (isOffered(strWord, typed.strBeginning))
             words.insert(strWord);
     for (int nAt = 0;;) {
-        const CLineStore::SBatch batch = lines.fetch(nVersion, nAt, false);
+        const CLineStore::SBatch batch = lines.fetch(nVersion, nAt, CLineStore::Any);
         if (isCancelled() || lines.version() != nVersion)
             return QStringList();
         if (batch.lst.empty())

@@ -29,7 +29,7 @@ SMatchCount countMatches(const CLineStore &lines, uint nVersion, const CLineSear
 {
     SMatchCount count;
     for (int nAt = 0; !isCancelled();) {
-        const CLineStore::SBatch batch = lines.fetch(nVersion, nAt, false);
+        const CLineStore::SBatch batch = lines.fetch(nVersion, nAt, CLineStore::Any);
         if (batch.lst.empty())
             return lines.version() == nVersion ? count : SMatchCount {0, -1};
         for (const CLineStore::SLine &line : batch.lst) {

@@ -10,6 +10,8 @@ constexpr int g_nMaxLinesPerChunk = 2 * g_nLinesPerChunk;
 // What the worker takes at a time: few enough for an edit to wait for copying them.
 constexpr int g_nLinesPerBatch = 32;
 constexpr int g_nCharsPerBatch = 16 * 1024;
+// An edit of one line leaves its block laid out, one of more lines does not; more than enough.
+constexpr int g_nLinesLaidOutAgain = 64;
 
 } // namespace
 
@@ -24,7 +26,7 @@ int CLineStore::SChunk::offset(int nLine) const
 void CLineStore::SChunk::insert(int nLine, int nCount, const std::function<QString()> &nextLine)
 {
     QString strNew;
-    lst.insert(lst.begin() + nLine, nCount, SEntry {0, 1, 1, -1});
+    lst.insert(lst.begin() + nLine, nCount, SEntry {0, -1, 0, 1, 1, 0, 0});
     for (int n = nLine; n < nLine + nCount; ++n) {
         const QString strLine = nextLine();
         strNew += strLine;
@@ -39,13 +41,33 @@ void CLineStore::SChunk::remove(int nLine, int nCount)
 {
     const auto begin = lst.begin() + nLine;
     int nChars = 0;
+    int nPacked = 0;
     for (auto it = begin; it != begin + nCount; ++it) {
-        nChars += it->nLength;
+        nChars += int(it->nLength);
+        nPacked += int(it->nPacked);
         nStale -= int(it->bStale);
         nUnknown -= int(it->bUnknown);
+        nHeld -= int(it->bHeld);
     }
     text.remove(offset(nLine), nChars);
+    const auto bytes = packed.begin() + packedOffset(nLine);
+    packed.erase(bytes, bytes + nPacked);
     lst.erase(begin, begin + nCount);
+}
+
+CLineStore::SChunk CLineStore::SChunk::takeTail(int nLine)
+{
+    SChunk tail;
+    tail.text = text.part(offset(nLine));
+    tail.lst.assign(lst.begin() + nLine, lst.end());
+    tail.packed.assign(packed.begin() + packedOffset(nLine), packed.end());
+    for (const SEntry &entry : tail.lst) {
+        tail.nStale += int(entry.bStale);
+        tail.nUnknown += int(entry.bUnknown);
+        tail.nHeld += int(entry.bHeld);
+    }
+    remove(nLine, int(tail.lst.size()));
+    return tail;
 }
 
 void CLineStore::SChunk::setStale(int nLine, bool bStale)
@@ -89,8 +111,13 @@ void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QSt
     // again.
     const SPosition last = locate(nFirst + nOld - 1);
     const int nStateAtEnd = m_lstChunks[last.nChunk].lst[last.nLine].nState;
+    // Qt's first block stays, with its formats.
+    const bool bFirstHeld = isAnyHeld(nFirst, 1);
+    const bool bHeld = nNew <= g_nLinesLaidOutAgain && isAnyHeld(nFirst, nOld);
     insert(nFirst + nOld, nNew, nextLine);
     remove(nFirst, nOld);
+    if (bHeld || bFirstHeld)
+        holdLines(nFirst, bHeld ? nNew : 1);
     const SPosition end = locate(nFirst + nNew - 1);
     m_lstChunks[end.nChunk].lst[end.nLine].nState = nStateAtEnd;
     m_bEdited = true;
@@ -141,43 +168,47 @@ void CLineStore::confirm(uint nVersion, int nCount, Order order)
     }
 }
 
-bool CLineStore::isStale(const SEntry &entry)
-{
-    return entry.bStale != 0;
-}
+const CLineStore::SWanted CLineStore::s_any = {
+    [](const SEntry &) { return true; },
+    [](const SChunk &) { return true; },
+};
 
-bool CLineStore::isUnknown(const SEntry &entry)
-{
-    return entry.bUnknown != 0;
-}
+const CLineStore::SWanted CLineStore::s_stale = {
+    [](const SEntry &entry) { return entry.bStale != 0; },
+    [](const SChunk &chunk) { return chunk.nStale > 0; },
+};
 
-bool CLineStore::isAny(const SEntry &)
-{
-    return true;
-}
+const CLineStore::SWanted CLineStore::s_staleOrHeld = {
+    [](const SEntry &entry) { return entry.bStale || entry.bHeld; },
+    [](const SChunk &chunk) { return chunk.nStale > 0 || chunk.nHeld > 0; },
+};
 
-// The first line from nFrom on and before nEnd that is wanted; nEnd if there is none. pCount is the
-// count of such lines that a chunk keeps.
-int CLineStore::nextIn(int nFrom, int nEnd, int SChunk::*pCount, Wanted isWanted) const
+const CLineStore::SWanted CLineStore::s_unknown = {
+    [](const SEntry &entry) { return entry.bUnknown != 0; },
+    [](const SChunk &chunk) { return chunk.nUnknown > 0; },
+};
+
+// The first line from nFrom on and before nEnd that is wanted; nEnd if there is none.
+int CLineStore::nextIn(int nFrom, int nEnd, const SWanted &wanted) const
 {
     int nLine = nFrom;
     if (nLine >= nEnd)
         return nEnd;
     for (SPosition at = locate(nLine); nLine < nEnd; at = {at.nChunk + 1, 0}) {
         const SChunk &chunk = m_lstChunks[at.nChunk];
-        if (chunk.*pCount == 0) {
+        if (!wanted.hasAny(chunk)) {
             nLine += int(chunk.lst.size()) - at.nLine;
             continue;
         }
         for (; at.nLine < int(chunk.lst.size()) && nLine < nEnd; ++at.nLine, ++nLine)
-            if (isWanted(chunk.lst[at.nLine]))
+            if (wanted.isWanted(chunk.lst[at.nLine]))
                 return nLine;
     }
     return nEnd;
 }
 
 // Successive wanted lines of one chunk.
-CLineStore::SBatch CLineStore::batchAt(int nLine, Wanted isWanted, int nEnd) const
+CLineStore::SBatch CLineStore::batchAt(int nLine, const SWanted &wanted, int nEnd) const
 {
     SBatch batch;
     batch.nFirst = nLine;
@@ -193,25 +224,24 @@ CLineStore::SBatch CLineStore::batchAt(int nLine, Wanted isWanted, int nEnd) con
     int nChars = 0;
     for (int n = at.nLine; n < nLast && nChars < g_nCharsPerBatch; ++n) {
         const SEntry &entry = chunk.lst[n];
-        if (!isWanted(entry))
+        if (!wanted.isWanted(entry))
             break;
         batch.lst.push_back({chunk.text.mid(nOffset, int(entry.nLength)), entry.nState,
-                             entry.bStale != 0, entry.bUnknown != 0});
+                             entry.bStale != 0, entry.bUnknown != 0, entry.bHeld != 0});
         nOffset += int(entry.nLength);
         nChars += int(entry.nLength);
     }
     return batch;
 }
 
-CLineStore::SBatch CLineStore::fetch(uint nVersion, int nFrom, bool bOnlyStale) const
+CLineStore::SBatch CLineStore::fetch(uint nVersion, int nFrom, Which which) const
 {
+    const SWanted &wanted = which == Any ? s_any : which == Stale ? s_stale : s_staleOrHeld;
     const std::lock_guard<std::mutex> locker(m_mutex);
     if (nVersion != version() || nFrom >= m_nCount)
         return SBatch();
-    if (!bOnlyStale)
-        return batchAt(nFrom, isAny, m_nCount);
-    const int nLine = nextIn(nFrom, m_nCount, &SChunk::nStale, isStale);
-    return nLine < m_nCount ? batchAt(nLine, isStale, m_nCount) : SBatch();
+    const int nLine = nextIn(nFrom, m_nCount, wanted);
+    return nLine < m_nCount ? batchAt(nLine, wanted, m_nCount) : SBatch();
 }
 
 CLineStore::SBatch CLineStore::fetchAmong(uint nVersion, int nFirst, int nLast) const
@@ -220,10 +250,10 @@ CLineStore::SBatch CLineStore::fetchAmong(uint nVersion, int nFirst, int nLast) 
     const int nEnd = std::min(nLast + 1, m_nCount);
     if (nVersion != version())
         return SBatch();
-    const int nLine = nextIn(std::max(nFirst, 0), nEnd, &SChunk::nStale, isStale);
-    if (nLine >= nEnd || nextIn(0, nLine, &SChunk::nUnknown, isUnknown) < nLine)
+    const int nLine = nextIn(std::max(nFirst, 0), nEnd, s_stale);
+    if (nLine >= nEnd || nextIn(0, nLine, s_unknown) < nLine)
         return SBatch();
-    return batchAt(nLine, isStale, nEnd);
+    return batchAt(nLine, s_stale, nEnd);
 }
 
 CLineStore::SBatch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast) const
@@ -232,11 +262,11 @@ CLineStore::SBatch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast)
     if (nVersion != version())
         return SBatch();
     const int nEnd = std::min(nLast + 1, m_nCount);
-    const int nStale = nextIn(std::max(nFirst, 0), nEnd, &SChunk::nStale, isStale);
+    const int nStale = nextIn(std::max(nFirst, 0), nEnd, s_stale);
     if (nStale >= nEnd)
         return SBatch();
-    const int nLine = nextIn(0, nStale, &SChunk::nUnknown, isUnknown);
-    return nLine < nStale ? batchAt(nLine, isUnknown, nStale) : SBatch();
+    const int nLine = nextIn(0, nStale, s_unknown);
+    return nLine < nStale ? batchAt(nLine, s_unknown, nStale) : SBatch();
 }
 
 bool CLineStore::isCurrent(uint nVersion, uint nGeneration) const
@@ -259,17 +289,20 @@ void CLineStore::recordState(const SDone &done)
     }
 }
 
-bool CLineStore::commit(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone,
-                        Order order)
+bool CLineStore::commit(uint nVersion, uint nGeneration, std::vector<SDone> *pDone,
+                        const std::vector<uchar> &packed, bool bSendAll, Order order)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     if (!isCurrent(nVersion, nGeneration))
         return false;
-    for (const SDone &done : lstDone) {
+    const uchar *pPacked = packed.data();
+    for (SDone &done : *pDone) {
         recordState(done);
         const SPosition at = locate(done.nLine);
         m_lstChunks[at.nChunk].setStale(at.nLine, false);
         m_arrUnderWay[order].push_back(done.nLine);
+        done.bSend = recordRanges(done, pPacked, bSendAll);
+        pPacked += done.nPacked;
     }
     return true;
 }
@@ -361,16 +394,8 @@ void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &
 void CLineStore::splitBehind(const SPosition &at)
 {
     SChunk &chunk = m_lstChunks[at.nChunk];
-    const int nSize = int(chunk.lst.size());
-    if (at.nLine == nSize)
+    if (at.nLine == int(chunk.lst.size()))
         return;
-    SChunk tail;
-    tail.text = chunk.text.part(chunk.offset(at.nLine));
-    tail.lst.assign(chunk.lst.begin() + at.nLine, chunk.lst.end());
-    tail.nStale = int(std::count_if(
-        tail.lst.begin(), tail.lst.end(), [](const SEntry &entry) { return entry.bStale; }));
-    tail.nUnknown = int(std::count_if(tail.lst.begin(), tail.lst.end(),
-                                      [](const SEntry &entry) { return entry.bUnknown; }));
-    chunk.remove(at.nLine, nSize - at.nLine);
+    SChunk tail = chunk.takeTail(at.nLine);
     m_lstChunks.insert(m_lstChunks.begin() + at.nChunk + 1, std::move(tail));
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "highlight/ccompacttext.h"
+#include "highlight/highlightline.h"
 
 #include <QString>
 #include <atomic>
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 // A copy of a document's lines for the highlighter's thread, with what is known of each line's
@@ -20,6 +22,11 @@
 // computes the states up to them and comes back for the results. States are what the text makes
 // them up to the first line whose state is unknown.
 //
+// In a sparse store the ranges of lines stay here, packed, until somebody asks for them: what a
+// block of Qt takes for them is many times as much. A line is held once its block has its ranges
+// itself; the results of such lines go on to the document. The ranges that are kept here are what
+// the document was last told of the line.
+//
 // The GUI thread edits, one worker computes; each call takes the lock for itself. Lines count from
 // 0.
 class CLineStore
@@ -31,7 +38,10 @@ public:
         int nState; // at its end, as last computed; -1 when never
         bool bStale;
         bool bUnknown;
+        bool bHeld;
     };
+    // Which lines a worker asks for.
+    enum Which { Any, Stale, StaleOrHeld };
     // Successive lines, the text of each copied.
     struct SBatch
     {
@@ -45,6 +55,14 @@ public:
     {
         int nLine;
         int nState;
+        int nPacked = 0; // Bytes of its ranges; see packRanges().
+        bool bSend = true; // Set by commit(): the ranges are not kept here.
+    };
+    // What hold() found.
+    enum class Ranges {
+        Held, // The block has them, or gets them by each result.
+        Kept, // These are they.
+        None, // There was no result yet, or the line is another one since.
     };
 
     CLineStore();
@@ -67,11 +85,23 @@ public:
     // version is old.
     void confirm(uint nVersion, int nCount, Order order = InOrder);
 
+    // From now on ranges are kept for lines that come, or not any more. Lines that are there when
+    // it begins count as held.
+    void setSparse(bool bSparse);
+    bool isSparse() const { return m_bSparse.load(std::memory_order_acquire); }
+    // Whether there may be a line that is not held.
+    bool mayKeepRanges() const { return m_bMayKeep.load(std::memory_order_acquire); }
+    // From now on the block holds its ranges. What was kept of them is given away.
+    Ranges hold(int nLine, std::vector<SHighlightRange> *pRanges);
+    // What hold() would give, left in its place.
+    std::optional<std::vector<SHighlightRange>> keptRanges(int nLine) const;
+    // Drops all ranges that are kept; tells which lines are held.
+    std::vector<int> forgetRanges();
+
     // The worker's part.
 
-    // The next lines from nFrom on: those of the first group of stale ones, or without bOnlyStale
-    // whatever comes next.
-    SBatch fetch(uint nVersion, int nFrom, bool bOnlyStale) const;
+    // The next lines from nFrom on that are wanted: the first group of them, up to one batch.
+    SBatch fetch(uint nVersion, int nFrom, Which which) const;
     // The stale lines among those from nFirst to nLast, up to one batch. Empty when there is none,
     // or when the state that they begin with is not known yet.
     SBatch fetchAmong(uint nVersion, int nFirst, int nLast) const;
@@ -80,9 +110,10 @@ public:
     SBatch fetchBefore(uint nVersion, int nFirst, int nLast) const;
     // Records new states; a line behind one whose state changed becomes stale. False, and nothing
     // is recorded, when the version or the generation is not the current one. The results are on
-    // their way: in order, or before all others.
-    bool commit(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone,
-                Order order = InOrder);
+    // their way: in order, or before all others. Of lines that are not held the ranges, packed end
+    // to end, are kept, unless the store is not sparse or bSendAll says so.
+    bool commit(uint nVersion, uint nGeneration, std::vector<SDone> *pDone,
+                const std::vector<uchar> &packed, bool bSendAll, Order order = InOrder);
     // The same without results: the lines stay stale.
     bool commitStates(uint nVersion, uint nGeneration, const std::vector<SDone> &lstDone);
     void finishPass(uint nVersion);
@@ -92,22 +123,33 @@ public:
 private:
     struct SEntry
     {
-        uint nLength : 30;
+        uint nLength;
+        int nState;
+        uint nPacked : 28; // Bytes of the ranges that are kept.
         uint bStale : 1;
         uint bUnknown : 1; // The state has to be computed anew; such a line is stale, too.
-        int nState;
+        uint bHeld : 1;
+        uint bKept : 1;
     };
     // A run of lines, their texts end to end.
     struct SChunk
     {
         CCompactText text;
         std::vector<SEntry> lst;
+        std::vector<uchar> packed;
         int nStale = 0;
         int nUnknown = 0;
+        int nHeld = 0;
 
         int offset(int nLine) const;
         void insert(int nLine, int nCount, const std::function<QString()> &nextLine);
         void remove(int nLine, int nCount);
+        SChunk takeTail(int nLine);
+        int packedOffset(int nLine) const;
+        void keep(int nLine, const uchar *pBytes, int nBytes);
+        std::vector<SHighlightRange> kept(int nLine) const;
+        void drop(int nLine);
+        void setHeld(int nLine);
         void setStale(int nLine, bool bStale);
         void setUnknown(int nLine, bool bUnknown);
     };
@@ -118,14 +160,23 @@ private:
     };
 
     SPosition locate(int nLine) const;
-    using Wanted = bool (*)(const SEntry &);
-    static bool isStale(const SEntry &entry);
-    static bool isUnknown(const SEntry &entry);
-    static bool isAny(const SEntry &entry);
-    SBatch batchAt(int nLine, Wanted isWanted, int nEnd) const;
-    int nextIn(int nFrom, int nEnd, int SChunk::*pCount, Wanted isWanted) const;
+    // What a search looks for, and whether a chunk has any of it.
+    struct SWanted
+    {
+        bool (*isWanted)(const SEntry &entry);
+        bool (*hasAny)(const SChunk &chunk);
+    };
+    static const SWanted s_any;
+    static const SWanted s_stale;
+    static const SWanted s_staleOrHeld;
+    static const SWanted s_unknown;
+    SBatch batchAt(int nLine, const SWanted &wanted, int nEnd) const;
+    int nextIn(int nFrom, int nEnd, const SWanted &wanted) const;
     bool isCurrent(uint nVersion, uint nGeneration) const;
     void recordState(const SDone &done);
+    bool recordRanges(const SDone &done, const uchar *pPacked, bool bSendAll);
+    bool isAnyHeld(int nFirst, int nCount) const;
+    void holdLines(int nFirst, int nCount);
     void voidResultsUnderWay();
     void remove(int nFirst, int nCount);
     void insert(int nFirst, int nCount, const std::function<QString()> &nextLine);
@@ -137,6 +188,8 @@ private:
     // Lines whose results were committed and not yet confirmed, for each order.
     std::deque<int> m_arrUnderWay[2];
     bool m_bEdited = true;
+    std::atomic_bool m_bSparse {false};
+    std::atomic_bool m_bMayKeep {false};
     std::atomic<uint> m_nVersion {0};
     std::atomic<uint> m_nGeneration {0};
     // The chunk found last and the number of its first line: look-ups mostly go forward.

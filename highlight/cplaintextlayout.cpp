@@ -1,5 +1,7 @@
 #include "highlight/cplaintextlayout.h"
 
+#include <QTextDocument>
+
 #include <climits>
 #include <utility>
 
@@ -16,6 +18,8 @@ const int g_nRowLength = 1000;
 
 CPlainTextLayout::CPlainTextLayout(QTextDocument *pDocument) : QPlainTextDocumentLayout(pDocument)
 {
+    m_timerWaiting.setSingleShot(true);
+    connect(&m_timerWaiting, &QTimer::timeout, this, &CPlainTextLayout::fetchWaiting);
 }
 
 void CPlainTextLayout::setFormats(const QTextBlock &block,
@@ -26,11 +30,7 @@ void CPlainTextLayout::setFormats(const QTextBlock &block,
     const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : 0;
     if (bLaidOut)
         pLayout->setCacheEnabled(true); // The glyphs of laying it out are there for painting it.
-    pLayout->setFormats(lstFormats);
-    // Qt has noted the change and would count it into the next edit if it were not marked.
-    m_nFormatsAt = block.position();
-    document()->markContentsDirty(block.position(), block.length());
-    m_nFormatsAt = -1;
+    noteFormats(block, lstFormats);
     if (!bLaidOut)
         emit update(g_nowhere);
     else if (blockBoundingRect(block).height() == dHeight)
@@ -58,6 +58,48 @@ void CPlainTextLayout::noteLines(const QTextBlock &first, int nCount,
     m_lstChanged = lstChanged;
 }
 
+// Qt has noted the change and would count it into the next edit if it were not marked.
+void CPlainTextLayout::noteFormats(const QTextBlock &block,
+                                   const QVector<QTextLayout::FormatRange> &lstFormats)
+{
+    block.layout()->setFormats(lstFormats);
+    m_nFormatsAt = block.position();
+    document()->markContentsDirty(block.position(), block.length());
+    m_nFormatsAt = -1;
+}
+
+void CPlainTextLayout::setFormatSource(const FormatSource &source)
+{
+    m_source = source;
+}
+
+// Nothing is to be noted inside an edit, whose own note would get lost by it. One begins with a new
+// revision and ends with documentChanged(). In case of doubt the block is laid out without its
+// formats and gets them from the event loop.
+void CPlainTextLayout::fetchFormats(const QTextBlock &block)
+{
+    if (document()->revision() != m_nRevision) {
+        m_lstWaiting.append(QTextCursor(block));
+        m_timerWaiting.start(0);
+        return;
+    }
+    QVector<QTextLayout::FormatRange> lst;
+    if (m_source(block, &lst) && lst != block.layout()->formats())
+        noteFormats(block, lst);
+}
+
+void CPlainTextLayout::fetchWaiting()
+{
+    m_nRevision = document()->revision();
+    const QVector<QTextCursor> lstCursors = std::exchange(m_lstWaiting, {});
+    for (const QTextCursor &cursor : lstCursors) {
+        const QTextBlock block = cursor.block();
+        QVector<QTextLayout::FormatRange> lst;
+        if (m_source(block, &lst) && lst != block.layout()->formats())
+            setFormats(block, lst);
+    }
+}
+
 // An edit that is under way has been noted, too, and then the extent is another one.
 void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
 {
@@ -76,6 +118,7 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
     if (!bFormatsOnly && !changeLines() && !changeRows(nFrom, nRemoved + nAdded))
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     m_nBlocks = document()->blockCount();
+    m_nRevision = document()->revision();
 }
 
 int CPlainTextLayout::longestLine()
@@ -96,6 +139,8 @@ bool CPlainTextLayout::isInRows(const QTextBlock &block) const
 
 QRectF CPlainTextLayout::blockBoundingRect(const QTextBlock &block) const
 {
+    if (m_source && block.isValid() && block.layout()->lineCount() == 0)
+        const_cast<CPlainTextLayout *>(this)->fetchFormats(block);
     // Qt may have laid it out as one row by itself.
     if (block.isValid() && isInRows(block) && block.layout()->lineCount() < 2)
         const_cast<CPlainTextLayout *>(this)->layOutInRows(block);

@@ -2,8 +2,11 @@
 
 #include <QPlainTextDocumentLayout>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextLayout>
+#include <QTimer>
 #include <QVector>
+#include <functional>
 
 // The layout of a plain-text document whose blocks get other formats all the time. The base class
 // takes each for a change of the text that reaches twice as far, and has the whole view painted
@@ -14,6 +17,9 @@
 // shaped from its beginning whenever a part of it is painted. Where lines are not wrapped, one of
 // more than longestLine() characters is shown in rows of rowLength() characters each; then only the
 // rows that can be seen are touched.
+//
+// Formats of blocks may be kept elsewhere until they are needed: then a block is given them before
+// it is laid out.
 class CPlainTextLayout : public QPlainTextDocumentLayout
 {
     Q_OBJECT
@@ -34,11 +40,18 @@ public:
     // The same for several: of nCount blocks from the first on, at most these have changed, and
     // there are as many blocks as before.
     void noteLines(const QTextBlock &first, int nCount, const QVector<QTextBlock> &lstChanged);
+    // Asked for each block that is about to be laid out; false when the block has its formats.
+    using FormatSource =
+        std::function<bool(const QTextBlock &, QVector<QTextLayout::FormatRange> *)>;
+    void setFormatSource(const FormatSource &source);
 
 protected:
     void documentChanged(int nFrom, int nRemoved, int nAdded) override;
 
 private:
+    void noteFormats(const QTextBlock &block, const QVector<QTextLayout::FormatRange> &lstFormats);
+    void fetchFormats(const QTextBlock &block);
+    void fetchWaiting();
     void layOutInRows(QTextBlock block);
     bool changeRows(int nFrom, int nChanged);
     bool changeLines();
@@ -51,4 +64,10 @@ private:
     int m_nLines = 0;
     QVector<QTextBlock> m_lstChanged;
     int m_nFormatsAt = -1; // The block whose change is one of formats alone; -1 for none.
+    FormatSource m_source;
+    int m_nRevision = -1; // Of the document, when no edit was under way.
+    // In blocks that wait for their formats until an edit is over. Unlike a block, a cursor stays
+    // valid.
+    QVector<QTextCursor> m_lstWaiting;
+    QTimer m_timerWaiting;
 };

@@ -21,6 +21,7 @@ struct SHighlightResult
     int nState; // the block's new user state; syntax results only
     std::vector<SHighlightRange> lstRanges; // syntax results only
     QList<QTextLayout::FormatRange> lstMarks; // of the selected word only
+    bool bKept = false; // the store has the ranges, see CLineStore::commit()
     bool bFirst = false; // see CResultQueue::pushFirst()
     bool bSuperseded = false; // there is a newer one of its line, which came first
 };

@@ -2,6 +2,7 @@
 
 #include "highlight/clinestore.h"
 #include "highlight/cplaintextlayout.h"
+#include "highlight/highlightformats.h"
 #include "highlight/shiftedranges.h"
 
 #include <QTextCursor>
@@ -22,6 +23,9 @@ constexpr int g_nLinesToCompare = 100;
 // length, and faster than the number of ranges.
 constexpr int g_nMaxColouredLength = 100000;
 constexpr int g_nMaxRanges = 8000;
+
+// Formats that nobody looks at take more memory than the text.
+constexpr int g_nLargeFrom = 4000000;
 
 using Ranges = QVector<QTextLayout::FormatRange>;
 
@@ -49,11 +53,6 @@ QString textOfLines(const QTextBlock &first, int nLines)
     return cursor.selectedText();
 }
 
-bool isMark(const QTextLayout::FormatRange &range)
-{
-    return range.format.intProperty(QTextFormat::UserProperty) & 1;
-}
-
 // The ranges of one kind, new, with those of the other kind from before. Marks come last.
 Ranges withOthers(bool bMarks, const Ranges &lst, const Ranges &lstBefore)
 {
@@ -73,7 +72,8 @@ Ranges withOthers(bool bMarks, const Ranges &lst, const Ranges &lstBefore)
 CTextDocument::CTextDocument(QObject *pParent)
     : QTextDocument(pParent),
       m_pLines(std::make_shared<CLineStore>()),
-      m_pLayout(new CPlainTextLayout(this))
+      m_pLayout(new CPlainTextLayout(this)),
+      m_nLargeFrom(g_nLargeFrom)
 {
     setDocumentLayout(m_pLayout);
     connect(this, &QTextDocument::contentsChange, this, &CTextDocument::updateLines);
@@ -96,10 +96,21 @@ void CTextDocument::onContentsChange()
     m_pLines->touch();
 }
 
+void CTextDocument::followSize()
+{
+    const bool bLarge = characterCount() >= m_nLargeFrom;
+    if (bLarge && !m_pLines->mayKeepRanges())
+        m_pLayout->setFormatSource([this](const QTextBlock &block, Ranges *pFormats) {
+            return holdFormats(block, pFormats);
+        });
+    m_pLines->setSparse(bLarge);
+}
+
 // The change is given in characters; Qt sometimes counts the last block's separator in. The lines
 // that hold the new characters are read again; how many they replace follows from the line counts.
 void CTextDocument::updateLines(int nPosition, int nCharsRemoved, int nCharsAdded)
 {
+    followSize();
     const int nLast = characterCount() - 1;
     QTextBlock block = findBlock(std::clamp(nPosition, 0, nLast));
     int nFirst = block.blockNumber();
@@ -178,22 +189,61 @@ void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb, co
     QTextLayout *pLayout = nVer == version() && tb.isValid() ? tb.layout() : nullptr;
     if (!pLayout)
         return;
-    const Ranges lstBefore = pLayout->formats();
+    Ranges lstBefore = pLayout->formats();
+    if (m_pLines->mayKeepRanges())
+        holdFormats(tb, &lstBefore);
     Ranges lstRanges;
     if (tb.length() <= g_nMaxColouredLength)
         lstRanges = shownRanges(withOthers(kind == SelectedWordMark, lst, lstBefore));
-    if (lstRanges == lstBefore)
+    if (lstRanges == pLayout->formats())
         return; // most blocks of a pass that marks a word
 
     ++m_nLook;
     m_pLayout->setFormats(tb, lstRanges);
 }
 
+Ranges CTextDocument::marksIn(const QTextBlock &block) const
+{
+    return m_marker ? m_marker(block.text()).toVector() : Ranges();
+}
+
+Ranges CTextDocument::formats(const QTextBlock &block) const
+{
+    const auto kept =
+        m_pLines->mayKeepRanges() ? m_pLines->keptRanges(block.blockNumber()) : std::nullopt;
+    if (!kept)
+        return block.layout()->formats();
+    return block.length() <= g_nMaxColouredLength
+        ? shownRanges(withOthers(true, marksIn(block), formatsOf(*kept)))
+        : Ranges();
+}
+
+// From now on each result goes to the block. False when the block has all that is known already.
+bool CTextDocument::holdFormats(const QTextBlock &block, Ranges *pFormats)
+{
+    std::vector<SHighlightRange> lstKept;
+    const CLineStore::Ranges found = m_pLines->hold(block.blockNumber(), &lstKept);
+    if (found == CLineStore::Ranges::Held)
+        return false;
+    const bool bKept = found == CLineStore::Ranges::Kept;
+    const Ranges lstSyntax = bKept ? formatsOf(lstKept) : block.layout()->formats();
+    pFormats->clear();
+    if (block.length() <= g_nMaxColouredLength)
+        *pFormats = shownRanges(withOthers(true, marksIn(block), lstSyntax));
+    return true;
+}
+
 void CTextDocument::clearAdditionalFormats()
 {
-    for (QTextBlock block = begin(); block.isValid(); block = block.next())
-        if (QTextLayout *pLayout = block.layout())
-            pLayout->clearFormats();
+    if (m_pLines->mayKeepRanges()) {
+        const std::vector<int> lstHeld = m_pLines->forgetRanges();
+        for (const int nLine : lstHeld)
+            findBlockByNumber(nLine).layout()->clearFormats();
+    } else {
+        for (QTextBlock block = begin(); block.isValid(); block = block.next())
+            if (QTextLayout *pLayout = block.layout())
+                pLayout->clearFormats();
+    }
     ++m_nLook;
     markContentsDirty(0, characterCount());
     // No block has the ranges any more that an incremental pass would leave alone.

@@ -26,6 +26,7 @@ CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
     connect(&m_timerEdit, &QTimer::timeout, this, &CThreadHighlighter::onEditSettled);
     if (!pDocument)
         return;
+    pDocument->setMarker([this](const QString &strLine) { return marksIn(strLine); });
     connect(this, &CThreadHighlighter::blockFormatChanged, pDocument,
             &CTextDocument::onHighlightBlock);
     connect(this, &CThreadHighlighter::selectedChanged, pDocument,
@@ -38,6 +39,15 @@ CThreadHighlighter::~CThreadHighlighter()
 {
     stopThread();
     wait();
+    if (m_pDocument)
+        m_pDocument->setMarker(nullptr);
+}
+
+QList<QTextLayout::FormatRange> CThreadHighlighter::marksIn(const QString &strLine) const
+{
+    QList<QTextLayout::FormatRange> lst;
+    m_word.findMarks(strLine, &lst, [] { return false; });
+    return lst;
 }
 
 void CThreadHighlighter::setDefinition(const QVariantMap &mapDefinition)
@@ -62,6 +72,7 @@ void CThreadHighlighter::setSelectedWord(const QString &strWord)
         m_bSelectionWanted = true;
         m_bSelectionRestart = true;
     }
+    m_word = CSelectedWord(strNew);
     startIfIdle();
 }
 

@@ -2,6 +2,7 @@
 
 #include "highlight/clinestore.h"
 #include "highlight/cresultqueue.h"
+#include "highlight/cselectedword.h"
 #include "highlight/ctextdocument.h"
 
 #include <QPointer>
@@ -67,10 +68,12 @@ protected:
 
 private:
     struct SPass;
+    struct SBatchResults;
 
     // Requests, GUI thread.
     bool startIfIdle();
     bool startPass();
+    QList<QTextLayout::FormatRange> marksIn(const QString &strLine) const;
     void onEdited();
     void onEditAnnounced();
     void onEditSettled();
@@ -79,6 +82,7 @@ private:
     void beginPass(SPass *pPass);
     void runPass(SPass *pPass);
     void takeRules(SPass *pPass) const;
+    CLineStore::Which wanted(const SPass &pass) const;
     bool isCutShort(const SPass &pass) const;
     bool processVisible(const SPass &pass);
     void processVisibleMarks(const SPass &pass);
@@ -89,6 +93,7 @@ private:
     void send(const SPass &pass, std::vector<SHighlightResult> *pResults, CLineStore::Order order);
 
     // Results, GUI thread.
+    void noteListeners();
     void deliver();
     void deliverSome(const std::vector<SHighlightResult> &lst);
     void deliverSyntax(const SHighlightResult &result, const QTextBlock &block);
@@ -103,6 +108,7 @@ private:
     mutable std::mutex m_mutex;
     std::shared_ptr<const CHighlightRules> m_pRules;
     QString m_strWord;
+    CSelectedWord m_word; // the same, for the GUI thread alone
     int m_nFirstVisible = 0;
     int m_nLastVisible = -1; // less than the first: nothing is known to be seen
     bool m_bActive = false;
@@ -113,6 +119,7 @@ private:
     std::atomic_bool m_bSyntaxRestart {false};
     std::atomic_bool m_bSelectionRestart {false};
 
+    std::atomic_bool m_bOthersListen {false}; // to the signals, beside the document
     std::atomic_bool m_bDelivering {false};
     QTimer m_timerDeliver;
     QTimer m_timerEdit;
@@ -120,5 +127,4 @@ private:
     bool m_bPaused = false;
     bool m_bUnannounced = false; // contentsChange came without contentsChanged
     bool m_bStoppedBeforeEdit = false;
-    bool m_bOthersListen = false; // to blockFormatChanged(), beside the document
 };

@@ -2,6 +2,7 @@
 #include "highlight/chighlightrules.h"
 #include "highlight/cselectedword.h"
 #include "highlight/cthreadhighlighter.h"
+#include "highlight/packedranges.h"
 
 struct CThreadHighlighter::SPass
 {
@@ -15,6 +16,48 @@ struct CThreadHighlighter::SPass
     int nFirstVisible = 0;
     int nLastVisible = -1;
 };
+
+// What becomes of a batch of lines.
+struct CThreadHighlighter::SBatchResults
+{
+    std::vector<SHighlightResult> lst;
+    std::vector<CLineStore::SDone> lstDone; // One for each syntax result.
+    std::vector<uchar> packed; // Ranges that the store may keep.
+
+    void addSyntax(uint nVersion, int nLine, SHighlightLine *pLine, bool bSend);
+    void noteKept();
+};
+
+// Takes the ranges where they are sent.
+void CThreadHighlighter::SBatchResults::addSyntax(uint nVersion, int nLine, SHighlightLine *pLine,
+                                                  bool bSend)
+{
+    lst.push_back({SHighlightResult::Syntax, nVersion, nLine, pLine->nState, {}, {}});
+    lst.back().bKept = !bSend;
+    const size_t nBefore = packed.size();
+    if (bSend)
+        lst.back().lstRanges = std::move(pLine->lstRanges);
+    else
+        packRanges(pLine->lstRanges, &packed);
+    lstDone.push_back({nLine, pLine->nState, int(packed.size() - nBefore)});
+}
+
+// A block may have asked for its ranges since the batch was fetched.
+void CThreadHighlighter::SBatchResults::noteKept()
+{
+    auto done = lstDone.cbegin();
+    const uchar *pPacked = packed.data();
+    for (SHighlightResult &result : lst) {
+        if (result.kind != SHighlightResult::Syntax)
+            continue;
+        if (result.bKept && done->bSend) {
+            result.bKept = false;
+            result.lstRanges = unpackRanges(pPacked, size_t(done->nPacked));
+        }
+        pPacked += done->nPacked;
+        ++done;
+    }
+}
 
 void CThreadHighlighter::run()
 {
@@ -53,8 +96,7 @@ void CThreadHighlighter::runPass(SPass *pPass)
         m_queue.endFirst();
         if (pPass->bSelection && nLine == 0)
             processVisibleMarks(*pPass);
-        const CLineStore::SBatch batch =
-            m_pLines->fetch(pPass->nVersion, nLine, !pPass->bSelection);
+        const CLineStore::SBatch batch = m_pLines->fetch(pPass->nVersion, nLine, wanted(*pPass));
         if (batch.lst.empty()) {
             if (pPass->bSyntax)
                 m_pLines->finishPass(pPass->nVersion);
@@ -63,6 +105,14 @@ void CThreadHighlighter::runPass(SPass *pPass)
         if (processBatch(*pPass, batch))
             nLine = batch.nFirst + int(batch.lst.size());
     }
+}
+
+// Marks of lines that no block holds are found when they are laid out.
+CLineStore::Which CThreadHighlighter::wanted(const SPass &pass) const
+{
+    if (!pass.bSelection)
+        return CLineStore::Stale;
+    return m_pLines->isSparse() && !m_bOthersListen ? CLineStore::StaleOrHeld : CLineStore::Any;
 }
 
 // The rules may change in the middle of a pass. The generation is read first: a result of old rules
@@ -109,7 +159,7 @@ void CThreadHighlighter::processVisibleMarks(const SPass &pass)
     const auto isAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
     int nLine = pass.nFirstVisible;
     while (nLine <= pass.nLastVisible && !isAborted()) {
-        const CLineStore::SBatch batch = m_pLines->fetch(pass.nVersion, nLine, false);
+        const CLineStore::SBatch batch = m_pLines->fetch(pass.nVersion, nLine, CLineStore::Any);
         if (batch.lst.empty())
             return;
         std::vector<SHighlightResult> lstResults;
@@ -147,8 +197,8 @@ bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatc
 {
     const auto isSyntaxAborted = [&] { return m_bSyntaxRestart || isCutShort(pass); };
     const auto isSelectionAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
-    std::vector<SHighlightResult> lstResults;
-    std::vector<CLineStore::SDone> lstDone;
+    SBatchResults results;
+    const bool bSendAll = !m_pLines->isSparse() || m_bOthersListen;
     SHighlightLine coloured;
     int nState = batch.nStateBefore;
     bool bChanged = false; // the state in front of this line is not the one it was computed with
@@ -161,28 +211,25 @@ bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatc
             if (bSyntax) {
                 bChanged = coloured.nState != line.nState;
                 nState = coloured.nState;
-                lstDone.push_back({nLine, nState});
-                lstResults.push_back({SHighlightResult::Syntax,
-                                      pass.nVersion,
-                                      nLine,
-                                      nState,
-                                      coloured.lstRanges,
-                                      {}});
+                results.addSyntax(pass.nVersion, nLine, &coloured, bSendAll || line.bHeld);
             }
         } else {
             nState = line.nState;
             bChanged = false;
         }
         QList<QTextLayout::FormatRange> lstMarks;
-        if (bSelection && pass.word.findMarks(line.strText, &lstMarks, isSelectionAborted)) {
-            lstResults.push_back(
+        if (bSelection && (bSendAll || line.bHeld)
+            && pass.word.findMarks(line.strText, &lstMarks, isSelectionAborted)) {
+            results.lst.push_back(
                 {SHighlightResult::SelectedWord, pass.nVersion, nLine, 0, {}, lstMarks});
         }
         ++nLine;
     }
-    if (!m_pLines->commit(pass.nVersion, pass.nGeneration, lstDone, order))
+    if (!m_pLines->commit(pass.nVersion, pass.nGeneration, &results.lstDone, results.packed,
+                          bSendAll, order))
         return false;
-    send(pass, &lstResults, order);
+    results.noteKept();
+    send(pass, &results.lst, order);
     return true;
 }
 

@@ -1,6 +1,6 @@
 // How results reach the document, on the GUI thread.
-#include "highlight/chighlightrules.h"
 #include "highlight/cthreadhighlighter.h"
+#include "highlight/highlightformats.h"
 
 #include <QElapsedTimer>
 
@@ -10,35 +10,25 @@ namespace {
 constexpr int g_nSliceMs = 8;
 constexpr int g_nResultsAtOnce = 64;
 
-QVector<QTextLayout::FormatRange> toFormats(const std::vector<SHighlightRange> &lst)
-{
-    static const QTextCharFormat arrFormats[] = {
-        CHighlightRules::format(HighlightRole::Keyword),
-        CHighlightRules::format(HighlightRole::Comment),
-        CHighlightRules::format(HighlightRole::String),
-        CHighlightRules::format(HighlightRole::Number),
-        CHighlightRules::format(HighlightRole::Operator),
-    };
-    QVector<QTextLayout::FormatRange> lstResult;
-    lstResult.reserve(int(lst.size()));
-    for (const SHighlightRange &range : lst)
-        lstResult.append({range.nStart, range.nLength, arrFormats[int(range.role)]});
-    return lstResult;
-}
-
 } // namespace
 
-// Asking who listens takes as long as a line's results.
+// Asking who listens takes as long as a line's results, so it is asked when that changes.
 void CThreadHighlighter::connectNotify(const QMetaMethod &)
 {
-    m_bOthersListen =
-        receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
-        > 1;
+    noteListeners();
 }
 
-void CThreadHighlighter::disconnectNotify(const QMetaMethod &signal)
+void CThreadHighlighter::disconnectNotify(const QMetaMethod &)
 {
-    connectNotify(signal);
+    noteListeners();
+}
+
+void CThreadHighlighter::noteListeners()
+{
+    m_bOthersListen =
+        receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>))) > 1
+        || receivers(SIGNAL(selectedChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
+            > 1;
 }
 
 // Works for a moment and comes back from a timer, not from a posted event: posted events are
@@ -94,7 +84,9 @@ void CThreadHighlighter::deliverSyntax(const SHighlightResult &result, const QTe
     if (result.bSuperseded)
         return;
     QTextBlock(block).setUserState(result.nState);
-    const QVector<QTextLayout::FormatRange> lst = toFormats(result.lstRanges);
+    if (result.bKept)
+        return; // The ranges come when the block is laid out.
+    const QVector<QTextLayout::FormatRange> lst = formatsOf(result.lstRanges);
     if (m_bOthersListen)
         emit blockFormatChanged(result.nVersion, block, lst.toList());
     else
