@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 // A modified document as it is kept until it is saved.
 struct SDraft
 {
@@ -16,6 +18,8 @@ struct SDraft
     bool bPage = false; // strText is the HTML of a page.
     int nReturnFormat = 1; // Line-ending style of a text.
     QString strText;
+    // Where it is set, strText is empty and this gives it; on any thread, and it takes long.
+    std::function<QString()> textLater;
 
     // Why there is a draft. Stored by name: new ones may be added anywhere.
     enum class Reason {

@@ -231,6 +231,15 @@ SPlace CDocument::place() const
 
 SDraft CDocument::draft() const
 {
+    SDraft draft = draftWithTextLater();
+    if (draft.textLater)
+        draft.strText = draft.textLater();
+    draft.textLater = nullptr;
+    return draft;
+}
+
+SDraft CDocument::draftWithTextLater() const
+{
     SDraft draft;
     draft.strPath = path();
     draft.began = m_state;

@@ -106,6 +106,8 @@ public:
 
     // What a draft must hold to bring the document back.
     SDraft draft() const;
+    // The same state of the text, which need not be worked out on this thread.
+    SDraft draftWithTextLater() const;
     // Takes over what a draft holds: modified, and beginning from the file that the draft began
     // from.
     void restore(const SDraft &draft);

@@ -119,16 +119,19 @@ void CDraftKeeper::writeDue()
 void CDraftKeeper::writeEntry(const CDocument &document, SEntry *pEntry)
 {
     pEntry->bDue = false;
-    SDraft draft = document.draft();
+    SDraft draft = document.draftWithTextLater();
     if (pEntry->strId.isEmpty())
         pEntry->strId = CDraftStore::newId();
     draft.strId = pEntry->strId;
     write(draft);
 }
 
-void CDraftKeeper::write(const SDraft &draft)
+void CDraftKeeper::write(const SDraft &wanted)
 {
-    m_pool.start([this, draft] {
+    m_pool.start([this, draft = wanted]() mutable {
+        if (draft.textLater)
+            draft.strText = draft.textLater();
+        draft.textLater = nullptr; // It holds on to a state of the text.
         QString strFailure;
         if (!m_store.write(draft, &strFailure) && strFailure.isEmpty())
             strFailure = tr("The draft could not be written.");

@@ -59,7 +59,7 @@ private:
     void onSettled(const CDocument *pDocument);
     void writeDue();
     void writeEntry(const CDocument &document, SEntry *pEntry);
-    void write(const SDraft &draft);
+    void write(const SDraft &wanted);
     void onWritten(const QString &strId, const QString &strFailure);
 
     CDraftStore m_store;

@@ -113,7 +113,7 @@ void CEditorDocument::fillDraft(SDraft *pDraft) const
     pDraft->nReturnFormat = m_pEditor->returnFormat();
     pDraft->codec = m_pEditor->codecName().toLatin1();
     pDraft->nCaret = m_pEditor->textCursor().position();
-    pDraft->strText = m_pEditor->rawText();
+    pDraft->textLater = m_pEditor->rawTextLater();
 }
 
 void CEditorDocument::showDraft(const SDraft &draft)

@@ -73,8 +73,8 @@ bool CStoredLines::goTo(int nLine)
         if (m_isCancelled())
             return false;
         const bool bBack = nLine < m_nLine;
-        m_batch =
-            m_store.fetch(m_nVersion, bBack ? qMax(nLine - g_nLinesBack + 1, 0) : nLine, CLineStore::Any);
+        m_batch = m_store.fetch(m_nVersion, bBack ? qMax(nLine - g_nLinesBack + 1, 0) : nLine,
+                                CLineStore::Any);
         if (!holds(nLine)) // Long lines: the batch has ended before.
             m_batch = m_store.fetch(m_nVersion, nLine, CLineStore::Any);
         if (!holds(nLine))

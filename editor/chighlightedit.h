@@ -134,6 +134,8 @@ public:
     QString getText() const;
     // The same with LF for every line end.
     QString rawText() const;
+    // Gives, whenever it is called and on whatever thread, what rawText() would give now.
+    std::function<QString()> rawTextLater() const;
 
     int lineNumberAreaWidth() const;
     void lineNumberAreaPaintEvent(QPaintEvent *pEvent);

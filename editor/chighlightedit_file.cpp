@@ -4,6 +4,8 @@
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
 #include "editor/textreading.h"
+#include "highlight/clinestore.h"
+#include "highlight/ctextdocument.h"
 #include "widgets/messagebox.h"
 
 #include <QScrollBar>
@@ -175,6 +177,13 @@ void CHighlightEdit::showText(const QString &strText)
     setPlainText(strShown);
     m_nLinesToCome = 0;
     updateLineNumberAreaWidth();
+}
+
+std::function<QString()> CHighlightEdit::rawTextLater() const
+{
+    return [stored = m_pDocument->lines()->snapshot(), standIns = m_standIns] {
+        return standIns.restore(stored.text());
+    };
 }
 
 // Unlike toPlainText(), keeps no-break spaces and line separators.

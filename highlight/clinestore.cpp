@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -101,6 +102,20 @@ QString CLineStore::text(int nLine) const
     const SPosition at = locate(nLine);
     const SChunk &chunk = m_lstChunks[at.nChunk];
     return chunk.text.mid(chunk.offset(at.nLine), chunk.lst[at.nLine].nLength);
+}
+
+CStoredText CLineStore::snapshot() const
+{
+    const std::lock_guard<std::mutex> locker(m_mutex);
+    CStoredText text;
+    for (const SChunk &chunk : m_lstChunks) {
+        std::vector<int> lstLengths;
+        lstLengths.reserve(chunk.lst.size());
+        for (const SEntry &entry : chunk.lst)
+            lstLengths.push_back(int(entry.nLength));
+        text.append(chunk.text, std::move(lstLengths));
+    }
+    return text;
 }
 
 void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QString()> &nextLine)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "highlight/ccompacttext.h"
+#include "highlight/cstoredtext.h"
 #include "highlight/highlightline.h"
 
 #include <QString>
@@ -70,6 +70,8 @@ public:
     uint version() const { return m_nVersion.load(std::memory_order_acquire); }
     int count() const;
     QString text(int nLine) const;
+    // All of it, as it is now. Copies no character.
+    CStoredText snapshot() const;
 
     // The GUI thread's part. replace() and touch() make results under way void and begin a version.
 

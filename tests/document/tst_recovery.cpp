@@ -42,6 +42,23 @@ class tst_recovery : public QObject
     Q_OBJECT
 
 private slots:
+    // As the drafts' thread writes it, while the user goes on and even when the document has gone.
+    void draftWithItsTextLater_isOfTheMomentItWasTaken()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "one\xe2\x80\xa9\ntwo\xc2\xa0"));
+        f.type(pDocument, "mine ");
+        const SDraft now = pDocument->draft();
+        const SDraft later = pDocument->draftWithTextLater();
+        f.type(pDocument, "more ");
+        f.start();
+        QVERIFY(later.strText.isEmpty() && !now.textLater);
+        QVERIFY(now.strText.contains("mine ") && now.strText.contains(QChar(0x2029)));
+        QVERIFY(now.strText.endsWith(QChar(QChar::Nbsp)));
+        QCOMPARE(later.textLater(), now.strText);
+        QCOMPARE(later.nCaret, now.nCaret);
+    }
+
     void draft_overAFileThatHasChanged_raisesTheNotice_andSaveAsks()
     {
         CDocumentsFixture f;

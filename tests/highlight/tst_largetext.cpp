@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextCursor>
 
-class tst_LargeText : public QObject
+class tst_largetext : public QObject
 {
     Q_OBJECT
 private slots:
@@ -20,6 +20,7 @@ private slots:
     void formats_areThoseOfEveryBlock();
     void marksOfTheWord_comeWithTheLayout_andGoWithTheWord();
     void clearedFormats_areGoneEverywhereUntilTheNextPass();
+    void blockLaidOutWithinAnEdit_leavesTheEditWhole_data();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole();
     void edit_isToldAsWhatItIs_afterBlocksWereLaidOut();
     void whoListensToTheSignals_getsEveryResult();
@@ -95,9 +96,116 @@ QString difference(const CTextDocument &document, const CHighlightRules &rules)
     return QString();
 }
 
+class CStorm
+{
+public:
+    explicit CStorm(quint32 nSeed)
+        : m_random(nSeed),
+          m_lstDefinitions(nSeed % 2 ? nastyDefinitions().values() : declaredDefinitions()),
+          m_mapDefinition(m_lstDefinitions.first())
+    {
+        m_editor.document.setLargeFrom(nSeed % 4 < 2 ? 2 : 3000);
+        m_editor.pHighlighter->setDefinition(m_mapDefinition);
+    }
+
+    void step();
+    QString text(int nPieces);
+
+private:
+    int below(int nBound) { return int(m_random.bounded(quint32(nBound))); }
+    QTextCursor cursorAnywhere();
+    void remove();
+    void changeLanguage();
+    void editAroundALayout();
+    void layOutSome();
+
+    QRandomGenerator m_random;
+    QList<QVariantMap> m_lstDefinitions;
+
+public:
+    SLargeEditor m_editor;
+    QVariantMap m_mapDefinition;
+};
+
+QString CStorm::text(int nPieces)
+{
+    static const QStringList lst = {"/*",    "*/",   "\"", "\n", "\n",  "int ",
+                                    "value", " = 1", "<",  ">",  "// ", "\nvalue = 2\n"};
+    QString str;
+    for (int n = 0; n < nPieces; ++n)
+        str += lst.at(below(lst.size()));
+    return str;
+}
+
+QTextCursor CStorm::cursorAnywhere()
+{
+    QTextCursor cursor(&m_editor.document);
+    cursor.setPosition(below(m_editor.document.characterCount()));
+    return cursor;
+}
+
+void CStorm::remove()
+{
+    QTextCursor cursor = cursorAnywhere();
+    cursor.setPosition(below(m_editor.document.characterCount()), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+}
+
+void CStorm::changeLanguage()
+{
+    m_mapDefinition = m_lstDefinitions.at(below(m_lstDefinitions.size()));
+    m_editor.document.clearAdditionalFormats();
+    m_editor.pHighlighter->setDefinition(m_mapDefinition);
+}
+
+void CStorm::editAroundALayout()
+{
+    QTextCursor cursor = cursorAnywhere();
+    cursor.beginEditBlock();
+    cursor.insertText(text(5));
+    layOutSome();
+    cursor.insertText(text(5));
+    cursor.endEditBlock();
+}
+
+void CStorm::layOutSome()
+{
+    const int nFirst = below(m_editor.document.blockCount());
+    QTextBlock block = m_editor.document.findBlockByNumber(nFirst);
+    for (int n = 0; n < 10 && block.isValid(); ++n, block = block.next())
+        m_editor.layOut(block);
+}
+
+void CStorm::step()
+{
+    const int nKind = below(14);
+    if (nKind == 0) {
+        cursorAnywhere().insertText(text(1 + below(300)));
+    } else if (nKind == 1) {
+        remove();
+    } else if (nKind == 2) {
+        m_editor.document.undo();
+    } else if (nKind == 3) {
+        m_editor.document.redo();
+    } else if (nKind == 4) {
+        m_editor.pHighlighter->setSelectedWord(below(2) ? "value" : QString());
+    } else if (nKind == 5) {
+        changeLanguage();
+    } else if (nKind == 6) {
+        editAroundALayout();
+    } else if (nKind == 7) {
+        m_editor.pHighlighter->setVisibleLines(below(300), below(300));
+    } else if (nKind < 10) {
+        cursorAnywhere().insertText(text(3));
+    } else {
+        layOutSome();
+        QCoreApplication::processEvents();
+    }
+}
+
 } // namespace
 
-void tst_LargeText::blocksThatNobodyLaidOut_haveNoFormats_butTheirStates()
+void tst_largetext::blocksThatNobodyLaidOut_haveNoFormats_butTheirStates()
 {
     SLargeEditor editor;
     editor.pHighlighter->setDefinition(nastyDefinitions().first());
@@ -108,7 +216,7 @@ void tst_LargeText::blocksThatNobodyLaidOut_haveNoFormats_butTheirStates()
     QCOMPARE(difference(editor.document, CHighlightRules(nastyDefinitions().first())), QString());
 }
 
-void tst_LargeText::blockLaidOutAfterThePass_hasItsFormatsBefore()
+void tst_largetext::blockLaidOutAfterThePass_hasItsFormatsBefore()
 {
     SLargeEditor editor;
     editor.setText("a\nint x = 1;\nb");
@@ -123,7 +231,7 @@ void tst_LargeText::blockLaidOutAfterThePass_hasItsFormatsBefore()
     QVERIFY(editor.shown(2).isEmpty());
 }
 
-void tst_LargeText::blockLaidOutBeforeThePass_getsItsResult()
+void tst_largetext::blockLaidOutBeforeThePass_getsItsResult()
 {
     SLargeEditor editor;
     editor.setText("a\nint x = 1;\nb = 2");
@@ -138,7 +246,7 @@ void tst_LargeText::blockLaidOutBeforeThePass_getsItsResult()
     QVERIFY(editor.shown(2).isEmpty());
 }
 
-void tst_LargeText::formats_areThoseOfEveryBlock()
+void tst_largetext::formats_areThoseOfEveryBlock()
 {
     SLargeEditor editor;
     editor.setText("a = 1\nb = 2");
@@ -153,7 +261,7 @@ void tst_LargeText::formats_areThoseOfEveryBlock()
     QVERIFY(editor.shown(1).isEmpty());
 }
 
-void tst_LargeText::marksOfTheWord_comeWithTheLayout_andGoWithTheWord()
+void tst_largetext::marksOfTheWord_comeWithTheLayout_andGoWithTheWord()
 {
     SLargeEditor editor;
     editor.setText("value\nvalue\nother value");
@@ -173,7 +281,7 @@ void tst_LargeText::marksOfTheWord_comeWithTheLayout_andGoWithTheWord()
         QVERIFY(editor.shown(n).isEmpty());
 }
 
-void tst_LargeText::clearedFormats_areGoneEverywhereUntilTheNextPass()
+void tst_largetext::clearedFormats_areGoneEverywhereUntilTheNextPass()
 {
     SLargeEditor editor;
     editor.setText("a = 1\nb = 2");
@@ -192,10 +300,19 @@ void tst_LargeText::clearedFormats_areGoneEverywhereUntilTheNextPass()
     QVERIFY(!editor.shown(1).isEmpty());
 }
 
-// The note of the formats would take the place of the edit's own.
-void tst_LargeText::blockLaidOutWithinAnEdit_leavesTheEditWhole()
+void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole_data()
 {
+    QTest::addColumn<bool>("undo");
+    QTest::newRow("with undo") << true;
+    QTest::newRow("without") << false;
+}
+
+// The note of the formats would take the place of the edit's own.
+void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole()
+{
+    QFETCH(bool, undo);
     SLargeEditor editor;
+    editor.document.setUndoRedoEnabled(undo);
     editor.setText("a = 1\nb = 2\nc = 3");
     QVERIFY(editor.rest());
     QSignalSpy spy(&editor.document, &QTextDocument::contentsChange);
@@ -214,7 +331,7 @@ void tst_LargeText::blockLaidOutWithinAnEdit_leavesTheEditWhole()
     QCOMPARE(difference(editor.document, CHighlightRules()), QString());
 }
 
-void tst_LargeText::edit_isToldAsWhatItIs_afterBlocksWereLaidOut()
+void tst_largetext::edit_isToldAsWhatItIs_afterBlocksWereLaidOut()
 {
     SLargeEditor editor;
     editor.setText("a = 1\nb = 2\nc = 3");
@@ -227,7 +344,7 @@ void tst_LargeText::edit_isToldAsWhatItIs_afterBlocksWereLaidOut()
     QCOMPARE(spy.first().at(2).toInt(), 1);
 }
 
-void tst_LargeText::whoListensToTheSignals_getsEveryResult()
+void tst_largetext::whoListensToTheSignals_getsEveryResult()
 {
     SLargeEditor editor;
     QSignalSpy spy(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged);
@@ -237,7 +354,7 @@ void tst_LargeText::whoListensToTheSignals_getsEveryResult()
     QCOMPARE(editor.shown(50).size(), 2);
 }
 
-void tst_LargeText::textThatShrinks_hasAllFormatsAgain()
+void tst_largetext::textThatShrinks_hasAllFormatsAgain()
 {
     SLargeEditor editor;
     editor.document.setLargeFrom(300);
@@ -250,7 +367,7 @@ void tst_LargeText::textThatShrinks_hasAllFormatsAgain()
     QCOMPARE(editor.shown(1).size(), 2);
 }
 
-void tst_LargeText::storm_leavesEveryBlockAsAFreshPassWould_data()
+void tst_largetext::storm_leavesEveryBlockAsAFreshPassWould_data()
 {
     QTest::addColumn<quint32>("seed");
     for (quint32 nSeed = 1; nSeed <= 8; ++nSeed)
@@ -259,91 +376,23 @@ void tst_LargeText::storm_leavesEveryBlockAsAFreshPassWould_data()
 
 // Edits, layouts, selected words and changes of the language at the same time, around the size from
 // which a text counts as large.
-void tst_LargeText::storm_leavesEveryBlockAsAFreshPassWould()
+void tst_largetext::storm_leavesEveryBlockAsAFreshPassWould()
 {
     QFETCH(quint32, seed);
-    QRandomGenerator random(seed);
-    const auto below = [&random](int nBound) { return int(random.bounded(quint32(nBound))); };
-    const QStringList lstPieces = {"/*", "*/", "\"", "\n", "\n", "int ", "value", " = 1", "<", ">",
-                                   "// ", "\nvalue = 2\n"};
-    const QList<QVariantMap> lstDefinitions =
-        seed % 2 ? nastyDefinitions().values() : declaredDefinitions();
-    SLargeEditor editor;
-    editor.document.setLargeFrom(seed % 4 < 2 ? 2 : 3000);
-    QVariantMap mapDefinition = lstDefinitions.first();
-    editor.pHighlighter->setDefinition(mapDefinition);
-    const auto text = [&](int nPieces) {
-        QString str;
-        for (int n = 0; n < nPieces; ++n)
-            str += lstPieces.at(below(lstPieces.size()));
-        return str;
-    };
-    const auto cursorAnywhere = [&] {
-        QTextCursor cursor(&editor.document);
-        cursor.setPosition(below(editor.document.characterCount()));
-        return cursor;
-    };
-    const auto layOutSome = [&] {
-        QTextBlock block = editor.document.findBlockByNumber(below(editor.document.blockCount()));
-        for (int n = 0; n < 10 && block.isValid(); ++n, block = block.next())
-            editor.layOut(block);
-    };
-    editor.document.setPlainText(QString("int value = 1; // a\n").repeated(200));
+    CStorm storm(seed);
+    const CTextDocument &document = storm.m_editor.document;
     for (int nRound = 0; nRound < 4; ++nRound) {
-        for (int n = 0; n < 150; ++n) {
-            switch (below(14)) {
-            case 0:
-                cursorAnywhere().insertText(text(1 + below(300)));
-                break;
-            case 1: {
-                QTextCursor cursor = cursorAnywhere();
-                cursor.setPosition(below(editor.document.characterCount()), QTextCursor::KeepAnchor);
-                cursor.removeSelectedText();
-                break;
-            }
-            case 2:
-                editor.document.undo();
-                break;
-            case 3:
-                editor.document.redo();
-                break;
-            case 4:
-                editor.pHighlighter->setSelectedWord(below(2) ? "value" : QString());
-                break;
-            case 5:
-                mapDefinition = lstDefinitions.at(below(lstDefinitions.size()));
-                editor.document.clearAdditionalFormats();
-                editor.pHighlighter->setDefinition(mapDefinition);
-                break;
-            case 6: {
-                QTextCursor cursor = cursorAnywhere();
-                cursor.beginEditBlock();
-                cursor.insertText(text(5));
-                layOutSome();
-                cursor.insertText(text(5));
-                cursor.endEditBlock();
-                break;
-            }
-            case 7:
-                editor.pHighlighter->setVisibleLines(below(300), below(300));
-                break;
-            case 8:
-            case 9:
-                cursorAnywhere().insertText(text(3));
-                break;
-            default:
-                layOutSome();
-                QCoreApplication::processEvents();
-            }
-        }
-        QVERIFY(editor.rest());
-        QCOMPARE(difference(editor.document, CHighlightRules(mapDefinition)), QString());
-        for (QTextBlock block = editor.document.begin(); block.isValid(); block = block.next())
-            editor.layOut(block);
-        QCOMPARE(difference(editor.document, CHighlightRules(mapDefinition)), QString());
-        editor.document.setPlainText(text(400));
+        storm.m_editor.document.setPlainText(
+            nRound ? storm.text(400) : QString("int value = 1; // a\n").repeated(200));
+        for (int n = 0; n < 150; ++n)
+            storm.step();
+        QVERIFY(storm.m_editor.rest());
+        QCOMPARE(difference(document, CHighlightRules(storm.m_mapDefinition)), QString());
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+            storm.m_editor.layOut(block);
+        QCOMPARE(difference(document, CHighlightRules(storm.m_mapDefinition)), QString());
     }
 }
 
-QTEST_MAIN(tst_LargeText)
+QTEST_MAIN(tst_largetext)
 #include "tst_largetext.moc"

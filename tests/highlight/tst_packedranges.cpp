@@ -3,7 +3,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-class tst_PackedRanges : public QObject
+class tst_packedranges : public QObject
 {
     Q_OBJECT
 private slots:
@@ -21,7 +21,7 @@ bool operator==(const SHighlightRange &a, const SHighlightRange &b)
 
 } // namespace
 
-void tst_PackedRanges::noRanges_takeNoByte()
+void tst_packedranges::noRanges_takeNoByte()
 {
     std::vector<uchar> bytes;
     packRanges({}, &bytes);
@@ -29,7 +29,7 @@ void tst_PackedRanges::noRanges_takeNoByte()
     QVERIFY(unpackRanges(bytes.data(), bytes.size()).empty());
 }
 
-void tst_PackedRanges::rangesOfCode_takeTwoBytesEach()
+void tst_packedranges::rangesOfCode_takeTwoBytesEach()
 {
     std::vector<uchar> bytes;
     packRanges({{0, 3, HighlightRole::Keyword},
@@ -41,7 +41,7 @@ void tst_PackedRanges::rangesOfCode_takeTwoBytesEach()
 }
 
 // In any order, of any length, at any place that a line can have.
-void tst_PackedRanges::randomRanges_comeBackAsTheyWere()
+void tst_packedranges::randomRanges_comeBackAsTheyWere()
 {
     QRandomGenerator random(7);
     for (int nRound = 0; nRound < 2000; ++nRound) {
@@ -60,5 +60,5 @@ void tst_PackedRanges::randomRanges_comeBackAsTheyWere()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_PackedRanges)
+QTEST_APPLESS_MAIN(tst_packedranges)
 #include "tst_packedranges.moc"

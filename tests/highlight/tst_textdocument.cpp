@@ -36,6 +36,7 @@ private slots:
     void lines_followEveryEdit_data();
     void lines_followEveryEdit();
     void lines_followRandomEdits();
+    void snapshot_isTheTextOfItsMoment();
 };
 
 namespace {
@@ -463,6 +464,36 @@ void tst_textdocument::lines_followRandomEdits()
         if (n % 10 == 0 || n > 1490)
             QCOMPARE(storedLines(document), linesOf(document));
     }
+}
+
+// Whatever is edited afterwards.
+void tst_textdocument::snapshot_isTheTextOfItsMoment()
+{
+    CTextDocument document;
+    QRandomGenerator random(11);
+    const auto below = [&random](int nBound) { return int(random.bounded(quint32(nBound))); };
+    const QStringList lstPieces = {"a",
+                                   "\n",
+                                   "\n\n",
+                                   QString(QChar::Nbsp),
+                                   QString(QChar(0x2028)),
+                                   QString(QChar(0x4e00)),
+                                   QString("line\n").repeated(700)};
+    QVector<QPair<CStoredText, QString>> lstTaken;
+    for (int n = 0; n < 400; ++n) {
+        QTextCursor cursor(&document);
+        cursor.setPosition(below(document.characterCount()));
+        if (below(3) == 0)
+            cursor.setPosition(below(document.characterCount()), QTextCursor::KeepAnchor);
+        cursor.insertText(lstPieces.at(below(lstPieces.size())));
+        if (n % 10 == 0) {
+            QString strText = document.toRawText();
+            strText.replace(QChar::ParagraphSeparator, '\n');
+            lstTaken.append({document.lines()->snapshot(), strText});
+        }
+    }
+    for (const auto &taken : qAsConst(lstTaken))
+        QCOMPARE(taken.first.text(), taken.second);
 }
 
 QTEST_MAIN(tst_textdocument)
