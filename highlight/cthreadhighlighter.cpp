@@ -109,8 +109,10 @@ void CThreadHighlighter::rehighlight()
     m_nRequestsToCome -= bByEdit;
     if (!bByEdit && !m_pLines->isEdited())
         m_pLines->markAllStale();
-    if (m_bPaused)
+    if (m_bPaused) {
+        startPass();
         return;
+    }
     m_queue.beginFirst();
     // After a pass that has ended, a key's line is done in a moment.
     const bool bSoon = startPass() && bByEdit;
@@ -122,13 +124,13 @@ void CThreadHighlighter::rehighlight()
 
 void CThreadHighlighter::setPaused(bool bPaused)
 {
-    if (bPaused == m_bPaused)
-        return;
-    m_bPaused = bPaused;
-    if (bPaused)
-        stopThread();
-    else
-        startPass();
+    {
+        const std::lock_guard<std::mutex> locker(m_mutex);
+        if (bPaused == m_bPaused)
+            return;
+        m_bPaused = bPaused;
+    }
+    startPass();
 }
 
 // True when no other one was running.

@@ -34,8 +34,9 @@ public:
     // characters without the white space around it marks nothing.
     void setSelectedWord(const QString &strWord);
 
-    // Paused, it does nothing but remember what is asked of it: for a text that comes in many
-    // pieces, each of which would make void what was found out about the others.
+    // Paused, it colours only the lines that can be seen, whenever it is asked for anything, and
+    // remembers the rest: for a text that comes in many pieces, each of which would make void what
+    // was found out about the others.
     void setPaused(bool bPaused);
     // The blocks that can be seen: their results come before all others, as soon as the state that
     // they begin with is known. Nothing is asked for by this.
@@ -103,7 +104,8 @@ private:
     std::shared_ptr<CLineStore> m_pLines;
     CResultQueue m_queue;
 
-    // Guards the rules, the word, what can be seen and whether the worker may still see a request.
+    // Guards the rules, the word, what can be seen, the pause and whether the worker may still see
+    // a request.
     // Of the standard library, as in the parts below, because ThreadSanitizer sees through it.
     mutable std::mutex m_mutex;
     std::shared_ptr<const CHighlightRules> m_pRules;
@@ -111,6 +113,7 @@ private:
     CSelectedWord m_word; // the same, for the GUI thread alone
     int m_nFirstVisible = 0;
     int m_nLastVisible = -1; // less than the first: nothing is known to be seen
+    bool m_bPaused = false;
     bool m_bActive = false;
 
     std::atomic_bool m_bStop {false};
@@ -124,7 +127,6 @@ private:
     QTimer m_timerDeliver;
     QTimer m_timerEdit;
     int m_nRequestsToCome = 0; // by edits whose rehighlight() is still in the event queue
-    bool m_bPaused = false;
     bool m_bUnannounced = false; // contentsChange came without contentsChanged
     bool m_bStoppedBeforeEdit = false;
 };

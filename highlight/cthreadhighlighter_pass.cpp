@@ -15,6 +15,7 @@ struct CThreadHighlighter::SPass
     CSelectedWord word;
     int nFirstVisible = 0;
     int nLastVisible = -1;
+    bool bPaused = false;
 };
 
 // What becomes of a batch of lines.
@@ -94,6 +95,8 @@ void CThreadHighlighter::runPass(SPass *pPass)
         if (pPass->bSyntax && processVisible(*pPass))
             continue;
         m_queue.endFirst();
+        if (pPass->bPaused)
+            return;
         if (pPass->bSelection && nLine == 0)
             processVisibleMarks(*pPass);
         const CLineStore::SBatch batch = m_pLines->fetch(pPass->nVersion, nLine, wanted(*pPass));
@@ -124,6 +127,7 @@ void CThreadHighlighter::takeRules(SPass *pPass) const
     pPass->pRules = m_pRules;
     pPass->nFirstVisible = m_nFirstVisible;
     pPass->nLastVisible = m_nLastVisible;
+    pPass->bPaused = m_bPaused;
     if (pPass->word.text() != m_strWord)
         pPass->word = CSelectedWord(m_strWord);
 }
@@ -238,17 +242,15 @@ bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatc
 bool CThreadHighlighter::endPass(const SPass &pass)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
-    if (!m_bStop && (m_bSyntaxRestart || m_bSelectionRestart)) {
-        m_bSyntaxWanted = false;
-        m_bSelectionWanted = false;
-        return false;
-    }
-    if (!m_bStop && m_pLines->version() == pass.nVersion) {
+    const bool bAgain = !m_bStop && (m_bSyntaxRestart || (m_bSelectionRestart && !pass.bPaused));
+    const bool bFinished = !m_bStop && m_pLines->version() == pass.nVersion;
+    // What was wanted in a pause stays so until it is over.
+    if (!pass.bPaused && (bAgain || bFinished)) {
         m_bSyntaxWanted = false;
         m_bSelectionWanted = false;
     }
-    m_bActive = false;
-    return true;
+    m_bActive = bAgain;
+    return !bAgain;
 }
 
 void CThreadHighlighter::send(const SPass &pass, std::vector<SHighlightResult> *pResults,

@@ -48,6 +48,7 @@ private slots:
     void scrolledDuringAPass_bringsItsLinesForward();
     void marksThatCanBeSeen_comeFirst();
     void resultOfAKey_isThereBeforeTheNextPaint();
+    void paused_coloursWhatCanBeSeen_andTheRestAfterwards();
 };
 
 namespace {
@@ -552,6 +553,44 @@ void tst_threadhighlighter::resultOfAKey_isThereBeforeTheNextPaint()
         QVERIFY(editor.settle());
     }
     QVERIFY2(nAtOnce > 0, qPrintable(QString::number(nAtOnce)));
+}
+
+// As while a text comes in slices.
+void tst_threadhighlighter::paused_coloursWhatCanBeSeen_andTheRestAfterwards()
+{
+    SHighlightedEditor editor;
+    QSet<int> setLines;
+    connect(editor.pHighlighter, &CThreadHighlighter::blockFormatChanged, &editor.document,
+            [&](uint, const QTextBlock &block) { setLines.insert(block.blockNumber()); });
+    editor.pHighlighter->setPaused(true);
+    editor.document.setPlainText(manyLines(5000));
+    editor.pHighlighter->setVisibleLines(2000, 2029);
+    editor.pHighlighter->setSelectedWord("text");
+    for (int nSlice = 0; nSlice < 20; ++nSlice) {
+        QTextCursor cursor(&editor.document);
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText(manyLines(500));
+        QCoreApplication::processEvents();
+    }
+    QTRY_COMPARE(setLines.size(), 30);
+    QVERIFY(setLines.contains(2000) && setLines.contains(2029));
+    QTRY_VERIFY(!editor.pHighlighter->isRunning());
+    editor.pHighlighter->setVisibleLines(9000, 9029);
+    editor.pHighlighter->rehighlight();
+    QTRY_VERIFY(setLines.contains(9000) && setLines.contains(9029));
+    QTRY_VERIFY(!editor.pHighlighter->isRunning());
+    QVERIFY(setLines.size() < 100);
+    QVERIFY(!editor.document.lines()->isComplete());
+    editor.pHighlighter->setPaused(false);
+    QVERIFY(editor.settle());
+    QCOMPARE(setLines.size(), editor.document.blockCount());
+    QCOMPARE(firstDifference(editor.document, CHighlightRules()), QString());
+    // The word that was chosen meanwhile is marked, too.
+    bool bMarked = false;
+    const auto lstFormats = editor.document.findBlockByNumber(100).layout()->formats();
+    for (const QTextLayout::FormatRange &range : lstFormats)
+        bMarked = bMarked || range.format.intProperty(QTextFormat::UserProperty) == 1;
+    QCOMPARE(bMarked, editor.document.findBlockByNumber(100).text().contains("text"));
 }
 
 QTEST_MAIN(tst_threadhighlighter)
