@@ -10,7 +10,8 @@ SFileContent readForEditor(const QString &strPath);
 
 // Bytes. A larger file is read in the background and shown in slices.
 qint64 mostShownAtOnce();
-// True for a larger file that can be read.
+// True for a larger file that can be read, and for a smaller one with a line that the user is asked
+// about. Reads the latter.
 bool isShownInSlices(const QString &strPath);
 // For tests. GUI thread, while nothing is loaded.
 void setMostShownAtOnce(qint64 nBytes);

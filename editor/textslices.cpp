@@ -82,6 +82,11 @@ SHeaviestLine heaviestLine(const QString &strText)
     return heaviest;
 }
 
+qint64 unitsOfLightLines(qint64 nWeight)
+{
+    return nWeight / g_nWeightOfThai;
+}
+
 QString inPieces(const QString &strText, int nPiece, qint64 nHeaviest)
 {
     QString strResult;

@@ -26,6 +26,8 @@ struct SHeaviestLine
     qint64 nWeight = 0; // Letters of a cheap script that would take as long.
 };
 SHeaviestLine heaviestLine(const QString &strText);
+// No line of so few units is as heavy as that.
+qint64 unitsOfLightLines(qint64 nWeight);
 
 // The text with a LF in each line that is heavier than nHeaviest, every nPiece units or a little
 // before: not inside a surrogate pair, nor before a mark that belongs to the character in front.
