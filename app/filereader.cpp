@@ -98,6 +98,8 @@ Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteA
             return Fault::ReadError;
         if (nRead == 0)
             break;
+        if (limits.beginning && nDone == 0)
+            limits.beginning(QByteArray(pBytes->constData(), int(nRead)));
         nDone += nRead;
         if (limits.progress && !limits.progress(nDone, nExpected))
             return Fault::Cancelled;

@@ -18,6 +18,9 @@ struct SReadLimits
     // Called on the reading thread after each megabyte with the bytes read and those expected (-1
     // where the system does not tell); false gives up. May be empty.
     std::function<bool(qint64 nDone, qint64 nAll)> progress;
+    // Called on the reading thread with the first bytes, a megabyte at most, before the others are
+    // read. Again where the reading begins anew, because the file is changing. May be empty.
+    std::function<void(const QByteArray &beginning)> beginning;
 };
 
 // What was read, and what the file was then.

@@ -1,5 +1,6 @@
 #include "editor/arrivingtext.h"
 
+#include "app/codecdetection.h"
 #include "app/platformfiles.h"
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
@@ -72,6 +73,23 @@ QString firstLines(const QTextCodec *pCodec, const QByteArray &bytes, const SSli
     return strText.left(qMin(sliceEnd(strText, 0, limits), nLast + (bPair ? 2 : 1)));
 }
 
+// What the first lines most probably are, whatever the rest of the data says: ASCII is the same in
+// nearly all codecs, and other text is hardly ever UTF-8 by chance. Empty where it is doubtful.
+QString probableFirstLines(const STextRequest &request, const QByteArray &beginning)
+{
+    if (request.reading != STextRequest::Reading::AsFile)
+        return QString();
+    const QByteArray bytes = withoutCutUtf8(beginning.left(g_nFirstSlice));
+    const bool bAscii = isAscii(bytes) && !hasEscapedCharacters(bytes) && !bytes.contains('\0');
+    if (!bAscii && !isMultiByteUtf8(bytes))
+        return QString();
+    const QTextCodec *pWanted = codecForName(request.strCodec);
+    const QTextCodec *pUtf8 = codecForName(QStringLiteral("UTF-8"));
+    const bool bKeeps = request.strCodec.isEmpty() || pWanted == pUtf8
+        || (bAscii && pWanted && mapsAsciiToItself(pWanted));
+    return bKeeps ? firstLines(pUtf8, bytes, request.slices) : QString();
+}
+
 // From the end, so that the text gives its memory back meanwhile.
 std::deque<QString> cut(QString strText, int nFrom, const SSliceLimits &limits)
 {
@@ -103,7 +121,7 @@ QString decode(const STextRequest &request, QByteArray bytes, SArrivedText *pTex
     const QTextCodec *pCodec = bAsFile ? codecForName(pText->strCodec) : nullptr;
     if (!bAsFile)
         bytes = readAsText(bytes);
-    if (steps.firstSlice) {
+    if (steps.firstSlice && pFirst->isEmpty()) {
         *pFirst = firstLines(pCodec, bytes, request.slices);
         if (!pFirst->isEmpty())
             steps.firstSlice(*pFirst);
@@ -113,13 +131,12 @@ QString decode(const STextRequest &request, QByteArray bytes, SArrivedText *pTex
 }
 
 void prepare(SFileContent content, const STextRequest &request, const SArrivalSteps &steps,
-             SArrivedText *pText)
+             QString strFirst, SArrivedText *pText)
 {
     const qint64 nBytes = content.bytes.size();
     decideCodec(request, content.bytes, pText);
     if (!goesOn(steps, nBytes))
         return;
-    QString strFirst;
     QByteArray bytes = std::move(content.bytes);
     QString strText = decode(request, std::move(bytes), pText, steps, &strFirst);
     strText = pText->standIns.hide(strText);
@@ -140,16 +157,16 @@ void prepare(SFileContent content, const STextRequest &request, const SArrivalSt
     }
 }
 
-} // namespace
-
-SArrivedText slicesOf(SFileContent content, const STextRequest &request, const SArrivalSteps &steps)
+// strFirst was given already.
+SArrivedText slicesBehind(const QString &strFirst, SFileContent content,
+                          const STextRequest &request, const SArrivalSteps &steps)
 {
     SArrivedText text;
     text.content.state = content.state;
     text.content.fault = content.fault;
     text.content.strError = content.strError;
     try {
-        prepare(std::move(content), request, steps, &text);
+        prepare(std::move(content), request, steps, strFirst, &text);
     } catch (const std::bad_alloc &) {
         text = SArrivedText();
         text.content = readingFailed(Fault::NoMemory, content.state);
@@ -157,15 +174,32 @@ SArrivedText slicesOf(SFileContent content, const STextRequest &request, const S
     return text;
 }
 
+} // namespace
+
+SArrivedText slicesOf(SFileContent content, const STextRequest &request, const SArrivalSteps &steps)
+{
+    return slicesBehind(QString(), std::move(content), request, steps);
+}
+
 SArrivedText readInSlices(const STextRequest &request, const SArrivalSteps &steps)
 {
     SReadLimits limits = editorLimits();
     limits.progress = steps.progress;
+    QString strFirst;
+    if (request.bFirstLinesEarly && steps.firstSlice) {
+        limits.beginning = [&](const QByteArray &beginning) {
+            if (!strFirst.isEmpty())
+                return;
+            strFirst = probableFirstLines(request, beginning);
+            if (!strFirst.isEmpty())
+                steps.firstSlice(strFirst);
+        };
+    }
     SFileContent content = readFile(request.strPath, limits);
     if (!content.isWhole() && content.fault != Fault::Changing) {
         SArrivedText text;
         text.content = content;
         return text;
     }
-    return slicesOf(std::move(content), request, steps);
+    return slicesBehind(strFirst, std::move(content), request, steps);
 }

@@ -27,6 +27,8 @@ struct STextRequest
     int nReturnFormat = 0; // Kept where the data have no line end. See ReturnFormat.
     Reading reading = Reading::AsFile;
     LongLines longLines = LongLines::Ask;
+    // The first lines may be given before the file is read. If that fails, they are all there is.
+    bool bFirstLinesEarly = false;
     qint64 nHeaviestLine = 0x7fffffff; // That is shown unasked; see SHeaviestLine.
     SSliceLimits slices;
 };

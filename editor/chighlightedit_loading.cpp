@@ -36,6 +36,7 @@ void CHighlightEdit::loadInSlices(LongLines longLines, bool bKeepPlace)
 {
     STextRequest request = textRequest();
     request.longLines = longLines;
+    request.bFirstLinesEarly = document()->isEmpty(); // Else a text would be lost to a failure.
     if (m_pArrival)
         request.reading = m_pArrival->request().reading; // The answer to longLineFound().
     startArrival(request);

@@ -155,6 +155,78 @@ private slots:
         }
     }
 
+    void firstLines_areGivenBeforeTheFileIsRead_whereTheyAreNotDoubtful_data()
+    {
+        QTest::addColumn<QByteArray>("beginning");
+        QTest::addColumn<QString>("codec");
+        QTest::addColumn<bool>("early");
+        QTest::newRow("ASCII") << QByteArray("one\n") << QString() << true;
+        QTest::newRow("ASCII in a codec") << QByteArray("one\n") << "ISO-8859-1" << true;
+        QTest::newRow("ASCII in a wide codec") << QByteArray("one\n") << "UTF-16LE" << false;
+        QTest::newRow("UTF-8") << QByteArray("\xc3\xa9\n") << QString() << true;
+        QTest::newRow("UTF-8 in a codec") << QByteArray("\xc3\xa9\n") << "windows-1252" << false;
+        QTest::newRow("Latin-1") << QByteArray("\xe9\n") << QString() << false;
+        QTest::newRow("zero byte") << QByteArray("a\0b\n", 4) << QString() << false;
+        QTest::newRow("escapes") << QByteArray("\x1b$B$\"\x1b(B\n") << QString() << false;
+    }
+
+    void firstLines_areGivenBeforeTheFileIsRead_whereTheyAreNotDoubtful()
+    {
+        QFETCH(QByteArray, beginning);
+        QFETCH(QString, codec);
+        QFETCH(bool, early);
+        const QTemporaryDir folder;
+        writeFile(folder.filePath("large"), beginning + QByteArray("line\n").repeated(500000));
+        STextRequest request;
+        request.strPath = folder.filePath("large");
+        request.strCodec = codec;
+        request.bFirstLinesEarly = true;
+        int nFirst = 0;
+        qint64 nRead = 0;
+        bool bEarly = false;
+        SArrivalSteps steps;
+        steps.progress = [&nRead](qint64 nDone, qint64) {
+            nRead = qMax(nRead, nDone);
+            return true;
+        };
+        steps.firstSlice = [&](const QString &strSlice) {
+            ++nFirst;
+            bEarly = nRead == 0;
+            QVERIFY(!strSlice.isEmpty());
+        };
+        const SArrivedText text = readInSlices(request, steps);
+        QVERIFY(nFirst < 2 && !text.bBeginsOtherwise);
+        QCOMPARE(bEarly, early);
+        nRead = nFirst = 0;
+        bEarly = false;
+        request.bFirstLinesEarly = false;
+        readInSlices(request, steps);
+        QVERIFY(!bEarly);
+    }
+
+    // Text that begins as UTF-8 and turns out to be none.
+    void firstLinesThatWereWrong_areReplaced()
+    {
+        const QTemporaryDir folder;
+        const WithSettings settings;
+        const QByteArray bytes = QByteArray("caf\xc3\xa9 au lait\n").repeated(20000)
+            + QByteArray("d\xe9j\xe0 vu, c'est tr\xe8s int\xe9ressant\n").repeated(20000);
+        writeFile(folder.filePath("large"), bytes);
+        CHighlightEdit direct;
+        direct.setTextData(bytes, false);
+        CHighlightEdit edit;
+        edit.show();
+        QStringList lstFirst;
+        connect(&edit, &CHighlightEdit::firstTextShown, this,
+                [&] { lstFirst.append(edit.document()->firstBlock().text()); });
+        loadAll(&edit, folder.filePath("large"));
+        QCOMPARE(lstFirst.size(), 2);
+        QVERIFY(lstFirst.first() != lstFirst.last());
+        QCOMPARE(edit.getText(), direct.getText());
+        QCOMPARE(edit.codecName(), direct.codecName());
+        QVERIFY(!edit.document()->isUndoAvailable());
+    }
+
     void editor_afterTheArrival_isAsAfterSettingTheText_data()
     {
         QTest::addColumn<uint>("seed");
@@ -307,6 +379,32 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(spy.size(), 1, 60000);
         QVERIFY(!edit.isLoading() && !edit.isReadOnly());
         QCOMPARE(edit.blockCount(), 1001);
+    }
+
+    void fileOfAnySizeWithAHeavyLine_isShownInSlices_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("slices");
+        const int nMost = heaviestLineUnasked() / 30;
+        const QString strThai = QString(QChar(0x0e01)).repeated(nMost);
+        const QString strMore = strThai + QChar(0x0e0a);
+        QTest::newRow("short") << QByteArray("text") << false;
+        QTest::newRow("light line") << QByteArray(heaviestLineUnasked(), 'x') << false;
+        QTest::newRow("heavy line") << QByteArray(heaviestLineUnasked() + 1, 'x') << true;
+        QTest::newRow("Thai") << "a\n" + strThai.toUtf8() + "\n" << false;
+        QTest::newRow("more Thai") << "a\n" + strMore.toUtf8() + "\n" << true;
+        QTest::newRow("in lines") << (strThai + "\r" + strThai + "\n" + strThai).toUtf8() << false;
+        QTest::newRow("two bytes each")
+            << QTextCodec::codecForName("UTF-16")->fromUnicode(strMore.mid(1) + strMore) << true;
+    }
+
+    void fileOfAnySizeWithAHeavyLine_isShownInSlices()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, slices);
+        const QTemporaryDir folder;
+        writeFile(folder.filePath("file"), bytes);
+        QCOMPARE(isShownInSlices(folder.filePath("file")), slices);
     }
 
     void longLine_isAskedAbout_andShownInPiecesOrWhole()
