@@ -6,6 +6,7 @@
 #include "pageedit/cpagespelling.h"
 #include "pageedit/cpagetables.h"
 #include "web/ceditwebview.h"
+#include "web/pagesource.h"
 
 #include <QScopedValueRollback>
 #include <QWebFrame>
@@ -162,9 +163,18 @@ void CPageDocument::markSaved()
     m_pPage->markSaved(); // And its source editor.
 }
 
+Result CPageDocument::loadDecoded(const QString &strPath, const SPageSource &source)
+{
+    const QScopedValueRollback<const SPageSource *> decoded(m_pDecoded, &source);
+    return load(strPath, source.content);
+}
+
 Result CPageDocument::showContent(const QString &strPath, const SFileContent &content)
 {
-    m_pPage->loadSource(strPath, content);
+    if (m_pDecoded)
+        m_pPage->loadSource(strPath, *m_pDecoded);
+    else
+        m_pPage->loadSource(strPath, content);
     if (!m_bSource)
         m_pPage->setModified(false);
     return Result::done();

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+struct SPageSource;
+
 // An HTML page: the page editor and, in its place, its source editor.
 class CPageDocument : public CDocument
 {
@@ -25,6 +27,8 @@ public:
     bool canSave() const override;
     QString codecName() const override;
 
+    // The first load, with what was decoded already.
+    Result loadDecoded(const QString &strPath, const SPageSource &source);
     // Changes between the page and its source; widgetChanged() tells when the other one can be
     // shown.
     void showSource(bool bSource);
@@ -65,6 +69,7 @@ private:
     Result run(int nWebAction);
 
     QPointer<CEditWebView> m_pPage;
+    const SPageSource *m_pDecoded = nullptr; // While loadDecoded() runs.
     QString m_strDropped; // While it is handed on: a text that is no more in the page.
     bool m_bSource = false; // Shown in the page's place.
 };

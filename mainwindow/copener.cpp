@@ -10,8 +10,8 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
 #include "web/ctaster.h"
-#include "web/pagecodec.h"
 #include "web/pagehazards.h"
+#include "web/pagesource.h"
 #include "widgets/messagebox.h"
 
 #include <QFileInfo>
@@ -89,7 +89,8 @@ void COpener::openPage(const QString &strPath)
     SFileContent content;
     if (isAskedFirst(strPath) || !read(strPath, &content))
         return;
-    const QString strRefusal = refusalOf(strPath, content);
+    const SPageSource source = SPageSource::ofFile(content, QString());
+    const QString strRefusal = refusalOf(strPath, source.strText);
     if (!strRefusal.isEmpty()) {
         openSourceOf(strPath, content, strRefusal);
         return;
@@ -99,7 +100,7 @@ void COpener::openPage(const QString &strPath)
         const QScopedValueRollback<bool> loading(*m_pLoading, true);
         CPageDocument *pDocument = addPageDocument();
         m_pWindow->documents().endLoadWith(pDocument, strPath);
-        const Result result = pDocument->load(strPath, content);
+        const Result result = pDocument->loadDecoded(strPath, source);
         emit message(result.text());
         nameTab(*pDocument);
         if (!pDocument->isWhole())
@@ -109,14 +110,13 @@ void COpener::openPage(const QString &strPath)
 }
 
 // Says why the page engine does not get the page unless the user insists; empty when it does.
-QString COpener::refusalOf(const QString &strPath, const SFileContent &content) const
+QString COpener::refusalOf(const QString &strPath, const QString &strHtml) const
 {
     if (m_pWindow->documents().loads().isBlamed(strPath))
         return MainWindow::tr("The program ended while it loaded %1: this is its source.")
             .arg(visibleName(strPath));
-    const EPageHazard hazard = m_setShownAnyway.contains(strPath)
-        ? EPageHazard::None
-        : pageHazard(decodePage(content.bytes));
+    const EPageHazard hazard =
+        m_setShownAnyway.contains(strPath) ? EPageHazard::None : pageHazard(strHtml);
     if (hazard == EPageHazard::None)
         return QString();
     return MainWindow::tr("Showing %1 could end the program, as %2: this is its source.")

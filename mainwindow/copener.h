@@ -56,7 +56,7 @@ private:
     void showTextInBackground(const QString &strPath);
     void tellOfText(const CDocument &document);
     void chooseLanguage(const CDocument &document);
-    QString refusalOf(const QString &strPath, const SFileContent &content) const;
+    QString refusalOf(const QString &strPath, const QString &strHtml) const;
     void openSourceOf(const QString &strPath, const SFileContent &content, const QString &strWhy);
     bool mayOpenImage(const QString &strPath);
     void nameTab(const CDocument &document);

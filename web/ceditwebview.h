@@ -60,6 +60,8 @@ public:
     // page declares or as detected. Takes the path over.
     void loadSource(const QString &strPath, const SFileContent &content,
                     const QString &strCodec = QString());
+    // The same for a file that was decoded already.
+    void loadSource(const QString &strPath, const SPageSource &source);
     // The same for the document's file, whose history and place on the screen stay.
     void reloadSource(const SFileContent &content, const QString &strCodec);
     // An empty page as a file has it, with the caret in its body.
@@ -126,6 +128,9 @@ public:
     // Asked before the clipboard is pasted, in whatever way; true: it was done.
     using PasteTaker = std::function<bool(const QMimeData *)>;
     void setPasteTaker(const PasteTaker &taker) { m_pasteTaker = taker; }
+    // Asked before an action of triggerEdit(), by whatever key or button; true: it was done.
+    using EditTaker = std::function<bool(QWebPage::WebAction)>;
+    void setEditTaker(const EditTaker &taker) { m_editTaker = taker; }
     bool isBold() const;
     bool isItalic() const;
     bool isUnderline() const;
@@ -253,6 +258,7 @@ private:
     QVariant evaluate(const QString &strScript) const;
     QVariant queryState(const QString &strCommand) const;
     QString queryValue(const QString &strCommand) const;
+    void beginFormat();
     void command(const QString &strName, const QString &strValue);
     void applyPendingFontSize();
     void moveToSearchEdge();
@@ -272,6 +278,7 @@ private:
     bool m_bLinksFollowed = true;
     std::function<bool()> m_leaveQuestion;
     PasteTaker m_pasteTaker;
+    EditTaker m_editTaker;
     bool m_bSourceShown = false;
     int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
     QString m_strPushed; // The source as it was pushed, with its own line ends.

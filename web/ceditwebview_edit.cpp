@@ -46,9 +46,14 @@ void CEditWebView::runEditable(const std::function<void()> &command)
 
 void CEditWebView::triggerEdit(QWebPage::WebAction action)
 {
-    if (action == QWebPage::Paste && isPasteTaken())
+    if ((action == QWebPage::Paste && isPasteTaken()) || (m_editTaker && m_editTaker(action)))
         return;
-    endStep();
+    const bool bFormat = action == QWebPage::ToggleBold || action == QWebPage::ToggleItalic
+        || action == QWebPage::ToggleUnderline;
+    if (bFormat)
+        beginFormat();
+    else
+        endStep();
     runEditable([=] { triggerPageAction(action, false); });
 }
 
@@ -114,9 +119,17 @@ QColor CEditWebView::backColor() const
     return colorFromCss(evaluate(PageScript::queryValue(QStringLiteral("backColor"))).toString());
 }
 
+// Formats that were chosen for the caret one after the other hold together: ending a step again
+// would lose the first.
+void CEditWebView::beginFormat()
+{
+    if (!m_steps.isStarted())
+        endStep();
+}
+
 void CEditWebView::command(const QString &strName, const QString &strValue)
 {
-    endStep();
+    beginFormat();
     runEditable([&] { evaluate(PageScript::executeStyled(strName, strValue)); });
 }
 
@@ -140,7 +153,7 @@ void CEditWebView::setFontSize(const QString &strSize)
     const QString strCss = match.captured(1) + strUnit;
     const bool bCaret = evaluate(PageScript::isCaret()).toBool();
     m_strPendingFontSize.clear();
-    endStep();
+    beginFormat();
     runEditable(
         [&] { evaluate(bCaret ? PageScript::markTyping() : PageScript::setFontSize(strCss)); });
     if (bCaret)

@@ -39,8 +39,12 @@ bool CEditWebView::loadFile(const QString &strPath)
 void CEditWebView::loadSource(const QString &strPath, const SFileContent &content,
                               const QString &strCodec)
 {
+    loadSource(strPath, SPageSource::ofFile(content, strCodec));
+}
+
+void CEditWebView::loadSource(const QString &strPath, const SPageSource &source)
+{
     setFilePath(strPath);
-    const SPageSource source = SPageSource::ofFile(content, strCodec);
     m_strGiven = QString();
     safePage()->navigateTo(source, [this] { QWebView::setUrl(fileUrl()); });
     noteCodec();
@@ -213,7 +217,7 @@ void CEditWebView::followToFile(const QUrl &url)
         emit statusMessage(tr("Cannot open file(%1).").arg(strPath));
         return;
     }
-    const EPageHazard hazard = pageHazardOfFile(strPath, source.text());
+    const EPageHazard hazard = pageHazardOfFile(strPath, source.strText);
     if (hazard != EPageHazard::None) {
         emit statusMessage(tr("%1 is not shown, as %2.").arg(strPath, pageHazardReason(hazard)));
         return;

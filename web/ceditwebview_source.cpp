@@ -28,7 +28,7 @@ void CEditWebView::takeSource()
     const SPageSource &source = safePage()->source();
     QString strSource = m_strGiven;
     if (strSource.isNull() && source.bFile && source.content.hasBytes())
-        strSource = source.text();
+        strSource = source.strText;
     if (strSource.startsWith(QChar(QChar::ByteOrderMark)))
         strSource.remove(0, 1);
     const QString strSerialised = toHtml();

@@ -4,6 +4,7 @@
 #include "web/cpagemergewriter.h"
 #include "web/htmltoken.h"
 #include "web/pagealign.h"
+#include "web/xmlcheck.h"
 
 namespace {
 
@@ -114,6 +115,12 @@ bool CPageMerge::isBaseRight(const Reader &read)
     return false;
 }
 
+// A page in XML may not imply tags as the parser of HTML does, which checks the rest.
+bool CPageMerge::staysXml(const QString &strResult) const
+{
+    return !m_habits.bXml || isWellFormedXml(strResult) || !isWellFormedXml(m_strSource);
+}
+
 QString CPageMerge::mergedChecked(const QString &strNow, const Reader &read, bool *pBaseIsWrong)
 {
     *pBaseIsWrong = false;
@@ -126,7 +133,7 @@ QString CPageMerge::mergedChecked(const QString &strNow, const Reader &read, boo
         if (!read)
             return strResult;
         const QString strRead = comparablePage(read(strResult));
-        if (strRead == strWanted)
+        if (strRead == strWanted && staysXml(strResult))
             return strResult;
         if (nTry == 0) {
             *pBaseIsWrong = !isBaseRight(read);
@@ -134,7 +141,7 @@ QString CPageMerge::mergedChecked(const QString &strNow, const Reader &read, boo
                 return QString();
             strWanted = comparablePage(read(strNow)); // What comes nearest to a page that no text
                                                       // makes.
-            if (strRead == strWanted)
+            if (strRead == strWanted && staysXml(strResult))
                 return strResult;
         }
         const int nDifference = firstDifference(strRead, strWanted);

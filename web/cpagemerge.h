@@ -65,6 +65,7 @@ private:
 
     QString mergedChecked(const QString &strNow, const Reader &read, bool *pBaseIsWrong);
     bool isBaseRight(const Reader &read);
+    bool staysXml(const QString &strResult) const;
     void analyse();
     void nest();
     SNow compared(const QString &strNow) const;

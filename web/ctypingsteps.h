@@ -11,6 +11,8 @@ public:
     bool type(const QString &strText, bool bEnter, qint64 nTime);
     // The owner has ended the step: what comes next begins one without type() saying so.
     void start();
+    // Nothing has come since.
+    bool isStarted() const { return m_bStarted; }
 
 private:
     qint64 m_nLastTime = 0;

@@ -13,12 +13,8 @@ SPageSource SPageSource::ofFile(const SFileContent &content, const QString &strC
     source.content = content;
     source.bChosen = codecForName(strCodec);
     source.strCodec = source.bChosen ? strCodec : pageCodecName(content.bytes);
+    source.strText = decodePage(content.bytes, source.strCodec);
     return source;
-}
-
-QString SPageSource::text() const
-{
-    return decodePage(content.bytes, strCodec);
 }
 
 // A byte-order mark overrules whatever the page declares.
@@ -26,7 +22,7 @@ SFileContent SPageSource::contentToShow() const
 {
     SFileContent shown = content;
     if (bChosen)
-        shown.bytes = "\xEF\xBB\xBF" + text().toUtf8();
+        shown.bytes = "\xEF\xBB\xBF" + strText.toUtf8();
     return shown;
 }
 

@@ -14,8 +14,6 @@ struct SPageSource
     // A text that is a page, of no file.
     static SPageSource ofText() { return SPageSource(); }
 
-    // The bytes as text, without a byte-order mark.
-    QString text() const;
     // What the page engine shall get so that it reads the page in that encoding.
     SFileContent contentToShow() const;
     // For the engine: what a page means that declares nothing, and what it loads.
@@ -23,6 +21,7 @@ struct SPageSource
 
     bool bFile = false; // Else the page came as a text or from the network.
     SFileContent content;
+    QString strText; // The bytes as text, without a byte-order mark. Decoded once for all who ask.
     QString strCodec = QStringLiteral("UTF-8"); // Of the bytes.
     bool bChosen = false; // By the user.
 };
