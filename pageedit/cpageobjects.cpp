@@ -89,15 +89,16 @@ void CPageObjects::addTableCommands()
     m_pHeader = m_pTableMenu->addAction(tr("&Header Row"), this,
                                         [this] { runTable(QStringLiteral("headerRow")); });
     m_pHeader->setCheckable(true);
-    m_tableActions.append(m_pHeader);
     for (const STableCommand &command : g_tableCommands) {
         if (!command.szText) {
             m_pTableMenu->addSeparator();
             continue;
         }
         const QString strCommand = QLatin1String(command.szCommand);
-        m_tableActions.append(m_pTableMenu->addAction(
-            tr(command.szText), this, [this, strCommand] { runTable(strCommand); }));
+        QAction *pAction = m_pTableMenu->addAction(tr(command.szText), this,
+                                                   [this, strCommand] { runTable(strCommand); });
+        pAction->setData(strCommand);
+        m_tableActions.append(pAction);
     }
 }
 
@@ -109,16 +110,24 @@ QList<QAction *> CPageObjects::actions() const
 void CPageObjects::follow(CEditWebView *pPage)
 {
     m_pPage = pPage;
-    m_pPicture->setEnabled(pPage);
-    m_pTable->setEnabled(pPage);
+    m_pPicture->setEnabled(pPage && isOwnPageEdited(pPage));
+    m_pTable->setEnabled(pPage && pPage->isBodyEdited());
 }
 
 void CPageObjects::showTableState()
 {
     const QVariantMap table =
         m_pPage ? askPage(m_pPage, QStringLiteral("table")).toMap() : QVariantMap();
+    const bool bTable = table.value(QStringLiteral("present")).toBool();
+    QStringList lstNames;
+    for (const QAction *pAction : qAsConst(m_tableActions))
+        lstNames.append(pAction->data().toString());
+    const QStringList lstPossible =
+        bTable ? possibleTableCommands(m_pPage, lstNames) : QStringList();
     for (QAction *pAction : qAsConst(m_tableActions))
-        pAction->setEnabled(table.value(QStringLiteral("present")).toBool());
+        pAction->setEnabled(lstPossible.contains(pAction->data().toString())
+                            || (bTable && pAction->data() == QLatin1String("deleteTable")));
+    m_pHeader->setEnabled(bTable);
     m_pHeader->setChecked(table.value(QStringLiteral("header")).toBool());
 }
 

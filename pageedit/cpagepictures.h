@@ -1,21 +1,16 @@
 #pragma once
 
-#include "pageedit/cborrowedcursor.h"
-#include "pageedit/cdlgpicture.h"
-#include "pageedit/pictureframe.h"
-
 #include <QObject>
-#include <QRectF>
-#include <QTimer>
-#include <QVariantMap>
+#include <QStringList>
 
+class CDlgPicture;
 class CEditWebView;
 class QMimeData;
-class QMouseEvent;
-class QPainter;
+class QPoint;
+struct SPicture;
 
-// Pictures of a page that is edited: inserted from files, drops and the clipboard, selected by a
-// click, resized by their corners. Each change is one step of undo. Files are written beside the
+// Pictures of a page that is edited: inserted from files, drops and the clipboard. What the mouse
+// does with them is CPictureMouse's. Each change is one step of undo. Files are written beside the
 // page only, never over others. A page without a file takes none, as no address leads from it; the
 // status bar says so. A child of the view. GUI thread only.
 class CPagePictures : public QObject
@@ -43,25 +38,10 @@ protected:
     bool eventFilter(QObject *pObject, QEvent *pEvent) override;
 
 private:
-    bool isReady() const;
     bool hasFile() const;
     bool run(CDlgPicture *pDialog, SPicture *pPicture);
     void insert(const SPicture &picture);
-    bool handleMouse(QMouseEvent *pEvent);
-    bool press(QMouseEvent *pEvent);
-    void finishResizing();
-    void measureSoon();
-    void measure();
-    QRect frame() const;
-    QVariantMap at(const QPoint &point) const;
-    void paint(QPainter *pPainter) const;
     void drop(const QStringList &lstFiles, const QPoint &point);
 
     CEditWebView *m_pView;
-    CBorrowedCursor m_cursor;
-    QVariantMap m_selected; // The page's answer about the selected picture.
-    PictureCorner m_corner = PictureCorner::None; // That is drawn.
-    QRect m_rectDrawn; // What the picture would be.
-    bool m_bPictureClicked = false;
-    QTimer m_timerMeasure;
 };

@@ -43,11 +43,8 @@ bool CPageTables::eventFilter(QObject *pObject, QEvent *pEvent)
 // Empty where no column ends.
 QVariantMap CPageTables::edgeAt(const QPoint &point) const
 {
-    const qreal dZoom = m_pView->zoomFactor();
-    const QVariantMap edge = askPage(m_pView, QStringLiteral("columnEdge"),
-                                     {{QStringLiteral("x"), point.x() / dZoom},
-                                      {QStringLiteral("y"), point.y() / dZoom}})
-                                 .toMap();
+    const QVariantMap edge =
+        askPage(m_pView, QStringLiteral("columnEdge"), pagePoint(m_pView, point)).toMap();
     return edge.value(QStringLiteral("present")).toBool() ? edge : QVariantMap();
 }
 

@@ -7,8 +7,11 @@
 #include "web/ceditwebview.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QMenu>
+#include <QMimeData>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolBar>
@@ -95,7 +98,19 @@ CPageToolBar::CPageToolBar(QToolBar *pToolBar) : QObject(pToolBar), m_pToolBar(p
     addMarks();
     addLinks();
     addWholePage();
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &CPageToolBar::onClipboardChanged);
+    onClipboardChanged();
     show(SPageState());
+}
+
+// Asked for here alone: the clipboard lies in another program.
+void CPageToolBar::onClipboardChanged()
+{
+    const QMimeData *pData = QGuiApplication::clipboard()->mimeData();
+    m_bTextToPaste = pData && pData->hasText();
+    m_actions.value(QStringLiteral("actionPaste_Plain"))
+        ->setEnabled(m_state.bEditable && m_bTextToPaste);
 }
 
 QAction *CPageToolBar::addAction(const char *szName, const char *szText, const char *szIcon,
@@ -240,6 +255,8 @@ void CPageToolBar::show(const SPageState &state)
     // A page without any text has these, too.
     for (const char *szAction : {"actionOutline", "actionPage_Properties"})
         m_actions.value(QLatin1String(szAction))->setEnabled(m_pPage);
+    m_actions.value(QStringLiteral("actionPaste_Plain"))
+        ->setEnabled(state.bEditable && m_bTextToPaste);
     m_actions.value(QStringLiteral("actionRemove_Link"))->setEnabled(state.bLink);
     m_actions.value(QStringLiteral("actionIndent"))->setEnabled(state.bIndent);
     m_actions.value(QStringLiteral("actionOutdent"))->setEnabled(state.bOutdent);

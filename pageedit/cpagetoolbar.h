@@ -53,6 +53,7 @@ private:
     void showCharacters();
     void fillOutline();
 
+    void onClipboardChanged();
     void showState();
     void show(const SPageState &state);
     void showMarks();
@@ -65,5 +66,6 @@ private:
     QPointer<CDlgCharacters> m_pCharacters;
     QHash<QString, QAction *> m_actions; // By object name.
     SPageState m_state; // As it is shown.
+    bool m_bTextToPaste = false;
     QTimer m_timerState;
 };

@@ -67,7 +67,7 @@ void CPageToolBar::pastePlain()
 {
     const QMimeData *pData = QApplication::clipboard()->mimeData();
     if (m_pPage && pData && pData->hasText())
-        editPage(m_pPage, QStringLiteral("pastePlain"), {{QStringLiteral("text"), pData->text()}});
+        pastePlainText(m_pPage, pData->text());
     finish();
 }
 

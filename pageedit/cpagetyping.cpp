@@ -2,11 +2,13 @@
 
 #include "pageedit/pagecommands.h"
 #include "web/ceditwebview.h"
+#include "web/pagescript.h"
 #include "widgets/typedkeys.h"
 
 #include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QUndoStack>
 #include <QWebElement>
 #include <QWebFrame>
 
@@ -36,9 +38,16 @@ bool isTyped(const QKeyEvent *pEvent)
 
 } // namespace
 
-CPageTyping::CPageTyping(CEditWebView *pPage) : QObject(pPage), m_pPage(pPage)
+CPageTyping::CPageTyping(CEditWebView *pPage) : QObject(pPage), m_pPage(pPage), m_blanks(pPage)
 {
     pPage->installEventFilter(this);
+    pPage->setEditTaker([this](QWebPage::WebAction action) { return takeFormat(action); });
+}
+
+CPageTyping::~CPageTyping()
+{
+    if (m_pPage)
+        m_pPage->setEditTaker({});
 }
 
 CPageTyping *CPageTyping::of(CEditWebView *pPage)
@@ -73,6 +82,7 @@ void CPageTyping::takeColorOff(CEditWebView *pPage, bool bBackground)
 
 void CPageTyping::forget()
 {
+    m_bFormatted = false;
     if (m_chosen.isEmpty())
         return;
     m_chosen.clear();
@@ -83,11 +93,16 @@ bool CPageTyping::eventFilter(QObject *pObject, QEvent *pEvent)
 {
     switch (pEvent->type()) {
     case QEvent::MouseButtonPress:
+        m_blanks.leave();
         forget();
         break;
     case QEvent::InputMethod:
         if (takeComposed(static_cast<QInputMethodEvent *>(pEvent)))
             return true;
+        break;
+    case QEvent::ShortcutOverride:
+        if (static_cast<QKeyEvent *>(pEvent)->modifiers() & Qt::ControlModifier)
+            m_blanks.finish(); // A save may follow.
         break;
     case QEvent::KeyPress:
         if (takeKey(static_cast<QKeyEvent *>(pEvent)))
@@ -101,17 +116,58 @@ bool CPageTyping::eventFilter(QObject *pObject, QEvent *pEvent)
 
 bool CPageTyping::takeKey(const QKeyEvent *pEvent)
 {
-    if (isModifier(pEvent) || !m_pPage->page()->isContentEditable())
+    // While Control is held the page is not editable; AltGr may come as Control and Alt.
+    const bool bAltGr =
+        isTyped(pEvent) && pEvent->modifiers() & Qt::ControlModifier && m_pPage->isBodyEdited();
+    if (isModifier(pEvent) || (!m_pPage->page()->isContentEditable() && !bAltGr))
         return false;
-    if (isTyped(pEvent))
+    if (isTyped(pEvent)) {
+        m_blanks.type(pEvent->text());
         return takeText(pEvent->text());
+    }
+    m_blanks.press(pEvent->key());
     forget();
+    if (takeDeletion(pEvent))
+        return true;
     const bool bPlain = !(pEvent->modifiers() & ~Qt::KeypadModifier);
     if (bPlain && isEnter(pEvent))
         return takeEnter();
     if (bPlain && pEvent->key() == Qt::Key_Tab)
         return takeTab(false);
     return pEvent->key() == Qt::Key_Backtab && takeTab(true);
+}
+
+// Where a deletion joins paragraphs, the web view writes the looks of the one into the other.
+bool CPageTyping::takeDeletion(const QKeyEvent *pEvent)
+{
+    const bool bBack = pEvent->key() == Qt::Key_Backspace;
+    if ((!bBack && pEvent->key() != Qt::Key_Delete) || pEvent->modifiers() & ~Qt::KeypadModifier
+        || !joinsParagraphs(bBack))
+        return false;
+    const QString strCommand = bBack ? QStringLiteral("delete") : QStringLiteral("forwardDelete");
+    m_pPage->endStep();
+    changeUnstyled([this, strCommand] {
+        m_pPage->page()->mainFrame()->documentElement().evaluateJavaScript(
+            PageScript::execute(strCommand, QString()));
+    });
+    return true;
+}
+
+bool CPageTyping::joinsParagraphs(bool bBack) const
+{
+    return askPage(m_pPage, QStringLiteral("joins"), {{QStringLiteral("back"), bBack}})
+        .toMap()
+        .value(QStringLiteral("joins"))
+        .toBool();
+}
+
+// One step, without the styles that the web view adds meanwhile.
+void CPageTyping::changeUnstyled(const std::function<void()> &change)
+{
+    m_pPage->page()->undoStack()->beginMacro(QString());
+    m_pPage->runEditable(change);
+    runPageCommand(m_pPage, QStringLiteral("unstyle"));
+    m_pPage->page()->undoStack()->endMacro();
 }
 
 bool CPageTyping::takeEnter()
@@ -137,18 +193,61 @@ bool CPageTyping::takeTab(bool bBack)
 // elements.
 bool CPageTyping::takeText(const QString &strText)
 {
-    if (m_chosen.isEmpty() && !isFirstText())
+    const bool bFirst = isFirstText();
+    if (m_chosen.isEmpty() && !m_bFormatted && !bFirst)
         return false;
     QVariantList lstOn;
     QVariantList lstOff;
     for (auto it = m_chosen.cbegin(); it != m_chosen.cend(); ++it)
         (it.value() ? lstOn : lstOff).append(it.key());
-    const bool bDone = runInsteadOfSelection(m_pPage, QStringLiteral("type"),
-                                             {{QStringLiteral("text"), strText},
-                                              {QStringLiteral("on"), lstOn},
-                                              {QStringLiteral("off"), lstOff}});
+    const QVariantMap arguments {{QStringLiteral("text"), strText},
+                                 {QStringLiteral("length"), strText.size()},
+                                 {QStringLiteral("on"), lstOn},
+                                 {QStringLiteral("off"), lstOff}};
+    const bool bDone = bFirst ? runInsteadOfSelection(m_pPage, QStringLiteral("type"), arguments)
+                              : typeDressed(strText, arguments);
     forget();
     return bDone;
+}
+
+// The web view knows its own formats; what it writes for them is put right in the same step.
+bool CPageTyping::typeDressed(const QString &strText, const QVariantMap &arguments)
+{
+    askPage(m_pPage, QStringLiteral("formats"));
+    m_pPage->page()->undoStack()->beginMacro(QString());
+    m_pPage->runEditable([&] {
+        m_pPage->page()->mainFrame()->documentElement().evaluateJavaScript(
+            PageScript::execute(QStringLiteral("insertText"), strText));
+    });
+    runPageCommand(m_pPage, QStringLiteral("dress"), arguments);
+    m_pPage->page()->undoStack()->endMacro();
+    return true;
+}
+
+// Bold and italic are the web view's matter, but for the elements that this page writes for them.
+bool CPageTyping::takeFormat(QWebPage::WebAction action)
+{
+    if (action == QWebPage::Cut && m_pPage->isBodyEdited() && joinsParagraphs(true)) {
+        m_pPage->endStep();
+        changeUnstyled([=] { m_pPage->triggerPageAction(action, false); });
+        return true;
+    }
+    const bool bRespelled = action == QWebPage::ToggleBold || action == QWebPage::ToggleItalic;
+    if ((!bRespelled && action != QWebPage::ToggleUnderline) || !m_pPage->isBodyEdited())
+        return false;
+    const QVariantMap formats = askPage(m_pPage, QStringLiteral("formats")).toMap();
+    if (formats.value(QStringLiteral("caret")).toBool()) {
+        m_bFormatted = true;
+        return false;
+    }
+    if (!bRespelled || !formats.value(QStringLiteral("respelled")).toBool())
+        return false;
+    m_pPage->endStep();
+    m_pPage->page()->undoStack()->beginMacro(QString());
+    m_pPage->runEditable([=] { m_pPage->triggerPageAction(action, false); });
+    runPageCommand(m_pPage, QStringLiteral("respell"));
+    m_pPage->page()->undoStack()->endMacro();
+    return true;
 }
 
 bool CPageTyping::isFirstText() const
@@ -161,13 +260,15 @@ bool CPageTyping::isFirstText() const
 // What an input method has composed replaces its own letters.
 bool CPageTyping::takeComposed(const QInputMethodEvent *pEvent)
 {
-    if (m_chosen.isEmpty() || pEvent->commitString().isEmpty())
+    if ((m_chosen.isEmpty() && !m_bFormatted) || pEvent->commitString().isEmpty())
         return false;
     const QString strText = pEvent->commitString();
     const QHash<QString, bool> chosen = m_chosen;
+    const bool bFormatted = m_bFormatted;
     m_chosen.clear();
     QInputMethodEvent cancel;
     QCoreApplication::sendEvent(m_pPage, &cancel);
     m_chosen = chosen;
+    m_bFormatted = bFormatted;
     return takeText(strText);
 }

@@ -1,14 +1,22 @@
 #pragma once
 
+#include "pageedit/ctypedblanks.h"
+
 #include <QHash>
 #include <QObject>
+#include <QPointer>
+#include <QVariantMap>
+#include <QWebPage>
+
+#include <functional>
 
 class CEditWebView;
 class QInputMethodEvent;
 class QKeyEvent;
 
 // What keys mean in a page that is written: Enter in headings, items and quotations, Tab in items,
-// and the formats chosen for what is typed next. A child of the page, which it watches.
+// the formats chosen for what is typed next, and bold and italic letters in the page's own
+// elements. A child of the page, which it watches.
 class CPageTyping : public QObject
 {
     Q_OBJECT
@@ -16,6 +24,7 @@ class CPageTyping : public QObject
 public:
     // The one of the page; made at the first call.
     static CPageTyping *of(CEditWebView *pPage);
+    ~CPageTyping() override;
 
     // What is typed next at the caret has the format, or has it not; colours ("color",
     // "background-color") can only be taken off. Forgotten when the caret goes elsewhere.
@@ -35,14 +44,21 @@ protected:
 private:
     explicit CPageTyping(CEditWebView *pPage);
 
+    bool takeFormat(QWebPage::WebAction action);
     bool takeKey(const QKeyEvent *pEvent);
+    bool takeDeletion(const QKeyEvent *pEvent);
+    bool joinsParagraphs(bool bBack) const;
+    void changeUnstyled(const std::function<void()> &change);
     bool takeEnter();
     bool takeTab(bool bBack);
     bool takeText(const QString &strText);
+    bool typeDressed(const QString &strText, const QVariantMap &arguments);
     bool takeComposed(const QInputMethodEvent *pEvent);
     bool isFirstText() const;
     void forget();
 
-    CEditWebView *m_pPage;
+    QPointer<CEditWebView> m_pPage;
+    CTypedBlanks m_blanks;
     QHash<QString, bool> m_chosen; // By mark; "*": all of them.
+    bool m_bFormatted = false; // The web view has a format of its own for what is typed next.
 };

@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUndoStack>
+#include <QWebFrame>
 
 namespace {
 
@@ -67,10 +68,40 @@ void editPage(CEditWebView *pPage, const QString &strName, const QVariantMap &ar
     pPage->endStep();
 }
 
+void pastePlainText(CEditWebView *pPage, const QString &strText)
+{
+    pPage->page()->undoStack()->beginMacro(QString());
+    editPage(pPage, QStringLiteral("pastePlain"), {{QStringLiteral("text"), strText}});
+    runPageCommand(pPage, QStringLiteral("linePasted"));
+    pPage->page()->undoStack()->endMacro();
+}
+
 QVariant askPage(const CEditWebView *pPage, const QString &strName, const QVariantMap &arguments)
 {
     const QString strArguments =
         QStringLiteral("%1, %2").arg(scriptString(strName), asScript(arguments));
     const QVariant varAnswer = callPageLibrary(pPage, QStringLiteral("ask"), strArguments);
     return QJsonDocument::fromJson(varAnswer.toString().toUtf8()).toVariant();
+}
+
+bool isOwnPageEdited(const CEditWebView *pPage)
+{
+    return pPage->isBodyEdited() && pPage->showsOwnFile() && !pPage->isSourceShown();
+}
+
+QVariantMap pagePoint(const CEditWebView *pPage, const QPoint &point)
+{
+    const qreal dZoom = pPage->zoomFactor();
+    return {{QStringLiteral("x"), point.x() / dZoom}, {QStringLiteral("y"), point.y() / dZoom}};
+}
+
+QRect viewRect(const CEditWebView *pPage, const QVariant &varBox)
+{
+    const QVariantList lstBox = varBox.toList();
+    if (lstBox.size() != 4)
+        return QRect();
+    const qreal dZoom = pPage->zoomFactor();
+    const QRectF box(lstBox.at(0).toReal() * dZoom, lstBox.at(1).toReal() * dZoom,
+                     lstBox.at(2).toReal() * dZoom, lstBox.at(3).toReal() * dZoom);
+    return box.toRect().translated(-pPage->page()->mainFrame()->scrollPosition());
 }

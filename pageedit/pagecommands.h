@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPoint>
+#include <QRect>
 #include <QVariantMap>
 
 class CEditWebView;
@@ -25,6 +27,17 @@ bool runInsteadOfSelection(CEditWebView *pPage, const QString &strName,
 // Runs edits.NAME, which uses the web view's own editing, instead of what is selected: one step.
 void editPage(CEditWebView *pPage, const QString &strName, const QVariantMap &arguments);
 
+// Text instead of what is selected, each line a paragraph: one step.
+void pastePlainText(CEditWebView *pPage, const QString &strText);
+
 // The answer of queries.NAME; null where there is none. Changes nothing.
 QVariant askPage(const CEditWebView *pPage, const QString &strName,
                  const QVariantMap &arguments = QVariantMap());
+
+// True while the page's own file is edited, so that addresses leading from it may be written.
+bool isOwnPageEdited(const CEditWebView *pPage);
+
+// A point of the view as the scripts count, as arguments "x" and "y".
+QVariantMap pagePoint(const CEditWebView *pPage, const QPoint &point);
+// A script's box in the document (left, top, width, height) as it lies in the view; null for none.
+QRect viewRect(const CEditWebView *pPage, const QVariant &varBox);

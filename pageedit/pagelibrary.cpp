@@ -16,9 +16,11 @@ static void initScripts()
 namespace {
 
 // In this order: what a script uses at once stands before it.
-const char *const g_scripts[] = {"steps",    "dom",    "places",   "units", "blocks", "lists",
-                                 "layout",   "marks",  "links",    "head",  "paste",  "keys",
-                                 "pictures", "tables", "spelling", "state", "main"};
+const char *const g_scripts[] = {"steps",    "dom",    "places",      "units",        "blocks",
+                                 "lists",    "layout", "marks",       "formats",      "links",
+                                 "head",     "paste",  "blanks",      "keys",         "joins",
+                                 "pictures", "tables", "tablelayout", "tablecolumns", "wholetables",
+                                 "spelling", "state",  "main"};
 
 QString library()
 {

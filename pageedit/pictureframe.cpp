@@ -83,3 +83,9 @@ void paintFrame(QPainter *pPainter, const QRect &picture)
         pPainter->drawRect(handleAround(handle.point).adjusted(0, 0, -1, -1));
     pPainter->restore();
 }
+
+void paintDropPlace(QPainter *pPainter, const QRect &caret)
+{
+    pPainter->fillRect(caret.left() - 1, caret.top(), 2, caret.height(),
+                       QColor(QLatin1String(g_szFrameColor)));
+}

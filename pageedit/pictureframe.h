@@ -17,3 +17,5 @@ Qt::CursorShape cursorOf(PictureCorner corner);
 QRect resized(const QRect &picture, PictureCorner corner, const QPoint &point);
 
 void paintFrame(QPainter *pPainter, const QRect &picture);
+// A caret where a dragged picture would go.
+void paintDropPlace(QPainter *pPainter, const QRect &caret);

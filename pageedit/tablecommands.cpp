@@ -187,6 +187,20 @@ bool isWholeTable(const STableChange &change, const QString &strCommand)
 
 } // namespace
 
+QStringList possibleTableCommands(const CEditWebView *pPage, const QStringList &lstNames)
+{
+    QStringList lstPossible;
+    if (!pPage->isBodyEdited())
+        return lstPossible;
+    const STableChange table = tableAtCaret(pPage);
+    for (const QString &strName : lstNames) {
+        STableChange tried = table;
+        if (!table.selected.isEmpty() && (isWholeTable(table, strName) || change(&tried, strName)))
+            lstPossible.append(strName);
+    }
+    return lstPossible;
+}
+
 bool runTableCommand(CEditWebView *pPage, const QString &strCommand)
 {
     if (!pPage->isBodyEdited())

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class CEditWebView;
 
@@ -12,6 +12,9 @@ class CEditWebView;
 // "rowUp", "rowDown", "moveLeft", "moveRight": the row or column moves by one;
 // "merge", "split": the selected cells. False where it cannot be done: nothing has changed.
 bool runTableCommand(CEditWebView *pPage, const QString &strCommand);
+
+// Those of the names that would change something. Asks the page once.
+QStringList possibleTableCommands(const CEditWebView *pPage, const QStringList &lstNames);
 
 // The caret to the next or the previous cell; behind the last one in a new row. False outside of
 // tables.

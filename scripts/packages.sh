@@ -12,7 +12,7 @@ PACKAGES_DISPLAY="xvfb xauth openbox xdotool imagemagick x11-utils"
 # To run every test.
 PACKAGES_TEST="
 $PACKAGES_DISPLAY
-dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3 libcap2-bin e2fsprogs"
+dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3 libcap2-bin e2fsprogs tidy"
 
 # To check what no test program can: the layout and the faults that tools find in sources, what others
 # write (fuzzing), the Linux package, the Windows branches, the drawings.

@@ -177,7 +177,7 @@ void CEditWebView::onLoadFinished(bool bOk)
 {
     m_bLoadFailed = !bOk;
     const bool bTyped = keepTyped();
-    takeSource();
+    takeSource(bTyped);
     enterFrame(page()->mainFrame());
     followFrameset();
     m_bBaseSaved = !m_bModifiedBeforeLoad && !bTyped;

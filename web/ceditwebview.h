@@ -219,7 +219,9 @@ private:
     void pushSource(bool bQuick = false);
     void pushSourceSoon();
     bool changeSource(const QString &strSource);
-    void takeSource();
+    QString loadedSource() const;
+    QString readAnew(const QString &strSource) const;
+    void takeSource(bool bTyped);
     QString mergedSource(bool bQuick = false) const;
     QString sourceFor(const QUrl &urlFile, bool bQuick = false) const;
     QString editedSource() const;

@@ -22,8 +22,8 @@ void CEditWebView::startNewPage()
     }
 }
 
-// When a load has ended.
-void CEditWebView::takeSource()
+// What the page was made from, or is being made from; null where that is not known.
+QString CEditWebView::loadedSource() const
 {
     const SPageSource &source = safePage()->source();
     QString strSource = m_strGiven;
@@ -31,7 +31,22 @@ void CEditWebView::takeSource()
         strSource = source.strText;
     if (strSource.startsWith(QChar(QChar::ByteOrderMark)))
         strSource.remove(0, 1);
-    const QString strSerialised = toHtml();
+    return strSource;
+}
+
+// The source as the editor would show it.
+QString CEditWebView::readAnew(const QString &strSource) const
+{
+    if (!m_pReader)
+        m_pReader = std::make_unique<CPageReader>();
+    return m_pReader->serialised(strSource);
+}
+
+// When a load has ended. A page that was edited meanwhile is no base: its edits would be none.
+void CEditWebView::takeSource(bool bTyped)
+{
+    const QString strSource = loadedSource();
+    const QString strSerialised = bTyped && !strSource.isNull() ? readAnew(strSource) : toHtml();
     m_merge = CPageMerge(strSource.isNull() ? strSerialised : strSource, strSerialised);
     m_strMergedFrom.clear();
 }
@@ -42,14 +57,16 @@ QString CEditWebView::mergedSource(bool bQuick) const
     QString strNow = toHtml();
     if (strNow == m_strMergedFrom)
         return m_strMerged;
-    if (m_merge.serialised().isEmpty()) // Nothing was loaded yet.
-        return strNow;
+    if (m_merge.serialised().isEmpty()) { // The first load has not ended yet.
+        const QString strSource = loadedSource();
+        if (strSource.isNull())
+            return strNow;
+        m_merge = CPageMerge(strSource, readAnew(strSource));
+    }
     if (bQuick)
         return m_merge.merged(strNow, CPageMerge::Reader());
-    if (!m_pReader)
-        m_pReader = std::make_unique<CPageReader>();
-    m_strMerged = m_merge.merged(
-        strNow, [this](const QString &strSource) { return m_pReader->serialised(strSource); });
+    m_strMerged =
+        m_merge.merged(strNow, [this](const QString &strSource) { return readAnew(strSource); });
     m_strMergedFrom = strNow;
     return m_strMerged;
 }

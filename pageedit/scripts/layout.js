@@ -100,6 +100,8 @@ function putBlockAtCaret(e) {
     if (isText(e.previousSibling) && !e.previousSibling.data)
         remove(e.previousSibling);
     hoist(e);
+    if (isAlone(e))
+        ontoLine(e);
     [previousOf(e), nextOf(e)].forEach(function(br) {
         if (tag(br) == 'br')
             remove(br);

@@ -8,10 +8,7 @@ return {
         return record(id, function() { commands[name](args); });
     },
     ask: function(name, args) { return JSON.stringify(queries[name](args)); },
-    edit: function(name, args) {
-        edits[name](args);
-        return true;
-    },
+    edit: function(name, args) { return edits[name](args) !== false; },
     undo: undoStep,
     redo: redoStep
 };

@@ -180,13 +180,7 @@ commands.uncolor = function(args) {
     takeOutOfSelection(off.test, off.change);
 };
 
-// Typed at a caret for which formats were chosen: marks to be on, and what is to be off: marks,
-// "color", "background-color", "*" for all.
-commands.type = function(args) {
-    var r = selectedRange(), t = makeText(args.text);
-    if (!r)
-        return;
-    insertAtCaret(r, t);
+function dressText(t, args) {
     args.off.forEach(function(mark) {
         if (mark == '*')
             takeOutOf([t], hasOwnFormat, makePlain);
@@ -199,5 +193,15 @@ commands.type = function(args) {
         if (!closestTag(t, markTags[mark]))
             wrap([t], make(mark));
     });
+}
+
+// Typed at a caret for which formats were chosen: marks to be on, and what is to be off: marks,
+// "color", "background-color", "*" for all.
+commands.type = function(args) {
+    var r = selectedRange(), t = makeText(args.text);
+    if (!r)
+        return;
+    insertAtCaret(r, t);
+    dressText(t, args);
     caretAt(t, t.data.length);
 };

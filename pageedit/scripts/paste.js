@@ -1,9 +1,17 @@
 // What the web view's own editing does best: each call is a step of its own, which the caller joins.
 
+var pasted = []; // The first and the last block of what was pasted.
+
+function blockAtCaret() {
+    var r = selectedRange();
+    return r && closest(r.startContainer, isBlock);
+}
+
 // Each line is a paragraph, in preformatted text a line.
 edits.pastePlain = function(args) {
     var lines = args.text.split(/\r\n|\r|\n/), u = selectedUnits(1)[0], pre;
     pre = !!u && tag(u.element) == 'pre';
+    pasted = [blockAtCaret()];
     if (!pre)
         lines = lines.filter(function(line) { return /\S/.test(line); });
     lines.forEach(function(line, n) {
@@ -12,4 +20,15 @@ edits.pastePlain = function(args) {
         if (line)
             inDocument('execCommand', 'insertText', false, line);
     });
+    pasted.push(blockAtCaret());
+};
+
+// On lines of their own where the first of them stands on one: the web view writes no line ends.
+commands.linePasted = function() {
+    var n = pasted[0], line = n ? lineAt(n) : '';
+    if (!line || !pasted[1] || pasted[1].parentNode != n.parentNode)
+        return;
+    for (; n != pasted[1] && n.nextSibling; n = n.nextSibling)
+        if (isElement(n) && isElement(n.nextSibling))
+            insertLine(line, n.parentNode, n.nextSibling);
 };

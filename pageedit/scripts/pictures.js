@@ -112,3 +112,74 @@ commands.sizePicture = function(args) {
     if (e)
         sizePicture(e, args.width, args.height);
 };
+
+// What goes with a picture: a link or format that holds nothing else, and a figure with its caption.
+function movedWith(picture) {
+    var e = picture, p = e.parentNode;
+    for (; (!isBlock(p) && isAlone(e)) || tag(p) == 'picture'; p = e.parentNode)
+        e = p;
+    return tag(p) == 'figure' ? p : e;
+}
+
+// Where a picture may go: into text, not into itself.
+function dropRange(args, moved) {
+    var r = inDocument('caretRangeFromPoint', args.x, args.y), n = r && r.startContainer, block;
+    if (!r || !body().contains(n) || moved.contains(n))
+        return null;
+    block = isBlock(n) ? n : closest(n, isBlock) || body();
+    return /^(ul|ol|menu|dir|dl|table|thead|tbody|tfoot|tr|colgroup|hr)$/.test(tag(block))
+        || closest(n, keepsItsText) || closest(n, isField) ? null : r;
+}
+
+function isField(e) { return /^(button|option|input|audio|video|object|svg|iframe)$/.test(tag(e)); }
+
+// Whether the place is the one where the node stands already.
+function isBeside(r, e) {
+    var n = r.startContainer, at = r.startOffset;
+    if (isElement(n))
+        return n.childNodes[at] == e || (at > 0 && n.childNodes[at - 1] == e);
+    return (at == n.data.length && n.nextSibling == e) || (at == 0 && n.previousSibling == e);
+}
+
+// The caret where the selected picture would go, in the document; none where it cannot.
+queries.pictureDropPlace = function(args) {
+    var e = selectedPicture(), r = e && dropRange(args, movedWith(e)), box;
+    if (!r)
+        return {};
+    box = r.getClientRects()[0] || (isElement(r.startContainer) ? r.startContainer
+                                                               : r.startContainer.parentNode)
+                                       .getBoundingClientRect();
+    return { box: [box.left + pageXOffset, box.top + pageYOffset, 2, Math.max(box.height, 10)] };
+};
+
+// What a node leaves behind: one blank instead of two, no empty paragraph.
+function closeGap(before, after, block) {
+    if (isText(before) && isText(after) && / $/.test(before.data) && /^ /.test(after.data))
+        after.deleteData(0, 1);
+    if (block != body() && isEmpty(block) && (isParagraph(block) || tag(block) == 'div'))
+        removeLine(block);
+}
+
+// The selected picture to where it is dropped.
+commands.movePicture = function(args) {
+    var picture = selectedPicture(), e = picture && movedWith(picture);
+    var r = e && dropRange(args, e), block, sides;
+    if (!r || isBeside(r, e))
+        return;
+    block = closest(e.parentNode, isBlock) || body();
+    sides = [e.previousSibling, e.nextSibling];
+    if (isBlock(e) && !sides[0] && isBlank(sides[1]))
+        remove(sides[1]);
+    if (isBlock(e))
+        removeLine(e);
+    else
+        remove(e);
+    insertAtCaret(r, e);
+    if (isBlock(e))
+        hoist(e);
+    else if (e.parentNode == body() && hasBlock(body()) && !isText(e.previousSibling)
+             && !isText(e.nextSibling))
+        wrap([e], make('p'));
+    closeGap(sides[0], sides[1], block);
+    selectNode(picture);
+};

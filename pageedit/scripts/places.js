@@ -73,6 +73,16 @@ function caretInto(e) {
 
 function caretBehind(n) { caretAt(n.parentNode, indexOf(n) + 1); }
 
+// The first block of an empty page, which comes before the line end that the page has there.
+function ontoLine(e) {
+    var t = e.nextSibling, m = isBlank(t) && !e.previousSibling && /^[ \t]*\r?\n/.exec(t.data);
+    if (!m)
+        return;
+    insertLine(m[0], e.parentNode, e);
+    if (/\n/.test(t.data.slice(m[0].length)))
+        t.deleteData(0, m[0].length);
+}
+
 // Something inline where the caret is. The first one of a page begins a paragraph.
 function insertAtCaret(r, e) {
     var n = r.startContainer, br, t;
@@ -92,5 +102,5 @@ function insertAtCaret(r, e) {
     if (isText(t) && /[^ \u00a0]\u00a0$/.test(t.data))
         t.replaceData(t.data.length - 1, 1, ' ');
     if (e.parentNode == body() && isAlone(e))
-        wrap([e], make('p'));
+        ontoLine(wrap([e], make('p')));
 }

@@ -160,11 +160,14 @@ function asElement(u, name) {
     if (u.element)
         return u.element;
     var e = make(name || 'p');
-    if (!u.nodes.length) {
-        u.parent.appendChild(e);
+    if (u.nodes.every(isNothing)) {
+        u.parent.insertBefore(e, u.nodes[0] || null);
         e.appendChild(make('br'));
+        ontoLine(e);
         held.forEach(function(h) {
-            if (h.node == u.parent) {
+            if (h.node == u.parent || u.nodes.indexOf(h.node) >= 0 || u.nodes.indexOf(h.next) >= 0
+                || u.nodes.indexOf(h.last) >= 0) {
+                h.next = h.last = null;
                 h.node = e;
                 h.offset = 0;
             }

@@ -5,6 +5,7 @@
 
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QTimer>
 #include <QWebElement>
@@ -35,6 +36,7 @@ private slots:
     void otherFileOnAPage_opens();
     void pictureOnTheSource_opens();
     void pictureOnAText_opens();
+    void tableMenu_offersWhatCanBeDone();
 };
 
 void tst_pageobjects::openPage()
@@ -105,6 +107,37 @@ void tst_pageobjects::pictureOnAText_opens()
     m_pCase->window().openFile(m_pCase->file("a.txt", "text"));
     drop(m_pCase->editor()->viewport(), picture("a.png"));
     QTRY_COMPARE(m_pCase->tabs().count(), 2);
+}
+
+void tst_pageobjects::tableMenu_offersWhatCanBeDone()
+{
+    m_pCase->window().openFile(m_pCase->file(
+        "page.html", "<!DOCTYPE html><p>x</p><table><tr><td>one</td><td>two</td></tr></table>"));
+    QTRY_VERIFY(m_pCase->window().currentDocument().page() && body().contains("two"));
+    CEditWebView *pPage = m_pCase->window().currentDocument().page();
+    auto *pMenu = m_pCase->window().findChild<QMenu *>(QStringLiteral("menuTable"));
+    const auto enabled = [&](const QString &strSelector) {
+        if (!strSelector.isEmpty()) // Else what is selected.
+            pPage->page()->mainFrame()->documentElement().evaluateJavaScript(
+                QStringLiteral("getSelection().selectAllChildren(document.querySelector('%1'))")
+                    .arg(strSelector));
+        emit pMenu->aboutToShow();
+        QStringList lstEnabled;
+        for (const QAction *pAction : pMenu->actions())
+            if (pAction->isEnabled() && !pAction->isSeparator() && !pAction->data().isNull())
+                lstEnabled.append(pAction->data().toString());
+        return lstEnabled;
+    };
+    QCOMPARE(enabled("p"), QStringList());
+    const QStringList lstOne = enabled("td");
+    QVERIFY(lstOne.contains("rowBelow") && lstOne.contains("moveRight"));
+    QVERIFY(lstOne.contains("deleteRows") && lstOne.contains("deleteTable"));
+    for (const char *szOff : {"rowUp", "rowDown", "moveLeft", "merge", "split"})
+        QVERIFY2(!lstOne.contains(szOff), szOff);
+    pPage->page()->mainFrame()->documentElement().evaluateJavaScript(
+        QStringLiteral("(function(c) { getSelection().setBaseAndExtent(c[0].firstChild, 1, "
+                       "c[1].firstChild, 2); })(document.querySelectorAll('td'))"));
+    QVERIFY(enabled(QString()).contains("merge"));
 }
 
 QTEST_MAIN(tst_pageobjects)

@@ -55,6 +55,8 @@ private slots:
     void link_isMadeInItsDialog();
     void outline_leadsToTheHeading();
     void plainText_isPastedInParagraphs();
+    void plainText_standsOnLinesAsThePageDoes();
+    void clipboardWithoutText_hasNothingToPastePlain();
     void source_hasNoPageTools();
 };
 
@@ -241,6 +243,29 @@ void tst_pagetools::plainText_isPastedInParagraphs()
     QCOMPARE(view()->page()->undoStack()->index(), nSteps + 1);
     m_pCase->window().on_actionUndo_triggered();
     QCOMPARE(body(), QStringLiteral("<p>one <b>two</b></p>\n"));
+}
+
+void tst_pagetools::plainText_standsOnLinesAsThePageDoes()
+{
+    openPage("\n  <p>one</p>\n  <p>two</p>\n");
+    select("p");
+    QApplication::clipboard()->setText(QStringLiteral("a\nb\nc"));
+    QTRY_VERIFY(m_pCase->action("actionPaste_Plain")->isEnabled());
+    m_pCase->action("actionPaste_Plain")->trigger();
+    QVERIFY2(
+        view()->htmlForSaving().contains("\n  <p>a</p>\n  <p>b</p>\n  <p>c</p>\n  <p>two</p>\n"),
+        view()->htmlForSaving());
+}
+
+void tst_pagetools::clipboardWithoutText_hasNothingToPastePlain()
+{
+    openPage("<p>one</p>");
+    select("p");
+    QApplication::clipboard()->setText(QStringLiteral("x"));
+    QTRY_VERIFY(m_pCase->action("actionPaste_Plain")->isEnabled());
+    QApplication::clipboard()->setImage(QImage(3, 3, QImage::Format_RGB32));
+    QTRY_VERIFY(!m_pCase->action("actionPaste_Plain")->isEnabled());
+    QVERIFY(m_pCase->action("actionClear_Formatting")->isEnabled());
 }
 
 void tst_pagetools::source_hasNoPageTools()

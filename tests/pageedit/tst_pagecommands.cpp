@@ -4,7 +4,9 @@
 #include "pageedit/pagecommands.h"
 #include "pageedit/tablecommands.h"
 #include "web/cpagereader.h"
+#include "web/xmlcheck.h"
 
+#include <QRegularExpression>
 #include <QUndoStack>
 
 Q_DECLARE_METATYPE(SPageCase)
@@ -20,11 +22,13 @@ private:
     CPageReader m_reader;
     void open(const SPageCase &pageCase);
     QString shown(const SPageCase &pageCase) const;
+    bool runCase(const SPageCase &pageCase);
     void checkSaving(const QString &strBefore);
 
 private slots:
     void command_makesWhatAPersonWouldWrite_data();
     void command_makesWhatAPersonWouldWrite();
+    void xhtml_staysWellFormed();
     void steps_standBetweenThoseOfTyping();
     void undoToTheFile_clearsTheFlag();
 };
@@ -34,6 +38,21 @@ namespace {
 bool isWhole(const SPageCase &pageCase)
 {
     return pageCase.strBefore.startsWith(QLatin1String("<html"));
+}
+
+QString asXhtml(const SPageCase &pageCase)
+{
+    static const QRegularExpression s_regExpVoid(
+        QStringLiteral("<(br|hr|img|col|meta|link|input)([^>]*?) ?/?>"));
+    QString strHtml = isWhole(pageCase)
+        ? pageCase.strBefore
+        : QStringLiteral("<html><head><title>x</title></head><body>%1</body></html>")
+              .arg(pageCase.strBefore);
+    strHtml.replace(s_regExpVoid, QStringLiteral("<\\1\\2 />"));
+    strHtml.replace(QLatin1String("&nbsp;"), QLatin1String("&#160;"));
+    strHtml.replace(QLatin1String("<html"),
+                    QLatin1String("<html xmlns=\"http://www.w3.org/1999/xhtml\""));
+    return QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n") + strHtml;
 }
 
 // The file with another result for one case.
@@ -99,10 +118,7 @@ void tst_pagecommands::command_makesWhatAPersonWouldWrite()
     open(pageCase);
     const QString strSource = m_pView->toHtml();
     const QString strBefore = shown(pageCase);
-    const QString strTable = QStringLiteral("table.");
-    const bool bChanged = pageCase.strCommand.startsWith(strTable)
-        ? runTableCommand(m_pView, pageCase.strCommand.mid(strTable.size()))
-        : runPageCommand(m_pView, pageCase.strCommand, pageCase.arguments);
+    const bool bChanged = runCase(pageCase);
     const QString strAfter = shown(pageCase);
     QCOMPARE(bChanged, strAfter != strBefore);
     QCOMPARE(m_pView->page()->undoStack()->count(), bChanged ? 1 : 0);
@@ -121,6 +137,38 @@ void tst_pagecommands::command_makesWhatAPersonWouldWrite()
     }
     const bool bMarks = pageCase.strAfter != withoutMarks(pageCase.strAfter);
     QCOMPARE(bMarks ? strMarked : strAfter, pageCase.strAfter);
+}
+
+bool tst_pagecommands::runCase(const SPageCase &pageCase)
+{
+    const QString strTable = QStringLiteral("table.");
+    return pageCase.strCommand.startsWith(strTable)
+        ? runTableCommand(m_pView, pageCase.strCommand.mid(strTable.size()))
+        : runPageCommand(m_pView, pageCase.strCommand, pageCase.arguments);
+}
+
+// All cases that a page in XML can hold, in one.
+void tst_pagecommands::xhtml_staysWellFormed()
+{
+    int nTried = 0;
+    for (SPageCase pageCase : allPageCases()) {
+        pageCase.strBefore = asXhtml(pageCase);
+        m_strSource = withoutMarks(pageCase.strBefore);
+        if (!isWellFormedXml(m_strSource))
+            continue;
+        set(pageCase.strBefore);
+        const QString strPlaces = takeMarks(m_pView);
+        set(m_strSource);
+        selectPlaces(m_pView, strPlaces);
+        if (!runCase(pageCase))
+            continue;
+        ++nTried;
+        const QString strSaved = QString::fromUtf8(m_pView->htmlForSaving());
+        QVERIFY2(isWellFormedXml(strSaved),
+                 qPrintable(pageCase.strName + QLatin1Char('\n') + strSaved));
+        QCOMPARE(comparablePage(m_reader.serialised(strSaved)), comparablePage(m_pView->toHtml()));
+    }
+    QVERIFY2(nTried > 100, qPrintable(QString::number(nTried)));
 }
 
 void tst_pagecommands::steps_standBetweenThoseOfTyping()

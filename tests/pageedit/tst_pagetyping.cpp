@@ -32,6 +32,7 @@ private slots:
     void chosenFormat_isForgottenWhenTheCaretMoves();
     void chosenFormat_holdsForComposedText();
     void fieldsOfForms_keepTheirKeys();
+    void firstLetterByAltGr_isAParagraph();
 };
 
 void tst_pagetyping::open(const QString &strMarked)
@@ -164,6 +165,18 @@ void tst_pagetyping::fieldsOfForms_keepTheirKeys()
     QVERIFY(!runPageCommand(m_pView, QStringLiteral("enter")));
     QVERIFY(
         !askPage(m_pView, QStringLiteral("keys")).toMap().value(QStringLiteral("item")).toBool());
+}
+
+// Where AltGr comes as Control and Alt.
+void tst_pagetyping::firstLetterByAltGr_isAParagraph()
+{
+    open(QStringLiteral("|"));
+    QTest::keyPress(m_pView, Qt::Key_Control, Qt::ControlModifier);
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
+    QCoreApplication::sendEvent(m_pView, &key);
+    QTest::keyRelease(m_pView, Qt::Key_Control);
+    type(QStringLiteral("x"));
+    QCOMPARE(body(), QStringLiteral("<p>@x</p>"));
 }
 
 QTEST_MAIN(tst_pagetyping)

@@ -1,9 +1,11 @@
 #include "pagecases.h"
 #include "support/files.h"
 
+#include "pageedit/cdlgpicture.h"
 #include "pageedit/cpagepictures.h"
 #include "pageedit/fileaddress.h"
 #include "pageedit/picturefiles.h"
+#include "pageedit/pictureframe.h"
 
 #include <QClipboard>
 #include <QDropEvent>

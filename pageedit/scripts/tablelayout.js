@@ -1,0 +1,111 @@
+// Rows and cells of a table as they are to be: those that stay are moved, not made again.
+
+// The places stay with their line ends; other elements come into them.
+function permute(olds, news) {
+    var markers = olds.map(function(e) {
+        var m = makeText('');
+        before(e, m);
+        return m;
+    });
+    news.forEach(function(e, i) { before(markers[i], e); });
+    markers.forEach(remove);
+}
+
+// Makes the children of a parent that are in the first list those of the second one.
+function putChildren(parent, olds, news) {
+    var staying = olds.filter(function(e) { return news.indexOf(e) >= 0; });
+    var ordered = news.filter(function(e) { return olds.indexOf(e) >= 0; });
+    olds.forEach(function(e) {
+        if (news.indexOf(e) < 0)
+            removeLine(e);
+    });
+    if (staying.some(function(e, i) { return e != ordered[i]; }))
+        permute(staying, ordered);
+    news.forEach(function(e, i) {
+        var last = news[i - 1], line;
+        if (olds.indexOf(e) >= 0)
+            return;
+        if (last) {
+            line = lineAt(last);
+            after(last, e);
+            insertLine(line, parent, e);
+        } else if (ordered[0]) {
+            line = lineAt(ordered[0]);
+            before(ordered[0], e);
+            insertLine(line, parent, ordered[0]);
+        } else {
+            parent.appendChild(e);
+        }
+    });
+}
+
+function makeCell(isHeader) { return make(isHeader ? 'th' : 'td'); }
+
+// A new cell of an old row: a header where the whole row is one.
+function cellsFor(row, spec, cells) {
+    var isHeader = isHeaderRow(row);
+    return spec.cells.map(function(c) { return c.id >= 0 ? cells[c.id] : makeCell(isHeader); });
+}
+
+// A new row has headers where the row beside it has them, but is no header row of a body.
+function makeRow(spec, like) {
+    var row = make('tr'), head = tag(like.parentNode) == 'thead', plain = isHeaderRow(like) && !head;
+    var line = like.cells[0] ? lineAt(like.cells[0]) : '';
+    spec.cells.forEach(function(c, i) {
+        insertLine(line, row);
+        row.appendChild(makeCell(head || (!plain && tag(like.cells[i]) == 'th')));
+    });
+    if (line)
+        insertLine(lineAt(like), row);
+    return row;
+}
+
+function setSpan(cell, name, count) {
+    if (cell.getAttribute(name) != count && (count > 1 || cell.hasAttribute(name)))
+        setAttribute(cell, name, count > 1 ? String(count) : '');
+}
+
+function moveContent(from, to) {
+    if (isEmpty(from))
+        return;
+    if (isEmpty(to))
+        kids(to).forEach(remove);
+    else if (!hasBlock(to) && !hasBlock(from))
+        to.appendChild(make('br'));
+    moveAll(kids(from), to);
+}
+
+// rows: as they are to be, by the numbers of queries.table, -1 for new ones; into, merged: a cell
+// and those whose content it takes; caret: row and place in it of the cell for the caret.
+commands.layoutTable = function(args) {
+    var table = selectedTable(), rows = rowsOf(table), cells = allCells(table), sections = [], made;
+    rows.forEach(function(row) {
+        if (sections.indexOf(row.parentNode) < 0)
+            sections.push(row.parentNode);
+    });
+    keepSelection(function() {
+        (args.merged || []).forEach(function(id) { moveContent(cells[id], cells[args.into]); });
+        made = args.rows.map(function(spec, i) {
+            var near = args.rows[i - 1] && args.rows[i - 1].group == spec.group ? args.rows[i - 1]
+                                                                               : args.rows[i + 1];
+            return spec.id >= 0 ? rows[spec.id] : makeRow(spec, rows[near.id]);
+        });
+        sections.forEach(function(section, group) {
+            putChildren(section, rows.filter(function(r) { return r.parentNode == section; }),
+                        made.filter(function(r, i) { return args.rows[i].group == group; }));
+            if (!section.rows || (!section.rows.length && section != table))
+                removeLine(section);
+        });
+        args.rows.forEach(function(spec, i) {
+            if (spec.id >= 0)
+                putChildren(made[i], cellsOf(made[i]), cellsFor(made[i], spec, cells));
+            spec.cells.forEach(function(c, j) {
+                setSpan(made[i].cells[j], 'colspan', c.columns);
+                setSpan(made[i].cells[j], 'rowspan', c.rows);
+            });
+        });
+        layoutColumns(table, args.columns);
+    });
+    if (args.caret && made[args.caret[0]])
+        caretInto(made[args.caret[0]].cells[args.caret[1]]);
+};
