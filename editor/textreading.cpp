@@ -18,7 +18,7 @@ qint64 bytesOfLightLines()
     return unitsOfLightLines(g_nHeaviestLineUnasked);
 }
 
-bool isLineEnd(char c)
+bool endsLine(char c)
 {
     return c == '\n' || c == '\r';
 }
@@ -31,7 +31,7 @@ bool mayHoldHeavyLine(const QByteArray &bytes)
         return true;
     const auto end = bytes.cend();
     for (auto it = bytes.cbegin(); end - it > bytesOfLightLines();) {
-        const auto lineEnd = std::find_if(it, end, isLineEnd);
+        const auto lineEnd = std::find_if(it, end, endsLine);
         if (lineEnd - it > bytesOfLightLines())
             return true;
         it = lineEnd == end ? end : lineEnd + 1;

@@ -340,7 +340,7 @@ private slots:
     void oldFile_isKnownByItsTimes()
     {
         const SFileContent content =
-            readFile(QCoreApplication::applicationFilePath(), {g_nMaxReadable, 1, {}});
+            readFile(QCoreApplication::applicationFilePath(), {g_nMaxReadable, 1, {}, {}});
         QVERIFY(content.isWhole());
         if (isFresh(content.state))
             QSKIP("This program was built a moment ago.");
