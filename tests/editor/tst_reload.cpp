@@ -1,15 +1,13 @@
 #include "editor/chighlightedit.h"
+#include "support/boxanswer.h"
 #include "tests/editor/withsettings.h"
 
 #include <QFile>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
-#include <QTimer>
 
 namespace {
 
@@ -19,43 +17,6 @@ void writeFile(const QString &strPath, const QByteArray &data)
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(data), qint64(data.size()));
 }
-
-// Answers the next message box and remembers what it said.
-class BoxAnswerer : public QObject
-{
-public:
-    BoxAnswerer()
-    {
-        connect(&m_timer, &QTimer::timeout, this, &BoxAnswerer::answer);
-        m_timer.start(1);
-    }
-
-    int m_nBoxes = 0;
-    QString m_strTitle;
-    QString m_strText;
-    int m_nIcon = 0;
-    Qt::TextFormat m_format = Qt::RichText;
-    QList<QMessageBox::StandardButton> m_lstButtons;
-
-private:
-    void answer()
-    {
-        auto *pBox = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!pBox)
-            return;
-        ++m_nBoxes;
-        m_strTitle = pBox->windowTitle();
-        m_strText = pBox->text();
-        m_nIcon = pBox->icon();
-        m_format = pBox->textFormat();
-        const QList<QAbstractButton *> lstButtons = pBox->buttons();
-        for (QAbstractButton *pButton : lstButtons)
-            m_lstButtons.append(pBox->standardButton(pButton));
-        lstButtons.first()->click();
-    }
-
-    QTimer m_timer;
-};
 
 QByteArray numberedLines(int nCount)
 {
@@ -193,14 +154,15 @@ void tst_reload::reload_ofAMissingFile_showsItsBoxAndKeepsTheText()
 {
     m_pEdit->setPathFileName(m_strPath);
     m_pEdit->insertPlainText(QStringLiteral("kept"));
-    BoxAnswerer answerer;
+    const CBoxAnswer answer;
     m_pEdit->reload();
-    QCOMPARE(answerer.m_nBoxes, 1);
-    QCOMPARE(answerer.m_nIcon, int(QMessageBox::Critical));
-    QCOMPARE(answerer.m_format, Qt::PlainText); // A file's name is no markup.
-    QCOMPARE(answerer.m_strTitle, QStringLiteral("Fail to open file"));
-    QCOMPARE(answerer.m_strText, QStringLiteral("Fail to open file(%1).").arg(m_strPath));
-    QCOMPARE(answerer.m_lstButtons, QList<QMessageBox::StandardButton> {QMessageBox::Ok});
+    QCOMPARE(answer.boxes().size(), 1);
+    QCOMPARE(answer.boxes().first().icon, QMessageBox::Critical);
+    QCOMPARE(answer.boxes().first().format, Qt::PlainText); // A file's name is no markup.
+    QCOMPARE(answer.boxes().first().strTitle, QStringLiteral("Fail to open file"));
+    QCOMPARE(answer.boxes().first().strText,
+             QStringLiteral("Fail to open file(%1).").arg(m_strPath));
+    QCOMPARE(answer.boxes().first().buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("kept"));
     QVERIFY(m_pEdit->isModified());
 }
@@ -209,9 +171,9 @@ void tst_reload::reload_ofAFolder_showsItsBoxAndKeepsTheText()
 {
     m_pEdit->setPathFileName(m_pFolder->path());
     m_pEdit->insertPlainText(QStringLiteral("kept"));
-    BoxAnswerer answerer;
+    const CBoxAnswer answer;
     m_pEdit->reload();
-    QCOMPARE(answerer.m_nBoxes, 1);
+    QCOMPARE(answer.boxes().size(), 1);
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("kept"));
 }
 
@@ -257,13 +219,14 @@ void tst_reload::refresh_ofAMissingFile_showsItsBoxAndKeepsTheText()
 {
     m_pEdit->setPathFileName(m_strPath);
     m_pEdit->insertPlainText(QStringLiteral("kept"));
-    BoxAnswerer answerer;
+    const CBoxAnswer answer;
     m_pEdit->onRefresh();
-    QCOMPARE(answerer.m_nBoxes, 1);
-    QCOMPARE(answerer.m_nIcon, int(QMessageBox::Critical));
-    QCOMPARE(answerer.m_format, Qt::PlainText); // A file's name is no markup.
-    QCOMPARE(answerer.m_strTitle, QStringLiteral("Fail to open file"));
-    QCOMPARE(answerer.m_strText, QStringLiteral("Cannot open file(%1).").arg(m_strPath));
+    QCOMPARE(answer.boxes().size(), 1);
+    QCOMPARE(answer.boxes().first().icon, QMessageBox::Critical);
+    QCOMPARE(answer.boxes().first().format, Qt::PlainText); // A file's name is no markup.
+    QCOMPARE(answer.boxes().first().strTitle, QStringLiteral("Fail to open file"));
+    QCOMPARE(answer.boxes().first().strText,
+             QStringLiteral("Cannot open file(%1).").arg(m_strPath));
     QCOMPARE(m_pEdit->toPlainText(), QStringLiteral("kept"));
 }
 

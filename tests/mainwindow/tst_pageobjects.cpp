@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QTimer>
 #include <QWebElement>
 #include <QWebFrame>
 
@@ -71,14 +70,10 @@ void tst_pageobjects::drop(QWidget *pTarget, const QString &strFile)
 void tst_pageobjects::pictureOnAPage_goesIntoIt()
 {
     openPage();
-    QTimer timer;
-    connect(&timer, &QTimer::timeout, this, [] {
-        if (auto *pDialog = qobject_cast<CDlgPicture *>(QApplication::activeModalWidget())) {
-            pDialog->findChild<QLineEdit *>(QStringLiteral("editAlt"))->setText("blue");
-            pDialog->accept();
-        }
+    const CModalAnswer<CDlgPicture> answer([](CDlgPicture *pDialog) {
+        pDialog->findChild<QLineEdit *>(QStringLiteral("editAlt"))->setText("blue");
+        pDialog->accept();
     });
-    timer.start(20);
     drop(m_pCase->window().currentDocument().page(), picture("a.png"));
     QTRY_VERIFY(body().contains("<img src=\"a.png\" alt=\"blue\" width=\"12\" height=\"8\">"));
     QCOMPARE(m_pCase->tabs().count(), 1);

@@ -7,6 +7,7 @@
 #include "editor/cdlggo.h"
 #include "editor/chighlightedit.h"
 #include "mainwindow/mainwindow.h"
+#include "tests/support/boxanswer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,10 +20,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTimer>
 
 namespace {
 
@@ -75,10 +73,8 @@ QJsonObject dialogTexts(const QWidget *pDialog)
 QJsonObject closeBoxTexts(MainWindow *pWindow)
 {
     QJsonObject texts;
-    QTimer::singleShot(0, pWindow, [&texts] {
-        auto *pBox = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!pBox)
-            return;
+    const CBoxAnswer answer({QMessageBox::Cancel}, [&texts] {
+        const auto *pBox = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         texts.insert(QStringLiteral("title"), pBox->windowTitle());
         texts.insert(QStringLiteral("text"), pBox->text());
         for (const auto &[strKey, button] :
@@ -87,7 +83,6 @@ QJsonObject closeBoxTexts(MainWindow *pWindow)
               std::pair(QStringLiteral("cancel"), QMessageBox::Cancel)})
             if (pBox->button(button))
                 texts.insert(strKey, pBox->button(button)->text());
-        pBox->button(QMessageBox::Cancel)->click();
     });
     pWindow->currentDocument().editor()->setModified(true);
     pWindow->onTabCloseRequested(0);

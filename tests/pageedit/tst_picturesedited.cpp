@@ -1,4 +1,5 @@
 #include "pagecases.h"
+#include "support/boxanswer.h"
 #include "support/files.h"
 
 #include "pageedit/cdlgpicture.h"
@@ -75,21 +76,15 @@ private:
                                      .toList();
         return {lst.at(0).toInt(), lst.at(1).toInt(), lst.at(2).toInt(), lst.at(3).toInt()};
     }
-    // Fills in the dialog that comes next and accepts it.
-    void answer(const QString &strAlt)
+    // Fills in the dialogs that come while its result lives and accepts them.
+    CModalAnswer<CDlgPicture> answerWith(const QString &strAlt)
     {
         m_nAnswered = 0;
-        auto *pTimer = new QTimer(this);
-        connect(pTimer, &QTimer::timeout, this, [=] {
-            auto *pDialog = qobject_cast<CDlgPicture *>(QApplication::activeModalWidget());
-            if (!pDialog)
-                return;
+        return CModalAnswer<CDlgPicture>([=](CDlgPicture *pDialog) {
             pDialog->findChild<QLineEdit *>("editAlt")->setText(strAlt);
             ++m_nAnswered;
-            pTimer->deleteLater();
             pDialog->accept();
         });
-        pTimer->start(10);
     }
     bool drop(const QStringList &lstFiles, const QPoint &point)
     {
@@ -250,7 +245,7 @@ void tst_picturesedited::click_selectsAndCornerResizes()
 void tst_picturesedited::doubleClick_asksForProperties()
 {
     open("<p>|<img src=\"a.png\" alt=\"A\"></p>");
-    answer("B");
+    const auto answer = answerWith("B");
     QTest::mouseDClick(m_pView, Qt::LeftButton, Qt::NoModifier, box().center());
     QTRY_COMPARE(m_nAnswered, 1);
     QTRY_COMPARE(body(), QStringLiteral("<p><img src=\"a.png\" alt=\"B\"></p>"));
@@ -262,7 +257,7 @@ void tst_picturesedited::dropOfPictures_insertsThem()
     const QPoint first(
         run(m_pView, "document.querySelector('p').getBoundingClientRect().left").toInt() + 300,
         run(m_pView, "document.querySelector('p').getBoundingClientRect().top").toInt() + 5);
-    answer("A & \"B\"");
+    const auto answer = answerWith("A & \"B\"");
     QVERIFY(drop({m_pCase->path("site/a.png")}, first));
     QTRY_COMPARE(body(),
                  QStringLiteral("<p>one<img src=\"a.png\" alt=\"A &amp; &quot;B&quot;\" "
@@ -294,7 +289,7 @@ void tst_picturesedited::pasteOfAPicture_storesItBesideThePage()
     image.fill(Qt::red);
     QGuiApplication::clipboard()->setImage(image);
     for (int n = 1; n <= 2; ++n) {
-        answer(QString());
+        const auto answer = answerWith(QString());
         m_pView->triggerEdit(QWebPage::Paste);
         QCOMPARE(m_nAnswered, 1);
         QCOMPARE(QImage(m_pCase->path(QStringLiteral("site/page-%1.png").arg(n))).size(),
@@ -339,7 +334,7 @@ void tst_picturesedited::outsidePicture_isCopiedBesideThePage()
     QVERIFY(loadAndWait(m_pView, strPage));
     m_pView->setFilePath(strPage);
     selectElement(m_pView, "p");
-    answer("A");
+    const auto answer = answerWith("A");
     m_pPictures->insertFiles({makePicture("b.png")});
     QCOMPARE(body(),
              QStringLiteral("<p>one<img src=\"b.png\" alt=\"A\" width=\"40\" height=\"20\"></p>"));

@@ -10,6 +10,25 @@
 #include <functional>
 #include <utility>
 
+// Hands every modal dialog of one kind that stands while the object lives to a function, which
+// answers it.
+template<class Dialog> class CModalAnswer
+{
+public:
+    explicit CModalAnswer(std::function<void(Dialog *)> fnAnswer)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, [fnAnswer = std::move(fnAnswer)] {
+            auto *pDialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+            if (pDialog && pDialog->isVisible())
+                fnAnswer(pDialog);
+        });
+        m_timer.start(5);
+    }
+
+private:
+    QTimer m_timer;
+};
+
 // What a message box said.
 struct SBox
 {
@@ -22,7 +41,7 @@ struct SBox
 };
 
 // Answers every message box that opens while the object lives with the next of the given buttons
-// (the last one again and again) and keeps what each said.
+// (the last one again and again) and keeps what each said. All tests answer boxes with it.
 class CBoxAnswer
 {
 public:
@@ -31,18 +50,13 @@ public:
                         std::function<void()> fnMeanwhile = {})
         : m_lstAnswers(std::move(lstAnswers)), m_fnMeanwhile(std::move(fnMeanwhile))
     {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
-        m_timer.start(5);
     }
 
     const QList<SBox> &boxes() const { return m_lstBoxes; }
 
 private:
-    void answer()
+    void answer(QMessageBox *pBox)
     {
-        auto *pBox = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!pBox || !pBox->isVisible())
-            return;
         const auto defaultButton = pBox->defaultButton()
             ? pBox->standardButton(pBox->defaultButton())
             : QMessageBox::NoButton;
@@ -57,29 +71,22 @@ private:
     QList<QMessageBox::StandardButton> m_lstAnswers;
     std::function<void()> m_fnMeanwhile;
     QList<SBox> m_lstBoxes;
-    QTimer m_timer;
+    CModalAnswer<QMessageBox> m_modal {[this](QMessageBox *pBox) { answer(pBox); }};
 };
 
 // Chooses files in the file dialogs that open while the object lives; an empty list cancels.
 class CFileDialogAnswer
 {
 public:
-    explicit CFileDialogAnswer(QStringList lstFiles) : m_lstFiles(std::move(lstFiles))
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
-        m_timer.start(5);
-    }
+    explicit CFileDialogAnswer(QStringList lstFiles) : m_lstFiles(std::move(lstFiles)) { }
 
     QString caption() const { return m_strCaption; }
     QString directory() const { return m_strDirectory; }
     QStringList nameFilters() const { return m_lstFilters; }
 
 private:
-    void answer()
+    void answer(QFileDialog *pDialog)
     {
-        auto *pDialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!pDialog || !pDialog->isVisible())
-            return;
         m_strCaption = pDialog->windowTitle();
         m_strDirectory = pDialog->directory().absolutePath();
         m_lstFilters = pDialog->nameFilters();
@@ -101,5 +108,5 @@ private:
     QString m_strCaption;
     QString m_strDirectory;
     QStringList m_lstFilters;
-    QTimer m_timer;
+    CModalAnswer<QFileDialog> m_modal {[this](QFileDialog *pDialog) { answer(pDialog); }};
 };

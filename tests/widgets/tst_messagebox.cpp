@@ -1,8 +1,6 @@
+#include "support/boxanswer.h"
 #include "widgets/messagebox.h"
 
-#include <QApplication>
-#include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
 class tst_messagebox : public QObject
@@ -13,22 +11,21 @@ private slots:
     void box_takesNoMarkupAndHasRoomForItsTitle()
     {
         const QString strTitle = QString("a title that is longer than what it stands for");
-        bool bSeen = false;
-        QTimer timer;
-        connect(&timer, &QTimer::timeout, this, [&] {
-            auto *pBox = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (!pBox || !pBox->isVisible())
-                return;
-            bSeen = pBox->text() == "<b>x</b>" && pBox->textFormat() == Qt::PlainText
-                && pBox->windowTitle() == strTitle && pBox->icon() == QMessageBox::Warning
-                && pBox->width() > pBox->fontMetrics().horizontalAdvance(strTitle);
-            pBox->button(QMessageBox::No)->click();
+        bool bHasRoom = false;
+        const CBoxAnswer boxes({QMessageBox::No}, [&] {
+            const auto *pBox = QApplication::activeModalWidget();
+            bHasRoom = pBox->width() > pBox->fontMetrics().horizontalAdvance(strTitle);
         });
-        timer.start(5);
         const auto answer = showMessage(nullptr, QMessageBox::Warning, strTitle, "<b>x</b>",
                                         QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
-        QVERIFY(bSeen);
         QCOMPARE(answer, QMessageBox::No);
+        QCOMPARE(boxes.boxes().size(), 1);
+        const SBox &box = boxes.boxes().first();
+        QCOMPARE(box.strText, QString("<b>x</b>"));
+        QCOMPARE(box.format, Qt::PlainText);
+        QCOMPARE(box.strTitle, strTitle);
+        QCOMPARE(box.icon, QMessageBox::Warning);
+        QVERIFY(bHasRoom);
     }
 };
 
