@@ -225,6 +225,7 @@ private slots:
             // In place, the file is touched as soon as the note about its copy is there.
             while (bInPlace && writer.state() == QProcess::Running && !hasNote())
                 writer.waitForFinished(0);
+            // Each time at another moment of the writing.
             QThread::usleep(ulong(n) * (bInPlace ? 40 : 400));
             writer.kill();
             QVERIFY(writer.state() == QProcess::NotRunning || writer.waitForFinished());

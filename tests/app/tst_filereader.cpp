@@ -38,6 +38,25 @@ bool overwrite(const QString &strPath, const QByteArray &bytes)
     return bDone;
 }
 
+// True once the file system's clock has gone on since the file was written, so that a change shows
+// in its times.
+bool awaitTickAfter(const QString &strPath)
+{
+    return QTest::qWaitFor([&strPath] {
+        const QString strProbe = strPath + ".probe";
+        put(strProbe, "now");
+        struct stat file = {};
+        struct stat probe = {};
+        const bool bKnown = stat(nameOf(strPath).constData(), &file) == 0
+            && stat(nameOf(strProbe).constData(), &probe) == 0;
+        QFile::remove(strProbe);
+        const auto newer = [](const timespec &a, const timespec &b) {
+            return a.tv_sec > b.tv_sec || (a.tv_sec == b.tv_sec && a.tv_nsec > b.tv_nsec);
+        };
+        return bKnown && newer(probe.st_mtim, file.st_mtim) && newer(probe.st_ctim, file.st_ctim);
+    });
+}
+
 QByteArray pattern(int nSize)
 {
     QByteArray bytes(nSize, '\0');
@@ -237,7 +256,7 @@ private slots:
     {
         QFETCH(QByteArray, after);
         put(path("file"), QByteArray(3 << 20, 'o'));
-        QTest::qSleep(20); // More than a tick of the file system's clock.
+        QVERIFY(awaitTickAfter(path("file")));
         bool bChanged = false;
         SReadLimits limits;
         limits.progress = [&](qint64, qint64) {
@@ -353,7 +372,7 @@ private slots:
         put(path("file"), "bytes");
         SFileState state = readFile(path("file")).state;
         state.bFresh = false;
-        QTest::qSleep(20); // More than a tick.
+        QVERIFY(awaitTickAfter(path("file")));
         QVERIFY(chmod(nameOf(path("file")).constData(), 0755) == 0);
         QVERIFY(fileStateOf(path("file")) != state);
         QVERIFY(isFileUnchanged(path("file"), &state));
@@ -368,7 +387,7 @@ private slots:
         state.bFresh = false;
         struct stat info = {};
         QCOMPARE(stat(nameOf(path("file")).constData(), &info), 0);
-        QTest::qSleep(20); // More than a tick.
+        QVERIFY(awaitTickAfter(path("file")));
         QVERIFY(overwrite(path("file"), "behind"));
         const timespec arrTimes[] = {info.st_atim, info.st_mtim};
         QCOMPARE(utimensat(AT_FDCWD, nameOf(path("file")).constData(), arrTimes, 0), 0);

@@ -1,4 +1,5 @@
 #include "app/clangmgt.h"
+#include "support/awaittimers.h"
 
 #include <QFile>
 #include <QLocale>
@@ -23,7 +24,7 @@ private slots:
 void tst_langmgt::tableOfARun_staysEmpty()
 {
     CLangMgt langMgt(nullptr);
-    QTest::qWait(50); // The first turn of the event loop.
+    QVERIFY(awaitTimers(0)); // It reads in the first turn of the event loop.
     langMgt.init();
     QVERIFY(langMgt.table().isEmpty());
     QVERIFY(!QFile::exists(QStringLiteral(":/lang.txt")));

@@ -110,8 +110,11 @@ void tst_reveal::fileManager_isAskedForTheFile()
     QVERIFY(openFilePosition(path));
     QTRY_COMPARE(m_fileManager.m_lstUris, QStringList(uri));
     QCOMPARE(m_fileManager.m_strStartupId, QString());
-    QTest::qWait(100); // The answer comes.
-    QVERIFY(catcher.m_lstUrls.isEmpty());
+    // Answers come in turn: a refusal behind this one is the first that opens a folder.
+    m_fileManager.m_bFail = true;
+    QVERIFY(openFilePosition(m_dir.filePath(QStringLiteral("refused"))));
+    QTRY_COMPARE(catcher.m_lstUrls, QList<QUrl> {QUrl::fromLocalFile(m_dir.path())});
+    m_fileManager.m_bFail = false;
     unregisterManager();
 }
 

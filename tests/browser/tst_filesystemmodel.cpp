@@ -3,7 +3,9 @@
 #include "browser/testtree.h"
 #include "support/cunprivileged.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemModelTester>
+#include <QDeadlineTimer>
 #include <QSignalSpy>
 #include <QTextDocument>
 #include <QTreeView>
@@ -174,11 +176,17 @@ void tst_filesystemmodel::newRoot_dropsListingsStillUnderWay()
     tree.addFile(QStringLiteral("a"));
     CFileSystemModel model;
     model.setScanSubDirs(false);
+    connect(&model, &CFileSystemModel::fetchMissed, this,
+            [&] { model.setRootPath(tree.path(), true); });
+    QSignalSpy spyEnded(&model, &CFileSystemModel::fetchEnded);
+    QCoreApplication::processEvents();
     model.setRootPath(tree.path(), true);
-    QThread::msleep(400); // No event loop: the first listing is finished and not delivered.
+    // No event loop: the first listing waits in the queue.
+    const QDeadlineTimer deadline(20000);
+    while (!QAbstractEventDispatcher::instance()->hasPendingEvents() && !deadline.hasExpired())
+        QThread::yieldCurrentThread();
     model.setRootPath(tree.path(), true);
-    QTRY_COMPARE(model.rowCount(), 1);
-    QTest::qWait(300);
+    QTRY_VERIFY(!spyEnded.isEmpty());
     QCOMPARE(model.rowCount(), 1);
 }
 
@@ -397,8 +405,9 @@ void tst_filesystemmodel::folderWithoutPermission_isEmpty()
     QFile::setPermissions(strClosed, {});
     const CUnprivileged unprivileged;
     CFileSystemModel model;
+    QSignalSpy spyEnded(&model, &CFileSystemModel::fetchEnded);
     model.setRootPath(strClosed, true);
-    QTest::qWait(300); // Of a folder without entries, the model says nothing.
+    QTRY_VERIFY(!spyEnded.isEmpty());
     QCOMPARE(model.rowCount(), 0);
     QFile::setPermissions(strClosed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
@@ -411,7 +420,7 @@ void tst_filesystemmodel::destructionDuringAListing_isClean()
     for (int nDelay = 0; nDelay < 60; nDelay += 3) {
         auto pModel = std::make_unique<CFileSystemModel>();
         pModel->setRootPath(tree.path(), true);
-        QTest::qWait(nDelay);
+        QTest::qWait(nDelay); // Before, in and behind the listing.
         QElapsedTimer timer;
         timer.start();
         if (nDelay % 2 == 1)

@@ -3,6 +3,7 @@
 #include "browser/cmenulistview.h"
 #include "browser/cwidgetfilelist.h"
 #include "browser/testtree.h"
+#include "support/awaittimers.h"
 #include "support/boxanswer.h"
 #include "support/curlcatcher.h"
 
@@ -426,7 +427,7 @@ void tst_widgetfilelist::quickSelections_giveOneSignal()
             timer.start();
             panel.select(n, QItemSelectionModel::ClearAndSelect);
             if (n < 4) {
-                QTest::qWait(50);
+                QTest::qWait(50); // As somebody who holds an arrow key.
                 nLongestPause = qMax(nLongestPause, int(timer.elapsed()));
             }
         }
@@ -435,7 +436,7 @@ void tst_widgetfilelist::quickSelections_giveOneSignal()
     QVERIFY(spy.wait());
     QVERIFY(timer.elapsed() >= 190);
     QCOMPARE(spy.first().first().toString(), tree.path(QStringLiteral("file00004.txt")));
-    QTest::qWait(500);
+    QVERIFY(awaitTimers(200)); // As long as a selection waits.
     QCOMPARE(spy.size(), 1);
 }
 
@@ -450,7 +451,7 @@ void tst_widgetfilelist::doubleClick_stopsTheSelectionSignal()
     panel.select(0);
     panel.onDbClickListItem(panel.model()->index(0, 0));
     panel.onDbClickListItem(QModelIndex());
-    QTest::qWait(500);
+    QVERIFY(awaitTimers(200));
     QCOMPARE(spy.size(), 0);
 }
 
@@ -587,12 +588,13 @@ void tst_widgetfilelist::fastSameFolder_isShownOnce()
     tree.addFiles(500);
     for (int nDelay = 0; nDelay < 130; nDelay += 26) {
         CPanel panel;
+        QSignalSpy spy(&panel, &CWidgetFileList::listing);
         for (int n = 0; n < 3; ++n) {
             panel.setRootPath(tree.path());
-            QTest::qWait(nDelay);
+            QTest::qWait(nDelay); // Before, in and behind the listing.
         }
-        QTest::qWait(400);
-        QTRY_COMPARE(panel.names().size(), 500);
+        QTRY_VERIFY(!spy.last().first().toBool());
+        QCOMPARE(panel.names().size(), 500);
     }
 }
 
@@ -619,7 +621,7 @@ void tst_widgetfilelist::destructionDuringAListing_isClean()
     for (int nDelay = 0; nDelay < 100; nDelay += 10) {
         auto pPanel = std::make_unique<CPanel>();
         pPanel->setRootPath(tree.path());
-        QTest::qWait(nDelay);
+        QTest::qWait(nDelay); // Before, in and behind the listing.
         pPanel->list()->selectAll();
         QElapsedTimer timer;
         timer.start();

@@ -3,6 +3,7 @@
 #include "cwindowfixture.h"
 
 #include "mainwindow/cnoticebar.h"
+#include "support/awaittimers.h"
 
 #include <QPushButton>
 #include <QTabBar>
@@ -85,7 +86,7 @@ private slots:
         QTest::mousePress(f.window().windowHandle(), Qt::LeftButton, {}, place);
         bar(f)->show(notice());
         QVERIFY(bar(f)->isHidden());
-        QTest::qWait(QApplication::doubleClickInterval() * 2); // However long it is held.
+        QVERIFY(awaitTimers(QApplication::doubleClickInterval() * 2)); // However long it is held.
         QVERIFY(bar(f)->isHidden());
         QTest::mouseRelease(f.window().windowHandle(), Qt::LeftButton, {}, place);
         QElapsedTimer sinceRelease;

@@ -1,5 +1,6 @@
 #include "cwindowfixture.h"
 
+#include "support/awaittimers.h"
 #include "web/ceditwebview.h"
 #include "web/cpreviewwidget.h"
 
@@ -93,7 +94,7 @@ private slots:
             f.action("actionSwapHtml")->trigger();
             QCOMPARE(kind(f), CDocument::Kind::Source);
             QTRY_VERIFY(f.editor()->toPlainText().contains("<b>two</b>"));
-            QTest::qWait(30); // Longer than the source keeps its flag to itself.
+            QVERIFY(awaitTimers(10)); // As long as the source keeps its flag to itself.
             QVERIFY(!f.window().currentDocument().isModified());
             f.action("actionSwapHtml")->trigger();
             QCOMPARE(kind(f), CDocument::Kind::Page);

@@ -73,7 +73,7 @@ void tst_pageaddress::refreshOfANewPage_doesNothing()
     CEditWebView view;
     typeText(&view, QStringLiteral("typed"));
     QVERIFY(view.reload());
-    QTest::qWait(50);
+    QVERIFY(awaitPageTimers());
     QCOMPARE(textOf(&view), QStringLiteral("typed"));
 }
 
@@ -176,7 +176,7 @@ void tst_pageaddress::followedLink_asksWhenModified()
 
     // A plain click sets the caret.
     QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, pos);
-    QTest::qWait(50);
+    QVERIFY(awaitPageTimers());
     QCOMPARE(textOf(&view), QStringLiteral("link"));
     QCOMPARE(nAsked, 0);
 
@@ -219,7 +219,7 @@ void tst_pageaddress::back_asksWhenModified()
     QTRY_COMPARE(textOf(&view), QStringLiteral("other"));
     view.setModified(true);
     view.back(); // Nobody to ask.
-    QTest::qWait(50);
+    QVERIFY(awaitPageTimers());
     QCOMPARE(textOf(&view), QStringLiteral("other"));
     view.setLeaveQuestion([] { return true; });
     view.back();

@@ -195,7 +195,7 @@ void tst_pagekeys::hidingAFocusedPage_typesNothing()
     default:
         m_pWindow->hide();
     }
-    QTest::qWait(20);
+    QTRY_VERIFY(!m_pView->hasFocus());
     QCOMPARE(m_pView->toHtml(), strBefore);
     QVERIFY(!m_pView->isModified());
 }

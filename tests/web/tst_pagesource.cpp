@@ -1,5 +1,7 @@
 #include "webtest.h"
 
+#include "support/awaittimers.h"
+
 #include "editor/chighlightedit.h"
 
 #include <QTextBlock>
@@ -95,7 +97,7 @@ void tst_pagesource::pushingIntoTheSource_signalsNoModification()
     QSignalSpy spyText(view.sourceEdit(), &QPlainTextEdit::textChanged);
     view.showSource(true);
     emit view.page()->contentsChanged();
-    QTest::qWait(30); // Longer than the loader's timer.
+    QVERIFY(awaitTimers(300)); // The loader's, and the one that pushes.
     QCOMPARE(spyModified.count(), 0);
     QCOMPARE(spyText.count(), 0);
     QCOMPARE(view.sourceEdit()->isModified(), modified);
@@ -123,7 +125,7 @@ void tst_pagesource::keyRightAfterShowingTheSource_staysAnEdit()
     view.showSource(true);
     QTest::keyClick(view.sourceEdit(), Qt::Key_A);
     QVERIFY(view.sourceEdit()->isModified());
-    QTest::qWait(30); // Longer than the loader's timer.
+    QVERIFY(awaitTimers(10)); // The loader's.
     QVERIFY(view.sourceEdit()->isModified());
 }
 

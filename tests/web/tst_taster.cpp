@@ -219,11 +219,13 @@ void tst_taster::helper_goesWithItsOwner()
 void tst_taster::helper_goesWithTheProgram()
 {
     // The program between is killed and can clear nothing away.
+    const QByteArray path = m_pCase->write(QStringLiteral("a.html"), "x").toUtf8().toHex();
     QProcess owner;
-    owner.start(QStringLiteral("sh"),
-                {QStringLiteral("-c"),
-                 QStringLiteral("sleep 1000 | ") + program()
-                     + QStringLiteral(" & echo $!; exec sleep 1000")});
+    owner.start(
+        QStringLiteral("sh"),
+        {QStringLiteral("-c"),
+         QStringLiteral("(echo 320 600 %1; exec sleep 1000) | %2 & echo $!; exec sleep 1000")
+             .arg(QString::fromLatin1(path), program())});
     QVERIFY(owner.waitForReadyRead());
     const int nHelper = owner.readLine().trimmed().toInt();
     QVERIFY(nHelper > 0);
@@ -232,8 +234,8 @@ void tst_taster::helper_goesWithTheProgram()
     };
     QTRY_VERIFY(command().contains("quillan-taste"));
     // Past its start, in which it asks the system for this.
-    QTRY_VERIFY(contentOf(QStringLiteral("/proc/%1/status").arg(nHelper)).contains("SigCgt"));
-    QTest::qWait(200);
+    QTRY_VERIFY_WITH_TIMEOUT(owner.canReadLine(), 60000);
+    QCOMPARE(owner.readLine().trimmed(), QByteArray("shown"));
     owner.kill();
     owner.waitForFinished();
     QTRY_VERIFY(!command().contains("quillan-taste"));

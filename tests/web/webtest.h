@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QWebElement>
 #include <QWebFrame>
+#include <QWebSettings>
 
 // Settings in memory of this process only, and a temporary folder: one for each test case.
 class CWebCase
@@ -46,6 +47,18 @@ inline bool loadAndWait(CEditWebView *pPage, const QString &strPath)
 {
     QSignalSpy spy(pPage, &QWebView::loadFinished);
     return pPage->loadFile(strPath) && (!spy.isEmpty() || spy.wait());
+}
+
+// True once every timer has fired that the pages shown here had set for the next 100 ms: all pages
+// of a process share one queue of timers, and a page with scripts of its own sets one now.
+inline bool awaitPageTimers()
+{
+    QWebPage witness;
+    witness.settings()->setAttribute(QWebSettings::JavascriptEnabled, true);
+    witness.mainFrame()->setHtml(QStringLiteral(
+        "<script>setTimeout(function() { document.title = 'fired'; }, 100)</script>"));
+    return QTest::qWaitFor(
+        [&witness] { return witness.mainFrame()->title() == QLatin1String("fired"); }, 20000);
 }
 
 inline QString textOf(const CEditWebView *pPage)
