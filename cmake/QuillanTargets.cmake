@@ -1,8 +1,18 @@
 # quillan_library(NAME SOURCES … LINK …): a static library that holds one folder.
 # Its headers are reached as "folder/header.h" from everywhere.
+# For scripts/mutate.py it is a shared one: then a changed line is one compilation and one link.
 function(quillan_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
-  add_library(${name} STATIC ${ARG_SOURCES})
+  if(QUILLAN_MUTATED)
+    add_library(${name} SHARED ${ARG_SOURCES})
+    # The compiler commands stay those of the static library.
+    set_target_properties(${name} PROPERTIES DEFINE_SYMBOL "" POSITION_INDEPENDENT_CODE OFF)
+    if(name IN_LIST QUILLAN_MUTATED)
+      set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
+  else()
+    add_library(${name} STATIC ${ARG_SOURCES})
+  endif()
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}/generated")
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE quillan_flags)
 endfunction()
@@ -17,9 +27,9 @@ function(quillan_test name)
     set(ARG_SOURCES ${name}.cpp)
   endif()
   # Seconds after which a test hangs rather than works, on a busy machine, too.
-  set(timeout 300)
+  set(timeout 900)
   if(QUILLAN_SANITIZE)
-    set(timeout 900)
+    set(timeout 1800)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
