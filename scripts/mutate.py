@@ -78,7 +78,8 @@ class Test:
         """Whether it fails, hangs or crashes; it is ended at its first failure."""
         began = time.monotonic()
         process = subprocess.Popen(self.command, cwd=self.directory, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                                   env={**os.environ, **self.environment}, start_new_session=True)
+                                   env={**os.environ, **self.environment, "QTEST_DISABLE_STACK_DUMP": "1"},
+                                   start_new_session=True)
         alarm = threading.Timer(30 + 10 * self.seconds(), end, [process])
         alarm.start()
         failed = False

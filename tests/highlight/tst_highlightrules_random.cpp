@@ -17,6 +17,7 @@ private slots:
     void realSources_equalTheLiteralRules_data();
     void realSources_equalTheLiteralRules();
     void samples_equalTheLiteralRulesUnderEveryDefinition();
+    void machineThatGrowsTooLarge_equalsTheLiteralRules();
 };
 
 namespace {
@@ -162,6 +163,29 @@ void tst_highlightrules_random::samples_equalTheLiteralRulesUnderEveryDefinition
         const QString strDifference = compare(mapDefinition, lstLines);
         QVERIFY2(strDifference.isEmpty(), qPrintable(strPath + QLatin1Char('\n') + strDifference));
     }
+}
+
+// Each order of the last twelve letters is a state of its own: the machine gives up within a line.
+void tst_highlightrules_random::machineThatGrowsTooLarge_equalsTheLiteralRules()
+{
+    STestDefinition definition;
+    definition.mapLists["keywords"] = QStringList {"if"};
+    definition.mapLists["reg_exp"] =
+        QStringList {"x[ab]*a[ab][ab][ab][ab][ab][ab][ab][ab][ab][ab][ab]c"};
+    QRandomGenerator random(20161120);
+    QStringList lstLines;
+    for (int n = 0; n < 20; ++n) {
+        QString strLine;
+        for (int nWord = 0; nWord < 12; ++nWord) {
+            strLine += "if x";
+            for (int nLetter = 0; nLetter < 200; ++nLetter)
+                strLine += random.bounded(2) == 0 ? 'a' : 'b';
+            strLine += "c ";
+        }
+        lstLines.append(strLine);
+    }
+    const QString strDifference = compare(definition.toMap(), lstLines);
+    QVERIFY2(strDifference.isEmpty(), qPrintable(strDifference));
 }
 
 QTEST_GUILESS_MAIN(tst_highlightrules_random)
