@@ -1,6 +1,9 @@
 // What steps of the program drop, and what an end of the program leaves, comes back on request.
 #include "cdocumentsfixture.h"
 
+#include "app/cinplacejournal.h"
+#include "app/platformfiles.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QGuiApplication>
@@ -33,6 +36,21 @@ void recoverInto(CDocumentsFixture &f, QList<CDocument *> *pDocuments)
             f.documents().restore(pDocument, draft);
             pDocuments->append(pDocument);
         });
+}
+
+// A file that was half written when the program ended.
+QString cutOffFile(const CDocumentsFixture &f)
+{
+    CInPlaceJournal::setFolder(f.path("in-place"));
+    const QString strPath = f.file("a.txt", "the old version");
+    const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::ReadWrite));
+    CInPlaceJournal journal;
+    if (!journal.begin(strPath, file.handle(), "the new version"))
+        qFatal("no journal");
+    f.write(strPath, "the new");
+    if (journal.putBack(-1)) // Nowhere: the copy stays.
+        qFatal("put back");
+    return strPath;
 }
 
 } // namespace
@@ -388,6 +406,50 @@ private slots:
         QVERIFY(pDocument->editor()->formatting());
         QVERIFY(choose(pDocument->notice(), "Restore"));
         QCOMPARE(pDocument->editor()->toPlainText(), QString("<!--mine--><a><b/></a>"));
+    }
+
+    void cutOffSave_isTakenBackOnTheUsersWord()
+    {
+        CDocumentsFixture f;
+        const QString strPath = cutOffFile(f);
+        CRecovery &recovery = f.documents().recovery();
+        recovery.offerCutOff();
+        QVERIFY(recovery.notice().strText.contains("a.txt was cut off"));
+        QVERIFY(choose(recovery.notice(), "Put the old version back"));
+        QCOMPARE(f.content(strPath), QByteArray("the old version"));
+        QVERIFY(recovery.notice().strText.isEmpty());
+        recovery.offerCutOff();
+        QVERIFY(recovery.notice().strText.isEmpty());
+    }
+
+    void cutOffSave_isLeftOnTheUsersWord()
+    {
+        CDocumentsFixture f;
+        const QString strPath = cutOffFile(f);
+        CRecovery &recovery = f.documents().recovery();
+        recovery.offerCutOff();
+        QVERIFY(choose(recovery.notice(), "Leave the file as it is"));
+        QCOMPARE(f.content(strPath), QByteArray("the new"));
+        QVERIFY(recovery.notice().strText.isEmpty());
+        recovery.offerCutOff();
+        QVERIFY(recovery.notice().strText.isEmpty());
+    }
+
+    void cutOffSaveThatCannotBeTakenBack_staysOffered()
+    {
+        CDocumentsFixture f;
+        const QString strPath = cutOffFile(f);
+        CRecovery &recovery = f.documents().recovery();
+        recovery.offerCutOff();
+        QVERIFY(QFile::remove(strPath));
+        QSignalSpy spyFailed(&recovery, &CRecovery::failed);
+        QVERIFY(choose(recovery.notice(), "Put the old version back"));
+        QCOMPARE(spyFailed.count(), 1);
+        QVERIFY(recovery.notice().strText.contains("a.txt was cut off"));
+        f.write(strPath, "made again");
+        QVERIFY(choose(recovery.notice(), "Put the old version back"));
+        QCOMPARE(f.content(strPath), QByteArray("the old version"));
+        QVERIFY(recovery.notice().strText.isEmpty());
     }
 };
 
