@@ -30,7 +30,7 @@ TIMES = COPY / "build" / "times.json"
 FOLDERS = ["app", "highlight", "editor", "document"]
 # What may notice a change of a folder, beside its own tests.
 ABOVE = {
-    "app": ["highlight", "editor", "browser", "findinfiles", "document", "mainwindow"],
+    "app": ["widgets", "highlight", "editor", "browser", "findinfiles", "document", "mainwindow"],
     "highlight": ["editor", "mainwindow"],
     "editor": ["findinfiles", "web", "document", "mainwindow"],
     "document": ["mainwindow"],
@@ -63,7 +63,7 @@ class Test:
         self.name = described["name"]
         self.command = described["command"]
         properties = {p["name"]: p["value"] for p in described["properties"]}
-        self.folder = properties.get("LABELS", [""])[0]
+        self.folder = next((label for label in properties.get("LABELS", []) if label != "display"), "")
         self.environment = dict(pair.split("=", 1) for pair in properties.get("ENVIRONMENT", []))
         self.directory = properties["WORKING_DIRECTORY"]
         self.guess = guess  # Seconds, from an earlier run of ctest.
