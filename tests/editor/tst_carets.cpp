@@ -41,6 +41,7 @@ private slots:
     void cut_takesEverySelection();
     void inputMethod_composesAtTheMainCaret();
     void everyCaretAndSelection_isPainted();
+    void selectionInAWrappedLine_isPaintedInItsRowOnly();
     void inputMethod_hearsWhereTheMainCaretIs();
     void altShiftArrows_selectABlock();
     void altDrag_selectsABlock();
@@ -506,6 +507,35 @@ void tst_carets::everyCaretAndSelection_isPainted()
     const int nEnd = m_pEdit->cursorRect(cursorAt(2, 6)).center().x();
     QVERIFY(qAbs(lst.at(1).first - nStart) <= 1);
     QVERIFY(qAbs(lst.at(1).second - nEnd) <= 1);
+    QCOMPARE(lst.at(2), qMakePair(-1, -1));
+}
+
+void tst_carets::selectionInAWrappedLine_isPaintedInItsRowOnly()
+{
+    m_pEdit->setLineWrap(true);
+    m_pEdit->resize(200, 300);
+    m_pEdit->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pEdit.get()));
+    m_pEdit->setPlainText("main\n" + QString("word ").repeated(30));
+    const auto picture = [this] { return m_pEdit->viewport()->grab().toImage(); };
+    m_pEdit->setCarets(CCarets(SCaret {0, 0}));
+    const QImage one = picture();
+    const QTextBlock block = m_pEdit->document()->findBlockByNumber(1);
+    QVERIFY(block.layout()->lineCount() >= 3);
+    QVector<QRect> lstRows;
+    for (int n = 0; n < 3; ++n) {
+        QTextCursor cursor(block);
+        cursor.setPosition(block.position() + block.layout()->lineAt(n).textStart());
+        const QRect start = m_pEdit->cursorRect(cursor);
+        // Without the pixels that it shares with its neighbours.
+        lstRows.append(
+            QRect(0, start.top() + 2, m_pEdit->viewport()->width(), start.height() - 4));
+    }
+    const int nStart = block.position() + block.layout()->lineAt(1).textStart() + 2;
+    m_pEdit->setCarets(CCarets({SCaret {0, 0}, SCaret {nStart, nStart + 4}}, 0));
+    const QVector<QPair<int, int>> lst = differences(one, picture(), lstRows);
+    QCOMPARE(lst.at(0), qMakePair(-1, -1));
+    QVERIFY(lst.at(1).first > 0);
     QCOMPARE(lst.at(2), qMakePair(-1, -1));
 }
 

@@ -7,6 +7,7 @@
 #include "editor/cdlggo.h"
 #include "web/ceditwebview.h"
 
+#include <QClipboard>
 #include <QDockWidget>
 #include <QListView>
 #include <QMenu>
@@ -187,6 +188,29 @@ private slots:
             QCOMPARE(pEditor->lineWrapMode() == QPlainTextEdit::WidgetWidth, !bBefore);
         CSettings stored("Tavrel Software", "quillan-test");
         QCOMPARE(stored.getLineWrap(), !bBefore);
+    }
+
+    void editMenu_worksOnTheText()
+    {
+        CWindowFixture f;
+        f.window().openFile(f.file("a.txt", "text"));
+        const auto choose = [&f](const char *szAction) {
+            QTRY_VERIFY2(f.action(szAction)->isEnabled(), szAction);
+            f.action(szAction)->trigger();
+        };
+        choose("actionSelect_All");
+        choose("actionCut");
+        QCOMPARE(f.editor()->toPlainText(), QString());
+        choose("actionUndo");
+        QCOMPARE(f.editor()->toPlainText(), QString("text"));
+        choose("actionRedo");
+        QCOMPARE(f.editor()->toPlainText(), QString());
+        choose("actionPaste");
+        QCOMPARE(f.editor()->toPlainText(), QString("text"));
+        QGuiApplication::clipboard()->clear();
+        choose("actionSelect_All");
+        choose("actionCopy");
+        QCOMPARE(QGuiApplication::clipboard()->text(), QString("text"));
     }
 
     void goToLine_goesThereInTheCurrentEditor()
