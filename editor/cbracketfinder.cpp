@@ -53,9 +53,7 @@ void CBracketFinder::search()
             const bool bNews = !(m_answered == question) || !(m_answer == match);
             m_answered = question;
             m_answer = match;
-            if (bComplete)
-                m_asked.reset();
-            else
+            if (!bComplete)
                 m_timer.start(g_nPauseWhileColouringMs);
             if (bNews)
                 emit found();

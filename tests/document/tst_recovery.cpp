@@ -182,6 +182,8 @@ private slots:
         QCOMPARE(pDocument->notice().strText, QString());
         QVERIFY(pDocument->save().isDone());
         QCOMPARE(f.content(strPath), QByteArray("mine old"));
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), QStringList()); // The draft was the document's again.
     }
 
     void restoring_keepsWhatWasTypedSince()
@@ -247,6 +249,18 @@ private slots:
         QVERIFY(choose(f.documents().recovery().notice(), "Restore"));
         QCOMPARE(lstDocuments.constFirst()->editor()->toPlainText(), QString("mine old"));
         QCOMPARE(f.documents().recovery().notice().strText, QString());
+    }
+
+    void closedText_thatIsDiscarded_isGone()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        f.documents().closeDropping(pDocument);
+        QVERIFY(choose(f.documents().recovery().notice(), "Discard"));
+        QCOMPARE(f.documents().recovery().notice().strText, QString());
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f), QStringList());
     }
 
     void closedOnTheUsersWord_leavesNoDraft()

@@ -150,6 +150,8 @@ void tst_contentformat::hostileXml_isRefusedQuickly_data()
     QTest::newRow("deep content model out of an entity")
         << "<!DOCTYPE a [<!ENTITY % p \"<!ELEMENT a " + repeated("&#40;", 200000)
             + "\"> %p; ]><a/>";
+    QTest::newRow("document type without an end") << "<!DOCTYPE a [<!ELEMENT a (b";
+    QTest::newRow("document type that ends in a text") << "<!DOCTYPE a SYSTEM \"b";
 }
 
 void tst_contentformat::hostileXml_isRefusedQuickly()
