@@ -20,6 +20,7 @@ import shutil
 import signal
 import subprocess
 import sys
+import tarfile
 import threading
 import time
 
@@ -111,16 +112,35 @@ def run(command, cwd=COPY):
                           stderr=subprocess.DEVNULL).returncode == 0
 
 
+def update_sources():
+    """Files that are as committed keep their times, so that nothing of them is built again."""
+    kept = set()
+    archive = subprocess.Popen(["git", "archive", "HEAD"], cwd=ROOT, stdout=subprocess.PIPE)
+    with tarfile.open(fileobj=archive.stdout, mode="r|") as members:
+        for member in members:
+            if member.isdir():
+                continue
+            path = COPY / member.name
+            kept.add(path)
+            data = members.extractfile(member).read() if member.isfile() else None
+            if data is not None and path.is_file() and path.read_bytes() == data:
+                continue
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.unlink(missing_ok=True)
+            if data is None:
+                path.symlink_to(member.linkname)
+            else:
+                path.write_bytes(data)
+                path.chmod(member.mode)
+    for path in COPY.rglob("*"):
+        if path.is_file() and path not in kept and path.relative_to(COPY).parts[0] != "build":
+            path.unlink()
+
+
 def make_copy():
     """The committed sources, built once; later runs build only what differs."""
     COPY.mkdir(parents=True, exist_ok=True)
-    fresh = COPY.parent / "mutation-new"
-    shutil.rmtree(fresh, ignore_errors=True)
-    fresh.mkdir()
-    archive = subprocess.Popen(["git", "archive", "HEAD"], cwd=ROOT, stdout=subprocess.PIPE)
-    subprocess.run(["tar", "-x", "-C", str(fresh)], stdin=archive.stdout, check=True)
-    subprocess.run(["rsync", "-rc", "--delete", "--exclude=/build", f"{fresh}/", f"{COPY}/"], check=True)
-    shutil.rmtree(fresh)
+    update_sources()
     libraries = ";".join(f"quillan_{folder}" for folder in FOLDERS)
     if not run(["cmake", "--preset", "test", f"-DQUILLAN_MUTATED={libraries}"]) \
             or not run(["cmake", "--build", "--preset", "test"]):
