@@ -20,7 +20,7 @@ struct SHighlightedEditor
 
     // Runs the event loop until no pass runs, every result has arrived and nothing more comes;
     // false when that takes more than nMs.
-    bool settle(int nMs = 20000);
+    bool settle(int nMs = 120000);
 };
 
 // The first block whose state or syntax ranges are not those that the literal rules give for the
