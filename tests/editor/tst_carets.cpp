@@ -528,8 +528,7 @@ void tst_carets::selectionInAWrappedLine_isPaintedInItsRowOnly()
         cursor.setPosition(block.position() + block.layout()->lineAt(n).textStart());
         const QRect start = m_pEdit->cursorRect(cursor);
         // Without the pixels that it shares with its neighbours.
-        lstRows.append(
-            QRect(0, start.top() + 2, m_pEdit->viewport()->width(), start.height() - 4));
+        lstRows.append(QRect(0, start.top() + 2, m_pEdit->viewport()->width(), start.height() - 4));
     }
     const int nStart = block.position() + block.layout()->lineAt(1).textStart() + 2;
     m_pEdit->setCarets(CCarets({SCaret {0, 0}, SCaret {nStart, nStart + 4}}, 0));

@@ -163,6 +163,7 @@ void tst_pagesafety::trap_swappedThroughTheSource_hasNoEffect()
     view.applySource(view.sourceEdit()->getText());
     view.showSource(false);
     QVERIFY(showLoaded(&view));
+    QVERIFY(awaitPageTimers());
     QCOMPARE(view.title(), QStringLiteral("quiet"));
     QVERIFY(textOf(&view).contains(QLatin1String("more")));
     QVERIFY(nobodyElseAsked());
