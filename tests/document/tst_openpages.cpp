@@ -5,6 +5,7 @@
 #include "document/cpagedocument.h"
 #include "web/ceditwebview.h"
 
+#include <QDir>
 #include <QWebFrame>
 
 namespace {
@@ -45,6 +46,18 @@ class tst_openpages : public QObject
     Q_OBJECT
 
 private slots:
+    // For the next start, should the load end the program.
+    void load_isNotedWhileItLasts()
+    {
+        CDocumentsFixture f;
+        const QString strPath = f.file("a.html", "<p>x</p>");
+        const auto notes = [&f] { return QDir(f.path("loading")).entryList(QDir::Files).size(); };
+        f.documents().beginLoad(strPath);
+        QCOMPARE(notes(), 1);
+        f.documents().endLoad(strPath);
+        QCOMPARE(notes(), 0);
+    }
+
     void fileThatChangedSinceItWasRead_isShownAsRead_andSaveAsks()
     {
         CDocumentsFixture f;
