@@ -3,7 +3,7 @@
 option(QUILLAN_BUILD_TESTS "Build the tests" ON)
 option(QUILLAN_BUILD_BENCH "Build the benchmarks" OFF)
 option(QUILLAN_BUILD_FUZZ "Build the fuzz targets (clang only)" OFF)
-option(QUILLAN_PAGES "Build the program; without, only what needs no page engine, and its tests" ON)
+option(QUILLAN_PAGES "Show and edit pages; without, a stand-in for the page engine has them as their source only" ON)
 option(QUILLAN_WERROR "Treat warnings in our own code as errors" OFF)
 set(QUILLAN_MUTATED "" CACHE STRING "Libraries whose files scripts/mutate.py changes one by one")
 set(QUILLAN_SANITIZE "" CACHE STRING "Sanitizers for every target, e.g. address,undefined")

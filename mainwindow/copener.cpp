@@ -10,6 +10,7 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
 #include "web/ctaster.h"
+#include "web/pageengine.h"
 #include "web/pagehazards.h"
 #include "web/pagesource.h"
 #include "widgets/messagebox.h"
@@ -112,6 +113,9 @@ void COpener::openPage(const QString &strPath)
 // Says why the page engine does not get the page unless the user insists; empty when it does.
 QString COpener::refusalOf(const QString &strPath, const QString &strHtml) const
 {
+    if (!hasPageEngine())
+        return MainWindow::tr("This build cannot show pages: this is the source of %1.")
+            .arg(visibleName(strPath));
     if (m_pWindow->documents().loads().isBlamed(strPath))
         return MainWindow::tr("The program ended while it loaded %1: this is its source.")
             .arg(visibleName(strPath));
@@ -132,12 +136,13 @@ void COpener::openSourceOf(const QString &strPath, const SFileContent &content,
     CDocument *pDocument = &m_pWindow->currentDocument();
     SNotice notice;
     notice.strText = strWhy;
-    notice.lstChoices = {{MainWindow::tr("Show the page anyway"), [this, pDocument, strPath] {
-                              m_pWindow->documents().loads().forgive(strPath);
-                              m_setShownAnyway.insert(strPath);
-                              if (m_close(pDocument))
-                                  open(strPath);
-                          }}};
+    if (hasPageEngine())
+        notice.lstChoices = {{MainWindow::tr("Show the page anyway"), [this, pDocument, strPath] {
+                                  m_pWindow->documents().loads().forgive(strPath);
+                                  m_setShownAnyway.insert(strPath);
+                                  if (m_close(pDocument))
+                                      open(strPath);
+                              }}};
     pDocument->setNotice(CDocument::Topic::Loading, notice);
 }
 

@@ -24,11 +24,11 @@ libz-mingw-w64-dev"
 # To build for Windows on Debian (packaging/windows/cross-build.sh), to try the result, to pack it; and the
 # sources of the libraries that go into it.
 PACKAGES_WINDOWS="
-dpkg-dev make perl python3 ruby tcl bison flex gperf gcc-mingw-w64-x86-64-posix g++-mingw-w64-x86-64-posix
-libz-mingw-w64-dev mingw-w64-tools icoutils nsis zip wine wine64 xvfb xauth"
+dpkg-dev make perl python3 ruby tcl bison flex gperf icu-devtools gcc-mingw-w64-x86-64-posix
+g++-mingw-w64-x86-64-posix libz-mingw-w64-dev mingw-w64-tools icoutils nsis zip wine wine64 xvfb xauth"
 SOURCES_WINDOWS="
 qtbase-opensource-src qtsvg-opensource-src qtwebkit-opensource-src icu libxml2 libxslt sqlite3
-libjpeg-turbo libpng1.6 uchardet"
+libjpeg-turbo libpng1.6 uchardet hunspell"
 
 # To look further by hand: memory errors, the use of Qt.
 PACKAGES_INSPECT="valgrind clazy"

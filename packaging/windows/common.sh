@@ -5,8 +5,8 @@ results=$(realpath -m "${QUILLAN_WINDOWS_RESULTS:-$source_dir/build/windows-resu
 target=x86_64-w64-mingw32
 prefix=$results/prefix # Qt and all libraries for Windows.
 jobs=$(nproc)
-stages=(packages sources compiler zlib uchardet qtbase translations qtsvg icu xml media qtwebkit quillan
-        package)
+stages=(packages sources compiler zlib uchardet hunspell qtbase translations qtsvg icu xml media qtwebkit
+        quillan package)
 
 # The compiler's wrappers come first; see stages/compiler.sh.
 export PATH="$results/bin:$PATH"

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+// No element: without the engine nobody knows what a page holds.
+class QWebElement
+{
+public:
+    bool isNull() const { return true; }
+    bool operator==(const QWebElement &) const { return true; }
+    bool operator!=(const QWebElement &) const { return false; }
+    QString tagName() const { return QString(); }
+    QString attribute(const QString &, const QString &strDefault = QString()) const
+    {
+        return strDefault;
+    }
+    bool hasAttribute(const QString &) const { return false; }
+    void setAttribute(const QString &, const QString &) {}
+    void removeAttribute(const QString &) {}
+    QWebElement firstChild() const { return QWebElement(); }
+    QVariant evaluateJavaScript(const QString &) const { return QVariant(); }
+};
+
+using QWebElementCollection = QVector<QWebElement>;
