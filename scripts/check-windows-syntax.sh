@@ -16,7 +16,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 # What CMake and uic would write.
-folders=(app widgets spelling highlight editor web browser findinfiles pageedit document mainwindow taster)
+folders=(app widgets spelling highlight editor web browser findinfiles pageedit document mainwindow taster noengine)
 mkdir "$work/app"
 version=$(sed -nE 's/^project\(quillan VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
 sed "s/@PROJECT_VERSION@/$version/" app/version.h.in >"$work/app/version.h"

@@ -3,6 +3,7 @@
 #include "web/filekey.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -22,11 +23,11 @@ constexpr int g_nSignalOfLimit = 24;
 QString besideThisProgram()
 {
 #ifdef Q_OS_WIN
-    const QString strSuffix = QStringLiteral(".exe");
+    const QString strName = QStringLiteral("quillan-taste.exe");
 #else
-    const QString strSuffix;
+    const QString strName = QStringLiteral("quillan-taste");
 #endif
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/quillan-taste") + strSuffix;
+    return QDir(QCoreApplication::applicationDirPath()).filePath(strName);
 }
 
 // A process that ended by a signal gives its number instead of a code.

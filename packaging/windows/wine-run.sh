@@ -55,6 +55,7 @@ cat >>"$own/user.reg" <<VALUES
 [Environment]
 "QT_QPA_PLATFORM"="$platform"
 "QT_PLUGIN_PATH"="Z:$prefix/plugins"
+"QT_QPA_FONTDIR"="Z:/usr/share/fonts/truetype/dejavu"
 "QT_FORCE_STDERR_LOGGING"="1"
 VALUES
 export WINEPREFIX=$own WINEPATH="Z:$prefix/bin;Z:$runtime;Z:$threads"

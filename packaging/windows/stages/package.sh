@@ -3,22 +3,28 @@
 set -euo pipefail
 . "$(dirname "$0")/../common.sh"
 
-[ -e "$source_dir/build/windows/quillan.exe" ] ||
-    { echo "There is no program to pack: it is not built without the page engine." >&2; exit 1; }
 version=$(sed -nE 's/^project\(quillan VERSION ([0-9.]+).*/\1/p' "$source_dir/CMakeLists.txt")
+# A program that shows no pages says so in the name of what it comes in.
+name=quillan-$version
+licenses=(qtbase-opensource-src/LICENSE.{LGPL3,GPL3} uchardet/COPYING hunspell/COPYING.LESSER)
+if [ -e "$prefix/lib/cmake/Qt5WebKitWidgets" ]; then
+    licenses+=(qtwebkit-opensource-src/LICENSE.LGPLv21 icu/LICENSE {libxml2,libxslt}/Copyright
+               libjpeg-turbo/LICENSE.md libpng1.6/LICENSE)
+else
+    name+=-nopages
+fi
 made=$results/packages-made
-folder=$made/quillan-$version
+folder=$made/$name
 rm -rf "$folder"
 mkdir -p "$folder/licenses"
 cmake --install "$source_dir/build/windows" --prefix "$folder" --strip
 
 cd "$results/sources"
-for license in qtbase-opensource-src/LICENSE.{LGPL3,GPL3} qtwebkit-opensource-src/LICENSE.LGPLv21 \
-    icu/LICENSE {libxml2,libxslt}/Copyright libjpeg-turbo/LICENSE.md libpng1.6/LICENSE uchardet/COPYING; do
+for license in "${licenses[@]}"; do
     cp "$license" "$folder/licenses/$(tr / - <<<"$license").txt"
 done
 
-(cd "$made" && rm -f "quillan-$version-windows.zip" && zip -qr9 "quillan-$version-windows.zip" "quillan-$version")
-"$source_dir/packaging/windows/make-installer.sh" "$folder" "$version" "$made/quillan-$version-setup.exe"
-"$source_dir/packaging/windows/try-installer.sh" "$made/quillan-$version-setup.exe"
+(cd "$made" && rm -f "$name-windows.zip" && zip -qr9 "$name-windows.zip" "$name")
+"$source_dir/packaging/windows/make-installer.sh" "$folder" "$version" "$made/$name-setup.exe"
+"$source_dir/packaging/windows/try-installer.sh" "$made/$name-setup.exe"
 ls -l "$made"

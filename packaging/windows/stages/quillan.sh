@@ -1,5 +1,5 @@
-# Quillan itself, with its tests. Without the page engine there is no program, but everything that needs
-# none is built and can be tested.
+# Quillan itself, with its tests. Without the page engine a stand-in has pages as their source only; what
+# needs the engine is not tested then.
 set -euo pipefail
 . "$(dirname "$0")/../common.sh"
 
