@@ -131,7 +131,8 @@ QString COpener::refusalOf(const QString &strPath, const QString &strHtml) const
 void COpener::openSourceOf(const QString &strPath, const SFileContent &content,
                            const QString &strWhy)
 {
-    m_pTaster->setKnown(strPath, CTaster::Result::Fails);
+    if (hasPageEngine())
+        m_pTaster->setKnown(strPath, CTaster::Result::Fails);
     showText(strPath, content);
     CDocument *pDocument = &m_pWindow->currentDocument();
     SNotice notice;

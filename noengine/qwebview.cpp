@@ -40,5 +40,5 @@ void QWebView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().base());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("This build has no page engine: it shows pages as their source only (F12)."));
+                     tr("This build cannot show pages, only their source."));
 }

@@ -25,10 +25,10 @@ unpack() {
 
 # cmake_library NAME [OPTION]...: builds and installs sources/NAME, a project of CMake.
 cmake_library() {
-    local name=$1
+    local name=$1 build=$results/build/${1%-opensource-src}
     shift
-    cmake -G Ninja -S "$results/sources/$name" -B "$results/build/$name" \
+    cmake -G Ninja -S "$results/sources/$name" -B "$build" \
         -DCMAKE_TOOLCHAIN_FILE="$source_dir/cmake/MingwToolchain.cmake" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_FIND_ROOT_PATH="$prefix" -DCMAKE_INSTALL_PREFIX="$prefix" "$@"
-    cmake --build "$results/build/$name" -j "$jobs" --target install
+    cmake --build "$build" -j "$jobs" --target install
 }

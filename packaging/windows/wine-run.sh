@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Runs a Windows program under Wine with a registry, home and temporary folder of its own, removed
 # afterwards: wine-run.sh PROGRAM.exe [ARGUMENT]... It finds Qt and the compiler's libraries where the
-# stages of cross-build.sh put them. scripts/private-run.sh around it decides whether there is a display.
+# stages of cross-build.sh put them; with QUILLAN_WINE_BARE=yes, only what lies beside the program, as on
+# the machine of a user. scripts/private-run.sh around it decides whether there is a display.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 . "$here/common.sh"
@@ -47,17 +48,28 @@ ln -s / "$own/dosdevices/z:"
 cp "$template/.update-timestamp" "$own/"
 
 # Wine keeps the variables of this machine's Qt from its programs, but for those of its own registry. The
-# platform of tests with a display is named for X by private-run.sh; tests would report to a debugger.
+# platform of tests with a display is named for X by private-run.sh; tests would report to a debugger. The
+# fonts are those that the tests have on this machine; Windows' own are not to be had.
 platform=${QT_QPA_PLATFORM:-windows}
 [ "$platform" = xcb ] && platform=windows
+plugins="Z:$prefix/plugins"
+[ "${QUILLAN_WINE_BARE-}" = yes ] && plugins=
 cat >>"$own/user.reg" <<VALUES
 
 [Environment]
 "QT_QPA_PLATFORM"="$platform"
-"QT_PLUGIN_PATH"="Z:$prefix/plugins"
+"QT_PLUGIN_PATH"="$plugins"
 "QT_QPA_FONTDIR"="Z:/usr/share/fonts/truetype/dejavu"
 "QT_FORCE_STDERR_LOGGING"="1"
+
+[Software\\\\Wine\\\\Fonts\\\\Replacements]
+"Courier New"="DejaVu Sans Mono"
+"MS Shell Dlg"="DejaVu Sans"
+"MS Shell Dlg 2"="DejaVu Sans"
+"Segoe UI"="DejaVu Sans"
+"Tahoma"="DejaVu Sans"
 VALUES
-export WINEPREFIX=$own WINEPATH="Z:$prefix/bin;Z:$runtime;Z:$threads"
+export WINEPREFIX=$own
+[ "${QUILLAN_WINE_BARE-}" = yes ] || export WINEPATH="Z:$prefix/bin;Z:$runtime;Z:$threads"
 unset TMPDIR TMP TEMP
 wine "$@"

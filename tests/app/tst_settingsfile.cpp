@@ -48,6 +48,9 @@ private slots:
 
     void settings_withADamagedStream_areReadWithoutIt()
     {
+#ifdef Q_OS_WIN
+        QSKIP("The settings are in the registry, which is no text.");
+#endif
         const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
         QVERIFY(folder.mkpath("someone"));
         QFile file(folder.filePath("someone/something.conf"));

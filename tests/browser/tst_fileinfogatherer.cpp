@@ -220,6 +220,9 @@ void tst_fileinfogatherer::missingFolder_givesAnEmptyList()
 
 void tst_fileinfogatherer::folderWithoutPermission_givesAnEmptyList()
 {
+#ifndef Q_OS_LINUX
+    QSKIP("Nothing takes this program's permissions away here.");
+#endif
     const CTestTree tree;
     const QString strClosed = tree.addFolder(QStringLiteral("closed"));
     tree.addFile(QStringLiteral("closed/file"));

@@ -399,6 +399,9 @@ void tst_filesystemmodel::fiftyThousandFiles_areListedInOneInsertion()
 
 void tst_filesystemmodel::folderWithoutPermission_isEmpty()
 {
+#ifndef Q_OS_LINUX
+    QSKIP("Nothing takes this program's permissions away here.");
+#endif
     const CTestTree tree;
     const QString strClosed = tree.addFolder(QStringLiteral("closed"));
     tree.addFile(QStringLiteral("closed/file"));

@@ -1,4 +1,5 @@
 #include "editor/chighlightedit.h"
+#include "editor/lineendings.h"
 #include "tests/editor/withsettings.h"
 
 #include "app/platform.h"
@@ -104,6 +105,7 @@ void tst_texteditload::everyCharacter_isSavedAsItWasOpened()
     CHighlightEdit edit;
     edit.resize(300, 200);
     edit.show(); // Laying the text out must not change it.
+    edit.setReturnFormat(ReturnFormatUnix); // Line ends behind a zero byte do not count.
     edit.setTextData(strText.toUtf8(), false);
     edit.grab();
     QCOMPARE(edit.getText(), strText);

@@ -167,6 +167,9 @@ void tst_replacefile::matchOutsideTheText_isRefused()
 
 void tst_replacefile::closedFile_isRefusedAsItWas()
 {
+#ifndef Q_OS_LINUX
+    QSKIP("Nothing takes this program's permissions away here.");
+#endif
     const CTestTree tree;
     const QString strFolder = tree.addFolder(QStringLiteral("closed"));
     const QString strPath = tree.addFile(QStringLiteral("closed/a"), "x\n");

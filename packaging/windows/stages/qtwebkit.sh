@@ -5,7 +5,8 @@ set -euo pipefail
 
 unpack qtwebkit-opensource-src
 source=$results/sources/qtwebkit-opensource-src/Source
-cp "$source_dir/packaging/windows/QtWebKitUnity.cmake" "$source/"
+cmp -s "$source_dir/packaging/windows/QtWebKitUnity.cmake" "$source/QtWebKitUnity.cmake" ||
+    cp "$source_dir/packaging/windows/QtWebKitUnity.cmake" "$source/"
 for part in JavaScriptCore WebCore; do
     grep -q QtWebKitUnity "$source/$part/CMakeLists.txt" ||
         printf 'include(../QtWebKitUnity.cmake)\nunite(%s)\n' "$part" >>"$source/$part/CMakeLists.txt"
