@@ -5,6 +5,7 @@
 #include "app/filereader.h"
 #include "app/filewriter.h"
 #include "editor/chighlightedit.h"
+#include "editor/lineendings.h"
 #include "tests/editor/withsettings.h"
 
 #include <QApplication>
@@ -23,6 +24,7 @@ int main(int nArgc, char **ppArgv)
     const QStringList lstNames = from.entryList(QDir::Files, QDir::Name);
     for (const QString &strName : lstNames) {
         CHighlightEdit edit;
+        edit.setReturnFormat(ReturnFormatUnix); // Where a file has no line end of its own.
         edit.setTextData(readFile(from.filePath(strName)).bytes, false);
         edit.moveCursor(QTextCursor::End);
         edit.insertPlainText(QStringLiteral("\n\u4E2Dx\u00E9"));
