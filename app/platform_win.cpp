@@ -136,19 +136,6 @@ int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
     return openFile(strPath, FileAccess::Read);
 }
 
-bool Platform::mustWriteInPlace(const QString &strPath)
-{
-    const HANDLE hFile = CreateFileW(nativePath(strPath).c_str(), 0,
-                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                     nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (hFile == INVALID_HANDLE_VALUE)
-        return false;
-    BY_HANDLE_FILE_INFORMATION info = {};
-    const bool bKnown = GetFileInformationByHandle(hFile, &info) != 0;
-    CloseHandle(hFile);
-    return bKnown && info.nNumberOfLinks > 1;
-}
-
 bool Platform::reserveFileSpace(int nHandle, qint64 nSize)
 {
     return _chsize_s(nHandle, nSize) == 0;

@@ -7,18 +7,6 @@
 #include <io.h>
 #include <qt_windows.h>
 
-namespace {
-
-// There is nothing to replace, or it is gone without what should have taken its place, or the file
-// system knows no replacing.
-bool leavesMovingOnly(DWORD nError)
-{
-    return nError == ERROR_FILE_NOT_FOUND || nError == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2
-        || nError == ERROR_NOT_SUPPORTED || nError == ERROR_INVALID_FUNCTION;
-}
-
-} // namespace
-
 bool Platform::mayWrite(const QString &strPath)
 {
     const int nWrite = 2; // The C library's number.
@@ -65,32 +53,14 @@ bool Platform::syncFolder(const QString &)
 
 bool Platform::renameFile(const QString &strFrom, const QString &strTo)
 {
-    const std::wstring strOld = nativePath(strFrom);
-    const std::wstring strNew = nativePath(strTo);
-    // This way the file that is replaced gives the new one its access lists, attributes, further
-    // streams and the time it was made.
-    if (ReplaceFileW(strNew.c_str(), strOld.c_str(), nullptr, 0, nullptr, nullptr))
-        return true;
-    if (!leavesMovingOnly(GetLastError()))
-        return succeeded(false);
-    return succeeded(MoveFileExW(strOld.c_str(), strNew.c_str(),
+    // One step. ReplaceFile() takes two, between which no file has the name.
+    return succeeded(MoveFileExW(nativePath(strFrom).c_str(), nativePath(strTo).c_str(),
                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
 bool Platform::removeFile(const QString &strPath)
 {
     return succeeded(DeleteFileW(nativePath(strPath).c_str()));
-}
-
-bool Platform::carryOver(const QString &strPath, int nHandle)
-{
-    // Hidden files stay hidden. Access lists and streams come with renameFile().
-    FILE_BASIC_INFO info = {}; // Times of zero stay what they are.
-    info.FileAttributes = GetFileAttributesW(nativePath(strPath).c_str());
-    if (info.FileAttributes == INVALID_FILE_ATTRIBUTES)
-        return true;
-    const auto hFile = reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
-    return succeeded(SetFileInformationByHandle(hFile, FileBasicInfo, &info, sizeof info));
 }
 
 Platform::SPrivileges Platform::privilegesOf(int)

@@ -83,7 +83,9 @@ private slots:
             if (left == old || left == next) {
                 QVERIFY(lst.isEmpty());
             } else {
-                QVERIFY(bInPlace);
+                QVERIFY2(bInPlace, qPrintable(QStringLiteral("%1 bytes are left, %2 in the folder")
+                                                  .arg(left.size())
+                                                  .arg(QDir(folder.path()).entryList(QDir::Files).join(' '))));
                 QCOMPARE(lst.size(), 1);
                 QString strError;
                 QVERIFY2(CInPlaceJournal::restore(lst.at(0), &strError), qPrintable(strError));

@@ -10,7 +10,11 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <aclapi.h>
 #include <qt_windows.h>
+#include <sddl.h>
+
+#include <string>
 
 namespace {
 
@@ -40,6 +44,42 @@ private:
 bool isWine()
 {
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// As the system writes it.
+QString accessList(const QString &strPath)
+{
+    PSECURITY_DESCRIPTOR pDescriptor = nullptr;
+    std::wstring strName = QDir::toNativeSeparators(strPath).toStdWString();
+    if (GetNamedSecurityInfoW(strName.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, nullptr, nullptr, &pDescriptor)
+        != ERROR_SUCCESS)
+        return QString();
+    LPWSTR szText = nullptr;
+    ConvertSecurityDescriptorToStringSecurityDescriptorW(
+        pDescriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &szText, nullptr);
+    const QString strText = szText ? QString::fromWCharArray(szText) : QString();
+    LocalFree(szText);
+    LocalFree(pDescriptor);
+    return strText;
+}
+
+bool setTimeOfMaking(const QString &strPath, const FILETIME &time)
+{
+    const HANDLE hFile =
+        CreateFileW(wide(QDir::toNativeSeparators(strPath)), FILE_WRITE_ATTRIBUTES,
+                    FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    const bool bDone = SetFileTime(hFile, &time, nullptr, nullptr);
+    CloseHandle(hFile);
+    return bDone;
+}
+
+// Its upper half: steps of seven minutes.
+DWORD timeOfMaking(const QString &strPath)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    GetFileAttributesExW(wide(QDir::toNativeSeparators(strPath)), GetFileExInfoStandard, &data);
+    return data.ftCreationTime.dwHighDateTime;
 }
 
 DWORD attributes(const QString &strPath)
@@ -130,6 +170,32 @@ private slots:
         QVERIFY(writeFile(strPath, "new"));
         QCOMPARE(contents(strPath), QByteArray("new"));
         QVERIFY(attributes(strPath) & FILE_ATTRIBUTE_HIDDEN);
+    }
+
+    void accessList_isKept()
+    {
+        const QString strPath = newFile("closed.txt");
+        PSECURITY_DESCRIPTOR pClosed = nullptr; // Whoever made the file may do all, nobody else.
+        QVERIFY(ConvertStringSecurityDescriptorToSecurityDescriptorW(
+            L"D:P(A;;FA;;;OW)(A;;FA;;;BA)", SDDL_REVISION_1, &pClosed, nullptr));
+        QVERIFY(SetFileSecurityW(wide(QDir::toNativeSeparators(strPath)),
+                                 DACL_SECURITY_INFORMATION, pClosed));
+        LocalFree(pClosed);
+        const QString strList = accessList(strPath);
+        QVERIFY(strList != accessList(newFile("open.txt")));
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(contents(strPath), QByteArray("new"));
+        QCOMPARE(accessList(strPath), strList);
+    }
+
+    void timeOfMaking_isKept()
+    {
+        const QString strPath = newFile("old.txt");
+        const FILETIME old = {0, 0x01c00000}; // In the year 2000.
+        if (!setTimeOfMaking(strPath, old) || timeOfMaking(strPath) != old.dwHighDateTime)
+            QSKIP("This file system does not know when a file was made.");
+        QVERIFY(writeFile(strPath, "new"));
+        QCOMPARE(timeOfMaking(strPath), old.dwHighDateTime);
     }
 
     void hardLinks_stayOneFile()
