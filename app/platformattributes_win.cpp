@@ -17,7 +17,7 @@ constexpr DWORD g_nSharedWithAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHA
 class COpenFile
 {
 public:
-    explicit COpenFile(HANDLE hFile) : m_hFile(hFile) {}
+    explicit COpenFile(HANDLE hFile) : m_hFile(hFile) { }
     ~COpenFile()
     {
         if (isOpen())

@@ -17,8 +17,8 @@ public:
         return strDefault;
     }
     bool hasAttribute(const QString &) const { return false; }
-    void setAttribute(const QString &, const QString &) {}
-    void removeAttribute(const QString &) {}
+    void setAttribute(const QString &, const QString &) { }
+    void removeAttribute(const QString &) { }
     QWebElement firstChild() const { return QWebElement(); }
     QVariant evaluateJavaScript(const QString &) const { return QVariant(); }
 };

@@ -19,7 +19,7 @@ QString decoded(const QByteArray &bytes, const QString &strEncoding)
 
 } // namespace
 
-QWebFrame::QWebFrame(QWebPage *pPage) : QObject(pPage), m_pPage(pPage) {}
+QWebFrame::QWebFrame(QWebPage *pPage) : QObject(pPage), m_pPage(pPage) { }
 
 bool QWebFrame::begin(const QUrl &url)
 {

@@ -20,8 +20,9 @@ public:
     bool isContentEditable() const { return false; }
 };
 
-// Holds the text of a page as it was given or read, character by character, and gives it back as the
-// page's HTML. So the source of a page can be edited and saved, although nothing shows the page.
+// Holds the text of a page as it was given or read, character by character, and gives it back as
+// the page's HTML. So the source of a page can be edited and saved, although nothing shows the
+// page.
 class QWebFrame : public QObject
 {
     Q_OBJECT
@@ -47,7 +48,7 @@ public:
     QUrl baseUrl() const { return m_url; }
 
     QPoint scrollPosition() const { return QPoint(); }
-    void setScrollPosition(const QPoint &) {}
+    void setScrollPosition(const QPoint &) { }
     QSize contentsSize() const { return QSize(); }
     QWebElement documentElement() const { return QWebElement(); }
     QWebElement findFirstElement(const QString &) const { return QWebElement(); }

@@ -6,5 +6,5 @@ class QWebHistory
 public:
     bool canGoBack() const { return false; }
     bool canGoForward() const { return false; }
-    void clear() {}
+    void clear() { }
 };

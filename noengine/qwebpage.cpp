@@ -8,9 +8,12 @@
 #include <QUndoStack>
 
 QWebPage::QWebPage(QObject *pParent)
-    : QObject(pParent), m_pFrame(new QWebFrame(this)),
-      m_pSettings(std::make_unique<QWebSettings>()), m_pHistory(std::make_unique<QWebHistory>()),
-      m_pUndoStack(new QUndoStack(this)), m_pNetwork(new QNetworkAccessManager(this))
+    : QObject(pParent),
+      m_pFrame(new QWebFrame(this)),
+      m_pSettings(std::make_unique<QWebSettings>()),
+      m_pHistory(std::make_unique<QWebHistory>()),
+      m_pUndoStack(new QUndoStack(this)),
+      m_pNetwork(new QNetworkAccessManager(this))
 {
 }
 

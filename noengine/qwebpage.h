@@ -14,8 +14,8 @@ class QUndoStack;
 class QWebHistory;
 class QWebSettings;
 
-// A page that holds its text and shows nothing. No action of it is ever enabled, and nothing in it is
-// found or edited.
+// A page that holds its text and shows nothing. No action of it is ever enabled, and nothing in it
+// is found or edited.
 class QWebPage : public QObject
 {
     Q_OBJECT
@@ -72,7 +72,7 @@ public:
     virtual void triggerAction(WebAction action, bool bChecked = false);
     virtual bool supportsExtension(Extension) const { return false; }
     bool isContentEditable() const { return false; }
-    void setContentEditable(bool) {}
+    void setContentEditable(bool) { }
     bool isModified() const { return false; }
     bool findText(const QString &, FindFlags = FindFlags()) { return false; }
     bool hasSelection() const { return false; }

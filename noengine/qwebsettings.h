@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Keeps the encoding that pages are read in when they name none; everything else sets an engine that
-// is not there.
+// Keeps the encoding that pages are read in when they name none; everything else sets an engine
+// that is not there.
 class QWebSettings
 {
 public:
@@ -27,13 +27,13 @@ public:
     enum FontFamily { StandardFont };
     enum FontSize { DefaultFontSize };
 
-    void setAttribute(WebAttribute, bool) {}
+    void setAttribute(WebAttribute, bool) { }
     void setDefaultTextEncoding(const QString &strName) { m_strEncoding = strName; }
     QString defaultTextEncoding() const { return m_strEncoding; }
     QString fontFamily(FontFamily family) const;
     int fontSize(FontSize size) const; // Pixels.
-    static void clearMemoryCaches() {}
-    static void setMaximumPagesInCache(int) {}
+    static void clearMemoryCaches() { }
+    static void setMaximumPagesInCache(int) { }
 
 private:
     QString m_strEncoding;

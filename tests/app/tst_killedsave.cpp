@@ -1,5 +1,5 @@
-// A program that is killed while it saves: the file is the old one or the new one, or a copy of the old
-// bytes is there to offer. QUILLAN_KILLS says how often, for each way of writing.
+// A program that is killed while it saves: the file is the old one or the new one, or a copy of the
+// old bytes is there to offer. QUILLAN_KILLS says how often, for each way of writing.
 
 #include "app/cinplacejournal.h"
 #include "app/filewriter.h"
@@ -83,9 +83,11 @@ private slots:
             if (left == old || left == next) {
                 QVERIFY(lst.isEmpty());
             } else {
-                QVERIFY2(bInPlace, qPrintable(QStringLiteral("%1 bytes are left, %2 in the folder")
-                                                  .arg(left.size())
-                                                  .arg(QDir(folder.path()).entryList(QDir::Files).join(' '))));
+                QVERIFY2(
+                    bInPlace,
+                    qPrintable(QStringLiteral("%1 bytes are left, %2 in the folder")
+                                   .arg(left.size())
+                                   .arg(QDir(folder.path()).entryList(QDir::Files).join(' '))));
                 QCOMPARE(lst.size(), 1);
                 QString strError;
                 QVERIFY2(CInPlaceJournal::restore(lst.at(0), &strError), qPrintable(strError));

@@ -66,9 +66,8 @@ QString accessList(const QString &strPath)
 
 bool setTimeOfMaking(const QString &strPath, const FILETIME &time)
 {
-    const HANDLE hFile =
-        CreateFileW(wide(QDir::toNativeSeparators(strPath)), FILE_WRITE_ATTRIBUTES,
-                    FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE hFile = CreateFileW(wide(QDir::toNativeSeparators(strPath)), FILE_WRITE_ATTRIBUTES,
+                                     FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     const bool bDone = SetFileTime(hFile, &time, nullptr, nullptr);
     CloseHandle(hFile);
     return bDone;
@@ -178,8 +177,8 @@ private slots:
         PSECURITY_DESCRIPTOR pClosed = nullptr; // Whoever made the file may do all, nobody else.
         QVERIFY(ConvertStringSecurityDescriptorToSecurityDescriptorW(
             L"D:P(A;;FA;;;OW)(A;;FA;;;BA)", SDDL_REVISION_1, &pClosed, nullptr));
-        QVERIFY(SetFileSecurityW(wide(QDir::toNativeSeparators(strPath)),
-                                 DACL_SECURITY_INFORMATION, pClosed));
+        QVERIFY(SetFileSecurityW(wide(QDir::toNativeSeparators(strPath)), DACL_SECURITY_INFORMATION,
+                                 pClosed));
         LocalFree(pClosed);
         const QString strList = accessList(strPath);
         QVERIFY(strList != accessList(newFile("open.txt")));

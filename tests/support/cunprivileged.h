@@ -9,8 +9,8 @@
 #endif
 
 // While it lives, permissions hold for this thread and for those it starts, even where the user is
-// root, who may otherwise read everything (capabilities(7)). On other systems it changes nothing: tests
-// that need it skip.
+// root, who may otherwise read everything (capabilities(7)). On other systems it changes nothing:
+// tests that need it skip.
 #ifdef Q_OS_LINUX
 class CUnprivileged
 {
@@ -42,6 +42,6 @@ private:
 class CUnprivileged
 {
 public:
-    CUnprivileged() {} // No warning of a variable that nobody uses.
+    CUnprivileged() { } // No warning of a variable that nobody uses.
 };
 #endif
