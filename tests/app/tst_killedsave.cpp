@@ -39,6 +39,11 @@ bool link(const QString &strPath, const QString &strOther)
     return CreateHardLinkW(wide(strOther).c_str(), wide(strPath).c_str(), nullptr);
 }
 
+bool hasNote(const QString &strFolder)
+{
+    return !QDir(strFolder).entryList({QStringLiteral("*.note")}, QDir::Files).isEmpty();
+}
+
 } // namespace
 
 class tst_killedsave : public QObject
@@ -74,7 +79,10 @@ private slots:
             writer.start(QCoreApplication::applicationFilePath(),
                          {QStringLiteral("--write"), strPath, journal.path()});
             QVERIFY(writer.waitForReadyRead()); // It says that it begins.
-            QThread::usleep(ulong(n % 40) * 1000);
+            // In place, the file is touched as soon as the note about its copy is there.
+            while (bInPlace && writer.state() == QProcess::Running && !hasNote(journal.path()))
+                writer.waitForFinished(0);
+            QThread::usleep(ulong(n % 40) * (bInPlace ? 40 : 1000));
             writer.kill();
             QVERIFY(writer.state() == QProcess::NotRunning || writer.waitForFinished());
             const QByteArray left = contents(strPath);

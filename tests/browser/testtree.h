@@ -6,13 +6,19 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A temporary folder with what a test puts into it, removed with it.
+// A path as this system writes it, which the panels show and store.
+inline QString native(const QString &strPath)
+{
+    return QDir::toNativeSeparators(strPath);
+}
+
+// A temporary folder with what a test puts into it, removed with it. Its paths are native.
 class CTestTree
 {
 public:
     QString path(const QString &strName = QString()) const
     {
-        return strName.isEmpty() ? m_dir.path() : m_dir.filePath(strName);
+        return native(strName.isEmpty() ? m_dir.path() : m_dir.filePath(strName));
     }
 
     QString addFile(const QString &strName, const QByteArray &data = QByteArray()) const
@@ -20,7 +26,7 @@ public:
         QFile file(path(strName));
         if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
             qFatal("cannot write %s", qPrintable(file.fileName()));
-        return file.fileName();
+        return path(strName);
     }
 
     QString addFolder(const QString &strName) const

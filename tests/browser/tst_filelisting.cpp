@@ -22,7 +22,7 @@ static QStringList paths(const QFileInfoList &lstInfos)
 {
     QStringList lstPaths;
     for (const QFileInfo &info : lstInfos)
-        lstPaths.append(info.filePath());
+        lstPaths.append(native(info.filePath()));
     return lstPaths;
 }
 
@@ -41,7 +41,7 @@ void tst_filelisting::foldersComeBeforeFiles()
                              QFileInfo(QStringLiteral("/")),
                              QFileInfo(tree.path(QStringLiteral("z")))};
     QCOMPARE(paths(sortedFileInfos(lst)),
-             QStringList({QStringLiteral("/"), tree.path(QStringLiteral("z")),
+             QStringList({native(QStringLiteral("/")), tree.path(QStringLiteral("z")),
                           tree.path(QStringLiteral("a"))}));
 }
 
@@ -50,8 +50,8 @@ void tst_filelisting::equalNames_keepTheirOrder()
     const QFileInfoList lst {QFileInfo(QStringLiteral("/x/B")), QFileInfo(QStringLiteral("/x/b")),
                              QFileInfo(QStringLiteral("/x/a")), QFileInfo(QStringLiteral("/y/B"))};
     QCOMPARE(paths(sortedFileInfos(lst)),
-             QStringList({QStringLiteral("/x/a"), QStringLiteral("/x/B"), QStringLiteral("/x/b"),
-                          QStringLiteral("/y/B")}));
+             QStringList({native(QStringLiteral("/x/a")), native(QStringLiteral("/x/B")),
+                          native(QStringLiteral("/x/b")), native(QStringLiteral("/y/B"))}));
 }
 
 // Few letters, so that many names are equal but for case; letters whose lower case is longer, and
@@ -59,16 +59,17 @@ void tst_filelisting::equalNames_keepTheirOrder()
 void tst_filelisting::randomListings_equalAStableSort()
 {
     const CTestTree tree;
-    const QStringList lstLetters {QStringLiteral("a"),
-                                  QStringLiteral("A"),
-                                  QStringLiteral("ä"),
-                                  QStringLiteral("Ä"),
-                                  QStringLiteral("İ"),
-                                  QStringLiteral("ß"),
-                                  QStringLiteral("."),
-                                  QString::fromUcs4(U"\U00010400", 1),
-                                  QString::fromUcs4(U"\U00010428", 1),
-                                  QStringLiteral("\n")};
+    QStringList lstLetters {QStringLiteral("a"),
+                            QStringLiteral("A"),
+                            QStringLiteral("ä"),
+                            QStringLiteral("Ä"),
+                            QStringLiteral("İ"),
+                            QStringLiteral("ß"),
+                            QString::fromUcs4(U"\U00010400", 1),
+                            QString::fromUcs4(U"\U00010428", 1)};
+#ifndef Q_OS_WIN // Takes no such names.
+    lstLetters += {QStringLiteral("."), QStringLiteral("\n")};
+#endif
     QRandomGenerator random(7);
     for (int nRound = 0; nRound < 200; ++nRound) {
         QFileInfoList lst;

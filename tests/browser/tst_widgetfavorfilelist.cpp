@@ -76,8 +76,8 @@ private:
             .toStringList();
     }
 
-    const QStringList m_lstFour {QStringLiteral("/a"), QStringLiteral("/b"), QStringLiteral("/c"),
-                                 QStringLiteral("/d")};
+    const QStringList m_lstFour {native(QStringLiteral("/a")), native(QStringLiteral("/b")),
+                                 native(QStringLiteral("/c")), native(QStringLiteral("/d"))};
     std::unique_ptr<CSettings> m_pSettings;
 };
 
@@ -100,7 +100,7 @@ void tst_widgetfavorfilelist::newList_showsTheStoredFoldersInOrder()
     const CWidgetFavoriteFolder favourites;
     QCOMPARE(texts(favourites), m_lstFour);
     const auto *pList = favourites.findChild<CMenuListWidget *>();
-    QCOMPARE(pList->item(2)->toolTip(), QStringLiteral("/c"));
+    QCOMPARE(pList->item(2)->toolTip(), native(QStringLiteral("/c")));
     QCOMPARE(pList->selectionMode(), QAbstractItemView::ExtendedSelection);
     QCOMPARE(pList->selectionBehavior(), QAbstractItemView::SelectRows);
     const auto *pLabel = favourites.findChild<QLabel *>();
@@ -126,21 +126,21 @@ void tst_widgetfavorfilelist::newFolder_comesFirstAndIsStored()
 {
     CWidgetFavoriteFolder favourites;
     selectRows(favourites, {2, 3});
-    favourites.addFolder(QStringLiteral("/new"));
-    const QStringList lstExpected = QStringList(QStringLiteral("/new")) + m_lstFour;
+    favourites.addFolder(native(QStringLiteral("/new")));
+    const QStringList lstExpected = QStringList(native(QStringLiteral("/new"))) + m_lstFour;
     QCOMPARE(texts(favourites), lstExpected);
     QCOMPARE(m_pSettings->getFavorFolders(), lstExpected);
     QCOMPARE(onDisk(), lstExpected);
     const auto *pList = favourites.findChild<CMenuListWidget *>();
     QCOMPARE(pList->selectedItems(), QList<QListWidgetItem *> {pList->item(0)});
     QCOMPARE(pList->currentRow(), 0);
-    QCOMPARE(pList->item(0)->toolTip(), QStringLiteral("/new"));
+    QCOMPARE(pList->item(0)->toolTip(), native(QStringLiteral("/new")));
 }
 
 void tst_widgetfavorfilelist::firstFolder_changesAndWritesNothing()
 {
     CWidgetFavoriteFolder favourites;
-    favourites.addFolder(QStringLiteral("/a"));
+    favourites.addFolder(native(QStringLiteral("/a")));
     QCOMPARE(texts(favourites), m_lstFour);
     QCOMPARE(onDisk(), QStringList());
     const auto *pList = favourites.findChild<CMenuListWidget *>();
@@ -150,9 +150,9 @@ void tst_widgetfavorfilelist::firstFolder_changesAndWritesNothing()
 void tst_widgetfavorfilelist::thirdFolder_movesToTheTop()
 {
     CWidgetFavoriteFolder favourites;
-    favourites.addFolder(QStringLiteral("/c"));
-    const QStringList lstExpected {QStringLiteral("/c"), QStringLiteral("/a"), QStringLiteral("/b"),
-                                   QStringLiteral("/d")};
+    favourites.addFolder(native(QStringLiteral("/c")));
+    const QStringList lstExpected {native(QStringLiteral("/c")), native(QStringLiteral("/a")),
+                                   native(QStringLiteral("/b")), native(QStringLiteral("/d"))};
     QCOMPARE(texts(favourites), lstExpected);
     QCOMPARE(onDisk(), lstExpected);
 }
@@ -162,8 +162,8 @@ void tst_widgetfavorfilelist::removed_areExactlyTheSelected()
     const CWidgetFavoriteFolder favourites;
     selectRows(favourites, {2, 0, 3});
     button(favourites, "Remove")->click();
-    QCOMPARE(texts(favourites), QStringList(QStringLiteral("/b")));
-    QCOMPARE(onDisk(), QStringList(QStringLiteral("/b")));
+    QCOMPARE(texts(favourites), QStringList(native(QStringLiteral("/b"))));
+    QCOMPARE(onDisk(), QStringList(native(QStringLiteral("/b"))));
 }
 
 void tst_widgetfavorfilelist::removeWithoutSelection_warns()
@@ -205,9 +205,9 @@ void tst_widgetfavorfilelist::doubleClickedFavourite_opensAndMovesToTheTop()
     const auto *pList = favourites.findChild<CMenuListWidget *>();
     favourites.onDbClickItem(pList->model()->index(3, 0));
     QCOMPARE(spy.size(), 1);
-    QCOMPARE(spy.first().first().toString(), QStringLiteral("/d"));
-    const QStringList lstExpected {QStringLiteral("/d"), QStringLiteral("/a"), QStringLiteral("/b"),
-                                   QStringLiteral("/c")};
+    QCOMPARE(spy.first().first().toString(), native(QStringLiteral("/d")));
+    const QStringList lstExpected {native(QStringLiteral("/d")), native(QStringLiteral("/a")),
+                                   native(QStringLiteral("/b")), native(QStringLiteral("/c"))};
     QCOMPARE(texts(favourites), lstExpected);
     QCOMPARE(onDisk(), lstExpected);
 }
@@ -239,12 +239,12 @@ void tst_widgetfavorfilelist::reveal_opensTheFirstSelected()
 void tst_widgetfavorfilelist::toolTipOfMarkup_isNotInterpreted()
 {
     CWidgetFavoriteFolder favourites;
-    favourites.addFolder(QStringLiteral("/x/<b>bold"));
+    favourites.addFolder(native(QStringLiteral("/x/<b>bold")));
     const auto *pList = favourites.findChild<CMenuListWidget *>();
-    QCOMPARE(pList->item(0)->text(), QStringLiteral("/x/<b>bold"));
+    QCOMPARE(pList->item(0)->text(), native(QStringLiteral("/x/<b>bold")));
     QTextDocument document;
     document.setHtml(pList->item(0)->toolTip());
-    QCOMPARE(document.toPlainText(), QStringLiteral("/x/<b>bold"));
+    QCOMPARE(document.toPlainText(), native(QStringLiteral("/x/<b>bold")));
 }
 
 void tst_widgetfavorfilelist::panel_stacksBrowserAboveFavourites()
@@ -285,7 +285,7 @@ void tst_widgetfavorfilelist::openedFavourite_entersTheHistory()
 {
     const CTestTree tree;
     tree.addFile(QStringLiteral("a"));
-    m_pSettings->setFavorFolders({QStringLiteral("/a"), tree.path()});
+    m_pSettings->setFavorFolders({native(QStringLiteral("/a")), tree.path()});
     CWidgetFavorFileList panel;
     QSignalSpy spy(&panel, &CWidgetFavorFileList::rootPathChanged);
     selectRows(panel, {1});
@@ -293,7 +293,7 @@ void tst_widgetfavorfilelist::openedFavourite_entersTheHistory()
     QCOMPARE(panel.rootPath(), tree.path());
     QCOMPARE(panel.findChild<QComboBox *>()->itemText(0), tree.path());
     QCOMPARE(spy.size(), 1);
-    QCOMPARE(texts(panel), QStringList({tree.path(), QStringLiteral("/a")}));
+    QCOMPARE(texts(panel), QStringList({tree.path(), native(QStringLiteral("/a"))}));
     QTRY_COMPARE(panel.findChild<CFileSystemModel *>()->rowCount(), 1);
 }
 
@@ -304,12 +304,12 @@ void tst_widgetfavorfilelist::signals_areRelayed()
     QSignalSpy spyFile(&panel, &CWidgetFavorFileList::dbClickFile);
     QSignalSpy spyRoot(&panel, &CWidgetFavorFileList::rootPathChanged);
     QSignalSpy spySelection(&panel, &CWidgetFavorFileList::fileSelectionChanged);
-    emit pFileList->dbClickFile(QStringLiteral("/1"));
-    emit pFileList->rootPathChanged(QStringLiteral("/2"));
-    emit pFileList->fileSelectionChanged(QStringLiteral("/3"));
-    QCOMPARE(spyFile.value(0).value(0).toString(), QStringLiteral("/1"));
-    QCOMPARE(spyRoot.value(0).value(0).toString(), QStringLiteral("/2"));
-    QCOMPARE(spySelection.value(0).value(0).toString(), QStringLiteral("/3"));
+    emit pFileList->dbClickFile(native(QStringLiteral("/1")));
+    emit pFileList->rootPathChanged(native(QStringLiteral("/2")));
+    emit pFileList->fileSelectionChanged(native(QStringLiteral("/3")));
+    QCOMPARE(spyFile.value(0).value(0).toString(), native(QStringLiteral("/1")));
+    QCOMPARE(spyRoot.value(0).value(0).toString(), native(QStringLiteral("/2")));
+    QCOMPARE(spySelection.value(0).value(0).toString(), native(QStringLiteral("/3")));
 }
 
 void tst_widgetfavorfilelist::openSelection_followsTheFocus()
@@ -344,8 +344,8 @@ void tst_widgetfavorfilelist::openSelection_followsTheFocus()
     QTRY_VERIFY(panel.hasFocusList());
     panel.openSelection();
     QCOMPARE(spyFile.size(), 1);
-    QCOMPARE(panel.rootPath(), QStringLiteral("/c"));
-    QCOMPARE(texts(panel).first(), QStringLiteral("/c"));
+    QCOMPARE(panel.rootPath(), native(QStringLiteral("/c")));
+    QCOMPARE(texts(panel).first(), native(QStringLiteral("/c")));
 }
 
 void tst_widgetfavorfilelist::enterInTheFavourites_opens()
@@ -353,7 +353,7 @@ void tst_widgetfavorfilelist::enterInTheFavourites_opens()
     CWidgetFavorFileList panel;
     selectRows(panel, {1});
     QTest::keyClick(panel.findChild<CMenuListWidget *>(), Qt::Key_Return);
-    QCOMPARE(panel.rootPath(), QStringLiteral("/b"));
+    QCOMPARE(panel.rootPath(), native(QStringLiteral("/b")));
 }
 
 QTEST_MAIN(tst_widgetfavorfilelist)
