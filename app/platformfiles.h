@@ -43,6 +43,11 @@ qint64 readSome(int nHandle, char *pBuffer, qint64 nSize);
 // marked so that long paths are taken, too.
 QByteArray pathForLibrary(const QString &strPath);
 
+// A path as another program takes or tells it through a pipe, and back: the system's own bytes
+// where names are bytes, UTF-8 on Windows, whose code page has not all letters.
+QByteArray bytesOfPath(const QString &strPath);
+QString pathOfBytes(const QByteArray &path);
+
 // Whether the permissions of an existing file let this user write to it.
 bool mayWrite(const QString &strPath);
 

@@ -176,6 +176,16 @@ QByteArray Platform::pathForLibrary(const QString &strPath)
     return QFile::encodeName(strPath);
 }
 
+QByteArray Platform::bytesOfPath(const QString &strPath)
+{
+    return QFile::encodeName(strPath);
+}
+
+QString Platform::pathOfBytes(const QByteArray &path)
+{
+    return QFile::decodeName(path);
+}
+
 QString Platform::errorText()
 {
     return qt_error_string(errno);

@@ -129,6 +129,16 @@ QByteArray Platform::pathForLibrary(const QString &strPath)
     return "\\\\?\\" + QDir::toNativeSeparators(strPath).toUtf8();
 }
 
+QByteArray Platform::bytesOfPath(const QString &strPath)
+{
+    return strPath.toUtf8();
+}
+
+QString Platform::pathOfBytes(const QByteArray &path)
+{
+    return QString::fromUtf8(path);
+}
+
 QString Platform::errorText()
 {
     return QString::fromLocal8Bit(std::strerror(errno));

@@ -1,7 +1,8 @@
 #include "findinfiles/gitlisting.h"
 
+#include "app/platformfiles.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -114,7 +115,7 @@ private:
         m_last = entry.path;
         const bool bRepository = entry.path.endsWith('/');
         const QByteArray path = bRepository ? entry.path.chopped(1) : entry.path;
-        return m_onFile(QFile::decodeName(path), bRepository || entry.mode == "160000");
+        return m_onFile(Platform::pathOfBytes(path), bRepository || entry.mode == "160000");
     }
 
     const std::function<bool(const QString &, bool)> &m_onFile;

@@ -1,11 +1,11 @@
 // The helper that shows a page or drawing before the editor does (see web/ctaster.h). It reads
 // lines from the standard input, each with a width, a height and the path of a file, the path's
 // bytes as hexadecimal digits, and answers each with the line "shown". It ends with its input.
+#include "app/platformfiles.h"
 #include "taster/ctasting.h"
 #include "taster/limits.h"
 
 #include <QApplication>
-#include <QFile>
 
 #include <cstdio>
 #include <iostream>
@@ -28,7 +28,7 @@ bool tasteNext(CTasting *pTasting)
     if (!(std::cin >> nWidth >> nHeight >> strPath))
         return false;
     Limits::forOneFile();
-    pTasting->taste(QFile::decodeName(QByteArray::fromHex(QByteArray::fromStdString(strPath))),
+    pTasting->taste(Platform::pathOfBytes(QByteArray::fromHex(QByteArray::fromStdString(strPath))),
                     QSize(nWidth, nHeight));
     return true;
 }
@@ -38,7 +38,9 @@ bool tasteNext(CTasting *pTasting)
 int main(int argc, char *argv[])
 {
     Limits::atStart();
+#ifndef Q_OS_WIN // There the other platform has no fonts, and nothing here is ever shown.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     QApplication app(argc, argv);
     CTasting tasting;
     const auto next = [&tasting] {

@@ -1,10 +1,10 @@
 #include "web/ctaster.h"
 
+#include "app/platformfiles.h"
 #include "web/filekey.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <utility>
@@ -149,7 +149,7 @@ void CTaster::send()
     m_timerIdle.start();
     m_timerPatience.start();
     m_pHelper->write(QByteArray::number(m_size.width()) + ' ' + QByteArray::number(m_size.height())
-                     + ' ' + QFile::encodeName(m_strPath).toHex() + '\n');
+                     + ' ' + Platform::bytesOfPath(m_strPath).toHex() + '\n');
 }
 
 void CTaster::onAnswer()

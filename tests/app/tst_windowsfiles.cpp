@@ -171,6 +171,13 @@ private slots:
         QVERIFY(attributes(strPath) & FILE_ATTRIBUTE_HIDDEN);
     }
 
+    // Letters that no code page has together.
+    void path_reachesAnotherProgram()
+    {
+        const QString strPath = QStringLiteral("C:\\Größe\\文字 код.txt");
+        QCOMPARE(Platform::pathOfBytes(Platform::bytesOfPath(strPath)), strPath);
+    }
+
     void accessList_isKept()
     {
         const QString strPath = newFile("closed.txt");
