@@ -7,6 +7,7 @@
 #include "web/csafepage.h"
 #include "web/dataaddresses.h"
 #include "web/markup.h"
+#include "web/pageengine.h"
 #include "web/pictures.h"
 
 #include <QClipboard>
@@ -137,7 +138,8 @@ QIcon CEditWebView::icon() const
 
 QString CEditWebView::toHtml() const
 {
-    return restoreRefusedData(repairSerialised(page()->mainFrame()->toHtml()));
+    const QString strHtml = page()->mainFrame()->toHtml();
+    return restoreRefusedData(hasPageEngine() ? repairSerialised(strHtml) : strHtml);
 }
 
 void CEditWebView::onLoadStarted()

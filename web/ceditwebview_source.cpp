@@ -7,6 +7,7 @@
 #include "web/csafepage.h"
 #include "web/keptlines.h"
 #include "web/pageaddresses.h"
+#include "web/pageengine.h"
 
 #include <QRegularExpression>
 #include <QTextDocument>
@@ -55,6 +56,8 @@ void CEditWebView::takeSource(bool bTyped)
 QString CEditWebView::mergedSource(bool bQuick) const
 {
     QString strNow = toHtml();
+    if (!hasPageEngine())
+        return strNow; // The source as it was given.
     if (strNow == m_strMergedFrom)
         return m_strMerged;
     if (m_merge.serialised().isEmpty()) { // The first load has not ended yet.

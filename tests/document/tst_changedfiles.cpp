@@ -144,7 +144,11 @@ private slots:
         QTest::addColumn<QString>("spelling");
         QTest::newRow("same path") << "a.txt";
         QTest::newRow("other spelling") << "./a.txt";
+#ifdef Q_OS_WIN
+        QTest::newRow("other case") << "A.TXT";
+#else
         QTest::newRow("symbolic link") << "link.txt";
+#endif
     }
 
     void saveInAnotherTab_raisesTheNoticeAtOnce()
@@ -152,7 +156,8 @@ private slots:
         QFETCH(QString, spelling);
         CDocumentsFixture f;
         const QString strPath = f.file("a.txt", "old");
-        QVERIFY(QFile::link(strPath, f.path("link.txt")));
+        if (spelling == QLatin1String("link.txt"))
+            QVERIFY(QFile::link(strPath, f.path("link.txt")));
         CDocument *pOne = f.open(strPath);
         CDocument *pTwo = f.open(f.path(spelling));
         f.type(pOne, "one ");
