@@ -7,6 +7,7 @@
 #include "support/boxanswer.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QLabel>
@@ -54,7 +55,10 @@ public:
         return m_pWindow->findChild<QLabel *>(QLatin1String(szName))->text();
     }
 
-    QString path(const QString &strName) const { return m_folder.filePath(strName); }
+    QString path(const QString &strName) const
+    {
+        return QDir::toNativeSeparators(m_folder.filePath(strName)); // As the window shows it.
+    }
 
     // Makes a file in the case's folder and gives its path.
     QString file(const QString &strName, const QByteArray &data = "text\n") const
@@ -62,7 +66,7 @@ public:
         QFile file(path(strName));
         if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
             qFatal("cannot make %s", qPrintable(file.fileName()));
-        return file.fileName();
+        return path(strName);
     }
 
     // The same with a picture.
