@@ -2,6 +2,8 @@
 #include "app/platformfiles.h"
 #include "app/systemcalls_win.h"
 
+#include <QDir>
+
 #include <cerrno>
 #include <cstring>
 
