@@ -14,6 +14,8 @@ CTasting::CTasting(QObject *pParent)
     : QObject(pParent), m_pView(new QWebView), m_pPage(new CSafePage(m_pView))
 {
     m_pPage->showIn(m_pView);
+    // For platforms that have a screen.
+    m_pView->setAttribute(Qt::WA_DontShowOnScreen);
     m_pView->show();
     connect(m_pView, &QWebView::loadFinished, this, &CTasting::onLoaded);
     // What the first page needs is loaded before there is one.

@@ -26,7 +26,7 @@ done
 
 (cd "$made" && rm -f "$name-windows.zip" && zip -qr9 "$name-windows.zip" "$name")
 "$source_dir/packaging/windows/make-installer.sh" "$folder" "$version" "$made/$name-setup.exe"
-for file in app/main.cpp docs/quillan.png LICENSE; do
+for file in app/main.cpp docs/quillan.png tests/highlight/samples/sample.html; do
     "$source_dir/packaging/windows/try-program.sh" "$folder" "$made/$(basename "$file").png" "$source_dir/$file"
 done
 "$source_dir/packaging/windows/try-installer.sh" "$made/$name-setup.exe"
