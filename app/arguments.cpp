@@ -10,7 +10,7 @@ QString absolutePath(const QString &strPath, const QDir &folder)
     if (QDir::isAbsolutePath(strPath) || !info.exists())
         return strPath;
     const QString strAbsolute = folder.absoluteFilePath(strPath);
-    // Without "." and "..", unless ".." leads on from where a link points to.
+    // Removes "." and "..", unless a ".." leads on from the target of a link.
     const QString strClean = QDir::cleanPath(strAbsolute);
     const bool bSame = QFileInfo(strClean).canonicalFilePath() == info.canonicalFilePath();
     return bSame ? strClean : strAbsolute;

@@ -26,7 +26,8 @@ public:
     CInPlaceJournal(const CInPlaceJournal &) = delete;
     CInPlaceJournal &operator=(const CInPlaceJournal &) = delete;
 
-    // Where the copies lie; before the first writing. Without it, "in-place" in the program's data.
+    // Sets the folder of the copies; call it before the first writing. The default is "in-place" in
+    // the program's data.
     static void setFolder(const QString &strFolder);
     static QString folder();
 

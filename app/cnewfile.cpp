@@ -7,7 +7,7 @@
 
 namespace {
 
-// As long as mkstemp() would make it.
+// The ending has the length of mkstemp()'s.
 QString randomEnding()
 {
     const char szLetters[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";

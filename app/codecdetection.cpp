@@ -16,8 +16,8 @@ namespace {
 constexpr int g_nCutBytes = 64; // In less, half a character is rather the mark of a wrong guess.
 constexpr int g_nDetectorBytes = 0x10000;
 constexpr int g_nRankedBytes = 0x800;
-// From so many foreign bytes on, the detector is believed about encodings that the ranking does not
-// know.
+// The detector needs at least this many foreign bytes to be believed about encodings that the
+// ranking does not know.
 constexpr int g_nBelievedBytes = 20;
 constexpr double g_nSureLead = 5; // A likelihood of more than 100 to 1.
 constexpr double g_nUsualByte = -4.5;

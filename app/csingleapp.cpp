@@ -47,7 +47,7 @@ CSingleApp::CSingleApp(QObject *pParent, const QString &strKey)
 
 CSingleApp::~CSingleApp()
 {
-    // To detach needs the lock, too. Where nobody gives it back, the end of the process detaches.
+    // Detaching needs the lock as well. If nobody gives it back, the end of the process detaches.
     if (!m_pMemory->isAttached())
         return;
     if (lock(g_nLockAtStart))
@@ -104,8 +104,8 @@ bool CSingleApp::isMailboxEmpty() const
     return bEmpty;
 }
 
-// Not behind a message that waits: the first instance empties the mailbox when it has opened all of
-// what it found there, and what came in between goes with it.
+// Waits while another message is in the mailbox. The first instance empties the mailbox after it
+// has opened everything it found there, and a message that came in between would be lost.
 bool CSingleApp::sendInTurn(const QString &strText)
 {
     QElapsedTimer timer;

@@ -11,7 +11,7 @@ namespace {
 
 const char g_szFormat[] = "quillan-draft-1";
 
-// In the order of SDraft::Reason.
+// The order is that of SDraft::Reason.
 const char *const g_arrReasons[] = {"unsaved",   "closed", "refreshed", "codec",
                                     "formatted", "loaded", "deleted"};
 

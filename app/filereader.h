@@ -39,8 +39,8 @@ struct SFileContent
     };
 
     QByteArray bytes; // Empty with all faults but Changing.
-    // From the descriptor that was read, before the first byte. With a hash where it is fresh or
-    // the file is no larger than 4 MB.
+    // The state of the descriptor before its first byte was read. It has a hash if the file is
+    // fresh or no larger than 4 MB.
     SFileState state;
     Fault fault = Fault::None;
     QString strError; // For the user, without the file's name. Empty: read whole.

@@ -19,7 +19,7 @@ QString linkTarget(const QString &strPath)
     const int nMaxLinks = 40; // As many as Linux follows; a loop ends here, still a link.
     QFileInfo info(strPath);
     for (int n = 0; n < nMaxLinks && info.isSymbolicLink(); ++n) {
-        // From the folder as it really lies: there a ".." in the link counts.
+        // Starts from the folder's real path, because a ".." in the link counts from there.
         const QDir dir(QFileInfo(info.absolutePath()).canonicalFilePath());
         info.setFile(QFileInfo(dir, info.fileName()).symLinkTarget());
     }
@@ -33,7 +33,7 @@ class CFileReplacement
 public:
     enum class Outcome { Done, Failed, InPlaceInstead };
 
-    // By a finished copy.
+    // Replaces the file by a finished copy.
     static Outcome replace(const QString &strTarget, const QByteArray &data, QString *pError,
                            SFileState *pState);
 

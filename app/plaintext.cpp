@@ -42,7 +42,7 @@ bool hides(QChar c)
     }
 }
 
-// As its number, which every font can show.
+// Shows the sign as its number, for which every font has the characters.
 QString visibleSign(QChar c)
 {
     return QStringLiteral("<U+%1>").arg(uint(c.unicode()), 4, 16, QLatin1Char('0')).toUpper();

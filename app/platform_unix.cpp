@@ -65,7 +65,8 @@ int renameToFreeName(const QByteArray &oldPath, const QByteArray &newPath)
         return unlink(szOld) == 0 ? 0 : errno;
     if (errno == EEXIST || errno == ENOENT)
         return errno;
-    // Nor links: a folder, say. What takes the name in this very moment is lost.
+    // A file system without hard links, or a folder, which can have none. A file that takes the
+    // name in this very moment is lost.
     struct stat info = {};
     if (lstat(szNew, &info) == 0)
         return EEXIST;
@@ -96,7 +97,7 @@ bool Platform::isSamePath(const QString &strLeft, const QString &strRight)
 
 bool Platform::hasUtf8Names()
 {
-    // As QCoreApplication will set it.
+    // Sets the locale as QCoreApplication will.
     std::setlocale(LC_CTYPE, "");
     const QByteArray codeset = nl_langinfo(CODESET);
     return codeset.compare("UTF-8", Qt::CaseInsensitive) == 0 || codeset == "ANSI_X3.4-1968"
@@ -177,7 +178,7 @@ bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strN
 
 int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
 {
-    // Without O_NONBLOCK, a pipe that nobody writes to would be waited for.
+    // O_NONBLOCK keeps the call from waiting for a pipe that nobody writes to.
     const int nFlags = O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
     const int nHandle = open(QFile::encodeName(strPath).constData(), nFlags);
     if (nHandle < 0)

@@ -50,7 +50,7 @@ bool Platform::isSamePath(const QString &strLeft, const QString &strRight)
 {
     const std::wstring left = QDir::toNativeSeparators(strLeft).toStdWString();
     const std::wstring right = QDir::toNativeSeparators(strRight).toStdWString();
-    // By the system's own table of cases, which is the one of its disks.
+    // Compares by the system's own table of cases, which its disks use as well.
     const BOOL bIgnoreCase = TRUE;
     return CompareStringOrdinal(left.c_str(), int(left.size()), right.c_str(), int(right.size()),
                                 bIgnoreCase)

@@ -102,7 +102,8 @@ bool Platform::carryOver(const QString &strPath, int nHandle)
     if (stat(path.constData(), &old) != 0)
         return false;
     const mode_t nMode = old.st_mode & g_nPermissions;
-    // In this order: a new owner takes set-id bits away, an access list the permissions.
+    // The order matters: a new owner clears set-id bits, and an access list changes the
+    // permissions.
     return carryOwner(old, nHandle) && carryAttributes(path.constData(), nHandle)
         && fchmod(nHandle, nMode) == 0 && isOwnMode(nHandle, nMode);
 }
@@ -119,7 +120,7 @@ Platform::SPrivileges Platform::privilegesOf(int nHandle)
     return privileges;
 }
 
-// Where only the administrator may give them, they stay away: narrower than before, never wider.
+// Privileges that only the administrator may give are dropped: the file gets narrower, never wider.
 void Platform::restorePrivileges(int nHandle, const SPrivileges &privileges)
 {
     if (!isOwnMode(nHandle, privileges.nMode) && fchmod(nHandle, privileges.nMode) != 0)

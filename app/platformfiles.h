@@ -62,8 +62,8 @@ bool resizeFile(int nHandle, qint64 nSize);
 // These bytes read as zeros from now on and take no room. False where the file system cannot.
 bool makeHole(int nHandle, qint64 nPosition, qint64 nSize);
 
-// Until the disk has what was written, and how large it is; a device that does not know about it is
-// believed. The folder: until it has the names in it.
+// Waits until the disk has the bytes and the size; a device that cannot tell is believed. For a
+// folder: until the disk has its names.
 bool syncFile(int nHandle);
 bool syncFolder(const QString &strFolder);
 
@@ -93,8 +93,8 @@ bool isFolderClosed();
 enum class FileLock { Mine, AnothersNow, Unknown };
 FileLock lockFile(int nHandle);
 
-// From now on, writing to a pipe without a reader or beyond a limit of file sizes fails instead of
-// ending the program (SIGPIPE, SIGXFSZ).
+// Makes writing to a pipe without a reader, or beyond a limit of file sizes, fail instead of ending
+// the program (SIGPIPE, SIGXFSZ).
 void surviveFailingWrites();
 
 // The system's text for the last failure of a function here on this thread.

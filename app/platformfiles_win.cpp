@@ -35,7 +35,7 @@ quint64 joined(DWORD nHigh, DWORD nLow)
     return quint64(nHigh) << 32 | nLow;
 }
 
-// From hundreds of nanoseconds since 1601.
+// Windows counts hundreds of nanoseconds since 1601.
 qint64 nanoseconds(const FILETIME &time)
 {
     return (qint64(joined(time.dwHighDateTime, time.dwLowDateTime)) - 116444736000000000) * 100;

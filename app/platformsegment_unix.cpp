@@ -51,7 +51,7 @@ SegmentOwner ownerOfMemory(key_t nKey)
     return shmctl(nId, IPC_STAT, &info) == 0 ? ownerBy(info.shm_perm) : SegmentOwner::Others;
 }
 
-// As semctl() wants it, which leaves it to its callers to declare.
+// semctl() leaves the declaration of this union to its callers.
 union UArgument {
     int nValue;
     semid_ds *pInfo;

@@ -16,7 +16,7 @@
 
 namespace {
 
-// With the reader at the other end of a pipe or terminal.
+// Patience with the reader of a pipe or terminal: tells when to give up.
 class CPatience
 {
 public:

@@ -79,7 +79,7 @@ Platform::FileLock Platform::lockFile(int nHandle)
 {
     OVERLAPPED range = {};
     const auto hFile = reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
-    // Behind anything that is ever read.
+    // The locked byte is beyond anything that is ever read.
     range.OffsetHigh = 0x7fffffff;
     return LockFileEx(hFile, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &range)
         ? FileLock::Mine

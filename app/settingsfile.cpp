@@ -24,7 +24,7 @@ char numberedCharacter(const QByteArray &bytes, int *pPosition, int nBase)
     return char(bytes.mid(nStart, *pPosition - nStart).right(4).toUInt(nullptr, nBase));
 }
 
-// As the values will read: escapes resolved as QSettings does it, quotes gone.
+// Gives the bytes as QSettings will read the values: escapes resolved, quotes removed.
 QByteArray unescaped(const QByteArray &bytes)
 {
     QByteArray result;

@@ -14,7 +14,7 @@ class QTextCodec;
 // library's order without the single-byte code pages. Empty when there is none.
 QString detectCodecName(const QByteArray &data);
 
-// As detectCodecName() with the locale's preferred codec given; empty for none.
+// The same with the locale's preferred codec given; empty for none.
 QString detectCodecName(const QByteArray &data, const QString &strPreferred);
 
 // The codec that a lower-case locale name prefers; empty for most.

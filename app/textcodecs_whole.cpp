@@ -53,7 +53,7 @@ QByteArray encodeUtf32(const QString &strText, bool bBigEndian)
     return data;
 }
 
-// Without a byte-order mark.
+// Encodes without a byte-order mark.
 QByteArray encode(const QTextCodec *pCodec, const QString &strText)
 {
     const QByteArray name = pCodec->name();

@@ -62,7 +62,7 @@ private:
         return -1;
     }
 
-    // From behind the keyword: white space, "%" perhaps, a name, a quoted value.
+    // Reads what follows the keyword: white space, perhaps "%", a name, a quoted value.
     void declare(int nPosition)
     {
         nPosition = skipSpace(m_strText, nPosition);

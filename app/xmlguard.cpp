@@ -25,15 +25,15 @@ SParseResult failureAt(const QString &strText, int nPosition, const char *pText)
     return result;
 }
 
-// Behind the next of the closing signs; behind the text where there is none.
+// Gives the position behind the next closing sign, or behind the text if there is none.
 int behind(const QString &strText, int nPosition, const QString &strClose)
 {
     const int nClose = strText.indexOf(strClose, nPosition);
     return nClose < 0 ? strText.length() : nClose + strClose.length();
 }
 
-// Behind a comment or a processing instruction that begins at the position; the position itself
-// where none does.
+// Gives the position behind a comment or processing instruction that begins here; else the position
+// itself.
 int behindRemark(const QString &strText, int nPosition)
 {
     const QStringRef rest = strText.midRef(nPosition, 4);
@@ -44,7 +44,7 @@ int behindRemark(const QString &strText, int nPosition)
     return nPosition;
 }
 
-// Where the document type is declared: only remarks may stand before it. -1 where it is not.
+// Gives the start of the document type declaration, -1 without one. Only remarks may precede it.
 int doctypeStart(const QString &strText)
 {
     int nPosition = 0;
@@ -57,7 +57,7 @@ int doctypeStart(const QString &strText)
     return strText.midRef(nPosition).startsWith(QLatin1String("<!DOCTYPE")) ? nPosition : -1;
 }
 
-// Behind the declaration of the document type that begins at the position.
+// Gives the position behind the document type declaration that begins here.
 int doctypeEnd(const QString &strText, int nPosition)
 {
     bool bInSubset = false;

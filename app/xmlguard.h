@@ -22,6 +22,6 @@ SParseResult guardXml(const QString &strText);
 // The same for a file's bytes, in the encoding that they declare.
 SParseResult guardXml(const QByteArray &bytes);
 
-// As other XML parsers have it. A level of the serialiser takes about 1 KB of stack, of which a
-// main thread on Windows has 1 MB.
+// The limit of other XML parsers. A level of the serialiser takes about 1 KB of stack, and a main
+// thread on Windows has 1 MB.
 const int g_nMaxXmlDepth = 256;

@@ -42,7 +42,7 @@ bool CFileSystemModel::mergeListing(const QString &strPath, FileNodes nodes)
     return true;
 }
 
-// From the end, so that the rows before keep their places; neighbours go at once.
+// Removes from the end, so that the rows before keep their places; neighbours go together.
 void CFileSystemModel::removeMissing(const FileNodes &nodes)
 {
     QHash<QString, const CFileNode *> there;
@@ -115,7 +115,7 @@ void CFileSystemModel::insertRange(int nRow, FileNodes *pNodes, size_t nFrom, si
         pNode->m_nRow = nRow + int(n - nFrom);
         lstChildren.append(pNode);
     }
-    // To their place all at once: one by one, each would move all that stand behind.
+    // Moves all of them to their place at once: one by one, each would move all rows behind it.
     std::rotate(lstChildren.begin() + nRow, lstChildren.begin() + nBefore, lstChildren.end());
     endInsertRows();
 }

@@ -33,7 +33,8 @@ void CFolderFollower::follow(const QString &strFolder)
     watch();
 }
 
-// Also again: the watcher forgets a folder that goes, and it may come back.
+// Watches a known folder again as well: the watcher forgets a folder that goes, and it may come
+// back.
 void CFolderFollower::watch()
 {
     if (m_watcher.directories().isEmpty() && QFileInfo(m_strFolder).isDir())

@@ -40,7 +40,8 @@ CWidgetFileList::~CWidgetFileList()
     m_pComboFolder->disconnect(this); // Losing the focus as it goes, it may tell of an entry.
     delete m_pFollower; // First: it waits for its reader, and nobody is to hear of that.
     m_pModel->stop();
-    // As a child of the view it would go, and tell of its rows going, after most of the view.
+    // The model is deleted first. As a child of the view it would signal the removal of its rows to
+    // a view that is half destroyed.
     delete m_pModel;
 }
 
@@ -199,8 +200,8 @@ void CWidgetFileList::onUpper()
 {
     QDir dir(rootPath());
     dir.cdUp();
-    // Where native separators are not Qt's own, a root never compares equal and is listed again;
-    // so it is everywhere.
+    // A root is always listed again. With native separators that are not Qt's it never compares
+    // equal, and all systems shall behave alike.
     if (dir.absolutePath() == rootPath() && !dir.isRoot())
         return;
     const QString strLeft = rootPath();

@@ -10,7 +10,7 @@
 
 namespace {
 
-// By what readForEditor() reckons with, a text of that size takes six gigabytes.
+// A text of that size takes six gigabytes by the estimate of readForEditor().
 qint64 s_nCeiling = qint64(512) << 20;
 
 } // namespace
@@ -31,43 +31,43 @@ SFileContent CDocument::read(const QString &strPath)
     return readForEditor(strPath);
 }
 
-// While another program writes, what was read last is shown; that the file went on changing is told
-// when it is compared.
+// While another program writes the file, the bytes read last are shown; the later comparison tells
+// of the change.
 bool CDocument::isLoadable(const SFileContent &content)
 {
     return content.isWhole() || content.fault == SFileContent::Fault::Changing;
 }
 
-Result CDocument::load(const QString &strPath, const SFileContent &content)
+CResult CDocument::load(const QString &strPath, const SFileContent &content)
 {
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        const Result result = showContent(strPath, content);
+        const CResult result = showContent(strPath, content);
         if (!result.isDone())
             return result;
         noteState(content.state, isContentWhole(content));
     }
     emit loaded();
-    return Result::done();
+    return CResult::done();
 }
 
-Result CDocument::reload()
+CResult CDocument::reload()
 {
     if (isArriving())
         return refusedAsReadOnly();
     if (reloadInBackground())
-        return Result::done();
+        return CResult::done();
     const SFileContent content = read(path());
     if (!isLoadable(content))
-        return Result::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
+        return CResult::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        const Result result = showAgain(content);
+        const CResult result = showAgain(content);
         if (!result.isDone())
             return result;
     }
     onFileRead(content);
-    return Result::done();
+    return CResult::done();
 }
 
 void CDocument::onFileRead(const SFileContent &content)
@@ -76,13 +76,14 @@ void CDocument::onFileRead(const SFileContent &content)
     emit reloaded();
 }
 
-Result CDocument::refusedAsReadOnly() const
+CResult CDocument::refusedAsReadOnly() const
 {
-    return Result::refused(isArriving() ? tr("The file is still being loaded.")
-                                        : tr("The text is shown in pieces and cannot be changed."));
+    return CResult::refused(isArriving()
+                                ? tr("The file is still being loaded.")
+                                : tr("The text is shown in pieces and cannot be changed."));
 }
 
-Result CDocument::save()
+CResult CDocument::save()
 {
     if (isReadOnly())
         return refusedAsReadOnly();
@@ -91,15 +92,15 @@ Result CDocument::save()
         return write(path());
     question.lstChoices.prepend({tr("Overwrite"), [this] { emit saveWanted(); }});
     setNotice(Topic::Question, question);
-    return Result::refused();
+    return CResult::refused();
 }
 
-Result CDocument::saveAnyway()
+CResult CDocument::saveAnyway()
 {
     return write(path());
 }
 
-Result CDocument::saveAs(const QString &strPath)
+CResult CDocument::saveAs(const QString &strPath)
 {
     if (isReadOnly())
         return refusedAsReadOnly();
@@ -111,15 +112,15 @@ Result CDocument::saveAs(const QString &strPath)
     question.lstChoices = {
         {tr("Save all the same"), [this, strPath] { emit saveAsWanted(strPath); }}};
     setNotice(Topic::Question, question);
-    return Result::refused();
+    return CResult::refused();
 }
 
-Result CDocument::saveAsAnyway(const QString &strPath)
+CResult CDocument::saveAsAnyway(const QString &strPath)
 {
     return write(strPath);
 }
 
-Result CDocument::write(const QString &strPath)
+CResult CDocument::write(const QString &strPath)
 {
     if (isReadOnly()) // An answer in the bar may come late.
         return refusedAsReadOnly();
@@ -130,16 +131,16 @@ Result CDocument::write(const QString &strPath)
         QString strError;
         SFileState state;
         if (!writeFile(strPath, bytesToSave(strPath), &strError, &state))
-            return Result::refused(strError);
+            return CResult::refused(strError);
         if (strPath != path())
             setPath(strPath);
         if (strPath != path())
-            return Result::done(); // A picture, which is written nowhere and keeps its file.
+            return CResult::done(); // A picture, which is written nowhere and keeps its file.
         markSaved();
         noteState(state, true);
     }
     emit saved();
-    return Result::done();
+    return CResult::done();
 }
 
 // What was just read or written is what the document stands on: older notices are answered by it.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/cdraftstore.h"
+#include "app/cresult.h"
 #include "app/filereader.h"
 #include "app/filestate.h"
-#include "app/result.h"
 #include "document/notice.h"
 #include "document/place.h"
 
@@ -53,11 +53,12 @@ public:
     virtual bool isModified() const { return false; }
     // False for pictures, and for a page that shows another address than its file's.
     virtual bool canSave() const { return false; }
-    // While it is created or filled; a large text for as long as it arrives.
+    // True while the document is created or filled; for a large text, until all of it has arrived.
     bool isLoading() const { return m_bLoading || isArriving(); }
     // A large text on its way: it can be read and copied, and nothing else. It is not modified.
     virtual bool isArriving() const { return false; }
-    // Not to be changed nor saved: arriving, or not shown as the file has it.
+    // True when the document can be neither changed nor saved: it is still arriving, or it is not
+    // shown as the file has it.
     virtual bool isReadOnly() const { return isArriving(); }
     // Ends the arrival. False when only a part of the text is there: then close the document.
     virtual bool stopArriving() { return true; }
@@ -68,20 +69,20 @@ public:
     static SFileContent read(const QString &strPath);
     // True for a file so large that the user is asked before it is read.
     static bool isAboveCeiling(const QString &strPath);
-    // In bytes. For tests.
+    // The size in bytes above which a file is refused. Tests lower it.
     static void setCeiling(qint64 nBytes);
     static bool isLoadable(const SFileContent &content);
     // Shows what was read from the path.
-    Result load(const QString &strPath, const SFileContent &content);
+    CResult load(const QString &strPath, const SFileContent &content);
     // Reads the file again; what was typed since is dropped without a draft: ask first.
-    Result reload();
+    CResult reload();
     // Refused without a text when the notice bar asks the user first; see saveWanted().
-    Result save();
-    Result saveAnyway();
+    CResult save();
+    CResult saveAnyway();
     // Under a new path, whatever lies there. Asks in the bar, too, when the text is not all of the
     // file; see saveAsWanted().
-    Result saveAs(const QString &strPath);
-    Result saveAsAnyway(const QString &strPath);
+    CResult saveAs(const QString &strPath);
+    CResult saveAsAnyway(const QString &strPath);
 
     // The file has another name now, and nothing else about it is new.
     void fileRenamed(const QString &strPath);
@@ -99,7 +100,7 @@ public:
     // The same, when another tab has just written it.
     void checkFileAfterSaveElsewhere();
 
-    // Where the user is in it.
+    // Caret and scroll position of the user.
     virtual SPlace place() const;
     // Goes back there. For a document that has just been loaded; a page goes when its load ends.
     virtual void goToPlace(const SPlace &) { }
@@ -113,23 +114,23 @@ public:
     void restore(const SDraft &draft);
 
     // Editing commands. They answer whether they could do anything.
-    virtual Result undo();
-    virtual Result redo();
-    virtual Result cut();
-    virtual Result copy();
-    virtual Result paste();
-    virtual Result selectAll();
+    virtual CResult undo();
+    virtual CResult redo();
+    virtual CResult cut();
+    virtual CResult copy();
+    virtual CResult paste();
+    virtual CResult selectAll();
     // The next match; bBackward: against the direction that the settings give.
-    virtual Result find(const QString &strText, bool bBackward);
-    virtual Result replace(const QString &strFind, const QString &strReplacement);
-    virtual Result replaceAll(const QString &strFind, const QString &strReplacement);
+    virtual CResult find(const QString &strText, bool bBackward);
+    virtual CResult replace(const QString &strFind, const QString &strReplacement);
+    virtual CResult replaceAll(const QString &strFind, const QString &strReplacement);
     virtual QString selectedText() const;
-    // Of a page that is shown: a QWebPage::WebAction, such as bold.
-    virtual Result format(int nWebAction);
+    // Runs a QWebPage::WebAction, such as bold, on a page that is shown.
+    virtual CResult format(int nWebAction);
 
     // Only where the text is one: see CEditorDocument.
-    virtual Result setCodec(const QString &strName);
-    Result setReturnFormat(int nFormat);
+    virtual CResult setCodec(const QString &strName);
+    CResult setReturnFormat(int nFormat);
     virtual void setLineWrap(bool bWrap);
 
     // What is to be told about this document now.
@@ -170,10 +171,10 @@ protected:
     // strPath: where they will lie.
     virtual QByteArray bytesToSave(const QString &strPath) const;
     virtual void setPath(const QString &) { }
-    // After the bytes have reached the disk.
+    // Called after the bytes have reached the disk.
     virtual void markSaved() { }
-    virtual Result showContent(const QString &strPath, const SFileContent &content);
-    virtual Result showAgain(const SFileContent &content);
+    virtual CResult showContent(const QString &strPath, const SFileContent &content);
+    virtual CResult showAgain(const SFileContent &content);
     // True when the file is large and is read in the background from now on.
     virtual bool reloadInBackground() { return false; }
     virtual bool isContentWhole(const SFileContent &) const { return true; }
@@ -188,8 +189,8 @@ protected:
     void setWhole(bool bWhole) { m_bWhole = bWhole; }
 
 private:
-    Result write(const QString &strPath);
-    Result refusedAsReadOnly() const;
+    CResult write(const QString &strPath);
+    CResult refusedAsReadOnly() const;
     SNotice saveQuestion();
     SNotice lossQuestion() const;
     SNotice changedNotice();

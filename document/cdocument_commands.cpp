@@ -20,12 +20,12 @@ private:
     QWidget *m_pWidget;
 };
 
-Result runOn(CHighlightEdit *pEditor, void (CHighlightEdit::*pCommand)())
+CResult runOn(CHighlightEdit *pEditor, void (CHighlightEdit::*pCommand)())
 {
     if (!pEditor)
-        return Result::refused();
+        return CResult::refused();
     (pEditor->*pCommand)();
-    return Result::done();
+    return CResult::done();
 }
 
 } // namespace
@@ -35,79 +35,79 @@ QByteArray CDocument::bytesToSave(const QString &) const
     return QByteArray();
 }
 
-Result CDocument::showContent(const QString &, const SFileContent &)
+CResult CDocument::showContent(const QString &, const SFileContent &)
 {
-    return Result::refused();
+    return CResult::refused();
 }
 
-Result CDocument::showAgain(const SFileContent &)
+CResult CDocument::showAgain(const SFileContent &)
 {
-    return Result::refused();
+    return CResult::refused();
 }
 
-Result CDocument::undo()
+CResult CDocument::undo()
 {
     return runOn(editor(), &CHighlightEdit::undo);
 }
 
-Result CDocument::redo()
+CResult CDocument::redo()
 {
     return runOn(editor(), &CHighlightEdit::redo);
 }
 
-Result CDocument::cut()
+CResult CDocument::cut()
 {
     return runOn(editor(), &CHighlightEdit::cut);
 }
 
-Result CDocument::copy()
+CResult CDocument::copy()
 {
     return runOn(editor(), &CHighlightEdit::copy);
 }
 
-Result CDocument::paste()
+CResult CDocument::paste()
 {
     return runOn(editor(), &CHighlightEdit::paste);
 }
 
-Result CDocument::selectAll()
+CResult CDocument::selectAll()
 {
     return runOn(editor(), &CHighlightEdit::selectAll);
 }
 
-Result CDocument::find(const QString &strText, bool bBackward)
+CResult CDocument::find(const QString &strText, bool bBackward)
 {
     CHighlightEdit *pEditor = editor();
     if (!pEditor)
-        return Result::refused();
+        return CResult::refused();
     if (isArriving())
         return refusedAsReadOnly();
     const CWaitCursor wait(pEditor);
-    return Result::doneIf(bBackward ? pEditor->findPrevious(strText)
-                                    : pEditor->find(strText, false, nullptr));
+    return CResult::doneIf(bBackward ? pEditor->findPrevious(strText)
+                                     : pEditor->find(strText, false, nullptr));
 }
 
-Result CDocument::replace(const QString &strFind, const QString &strReplacement)
+CResult CDocument::replace(const QString &strFind, const QString &strReplacement)
 {
     CHighlightEdit *pEditor = editor();
     if (!pEditor)
-        return Result::refused();
+        return CResult::refused();
     if (isReadOnly())
         return refusedAsReadOnly();
     const CWaitCursor wait(pEditor);
-    return Result::doneIf(pEditor->replace(strFind, strReplacement, nullptr));
+    return CResult::doneIf(pEditor->replace(strFind, strReplacement, nullptr));
 }
 
-Result CDocument::replaceAll(const QString &strFind, const QString &strReplacement)
+CResult CDocument::replaceAll(const QString &strFind, const QString &strReplacement)
 {
     CHighlightEdit *pEditor = editor();
     if (!pEditor)
-        return Result::refused();
+        return CResult::refused();
     if (isReadOnly())
         return refusedAsReadOnly();
     const CWaitCursor wait(pEditor);
     pEditor->startReplaceAll(strFind, strReplacement);
-    return Result::done();
+    return CResult::done();
 }
 
 QString CDocument::selectedText() const
@@ -115,26 +115,26 @@ QString CDocument::selectedText() const
     return editor() ? editor()->textCursor().selectedText() : QString();
 }
 
-Result CDocument::format(int)
+CResult CDocument::format(int)
 {
-    return Result::refused();
+    return CResult::refused();
 }
 
-Result CDocument::setCodec(const QString &)
+CResult CDocument::setCodec(const QString &)
 {
-    return Result::refused();
+    return CResult::refused();
 }
 
-Result CDocument::setReturnFormat(int nFormat)
+CResult CDocument::setReturnFormat(int nFormat)
 {
     CHighlightEdit *pEditor = editor();
     if (!pEditor || pEditor->returnFormat() == nFormat)
-        return Result::refused();
+        return CResult::refused();
     if (isReadOnly())
         return refusedAsReadOnly();
     pEditor->setReturnFormat(nFormat);
     pEditor->setModified(true); // What would be saved is no longer what lies on the disk.
-    return Result::done();
+    return CResult::done();
 }
 
 void CDocument::setLineWrap(bool bWrap)

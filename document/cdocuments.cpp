@@ -26,7 +26,8 @@ CDocuments::CDocuments(const QString &strFolder, QObject *pParent)
       m_loads(strFolder + QStringLiteral("/loading"))
 {
     connect(&m_watch, &CFileWatch::mayHaveChanged, this, &CDocuments::checkFiles);
-    // Before any window asks what to do with its documents: the system may not wait for an answer.
+    // Drafts are written before any window asks about its documents: the system may not wait for an
+    // answer.
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { m_drafts.flush(); });
 }
 

@@ -29,8 +29,8 @@ public:
 
     // Takes the document over.
     void add(CDocument *pDocument);
-    // With its views. Its text is saved or may be lost; where it would be the last copy of a
-    // deleted file, it is kept as a draft and offered.
+    // Closes the document and its views. The caller has saved its text or may lose it. The last
+    // copy of a deleted file is kept as a draft and offered.
     void close(CDocument *pDocument);
     // The same for a document whose unsaved text nobody asked about: it is kept and offered.
     void closeDropping(CDocument *pDocument);
@@ -40,8 +40,8 @@ public:
     const QList<CDocument *> &all() const { return m_lstDocuments; }
     // The document that a tab's widget shows; for none (null) the one that refuses everything.
     CDocument &of(const QWidget *pWidget);
-    // Before a page or a picture is given to an engine that can end the program: what is unsaved is
-    // put on the disk, and the load is noted there.
+    // Call it before a page or a picture is given to an engine that can crash the program: it
+    // writes the drafts and notes the load on the disk.
     void beginLoad(const QString &strPath);
     void endLoad(const QString &strPath);
     // A page loads on after it was asked to.

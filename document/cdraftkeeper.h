@@ -22,7 +22,7 @@ public:
     ~CDraftKeeper() override;
 
     void add(CDocument *pDocument);
-    // From now on the document stands for this draft, which lies on the disk already.
+    // The document takes over this draft, which is on the disk already.
     void adopt(CDocument *pDocument, const SDraft &draft);
 
     // Keeps what the document holds now under a draft of its own, which no later save removes.

@@ -60,17 +60,17 @@ void CEditorDocument::markSaved()
     m_pEditor->setModified(false);
 }
 
-Result CEditorDocument::showContent(const QString &strPath, const SFileContent &content)
+CResult CEditorDocument::showContent(const QString &strPath, const SFileContent &content)
 {
     m_pEditor->setPathFileName(strPath);
     m_pEditor->setTextData(content.bytes, false);
-    return Result::done();
+    return CResult::done();
 }
 
-Result CEditorDocument::showAgain(const SFileContent &content)
+CResult CEditorDocument::showAgain(const SFileContent &content)
 {
     m_pEditor->reloadData(content.bytes);
-    return Result::done();
+    return CResult::done();
 }
 
 bool CEditorDocument::isCodecSure() const
@@ -88,24 +88,24 @@ bool CEditorDocument::isContentWhole(const SFileContent &) const
     return m_pEditor->isWhole();
 }
 
-Result CEditorDocument::setCodec(const QString &strName)
+CResult CEditorDocument::setCodec(const QString &strName)
 {
     if (isReadOnly())
-        return Result::refused();
+        return CResult::refused();
     if (!codecForName(strName) || strName == m_pEditor->codecName())
-        return Result::refused();
+        return CResult::refused();
     if (!isModified() && !path().isEmpty()) {
         const SFileContent content = read(path());
         // Another program's version is read by Refresh, not by the way.
         if (content.isWhole() && content.state == fileState()) {
             m_pEditor->readIn(strName, content.bytes);
             setWhole(m_pEditor->isWhole());
-            return Result::done();
+            return CResult::done();
         }
     }
     m_pEditor->setCodecName(strName);
     setWhole(isWhole() && m_pEditor->isWhole());
-    return Result::done();
+    return CResult::done();
 }
 
 void CEditorDocument::fillDraft(SDraft *pDraft) const

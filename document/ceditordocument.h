@@ -32,13 +32,13 @@ public:
 
     // Shows the file in that codec: from its own bytes while nothing was typed, else from the bytes
     // that the text has in the codec it was read in.
-    Result setCodec(const QString &strName) override;
+    CResult setCodec(const QString &strName) override;
 
     // A large file: shows it piece by piece while the event loop runs. Ends with loaded() or
     // arrivalFailed().
     void loadInBackground(const QString &strPath);
 
-    // While the text arrives, the place that it goes to afterwards.
+    // While the text arrives: the place to go to afterwards.
     SPlace place() const override;
     void goToPlace(const SPlace &place) override;
 
@@ -46,8 +46,8 @@ protected:
     QByteArray bytesToSave(const QString &strPath) const override;
     void setPath(const QString &strPath) override;
     void markSaved() override;
-    Result showContent(const QString &strPath, const SFileContent &content) override;
-    Result showAgain(const SFileContent &content) override;
+    CResult showContent(const QString &strPath, const SFileContent &content) override;
+    CResult showAgain(const SFileContent &content) override;
     bool reloadInBackground() override;
     bool isContentWhole(const SFileContent &content) const override;
     void fillDraft(SDraft *pDraft) const override;

@@ -26,8 +26,8 @@ bool CEditorDocument::isArriving() const
 
 bool CEditorDocument::isReadOnly() const
 {
-    // Also a part that stays when the arrival was stopped; not a Replace All, which a save
-    // finishes.
+    // True also for the part that stays when an arrival was stopped. False during a Replace All,
+    // which a save finishes.
     return m_pEditor->isReadOnly() && !m_pEditor->replaceAllJob();
 }
 
@@ -128,7 +128,7 @@ void CEditorDocument::tellOfPieces()
     setNotice(Topic::Loading, notice);
 }
 
-// Without an answer the text would never come.
+// A dismissed question counts as an answer, or the text would never come.
 void CEditorDocument::dismissNotice()
 {
     const bool bAsking = m_bAsking;

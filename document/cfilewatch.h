@@ -20,7 +20,7 @@ public:
     void setFiles(const QStringList &lstPaths);
 
 signals:
-    // Once for a burst of changes.
+    // Emitted once for a burst of changes.
     void mayHaveChanged();
 
 private:

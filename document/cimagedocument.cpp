@@ -37,9 +37,9 @@ void CImageDocument::loadPicture(const QString &strPath)
     emit loaded();
 }
 
-Result CImageDocument::showAgain(const SFileContent &)
+CResult CImageDocument::showAgain(const SFileContent &)
 {
     return m_pImage->reload()
-        ? Result::done()
-        : Result::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
+        ? CResult::done()
+        : CResult::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
 }

@@ -23,7 +23,7 @@ public:
     void loadPicture(const QString &strPath);
 
 protected:
-    Result showAgain(const SFileContent &content) override;
+    CResult showAgain(const SFileContent &content) override;
 
 private:
     QPointer<CImageWidget> m_pImage;

@@ -163,13 +163,13 @@ void CPageDocument::markSaved()
     m_pPage->markSaved(); // And its source editor.
 }
 
-Result CPageDocument::loadDecoded(const QString &strPath, const SPageSource &source)
+CResult CPageDocument::loadDecoded(const QString &strPath, const SPageSource &source)
 {
     const QScopedValueRollback<const SPageSource *> decoded(m_pDecoded, &source);
     return load(strPath, source.content);
 }
 
-Result CPageDocument::showContent(const QString &strPath, const SFileContent &content)
+CResult CPageDocument::showContent(const QString &strPath, const SFileContent &content)
 {
     if (m_pDecoded)
         m_pPage->loadSource(strPath, *m_pDecoded);
@@ -177,16 +177,16 @@ Result CPageDocument::showContent(const QString &strPath, const SFileContent &co
         m_pPage->loadSource(strPath, content);
     if (!m_bSource)
         m_pPage->setModified(false);
-    return Result::done();
+    return CResult::done();
 }
 
-// Of a followed link, that page is read again.
-Result CPageDocument::showAgain(const SFileContent &content)
+// After a followed link, the page that is shown is read again.
+CResult CPageDocument::showAgain(const SFileContent &content)
 {
     if (!m_pPage->showsOwnAddress())
-        return Result::doneIf(m_pPage->reload()); // Which says why in the status bar.
+        return CResult::doneIf(m_pPage->reload()); // Which says why in the status bar.
     m_pPage->reloadSource(content, m_pPage->chosenCodecName());
-    return Result::done();
+    return CResult::done();
 }
 
 bool CPageDocument::isContentWhole(const SFileContent &content) const
@@ -202,7 +202,7 @@ void CPageDocument::fillDraft(SDraft *pDraft) const
         pDraft->strText = m_strDropped;
         return;
     }
-    // As a save would write it, so that the source is kept over a recovery, too.
+    // The draft has what a save would write, so that the source survives a recovery as well.
     pDraft->strText =
         m_bSource ? m_pPage->sourceEdit()->getText() : QString::fromUtf8(m_pPage->htmlForSaving());
 }

@@ -28,7 +28,7 @@ public:
     QString codecName() const override;
 
     // The first load, with what was decoded already.
-    Result loadDecoded(const QString &strPath, const SPageSource &source);
+    CResult loadDecoded(const QString &strPath, const SPageSource &source);
     // Changes between the page and its source; widgetChanged() tells when the other one can be
     // shown.
     void showSource(bool bSource);
@@ -36,28 +36,28 @@ public:
     SPlace place() const override;
     void goToPlace(const SPlace &place) override;
 
-    // Without the source in front the commands are the page's.
-    Result undo() override;
-    Result redo() override;
-    Result cut() override;
-    Result copy() override;
-    Result paste() override;
-    Result selectAll() override;
-    Result find(const QString &strText, bool bBackward) override;
-    Result replace(const QString &strFind, const QString &strReplacement) override;
-    Result replaceAll(const QString &strFind, const QString &strReplacement) override;
+    // These commands go to the source while it is shown, else to the page.
+    CResult undo() override;
+    CResult redo() override;
+    CResult cut() override;
+    CResult copy() override;
+    CResult paste() override;
+    CResult selectAll() override;
+    CResult find(const QString &strText, bool bBackward) override;
+    CResult replace(const QString &strFind, const QString &strReplacement) override;
+    CResult replaceAll(const QString &strFind, const QString &strReplacement) override;
     QString selectedText() const override;
-    // While the source is shown: as for a text, with the page read anew where nothing was typed.
-    Result setCodec(const QString &strName) override;
-    Result format(int nWebAction) override;
+    // Works while the source is shown, as for a text. If nothing was typed, the page is read anew.
+    CResult setCodec(const QString &strName) override;
+    CResult format(int nWebAction) override;
     void setLineWrap(bool bWrap) override;
 
 protected:
     QByteArray bytesToSave(const QString &strPath) const override;
     void setPath(const QString &strPath) override;
     void markSaved() override;
-    Result showContent(const QString &strPath, const SFileContent &content) override;
-    Result showAgain(const SFileContent &content) override;
+    CResult showContent(const QString &strPath, const SFileContent &content) override;
+    CResult showAgain(const SFileContent &content) override;
     bool isContentWhole(const SFileContent &content) const override;
     void fillDraft(SDraft *pDraft) const override;
     void showDraft(const SDraft &draft) override;
@@ -66,7 +66,7 @@ private:
     void onPageChanged();
     void notePagePlace(SPlace *pPlace) const;
     void goToLoadedPlace(const SPlace &place);
-    Result run(int nWebAction);
+    CResult run(int nWebAction);
 
     QPointer<CEditWebView> m_pPage;
     const SPageSource *m_pDecoded = nullptr; // While loadDecoded() runs.

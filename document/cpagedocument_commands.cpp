@@ -5,68 +5,68 @@
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 
-Result CPageDocument::run(int nWebAction)
+CResult CPageDocument::run(int nWebAction)
 {
     m_pPage->triggerEdit(static_cast<QWebPage::WebAction>(nWebAction));
-    return Result::done();
+    return CResult::done();
 }
 
-Result CPageDocument::undo()
+CResult CPageDocument::undo()
 {
     return m_bSource ? CDocument::undo() : run(QWebPage::Undo);
 }
 
-Result CPageDocument::redo()
+CResult CPageDocument::redo()
 {
     return m_bSource ? CDocument::redo() : run(QWebPage::Redo);
 }
 
-Result CPageDocument::cut()
+CResult CPageDocument::cut()
 {
     return m_bSource ? CDocument::cut() : run(QWebPage::Cut);
 }
 
-Result CPageDocument::copy()
+CResult CPageDocument::copy()
 {
     return m_bSource ? CDocument::copy() : run(QWebPage::Copy);
 }
 
-Result CPageDocument::paste()
+CResult CPageDocument::paste()
 {
     return m_bSource ? CDocument::paste() : run(QWebPage::Paste);
 }
 
-Result CPageDocument::selectAll()
+CResult CPageDocument::selectAll()
 {
     return m_bSource ? CDocument::selectAll() : run(QWebPage::SelectAll);
 }
 
-Result CPageDocument::find(const QString &strText, bool bBackward)
+CResult CPageDocument::find(const QString &strText, bool bBackward)
 {
     if (m_bSource)
         return CDocument::find(strText, bBackward);
     const bool bFound = bBackward ? m_pPage->findPageTextReverse(strText, false)
                                   : m_pPage->findPageText(strText, false);
-    return Result::doneIf(bFound);
+    return CResult::doneIf(bFound);
 }
 
-Result CPageDocument::replace(const QString &strFind, const QString &strReplacement)
+CResult CPageDocument::replace(const QString &strFind, const QString &strReplacement)
 {
     if (m_bSource)
         return CDocument::replace(strFind, strReplacement);
-    return Result::doneIf(m_pPage->replacePageText(strFind, strReplacement));
+    return CResult::doneIf(m_pPage->replacePageText(strFind, strReplacement));
 }
 
-Result CPageDocument::replaceAll(const QString &strFind, const QString &strReplacement)
+CResult CPageDocument::replaceAll(const QString &strFind, const QString &strReplacement)
 {
     if (m_bSource)
         return CDocument::replaceAll(strFind, strReplacement);
-    return Result::doneIf(m_pPage->replaceAllPageText(strFind, strReplacement));
+    return CResult::doneIf(m_pPage->replaceAllPageText(strFind, strReplacement));
 }
 
-Result CPageDocument::format(int nWebAction)
+CResult CPageDocument::format(int nWebAction)
 {
-    return m_bSource ? Result::refused() : run(nWebAction);
+    return m_bSource ? CResult::refused() : run(nWebAction);
 }
 
 QString CPageDocument::selectedText() const
@@ -74,17 +74,17 @@ QString CPageDocument::selectedText() const
     return m_bSource ? CDocument::selectedText() : m_pPage->selectedText();
 }
 
-Result CPageDocument::setCodec(const QString &strName)
+CResult CPageDocument::setCodec(const QString &strName)
 {
     if (!m_bSource || !codecForName(strName) || strName == codecName())
-        return Result::refused();
+        return CResult::refused();
     if (!isModified() && !path().isEmpty() && canSave()) {
         const SFileContent content = read(path());
         // Another program's version is read by Refresh, not by the way.
         if (content.isWhole() && content.state == fileState()) {
             m_pPage->reloadSource(content, strName);
             setWhole(isContentWhole(content));
-            return Result::done();
+            return CResult::done();
         }
     }
     const QString strText = m_pPage->sourceEdit()->rawText();
@@ -93,7 +93,7 @@ Result CPageDocument::setCodec(const QString &strName)
         dropText(SDraft::Reason::Codec);
     m_pPage->readSourceIn(strName);
     setWhole(isWhole() && isWholeText(codecForName(strName), bytes));
-    return Result::done();
+    return CResult::done();
 }
 
 void CPageDocument::setLineWrap(bool bWrap)

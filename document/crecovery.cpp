@@ -19,7 +19,7 @@ QString nameOf(const SDraft &draft)
                                    : visibleName(QFileInfo(draft.strPath).fileName());
 }
 
-// With the folder, as many files have the same name.
+// The folder is named as well, because many files have the same name.
 QString itemOf(const SDraft &draft)
 {
     const QString strFolder = QDir::toNativeSeparators(QFileInfo(draft.strPath).path());
@@ -72,7 +72,7 @@ void CRecovery::offerAbandoned()
         offerDrafts(lstDrafts);
 }
 
-// Of several, some may be chosen; the others are offered again.
+// The user may choose some of several drafts; the others are offered again.
 void CRecovery::offerDrafts(const QVector<SDraft> &lstDrafts)
 {
     const auto recover = [this](const QVector<SDraft> &lstChosen) {
@@ -121,7 +121,7 @@ SNotice::SChoice CRecovery::choiceFor(const QString &strText, const QVector<SDra
     return {strText, all, some};
 }
 
-// As many as leave the window alive; the rest in later turns of the event loop.
+// Recovers for as long as the window can wait; the rest follows in later turns of the event loop.
 void CRecovery::recoverNext()
 {
     const int nBearable = 50; // Milliseconds.

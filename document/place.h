@@ -5,14 +5,14 @@
 
 class CHighlightEdit;
 
-// Where somebody was in a document: what has to be known to open it again as it was left. None of
-// it has to fit the file, which may have changed since: whoever goes there stops at its ends.
+// A place in a document: what it takes to open the document again as it was left. The file may have
+// changed since, so a place beyond its end means its end.
 struct SPlace
 {
     QString strPath; // Empty for a document without a file, which cannot be opened again.
     bool bSource = false; // A page that shows its source.
-    // Of a code editor: UTF-16 units before the caret. A page: those of text between the caret and
-    // the last start tag before it.
+    // In a code editor: the UTF-16 units before the caret. In a page: those of text between the
+    // last start tag before the caret and the caret.
     int nCaret = 0;
     int nElements = 0; // A page: start tags before the caret; 0 when it has none.
     // A code editor: pixels to the right, and lines of the text above the first one shown. A page:

@@ -46,7 +46,8 @@ void decideCodec(const STextRequest &request, const QByteArray &bytes, SArrivedT
     pText->nReturnFormat = detectReturnFormat(bytes, request.nReturnFormat);
 }
 
-// In those a document sees the end of a line, and which stand-in they get hangs on the whole text.
+// A document takes these characters for line ends, and the whole text decides which stand-ins they
+// get.
 bool needsTheWholeText(QChar c)
 {
     return c.unicode() == 0x2029 || (c.unicode() & 0xFFFE) == 0xFDD0;
@@ -90,7 +91,7 @@ QString probableFirstLines(const STextRequest &request, const QByteArray &beginn
     return bKeeps ? firstLines(pUtf8, bytes, request.slices) : QString();
 }
 
-// From the end, so that the text gives its memory back meanwhile.
+// Cuts from the end, so that the text gives back its memory meanwhile.
 std::deque<QString> cut(QString strText, int nFrom, const SSliceLimits &limits)
 {
     std::deque<int> starts;

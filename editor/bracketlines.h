@@ -16,7 +16,7 @@ QBitArray commentsAndStrings(const QTextBlock &block);
 class CShownLines : public CBracketLines
 {
 public:
-    // From the first block to the last, both of one document.
+    // The lines from the first block to the last, both of one document.
     CShownLines(const QTextBlock &first, const QTextBlock &last);
 
     bool goTo(int nLine) override;

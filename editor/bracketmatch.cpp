@@ -29,7 +29,7 @@ public:
     Step lookThrough(CBracketLines *pLines, int *pInLine)
     {
         const QString strText = pLines->text();
-        // Where nothing can count, nothing needs to be known of comments.
+        // A line without such a bracket need not be looked at for comments.
         if (!m_bInside && !strText.contains(m_cBracket) && !strText.contains(m_cPartner))
             return GoOn;
         const QBitArray inside = pLines->inside();

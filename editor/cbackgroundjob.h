@@ -32,7 +32,7 @@ private:
     void deliver();
     bool isCurrent(quint64 nJob) const;
 
-    // Of the standard library, because ThreadSanitizer sees through it.
+    // The standard library's mutex, because ThreadSanitizer understands it.
     mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     std::thread m_thread;

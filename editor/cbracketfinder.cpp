@@ -44,7 +44,7 @@ void CBracketFinder::search()
     const auto work = [this, pLines = m_pLines, question = *m_asked,
                        definition = m_definition](const CBackgroundJob::Cancelled &isCancelled) {
         const CHighlightRules rules = definition ? CHighlightRules(*definition) : CHighlightRules();
-        // Without all states, comments may begin elsewhere: the answer is good for now.
+        // While states are missing, comments may begin elsewhere, so the answer may change.
         const bool bComplete = pLines->isComplete();
         CStoredLines lines(*pLines, question.nVersion, rules, isCancelled);
         const SBracketMatch match =

@@ -26,8 +26,8 @@ public:
     // A caret at the text's start.
     CCarets() : CCarets(SCaret()) { }
     explicit CCarets(const SCaret &caret) : m_lst {caret} { }
-    // Of carets in any order; those that overlap become one. lst must not be empty, nMain counts
-    // in it.
+    // Takes carets in any order and joins those that overlap. lst must not be empty; nMain is an
+    // index in it.
     CCarets(const QVector<SCaret> &lst, int nMain);
 
     const QVector<SCaret> &list() const { return m_lst; }

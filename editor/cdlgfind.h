@@ -24,7 +24,7 @@ public:
     explicit CDlgFind(QWidget *pParent = nullptr);
     ~CDlgFind() override;
 
-    // Of the Find tab's box, whichever tab is shown.
+    // The text of the Find tab's box, whichever tab is shown.
     QString getFindText() const;
     QString getReplaceText() const;
     void setFindText(const QString &strText);
@@ -55,7 +55,7 @@ public slots:
     void onFindToBottom();
     void onCannotFound();
     void onReplaceNum(int nVal);
-    // Behind what the line says of the same search.
+    // Adds the count to what the line says about the same search.
     void onFindCounted(int nIndex, int nCount);
 
 private slots:

@@ -59,9 +59,10 @@ CHighlightEdit::CHighlightEdit(QWidget *pParent)
 
 CHighlightEdit::~CHighlightEdit()
 {
-    // Before the document, whose child it is: the thread reads the document's lines.
+    // The highlighter goes before the document, its parent, because its thread reads the document's
+    // lines.
     delete m_pHighlighter;
-    // Once the document has gone, too.
+    // Queued until the document has gone as well.
     if (m_pDocument->characterCount() > g_nLargeText && QCoreApplication::instance())
         QTimer::singleShot(0, QCoreApplication::instance(), Platform::returnFreedMemory);
 }

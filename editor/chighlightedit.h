@@ -64,7 +64,7 @@ public:
     bool isModified() const;
     void setModified(bool bModified);
     void setLineWrap(bool bWrap);
-    // While locked, the editor keeps its font size.
+    // A locked editor keeps its font size.
     void setFontSizeLocked(bool bLocked) { m_bLockFontSize = bLocked; }
     // For the status bar. Rows count from 1, columns from 0.
     QString getStatusText() const;
@@ -148,11 +148,12 @@ public:
     // The options are those of g_pSettings. Reaching an end, finding nothing and the number of
     // replacements are signalled; a wrapped search works on the editor's own cursor.
     bool find(const QString &text, bool bFromEnd, QTextCursor *pCursor);
-    // From the selection on, once, against the direction that the settings give.
+    // Searches once from the selection on, against the direction of the settings.
     bool findPrevious(const QString &text);
     // Replaces the selection if it is a match; selects the next match in any case.
     bool replace(const QString &findText, const QString &replaceText, QTextCursor *pCursor);
-    // In the whole document, without wrapping, as one step of undo. True if anything was found.
+    // Replaces in the whole document, without wrapping, as one step of undo. True if anything was
+    // found.
     bool replaceAll(const QString &findText, const QString &replaceText);
     // The same; what takes long goes on in pieces, see replaceAllJob(). Nothing happens while an
     // earlier one goes on.
@@ -162,7 +163,7 @@ public:
     void finishReplaceAll();
     // Lines count from 1; false when there is no such line, and the last one is told.
     bool goToLine(int nLine);
-    // In UTF-16 units from the text's start; behind the end it is the end.
+    // The position counts UTF-16 units from the text's start; one beyond the end means the end.
     void goToPosition(int nPosition);
 
     bool canVerifyValid() const;

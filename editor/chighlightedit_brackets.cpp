@@ -36,7 +36,7 @@ CHighlightEdit::SBracketPair CHighlightEdit::bracketPair()
     return pair;
 }
 
-// Where text is shown, by the colours that it has; farther away, by those that a thread works out.
+// Looks at the shown text by its colours; farther away a thread finds the partner.
 CHighlightEdit::SBracketPair CHighlightEdit::pairOf(const QTextBlock &block, int nInBlock)
 {
     SBracketPair pair;
@@ -85,7 +85,8 @@ void CHighlightEdit::selectToBracket()
     goToPartner(true);
 }
 
-// To the same side of the partner, so that the way back is the same; a selection holds both.
+// Goes to the same side of the partner, so that the same key leads back; a selection holds both
+// brackets.
 void CHighlightEdit::goToPartner(bool bSelect)
 {
     const SBracketPair pair = currentPair();

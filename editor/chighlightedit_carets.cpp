@@ -41,8 +41,8 @@ void CHighlightEdit::setCarets(const CCarets &carets)
     repaintCarets();
 }
 
-// Whatever else changes the text or moves the cursor ends the several carets. Nothing is watched as
-// long as there is one.
+// Ends several carets when anything else changes the text or moves the cursor. A single caret is
+// not watched.
 void CHighlightEdit::watchCarets()
 {
     if (!m_lstWatches.isEmpty())

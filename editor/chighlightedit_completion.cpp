@@ -28,7 +28,7 @@ void CHighlightEdit::offerWords()
     m_pCompletion->offer(m_pDocument->lines(), m_definition.value_or(QVariantMap()), typedWord());
 }
 
-// At each caret that the same beginning stands before.
+// Completes at each caret that has the same beginning before it.
 void CHighlightEdit::completeWord(const QString &strBeginning, const QString &strWord)
 {
     QVector<SCaret> lst;
@@ -49,7 +49,7 @@ void CHighlightEdit::completeWord(const QString &strBeginning, const QString &st
     apply(textTyped(beginnings, lstInsertions));
 }
 
-// While the list is shown, these keys are left to it.
+// The list gets these keys while it is shown.
 bool CHighlightEdit::isForCompletion(const QKeyEvent *pEvent) const
 {
     return m_pCompletion->isShown()

@@ -186,7 +186,7 @@ std::function<QString()> CHighlightEdit::rawTextLater() const
     };
 }
 
-// Unlike toPlainText(), keeps no-break spaces and line separators.
+// Keeps no-break spaces and line separators, unlike toPlainText().
 QString CHighlightEdit::rawText() const
 {
     QString strText = document()->toRawText();

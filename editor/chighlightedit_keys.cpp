@@ -70,8 +70,8 @@ void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
             pEvent->accept();
         return;
     }
-    // With Shift the base class would put a line separator into the text, which no source file
-    // should hold; it begins a line like Enter alone.
+    // Shift+Enter begins a line like Enter alone. The base class would insert a line separator,
+    // which no source file should hold.
     QKeyEvent enter(pEvent->type(), pEvent->key(), pEvent->modifiers() & ~Qt::ShiftModifier,
                     pEvent->text(), pEvent->isAutoRepeat(), ushort(pEvent->count()));
     QPlainTextEdit::keyPressEvent(&enter);

@@ -85,7 +85,7 @@ void CHighlightEdit::stopLoading()
     emit loadingChanged();
 }
 
-// Unlike setReadOnly(), leaves the cursor, for selecting and copying by key.
+// Keeps the cursor for selecting and copying by key, unlike setReadOnly().
 void CHighlightEdit::setFixed(bool bFixed)
 {
     m_bFixed = bFixed;

@@ -15,7 +15,7 @@ namespace {
 const char g_szBracketColor[] = "#d5e5fb";
 const char g_szBracketFrameColor[] = "#6b98d6";
 
-// Where a place of a block stands, from the block's own corner.
+// Gives the rectangle of a place in a block, relative to the block's corner.
 QRectF placeRect(const QTextBlock &block, int nInBlock, qreal dWidth)
 {
     const QTextLayout *pLayout = block.layout();
@@ -104,7 +104,7 @@ void CHighlightEdit::paintBrackets(QPainter *pPainter)
     }
 }
 
-// Of the ranges as far as they can be seen.
+// Gives the rectangles of the parts of the ranges that can be seen.
 QVector<QRectF> CHighlightEdit::rectsOf(const QVector<SCaret> &lst) const
 {
     QVector<QRectF> lstRects;

@@ -64,8 +64,8 @@ void CHighlightEdit::followVisibleLines()
     m_pHighlighter->setVisibleLines(nFirst, lastVisibleBlock().blockNumber());
 }
 
-// Of the gutter. The number of a wrapped line stands above the part of the text that is painted
-// anew.
+// Follows the marked numbers of the gutter. The number of a wrapped line is above the part of the
+// text that is painted anew.
 void CHighlightEdit::followMarkedLines()
 {
     const SLines lines = markedLines();

@@ -53,7 +53,7 @@ bool CHighlightEdit::verifyValid()
                              .arg(result.strMessage);
         }
     } else if (isJson(languageName())) {
-        // Never empty: the parser has words for success, too, and they are shown.
+        // The text is never empty: the parser has words for success as well, and they are shown.
         result = parseJson(rawText());
         strFailure = result.strMessage;
         if (result.nLine > 0)
@@ -85,7 +85,7 @@ bool CHighlightEdit::formatting()
     const int nLine = textCursor().blockNumber();
     const int nScroll = verticalScrollBar()->value();
     warnOfReplacing();
-    // Not as an edit: undo starts again.
+    // Formatting is no edit: undo starts again.
     showText(isJson(languageName()) ? formattedJson(rawText()) : formattedXml(rawText()));
     setModified(true);
     goToBlock(qMin(nLine, blockCount() - 1));

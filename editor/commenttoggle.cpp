@@ -4,7 +4,7 @@
 
 namespace {
 
-// From each line's start to the end of its marker; empty when a line has none.
+// Gives the length from each line's start to the end of its marker; empty when a line has none.
 QVector<int> markerLengths(const QStringList &lstLines, const QString &strSingle)
 {
     QRegExp marker(QStringLiteral("^\\s*%1").arg(strSingle));
@@ -32,7 +32,8 @@ SCommentToggle toggleOf(const SCommentSelection &selection, const SCommentMarker
     if (strText.startsWith(markers.strStart) && strText.endsWith(markers.strEnd)) {
         toggle.action = SCommentToggle::Unwrap;
         toggle.nEndLength = markers.strEnd.length();
-        // Where the two overlap, as in "/*/", nothing outside of the selection may go with them.
+        // The two may overlap, as in "/*/"; nothing outside of the selection may be removed with
+        // them.
         toggle.nStartLength = qMin(markers.strStart.length(), strText.length() - toggle.nEndLength);
         return toggle;
     }

@@ -10,7 +10,7 @@ class CLineStore;
 
 // What can be offered for the beginning of a word, without a widget.
 
-// Where the word is typed, so that it is not offered for itself. Lines count from 0.
+// The place of the word that is typed, so that it is not offered for itself. Lines count from 0.
 struct STypedWord
 {
     QString strBeginning;

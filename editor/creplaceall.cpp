@@ -67,7 +67,7 @@ bool CReplaceAll::work(const QDeadlineTimer &until)
         emit disturbed(m_replacer.count());
         return false;
     }
-    // Never joined with a step of somebody else's.
+    // The step of undo is never joined with another's.
     if (m_replacer.hasEdited())
         m_cursor.joinPreviousEditBlock();
     else

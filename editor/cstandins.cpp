@@ -13,7 +13,7 @@ bool needsStandIn(ushort u)
 
 bool holdsForbidden(const QString &strText)
 {
-    // Without an early exit the compiler does this many characters at a time.
+    // Has no early exit, so that the compiler can do many characters at a time.
     bool bFound = false;
     for (const QChar c : strText)
         bFound |= needsStandIn(c.unicode());

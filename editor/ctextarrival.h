@@ -30,7 +30,7 @@ signals:
     // How many lines there will be.
     void linesKnown(int nLines);
     void sliceArrived(const QString &strSlice);
-    // In thousandths of all the work.
+    // Counts in thousandths of all the work.
     void progressed(qint64 nDone, qint64 nAll);
     // All slices were given.
     void finished(const SArrivedText &text);

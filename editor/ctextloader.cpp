@@ -36,7 +36,7 @@ CTextLoader::~CTextLoader()
     m_pLink->pLoader = nullptr;
 }
 
-// On the pool that the application waits for at its end.
+// Runs on the pool that the application waits for at its end.
 void CTextLoader::start(const STextRequest &request)
 {
     SArrivalSteps steps;

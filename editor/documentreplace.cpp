@@ -107,7 +107,7 @@ SLineReplacement CDocumentReplacer::replaceLine(const SRunMatch &found, int nShi
 void CDocumentReplacer::apply(int nLineStart, int nLineLength, const SLineReplacement &replacement)
 {
     m_bEdited = true;
-    // With the format given, the cursor need not look up the one in force at each place.
+    // A given format saves the cursor from looking up the one in force at each place.
     const QTextCharFormat format;
     const auto set = [&](int nStart, int nLength, const QString &strText) {
         m_pEdit->setPosition(nStart);

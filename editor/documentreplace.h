@@ -29,7 +29,7 @@ public:
     bool advance(const QDeadlineTimer &until);
     int count() const { return m_nCount; } // Of the matches so far.
     bool hasEdited() const { return m_bEdited; }
-    // In characters of the text as it was at the beginning.
+    // Counts characters of the text as it was at the beginning.
     int done() const;
     int length() const { return m_strDocument.length(); }
 

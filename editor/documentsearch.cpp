@@ -22,7 +22,7 @@ int documentEnd(const QTextDocument *pDocument)
 
 namespace {
 
-// Read and searched first, so that near matches come at once whatever the document's length.
+// This much is searched first, so that near matches come at once in a document of any length.
 const int g_nNearLength = 32 * 1024;
 
 // Lines of the document, joined by paragraph separators.

@@ -75,7 +75,7 @@ STextEdit lineRemoval(const CTextLines &lines, const SLineRange &range)
     return {nFrom, lines.end(range.nLast) - nFrom, QString()};
 }
 
-// Where a caret of the column goes when the lines are gone; a place before that.
+// Gives the place of a caret in that column when the lines are gone.
 int placeBesideRemoved(const CTextLines &lines, const SLineRange &range, int nColumn)
 {
     int nLine = range.nLast + 1;

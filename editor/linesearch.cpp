@@ -141,7 +141,7 @@ SRunMatch CLineSearch::findExpressionInRun(const QString &strRun, int nOffset) c
     for (;;) {
         result.nLineStart = nStart;
         result.nLineLength = nEnd - nStart;
-        // Without a copy: the expression is done with the characters before the run goes away.
+        // Makes no copy: the expression is done with the characters before the run goes away.
         result.match =
             find(QString::fromRawData(strRun.constData() + nStart, nEnd - nStart), nInLine);
         if (result.isValid() || (m_options.bSearchUp ? nStart == 0 : nEnd == strRun.length()))

@@ -46,13 +46,13 @@ public:
     // letter or digit touches; the underscore separates words here.
     SLineMatch find(const QString &strLine, int nOffset) const;
 
-    // Whatever a search could select in the line from there on: candidates that fail or are empty
-    // are passed over.
+    // Finds what a search could select in the line from there on; passes over candidates that fail
+    // or are empty.
     SLineMatch findAny(const QString &strLine, int nOffset) const;
 
-    // As find() for line after line of a run, from nOffset in it, which may be the end of a line;
-    // searching up, line before line, and -1 is the run's last character. Only the line that holds
-    // nOffset is searched in part.
+    // Runs find() on each line of a run from nOffset on, which may be the end of a line. Searching
+    // up goes line by line towards the start, where -1 means the run's last character. Only the
+    // line that holds nOffset is searched in part.
     SRunMatch findInRun(const QString &strRun, int nOffset) const;
 
     // True when the text matches all of strSelected, which stands alone: what a regular expression

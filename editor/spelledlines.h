@@ -11,7 +11,7 @@ class QTextBlock;
 
 using WordCheck = std::function<bool(const QString &strWord)>; // True for a right one.
 
-// Of one line.
+// The misspelt words of one line.
 QVector<SSpellWord> misspeltWords(const QTextBlock &block, bool bHasLanguage,
                                   const WordCheck &isCorrect);
 

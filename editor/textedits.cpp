@@ -58,7 +58,7 @@ void applyEdits(QTextDocument *pDocument, const TextEdits &lstEdits, int nCursor
         edit.joinPreviousEditBlock();
     else
         edit.beginEditBlock();
-    // From the end, so that the places of those to come stay what they are.
+    // Edits from the end, so that the places of the edits to come stay the same.
     for (auto it = lstEdits.crbegin(); it != lstEdits.crend(); ++it) {
         edit.setPosition(it->nStart);
         edit.setPosition(it->nStart + it->nLength, QTextCursor::KeepAnchor);

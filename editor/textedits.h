@@ -13,7 +13,7 @@ struct STextEdit
     QString strText;
 };
 
-// In the order of the text, disjoint, all places as they are before the first edit.
+// Edits in the order of the text, disjoint; all places are those before the first edit.
 using TextEdits = QVector<STextEdit>;
 
 // What a command does: its edits, and the carets after them. Without edits it does nothing.
@@ -24,9 +24,8 @@ struct SCommand
     bool isNothing() const { return lstEdits.isEmpty(); }
 };
 
-// Where places of a text are after edits. A place in front of an insertion stays in front of it;
-// one in a range that is replaced keeps its distance from the range's start as far as there is
-// text.
+// Tells where places of a text are after edits. A place at an insertion stays in front of it. A
+// place in a replaced range keeps its distance from the range's start as far as there is text.
 class CPositionMap
 {
 public:

@@ -16,8 +16,8 @@ bool isShownInSlices(const QString &strPath);
 // For tests. GUI thread, while nothing is loaded.
 void setMostShownAtOnce(qint64 nBytes);
 
-// Before a heavier line is shown, the user is asked (see SHeaviestLine): Qt lays a line out as a
-// whole each time it is drawn anew, a million letters in a quarter of a second.
+// The user is asked before a heavier line is shown (see SHeaviestLine). Qt lays out the whole line
+// each time it is drawn anew: a million letters take a quarter of a second.
 int heaviestLineUnasked();
 // For tests, as above.
 void setHeaviestLineUnasked(int nWeight);

@@ -26,7 +26,7 @@ bool isLineEnd(QChar c)
     return c == QLatin1Char('\n') || c == QLatin1Char('\r');
 }
 
-// Behind the line end that is at the place or follows it, or at the end of the text.
+// Gives the place behind the next line end from nFrom on, or the end of the text.
 int behindLine(const QString &strText, int nFrom)
 {
     const QChar *const pEnd = strText.constEnd();

@@ -15,8 +15,8 @@ struct SSliceLimits
     int nLines = 4000;
 };
 
-// Where the slice that begins at nFrom ends. Behind a line end (LF, CR, or both as one) or at the
-// end of the text.
+// Gives the end of the slice that begins at nFrom: behind a line end (LF, CR, or both as one) or at
+// the end of the text.
 int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits);
 
 // The line that Qt lays out at the greatest cost.

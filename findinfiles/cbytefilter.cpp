@@ -15,7 +15,7 @@ char lower(char c)
     return c >= 'A' && c <= 'Z' ? char(c | 0x20) : c;
 }
 
-// In pieces that overlap, so that no copy of a large file is made.
+// Searches overlapping pieces, so that no copy of a large file is made.
 bool containsIgnoringCase(const QByteArray &data, const QByteArrayMatcher &matcher)
 {
     char arrPiece[16 * 1024];

@@ -18,7 +18,7 @@ void CFindResults::start(const QString &strFolder)
     endResetModel();
 }
 
-// Where the file stands or would stand.
+// Gives the row where the file is or would be.
 int CFindResults::rowFor(const QString &strPath) const
 {
     const auto it = std::lower_bound(m_entries.begin(), m_entries.end(), strPath,

@@ -12,7 +12,7 @@ const int g_nRunLength = 256 * 1024;
 const int g_nBefore = 60;
 const int g_nBehind = 200;
 
-// Where a cut would go through a surrogate pair, one character further back.
+// Moves a cut that would split a surrogate pair back by one.
 int wholeCharacter(const QString &strText, int nPosition)
 {
     const bool bInside = nPosition > 0 && nPosition < strText.length()
@@ -110,7 +110,7 @@ QVector<SFileMatch> findMatches(const CLineSearch &search, const QString &strTex
         int nEnd = strLines.indexOf(QChar::ParagraphSeparator, nLook);
         if (nEnd < 0)
             nEnd = strLines.length();
-        // Without a copy: what is found is copied before the text goes.
+        // Makes no copy: what is found is copied before the text goes.
         run.searchRun(QString::fromRawData(strLines.constData() + nFrom, nEnd - nFrom));
         if (nEnd == strLines.length())
             break;

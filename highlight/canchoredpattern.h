@@ -48,8 +48,8 @@ public:
     int endOfMatch(const CSymbolLine &line, int nStart);
     // Appends the ends of the matches that begin at nStart, ascending.
     void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
-    // Of a backward pattern: whether it matches what stands before nEnd. Looks at a part of the
-    // line only, as a long line is asked in many places.
+    // Whether a backward pattern matches the text before nEnd. Reads only a part of the line,
+    // because a long line is asked in many places.
     bool matchesBefore(const CSymbolLine &line, int nEnd);
 
 private:

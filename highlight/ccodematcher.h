@@ -23,7 +23,7 @@ public:
     void addWord(const QString &strItem);
     // A regular expression; one that is not valid is left out.
     void addPattern(const QString &strPattern);
-    // In place of the fixed rules; an empty pattern is found nowhere.
+    // Replaces the fixed rule for numbers; an empty pattern is found nowhere.
     void setNumbers(const QString &strPattern);
     void setOperators(const QString &strPattern);
 
@@ -55,8 +55,8 @@ private:
         int nLength = 0;
     };
     // The first patterns have the bits from 0 on.
-    static constexpr int nMaxPatterns = 61;
-    enum Bit { NumberBit = nMaxPatterns, OperatorBit, WordBit, BitCount };
+    static constexpr int g_nMaxPatterns = 61;
+    enum Bit { NumberBit = g_nMaxPatterns, OperatorBit, WordBit, BitCount };
     static_assert(BitCount == 64, "one bit for each rule");
     // What is known of a place: the tables are as many.
     enum Place { Elsewhere, InWord, AtStart, PlaceCount };
@@ -102,13 +102,13 @@ private:
     mutable quint64 m_nBehindStart = 0; // rules that may begin elsewhere than at a line's start
     mutable quint64 m_nKeywordBits = 0;
     mutable quint64 m_nRun = 0; // patterns that machines run
-    mutable std::array<CAnchoredPattern *, nMaxPatterns> m_arrMachines {};
-    // Of the line.
+    mutable std::array<CAnchoredPattern *, g_nMaxPatterns> m_arrMachines {};
+    // What follows is about the line.
     mutable const CSymbolLine *m_pLine = nullptr;
     mutable quint64 m_nPossible = 0;
     mutable std::vector<size_t> m_lstSlow; // patterns
     mutable std::vector<SNext> m_lstNext; // of each pattern
-    // Of the part under way.
+    // What follows is about the part that is being walked through.
     mutable int m_nFrom = 0;
     mutable int m_nTo = 0;
     mutable quint64 m_nEnded = 0; // rules that find nothing any more

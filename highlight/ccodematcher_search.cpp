@@ -11,7 +11,7 @@ void CCodeMatcher::walk(int nFrom, int nTo, quint64 nLive) const
     const uchar *const pSymbols = m_pLine->symbols();
     size_t nPlace = AtStart;
     if (nFrom > 0)
-        nPlace = arrWordSymbols[pSymbols[nFrom - 1]];
+        nPlace = g_arrWordSymbols[pSymbols[nFrom - 1]];
     if (!(nLive & m_nBehindStart))
         nTo = nFrom == 0 ? std::min(nTo, 1) : nFrom;
     for (int n = nFrom; n < nTo; ++n) {
@@ -21,7 +21,7 @@ void CCodeMatcher::walk(int nFrom, int nTo, quint64 nLive) const
             if (nBits)
                 tryRules(nBits, n);
         }
-        nPlace = arrWordSymbols[nSymbol]; // InWord is 1
+        nPlace = g_arrWordSymbols[nSymbol]; // InWord is 1
     }
 }
 
@@ -132,7 +132,7 @@ void CCodeMatcher::searchSlowly(size_t nPattern, int nFrom, int nTo) const
     }
 }
 
-// By rule and then by position.
+// Sorts by rule and then by position.
 void CCodeMatcher::addKeywords() const
 {
     const auto isBefore = [](const SKeywordHit &a, const SKeywordHit &b) {

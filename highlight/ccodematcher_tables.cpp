@@ -22,7 +22,7 @@ void CCodeMatcher::compile() const
     m_arrSets = {};
     m_lstAsked.clear();
     const CSymbolLine none;
-    const int nPatterns = std::min(int(m_lstPatterns.size()), int(nMaxPatterns));
+    const int nPatterns = std::min(int(m_lstPatterns.size()), int(g_nMaxPatterns));
     for (int n = 0; n < nPatterns; ++n) {
         CAnchoredPattern *const pMachine = m_lstPatterns[size_t(n)].pattern.machineFor(none);
         m_arrMachines[size_t(n)] = pMachine;
@@ -85,7 +85,7 @@ void CCodeMatcher::enter(int nBit, const CAnchoredPattern &pattern) const
 void CCodeMatcher::require(size_t nPattern) const
 {
     const SPattern &pattern = m_lstPatterns[nPattern];
-    const bool bRun = nPattern < nMaxPatterns && (m_nRun & bit(int(nPattern)));
+    const bool bRun = nPattern < g_nMaxPatterns && (m_nRun & bit(int(nPattern)));
     const CAnchoredPattern *const pMachine = bRun ? m_arrMachines[nPattern] : nullptr;
     pattern.nRequired = 0;
     for (const SymbolSet &set : pattern.pattern.required().sets()) {
@@ -150,7 +150,7 @@ void CCodeMatcher::ask(const CSymbolLine &line) const
 {
     const quint64 nLacking = ~requirementsIn(line);
     for (const size_t n : m_lstAsked) {
-        const bool bRun = n < nMaxPatterns && (m_nRun & bit(int(n)));
+        const bool bRun = n < g_nMaxPatterns && (m_nRun & bit(int(n)));
         if (m_lstPatterns[n].nRequired & nLacking)
             m_nPossible &= bRun ? ~bit(int(n)) : ~quint64(0);
         else if (!bRun)

@@ -63,8 +63,8 @@ int endOfQuoted(const QString &strText, int nFrom, QChar chQuote)
     return -1;
 }
 
-// Where the next of one kind of start lies. A match ahead stays the first one from any position
-// before it, so that the line is searched through only once.
+// Finds the next start of one kind. A match ahead stays the first one for every position before it,
+// so each line is searched only once.
 class CNextStart
 {
 public:
@@ -134,8 +134,8 @@ int CCommentScanner::continueLineBefore(const CSymbolLine &line, int nPreviousSt
     return 0;
 }
 
-// Of the starts ahead only one that lies strictly before the others counts: where two begin at the
-// same place the rest of the line stays as it is.
+// A start counts only if it is strictly before all others. If two begin at the same place, the rest
+// of the line keeps its colours.
 void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pLine) const
 {
     const QString &strText = line.text();

@@ -40,7 +40,7 @@ constexpr std::array<quint8, 128> asciiFlags()
     return arr;
 }
 
-inline constexpr std::array<quint8, 128> arrAsciiFlags = asciiFlags();
+inline constexpr std::array<quint8, 128> g_arrAsciiFlags = asciiFlags();
 
 inline bool isAscii(QChar ch)
 {
@@ -50,7 +50,7 @@ inline bool isAscii(QChar ch)
 inline bool is(QChar ch, Flag flag)
 {
     if (isAscii(ch))
-        return arrAsciiFlags[ch.unicode()] & flag;
+        return g_arrAsciiFlags[ch.unicode()] & flag;
     switch (flag) {
     case Word:
         return ch.isLetterOrNumber() || ch.isMark();

@@ -27,7 +27,7 @@ QString attribute(const QDomNode &node, const char *pszName)
     return node.toElement().attribute(QLatin1String(pszName));
 }
 
-// In any encoding: an angle bracket, behind blanks or a byte-order mark, as far as the bytes go.
+// In any encoding, XML begins with an angle bracket behind blanks or a byte-order mark.
 bool mayBeXml(const QByteArray &bytes)
 {
     const QByteArray skipped = QByteArrayLiteral("\xef\xbb\xbf\xfe\xff\0 \t\r\n");

@@ -59,7 +59,7 @@ const CLanguage &CHighlightRules::embedded(int nLanguage) const
 
 void CHighlightRules::readComments(const QVariantList &lstComments)
 {
-    // Of a pattern only the stars are escaped; the rest is syntax.
+    // Escapes only the stars of a pattern; the rest is syntax.
     const auto escaped = [](QString str) {
         return str.replace(QLatin1Char('*'), QLatin1String("\\*"));
     };

@@ -83,7 +83,7 @@ void CKeywordTable::enterSecond(const std::vector<uchar> &lstSymbols)
             continue;
         for (int nSecond = 0; nSecond <= SymbolCount; ++nSecond) {
             const bool bMay = lstSymbols.size() > 1 ? isLike(nSecond, lstSymbols[1])
-                                                    : !arrWordSymbols[size_t(nSecond)];
+                                                    : !g_arrWordSymbols[size_t(nSecond)];
             if (bMay || (bFold && nSecond >= 128))
                 m_arrSeconds[size_t(nFirst)][size_t(nSecond) / 64] |= quint64(1) << (nSecond % 64);
         }
@@ -124,7 +124,7 @@ void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<SKeywor
     }
     const uchar *const pSymbols = (bFold ? line.folded() : line.symbols()) + nAt;
     int nLength = 1;
-    while (arrWordSymbols[pSymbols[nLength]])
+    while (g_arrWordSymbols[pSymbols[nLength]])
         ++nLength;
     if (!(m_arrLengths[pSymbols[0]] & lengthBit(nLength)))
         return;
@@ -138,13 +138,13 @@ void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<SKeywor
         // word begins or ends.
         if (entry.nHash == nHash && entry.nWordLength == nLength && nSize <= nLeft
             && memcmp(entry.lstSymbols.data(), pSymbols, size_t(nSize)) == 0
-            && arrWordSymbols[pSymbols[nSize - 1]] != arrWordSymbols[pSymbols[nSize]]
+            && g_arrWordSymbols[pSymbols[nSize - 1]] != g_arrWordSymbols[pSymbols[nSize]]
             && (entry.bAscii || isAt(entry, line.text(), nAt)))
             pHits->push_back({entry.nRule, nAt, nSize});
     }
 }
 
-// In a line with letters that only folding makes equal to those of ASCII.
+// For a line with letters that only case folding makes equal to those of ASCII.
 void CKeywordTable::findFolding(const CSymbolLine &line, int nAt,
                                 std::vector<SKeywordHit> *pHits) const
 {

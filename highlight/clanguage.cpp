@@ -18,7 +18,7 @@ CLanguage::CLanguage(const QVariantMap &mapDefinition, const QStringList &lstLan
     readFixedRules(mapRegions.value(QStringLiteral("children")).toList());
 }
 
-// Of each only the first counts.
+// Only the first element of each kind counts.
 void CLanguage::readFixedRules(const QVariantList &lstElements)
 {
     bool bNumbers = false;

@@ -10,7 +10,7 @@ CLinePattern::CLinePattern(const QString &strPattern, Qt::CaseSensitivity sensit
     if (m_bEmpty || !m_bValid)
         return;
     if (const std::optional<SPatternNode> node = readPattern(strPattern, sensitivity))
-        m_required = RequiredCharacters(*node, sensitivity);
+        m_required = CRequiredCharacters(*node, sensitivity);
     if (sensitivity == Qt::CaseSensitive)
         m_strPlain = plainText(strPattern);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "highlight/canchoredpattern.h"
-#include "highlight/requiredcharacters.h"
+#include "highlight/crequiredcharacters.h"
 
 #include <QRegExp>
 #include <QString>
@@ -21,11 +21,11 @@ public:
     bool isEmpty() const { return m_bEmpty; }
     bool isValid() const { return m_bValid; }
     // What a line that holds a match has to hold.
-    const RequiredCharacters &required() const { return m_required; }
+    const CRequiredCharacters &required() const { return m_required; }
     // The first match from nFrom on and in it the longest; -1 when there is none. "^" stands for
     // the start of the line.
     int indexIn(const CSymbolLine &line, int nFrom) const;
-    // Of the match found last, in UTF-16 code units; may be 0.
+    // Length of the match found last, in UTF-16 code units; may be 0.
     int matchedLength() const { return m_nLength; }
 
     // The text that a pattern stands for if it is plain; a null string when it is not.
@@ -41,9 +41,9 @@ private:
     bool m_bEmpty = true;
     bool m_bValid = true;
     Qt::CaseSensitivity m_sensitivity = Qt::CaseSensitive;
-    RequiredCharacters m_required;
+    CRequiredCharacters m_required;
     QString m_strPlain;
-    // Made when it is first needed, which is in the thread that searches.
+    // The searching thread makes it when it first needs it.
     mutable std::optional<CAnchoredPattern> m_machine;
     QRegExp m_rx;
     mutable int m_nLength = -1;

@@ -25,7 +25,7 @@ CPatternAutomaton::CPatternAutomaton(const SPatternNode &pattern)
     for (int nContext = 0; nContext < ContextCount; ++nContext) {
         const int nState = startState(nContext);
         for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
-            const int nKnown = m_lstSteps[size_t(nState) * nWidth + size_t(nSymbol)];
+            const int nKnown = m_lstSteps[size_t(nState) * g_nStepWidth + size_t(nSymbol)];
             const int nCode = nKnown < 0 ? step(nState, nSymbol) : nKnown;
             m_arrMayStart[size_t(nContext)][size_t(nSymbol)] = nCode != code(-1, false);
             m_emptyBefore[size_t(nSymbol)] = m_emptyBefore[size_t(nSymbol)] || (nCode & 1);
@@ -40,7 +40,7 @@ void CPatternAutomaton::classify()
 {
     int nClasses = 2;
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
-        m_arrClass[nSymbol] = arrWordSymbols[nSymbol];
+        m_arrClass[nSymbol] = g_arrWordSymbols[nSymbol];
     std::vector<SymbolSet> lstSets;
     for (const SNfaState &nfa : m_lstNfa) {
         if (std::find(lstSets.begin(), lstSets.end(), nfa.set) == lstSets.end()) {
@@ -55,10 +55,10 @@ void CPatternAutomaton::classify()
 // are.
 int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
 {
-    std::array<bool, nWidth> arrOthers {}; // classes of which the set lacks a symbol
+    std::array<bool, g_nStepWidth> arrOthers {}; // classes of which the set lacks a symbol
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         arrOthers[size_t(m_arrClass[nSymbol])] |= !set[nSymbol];
-    std::array<int, nWidth> arrNew {}; // for each class the one of its part in the set
+    std::array<int, g_nStepWidth> arrNew {}; // for each class the one of its part in the set
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
         int &nClass = m_arrClass[nSymbol];
         if (set[nSymbol] && arrOthers[size_t(nClass)]) {
@@ -93,7 +93,7 @@ int CPatternAutomaton::stateFor(std::vector<int> lstNfa, int nContext)
         m_mapStates.insert({{std::move(lstNfa), nContext}, int(m_lstStates.size())});
     if (bNew) {
         m_lstStates.push_back({it->first.first, nContext});
-        m_lstSteps.resize(m_lstSteps.size() + nWidth, -1);
+        m_lstSteps.resize(m_lstSteps.size() + g_nStepWidth, -1);
         m_bUsable = m_bUsable && m_lstStates.size() < g_nMaxStates;
     }
     return it->second;
@@ -132,9 +132,9 @@ int CPatternAutomaton::step(int nState, int nSymbol)
     const int nNext = lstReached.empty() ? -1 : stateFor(std::move(lstReached), nAfter);
     const int nCode = code(nNext, bEnds);
     const int nLoop = bEnds && nNext == nState ? 1 : 0;
-    for (size_t n = 0; n < nWidth; ++n) {
+    for (size_t n = 0; n < g_nStepWidth; ++n) {
         if (m_arrClass[n] == m_arrClass[size_t(nSymbol)]) {
-            m_lstSteps[size_t(nState) * nWidth + n] = qint16(nCode);
+            m_lstSteps[size_t(nState) * g_nStepWidth + n] = qint16(nCode);
             m_lstStates[size_t(nState)].nLoops += nLoop;
         }
     }

@@ -16,15 +16,15 @@ public:
     // What is known of the place where a match begins.
     enum Context { BehindWord = 1, AtLineStart = 2, ContextCount = 4 };
 
-    // Of a pattern without lookaheads.
+    // The pattern must have no lookaheads.
     explicit CPatternAutomaton(const SPatternNode &pattern);
 
     // Whether the machine stayed small enough; a search may find that it does not.
     bool isUsable() const { return m_bUsable; }
     // The symbols that a match may begin with, or stand before when it is empty.
     const SymbolSet &mayStartWith(int nContext) const { return m_arrMayStart[size_t(nContext)]; }
-    // Of these, in any context, the ones that an empty match may stand before, and the ones that a
-    // match may hold.
+    // Subsets of these for any context: the symbols that an empty match may stand before, and those
+    // that a match may begin with.
     const SymbolSet &mayBeEmptyBefore() const { return m_emptyBefore; }
     const SymbolSet &mayHoldFirst() const { return m_heldFirst; }
     // The symbols that a match of two characters and more may hold in the second place, and whether
@@ -61,7 +61,7 @@ private:
         int nLoops = 0; // symbols before which a match ends and that lead here again
     };
     static constexpr size_t nAccept = 0; // the first NFA state: a match ends here
-    static constexpr size_t nWidth = SymbolCount + 1; // of the table of steps
+    static constexpr size_t g_nStepWidth = SymbolCount + 1; // of the table of steps
 
     int addNfa(SPatternNode::Kind kind, int nOut, int nOther = -1);
     int compile(const SPatternNode &node, int nNext);
@@ -85,7 +85,7 @@ private:
     bool m_bUsesWords = false;
     bool m_bUsable = true;
     // Symbols that the pattern does not tell apart share a class; the last class is the line's end.
-    std::array<int, nWidth> m_arrClass {};
+    std::array<int, g_nStepWidth> m_arrClass {};
     std::array<SymbolSet, ContextCount> m_arrMayStart;
     SymbolSet m_emptyBefore;
     SymbolSet m_heldFirst;

@@ -6,14 +6,14 @@
 // Nowhere for no state.
 const qint16 *CPatternAutomaton::stepsOf(int nState) const
 {
-    return m_lstSteps.data() + size_t(std::max(0, nState)) * nWidth;
+    return m_lstSteps.data() + size_t(std::max(0, nState)) * g_nStepWidth;
 }
 
 int CPatternAutomaton::startStateAt(const uchar *pSymbols, int nStart) const
 {
-    const int nContext = nStart == 0                           ? AtLineStart
-        : m_bUsesWords && arrWordSymbols[pSymbols[nStart - 1]] ? BehindWord
-                                                               : 0;
+    const int nContext = nStart == 0                             ? AtLineStart
+        : m_bUsesWords && g_arrWordSymbols[pSymbols[nStart - 1]] ? BehindWord
+                                                                 : 0;
     return m_arrStartStates[nContext];
 }
 
@@ -24,7 +24,7 @@ void CPatternAutomaton::run(int nState, SymbolAt symbolAt, OnEnd onEnd)
     const qint16 *pSteps = m_lstSteps.data();
     for (int n = 0; nState >= 0; ++n) {
         const int nSymbol = symbolAt(n);
-        int nCode = pSteps[size_t(nState) * nWidth + size_t(nSymbol)];
+        int nCode = pSteps[size_t(nState) * g_nStepWidth + size_t(nSymbol)];
         if (nCode < 0) {
             nCode = step(nState, nSymbol);
             pSteps = m_lstSteps.data();
@@ -121,7 +121,7 @@ bool CPatternAutomaton::matches(const CSymbolLine &line, int nStart)
     return bFound;
 }
 
-// Where more text stands before what is read, the line's start is not there.
+// The line's start does not count if more text precedes what is read.
 bool CPatternAutomaton::matchesBackwards(const CSymbolLine &line, int nEnd, int nMax)
 {
     const int nCount = std::min(nEnd, nMax);

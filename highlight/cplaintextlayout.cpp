@@ -162,9 +162,8 @@ QSizeF CPlainTextLayout::documentSize() const
     return QPlainTextDocumentLayout::documentSize().expandedTo(QSizeF(m_dWidestRow, 0));
 }
 
-// As the base class does it, but for the length of the rows. What Qt has found out about the text
-// is kept, since finding it out takes in the whole line; a row's glyphs are made when it is
-// painted.
+// Works like the base class except for the length of the rows. Qt's analysis of the text is kept,
+// because it reads the whole line; the glyphs of a row are made when it is painted.
 void CPlainTextLayout::layOutInRows(QTextBlock block)
 {
     QTextLayout *pLayout = block.layout();

@@ -60,7 +60,7 @@ void CRegionRules::fillSymbols()
             && rule.start.isAlwaysOneSymbol();
     }
     for (SRegionContext &context : m_lstContexts) {
-        context.lstRules.resize(std::min(context.lstRules.size(), nMaxRules));
+        context.lstRules.resize(std::min(context.lstRules.size(), g_nMaxRules));
         for (size_t nBit = 0; nBit < context.lstRules.size(); ++nBit) {
             const auto nRule = size_t(context.lstRules[nBit]);
             const SRegionRule &rule = m_lstRules[nRule];

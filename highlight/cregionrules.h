@@ -65,7 +65,7 @@ struct SRegionContext
 class CRegionRules
 {
 public:
-    static constexpr size_t nMaxRules = 64; // of one context
+    static constexpr size_t g_nMaxRules = 64; // of one context
 
     // Declares nothing.
     CRegionRules() = default;

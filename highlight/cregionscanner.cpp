@@ -28,7 +28,7 @@ CRegionScanner::CRegionScanner(const CSymbolLine &line, RegionStack *pStack,
     pSpans->clear();
 }
 
-// Of the innermost region; there is none outside of all of them.
+// The key of the innermost region; empty outside of all regions.
 const QString &CRegionScanner::key() const
 {
     static const QString s_strNone;

@@ -34,7 +34,7 @@ public:
     void scan();
     // Whether *pStack is another than before; after scan().
     bool hasChangedStack() const { return m_bChanged; }
-    // Of what the line leaves open; after scan().
+    // The role of the region that the line leaves open; call it after scan().
     RegionRole roleAtEnd() const { return m_pContext->role; }
 
 private:
@@ -76,7 +76,7 @@ private:
     int m_nAt = 0; // where the search goes on
     int m_nFrom = 0; // where the part under way began
     int m_nIndentation = -1;
-    // Of the innermost region.
+    // The rules of the innermost region.
     const CRegionRules *m_pRules = nullptr;
     const SRegionContext *m_pContext = nullptr;
     int m_nLanguage = 0;

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr size_t g_nUsualBound = 2048;
-constexpr std::chrono::milliseconds patience(20);
+constexpr std::chrono::milliseconds g_patience(20);
 
 } // namespace
 
@@ -20,7 +20,7 @@ bool CResultQueue::push(std::vector<SHighlightResult> &lst,
     std::unique_lock<std::mutex> locker(m_mutex);
     while (m_lst.size() >= m_nBound && !isCancelled()) {
         const size_t nBefore = m_lst.size();
-        if (m_roomMade.wait_for(locker, patience) == std::cv_status::timeout
+        if (m_roomMade.wait_for(locker, g_patience) == std::cv_status::timeout
             && m_lst.size() >= nBefore) {
             // Nobody reads. Doubling keeps the time lost in all to a few moments.
             m_nBound *= 2;

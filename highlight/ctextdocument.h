@@ -51,7 +51,7 @@ public:
     // Whether the line is shown in rows although lines are not wrapped: see CPlainTextLayout.
     bool isInRows(const QTextBlock &block) const;
 
-    // As onHighlightBlock().
+    // Does what onHighlightBlock() does.
     void setSyntaxRanges(uint nVer, const QTextBlock &block,
                          const QVector<QTextLayout::FormatRange> &lst);
 

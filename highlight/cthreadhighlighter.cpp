@@ -151,8 +151,8 @@ void CThreadHighlighter::stopThread()
     m_queue.wake();
 }
 
-// Once the worker has looked at the requests for the last time it is not active any more, although
-// the thread may take another moment to end; only then can it be started again.
+// A worker that has looked at the requests for the last time is no longer active. Its thread may
+// still need a moment to end, and can be started again only then.
 bool CThreadHighlighter::startIfIdle()
 {
     {

@@ -42,8 +42,8 @@ public:
     // they begin with is known. Nothing is asked for by this.
     void setVisibleLines(int nFirst, int nLast);
 
-    // Of the definition in force; empty without one, but the single-line comment is "//" until the
-    // first definition is set.
+    // These describe the current definition and are empty without one. But the single-line comment
+    // is "//" until the first definition is set.
     QString languageName() const;
     QString singleLineComment() const;
     QString multiLineCommentStart() const;

@@ -82,5 +82,5 @@ bool mayStartNumber(int nSymbol)
 bool mayStartOperator(int nSymbol)
 {
     return nSymbol < 128
-        && ((arrAsciiFlags[size_t(nSymbol)] & (Operator | BeforeEquals)) || nSymbol == '=');
+        && ((g_arrAsciiFlags[size_t(nSymbol)] & (Operator | BeforeEquals)) || nSymbol == '=');
 }

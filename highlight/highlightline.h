@@ -35,5 +35,5 @@ struct SHighlightLine
     int nState = 0;
 };
 
-// Asked now and then during long work; true abandons it. May be empty.
+// Called now and then during long work, which true abandons. May be empty.
 using AbortCheck = std::function<bool()>;

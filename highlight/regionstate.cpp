@@ -24,8 +24,8 @@ int CRegionStates::numberOf(const RegionStack &stack)
 {
     if (stack.empty())
         return 0;
-    int nNumber = int(hashOf(stack) % nMaxNumber) + 1;
-    for (;; nNumber = nNumber % nMaxNumber + 1) {
+    int nNumber = int(hashOf(stack) % g_nMaxNumber) + 1;
+    for (;; nNumber = nNumber % g_nMaxNumber + 1) {
         const auto it = m_mapStacks.find(nNumber);
         if (it == m_mapStacks.end())
             break;

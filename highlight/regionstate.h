@@ -29,7 +29,7 @@ using RegionStack = std::vector<SRegionFrame>;
 class CRegionStates
 {
 public:
-    static constexpr int nMaxNumber = (1 << 25) - 1;
+    static constexpr int g_nMaxNumber = (1 << 25) - 1;
 
     int numberOf(const RegionStack &stack);
     // The empty stack for a number that the table did not give.

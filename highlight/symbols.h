@@ -42,12 +42,12 @@ constexpr SymbolTable wordSymbols()
 {
     SymbolTable arr {};
     for (size_t n = 0; n < 128; ++n)
-        arr[n] = CharacterClass::arrAsciiFlags[n] & CharacterClass::Word ? 1 : 0;
+        arr[n] = CharacterClass::g_arrAsciiFlags[n] & CharacterClass::Word ? 1 : 0;
     arr[OtherDigit] = arr[OtherWord] = 1;
     return arr;
 }
 
-inline constexpr SymbolTable arrWordSymbols = wordSymbols();
+inline constexpr SymbolTable g_arrWordSymbols = wordSymbols();
 
 // Letters beyond ASCII that equal one of ASCII when letter case does not count.
 inline bool foldsToAscii(QChar ch)

@@ -127,7 +127,7 @@ void CFindDock::onFileReplaced(const QString &strPath)
     CDocument *pDocument = m_pWindow->documents().withPath(strPath);
     if (!pDocument || pDocument->isModified())
         return; // The notice bar tells of it.
-    const Result result = pDocument->reload();
+    const CResult result = pDocument->reload();
     if (!result.isDone())
         emit message(result.text());
 }

@@ -13,6 +13,7 @@
 #include "web/pageengine.h"
 #include "web/pagehazards.h"
 #include "web/pagesource.h"
+#include "web/pagesuffix.h"
 #include "widgets/messagebox.h"
 
 #include <QFileInfo>
@@ -46,7 +47,7 @@ void COpener::open(const QString &strPathFileName)
         return;
     }
     const QString strSuffix = QFileInfo(strPathFileName).suffix().toLower();
-    if (strSuffix == QLatin1String("html") || strSuffix == QLatin1String("htm"))
+    if (isPageSuffix(strSuffix))
         openPage(strPathFileName);
     else if (isImageSuffix(strSuffix))
         openImage(strPathFileName);
@@ -101,7 +102,7 @@ void COpener::openPage(const QString &strPath)
         const QScopedValueRollback<bool> loading(*m_pLoading, true);
         CPageDocument *pDocument = addPageDocument();
         m_pWindow->documents().endLoadWith(pDocument, strPath);
-        const Result result = pDocument->loadDecoded(strPath, source);
+        const CResult result = pDocument->loadDecoded(strPath, source);
         emit message(result.text());
         nameTab(*pDocument);
         if (!pDocument->isWhole())
@@ -209,7 +210,7 @@ void COpener::showText(const QString &strPath, const SFileContent &content)
     const QScopedValueRollback<bool> loading(*m_pLoading, true);
     CDocument *pDocument = addTextOfFile();
     m_pWindow->setCursor(Qt::WaitCursor);
-    const Result result = pDocument->load(strPath, content);
+    const CResult result = pDocument->load(strPath, content);
     emit message(result.text());
     nameTab(*pDocument);
     m_pWindow->unsetCursor();

@@ -75,7 +75,7 @@ void CSearch::findAgain(bool bBackward)
     }
     dialog()->clearInfo();
     emit message(QString());
-    const Result result = document().find(strText, bBackward);
+    const CResult result = document().find(strText, bBackward);
     if (!result.text().isEmpty())
         emit message(result.text());
     else if (!result.isDone() && !document().editor()) // An editor tells a miss itself.
@@ -86,7 +86,7 @@ void CSearch::findNext()
 {
     const QString strText = dialog()->getFindText();
     dialog()->clearInfo();
-    const Result result = document().find(strText, false);
+    const CResult result = document().find(strText, false);
     const bool bFound = result.isDone();
     if (!result.text().isEmpty())
         emit message(result.text());

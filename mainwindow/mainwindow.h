@@ -185,7 +185,7 @@ private:
     void openFiles(const QStringList &lstPaths);
 
     // mainwindow_commands.cpp
-    void finish(const Result &result);
+    void finish(const CResult &result);
 
     // mainwindow_page.cpp
     void setupHtmlToolBar();

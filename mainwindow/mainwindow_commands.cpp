@@ -17,7 +17,7 @@
 #include <QPointer>
 
 // A command that had nothing to do has no text: its action was disabled.
-void MainWindow::finish(const Result &)
+void MainWindow::finish(const CResult &)
 {
     refreshWindow();
 }

@@ -32,7 +32,7 @@ bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
         return saveDocumentAs(pDocument);
     if (!pDocument->canSave())
         return false;
-    const Result result = bAnyway ? pDocument->saveAnyway() : pDocument->save();
+    const CResult result = bAnyway ? pDocument->saveAnyway() : pDocument->save();
     if (result.isDone()) {
         refreshWindow();
         return true;
@@ -59,7 +59,7 @@ bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
         return false;
     const QString strPath = QDir::toNativeSeparators(strChosen);
     m_strLastPath = strPath;
-    const Result result =
+    const CResult result =
         strAgreed.isEmpty() ? pDocument->saveAs(strPath) : pDocument->saveAsAnyway(strPath);
     if (!result.isDone() && result.text().isEmpty())
         return false; // The bar asks.
@@ -94,7 +94,7 @@ void MainWindow::refreshDocument(CDocument *pDocument)
         if (answer != QMessageBox::Yes || !pAsked)
             return;
     }
-    const Result result = pDocument->reload();
+    const CResult result = pDocument->reload();
     if (!result.isDone() && pDocument->kind() == CDocument::Kind::Text)
         m_pOpener->showFailure(pDocument->path(), result.text());
     else if (!result.text().isEmpty())

@@ -28,7 +28,7 @@ public:
     // strPage is the page's file, empty for none: addresses of files lead from there.
     CDlgLink(const SPageLink &link, const QString &strPage, QWidget *pParent);
 
-    // As the fields have it.
+    // The texts of the fields.
     QString address() const;
     QString text() const;
     QString title() const;

@@ -30,7 +30,7 @@ public:
     // Proposes a file, with its own size.
     void setFile(const QString &strFile);
     SPicture picture() const;
-    // Where the picture's file lies; empty for one of the web.
+    // The path of the picture's file; empty for one of the web.
     QString file() const;
     // The file lies where the page may not show it, and is to be copied beside the page.
     bool isCopyWanted() const;

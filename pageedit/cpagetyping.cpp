@@ -180,7 +180,7 @@ bool CPageTyping::takeEnter()
     return true;
 }
 
-// In an item, Tab is never typed.
+// Tab in a list item changes its level and is never typed.
 bool CPageTyping::takeTab(bool bBack)
 {
     if (!askPage(m_pPage, QStringLiteral("keys")).toMap().value(QStringLiteral("item")).toBool())

@@ -20,7 +20,7 @@ CTableGrid::CTableGrid(const QVector<STableRow> &rows)
     }
 }
 
-// At the first free column from this one on, as browsers do.
+// Places the cell at the first free column from this one on, as browsers do.
 void CTableGrid::place(int nRow, const STableCell &cell, int *pColumn)
 {
     while (*pColumn < m_nColumns && cellAt(nRow, *pColumn) >= 0)

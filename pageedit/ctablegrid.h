@@ -49,14 +49,14 @@ public:
     // The smallest rectangle of whole cells around the cells.
     QRect around(const QVector<int> &ids) const;
 
-    // Before the row or column of that number, or behind the last. A new row stands in the group of
-    // the row above it, or of the one below it.
+    // Inserts before the row or column of that number, or behind the last. A new row joins the
+    // group of the row above it, or of the one below it.
     bool insertRow(int nRow, bool bLikeAbove);
     bool insertColumn(int nColumn);
     // The last row or column stays.
     bool removeRows(int nFirst, int nCount);
     bool removeColumns(int nFirst, int nCount);
-    // By one, within the group; false where a cell spans a border that would be moved.
+    // Moves by one within the group; false if a cell spans a border that would be moved.
     bool moveRow(int nRow, bool bDown);
     bool moveColumn(int nColumn, bool bRight);
     // The first cell of the rectangle (see around()) takes the place of all. False for one cell,

@@ -15,7 +15,7 @@ static void initScripts()
 
 namespace {
 
-// In this order: what a script uses at once stands before it.
+// The order matters: what a script uses at once comes before it.
 const char *const g_scripts[] = {"steps",    "dom",    "places",      "units",        "blocks",
                                  "lists",    "layout", "marks",       "formats",      "links",
                                  "head",     "paste",  "blanks",      "keys",         "joins",

@@ -8,8 +8,8 @@ class CEditWebView;
 // The scripts of this folder, as one object in each page that is edited. They stay in the page
 // until it is loaded anew, as its steps of undo do.
 
-// Where the library lies in the window, as a literal of the scripts' language. No element of a page
-// can have that name and stand in its place.
+// The library's name in the page's window, as a JavaScript literal. No element of a page can take
+// that name.
 const QString &pageLibraryKey();
 
 // Calls a function of main.js; strArguments is script text. Invalid when that failed.

@@ -95,7 +95,8 @@ QVariantList cellForCaret(const CTableGrid &grid, const QPoint &place)
 bool insertRow(STableChange *pChange, bool bAbove)
 {
     const int nRow = bAbove ? pChange->place.top() : pChange->place.bottom() + 1;
-    // Below a table's head its body begins, above a body's first row that body.
+    // A new row below the table's head begins the body; one above the body's first row joins that
+    // body.
     const bool bHead = !bAbove && nRow < pChange->heads.size() && pChange->heads.at(nRow - 1)
         && !pChange->heads.at(nRow);
     pChange->caret = QPoint(pChange->place.left(), nRow);

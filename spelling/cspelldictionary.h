@@ -22,7 +22,7 @@ public:
 
     // True, too, for a word of another script than the language's.
     bool isCorrect(const QString &strWord);
-    // Not more than fit into a list that is looked through at once; the likeliest first.
+    // Gives as many words as a list shows at a glance, the likeliest first.
     QStringList suggestions(const QString &strWord) const;
 
 private:

@@ -26,7 +26,8 @@ public:
     // Waits for a dictionary that is being read.
     ~CSpelling() override;
 
-    // Where the system keeps dictionaries, and the settings' folder the user's words.
+    // The system's folders of dictionaries, and the file in the settings' folder with the user's
+    // words.
     static QStringList systemFolders();
     static QString ownWordsFile();
 

@@ -11,7 +11,7 @@ class CSuggestionMenu : public QMenu
 public:
     explicit CSuggestionMenu(QWidget *pParent);
 
-    // Below a place of the screen, with the first suggestion chosen already.
+    // Opens below a place of the screen, with the first suggestion selected.
     void offer(const QString &strWord, const QStringList &lstSuggestions, const QPoint &point);
 
 signals:

@@ -26,5 +26,5 @@ QVector<SSpellWord> spellWords(const QString &strText);
 // word of no length.
 SSpellWord spellWordAt(const QString &strText, int nPlace);
 
-// As dictionaries spell it: a straight apostrophe, no soft hyphens.
+// Gives the word as dictionaries spell it: with a straight apostrophe and without soft hyphens.
 QString dictionaryForm(const QString &strWord);

@@ -16,7 +16,7 @@ void paintWavyLine(QPainter *pPainter, const QRectF &word)
     for (int nX = qRound(word.left()); nX <= word.right(); nX += g_nWaveHeight)
         line.append(QPoint(nX, line.size() % 2 == 0 ? nBottom : nBottom - g_nWaveHeight));
     pPainter->save();
-    // Without smoothing: whole pixels are seen at a glance.
+    // No smoothing, because whole pixels are easier to see.
     pPainter->setRenderHint(QPainter::Antialiasing, false);
     pPainter->setPen(QColor(QLatin1String(g_szWaveColor)));
     pPainter->drawPolyline(line);

@@ -13,7 +13,7 @@ void atStart();
 // where it can be told.
 void forOneFile();
 
-// Behind each file: waiting costs no time.
+// Call it after each file: waiting takes no processor time.
 void forWaiting();
 
 constexpr int g_nOutOfMemory = 77;

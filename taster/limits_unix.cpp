@@ -18,7 +18,7 @@ namespace {
 constexpr long g_nMilliseconds = 1500;
 constexpr rlim_t g_nStack = 4UL * 1024 * 1024;
 
-// Never more than what the user has set.
+// Never sets more than what the user has set.
 void limit(int nResource, rlim_t nMost)
 {
     rlimit current = {};

@@ -52,7 +52,7 @@ int main(int argc, char *argv[])
         answer("shown");
         QMetaObject::invokeMethod(qApp, next, Qt::QueuedConnection);
     });
-    // Once the first page has told the engine what it takes to show one.
+    // Queued until the first page has made the engine load what it needs.
     QMetaObject::invokeMethod(qApp, next, Qt::QueuedConnection);
     return QCoreApplication::exec();
 }

@@ -162,7 +162,7 @@ void CEditWebView::rememberTyped(const std::function<void()> &edit)
     m_rootTyped = page()->mainFrame()->documentElement();
 }
 
-// At the end of a load: true when what was typed meanwhile is in the page.
+// Called at the end of a load: true if the text typed meanwhile is in the page.
 bool CEditWebView::keepTyped()
 {
     m_bPageComing = false;

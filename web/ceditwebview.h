@@ -45,7 +45,7 @@ public:
     // The text for the tab: title of the page, else file name, else "Untitled"; "*" when modified.
     QString getTitle() const;
     QString selectedHtml() const { return QWebView::selectedHtml(); }
-    // Also says that what is shown now is that file's content.
+    // Also declares that the view shows that file's content now.
     void setFilePath(const QString &strPath);
     QString filePath() const { return m_strFilePath; }
     // The icon that the page names, when it is a file of the page's site; else null.
@@ -82,8 +82,8 @@ public:
     bool showsOwnFile() const;
     // The same, whether it could be loaded or not.
     bool showsOwnAddress() const;
-    // Asked before a modified page is left for another; true once it was saved or may be lost.
-    // Without a question a modified page is not left.
+    // Called before a modified page is left for another; true if it was saved or may be lost.
+    // Without this function a modified page is never left.
     void setLeaveQuestion(const std::function<bool()> &question) { m_leaveQuestion = question; }
     void setLinksFollowed(bool bFollowed) { m_bLinksFollowed = bFollowed; }
 
@@ -111,9 +111,9 @@ public:
     // cannot hold is lost.
     void readSourceIn(const QString &strCodec);
 
-    // Where the caret stands in the page; nothing when there is none.
+    // The place of the caret in the page; nothing without a caret.
     std::optional<CPageMerge::SPlace> caretPlace() const;
-    // Where there is no such place, somewhere near it.
+    // Goes near the place if the page no longer has it.
     void setCaretPlace(const CPageMerge::SPlace &place);
 
     // Editing; works on the selection.
@@ -125,7 +125,7 @@ public:
     void runEditable(const std::function<void()> &command);
     void triggerEdit(QWebPage::WebAction action);
     void insertHtml(const QString &strHtml);
-    // Asked before the clipboard is pasted, in whatever way; true: it was done.
+    // Called before the clipboard is pasted in any way; true if it has done the pasting.
     using PasteTaker = std::function<bool(const QMimeData *)>;
     void setPasteTaker(const PasteTaker &taker) { m_pasteTaker = taker; }
     // Asked before an action of triggerEdit(), by whatever key or button; true: it was done.
@@ -135,7 +135,7 @@ public:
     bool isItalic() const;
     bool isUnderline() const;
     QString fontName() const;
-    // In points, without a unit: "12", "10.5".
+    // The size in points without a unit: "12", "10.5".
     QString fontSize() const;
     // Invalid when unknown; without a background of its own, a colour with alpha 0.
     QColor foreColor() const;
@@ -148,7 +148,7 @@ public:
     void setBackColor(const QString &strColor);
     // Larger or smaller, in steps of a tenth.
     void zoomBy(int nSteps);
-    // Where the selection stands on the screen; empty for none.
+    // The selection's rectangle on the screen; empty without a selection.
     QRect selectedSpot() const;
     // Invalid over no link.
     QUrl urlUnderPos(QMouseEvent *pEvent) const;
@@ -160,8 +160,8 @@ public:
     bool findPageTextReverse(const QString &strText, bool bFromEdge);
     // Always forward from the selection, whatever the options say. The replacement is HTML.
     bool replacePageText(const QString &strText, const QString &strReplacement);
-    // From the start, with "search up" from the end: then nothing is replaced. One step of undo;
-    // replaceNum() tells how many. Always true.
+    // Replaces from the start of the page. With "search up" it begins at the end and replaces
+    // nothing. One step of undo; replaceNum() tells how many. Always true.
     bool replaceAllPageText(const QString &strText, const QString &strReplacement);
 
 signals:

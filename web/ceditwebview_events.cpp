@@ -55,7 +55,7 @@ bool CEditWebView::focusNextPrevChild(bool bNext)
     return QWidget::focusNextPrevChild(bNext); // NOLINT(bugprone-parent-virtual-call): see above.
 }
 
-// While Control is held the page is not editable, so that its links can be clicked.
+// The page is not editable while Control is held, so that its links can be clicked.
 void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
 {
     if (zoomByKey(pEvent)) {
@@ -124,7 +124,7 @@ void CEditWebView::focusInEvent(QFocusEvent *pEvent)
     emit focusIn();
 }
 
-// Without one, what is typed goes nowhere.
+// Text that is typed without a caret would go nowhere.
 void CEditWebView::ensureCaret()
 {
     if (page()->isContentEditable())

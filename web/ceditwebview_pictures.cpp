@@ -53,8 +53,9 @@ void CEditWebView::tellHiddenPictures()
                                 : tr("%1 pictures are not shown: they lie on the network");
     if (strText.contains(QLatin1String("%1")))
         strText = strText.arg(nOutside + nNetwork);
-    // On the network is where the pictures of most pages lie, and none of them is missed here: that
-    // is worth a line. A picture outside was meant to be shown, and can be moved.
+    // Pictures on the network are the rule, and nobody expects them here: a line in the status bar
+    // is enough. A picture outside the page's folders was meant to be shown and can be moved, so
+    // the bar tells it.
     const QString strNotice = nOutside > 0 ? strText : QString();
     if (nOutside == 0 && !strText.isEmpty())
         emit statusMessage(strText);

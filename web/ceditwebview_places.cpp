@@ -8,7 +8,7 @@
 
 namespace {
 
-// In the source editor's document every line end is one character.
+// Every line end is one character in the source editor's document.
 int documentPosition(const QString &strSource, int nPosition)
 {
     return nPosition - strSource.leftRef(nPosition).count(QLatin1String("\r\n"));

@@ -159,8 +159,8 @@ QString CEditWebView::editedSource() const
     return bChosen ? strText : withKeptLineEnds(m_strPushed, strText);
 }
 
-// In a tab of its own the source editor is not visible while another tab is current, but a page
-// that finishes loading then has to reach it all the same.
+// The source editor of a background tab is not visible, but a page that finishes loading there must
+// reach it as well.
 bool CEditWebView::isSourceShown() const
 {
     return m_pSourceEdit && (m_pSourceEdit->isVisible() || m_bSourceShown);

@@ -58,7 +58,7 @@ QChar CEscapedReader::next()
     return QChar();
 }
 
-// Behind the "&"; the "&" itself when nothing is referred to.
+// Reads what follows the "&"; gives the "&" itself if that is no reference.
 QChar CEscapedReader::readReference()
 {
     const int nStart = m_nPos++;
@@ -95,7 +95,7 @@ QChar CEscapedReader::readNumber(int nPos, int nBase)
     return QChar(nNumber);
 }
 
-// Behind the "\" of a style sheet; null for a line end, which joins lines.
+// Reads what follows the "\" of a style sheet; null for a line end, which joins lines.
 QChar CEscapedReader::readEscape()
 {
     uint nNumber = 0;

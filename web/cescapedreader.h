@@ -12,7 +12,7 @@ public:
 
     // The next character; null at the end.
     QChar next();
-    // Where in the text the next one begins.
+    // The position of the next character in the text.
     int position() const { return m_nPos; }
 
 private:

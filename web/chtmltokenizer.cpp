@@ -149,7 +149,7 @@ int CHtmlTokenizer::endTagOf(const QString &strName, int nPos) const
     return m_strHtml.size();
 }
 
-// Within "<!--" of a script, a second "<script" hides the end tag that follows it.
+// After "<!--" in a script, a second "<script" hides the end tag that follows it.
 int CHtmlTokenizer::scriptEnd(int nPos) const
 {
     const QString strScript = QStringLiteral("script");

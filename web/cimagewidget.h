@@ -30,7 +30,8 @@ public:
     bool isNull() const { return m_image.isNull(); }
     QSize imageSize() const { return m_image.size(); }
 
-    // Where an image of that size is drawn in a view of that size, both in the same unit.
+    // The rectangle in which a view of that size draws an image of that size, both in the same
+    // unit.
     static QRect targetRect(const QSize &sizeView, const QSize &sizeImage);
 
 protected:

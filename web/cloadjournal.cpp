@@ -17,7 +17,7 @@ struct SNote
     QString strPath;
 };
 
-// Until the file is closed or this program ends, however it does.
+// The lock lasts until the file is closed or this program ends in any way.
 bool lockOpenFile(const QFile &file)
 {
     return Platform::lockFile(file.handle()) == Platform::FileLock::Mine;

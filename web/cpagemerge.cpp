@@ -210,7 +210,7 @@ bool CPageMerge::widen(QVector<SChange> *pChanges, int nChange) const
                 last = change;
         }
     }
-    // Between the changes, what was and what is run side by side.
+    // Old and new run side by side between the changes.
     wide.nNow = first.nNow - qMax(0, first.nOld - wide.nOld);
     wide.nOld = qMin(wide.nOld, first.nOld);
     wide.nNowEnd = last.nNowEnd + qMax(0, wide.nOldEnd - last.nOldEnd);
@@ -219,7 +219,7 @@ bool CPageMerge::widen(QVector<SChange> *pChanges, int nChange) const
     return true;
 }
 
-// To the nearest pieces that the source has.
+// Widens the change to the nearest pieces that the source has.
 void CPageMerge::widenToGap(SChange *pChange) const
 {
     while (pChange->nOld > 0 && m_lstSourceOf.at(pChange->nOld - 1) < 0)

@@ -41,7 +41,7 @@ public:
             return nElements == other.nElements && nText == other.nText;
         }
     };
-    // Where a place of the page stands in its source, and the other way round; counts UTF-16 units.
+    // Translates a place of the page to one of its source, and back; counts UTF-16 units.
     int sourcePosition(SPlace place);
     SPlace placeOf(int nSourcePosition);
 

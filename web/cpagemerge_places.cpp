@@ -20,7 +20,7 @@ SDecodedText decoded(const QString &strHtml, const SPageToken &piece)
 
 } // namespace
 
-// Of a piece of the serialisation, in the page.
+// The length that a piece of the serialisation has in the page.
 int CPageMerge::textLength(const SPageToken &piece) const
 {
     return isText(piece) ? decoded(m_strSerialised, piece).strText.size() : 0;

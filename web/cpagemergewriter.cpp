@@ -14,7 +14,7 @@ bool isFragmentMark(const QStringRef &strPiece)
 
 } // namespace
 
-// Where in the source this piece stands, or would stand.
+// The place in the source where this piece is or would be.
 int CPageMergeWriter::sourcePosition(int nOld) const
 {
     const int nNext = m_before.lstNextSource.at(nOld);

@@ -55,7 +55,7 @@ bool CPageNetwork::isAllowed(const QUrl &url) const
 
 bool CPageNetwork::isFileAllowed(const QUrl &url) const
 {
-    // Even the look at a file of another host would sign the user in there.
+    // Even a look at a file of another host would sign the user in there.
     if (url.host() != m_urlDocument.host())
         return false;
     const QString strFile = url.toLocalFile();
@@ -101,7 +101,7 @@ bool CPageNetwork::mayLoadSheet(const QNetworkRequest &request)
     return ++m_nSheets <= g_nMaxSheets && ++m_hashSheets[strName] <= g_nMaxSheetsOfAFile;
 }
 
-// Without an address where the request is for something else than a document.
+// The frame has no address if the request is for something else than a document.
 CPageNetwork::SFrame CPageNetwork::takeFrame(const QNetworkRequest &request)
 {
     const SFrame frame = m_hashFrames.take(request.originatingObject());

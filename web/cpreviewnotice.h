@@ -14,7 +14,7 @@ class CPreviewNotice : public QFrame
 public:
     explicit CPreviewNotice(QWidget *pParent);
 
-    // Without a text for the button there is none.
+    // An empty text for the button means no button.
     void say(const QString &strText, const QString &strButton = QString());
     QString text() const;
 

@@ -78,7 +78,7 @@ void CPreviewWidget::setFile(const QString &strPath, bool bLoad)
 void CPreviewWidget::previewHtml(const QString &strHtml, const QUrl &urlBase)
 {
     QWebFrame *pFrame = webTextView()->page()->mainFrame();
-    // While the document is typed, the place that is being looked at stays in sight.
+    // The preview keeps its place while the document is edited.
     const bool bSame = webTextView()->isVisible() && webTextView()->url() == urlBase;
     const QPoint posScroll = bSame ? pFrame->scrollPosition() : QPoint();
     clearPreview();

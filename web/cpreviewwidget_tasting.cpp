@@ -2,6 +2,7 @@
 #include "web/cimagewidget.h"
 #include "web/cpreviewnotice.h"
 #include "web/cpreviewwidget.h"
+#include "web/pagesuffix.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -9,15 +10,10 @@
 
 namespace {
 
-bool isPage(const QString &strSuffix)
-{
-    return strSuffix == QLatin1String("htm") || strSuffix == QLatin1String("html");
-}
-
 // What is shown by an engine that can be made to fail.
 bool isTasted(const QString &strSuffix)
 {
-    return isPage(strSuffix) || strSuffix == QLatin1String("svg")
+    return isPageSuffix(strSuffix) || strSuffix == QLatin1String("svg")
         || strSuffix == QLatin1String("svgz");
 }
 
@@ -61,8 +57,8 @@ void CPreviewWidget::onTasted(const QString &strPath, CTaster::Result result)
 // False when nothing is known against the file.
 bool CPreviewWidget::sayWhyRefused(const QString &strPath, CTaster::Result result)
 {
-    const QString strAnyway =
-        isPage(suffixOf(strPath)) ? tr("Show the page anyway") : tr("Show the drawing anyway");
+    const QString strAnyway = isPageSuffix(suffixOf(strPath)) ? tr("Show the page anyway")
+                                                              : tr("Show the drawing anyway");
     m_strRefused = strPath;
     switch (result) {
     case CTaster::Result::TooSlow:
@@ -115,7 +111,7 @@ void CPreviewWidget::resizeEvent(QResizeEvent *pEvent)
 void CPreviewWidget::showRendered(const QString &strPath)
 {
     const QString strSuffix = suffixOf(strPath);
-    if (isPage(strSuffix)) {
+    if (isPageSuffix(strSuffix)) {
         showPage(strPath);
     } else if (QImageReader::supportedImageFormats().contains(strSuffix.toLatin1())) {
         imageView()->show();

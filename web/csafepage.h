@@ -35,7 +35,7 @@ public:
     const SPageSource &source() const { return m_source; }
     CPageNetwork *network() const { return m_pNetwork; }
     bool supportsExtension(Extension extension) const override;
-    // Asked before the clipboard is pasted; true when that has been done.
+    // Called before the clipboard is pasted; true if it has done the pasting.
     void setPaste(const std::function<bool()> &paste) { m_paste = paste; }
     void triggerAction(WebAction action, bool bChecked = false) override;
 

@@ -124,7 +124,7 @@ void CTaster::start()
     m_timerIdle.start();
 }
 
-// Without waiting for its end, which the system hastens.
+// Does not wait for its end; the system sees to that.
 void CTaster::drop()
 {
     m_strPath.clear();

@@ -42,7 +42,7 @@ public:
 
     // What is known of the file in its present state.
     Result known(const QString &strPath) const;
-    // From now on this is known.
+    // Remembers the result for this file.
     void setKnown(const QString &strPath, Result result);
 
 signals:

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Where the steps of undo end while somebody types: at Enter, at a pause of a second, after 20
-// words, and where the owner says so (a save, a change of format). A value, no widgets.
+// Divides typing into steps of undo: at Enter, at a pause of a second, after 20 words, and when the
+// owner says so (a save, a change of format). A value, no widgets.
 class CTypingSteps
 {
 public:

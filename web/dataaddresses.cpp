@@ -81,7 +81,7 @@ QLatin1String endsOfAddress(const QString &strText, int nPos)
     }
 }
 
-// From behind the scheme.
+// The reader is behind the scheme.
 bool isHarmlessAddress(CEscapedReader *pReader, QLatin1String strEnds, int nDepth, int *pLeft)
 {
     const QString strHead = readUpTo(pReader, QLatin1String(","), pLeft);

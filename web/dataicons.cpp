@@ -17,8 +17,8 @@ QString valueOf(const QString &strHtml, const SHtmlAttribute *pAttribute)
         : QString();
 }
 
-// As addresses are read, also with the references that only newer browsers know: without the line
-// ends and tabs in them, and what is around them.
+// Reads the value as browsers read addresses: without line ends, tabs and the blanks around, and
+// with the references that only newer browsers know.
 QString asAddress(QString strValue)
 {
     static const QRegularExpression s_regExpLeftOut(
@@ -28,7 +28,7 @@ QString asAddress(QString strValue)
     return strValue.remove(s_regExpLeftOut);
 }
 
-// Also "h:link" in XML.
+// True also for "h:link" in XML.
 bool isLink(const QString &strHtml, const SHtmlToken &token)
 {
     return token.kind == SHtmlToken::Kind::StartTag

@@ -23,7 +23,7 @@ QString resolveName(const QString &strName)
     if (it != mapKnown.cend())
         return *it;
     const QString strReference = QLatin1Char('&') + strName + QLatin1Char(';');
-    // Between letters, as the text's own blanks would go; a line end would come as a separator.
+    // The letters around keep the text's own blanks; a line end would come as a separator.
     QString strText = QTextDocumentFragment::fromHtml(QStringLiteral("<pre>a") + strReference
                                                       + QStringLiteral("b</pre>"))
                           .toPlainText();

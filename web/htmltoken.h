@@ -21,7 +21,7 @@ struct SHtmlToken
     };
 
     bool isTag() const { return kind == Kind::StartTag || kind == Kind::EndTag; }
-    // Of tags; other tokens have none.
+    // Whether it is a tag of that name; other tokens have no name.
     bool isNamed(const QString &strHtml, QLatin1String strName) const;
     bool isStart(const QString &strHtml, QLatin1String strName) const;
     QString name(const QString &strHtml) const; // Lower case.
@@ -46,8 +46,8 @@ struct SHtmlAttribute
     bool bValue = false; // There is an "=".
 };
 
-// Of a start or end tag, in order, with those that a browser ignores because their name came
-// before.
+// The attributes of a start or end tag in order, including those that a browser ignores because
+// their name came before.
 QVector<SHtmlAttribute> htmlAttributes(const QString &strHtml, const SHtmlToken &tag);
 // Null when there is none of that name; of two, the first counts.
 const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes,

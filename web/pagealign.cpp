@@ -92,7 +92,7 @@ void CSourceAlignment::alignStretch(SStretch serialised, SStretch source)
     betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairWords(a, b); });
 }
 
-// Of several line ends the first is the source's own: browsers move those behind the page's end to
+// The first of several line ends is the source's own: browsers move those behind the page's end to
 // the end of its body.
 void CSourceAlignment::preferFirstBlanks(SStretch serialised)
 {

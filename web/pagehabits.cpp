@@ -203,7 +203,7 @@ QString writeValue(const QString &strText, QChar cQuote, const SPageHabits &habi
     return strValue;
 }
 
-// With the blank before it.
+// Writes the attribute with the blank before it.
 QString writeAttribute(const QString &strHtml, const SHtmlAttribute &attribute,
                        const SPageToken &tag, const SPageHabits &habits)
 {

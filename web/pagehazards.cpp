@@ -1,5 +1,7 @@
 #include "web/pagehazards.h"
 
+#include "web/pagesuffix.h"
+
 #include "web/chazardscan.h"
 
 #include <QCoreApplication>
@@ -23,7 +25,7 @@ EPageHazard pageHazard(const QString &strHtml, bool bXml)
 EPageHazard pageHazardOfFile(const QString &strPath, const QString &strText)
 {
     const QString strSuffix = QFileInfo(strPath).suffix().toLower();
-    if (strSuffix == QLatin1String("html") || strSuffix == QLatin1String("htm"))
+    if (isPageSuffix(strSuffix))
         return pageHazard(strText);
     static const QSet<QString> s_setXml = {QStringLiteral("xhtml"), QStringLiteral("xht"),
                                            QStringLiteral("xml"), QStringLiteral("svg")};

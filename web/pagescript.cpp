@@ -200,7 +200,7 @@ QString replaceWithin(const QString &strText)
 
 QString endTyping()
 {
-    // Within a field of a form, what is told of the selection is the place before the field.
+    // For a selection within a form field, the place before the field is given.
     return QStringLiteral("(function(s) {"
                           "  var n = s.anchorNode, e = n && n.childNodes[s.anchorOffset];"
                           "  if (n && !(e && /^(input|textarea)$/i.test(e.nodeName)))"

@@ -27,7 +27,7 @@ QString setFontSize(const QString &strCss);
 QString markTyping();
 // and this then turns it into the wished size.
 QString sizeTyped(const QString &strCss);
-// Without a selection, puts the caret at the start of the page, so that moves have a beginning.
+// Puts the caret at the start of a page without a selection, so that moves have a beginning.
 QString ensureCaret();
 
 // Where the caret stands: the number of start tags before it, of characters of text behind the last

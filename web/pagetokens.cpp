@@ -33,7 +33,7 @@ quint64 seed(SPageToken::Kind kind)
     return (static_cast<quint64>(kind) + 1) * 0xD1B54A32D192ED03ULL;
 }
 
-// Without making a text of the name.
+// Reads the key, so that no text of the name is made.
 bool isVoidKey(quint64 nKey)
 {
     static const QSet<quint64> setKeys = [] {
@@ -63,7 +63,7 @@ private:
     int m_nForeignDepth = 0;
 };
 
-// As decodeReferences() would have it, without making the text.
+// The hash of what decodeReferences() would give, without making that text.
 quint64 CPageTokens::textHash(int nStart, int nEnd, EReferences references, quint64 nSeed) const
 {
     for (int n = nStart; n < nEnd; ++n) {

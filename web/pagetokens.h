@@ -27,7 +27,7 @@ struct SPageToken
     int nEnd = 0;
     Kind kind = Kind::Word;
     bool bReferences = false; // Of a word: it may hold character references.
-    // Of tags.
+    // What follows is about tags.
     bool bVoid = false;
     bool bSelfClosing = false;
     bool bForeign = false; // Within SVG or MathML.

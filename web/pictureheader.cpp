@@ -197,7 +197,7 @@ SPictureHeader xbm(const QByteArray &data)
     return named(Kind::Xbm, sizeInText(data, regExp));
 }
 
-// As lenient as Qt's SVG plug-in, which takes whatever has one of these in its first bytes.
+// As lenient as Qt's SVG plug-in, which accepts anything with one of these in its first bytes.
 bool mayBeSvg(const QByteArray &data)
 {
     if (data.startsWith("\x1f\x8b"))

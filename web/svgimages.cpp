@@ -12,7 +12,7 @@ namespace {
 // More than any drawing has: the time they take grows with the square of their number.
 constexpr int g_nMaxStops = 5000;
 
-// As the plug-in reads it: what follows the last of these marks.
+// The plug-in reads what follows the last of these marks.
 QByteArray imageWithin(const QStringRef &strAddress)
 {
     static const QString strMark = QStringLiteral("base64,");

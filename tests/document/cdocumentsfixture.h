@@ -64,7 +64,7 @@ public:
     {
         auto *pDocument = new CEditorDocument(nullptr);
         m_pDocuments->add(pDocument);
-        const Result result = pDocument->load(strPath, CDocument::read(strPath));
+        const CResult result = pDocument->load(strPath, CDocument::read(strPath));
         if (!result.isDone())
             qFatal("cannot open %s", qPrintable(strPath));
         return pDocument;

@@ -203,7 +203,7 @@ private slots:
         CDocument *pDocument = f.open(strPath);
         f.type(pDocument, "mine ");
         f.write(strPath, "theirs");
-        const Result refused = pDocument->save();
+        const CResult refused = pDocument->save();
         QVERIFY(!refused.isDone());
         QCOMPARE(refused.text(), QString()); // The bar tells.
         QVERIFY(pDocument->isModified());

@@ -6,12 +6,12 @@
 
 // A cheap answer to "can this pattern match in this line at all?": a match of "->|=>" holds a ">",
 // one of "^\s*#\s*[a-z]+" holds a "#".
-class RequiredCharacters
+class CRequiredCharacters
 {
 public:
     // Requires nothing.
-    RequiredCharacters() = default;
-    RequiredCharacters(const SPatternNode &pattern, Qt::CaseSensitivity sensitivity);
+    CRequiredCharacters() = default;
+    CRequiredCharacters(const SPatternNode &pattern, Qt::CaseSensitivity sensitivity);
 
     // A match holds one character of each set.
     const std::vector<SymbolSet> &sets() const { return m_lstSets; }

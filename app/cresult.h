@@ -7,16 +7,16 @@
 class [[nodiscard]] Result
 {
 public:
-    static Result done() { return Result(true, QString()); }
-    static Result refused(const QString &strText = QString()) { return Result(false, strText); }
+    static CResult done() { return CResult(true, QString()); }
+    static CResult refused(const QString &strText = QString()) { return CResult(false, strText); }
     // For commands that either work or have nothing to do.
-    static Result doneIf(bool bDone) { return Result(bDone, QString()); }
+    static CResult doneIf(bool bDone) { return CResult(bDone, QString()); }
 
     bool isDone() const { return m_bDone; }
     const QString &text() const { return m_strText; }
 
 private:
-    Result(bool bDone, const QString &strText) : m_bDone(bDone), m_strText(strText) { }
+    CResult(bool bDone, const QString &strText) : m_bDone(bDone), m_strText(strText) { }
 
     bool m_bDone;
     QString m_strText;

@@ -1,4 +1,4 @@
-#include "highlight/requiredcharacters.h"
+#include "highlight/crequiredcharacters.h"
 
 #include <algorithm>
 
@@ -54,7 +54,8 @@ Sets required(const SPatternNode &node)
 
 } // namespace
 
-RequiredCharacters::RequiredCharacters(const SPatternNode &pattern, Qt::CaseSensitivity sensitivity)
+CRequiredCharacters::CRequiredCharacters(const SPatternNode &pattern,
+                                         Qt::CaseSensitivity sensitivity)
 {
     for (SymbolSet set : required(pattern)) {
         if (sensitivity == Qt::CaseInsensitive) {
