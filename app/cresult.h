@@ -4,7 +4,7 @@
 
 // The outcome of a command: done, or refused with a text for the user. The text is empty when the
 // user knows already: the command was cancelled, had nothing to do, or asks in the notice bar.
-class [[nodiscard]] Result
+class [[nodiscard]] CResult
 {
 public:
     static CResult done() { return CResult(true, QString()); }

@@ -1,8 +1,7 @@
 #include "web/pagehazards.h"
 
-#include "web/pagesuffix.h"
-
 #include "web/chazardscan.h"
+#include "web/pagesuffix.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
