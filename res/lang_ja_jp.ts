@@ -1963,6 +1963,17 @@
         <source>Showing %1 could end the program, as %2: this is its source.</source>
         <translation>%1 を表示するとプログラムが終了するおそれがあるため（%2）、ソースを表示しています。</translation>
     </message>
+    <message>
+        <source>This build cannot show pages: this is the source of %1.</source>
+        <translation>このビルドではページを表示できません。%1 のソースを表示しています。</translation>
+    </message>
+</context>
+<context>
+    <name>QWebView</name>
+    <message>
+        <source>This build cannot show pages, only their source.</source>
+        <translation>このビルドではページを表示できません。ソースのみ表示できます。</translation>
+    </message>
 </context>
 <context>
     <name>XmlGuard</name>

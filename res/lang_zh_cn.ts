@@ -1963,6 +1963,17 @@
         <source>Showing %1 could end the program, as %2: this is its source.</source>
         <translation>显示 %1 可能使程序结束（%2）：这里显示其源代码。</translation>
     </message>
+    <message>
+        <source>This build cannot show pages: this is the source of %1.</source>
+        <translation>此版本无法显示网页：这是 %1 的源代码。</translation>
+    </message>
+</context>
+<context>
+    <name>QWebView</name>
+    <message>
+        <source>This build cannot show pages, only their source.</source>
+        <translation>此版本无法显示网页，只能显示其源代码。</translation>
+    </message>
 </context>
 <context>
     <name>XmlGuard</name>

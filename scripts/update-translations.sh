@@ -5,6 +5,6 @@ set -euo pipefail
 folder=$(realpath "${1:-$(dirname "$0")/../res}")
 cd "$(dirname "$0")/.."
 lupdate=$(command -v lupdate || echo /usr/lib/qt5/bin/lupdate)
-"$lupdate" -silent -recursive -I . -no-obsolete -locations none -source-language en \
+"$lupdate" -silent -recursive -extensions cpp,h,ui -I . -no-obsolete -locations none -source-language en \
     app widgets spelling highlight editor web browser findinfiles pageedit document mainwindow noengine \
     -ts "$folder/lang_zh_cn.ts" "$folder/lang_ja_jp.ts"

@@ -140,7 +140,7 @@ void tst_documents_truth::everyNamedScript_isThereAndRuns()
     const QStringList lstDocuments = documents();
     for (const QString &strDocument : lstDocuments) {
         const QStringList lstScripts = captures(
-            content(strDocument), QStringLiteral("((?:\\./|scripts/|\\.ci/)[\\w-]+(?:\\.sh)?)\\b"));
+            content(strDocument), QStringLiteral("((?:\\./|scripts/|\\.ci/)[\\w-]+(?:\\.(?:sh|py))?)\\b"));
         for (const QString &strScript : lstScripts) {
             ++nScripts;
             const QFileInfo info(source(strScript));
