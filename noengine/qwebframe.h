@@ -49,6 +49,7 @@ public:
 
     QPoint scrollPosition() const { return QPoint(); }
     void setScrollPosition(const QPoint &) { }
+    void scroll(int, int) { }
     QSize contentsSize() const { return QSize(); }
     QWebElement documentElement() const { return QWebElement(); }
     QWebElement findFirstElement(const QString &) const { return QWebElement(); }
