@@ -42,7 +42,7 @@ CResult CDocument::load(const QString &strPath, const SFileContent &content)
 {
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        const CResult result = showContent(strPath, content);
+        CResult result = showContent(strPath, content);
         if (!result.isDone())
             return result;
         noteState(content.state, isContentWhole(content));
@@ -62,7 +62,7 @@ CResult CDocument::reload()
         return CResult::refused(tr("The file cannot be read: %1").arg(visibleName(path())));
     {
         const QScopedValueRollback<bool> loading(m_bLoading, true);
-        const CResult result = showAgain(content);
+        CResult result = showAgain(content);
         if (!result.isDone())
             return result;
     }

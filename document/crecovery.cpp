@@ -56,10 +56,11 @@ void CRecovery::offer(const SNotice &notice)
 
 void CRecovery::dismiss()
 {
-    if (!m_noticeDrafts.strText.isEmpty())
-        m_noticeDrafts = SNotice();
-    else if (m_lstNotices.isEmpty())
+    const bool bDrafts = !m_noticeDrafts.strText.isEmpty();
+    if (!bDrafts && m_lstNotices.isEmpty())
         return;
+    if (bDrafts)
+        m_noticeDrafts = SNotice();
     else
         m_lstNotices.removeFirst();
     emit noticeChanged();

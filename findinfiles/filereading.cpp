@@ -13,8 +13,9 @@
 
 namespace {
 
-const qint64 g_nHuge = 64 * 1024 * 1024; // Bytes; decoded, a text takes twice as many.
-const qint64 g_nBeginning = 32 * 1024; // Read first: most files that are no text show it here.
+const qint64 g_nHuge = qint64(64) * 1024 * 1024; // Bytes; decoded, a text takes twice as many.
+const qint64 g_nBeginning =
+    qint64(32) * 1024; // Read first: most files that are no text show it here.
 
 // Many times as fast as asking the array.
 bool holdsZero(const QByteArray &data)

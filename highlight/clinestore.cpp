@@ -183,22 +183,22 @@ void CLineStore::confirm(uint nVersion, int nCount, Order order)
     }
 }
 
-const CLineStore::SWanted CLineStore::s_any = {
+const CLineStore::SWanted CLineStore::g_any = {
     [](const SEntry &) { return true; },
     [](const SChunk &) { return true; },
 };
 
-const CLineStore::SWanted CLineStore::s_stale = {
+const CLineStore::SWanted CLineStore::g_stale = {
     [](const SEntry &entry) { return entry.bStale != 0; },
     [](const SChunk &chunk) { return chunk.nStale > 0; },
 };
 
-const CLineStore::SWanted CLineStore::s_staleOrHeld = {
+const CLineStore::SWanted CLineStore::g_staleOrHeld = {
     [](const SEntry &entry) { return entry.bStale || entry.bHeld; },
     [](const SChunk &chunk) { return chunk.nStale > 0 || chunk.nHeld > 0; },
 };
 
-const CLineStore::SWanted CLineStore::s_unknown = {
+const CLineStore::SWanted CLineStore::g_unknown = {
     [](const SEntry &entry) { return entry.bUnknown != 0; },
     [](const SChunk &chunk) { return chunk.nUnknown > 0; },
 };
@@ -251,7 +251,7 @@ CLineStore::SBatch CLineStore::batchAt(int nLine, const SWanted &wanted, int nEn
 
 CLineStore::SBatch CLineStore::fetch(uint nVersion, int nFrom, Which which) const
 {
-    const SWanted &wanted = which == Any ? s_any : which == Stale ? s_stale : s_staleOrHeld;
+    const SWanted &wanted = which == Any ? g_any : which == Stale ? g_stale : g_staleOrHeld;
     const std::lock_guard<std::mutex> locker(m_mutex);
     if (nVersion != version() || nFrom >= m_nCount)
         return SBatch();
@@ -265,10 +265,10 @@ CLineStore::SBatch CLineStore::fetchAmong(uint nVersion, int nFirst, int nLast) 
     const int nEnd = std::min(nLast + 1, m_nCount);
     if (nVersion != version())
         return SBatch();
-    const int nLine = nextIn(std::max(nFirst, 0), nEnd, s_stale);
-    if (nLine >= nEnd || nextIn(0, nLine, s_unknown) < nLine)
+    const int nLine = nextIn(std::max(nFirst, 0), nEnd, g_stale);
+    if (nLine >= nEnd || nextIn(0, nLine, g_unknown) < nLine)
         return SBatch();
-    return batchAt(nLine, s_stale, nEnd);
+    return batchAt(nLine, g_stale, nEnd);
 }
 
 CLineStore::SBatch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast) const
@@ -277,11 +277,11 @@ CLineStore::SBatch CLineStore::fetchBefore(uint nVersion, int nFirst, int nLast)
     if (nVersion != version())
         return SBatch();
     const int nEnd = std::min(nLast + 1, m_nCount);
-    const int nStale = nextIn(std::max(nFirst, 0), nEnd, s_stale);
+    const int nStale = nextIn(std::max(nFirst, 0), nEnd, g_stale);
     if (nStale >= nEnd)
         return SBatch();
-    const int nLine = nextIn(0, nStale, s_unknown);
-    return nLine < nStale ? batchAt(nLine, s_unknown, nStale) : SBatch();
+    const int nLine = nextIn(0, nStale, g_unknown);
+    return nLine < nStale ? batchAt(nLine, g_unknown, nStale) : SBatch();
 }
 
 bool CLineStore::isCurrent(uint nVersion, uint nGeneration) const

@@ -53,8 +53,8 @@ public:
     enum Order { InOrder, First };
     struct SDone
     {
-        int nLine;
-        int nState;
+        int nLine = 0;
+        int nState = 0;
         int nPacked = 0; // Bytes of its ranges; see packRanges().
         bool bSend = true; // Set by commit(): the ranges are not kept here.
     };
@@ -168,10 +168,10 @@ private:
         bool (*isWanted)(const SEntry &entry);
         bool (*hasAny)(const SChunk &chunk);
     };
-    static const SWanted s_any;
-    static const SWanted s_stale;
-    static const SWanted s_staleOrHeld;
-    static const SWanted s_unknown;
+    static const SWanted g_any;
+    static const SWanted g_stale;
+    static const SWanted g_staleOrHeld;
+    static const SWanted g_unknown;
     SBatch batchAt(int nLine, const SWanted &wanted, int nEnd) const;
     int nextIn(int nFrom, int nEnd, const SWanted &wanted) const;
     bool isCurrent(uint nVersion, uint nGeneration) const;

@@ -16,8 +16,8 @@ constexpr int code(int nState, bool bEnds)
 
 CPatternAutomaton::CPatternAutomaton(const SPatternNode &pattern)
 {
-    addNfa(SPatternNode::Nothing, -1); // nAccept
-    m_nStart = compile(pattern, int(nAccept));
+    addNfa(SPatternNode::Nothing, -1); // g_nAccept
+    m_nStart = compile(pattern, int(g_nAccept));
     if (!m_bUsable)
         return;
     findSeconds();
@@ -113,7 +113,7 @@ int CPatternAutomaton::step(int nState, int nSymbol)
             continue;
         lstSeen[n] = true;
         const SNfaState &nfa = m_lstNfa[n];
-        if (n == nAccept) {
+        if (n == g_nAccept) {
             bEnds = true;
         } else if (nfa.kind == SPatternNode::Choice) {
             lstToDo.push_back(nfa.nOut);

@@ -60,7 +60,7 @@ private:
         int nContext;
         int nLoops = 0; // symbols before which a match ends and that lead here again
     };
-    static constexpr size_t nAccept = 0; // the first NFA state: a match ends here
+    static constexpr size_t g_nAccept = 0; // the first NFA state: a match ends here
     static constexpr size_t g_nStepWidth = SymbolCount + 1; // of the table of steps
 
     int addNfa(SPatternNode::Kind kind, int nOut, int nOther = -1);

@@ -81,7 +81,7 @@ std::vector<int> CPatternAutomaton::reach(std::vector<int> lstToDo, SymbolSet *p
             continue;
         lstSeen[n] = true;
         const SNfaState &nfa = m_lstNfa[n];
-        if (n == nAccept) {
+        if (n == g_nAccept) {
             *pEnds = true;
         } else if (nfa.kind == SPatternNode::Symbol) {
             *pSymbols |= nfa.set;

@@ -262,7 +262,7 @@ bool CPageTyping::takeComposed(const QInputMethodEvent *pEvent)
 {
     if ((m_chosen.isEmpty() && !m_bFormatted) || pEvent->commitString().isEmpty())
         return false;
-    const QString strText = pEvent->commitString();
+    const QString &strText = pEvent->commitString();
     const QHash<QString, bool> chosen = m_chosen;
     const bool bFormatted = m_bFormatted;
     m_chosen.clear();

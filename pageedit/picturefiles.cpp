@@ -43,7 +43,7 @@ QString store(const QDir &folder, const QString &strBase, const QString &strSuff
 {
     for (int n = nFirst; n < g_nMostNames; ++n) {
         const QString strNumber = n > 0 ? QStringLiteral("-%1").arg(n) : QString();
-        const QString strPath = folder.filePath(strBase + strNumber + strSuffix);
+        QString strPath = folder.filePath(strBase + strNumber + strSuffix);
         const bool bThere = Platform::kindOfPath(strPath) != Platform::FileKind::Missing;
         if (bThere && nFirst == 0 && readFile(strPath, limits()).bytes == arrData)
             return strPath;

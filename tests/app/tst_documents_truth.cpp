@@ -139,8 +139,9 @@ void tst_documents_truth::everyNamedScript_isThereAndRuns()
     int nScripts = 0;
     const QStringList lstDocuments = documents();
     for (const QString &strDocument : lstDocuments) {
-        const QStringList lstScripts = captures(
-            content(strDocument), QStringLiteral("((?:\\./|scripts/|\\.ci/)[\\w-]+(?:\\.(?:sh|py))?)\\b"));
+        const QStringList lstScripts =
+            captures(content(strDocument),
+                     QStringLiteral("((?:\\./|scripts/|\\.ci/)[\\w-]+(?:\\.(?:sh|py))?)\\b"));
         for (const QString &strScript : lstScripts) {
             ++nScripts;
             const QFileInfo info(source(strScript));
