@@ -41,13 +41,8 @@ bool isTyped(const QKeyEvent *pEvent)
 CPageTyping::CPageTyping(CEditWebView *pPage) : QObject(pPage), m_pPage(pPage), m_blanks(pPage)
 {
     pPage->installEventFilter(this);
+    // Nothing takes it back: this object goes with the page.
     pPage->setEditTaker([this](QWebPage::WebAction action) { return takeFormat(action); });
-}
-
-CPageTyping::~CPageTyping()
-{
-    if (m_pPage)
-        m_pPage->setEditTaker({});
 }
 
 CPageTyping *CPageTyping::of(CEditWebView *pPage)

@@ -24,7 +24,6 @@ class CPageTyping : public QObject
 public:
     // The one of the page; made at the first call.
     static CPageTyping *of(CEditWebView *pPage);
-    ~CPageTyping() override;
 
     // What is typed next at the caret has the format, or has it not; colours ("color",
     // "background-color") can only be taken off. Forgotten when the caret goes elsewhere.
