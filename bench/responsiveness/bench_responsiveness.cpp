@@ -109,7 +109,7 @@ void showEditor(QPlainTextEdit *pEditor)
 
 QString millionLines()
 {
-    const Corpus corpus =
+    const SCorpus corpus =
         collect("C++", "a.cpp", {"/usr/include/c++", "/usr/include/x86_64-linux-gnu/qt5"},
                 {"*.h", "*.hpp", "*.tcc"}, 40 * 1000 * 1000);
     QStringList lst = corpus.lstLines;
@@ -120,7 +120,7 @@ QString millionLines()
 
 QString jsonLine()
 {
-    const Corpus corpus =
+    const SCorpus corpus =
         collect("JSON", "a.json", {"/usr/share", "/usr/lib"}, {"*.json"}, g_nJsonBytes);
     return corpus.lstLines.join(QLatin1Char(' ')).left(g_nJsonBytes);
 }
