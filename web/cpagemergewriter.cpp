@@ -38,7 +38,6 @@ void CPageMergeWriter::writeChange(const SPageChange &change, bool bSpellOut)
     const QVector<int> lstPartners = alignLoosely(lstOld, lstNow);
     m_bRemoved = false;
     m_bSpellOutAll = bSpellOut;
-    m_nSpelledOut = 0;
     int nNow = change.nNow;
     for (int n = 0; n < lstOld.size(); ++n) {
         const int nOld = change.nOld + n;
@@ -72,8 +71,10 @@ void CPageMergeWriter::replace(int nOld, int nNow)
     const SPageToken &now = m_now.lstTokens.at(nNow);
     const int nSource = m_before.lstSourceOf.at(nOld);
     if (nSource < 0) {
-        if (old.nKey != now.nKey || m_bSpellOutAll)
+        if (old.nKey != now.nKey || m_bSpellOutAll) {
             insert(nOld, nNow);
+            m_nSpelledOut = nOld + 1;
+        }
         return;
     }
     m_bRemoved = false;
@@ -180,6 +181,7 @@ void CPageMergeWriter::writeAnew(const SPageChange &change)
         }
     }
     put(nFrom, nTo, strText);
+    m_nSpelledOut = qMax(m_nSpelledOut, change.nOldEnd);
 }
 
 QString CPageMergeWriter::result()

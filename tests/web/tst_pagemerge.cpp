@@ -70,6 +70,9 @@ void tst_pagemerge::change_isWrittenAsTheSourceWrites_data()
     row("table without its body", "<table><tr><td>1</table>", "<tr><td>1</td></tr>",
         "<tr><td>1</td></tr><tr><td>2</td></tr>",
         "<table><tr><td>1</td></tr><tr><td>2</td></tr></table>");
+    row("rows without end tags", "<table><tr><td>1<td>2\n</table>", "2\n</td></tr>",
+        "2</td></tr>\n<tr><td></td><td></td></tr>\n",
+        "<table><tr><td>1<td>2</td></tr>\n<tr><td></td><td></td></tr>\n</table>");
     row("stray end tag stays", "<p>one</i> two", "two", "twos", "<p>one</i> twos");
     row("marks of the clipboard", "<p>x</p>", "x", "x<!--StartFragment-->y<!--EndFragment-->",
         "<p>xy</p>");
