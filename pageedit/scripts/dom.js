@@ -162,6 +162,20 @@ function insertLine(line, parent, next) {
         parent.insertBefore(makeText(line), next || null);
 }
 
+// A block whose end tag is left out has the line end before the next tag within itself. Puts it behind.
+function takeLineOut(block) {
+    var t = block.lastChild, m;
+    if (tag(block) == 'tr' && isElement(t))
+        t = t.lastChild;
+    m = isText(t) && !isText(block.nextSibling) && /[ \t]*\n[ \t]*$/.exec(t.data);
+    if (!m)
+        return;
+    t.deleteData(m.index, m[0].length);
+    if (!t.data)
+        remove(t);
+    insertLine(m[0], block.parentNode, block.nextSibling);
+}
+
 function isNothing(n) { return isBlank(n) || isComment(n); }
 
 // The neighbour behind blanks and comments.

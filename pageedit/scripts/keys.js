@@ -22,33 +22,58 @@ function paragraphBehind(e) {
     caretAt(p, 0);
 }
 
-// A place for the caret in a half that got no text: within the formats that the text had.
-function keepOpen(half) {
-    while (isBlock(half.lastChild))
-        half = half.lastChild;
+// The last child that is more than blanks and comments.
+function lastShown(e) { return isNothing(e.lastChild) ? previousOf(e.lastChild) : e.lastChild; }
+
+// A place for the caret in a half that got no text: within the formats that the text had. The blanks
+// of the second half stood behind the caret and go on doing so.
+function keepOpen(half, isSecond) {
+    while (isBlock(lastShown(half)))
+        half = lastShown(half);
     var e = half;
     if (!isEmpty(half) || half.querySelector('br'))
         return;
-    while (isElement(e.lastChild))
-        e = e.lastChild;
-    e.appendChild(make('br'));
+    while (lastShown(e))
+        e = lastShown(e);
+    e.insertBefore(make('br'), isSecond ? e.firstChild : null);
+}
+
+function elementsBetween(n, block) {
+    var list = [];
+    for (n = n.parentNode; n != block; n = n.parentNode)
+        list.push(n);
+    return list;
+}
+
+// Formats and links that got nothing of a half with text. A link does not go on in an empty half.
+function dropEmpty(half, elements) {
+    if (isEmpty(half))
+        return;
+    elements.forEach(function(e) {
+        if (!e.firstChild && (isFormat(e) || isLink(e)))
+            remove(e);
+    });
 }
 
 // Two blocks of one, the second on a line of its own.
 function splitAtCaret(r, block) {
-    var n = r.startContainer, line = lineAt(block), mark = makeText(''), second;
+    takeLineOut(block);
+    var n = r.startContainer, line = lineAt(block), mark = makeText(''), second, cut, added;
     if (isText(n))
         before(r.startOffset > 0 ? n.splitText(r.startOffset) : n, mark);
     else
         n.insertBefore(mark, n.childNodes[r.startOffset] || null);
+    cut = elementsBetween(mark, block);
     second = splitDeep(mark, block);
+    added = elementsBetween(mark, second);
     insertLine(line, second.parentNode, second);
     [block, second].forEach(function(half) {
         textsIn(half).forEach(function(t) {
             if (!t.data)
                 remove(t);
         });
-        keepOpen(half);
+        dropEmpty(half, half == second ? added : cut);
+        keepOpen(half, half == second);
     });
     caretInto(second);
 }

@@ -11,6 +11,12 @@ function permute(olds, news) {
     markers.forEach(remove);
 }
 
+// Of a row or cell; the first row of a body without tags stands on the line of the body.
+function tableLineAt(e) {
+    var p = e.parentNode;
+    return (tag(p) == 'tbody' && !e.previousSibling && lineAt(p)) || lineAt(e);
+}
+
 // Makes the children of a parent that are in the first list those of the second one.
 function putChildren(parent, olds, news) {
     var staying = olds.filter(function(e) { return news.indexOf(e) >= 0; });
@@ -26,11 +32,12 @@ function putChildren(parent, olds, news) {
         if (olds.indexOf(e) >= 0)
             return;
         if (last) {
-            line = lineAt(last);
+            takeLineOut(last);
+            line = tableLineAt(last);
             after(last, e);
             insertLine(line, parent, e);
         } else if (ordered[0]) {
-            line = lineAt(ordered[0]);
+            line = tableLineAt(ordered[0]);
             before(ordered[0], e);
             insertLine(line, parent, ordered[0]);
         } else {
@@ -56,7 +63,7 @@ function makeRow(spec, like) {
         row.appendChild(makeCell(head || (!plain && tag(like.cells[i]) == 'th')));
     });
     if (line)
-        insertLine(lineAt(like), row);
+        insertLine(tableLineAt(like), row);
     return row;
 }
 
