@@ -2,6 +2,7 @@
 #include "web/ceditwebview.h"
 
 #include "web/pagescript.h"
+#include "widgets/typedkeys.h"
 
 #include <QContextMenuEvent>
 #include <QMimeData>
@@ -28,6 +29,18 @@ template<typename Event> bool leaveToWindow(Event *pEvent)
         return false;
     pEvent->ignore();
     return true;
+}
+
+// Escape, or a letter with Control and Alt: the web view would type the control character that
+// comes with it, over what is selected. Enter, Tab and Backspace it knows, and keys with Control
+// alone.
+bool hasControlCharacter(const QKeyEvent *pEvent)
+{
+    const Qt::KeyboardModifiers modifiers =
+        pEvent->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    return modifiers != Qt::ControlModifier && pEvent->text().size() == 1
+        && pEvent->text().at(0) < QLatin1Char(' ') && !isEnter(pEvent) && !isTab(pEvent)
+        && pEvent->key() != Qt::Key_Backspace;
 }
 
 } // namespace
@@ -60,6 +73,10 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
 {
     if (zoomByKey(pEvent)) {
         pEvent->accept();
+        return;
+    }
+    if (hasControlCharacter(pEvent)) {
+        pEvent->ignore();
         return;
     }
     if (pEvent->matches(QKeySequence::Paste)

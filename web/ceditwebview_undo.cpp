@@ -16,7 +16,7 @@ bool changesText(const QKeyEvent *pEvent)
         return true;
     const bool bCommand = pEvent->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)
         && !(pEvent->modifiers() & Qt::AltModifier);
-    return !bCommand && !pEvent->text().isEmpty() && pEvent->key() != Qt::Key_Escape;
+    return !bCommand && !pEvent->text().isEmpty();
 }
 
 } // namespace

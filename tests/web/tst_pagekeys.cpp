@@ -20,6 +20,8 @@ private slots:
     void cleanup();
 
     void typing_changesThePage();
+    void keyWithAControlCharacter_typesNothing_data();
+    void keyWithAControlCharacter_typesNothing();
     void control_makesReadOnlyWhileHeld();
     void controlWithAnotherKey_isACommand_data();
     void controlWithAnotherKey_isACommand();
@@ -81,6 +83,37 @@ void tst_pagekeys::typing_changesThePage()
     QTest::keyClicks(m_pView, QStringLiteral(" four"));
     QVERIFY(textOf(m_pView).startsWith(QLatin1String("one two three four")));
     QVERIFY(m_pView->isModified());
+}
+
+void tst_pagekeys::keyWithAControlCharacter_typesNothing_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("strText");
+    QTest::newRow("Escape") << int(Qt::Key_Escape) << int(Qt::NoModifier) << "\x1b";
+    QTest::newRow("Shift+Escape") << int(Qt::Key_Escape) << int(Qt::ShiftModifier) << "\x1b";
+    QTest::newRow("Control+Alt+E")
+        << int(Qt::Key_E) << int(Qt::ControlModifier | Qt::AltModifier) << "\x05";
+    QTest::newRow("Clear") << int(Qt::Key_Clear) << int(Qt::NoModifier) << "\x0b";
+}
+
+// Neither into the text nor over what is selected, a picture for instance.
+void tst_pagekeys::keyWithAControlCharacter_typesNothing()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, strText);
+    const QString strBefore = m_pView->toHtml();
+    const auto press = [&] {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers), strText);
+        QCoreApplication::sendEvent(m_pView, &event);
+    };
+    press();
+    QCOMPARE(m_pView->toHtml(), strBefore);
+    selectElement(m_pView, QStringLiteral("p"));
+    press();
+    QCOMPARE(m_pView->toHtml(), strBefore);
+    QVERIFY(!m_pView->isModified());
 }
 
 void tst_pagekeys::control_makesReadOnlyWhileHeld()
