@@ -73,6 +73,7 @@ void CThreadHighlighter::setSelectedWord(const QString &strWord)
         m_bSelectionRestart = true;
     }
     m_word = CSelectedWord(strNew);
+    noteListeners();
     startIfIdle();
 }
 
@@ -136,6 +137,7 @@ void CThreadHighlighter::setPaused(bool bPaused)
 // True when no other one was running.
 bool CThreadHighlighter::startPass()
 {
+    noteListeners();
     {
         const std::lock_guard<std::mutex> locker(m_mutex);
         m_bSyntaxRestart = true;

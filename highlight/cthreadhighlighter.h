@@ -123,6 +123,7 @@ private:
     std::atomic_bool m_bSelectionRestart {false};
 
     std::atomic_bool m_bOthersListen {false}; // to the signals, beside the document
+    std::atomic_bool m_bListenersChanged {true}; // since m_bOthersListen was set
     std::atomic_bool m_bDelivering {false};
     QTimer m_timerDeliver;
     QTimer m_timerEdit;

@@ -12,19 +12,22 @@ constexpr int g_nResultsAtOnce = 64;
 
 } // namespace
 
-// Asking who listens takes as long as a line's results, so it is asked when that changes.
+// Asking who listens takes as long as a line's results, so it is asked when that has changed. It is
+// not asked here: Qt may hold the lock that receivers() needs (see QObject::disconnectNotify()).
 void CThreadHighlighter::connectNotify(const QMetaMethod &)
 {
-    noteListeners();
+    m_bListenersChanged = true;
 }
 
 void CThreadHighlighter::disconnectNotify(const QMetaMethod &)
 {
-    noteListeners();
+    m_bListenersChanged = true;
 }
 
 void CThreadHighlighter::noteListeners()
 {
+    if (!m_bListenersChanged.exchange(false))
+        return;
     m_bOthersListen =
         receivers(SIGNAL(blockFormatChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>))) > 1
         || receivers(SIGNAL(selectedChanged(uint, QTextBlock, QList<QTextLayout::FormatRange>)))
@@ -38,6 +41,7 @@ void CThreadHighlighter::deliver()
     if (m_pDocument) {
         QElapsedTimer timer;
         timer.start();
+        noteListeners();
         while (!m_queue.isEmpty() && timer.elapsed() < g_nSliceMs)
             deliverSome(m_queue.take(g_nResultsAtOnce));
     }
