@@ -80,7 +80,10 @@ void CPlainTextLayout::fetchFormats(const QTextBlock &block)
 {
     if (document()->revision() != m_nRevision) {
         m_lstWaiting.append(QTextCursor(block));
-        m_timerWaiting.start(0);
+        // Started anew by each slice of a text that arrives, it would not come before the last one,
+        // and every insertion has to move all cursors.
+        if (!m_timerWaiting.isActive())
+            m_timerWaiting.start(0);
         return;
     }
     QVector<QTextLayout::FormatRange> lst;
