@@ -30,5 +30,6 @@ cmake_library() {
     cmake -G Ninja -S "$results/sources/$name" -B "$build" \
         -DCMAKE_TOOLCHAIN_FILE="$source_dir/cmake/MingwToolchain.cmake" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_FIND_ROOT_PATH="$prefix" -DCMAKE_INSTALL_PREFIX="$prefix" "$@"
-    cmake --build "$build" -j "$jobs" --target install
+    # All that stands in the way is seen in one run.
+    cmake --build "$build" -j "$jobs" --target install -- -k 0
 }
