@@ -2,7 +2,9 @@
 # as one, as each of them reads the same headers for seconds and adds little. What WebCore joins itself
 # stays as it is, and so do files whose names clash with those of others.
 set(files_apart "AllInOne|API/|inspector/JS"
-    "runtime/(ErrorInstance|IntlCollator|IntlDateTimeFormat|IntlNumberFormat|Options|TypeProfilerLog)\\."
+    "runtime/(ErrorInstance|IntlCollator|IntlDateTimeFormat|IntlNumberFormat)\\."
+    "runtime/(JSMap|JSMapIterator|JSSet|JSSetIterator|MapPrototype|SetPrototype|WeakSetPrototype)\\."
+    "runtime/(Options|TypeProfilerLog)\\."
     "bytecode/PropertyCondition\\." "heap/MarkedSpace\\.")
 list(JOIN files_apart "|" files_apart)
 
