@@ -1,5 +1,6 @@
 #include "highlight/cplaintextlayout.h"
 
+#include <QScopedValueRollback>
 #include <QTextDocument>
 
 #include <climits>
@@ -73,21 +74,24 @@ void CPlainTextLayout::setFormatSource(const FormatSource &source)
     m_source = source;
 }
 
-// Nothing is to be noted inside an edit, whose own note would get lost by it. One begins with a new
-// revision and ends with documentChanged(). In case of doubt the block is laid out without its
-// formats and gets them from the event loop.
+// An edit begins with a new revision, tells its listeners, and ends with documentChanged(), where Qt
+// has taken note of it and drops what is noted besides. Before that, a note of formats would change
+// the note of the edit: the block is laid out without its formats and gets them from the event loop.
 void CPlainTextLayout::fetchFormats(const QTextBlock &block)
 {
-    if (document()->revision() != m_nRevision) {
+    if (!m_bInChange && document()->revision() != m_nRevision) {
         m_lstWaiting.append(QTextCursor(block));
-        // Started anew by each slice of a text that arrives, it would not come before the last one,
-        // and every insertion has to move all cursors.
+        // Started anew by each edit, it would not come before the last of many.
         if (!m_timerWaiting.isActive())
             m_timerWaiting.start(0);
         return;
     }
     QVector<QTextLayout::FormatRange> lst;
-    if (m_source(block, &lst) && lst != block.layout()->formats())
+    if (!m_source(block, &lst) || lst == block.layout()->formats())
+        return;
+    if (m_bInChange)
+        block.layout()->setFormats(lst);
+    else
         noteFormats(block, lst);
 }
 
@@ -118,6 +122,7 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
         nRemoved = 0;
         nAdded = 1;
     }
+    const QScopedValueRollback<bool> inChange(m_bInChange, true);
     if (!bFormatsOnly && !changeLines() && !changeRows(nFrom, nRemoved + nAdded))
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     m_nBlocks = document()->blockCount();

@@ -66,6 +66,7 @@ private:
     int m_nFormatsAt = -1; // The block whose change is one of formats alone; -1 for none.
     FormatSource m_source;
     int m_nRevision = -1; // Of the document, when no edit was under way.
+    bool m_bInChange = false; // documentChanged() is running.
     // In blocks that wait for their formats until an edit is over. Unlike a block, a cursor stays
     // valid.
     QVector<QTextCursor> m_lstWaiting;

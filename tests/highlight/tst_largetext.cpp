@@ -22,6 +22,7 @@ private slots:
     void clearedFormats_areGoneEverywhereUntilTheNextPass();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole_data();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole();
+    void blockLaidOutAtTheEndOfAnEdit_hasItsFormatsAtOnce();
     void edit_isToldAsWhatItIs_afterBlocksWereLaidOut();
     void whoListensToTheSignals_getsEveryResult();
     void textThatShrinks_hasAllFormatsAgain();
@@ -328,6 +329,30 @@ void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole()
     QCOMPARE(editor.document.lines()->text(editor.nAbove + 2), QString("c = 345"));
     QVERIFY(editor.rest());
     QCOMPARE(editor.shown(0).size(), 2);
+    QCOMPARE(difference(editor.document, CHighlightRules()), QString());
+}
+
+// As the scroll bars of a view do, when an edit has changed the number of lines.
+void tst_largetext::blockLaidOutAtTheEndOfAnEdit_hasItsFormatsAtOnce()
+{
+    SLargeEditor editor;
+    editor.setText("a = 1\nb = 2\nc = 3");
+    QVERIFY(editor.rest());
+    const QAbstractTextDocumentLayout *pLayout = editor.document.documentLayout();
+    const auto connection =
+        connect(pLayout, &QAbstractTextDocumentLayout::documentSizeChanged, &editor.document,
+                [&editor] { editor.layOut(editor.line(1)); });
+    QVERIFY(!isLaidOut(editor.line(1)));
+    QTextCursor(editor.document.lastBlock()).insertText("x\ny");
+    QVERIFY(isLaidOut(editor.line(1)));
+    QCOMPARE(editor.shown(1).size(), 2);
+    disconnect(connection);
+    // Neither note is left over for the next edit.
+    QSignalSpy spy(&editor.document, &QTextDocument::contentsChange);
+    const int nPosition = editor.document.lastBlock().position();
+    QTextCursor(editor.document.lastBlock()).insertText("z");
+    QCOMPARE(spy.takeFirst(), QVariantList({nPosition, 0, 1}));
+    QVERIFY(editor.rest());
     QCOMPARE(difference(editor.document, CHighlightRules()), QString());
 }
 
