@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -91,71 +92,82 @@ QString probableFirstLines(const STextRequest &request, const QByteArray &beginn
     return bKeeps ? firstLines(pUtf8, bytes, request.slices) : QString();
 }
 
-// Cuts from the end, so that the text gives back its memory meanwhile.
-std::deque<QString> cut(QString strText, int nFrom, const SSliceLimits &limits)
-{
-    std::deque<int> starts;
-    for (int n = nFrom; n < strText.size(); n = sliceEnd(strText, n, limits))
-        starts.push_back(n);
-    std::deque<QString> slices;
-    const int nSlicesBetween = 64; // To give memory back is a call of the system.
-    for (; !starts.empty(); starts.pop_back()) {
-        slices.push_front(strText.mid(starts.back()));
-        strText.truncate(starts.back());
-        if (slices.size() % nSlicesBetween == 0)
-            strText.squeeze();
-    }
-    return slices;
-}
-
-bool isMemoryEnough(const SArrivedText &text, const QString &strText)
+// Throws where the memory is not enough to show the text.
+void checkMemory(int nLines, qint64 nCharacters)
 {
     const qint64 nMemory = Platform::availableMemory();
-    const qint64 nNeeded = text.nLines * g_nBytesPerLine + strText.size() * g_nBytesPerCharacter;
-    return nMemory < 0 || nNeeded <= nMemory;
+    const qint64 nNeeded = nLines * g_nBytesPerLine + nCharacters * g_nBytesPerCharacter;
+    if (nMemory >= 0 && nNeeded > nMemory)
+        throw std::bad_alloc();
 }
 
-QString decode(const STextRequest &request, QByteArray bytes, SArrivedText *pText,
-               const SArrivalSteps &steps, QString *pFirst)
+QString startOf(const QByteArray &ascii, int nLength)
 {
-    const bool bAsFile = request.reading == STextRequest::Reading::AsFile;
-    const QTextCodec *pCodec = bAsFile ? codecForName(pText->strCodec) : nullptr;
-    if (!bAsFile)
-        bytes = readAsText(bytes);
-    if (steps.firstSlice && pFirst->isEmpty()) {
-        *pFirst = firstLines(pCodec, bytes, request.slices);
-        if (!pFirst->isEmpty())
-            steps.firstSlice(*pFirst);
-    }
-    pText->bWhole = isWholeText(pCodec, bytes);
-    return decodeText(pCodec, bytes);
+    return QString::fromLatin1(ascii.constData(), qMin(nLength, ascii.size()));
+}
+
+QString startOf(const QString &strText, int nLength)
+{
+    return strText.left(nLength);
+}
+
+// strFirst was given already. False, and nothing is cut, where a line is too long for the user to
+// be shown it as it is.
+template<class Text>
+bool cut(const Text &text, const QString &strFirst, const STextRequest &request,
+         SArrivedText *pText)
+{
+    pText->bBeginsOtherwise = startOf(text, strFirst.size()) != strFirst;
+    const int nFrom = pText->bBeginsOtherwise ? 0 : strFirst.size();
+    STextLines lines = linesOf(text, nFrom, request.slices);
+    pText->nLines = lines.nLines;
+    pText->nHeaviestLine = lines.heaviest.nLength;
+    const bool bTooLong = lines.heaviest.nWeight > request.nHeaviestLine;
+    if (bTooLong && request.longLines != LongLines::Whole)
+        return false;
+    checkMemory(lines.nLines, text.size());
+    pText->slices = CTextSlices(text, nFrom, std::move(lines.lstSliceEnds));
+    return true;
+}
+
+bool isAsciiText(const QTextCodec *pCodec, const QByteArray &bytes)
+{
+    return pCodec && mapsAsciiToItself(pCodec) && isAscii(bytes);
 }
 
 void prepare(SFileContent content, const STextRequest &request, const SArrivalSteps &steps,
              QString strFirst, SArrivedText *pText)
 {
-    const qint64 nBytes = content.bytes.size();
     decideCodec(request, content.bytes, pText);
-    if (!goesOn(steps, nBytes))
+    if (!goesOn(steps, content.bytes.size()))
         return;
     QByteArray bytes = std::move(content.bytes);
-    QString strText = decode(request, std::move(bytes), pText, steps, &strFirst);
-    strText = pText->standIns.hide(strText);
-    const SHeaviestLine heaviest = heaviestLine(strText);
-    pText->nHeaviestLine = heaviest.nLength;
-    const bool bTooLong = heaviest.nWeight > request.nHeaviestLine;
-    pText->bAsk = bTooLong && request.longLines == LongLines::Ask;
-    pText->bInPieces = bTooLong && request.longLines == LongLines::InPieces;
-    if (pText->bInPieces)
-        strText = inPieces(strText, g_nLinePiece, request.nHeaviestLine);
-    pText->nLines = lineCount(strText);
-    if (!isMemoryEnough(*pText, strText))
-        throw std::bad_alloc();
-    pText->bBeginsOtherwise = !strText.startsWith(strFirst);
-    if (!pText->bAsk && goesOn(steps, nBytes)) {
-        const int nFrom = pText->bBeginsOtherwise ? 0 : strFirst.size();
-        pText->slices = cut(std::move(strText), nFrom, request.slices);
+    const bool bAsFile = request.reading == STextRequest::Reading::AsFile;
+    const QTextCodec *pCodec = bAsFile ? codecForName(pText->strCodec) : nullptr;
+    if (!bAsFile)
+        bytes = readAsText(bytes);
+    if (steps.firstSlice && strFirst.isEmpty()) {
+        strFirst = firstLines(pCodec, bytes, request.slices);
+        if (!strFirst.isEmpty())
+            steps.firstSlice(strFirst);
     }
+    if (isAsciiText(pCodec, bytes) && cut(bytes, strFirst, request, pText))
+        return;
+    pText->bWhole = isWholeText(pCodec, bytes);
+    const qint64 nBytes = bytes.size();
+    QString strText = decodeText(pCodec, std::exchange(bytes, QByteArray()));
+    strText = pText->standIns.hide(strText);
+    if (!goesOn(steps, nBytes) || cut(strText, strFirst, request, pText))
+        return;
+    pText->bAsk = request.longLines == LongLines::Ask;
+    pText->bInPieces = !pText->bAsk;
+    if (pText->bAsk)
+        return;
+    STextRequest whole = request;
+    whole.longLines = LongLines::Whole;
+    const int nHeaviest = pText->nHeaviestLine;
+    cut(inPieces(strText, g_nLinePiece, request.nHeaviestLine), strFirst, whole, pText);
+    pText->nHeaviestLine = nHeaviest;
 }
 
 // strFirst was given already.

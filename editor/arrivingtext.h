@@ -2,12 +2,12 @@
 
 #include "app/filereader.h"
 #include "editor/cstandins.h"
+#include "editor/ctextslices.h"
 #include "editor/longlines.h"
 #include "editor/textslices.h"
 
 #include <QString>
 
-#include <deque>
 #include <functional>
 
 // Reading a large file for an editor: all that takes long, without the widget. Reentrant; any
@@ -47,7 +47,7 @@ struct SArrivedText
     bool bAsk = false; // There is a line too long, and no slice before the user has answered.
     bool bInPieces = false; // Lines were cut: the text is not the file's.
     bool bBeginsOtherwise = false; // The slice given before does not begin this text after all.
-    std::deque<QString> slices; // Behind the one given before. At least one line end each but last.
+    CTextSlices slices; // Behind the one given before. At least one line end each but last.
 };
 
 struct SArrivalSteps

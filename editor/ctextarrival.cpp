@@ -60,7 +60,7 @@ void CTextArrival::onReady(const std::shared_ptr<SArrivedText> &pText)
         return;
     }
     m_pText = pText;
-    m_nSlices = pText->slices.size();
+    m_nSlices = pText->slices.count();
     if (!m_bBegun || pText->bBeginsOtherwise)
         begin();
     emit linesKnown(pText->nLines);
@@ -71,17 +71,14 @@ void CTextArrival::giveSlices()
 {
     QElapsedTimer elapsed;
     elapsed.start();
-    std::deque<QString> &slices = m_pText->slices;
-    while (!m_bStopped && !slices.empty() && elapsed.elapsed() < g_nTurn) {
-        const QString strSlice = std::move(slices.front());
-        slices.pop_front();
-        emit sliceArrived(strSlice);
-    }
+    CTextSlices &slices = m_pText->slices;
+    while (!m_bStopped && !slices.isEmpty() && elapsed.elapsed() < g_nTurn)
+        emit sliceArrived(slices.take());
     if (m_bStopped)
         return;
-    if (!slices.empty()) {
-        const auto nGiven = qint64(m_nSlices - slices.size());
-        emit progressed(g_nReading + (g_nAll - g_nReading) * nGiven / qint64(m_nSlices), g_nAll);
+    if (!slices.isEmpty()) {
+        const qint64 nGiven = m_nSlices - slices.count();
+        emit progressed(g_nReading + (g_nAll - g_nReading) * nGiven / m_nSlices, g_nAll);
         return;
     }
     m_timer.stop();

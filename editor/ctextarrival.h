@@ -47,7 +47,7 @@ private:
     STextRequest m_request;
     std::unique_ptr<CTextLoader> m_pLoader;
     std::shared_ptr<SArrivedText> m_pText; // Once it is read.
-    size_t m_nSlices = 0; // Of it, altogether.
+    int m_nSlices = 0; // Of it, altogether.
     bool m_bBegun = false;
     bool m_bStopped = false;
     QTimer m_timer;

@@ -11,14 +11,19 @@ const int g_nMostMarks = 32;
 // as six million of another.
 const qint64 g_nWeightOfThai = 30;
 
-bool isThai(QChar c)
+bool isThai(ushort c)
 {
-    return (c.unicode() & 0xFF80) == 0x0E00;
+    return (c & 0xFF80) == 0x0E00;
 }
 
-qint64 weight(const QChar *pFrom, const QChar *pEnd)
+qint64 weight(const ushort *pFrom, const ushort *pEnd)
 {
     return pEnd - pFrom + (g_nWeightOfThai - 1) * std::count_if(pFrom, pEnd, isThai);
+}
+
+qint64 weight(const char *pFrom, const char *pEnd)
+{
+    return pEnd - pFrom;
 }
 
 bool isLineEnd(QChar c)
@@ -35,6 +40,62 @@ int behindLine(const QString &strText, int nFrom)
         return strText.size();
     const bool bPair = *pAt == QLatin1Char('\r') && pAt + 1 != pEnd && pAt[1] == QLatin1Char('\n');
     return int(pAt - strText.constBegin()) + (bPair ? 2 : 1);
+}
+
+// Cuts lines that come one after the other into slices.
+class CSliceCutter
+{
+public:
+    CSliceCutter(int nFrom, const SSliceLimits &limits, std::vector<int> *pEnds)
+        : m_limits(limits), m_nStart(nFrom), m_nEnd(nFrom), m_lstEnds(*pEnds)
+    {
+    }
+    void addLine(int nEnd)
+    {
+        if (m_nLines == m_limits.nLines || nEnd - m_nStart > m_limits.nCharacters)
+            finish();
+        ++m_nLines;
+        m_nEnd = nEnd;
+    }
+    void finish()
+    {
+        if (m_nLines > 0)
+            m_lstEnds.push_back(m_nEnd);
+        m_nStart = m_nEnd;
+        m_nLines = 0;
+    }
+
+private:
+    SSliceLimits m_limits;
+    int m_nStart; // Of the slice that grows.
+    int m_nEnd;
+    int m_nLines = 0;
+    std::vector<int> &m_lstEnds;
+};
+
+template<class Char>
+STextLines linesBetween(const Char *pBegin, const Char *pEnd, int nFrom, const SSliceLimits &limits)
+{
+    const auto isEnd = [](Char c) { return c == '\n' || c == '\r'; };
+    STextLines lines;
+    CSliceCutter cutter(nFrom, limits, &lines.lstSliceEnds);
+    for (const Char *pLine = pBegin; pLine != pEnd;) {
+        const Char *const pLineEnd = std::find_if(pLine, pEnd, isEnd);
+        const qint64 nWeight = weight(pLine, pLineEnd);
+        if (nWeight > lines.heaviest.nWeight)
+            lines.heaviest = {int(pLineEnd - pLine), nWeight};
+        const Char *pNext = pLineEnd;
+        if (pLineEnd != pEnd) {
+            const bool bPair = *pLineEnd == '\r' && pLineEnd + 1 != pEnd && pLineEnd[1] == '\n';
+            pNext += bPair ? 2 : 1;
+            ++lines.nLines;
+        }
+        pLine = pNext;
+        if (pNext - pBegin > nFrom)
+            cutter.addLine(int(pNext - pBegin));
+    }
+    cutter.finish();
+    return lines;
 }
 
 bool belongsToTheOneBefore(QChar c)
@@ -69,17 +130,17 @@ int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits)
 
 SHeaviestLine heaviestLine(const QString &strText)
 {
-    SHeaviestLine heaviest;
-    const QChar *pAt = strText.constBegin();
-    const QChar *const pEnd = strText.constEnd();
-    while (pAt != pEnd) {
-        const QChar *const pLineEnd = std::find_if(pAt, pEnd, isLineEnd);
-        const qint64 nWeight = weight(pAt, pLineEnd);
-        if (nWeight > heaviest.nWeight)
-            heaviest = {int(pLineEnd - pAt), nWeight};
-        pAt = pLineEnd == pEnd ? pEnd : pLineEnd + 1;
-    }
-    return heaviest;
+    return linesOf(strText, strText.size(), SSliceLimits()).heaviest;
+}
+
+STextLines linesOf(const QString &strText, int nFrom, const SSliceLimits &limits)
+{
+    return linesBetween(strText.utf16(), strText.utf16() + strText.size(), nFrom, limits);
+}
+
+STextLines linesOf(const QByteArray &ascii, int nFrom, const SSliceLimits &limits)
+{
+    return linesBetween(ascii.constBegin(), ascii.constEnd(), nFrom, limits);
 }
 
 qint64 unitsOfLightLines(qint64 nWeight)
@@ -100,7 +161,7 @@ QString inPieces(const QString &strText, int nPiece, qint64 nHeaviest)
         int nLineEnd = nNext;
         while (nLineEnd > nLine && isLineEnd(strText.at(nLineEnd - 1)))
             --nLineEnd;
-        if (weight(strText.constData() + nLine, strText.constData() + nLineEnd) > nHeaviest) {
+        if (weight(strText.utf16() + nLine, strText.utf16() + nLineEnd) > nHeaviest) {
             copyUpTo(nLine);
             while (nLineEnd - nCopied > nPiece) {
                 copyUpTo(pieceEnd(strText, nCopied, nPiece));

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+
+#include <vector>
 
 // A large text as the slices in which a document takes it. Reentrant, no widgets.
 
@@ -26,6 +29,19 @@ struct SHeaviestLine
     qint64 nWeight = 0; // Letters of a cheap script that would take as long.
 };
 SHeaviestLine heaviestLine(const QString &strText);
+
+// A large text, looked at once.
+struct STextLines
+{
+    int nLines = 1;
+    SHeaviestLine heaviest;
+    std::vector<int> lstSliceEnds; // Of the slices from some place on; see sliceEnd().
+};
+// nFrom: where a line and the first slice begins.
+STextLines linesOf(const QString &strText, int nFrom, const SSliceLimits &limits);
+// The same for a text that is nothing but these characters.
+STextLines linesOf(const QByteArray &ascii, int nFrom, const SSliceLimits &limits);
+
 // No line of so few units is as heavy as that.
 qint64 unitsOfLightLines(qint64 nWeight);
 

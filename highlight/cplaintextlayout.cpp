@@ -74,9 +74,10 @@ void CPlainTextLayout::setFormatSource(const FormatSource &source)
     m_source = source;
 }
 
-// An edit begins with a new revision, tells its listeners, and ends with documentChanged(), where Qt
-// has taken note of it and drops what is noted besides. Before that, a note of formats would change
-// the note of the edit: the block is laid out without its formats and gets them from the event loop.
+// An edit begins with a new revision, tells its listeners, and ends with documentChanged(), where
+// Qt has taken note of it and drops what is noted besides. Before that, a note of formats would
+// change the note of the edit: the block is laid out without its formats and gets them from the
+// event loop.
 void CPlainTextLayout::fetchFormats(const QTextBlock &block)
 {
     if (!m_bInChange && document()->revision() != m_nRevision) {

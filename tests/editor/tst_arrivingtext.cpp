@@ -60,7 +60,8 @@ QByteArray randomBytes(QRandomGenerator *pRandom, int nLength)
     QByteArray bytes =
         QTextCodec::codecForName(s_arrCodecs[pRandom->bounded(6)])->fromUnicode(strText);
     if (pRandom->bounded(4) == 0 && !bytes.isEmpty()) // Broken somewhere.
-        bytes[pRandom->bounded(bytes.size())] = char(pRandom->bounded(256));
+        bytes[pRandom->bounded(bytes.size())] =
+            char(pRandom->bounded(3) ? pRandom->bounded(256) : 0);
     return bytes;
 }
 
@@ -137,11 +138,11 @@ private slots:
             QString strText;
             SArrivalSteps steps;
             steps.firstSlice = [&strText](const QString &strSlice) { strText = strSlice; };
-            const SArrivedText text = slicesOf(contentOf(bytes), request, steps);
+            SArrivedText text = slicesOf(contentOf(bytes), request, steps);
             if (text.bBeginsOtherwise)
                 strText.clear();
-            for (const QString &strSlice : text.slices)
-                strText += strSlice;
+            while (!text.slices.isEmpty())
+                strText += text.slices.take();
 
             QTextDocument document;
             document.setPlainText(strText);

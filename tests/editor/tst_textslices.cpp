@@ -1,9 +1,14 @@
 // Where a large text is divided.
+#include "editor/ctextslices.h"
+#include "editor/lineendings.h"
 #include "editor/textslices.h"
 #include "tests/editor/randomtext.h"
 
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QtTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -84,6 +89,56 @@ private slots:
         QCOMPARE(sliceEnd(strText, 0, {5, 100}), 4);
         QCOMPARE(sliceEnd(strText, 0, {100, 3}), 6);
         QCOMPARE(sliceEnd(strText, 4, {100, 100}), 9);
+    }
+
+    void lines_areThoseOfEachLookApart()
+    {
+        QRandomGenerator random(10);
+        for (int n = 0; n < 2000; ++n) {
+            const QString strText = randomText(&random, random.bounded(60));
+            const SSliceLimits limits {1 + random.bounded(20), 1 + random.bounded(5)};
+            const int nFrom = random.bounded(2) ? sliceEnd(strText, 0, limits) : 0;
+            std::vector<int> lstEnds;
+            for (int nEnd = nFrom; nEnd < strText.size();) {
+                nEnd = sliceEnd(strText, nEnd, limits);
+                lstEnds.push_back(nEnd);
+            }
+            const STextLines lines = linesOf(strText, nFrom, limits);
+            QCOMPARE(lines.lstSliceEnds, lstEnds);
+            QCOMPARE(lines.nLines, lineCount(strText));
+            const QStringList lst = strText.split(QRegularExpression("[\r\n]"));
+            const auto isShorter = [](const QString &a, const QString &b) {
+                return a.size() < b.size();
+            };
+            QCOMPARE(lines.heaviest.nLength,
+                     std::max_element(lst.begin(), lst.end(), isShorter)->size());
+        }
+    }
+
+    void linesOfAscii_areThoseOfTheText()
+    {
+        QRandomGenerator random(11);
+        for (int n = 0; n < 2000; ++n) {
+            QByteArray ascii = randomText(&random, random.bounded(60)).toLatin1();
+            for (char &c : ascii)
+                c = char(c & 0x7f);
+            const SSliceLimits limits {1 + random.bounded(20), 1 + random.bounded(5)};
+            const QString strText = QString::fromLatin1(ascii);
+            const int nFrom = sliceEnd(strText, 0, limits);
+            const STextLines lines = linesOf(ascii, nFrom, limits);
+            const STextLines expected = linesOf(strText, nFrom, limits);
+            QCOMPARE(lines.lstSliceEnds, expected.lstSliceEnds);
+            QCOMPARE(lines.nLines, expected.nLines);
+            QCOMPARE(lines.heaviest.nLength, expected.heaviest.nLength);
+            QCOMPARE(lines.heaviest.nWeight, expected.heaviest.nWeight);
+
+            CTextSlices slices(ascii, nFrom, lines.lstSliceEnds);
+            QCOMPARE(slices.count(), int(lines.lstSliceEnds.size()));
+            QString strTaken = strText.left(nFrom);
+            while (!slices.isEmpty())
+                strTaken += slices.take();
+            QCOMPARE(strTaken, strText);
+        }
     }
 
     void heaviestLine_isMeasuredWithoutItsEnd_data()

@@ -339,9 +339,8 @@ void tst_largetext::blockLaidOutAtTheEndOfAnEdit_hasItsFormatsAtOnce()
     editor.setText("a = 1\nb = 2\nc = 3");
     QVERIFY(editor.rest());
     const QAbstractTextDocumentLayout *pLayout = editor.document.documentLayout();
-    const auto connection =
-        connect(pLayout, &QAbstractTextDocumentLayout::documentSizeChanged, &editor.document,
-                [&editor] { editor.layOut(editor.line(1)); });
+    const auto connection = connect(pLayout, &QAbstractTextDocumentLayout::documentSizeChanged,
+                                    &editor.document, [&editor] { editor.layOut(editor.line(1)); });
     QVERIFY(!isLaidOut(editor.line(1)));
     QTextCursor(editor.document.lastBlock()).insertText("x\ny");
     QVERIFY(isLaidOut(editor.line(1)));
