@@ -95,6 +95,8 @@ CResult CEditorDocument::setCodec(const QString &strName)
     if (!codecForName(strName) || strName == m_pEditor->codecName())
         return CResult::refused();
     if (!isModified() && !path().isEmpty()) {
+        if (showInCodecInBackground(strName))
+            return CResult::done();
         const SFileContent content = read(path());
         // Another program's version is read by Refresh, not by the way.
         if (content.isWhole() && content.state == fileState()) {

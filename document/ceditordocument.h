@@ -57,6 +57,7 @@ private:
     void connectArrival();
     void onArrived(const SFileContent &content);
     void onArrivalFailed(const SFileContent &content, bool bPartial);
+    bool showInCodecInBackground(const QString &strCodec);
     void askAboutLongLine(int nLength);
     void answerAboutLongLine(bool bWhole);
     void tellOfPieces();

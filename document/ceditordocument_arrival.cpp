@@ -50,6 +50,16 @@ bool CEditorDocument::reloadInBackground()
     return true;
 }
 
+bool CEditorDocument::showInCodecInBackground(const QString &strCodec)
+{
+    if (!isShownInSlices(path()) || fileStateOf(path()) != fileState())
+        return false;
+    m_bKeepsPlace = true;
+    m_strArriving = path();
+    m_pEditor->loadInSlicesIn(strCodec);
+    return true;
+}
+
 bool CEditorDocument::stopArriving()
 {
     const bool bWhole = !m_bFirstTime && !m_pEditor->isTextPartial();

@@ -35,7 +35,7 @@ void decideCodec(const STextRequest &request, const QByteArray &bytes, SArrivedT
     pText->strCodec = request.strCodec;
     pText->bCodecSure = request.bCodecSure;
     pText->nReturnFormat = request.nReturnFormat;
-    if (request.reading == STextRequest::Reading::AsUtf8)
+    if (request.reading != STextRequest::Reading::AsFile)
         return;
     if (request.strCodec.isEmpty()) {
         const SDetectedCodec detected = detectCodec(bytes);
@@ -142,9 +142,9 @@ void prepare(SFileContent content, const STextRequest &request, const SArrivalSt
     if (!goesOn(steps, content.bytes.size()))
         return;
     QByteArray bytes = std::move(content.bytes);
-    const bool bAsFile = request.reading == STextRequest::Reading::AsFile;
-    const QTextCodec *pCodec = bAsFile ? codecForName(pText->strCodec) : nullptr;
-    if (!bAsFile)
+    const bool bAsUtf8 = request.reading == STextRequest::Reading::AsUtf8;
+    const QTextCodec *pCodec = bAsUtf8 ? nullptr : codecForName(pText->strCodec);
+    if (bAsUtf8)
         bytes = readAsText(bytes);
     if (steps.firstSlice && strFirst.isEmpty()) {
         strFirst = firstLines(pCodec, bytes, request.slices);

@@ -18,6 +18,7 @@ struct STextRequest
 {
     enum class Reading {
         AsFile, // In its codec.
+        InCodec, // In strCodec, whatever the data look like; the line ends are known already.
         AsUtf8, // As the context menu's Refresh does: UTF-8 without CR, up to a zero byte.
     };
 

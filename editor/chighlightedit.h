@@ -107,6 +107,8 @@ public:
     // Of pathFileName(). Until the new text is read, the old one stays; bKeepPlace: cursor line and
     // scroll position come back with it.
     void loadInSlices(LongLines longLines, bool bKeepPlace);
+    // The same for readIn(). Keeps the place.
+    void loadInSlicesIn(const QString &strCodec);
     bool isLoading() const { return m_pArrival; }
     // Has the new text begun to take the old one's place?
     bool isTextPartial() const { return m_bPartial; }
@@ -276,6 +278,7 @@ private:
     STextRequest textRequest() const;
     void refreshInSlices();
     void startArrival(const STextRequest &request);
+    void keepPlace();
     void setFixed(bool bFixed);
     void beginSlices();
     void appendSlice(const QString &strSlice);

@@ -37,11 +37,28 @@ void CHighlightEdit::loadInSlices(LongLines longLines, bool bKeepPlace)
     STextRequest request = textRequest();
     request.longLines = longLines;
     request.bFirstLinesEarly = document()->isEmpty(); // Else a text would be lost to a failure.
-    if (m_pArrival)
-        request.reading = m_pArrival->request().reading; // The answer to longLineFound().
+    if (m_pArrival) { // The answer to longLineFound().
+        request.reading = m_pArrival->request().reading;
+        request.strCodec = m_pArrival->request().strCodec;
+        request.bCodecSure = m_pArrival->request().bCodecSure;
+    }
     startArrival(request);
-    if (!bKeepPlace)
-        return;
+    if (bKeepPlace)
+        keepPlace();
+}
+
+void CHighlightEdit::loadInSlicesIn(const QString &strCodec)
+{
+    STextRequest request = textRequest();
+    request.reading = STextRequest::Reading::InCodec;
+    request.strCodec = strCodec;
+    request.bCodecSure = true;
+    startArrival(request);
+    keepPlace();
+}
+
+void CHighlightEdit::keepPlace()
+{
     const int nLine = textCursor().blockNumber();
     const int nScroll = verticalScrollBar()->value();
     m_goal.nLine = qMax(nLine, nScroll) + 1;

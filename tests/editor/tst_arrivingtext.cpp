@@ -156,6 +156,22 @@ private slots:
         }
     }
 
+    void chosenCodec_isKeptWhateverTheDataLookLike()
+    {
+        STextRequest request;
+        request.reading = STextRequest::Reading::InCodec;
+        request.strCodec = "KOI8-R";
+        request.nReturnFormat = 2;
+        const QByteArray bytes = QByteArray("gr\xc3\xb6\xc3\x9f"
+                                            "er\r\nline\n");
+        SArrivedText text = slicesOf(contentOf(bytes), request, {});
+        QCOMPARE(text.strCodec, QString("KOI8-R"));
+        QCOMPARE(text.nReturnFormat, 2);
+        QVERIFY(text.bWhole && text.bCodecSure);
+        QCOMPARE(text.slices.take(), QTextCodec::codecForName("KOI8-R")->toUnicode(bytes));
+        QVERIFY(text.slices.isEmpty());
+    }
+
     void firstLines_areGivenBeforeTheFileIsRead_whereTheyAreNotDoubtful_data()
     {
         QTest::addColumn<QByteArray>("beginning");

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTextBlock>
+#include <QTextCodec>
 #include <QThreadPool>
 
 namespace {
@@ -353,6 +354,52 @@ private slots:
         QVERIFY(press(f, "Restore"));
         QVERIFY(f.editor()->getText().startsWith("typed word"));
         QVERIFY(pDocument->isModified() && !f.editor()->isReadOnly());
+    }
+
+    void textCodec_readsTheFileAgainInTheBackground_andKeepsTheLine()
+    {
+        CWindowFixture f;
+        const QByteArray bytes = largeText("w\xc3\xb6rd").replace('\n', "\r\n");
+        CDocument *pDocument = open(f, f.file("large.txt", bytes));
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+        f.editor()->goToLine(40000);
+        for (const char *szCodec : {"windows-1252", "UTF-8"}) {
+            const QString strBefore = pDocument->codecName();
+            QVERIFY(pDocument->setCodec(szCodec).isDone());
+            QVERIFY(pDocument->isArriving());
+            QCOMPARE(pDocument->codecName(), strBefore); // That of the text which is still there.
+            QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+            QCOMPARE(pDocument->codecName(), QString(szCodec));
+            QVERIFY(f.editor()->getText() == QTextCodec::codecForName(szCodec)->toUnicode(bytes));
+            QCOMPARE(f.editor()->textCursor().blockNumber(), 39999);
+            QVERIFY(!pDocument->isModified() && pDocument->isWhole() && pDocument->isCodecSure());
+            QVERIFY(!f.editor()->document()->isUndoAvailable());
+            QCOMPARE(f.editor()->returnFormat(), 0);
+        }
+    }
+
+    void textCodec_ofALargeTextThatWasTyped_keepsWhatWasTyped()
+    {
+        CWindowFixture f;
+        CDocument *pDocument = open(f, f.file("large.txt", largeText("w\xc3\xb6rd")));
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+        f.editor()->insertPlainText("typed ");
+        QVERIFY(pDocument->setCodec("windows-1252").isDone());
+        QVERIFY(!pDocument->isArriving() && pDocument->isModified());
+        QVERIFY(f.editor()->getText().startsWith("typed w"));
+    }
+
+    // The other program's version is shown by Refresh, not by the way.
+    void textCodec_ofALargeFileThatHasChanged_keepsTheText()
+    {
+        CWindowFixture f;
+        const QString strPath = f.file("large.txt", largeText("w\xc3\xb6rd"));
+        CDocument *pDocument = open(f, strPath);
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+        f.file("large.txt", largeText("other"));
+        QVERIFY(pDocument->setCodec("windows-1252").isDone());
+        QVERIFY(!pDocument->isArriving());
+        QVERIFY(f.editor()->getText().startsWith(QString::fromLatin1("w\xc3\xb6rd")));
     }
 
     void restoreOfADraft_whileItIsReadAgain_stays_data() { moments(); }
