@@ -12,6 +12,8 @@
 #include <QWebElement>
 #include <QWebFrame>
 
+#include <utility>
+
 namespace {
 
 bool isModifier(const QKeyEvent *pEvent)
@@ -89,6 +91,7 @@ bool CPageTyping::eventFilter(QObject *pObject, QEvent *pEvent)
     switch (pEvent->type()) {
     case QEvent::MouseButtonPress:
         m_blanks.leave();
+        m_bMoved = true;
         forget();
         break;
     case QEvent::InputMethod:
@@ -121,6 +124,7 @@ bool CPageTyping::takeKey(const QKeyEvent *pEvent)
         return takeText(pEvent->text());
     }
     m_blanks.press(pEvent->key());
+    m_bMoved = true;
     forget();
     if (takeDeletion(pEvent))
         return true;
@@ -184,12 +188,12 @@ bool CPageTyping::takeTab(bool bBack)
     return true;
 }
 
-// The web view types the first text of a page into nothing, and text with chosen formats as old
-// elements.
-bool CPageTyping::takeText(const QString &strText)
+// The web view types the first text of a page and text between blocks into nothing, and text with
+// chosen formats as old elements.
+bool CPageTyping::takeText(const QString &strText, bool bComposedBegins)
 {
-    const bool bFirst = isFirstText();
-    if (m_chosen.isEmpty() && !m_bFormatted && !bFirst)
+    const bool bBegins = bComposedBegins || beginsParagraph();
+    if (m_chosen.isEmpty() && !m_bFormatted && !bBegins)
         return false;
     QVariantList lstOn;
     QVariantList lstOff;
@@ -197,10 +201,11 @@ bool CPageTyping::takeText(const QString &strText)
         (it.value() ? lstOn : lstOff).append(it.key());
     const QVariantMap arguments {{QStringLiteral("text"), strText},
                                  {QStringLiteral("length"), strText.size()},
+                                 {QStringLiteral("composed"), bComposedBegins},
                                  {QStringLiteral("on"), lstOn},
                                  {QStringLiteral("off"), lstOff}};
-    const bool bDone = bFirst ? runInsteadOfSelection(m_pPage, QStringLiteral("type"), arguments)
-                              : typeDressed(strText, arguments);
+    const bool bDone = bBegins ? runInsteadOfSelection(m_pPage, QStringLiteral("type"), arguments)
+                               : typeDressed(strText, arguments);
     forget();
     return bDone;
 }
@@ -245,6 +250,15 @@ bool CPageTyping::takeFormat(QWebPage::WebAction action)
     return true;
 }
 
+// Asks the page once where the caret has moved.
+bool CPageTyping::beginsParagraph()
+{
+    if (isFirstText())
+        return true;
+    return std::exchange(m_bMoved, false)
+        && askPage(m_pPage, QStringLiteral("keys")).toMap().value(QStringLiteral("gap")).toBool();
+}
+
 bool CPageTyping::isFirstText() const
 {
     const QWebElement body = m_pPage->page()->mainFrame()->findFirstElement(QStringLiteral("body"));
@@ -255,15 +269,20 @@ bool CPageTyping::isFirstText() const
 // What an input method has composed replaces its own letters.
 bool CPageTyping::takeComposed(const QInputMethodEvent *pEvent)
 {
-    if ((m_chosen.isEmpty() && !m_bFormatted) || pEvent->commitString().isEmpty())
+    // While letters are composed, they stand in the page.
+    if (!std::exchange(m_bComposing, !pEvent->preeditString().isEmpty()))
+        m_bComposedBegins = m_pPage->page()->isContentEditable() && beginsParagraph();
+    if ((m_chosen.isEmpty() && !m_bFormatted && !m_bComposedBegins)
+        || pEvent->commitString().isEmpty())
         return false;
     const QString &strText = pEvent->commitString();
     const QHash<QString, bool> chosen = m_chosen;
     const bool bFormatted = m_bFormatted;
+    const bool bBegins = std::exchange(m_bComposedBegins, false);
     m_chosen.clear();
     QInputMethodEvent cancel;
     QCoreApplication::sendEvent(m_pPage, &cancel);
     m_chosen = chosen;
     m_bFormatted = bFormatted;
-    return takeText(strText);
+    return takeText(strText, bBegins);
 }

@@ -50,14 +50,18 @@ private:
     void changeUnstyled(const std::function<void()> &change);
     bool takeEnter();
     bool takeTab(bool bBack);
-    bool takeText(const QString &strText);
+    bool takeText(const QString &strText, bool bComposedBegins = false);
     bool typeDressed(const QString &strText, const QVariantMap &arguments);
     bool takeComposed(const QInputMethodEvent *pEvent);
+    bool beginsParagraph();
     bool isFirstText() const;
     void forget();
 
     QPointer<CEditWebView> m_pPage;
     CTypedBlanks m_blanks;
     QHash<QString, bool> m_chosen; // By mark; "*": all of them.
+    bool m_bMoved = true; // The caret may have come to a place between blocks.
+    bool m_bComposing = false; // An input method has letters in the page that are not typed yet,
+    bool m_bComposedBegins = false; // and they begin a paragraph.
     bool m_bFormatted = false; // The web view has a format of its own for what is typed next.
 };

@@ -22,6 +22,43 @@ function paragraphBehind(e) {
     caretAt(p, 0);
 }
 
+// What holds blocks for a person to write paragraphs in; a cell or an item holds bare text.
+var sectionTags = nameSet('body div section article main header footer aside blockquote');
+
+// The blocks on both sides of a caret that stands in none, where the web view would type bare text
+// between them; one of them may be missing. Null for any other place.
+function gapAt(r) {
+    var n = r.startContainer, at = r.startOffset, inText = isText(n), last, next;
+    if (!r.collapsed || (inText && !isBlank(n)))
+        return null;
+    if (inText || tag(n) == 'table') { // A caret beside a table counts as within it.
+        at = indexOf(n) + (inText || at > 0 ? 1 : 0);
+        n = n.parentNode;
+    }
+    last = n.childNodes[at - 1] || null;
+    next = n.childNodes[at] || null;
+    if (isNothing(last))
+        last = previousOf(last);
+    if (isNothing(next))
+        next = nextOf(next);
+    if (!sectionTags[tag(n)] || (!last && !next) || (last && !isBlock(last)) || (next && !isBlock(next)))
+        return null;
+    return { last: last, next: next };
+}
+
+function paragraphInto(gap) {
+    var p, line;
+    if (gap.last) {
+        paragraphBehind(gap.last);
+        return;
+    }
+    p = emptyParagraph();
+    line = lineAt(gap.next);
+    before(gap.next, p);
+    insertLine(line, p.parentNode, gap.next);
+    caretAt(p, 0);
+}
+
 // The last child that is more than blanks and comments.
 function lastShown(e) { return isNothing(e.lastChild) ? previousOf(e.lastChild) : e.lastChild; }
 
@@ -118,6 +155,6 @@ queries.selected = function() {
 queries.keys = function() {
     var u = selectedUnits(1)[0];
     var r = selectedRange();
-    return { empty: !!r && !kids(body()).some(function(n) { return !isNothing(n); }),
+    return { gap: !!r && !!gapAt(r), empty: !!r && !kids(body()).some(function(n) { return !isNothing(n); }),
              item: !!u && !!listTypeOf(u), pre: !!u && tag(u.element) == 'pre' };
 };

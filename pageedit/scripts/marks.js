@@ -196,12 +196,19 @@ function dressText(t, args) {
 }
 
 // Typed at a caret for which formats were chosen: marks to be on, and what is to be off: marks,
-// "color", "background-color", "*" for all.
+// "color", "background-color", "*" for all. Between blocks it begins a paragraph. Where letters were
+// composed that do so, the web view has left a line break.
 commands.type = function(args) {
-    var r = selectedRange(), t = makeText(args.text);
+    var r = selectedRange(), t = makeText(args.text), left, gap;
     if (!r)
         return;
-    insertAtCaret(r, t);
+    left = isElement(r.startContainer) ? r.startContainer.childNodes[r.startOffset] : null;
+    if (args.composed && tag(left) == 'br')
+        remove(left);
+    gap = gapAt(r);
+    if (gap)
+        paragraphInto(gap);
+    insertAtCaret(selectedRange(), t);
     dressText(t, args);
     caretAt(t, t.data.length);
 };

@@ -33,6 +33,12 @@ private slots:
     void chosenFormat_holdsForComposedText();
     void fieldsOfForms_keepTheirKeys();
     void firstLetterByAltGr_isAParagraph();
+    void composedText_beginsAParagraph_data();
+    void composedText_beginsAParagraph();
+    void textBetweenBlocks_isAParagraph_data();
+    void textBetweenBlocks_isAParagraph();
+    void textBesideATable_isAParagraph_data();
+    void textBesideATable_isAParagraph();
 };
 
 void tst_pagetyping::open(const QString &strMarked)
@@ -177,6 +183,87 @@ void tst_pagetyping::firstLetterByAltGr_isAParagraph()
     QTest::keyRelease(m_pView, Qt::Key_Control);
     type(QStringLiteral("x"));
     QCOMPARE(body(), QStringLiteral("<p>@x</p>"));
+}
+
+void tst_pagetyping::composedText_beginsAParagraph_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("first text") << "|"
+                                << "<p>one</p><p>two</p>";
+    QTest::newRow("behind a rule") << "<hr>|"
+                                   << "<hr><p>one</p><p>two</p>";
+    QTest::newRow("in a paragraph") << "<p>a|</p>"
+                                    << "<p>aone</p><p>two</p>";
+}
+
+void tst_pagetyping::composedText_beginsAParagraph()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    open(before);
+    const auto compose = [this](const QString &strText) {
+        QInputMethodEvent composing(strText, {});
+        QCoreApplication::sendEvent(m_pView, &composing);
+        QInputMethodEvent committed;
+        committed.setCommitString(strText);
+        QCoreApplication::sendEvent(m_pView, &committed);
+    };
+    compose(QStringLiteral("on"));
+    compose(QStringLiteral("e"));
+    press(Qt::Key_Return);
+    compose(QStringLiteral("two"));
+    QCOMPARE(body(), after);
+}
+
+void tst_pagetyping::textBetweenBlocks_isAParagraph_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    const QString strTable = QStringLiteral("<table><tbody><tr><td>a</td></tr></tbody></table>");
+    QTest::newRow("behind a table") << strTable + "|" << strTable + "<p>xy</p>";
+    QTest::newRow("in the line end behind it") << "\n" + strTable + "|\n"
+                                               << "\n" + strTable + "\n<p>xy</p>\n";
+    QTest::newRow("before a table") << "|" + strTable << "<p>xy</p>" + strTable;
+    QTest::newRow("between two") << strTable + "|" + strTable << strTable + "<p>xy</p>" + strTable;
+    QTest::newRow("in a section") << "<div>" + strTable + "|</div>"
+                                  << "<div>" + strTable + "<p>xy</p></div>";
+    QTest::newRow("beside text") << strTable + "one|" << strTable + "onexy";
+    QTest::newRow("in an item") << "<ul><li>" + strTable + "|</li></ul>"
+                                << "<ul><li>" + strTable + "xy</li></ul>";
+}
+
+void tst_pagetyping::textBetweenBlocks_isAParagraph()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    open(before);
+    type(QStringLiteral("xy"));
+    QCOMPARE(body(), after);
+}
+
+void tst_pagetyping::textBesideATable_isAParagraph_data()
+{
+    QTest::addColumn<bool>("below");
+    QTest::newRow("right of it") << false;
+    QTest::newRow("below it") << true;
+}
+
+void tst_pagetyping::textBesideATable_isAParagraph()
+{
+    QFETCH(bool, below);
+    const QString strTable = QStringLiteral(
+        "<p>a|</p>\n<table><tbody><tr><td>b</td></tr><tr><td>c</td></tr></tbody></table>\n");
+    open(strTable);
+    const QRect table =
+        m_pView->page()->mainFrame()->findFirstElement(QStringLiteral("table")).geometry();
+    const QPoint place(table.right() + 200, below ? table.bottom() + 150 : table.center().y());
+    QTest::mouseClick(m_pView, Qt::LeftButton, Qt::NoModifier, place);
+    type(QStringLiteral("xy"));
+    QCOMPARE(body(), QString(strTable + "<p>xy</p>\n").remove('|'));
+    undo();
+    undo();
+    QCOMPARE(body(), QString(strTable).remove('|'));
 }
 
 QTEST_MAIN(tst_pagetyping)
