@@ -2,6 +2,7 @@
 
 #include "app/cnewfile.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 
 #include <QDateTime>
 #include <QDir>

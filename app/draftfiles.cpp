@@ -1,5 +1,6 @@
 #include "app/draftfiles.h"
 
+#include "app/cdescriptor.h"
 #include "app/cdraftstore.h"
 #include "app/cnewfile.h"
 #include "app/filereader.h"

@@ -2,6 +2,7 @@
 
 #include "app/cnewfile.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 #include "app/inplacewriter.h"
 #include "app/platform.h"
 

@@ -1,7 +1,9 @@
 #include "app/inplacewriter.h"
 
+#include "app/cdescriptor.h"
 #include "app/cinplacejournal.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 #include "app/platform.h"
 
 #include <QCoreApplication>

@@ -4,6 +4,9 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFileInfo>
+#include <QFileInfoList>
+#include <QIcon>
 
 namespace {
 

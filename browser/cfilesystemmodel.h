@@ -5,7 +5,10 @@
 #include "browser/filelisting.h"
 
 #include <QAbstractItemModel>
+#include <QFileInfo>
+#include <QFileInfoList>
 #include <QHash>
+#include <QIcon>
 
 #include <memory>
 

@@ -6,6 +6,8 @@
 
 #include <QBrush>
 #include <QDateTime>
+#include <QFileInfo>
+#include <QIcon>
 #include <QMimeData>
 #include <QUrl>
 

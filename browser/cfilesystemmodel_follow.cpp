@@ -1,6 +1,7 @@
 // The shown folder brought up to date, row by row, so that the view keeps what it has.
 #include "browser/cfilesystemmodel.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QThreadPool>
 

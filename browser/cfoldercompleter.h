@@ -3,6 +3,7 @@
 #include "browser/cfolderreader.h"
 
 #include <QCompleter>
+#include <QFileInfoList>
 #include <QStringListModel>
 
 class QLineEdit;

@@ -1,5 +1,8 @@
 #include "browser/cfolderfollower.h"
 
+#include <QFileInfo>
+#include <QFileInfoList>
+
 namespace {
 
 const int g_nRest = 200; // Milliseconds.

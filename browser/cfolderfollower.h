@@ -1,10 +1,10 @@
 #pragma once
 
-#include "browser/cfilenode.h"
 #include "browser/cfolderreader.h"
 #include "browser/filelisting.h"
 
 #include <QElapsedTimer>
+#include <QFileInfoList>
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QTimer>

@@ -2,6 +2,7 @@
 
 #include "browser/cfileinfogatherer.h"
 
+#include <QFileInfoList>
 #include <QObject>
 #include <QString>
 

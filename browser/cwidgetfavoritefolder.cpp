@@ -8,8 +8,10 @@
 #include "widgets/typedkeys.h"
 
 #include <QDir>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListWidgetItem>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStyledItemDelegate>

@@ -1,10 +1,14 @@
 // What the list does to files, and how it follows the disk.
 #include "browser/cwidgetfilelist.h"
 
+#include "browser/cfilenode.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cfolderfollower.h"
 #include "browser/cmenulistview.h"
 
+#include <QListView>
+#include <QModelIndexList>
+#include <QPersistentModelIndex>
 #include <QScrollBar>
 
 namespace {

@@ -2,10 +2,12 @@
 #include "browser/cwidgetfilelist.h"
 
 #include "app/commonhelpers.h"
+#include "browser/cfilenode.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cmenulistview.h"
 
 #include <QDesktopServices>
+#include <QModelIndexList>
 #include <QUrl>
 
 bool CWidgetFileList::listHasFocus() const

@@ -1,5 +1,7 @@
 #include "document/cdocuments.h"
 
+#include "app/cdraftstore.h"
+#include "app/filestate.h"
 #include "app/platform.h"
 #include "document/cpagedocument.h"
 #include "web/ceditwebview.h"
@@ -7,6 +9,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QSessionManager>
+#include <QWebView>
 
 namespace {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/cdraftstore.h"
 #include "document/cdocument.h"
 #include "document/cdraftkeeper.h"
 #include "document/cfilewatch.h"

@@ -3,6 +3,8 @@
 #include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
 
+#include <QPlainTextEdit>
+
 CEditorDocument::CEditorDocument(QWidget *pViewParent) : m_pEditor(new CHighlightEdit(pViewParent))
 {
     connect(m_pEditor, &QPlainTextEdit::modificationChanged, this, &CDocument::modifiedChanged);

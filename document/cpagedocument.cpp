@@ -8,8 +8,10 @@
 #include "web/ceditwebview.h"
 #include "web/pagesource.h"
 
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QWebFrame>
+#include <QWebView>
 
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
 {

@@ -5,6 +5,8 @@
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 
+#include <QWebPage>
+
 CResult CPageDocument::run(int nWebAction)
 {
     m_pPage->triggerEdit(static_cast<QWebPage::WebAction>(nWebAction));

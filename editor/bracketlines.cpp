@@ -2,6 +2,7 @@
 
 #include "highlight/ctextdocument.h"
 #include "highlight/highlightformats.h"
+#include "highlight/highlightline.h"
 
 namespace {
 

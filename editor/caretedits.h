@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ccarets.h"
 #include "editor/textedits.h"
 
 #include <QStringList>

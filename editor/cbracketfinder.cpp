@@ -1,6 +1,7 @@
 #include "editor/cbracketfinder.h"
 
 #include "editor/bracketlines.h"
+#include "highlight/chighlightrules.h"
 
 namespace {
 

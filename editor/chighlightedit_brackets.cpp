@@ -2,6 +2,7 @@
 #include "editor/chighlightedit.h"
 
 #include "editor/bracketlines.h"
+#include "editor/bracketmatch.h"
 #include "editor/cbracketfinder.h"
 #include "highlight/ctextdocument.h"
 

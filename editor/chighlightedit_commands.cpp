@@ -5,6 +5,7 @@
 #include "editor/ctextlines.h"
 #include "editor/linecommands.h"
 #include "editor/menukeys.h"
+#include "editor/textedits.h"
 
 #include <QHash>
 #include <QKeyEvent>

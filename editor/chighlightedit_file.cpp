@@ -1,5 +1,6 @@
 #include "editor/chighlightedit.h"
 
+#include "app/codecdetection.h"
 #include "app/plaintext.h"
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
@@ -8,6 +9,7 @@
 #include "highlight/ctextdocument.h"
 #include "widgets/messagebox.h"
 
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCodec>

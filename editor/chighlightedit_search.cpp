@@ -4,6 +4,7 @@
 #include "editor/creplaceall.h"
 #include "editor/documentreplace.h"
 #include "editor/documentsearch.h"
+#include "editor/linesearch.h"
 #include "editor/matchcount.h"
 #include "highlight/ctextdocument.h"
 

@@ -6,6 +6,7 @@
 #include "highlight/cthreadhighlighter.h"
 #include "spelling/cspelling.h"
 #include "spelling/csuggestionmenu.h"
+#include "spelling/spellwords.h"
 #include "spelling/wavyline.h"
 
 #include <QTextBlock>

@@ -1,8 +1,10 @@
 #include "editor/chighlightedit.h"
 
+#include "app/xmlguard.h"
 #include "editor/contentformat.h"
 #include "widgets/messagebox.h"
 
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 

@@ -1,5 +1,8 @@
 #include "editor/creplaceall.h"
 
+#include "editor/linesearch.h"
+
+#include <QDeadlineTimer>
 #include <QPlainTextEdit>
 
 namespace {

@@ -2,9 +2,12 @@
 
 #include "editor/documentreplace.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
+#include <QTextCursor>
 #include <QTimer>
 
+class CLineSearch;
 class QPlainTextEdit;
 
 // Replace All in pieces, between which the event loop runs and the view takes no edits. It comes to

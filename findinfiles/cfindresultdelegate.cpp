@@ -1,6 +1,9 @@
 #include "findinfiles/cfindresultdelegate.h"
 
+#include "editor/linesearch.h"
 #include "findinfiles/cfindresults.h"
+#include "findinfiles/findquery.h"
+#include "findinfiles/resulttext.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,5 +1,6 @@
 #include "findinfiles/csearchjob.h"
 
+#include "editor/linesearch.h"
 #include "findinfiles/filereading.h"
 #include "findinfiles/filewalk.h"
 

@@ -4,6 +4,7 @@
 #include "app/plaintext.h"
 #include "findinfiles/cfindresultdelegate.h"
 #include "findinfiles/cfindresults.h"
+#include "findinfiles/findquery.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

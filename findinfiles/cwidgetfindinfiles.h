@@ -2,6 +2,7 @@
 
 #include "findinfiles/cfindinfiles.h"
 #include "findinfiles/creplaceinfiles.h"
+#include "findinfiles/findquery.h"
 
 #include <QWidget>
 

@@ -2,6 +2,8 @@
 #include "app/csettings.h"
 #include "findinfiles/cfindresults.h"
 #include "findinfiles/cwidgetfindinfiles.h"
+#include "findinfiles/findquery.h"
+#include "findinfiles/replacefile.h"
 
 #include <QCheckBox>
 #include <QDir>

@@ -2,6 +2,7 @@
 
 #include "app/platform.h"
 #include "app/textcodecs.h"
+#include "editor/linesearch.h"
 #include "findinfiles/textmatches.h"
 
 #include <QCryptographicHash>

@@ -1,6 +1,7 @@
 #include "findinfiles/textmatches.h"
 
 #include "editor/cstandins.h"
+#include "editor/linesearch.h"
 
 #include <algorithm>
 

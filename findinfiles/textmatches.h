@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/linesearch.h"
 #include "findinfiles/findquery.h"
 
 #include <atomic>

@@ -2,6 +2,7 @@
 
 #include "fuzz/fuzzing.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 #include "tests/highlight/cliteralrules.h"
 
 #include <QStringList>

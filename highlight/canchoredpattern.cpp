@@ -1,5 +1,9 @@
 #include "highlight/canchoredpattern.h"
 
+#include "highlight/csymbolline.h"
+#include "highlight/patternsyntax.h"
+#include "highlight/symbols.h"
+
 #include <algorithm>
 
 namespace {

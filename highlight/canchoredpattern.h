@@ -1,6 +1,8 @@
 #pragma once
 
 #include "highlight/cpatternautomaton.h"
+#include "highlight/csymbolline.h"
+#include "highlight/patternsyntax.h"
 
 #include <QString>
 #include <array>

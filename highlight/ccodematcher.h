@@ -1,7 +1,9 @@
 #pragma once
 
+#include "highlight/canchoredpattern.h"
 #include "highlight/ckeywordtable.h"
 #include "highlight/clinepattern.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 
 #include <array>

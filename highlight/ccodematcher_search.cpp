@@ -1,6 +1,10 @@
 // The walk over a line, and the search for patterns that machines cannot run.
+#include "highlight/canchoredpattern.h"
 #include "highlight/ccodematcher.h"
+#include "highlight/ckeywordtable.h"
 #include "highlight/fixedrules.h"
+#include "highlight/highlightline.h"
+#include "highlight/symbols.h"
 
 #include <QtAlgorithms>
 #include <algorithm>

@@ -1,6 +1,10 @@
 // What may begin at which symbol, and what a line has to hold: made when the first line comes.
+#include "highlight/canchoredpattern.h"
 #include "highlight/ccodematcher.h"
+#include "highlight/cpatternautomaton.h"
+#include "highlight/csymbolline.h"
 #include "highlight/fixedrules.h"
+#include "highlight/highlightline.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,7 @@
 #include "highlight/ccommentscanner.h"
 
+#include "highlight/csymbolline.h"
+
 namespace {
 
 using Line = SHighlightLine;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "highlight/clinepattern.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 
 // Comments and strings: the part of the rules that runs on from line to line.

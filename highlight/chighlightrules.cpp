@@ -1,5 +1,7 @@
 #include "highlight/chighlightrules.h"
 
+#include "highlight/cregionrules.h"
+
 #include <QBrush>
 #include <QColor>
 

@@ -3,6 +3,7 @@
 #include "highlight/ccommentscanner.h"
 #include "highlight/clanguage.h"
 #include "highlight/cregionscanner.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 #include "highlight/regionstate.h"
 

@@ -1,6 +1,7 @@
 #include "highlight/ckeywordtable.h"
 
 #include "highlight/clinepattern.h"
+#include "highlight/symbols.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,6 +3,7 @@
 #include "highlight/ccodematcher.h"
 #include "highlight/clinepattern.h"
 #include "highlight/cregionrules.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 
 #include <QStringList>

@@ -1,5 +1,8 @@
 #include "highlight/clinepattern.h"
 
+#include "highlight/csymbolline.h"
+#include "highlight/patternsyntax.h"
+
 #include <algorithm>
 #include <cstring>
 

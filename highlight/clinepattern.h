@@ -2,6 +2,7 @@
 
 #include "highlight/canchoredpattern.h"
 #include "highlight/crequiredcharacters.h"
+#include "highlight/csymbolline.h"
 
 #include <QRegExp>
 #include <QString>

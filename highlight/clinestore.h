@@ -1,5 +1,6 @@
 #pragma once
 
+#include "highlight/ccompacttext.h"
 #include "highlight/cstoredtext.h"
 #include "highlight/highlightline.h"
 

@@ -1,5 +1,7 @@
 #include "highlight/cpatternautomaton.h"
 
+#include "highlight/symbols.h"
+
 #include <algorithm>
 
 namespace {

@@ -1,6 +1,8 @@
 // What the pattern's syntax becomes first: states that may lead to several others at once.
 #include "highlight/cpatternautomaton.h"
 
+#include "highlight/symbols.h"
+
 namespace {
 
 constexpr size_t g_nMaxNfa = 4000;

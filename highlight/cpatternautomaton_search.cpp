@@ -1,6 +1,8 @@
 // How a line is read: steps from state to state, which are made where none is known yet.
 #include "highlight/cpatternautomaton.h"
 
+#include "highlight/symbols.h"
+
 #include <algorithm>
 
 // Nowhere for no state.

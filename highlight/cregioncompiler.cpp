@@ -1,5 +1,7 @@
 #include "highlight/cregioncompiler.h"
 
+#include "highlight/canchoredpattern.h"
+
 namespace {
 
 QString attribute(const QVariantMap &mapElement, const char *pszName)

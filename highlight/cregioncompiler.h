@@ -1,5 +1,6 @@
 #pragma once
 
+#include "highlight/canchoredpattern.h"
 #include "highlight/cregionrules.h"
 
 #include <QMap>

@@ -1,6 +1,7 @@
 #include "highlight/cregionrules.h"
 
 #include "highlight/cregioncompiler.h"
+#include "highlight/symbols.h"
 
 #include <algorithm>
 

@@ -1,5 +1,7 @@
 #include "highlight/cregionscanner.h"
 
+#include "highlight/csymbolline.h"
+
 #include <QtAlgorithms>
 #include <algorithm>
 #include <cstring>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "highlight/cregionrules.h"
+#include "highlight/csymbolline.h"
 #include "highlight/regionstate.h"
 
 #include <QString>

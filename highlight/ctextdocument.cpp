@@ -3,6 +3,7 @@
 #include "highlight/clinestore.h"
 #include "highlight/cplaintextlayout.h"
 #include "highlight/highlightformats.h"
+#include "highlight/highlightline.h"
 #include "highlight/shiftedranges.h"
 
 #include <QTextCursor>

@@ -2,6 +2,10 @@
 
 #include "highlight/chighlightrules.h"
 
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+
 namespace {
 
 // How long the colours of what was typed may keep it from being painted: painting twice costs more

@@ -6,6 +6,8 @@
 #include "highlight/ctextdocument.h"
 
 #include <QPointer>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QThread>
 #include <QTimer>
 #include <atomic>

@@ -1,8 +1,12 @@
 // The worker's side of the highlighter.
 #include "highlight/chighlightrules.h"
+#include "highlight/clinestore.h"
+#include "highlight/cresultqueue.h"
 #include "highlight/cselectedword.h"
 #include "highlight/cthreadhighlighter.h"
 #include "highlight/packedranges.h"
+
+#include <QTextLayout>
 
 struct CThreadHighlighter::SPass
 {

@@ -3,6 +3,8 @@
 #include "highlight/highlightformats.h"
 
 #include <QElapsedTimer>
+#include <QTextBlock>
+#include <QTextLayout>
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "mainwindow/carrivals.h"
 
 #include "app/plaintext.h"
+#include "document/notice.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/cworkprogress.h"
 #include "mainwindow/mainwindow.h"

@@ -1,11 +1,13 @@
 #include "mainwindow/cclosing.h"
 
+#include "app/cdraftstore.h"
 #include "app/plaintext.h"
 #include "mainwindow/cpasttabs.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
 #include "widgets/messagebox.h"
 
+#include <QMessageBox>
 #include <QPointer>
 
 CClosing::CClosing(MainWindow *pWindow, CTabWidget *pTabs, CPastTabs *pPastTabs,

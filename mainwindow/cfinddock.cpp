@@ -1,5 +1,6 @@
 #include "mainwindow/cfinddock.h"
 
+#include "app/filestate.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "findinfiles/cwidgetfindinfiles.h"
@@ -11,6 +12,7 @@
 #include <QDockWidget>
 #include <QPointer>
 #include <QTextBlock>
+#include <QWebView>
 
 CFindDock::CFindDock(MainWindow *pWindow, std::function<QString()> folder)
     : QObject(pWindow),

@@ -9,6 +9,8 @@
 #include "mainwindow/mainwindow.h"
 #include "ui_mainwindow.h"
 
+#include <QAction>
+
 namespace {
 
 const char g_szIndent[] = "  "; // Before what the status bar names.

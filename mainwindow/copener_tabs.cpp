@@ -12,6 +12,7 @@
 #include "web/ceditwebview.h"
 
 #include <QFileInfo>
+#include <QIcon>
 #include <QScopedValueRollback>
 #include <QTextBlock>
 

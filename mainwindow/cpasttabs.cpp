@@ -2,6 +2,7 @@
 
 #include "app/plaintext.h"
 #include "document/cdocuments.h"
+#include "document/place.h"
 #include "mainwindow/ctabwidget.h"
 
 #include <QFileInfo>

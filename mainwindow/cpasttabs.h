@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/place.h"
 #include "mainwindow/cclosedtabs.h"
 #include "mainwindow/session.h"
 

@@ -9,6 +9,9 @@
 #include "mainwindow/mainwindow.h"
 #include "web/ceditwebview.h"
 
+#include <QRect>
+#include <QTextCursor>
+
 namespace {
 
 // The place of the selection, in screen coordinates.

@@ -1,7 +1,11 @@
 #include "mainwindow/mainwindow.h"
 
+#include "app/cdraftstore.h"
 #include "app/csettings.h"
 #include "browser/cwidgetfavorfilelist.h"
+#include "document/cdocument.h"
+#include "document/cdraftkeeper.h"
+#include "document/crecovery.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h" // Declares the types that are registered here.
 #include "mainwindow/actionicons.h"
@@ -23,6 +27,7 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/cworkprogress.h"
 #include "mainwindow/framestate.h"
+#include "mainwindow/tabnames.h"
 #include "pageedit/cpagepictures.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"

@@ -13,6 +13,7 @@ class MainWindow;
 
 class CArrivals;
 class CClosing;
+class CDocument;
 class CEditWebView;
 class CFindDock;
 class CFormatMenus;

@@ -1,6 +1,7 @@
 // Closing tabs and the window.
 #include "mainwindow/mainwindow.h"
 
+#include "document/cdocument.h"
 #include "mainwindow/cclosing.h"
 #include "mainwindow/ctabwidget.h"
 

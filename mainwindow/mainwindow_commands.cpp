@@ -1,8 +1,8 @@
 // What menus and keys give to the current document.
 #include "mainwindow/mainwindow.h"
 
-#include "app/commonhelpers.h"
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
@@ -14,6 +14,7 @@
 
 #include <QColorDialog>
 #include <QCoreApplication>
+#include <QMessageBox>
 #include <QPointer>
 
 // A command that had nothing to do has no text: its action was disabled.

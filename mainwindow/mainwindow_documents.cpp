@@ -2,6 +2,7 @@
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "mainwindow/carrivals.h"
@@ -10,6 +11,9 @@
 #include "mainwindow/csearch.h"
 #include "mainwindow/csidepanels.h"
 #include "web/ceditwebview.h"
+
+#include <QWebPage>
+#include <QWebView>
 
 void MainWindow::connectDocument(CDocument *pDocument)
 {

@@ -2,6 +2,7 @@
 #include "mainwindow/mainwindow.h"
 
 #include "app/plaintext.h"
+#include "document/cdocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
 #include "mainwindow/copener.h"
@@ -10,6 +11,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QMessageBox>
 #include <QPointer>
 
 bool MainWindow::on_actionSave_triggered()

@@ -2,6 +2,7 @@
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "document/cpagedocument.h"
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cstatuslabels.h"
@@ -15,6 +16,7 @@
 #include <QFontComboBox>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QWebPage>
 
 void MainWindow::setupHtmlToolBar()
 {

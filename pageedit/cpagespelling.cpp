@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWebFrame>
+#include <QWebView>
 
 namespace {
 

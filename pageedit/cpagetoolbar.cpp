@@ -2,7 +2,6 @@
 
 #include "pageedit/cpagetyping.h"
 #include "pageedit/mixedicon.h"
-#include "pageedit/pagecommands.h"
 #include "res/icons.h"
 #include "web/ceditwebview.h"
 

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWebFrame>
+#include <QWebView>
 
 CPictureMouse::CPictureMouse(CEditWebView *pView) : QObject(pView), m_pView(pView), m_cursor(pView)
 {

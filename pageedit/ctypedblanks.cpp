@@ -4,6 +4,7 @@
 #include "web/ceditwebview.h"
 
 #include <QUndoStack>
+#include <QWebView>
 
 #include <utility>
 

@@ -5,6 +5,7 @@
 #include "web/ceditwebview.h"
 
 #include <QHash>
+#include <QRect>
 
 namespace {
 

@@ -2,6 +2,7 @@
 #include "web/cimagewidget.h"
 #include "web/cpreviewnotice.h"
 #include "web/cpreviewwidget.h"
+#include "web/ctaster.h"
 #include "web/pagesuffix.h"
 
 #include <QFileInfo>

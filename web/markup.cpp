@@ -1,6 +1,7 @@
 #include "web/markup.h"
 
 #include "web/chtmltokenizer.h"
+#include "web/htmltoken.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

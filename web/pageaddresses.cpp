@@ -1,6 +1,7 @@
 #include "web/pageaddresses.h"
 
 #include "web/chtmltokenizer.h"
+#include "web/htmltoken.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,6 +2,7 @@
 
 #include "web/chtmltokenizer.h"
 #include "web/htmlreferences.h"
+#include "web/htmltoken.h"
 
 #include <QSet>
 

@@ -2,6 +2,7 @@
 
 #include "web/chtmltokenizer.h"
 #include "web/dataaddresses.h"
+#include "web/htmltoken.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "agreement.h"
 
+#include "bench/colours/classes.h"
 #include "comparison.h"
 #include "files.h"
 #include "lookedat.h"

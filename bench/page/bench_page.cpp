@@ -1,5 +1,6 @@
 // How long the page editor lets its user wait. Prints a table; see docs/performance.md.
 #include "app/csettings.h"
+#include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 
 #include <QApplication>
@@ -12,6 +13,7 @@
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebSettings>
+#include <QWebView>
 
 #include <algorithm>
 #include <functional>

@@ -5,6 +5,7 @@
 //
 // Prints "name<TAB>figure" lines.
 #include "app/csettings.h"
+#include "bench/highlight/corpus.h"
 #include "corpus.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
@@ -12,11 +13,16 @@
 #include "highlight/clinestore.h"
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
+#include "highlight/highlightline.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextLayout>
 #include <QTextStream>
 #include <QTimer>
 #include <algorithm>

@@ -2,7 +2,10 @@
 
 #include "operations.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QPlainTextEdit>
 
 #include <functional>
 

@@ -5,6 +5,9 @@
 
 #include "typing.h"
 
+#include <QApplication>
+#include <QPlainTextEdit>
+
 // The whole window.
 int main(int nArgc, char **ppArgv)
 {

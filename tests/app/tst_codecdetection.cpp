@@ -2,7 +2,6 @@
 // tst_encodings.
 
 #include "app/codecdetection.h"
-#include "app/codecranking.h"
 #include "app/languageletters.h"
 #include "app/textcodecs.h"
 

@@ -3,6 +3,7 @@
 
 #include "app/cinplacejournal.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 #include "app/filewriter.h"
 #include "support/faults.h"
 #include "support/files.h"

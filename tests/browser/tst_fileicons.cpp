@@ -4,6 +4,7 @@
 #include "browser/testtree.h"
 
 #include <QApplication>
+#include <QFileIconProvider>
 #include <QPixmap>
 #include <QtTest>
 

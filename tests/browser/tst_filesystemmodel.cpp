@@ -1,4 +1,5 @@
 #include "app/commonhelpers.h"
+#include "browser/cfilenode.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/testtree.h"
 #include "support/cunprivileged.h"
@@ -6,6 +7,7 @@
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
+#include <QFileIconProvider>
 #include <QSignalSpy>
 #include <QTextDocument>
 #include <QTreeView>

@@ -11,6 +11,8 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidgetItem>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSplitter>

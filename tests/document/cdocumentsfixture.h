@@ -1,8 +1,10 @@
 #pragma once
 
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "document/cdocuments.h"
 #include "document/ceditordocument.h"
+#include "document/notice.h"
 #include "editor/chighlightedit.h"
 
 #include <QFile>

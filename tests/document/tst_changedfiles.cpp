@@ -1,6 +1,8 @@
 // What a document hears of its file when others write it.
 #include "cdocumentsfixture.h"
 
+#include "document/cdocument.h"
+
 #include <QDir>
 
 class tst_changedfiles : public QObject

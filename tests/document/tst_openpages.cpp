@@ -2,11 +2,14 @@
 // encoding of a page can be chosen.
 #include "cdocumentsfixture.h"
 
+#include "app/filereader.h"
+#include "document/cdocument.h"
 #include "document/cpagedocument.h"
 #include "web/ceditwebview.h"
 
 #include <QDir>
 #include <QWebFrame>
+#include <QWebView>
 
 namespace {
 

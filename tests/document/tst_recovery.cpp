@@ -1,8 +1,14 @@
 // What steps of the program drop, and what an end of the program leaves, comes back on request.
 #include "cdocumentsfixture.h"
 
+#include "app/cdescriptor.h"
+#include "app/cdraftstore.h"
 #include "app/cinplacejournal.h"
 #include "app/platformfiles.h"
+#include "document/cdocument.h"
+#include "document/cdraftkeeper.h"
+#include "document/crecovery.h"
+#include "document/notice.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,6 +1,10 @@
 // Bytes that cannot all be shown are never written over unasked, however they came.
 #include "cdocumentsfixture.h"
 
+#include "app/cdraftstore.h"
+#include "document/cdocument.h"
+#include "document/crecovery.h"
+
 #include <QTextCodec>
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "literaltext.h"
+#include "editor/ccarets.h"
 
 #include <QRegularExpression>
 

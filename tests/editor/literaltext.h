@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/textedits.h"
 

@@ -1,5 +1,6 @@
 #include "editor/bracketlines.h"
 #include "editor/cbracketfinder.h"
+#include "editor/ccarets.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
 

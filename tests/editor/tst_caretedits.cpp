@@ -2,6 +2,7 @@
 #include "editor/caretedits.h"
 #include "editor/ccarethistory.h"
 #include "editor/occurrences.h"
+#include "editor/textedits.h"
 
 #include "literaltext.h"
 

@@ -1,4 +1,5 @@
 // Several carets and the commands of keys, in an editor.
+#include "editor/ccarets.h"
 #include "editorcase.h"
 #include "literaltext.h"
 

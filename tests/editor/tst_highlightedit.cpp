@@ -1,8 +1,10 @@
+#include "app/csettings.h"
 #include "editor/chighlightedit.h"
 #include "editor/clinenumberarea.h"
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
 #include "tests/editor/withsettings.h"
+#include "tests/support/contrast.h"
 
 #include <QClipboard>
 #include <QDragEnterEvent>

@@ -4,6 +4,8 @@
 #include "editorcase.h"
 
 #include "editor/creplaceall.h"
+#include "editor/documentreplace.h"
+#include "editor/linesearch.h"
 
 #include <QRandomGenerator>
 #include <QSignalSpy>

@@ -2,6 +2,7 @@
 #include "findinfiles/cfindinfiles.h"
 #include "findinfiles/filereading.h"
 #include "findinfiles/filewalk.h"
+#include "findinfiles/findquery.h"
 #include "support/cunprivileged.h"
 
 #include <QProcess>

@@ -3,6 +3,7 @@
 #include "browser/testtree.h"
 #include "findinfiles/cfindresults.h"
 #include "findinfiles/cwidgetfindinfiles.h"
+#include "findinfiles/findquery.h"
 #include "findinfiles/resulttext.h"
 
 #include <QAbstractItemModelTester>

@@ -1,6 +1,7 @@
 #include "definitionfile.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 
 #include <QDir>
 #include <QProcess>

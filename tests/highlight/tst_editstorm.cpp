@@ -1,7 +1,11 @@
 // Thousands of random edits, definition changes and selections while passes run: when all is quiet,
 // every block is as a fresh pass would have it, and no result of an older text was ever shown.
+#include "highlight/chighlightrules.h"
+#include "highlight/ctextdocument.h"
+#include "highlight/cthreadhighlighter.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
+#include "tests/highlight/cliteralrules.h"
 
 #include <QRandomGenerator>
 #include <QTest>

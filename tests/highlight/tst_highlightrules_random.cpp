@@ -3,6 +3,7 @@
 #include "highlight/chighlightrules.h"
 #include "highlight/cliteralrules.h"
 #include "highlight/definitions.h"
+#include "highlight/highlightline.h"
 
 #include <QDirIterator>
 #include <QRandomGenerator>

@@ -1,6 +1,7 @@
 // A large text, whose blocks get their ranges when they are laid out. "Large" is two characters
 // here, so that the rules can be tried with small ones.
 #include "highlight/clinestore.h"
+#include "highlight/ctextdocument.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
 

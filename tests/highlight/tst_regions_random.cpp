@@ -4,6 +4,7 @@
 #include "highlight/chighlightrules.h"
 #include "highlight/cliteralregions.h"
 #include "highlight/definitions.h"
+#include "highlight/highlightline.h"
 
 #include <QDir>
 #include <QFile>

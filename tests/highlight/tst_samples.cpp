@@ -2,6 +2,7 @@
 // file; scripts/promote-samples.sh writes the results after somebody has looked at them.
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 
 #include <QDir>
 #include <QProcess>

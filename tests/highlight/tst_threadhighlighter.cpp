@@ -1,5 +1,8 @@
+#include "highlight/chighlightrules.h"
+#include "highlight/cthreadhighlighter.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
+#include "tests/highlight/cliteralrules.h"
 
 #include <QElapsedTimer>
 #include <QPlainTextDocumentLayout>

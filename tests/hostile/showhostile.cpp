@@ -4,6 +4,7 @@
 // showhostile write FOLDER writes all files that were made to harm, to try them by hand.
 #include "hostile/hostile.h"
 #include "support/watched.h"
+#include "web/ctaster.h"
 
 #include "app/csettings.h"
 #include "editor/chighlightedit.h"
@@ -17,6 +18,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QWebView>
 
 #include <cstdio>
 #include <functional>

@@ -4,7 +4,6 @@
 #include "editor/chighlightedit.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
-#include "support/boxanswer.h"
 
 #include <QAction>
 #include <QDir>

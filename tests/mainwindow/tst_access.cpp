@@ -4,11 +4,13 @@
 #include "editor/cdlgfind.h"
 #include "editor/cdlggo.h"
 #include "mainwindow/cnoticebar.h"
+#include "mainwindow/mainwindow.h"
 #include "support/contrast.h"
 #include "tests/mainwindow/cwindowfixture.h"
 #include "web/ceditwebview.h"
 
 #include <QAccessible>
+#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
@@ -19,7 +21,9 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSignalSpy>
 #include <QTabBar>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWebView>

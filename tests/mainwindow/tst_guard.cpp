@@ -1,6 +1,8 @@
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
 #include "mainwindow/cnoticebar.h"
+#include "tests/support/boxanswer.h"
 
 #ifdef Q_OS_LINUX
 #include "support/creadonlyfile.h"
@@ -8,6 +10,7 @@
 
 #include <QDirIterator>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 
 namespace {

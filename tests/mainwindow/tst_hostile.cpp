@@ -2,8 +2,11 @@
 // nothing up, and makes the program read and ask for nothing that the user did not.
 
 #include "cwindowfixture.h"
+#include "document/cdocument.h"
+#include "document/notice.h"
 #include "hostilefiles.h"
 #include "support/watched.h"
+#include "tests/support/boxanswer.h"
 
 #include "app/plaintext.h"
 #include "browser/cwidgetfilelist.h"

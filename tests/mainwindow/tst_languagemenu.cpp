@@ -4,8 +4,10 @@
 #include "cwindowfixture.h"
 
 #include "highlight/chighlightmgt.h"
+#include "tests/support/boxanswer.h"
 
 #include <QMenu>
+#include <QMessageBox>
 #include <QTextBlock>
 
 class tst_languagemenu : public QObject

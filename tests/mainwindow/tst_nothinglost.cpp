@@ -9,10 +9,13 @@
 #include "cwindowfixture.h"
 
 #include "app/cdraftstore.h"
+#include "document/cdocument.h"
 #include "editor/textreading.h"
 #include "mainwindow/cnoticebar.h"
+#include "tests/support/boxanswer.h"
 
 #include <QDirIterator>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRandomGenerator>
 

@@ -2,6 +2,7 @@
 
 #include "cwindowfixture.h"
 
+#include "document/notice.h"
 #include "mainwindow/cnoticebar.h"
 #include "support/awaittimers.h"
 

@@ -3,12 +3,16 @@
 
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
+#include "document/place.h"
 #include "mainwindow/clinkbutton.h"
 #include "mainwindow/cstartpanel.h"
 #include "mainwindow/session.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QDropEvent>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QStatusBar>

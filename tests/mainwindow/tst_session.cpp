@@ -3,6 +3,7 @@
 
 #include "cwindowfixture.h"
 
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QComboBox>
@@ -10,6 +11,7 @@
 #include <QDropEvent>
 #include <QFontComboBox>
 #include <QMimeData>
+#include <QTextCursor>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWebFrame>

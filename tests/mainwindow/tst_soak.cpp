@@ -3,13 +3,16 @@
 // QUILLAN_SOAK_SECONDS: how long (25 by default); QUILLAN_SOAK_SEED: another session.
 
 #include "cwindowfixture.h"
+#include "document/cdocument.h"
 #include "support/watched.h"
+#include "tests/support/boxanswer.h"
 
 #include "browser/cwidgetfilelist.h"
 #include "web/ceditwebview.h"
 
 #include <QDir>
 #include <QDockWidget>
+#include <QMessageBox>
 #include <QPixmapCache>
 #include <QRandomGenerator>
 #include <QTextBlock>

@@ -2,6 +2,7 @@
 
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
 #include "editor/cdlgfind.h"
 #include "mainwindow/cworkprogress.h"
 

@@ -5,6 +5,7 @@
 
 #include "pageedit/cdlgpicture.h"
 #include "pageedit/ctablechooser.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QComboBox>

@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QTabBar>
 
 namespace {

@@ -2,6 +2,8 @@
 
 #include "pageedit/ctablegrid.h"
 
+#include <QPoint>
+#include <QRect>
 #include <algorithm>
 
 // A table without holes as a list of rectangles, for comparison with CTableGrid: each command is

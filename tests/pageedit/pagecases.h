@@ -1,5 +1,6 @@
 #pragma once
 
+#include "web/ceditwebview.h"
 #include "web/webtest.h"
 
 #include <QDir>

@@ -1,4 +1,5 @@
 #include "pagecases.h"
+#include "web/cpagemerge.h"
 #include "web/realpages.h"
 
 #include "pageedit/pagecommands.h"

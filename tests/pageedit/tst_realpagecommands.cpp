@@ -1,9 +1,14 @@
 #include "web/realpages.h"
 
 #include "pageedit/pagecommands.h"
+#include "web/ceditwebview.h"
+#include "web/cpagemerge.h"
 #include "web/cpagereader.h"
+#include "web/pagecodec.h"
 
+#include <QTest>
 #include <QUndoStack>
+#include <QWebPage>
 
 // The commands on pages as they are found in the world: what undo gives back, and which lines a
 // save changes.

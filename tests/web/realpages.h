@@ -1,7 +1,7 @@
 #pragma once
 
+#include "web/ceditwebview.h"
 #include "web/charset.h"
-#include "web/pagecodec.h"
 #include "web/tokenalign.h"
 #include "webtest.h"
 

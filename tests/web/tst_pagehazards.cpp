@@ -1,7 +1,15 @@
 #include "realpages.h"
 
 #include "web/cdrawinguses.h"
+#include "web/ceditwebview.h"
+#include "web/pagecodec.h"
 #include "web/pagehazards.h"
+
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUrl>
+#include <QWebFrame>
 
 Q_DECLARE_METATYPE(EPageHazard)
 

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTextBlock>
+#include <QWebView>
 #include <QXmlStreamReader>
 
 // What an author expects of a page editor without thinking of it.

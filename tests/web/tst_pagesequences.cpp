@@ -1,6 +1,9 @@
 #include "realpages.h"
 
+#include "web/ceditwebview.h"
+#include "web/cpagemerge.h"
 #include "web/cpagereader.h"
+#include "web/pagecodec.h"
 
 // Whatever an author does one after the other: what is saved is the page that is shown.
 class tst_pagesequences : public QObject

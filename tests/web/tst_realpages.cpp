@@ -1,7 +1,11 @@
 #include "realpages.h"
 
+#include "web/ceditwebview.h"
+#include "web/cpagemerge.h"
 #include "web/cpagereader.h"
+#include "web/pagecodec.h"
 
+#include <QTest>
 #include <algorithm>
 
 // A page keeps its source: what changes in real pages, line by line, when an author changes

@@ -9,7 +9,9 @@
 #include "web/ctaster.h"
 #include "web/filekey.h"
 
+#include <QProcess>
 #include <QPushButton>
+#include <QWebView>
 
 #include <csignal>
 

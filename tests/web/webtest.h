@@ -10,6 +10,7 @@
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebSettings>
+#include <QWebView>
 
 // Settings in memory of this process only, and a temporary folder: one for each test case.
 class CWebCase
