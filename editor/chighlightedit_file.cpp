@@ -26,7 +26,7 @@ void CHighlightEdit::setTextData(const QByteArray &arrData, bool bKeepModified)
         QTimer::singleShot(10, this, &CHighlightEdit::onTimeoutKeepModified);
 }
 
-// A codec that is set already is kept, where it can be.
+// Keeps a codec that is already set, if possible.
 void CHighlightEdit::detectCodecOf(const QByteArray &arrData)
 {
     if (m_strCodecName.isEmpty()) {
@@ -96,7 +96,7 @@ void CHighlightEdit::onRefresh()
     emit fileRead(content);
 }
 
-// For steps that drop the text without having asked.
+// Called by steps that drop the text without asking.
 void CHighlightEdit::warnOfReplacing()
 {
     if (isModified())
@@ -171,7 +171,7 @@ void CHighlightEdit::showText(const QString &strText)
         setFixed(false);
     m_bInPieces = false;
     const QString strShown = m_standIns.hide(strText);
-    // The gutter takes its width beforehand: a view that changes its width lays out every block.
+    // Sets the gutter's width before, because a view that changes its width lays out every block.
     m_nLinesToCome = lineCount(strShown);
     updateLineNumberAreaWidth();
     leaveCarets();
