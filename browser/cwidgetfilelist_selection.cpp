@@ -41,7 +41,7 @@ bool CWidgetFileList::openSelection()
         else if (strFolder.isEmpty())
             strFolder = pNode->m_strPath;
     }
-    // Only now: whoever opens a file may change the list.
+    // Emitted only now, because the receiver opens a file and may change the list.
     for (const QString &strFile : qAsConst(lstFiles))
         emit dbClickFile(strFile);
     if (!strFolder.isEmpty())

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The tag without the attributes that would run something.
+// The tag without attributes that would run something.
 QString withoutHandlers(const QString &strHtml, const SHtmlToken &tag)
 {
     QString strTag;
