@@ -44,7 +44,7 @@ private:
     void onTick();
 
     std::shared_ptr<CSearchJob> m_pJob;
-    // Threads, also of earlier searches until they have ended.
+    // The threads of this search, and of earlier ones until they have ended.
     QVector<QPointer<QThread>> m_lstThreads;
     QTimer m_timer;
     SFindCounts m_counts;

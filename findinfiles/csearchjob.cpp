@@ -8,7 +8,7 @@ namespace {
 
 const int g_nChunk = 64; // Paths that a thread takes at once.
 const size_t g_nMaxChunks = 256; // The most paths that may wait.
-const int g_nMaxWaiting = 10000; // Matches that wait to be taken.
+const int g_nMaxWaiting = 10000; // The most matches that wait to be taken.
 const int g_nMaxMatches = 100000; // The most matches of a search.
 
 } // namespace

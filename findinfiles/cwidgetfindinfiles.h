@@ -104,7 +104,7 @@ private:
     Guard m_guard;
     bool m_bFolderTyped = false;
     bool m_bBusy = false; // The last state that was signalled.
-    int m_nPressedState = -1; // The check box of the row where the mouse button went down.
+    int m_nPressedState = -1; // The state of the check box where the mouse button went down.
     int m_nReplaced = 0; // The files of the running replacement.
     int m_nRefused = 0;
 };

@@ -128,7 +128,7 @@ void CFindDock::onFileReplaced(const QString &strPath)
 {
     CDocument *pDocument = m_pWindow->documents().withPath(strPath);
     if (!pDocument || pDocument->isModified())
-        return; // The notice bar tells of it.
+        return; // The notice bar shows the reason.
     const CResult result = pDocument->reload();
     if (!result.isDone())
         emit message(result.text());

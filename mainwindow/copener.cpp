@@ -29,7 +29,7 @@ namespace {
 bool isImageSuffix(const QString &strSuffix)
 {
     if (strSuffix == QLatin1String("svg") || strSuffix == QLatin1String("svgz"))
-        return false; // Text that one edits.
+        return false; // SVG is text that people edit.
     const QList<QByteArray> lstFormats = QImageReader::supportedImageFormats();
     return std::any_of(lstFormats.cbegin(), lstFormats.cend(), [&](const QByteArray &format) {
         return QString::fromLatin1(format).toLower() == strSuffix;

@@ -26,6 +26,6 @@ void MainWindow::closeEvent(QCloseEvent *pEvent)
         pEvent->ignore();
         return;
     }
-    m_arrClosedState = saveState(); // Docks that float are hidden with the window.
+    m_arrClosedState = saveState(); // Closing the window hides floating docks.
     pEvent->accept();
 }

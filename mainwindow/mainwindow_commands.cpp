@@ -1,4 +1,4 @@
-// What menus and keys give to the current document.
+// Passes the commands of menus and keys to the current document.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
@@ -97,7 +97,7 @@ void MainWindow::on_actionColor_Dialog_triggered()
     const QPointer<CDocument> pDocument(&currentDocument());
     const QString strSelected = pDocument->selectedText();
     QColor clrInitial = g_pSettings->getTextColor();
-    // The dialog begins with the colour that is selected in the text.
+    // The dialog starts with the colour that is selected in the text.
     if (pDocument->editor() && QColor::isValidColor(strSelected))
         clrInitial.setNamedColor(strSelected);
     const QColor clr = QColorDialog::getColor(clrInitial, this, tr("Color Dialog"));

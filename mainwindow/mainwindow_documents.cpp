@@ -1,4 +1,4 @@
-// How a document speaks to the window.
+// Connects the signals of documents to the window.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"

@@ -1,4 +1,4 @@
-// What menus, keys and the HTML tool bar do with a page.
+// The commands of menus, keys and the HTML tool bar for a page.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
@@ -139,6 +139,6 @@ void MainWindow::onOverUrl(const QString &strUrl)
 
 void MainWindow::onLinkLeft(const QString &strUrl)
 {
-    if (m_pStatus->message() == strUrl) // Another message may have come.
+    if (m_pStatus->message() == strUrl) // Another message may have been shown since.
         showStatusMessage(QString());
 }

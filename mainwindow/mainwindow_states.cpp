@@ -1,4 +1,4 @@
-// What the window shows of the current document.
+// Shows the state of the current document in the window.
 #include "mainwindow/mainwindow.h"
 
 #include "app/plaintext.h"

@@ -64,7 +64,7 @@ private:
     QString m_strSelected;
     Word m_offered; // The word that the menu is about.
     QVector<QRectF> m_boxes; // The boxes of misspelt words, in the document.
-    bool m_bTyping = false; // The last change of the page.
+    bool m_bTyping = false; // True if the last change of the page was typing.
     QTimer m_timerCheck;
     QTimer m_timerMeasure;
 };

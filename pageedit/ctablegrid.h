@@ -82,7 +82,7 @@ private:
     bool isCutBetweenColumns(int nColumn) const;
 
     QVector<SRow> m_rows;
-    QVector<int> m_ids; // The rectangles of the cells, by the cells' own numbers.
+    QVector<int> m_ids; // The owner's numbers of the cells, by the cells' own numbers.
     int m_nColumns = 0;
     bool m_bRegular = true;
 };
