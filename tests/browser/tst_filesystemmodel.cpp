@@ -429,10 +429,10 @@ void tst_filesystemmodel::destructionDuringAListing_isClean()
         QElapsedTimer timer;
         timer.start();
         if (nDelay % 2 == 1)
-            pModel->stop(); // As the panel does.
+            pModel->stop(); // Does what the panel does.
         pModel.reset();
         QVERIFY(timer.elapsed() < 5000);
-        QCoreApplication::processEvents(); // What is queued must find nobody.
+        QCoreApplication::processEvents(); // Queued events must find no receiver.
     }
 }
 

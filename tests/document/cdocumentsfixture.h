@@ -14,7 +14,7 @@
 
 #include <memory>
 
-// Open documents without a window, with settings, files and drafts of their own.
+// Open documents without a window, with their own settings, files and drafts.
 class CDocumentsFixture
 {
 public:
@@ -33,7 +33,7 @@ public:
 
     CDocuments &documents() { return *m_pDocuments; }
 
-    // As if the program ended and was started again.
+    // Simulates an end and a new start of the program.
     void start()
     {
         m_pDocuments.reset();

@@ -4,7 +4,7 @@
 
 #include <QRegularExpression>
 
-// The commands on lines once more, slowly, on a plain list of strings.
+// A slow, literal version of the commands on lines, on a plain list of strings.
 
 struct SLiteralLine
 {

@@ -1,4 +1,4 @@
-// What is found in a file is what the editor's own search finds in it.
+// The search in files finds what the editor's own search finds.
 #include "app/csettings.h"
 #include "editor/chighlightedit.h"
 #include "editor/linesearch.h"

@@ -15,7 +15,7 @@
 #include <QTreeView>
 #include <QtTest>
 
-// A panel on the screen, with what the tests want of it.
+// A panel on the screen, with helpers for the tests.
 class CPanel : public CWidgetFindInFiles
 {
 public:

@@ -77,7 +77,7 @@ Formats withoutMarks(Formats lst)
     return lst;
 }
 
-// Of each block, laid out or not, what formats() says, and of those laid out what they show.
+// Compares formats() for each block, and what the laid out blocks show.
 QString difference(const CTextDocument &document, const CHighlightRules &rules)
 {
     int nState = -1;
@@ -309,7 +309,7 @@ void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole_data()
     QTest::newRow("without") << false;
 }
 
-// The note of the formats would take the place of the edit's own.
+// Qt's note of the formats would replace that of the edit.
 void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole()
 {
     QFETCH(bool, undo);

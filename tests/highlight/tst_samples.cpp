@@ -121,7 +121,7 @@ void tst_samples::sample_equalsItsGoldenResult()
         QFAIL(qPrintable(difference(strExpectedPath, strActual)));
 }
 
-// As it comes from the document, which knows lines and no line ends.
+// The text has the form of the document, which has lines and no line ends.
 void tst_samples::sample_withOtherLineEndsIsTheSame()
 {
     QFETCH(QString, name);

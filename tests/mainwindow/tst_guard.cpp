@@ -90,7 +90,8 @@ private slots:
             QVERIFY(document.isModified());
             QCOMPARE(document.editor()->toPlainText(), QString::fromUtf8("mine é disk"));
             QCOMPARE(CWindowFixture::content(strPath), QByteArray("disk"));
-            QCOMPARE(draftsOnDisk(), 2); // Theirs, written anew before the old ones went.
+            // Their drafts, written again before the old ones were removed.
+            QCOMPARE(draftsOnDisk(), 2);
             QVERIFY(f.settings().getRecentFileList().isEmpty());
         }
     }
@@ -198,7 +199,7 @@ private slots:
     void binaryFile_isNotOverwrittenWithoutAsking()
     {
         CWindowFixture f;
-        // A picture under a text's name: no reading of it can be written back.
+        // A picture under a text's name, which no codec can write back.
         const QByteArray data = f.content(QUILLAN_SOURCE_DIR "/res/res/open.png");
         const QString strPath = f.file("a.bin", data);
         f.window().openFile(strPath);

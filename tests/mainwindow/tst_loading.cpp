@@ -1,4 +1,4 @@
-// A large file while it is loaded, beside everything else that can happen in the window.
+// Loading a large file while other things happen in the window.
 #include "cwindowfixture.h"
 
 #include "document/cdocument.h"

@@ -1,4 +1,4 @@
-// The notice bar and the mouse, as the windowing system tells of it.
+// The notice bar and the mouse, with events as from the windowing system.
 
 #include "cwindowfixture.h"
 

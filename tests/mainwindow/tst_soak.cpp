@@ -86,7 +86,8 @@ private slots:
         makeFiles();
         const CConsole console;
 
-        // What is made once is made in the first third: fonts, glyphs, panels, the web view's heap.
+        // Things that are made only once are made in the first third: fonts, glyphs, panels, the
+        // web view's heap.
         const int nDuration = number("QUILLAN_SOAK_SECONDS", 25) * 1000;
         int nSteps = work(1000) + workFor(nDuration / 3);
         closeAll();

@@ -1,5 +1,5 @@
-// An article written from nothing, with keys, clicks and a drop, on a real display. With
-// QUILLAN_PICTURES=FOLDER each step leaves a picture there.
+// Writes an article in an empty page, with keys, clicks and a drop, on a real display. With
+// QUILLAN_PICTURES=FOLDER each step saves a picture there.
 
 #include "cwindowfixture.h"
 
@@ -23,7 +23,7 @@
 
 namespace {
 
-// What a person would have written by hand.
+// The source that a person would have written by hand.
 const char g_szArticle[] =
     "<!DOCTYPE html>\n"
     "<html>\n"
@@ -76,7 +76,7 @@ const char g_szXhtml[] =
     "</body>\n"
     "</html>\n";
 
-// What is not well-formed; empty for what is.
+// The error of a text that is not well-formed; otherwise empty.
 QString xmlError(const QByteArray &source)
 {
     QXmlStreamReader reader(source);
@@ -116,7 +116,7 @@ private:
 
     CEditWebView *page() const { return m_pCase->window().currentDocument().page(); }
     QString text() const { return page()->page()->mainFrame()->toPlainText(); }
-    // A dialog may go before the window manager has seen it come.
+    // A dialog may close before the window manager has noticed it.
     void focusPage() const
     {
         if (!QApplication::focusWidget())

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <algorithm>
 
-// A page keeps its source: what changes in real pages, line by line, when an author changes
+// A page keeps its source: counts the lines that change in real pages when an author changes
 // something.
 class tst_realpages : public QObject
 {

@@ -1,4 +1,4 @@
-// The helper program, and what the preview makes of its answers.
+// The helper program, and what the preview does with its answers.
 #include "webtest.h"
 
 #include "editor/chighlightedit.h"
@@ -88,7 +88,7 @@ QString visibleNotice(const CPreviewWidget &preview)
     return preview.notice();
 }
 
-// Those that run and were started by this one.
+// The running helpers that this process started.
 QStringList helpers()
 {
     QFile file(QStringLiteral("/proc/self/task/%1/children").arg(getpid()));
