@@ -9,8 +9,8 @@
 
 #include <algorithm>
 
-// One definition's rules as the program has them and as they read literally; both have to say the
-// same of every line. Where the definition declares regions, rules made anew have to say the same.
+// Compares a definition's rules in the program with their literal version, line by line. If the
+// definition declares regions, it compares with newly made rules instead.
 class CSameRules
 {
 public:

@@ -21,7 +21,7 @@ QVariantMap withoutRegions(QVariantMap mapDefinition)
     return mapDefinition;
 }
 
-// The same files, compared in four ways.
+// Compares the same files in four ways.
 struct SRow
 {
     SComparison fixed; // the fixed rules alone, with the peer as it stands
