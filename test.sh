@@ -14,7 +14,7 @@ if ! { cmake --preset test && cmake --build --preset test; } >"$log" 2>&1; then
     exit 1
 fi
 
-# One more than there are processors: many tests wait for windows.
+# One more than there are processors, because many tests wait for windows.
 ctest --preset test --parallel "$(($(nproc) + 1))" "$@" | tee build/test-run.log
 summary=$(grep -E '^[0-9]+% tests passed, [0-9]+ tests failed out of [0-9]+' build/test-run.log | tail -n 1)
 failed=$(sed -E 's/.* ([0-9]+) tests failed.*/\1/' <<<"$summary")

@@ -22,7 +22,8 @@ public:
     bool isOpen() const { return m_nHandle >= 0; }
     int handle() const { return m_nHandle; }
 
-    // False when the system says only now that something written is lost. Closed in any case.
+    // Closes the file in any case. False when the system reports only now that written bytes are
+    // lost.
     bool close()
     {
         const int nHandle = m_nHandle;

@@ -22,8 +22,8 @@ bool readParts(const QString &strPath, CDraftStore::Parts parts, SDraft *pDraft)
                                             : DraftFiles::readHead(strPath, pDraft);
 }
 
-// The lock of a folder that some program made; false while that is running. What is no file was
-// made by somebody else and holds nothing.
+// Takes the lock of a folder that some program made; false while that program runs. If the lock is
+// no file, somebody else made it, and it holds nothing.
 bool lockAbandoned(const QString &strFolder, CDescriptor *pLock)
 {
     const QString strLock = lockPath(strFolder);
@@ -33,12 +33,12 @@ bool lockAbandoned(const QString &strFolder, CDescriptor *pLock)
     *pLock = CDescriptor(kind == Platform::FileKind::Missing
                              ? Platform::createFile(strLock, Platform::FilePrivacy::OnlyMe)
                              : Platform::openFile(strLock, Platform::FileAccess::ReadWrite));
-    // A lock that may not be opened is none of this user's, while the folder is.
+    // The folder belongs to this user, so a lock that may not be opened was made by somebody else.
     return pLock->isOpen() ? Platform::lockFile(pLock->handle()) != Platform::FileLock::AnothersNow
                            : errno == EACCES;
 }
 
-// A write that was cut off leaves its copy; the draft itself is the one before.
+// An interrupted write leaves its copy behind; the draft itself is still the earlier one.
 bool isLeftOver(const QStringList &lstNames, const QString &strName)
 {
     const int nDot = strName.indexOf(QLatin1Char('.'));

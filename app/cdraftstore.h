@@ -10,7 +10,7 @@
 
 #include <functional>
 
-// A modified document as it is kept until it is saved.
+// What is kept of a modified document until it is saved.
 struct SDraft
 {
     QString strId; // File name within the store.
@@ -18,7 +18,8 @@ struct SDraft
     bool bPage = false; // strText is the HTML of a page.
     int nReturnFormat = 1; // Line-ending style of a text.
     QString strText;
-    // Where it is set, strText is empty and this gives it; on any thread, and it takes long.
+    // If set, strText is empty and this function gives the text. It may run on any thread and takes
+    // long.
     std::function<QString()> textLater;
 
     // Why there is a draft. Stored by name: new ones may be added anywhere.
@@ -34,19 +35,19 @@ struct SDraft
     Reason reason = Reason::Unsaved;
     qint64 nTime = 0; // Milliseconds since 1970 at which it was written.
     SFileState began; // The file that the document was read from or last saved to, as it was then.
-    QByteArray codec; // By name; empty for the one a new document has.
-    bool bNotWhole = false; // The file held more than strText can give back.
+    QByteArray codec; // The name of the codec; empty for that of new documents.
+    bool bNotWhole = false; // The file held something that strText cannot give back.
     int nCaret = 0; // UTF-16 units before the caret.
 };
 
-// A draft as bytes: a line of JSON that describes it, then its text: UTF-8, or, where that would
-// change it, its UTF-16 units as they lie in memory.
+// A draft as bytes: a line of JSON that describes it, then its text. The text is UTF-8; if UTF-8
+// would change it, it is written as UTF-16 units in the order of memory.
 QByteArray draftToBytes(const SDraft &draft);
 
 // False for bytes that are no draft.
 bool draftFromBytes(const QByteArray &bytes, SDraft *pDraft);
 
-// The same for the beginning of one, up to its first line at least: all but the text.
+// Reads all but the text. The bytes are the beginning of a draft, at least up to its first line.
 bool draftHeadFromBytes(const QByteArray &bytes, SDraft *pDraft);
 
 // Drafts on the disk. Each running program has a sub-folder of its own, which it holds by a lock on
@@ -58,7 +59,7 @@ class CDraftStore
 public:
     enum class Parts { All, Head }; // Head: strText stays empty.
 
-    // Makes the folder where it is missing.
+    // Makes the folder if it is missing.
     explicit CDraftStore(const QString &strFolder);
 
     // False when this program could get no sub-folder; then nothing is kept. Each write tries
@@ -72,7 +73,7 @@ public:
     // A new file name, unique in the store.
     static QString newId();
 
-    // Replaces the draft of that id. False with the reason where it could not.
+    // Replaces the draft of that id. If it could not, gives false with the reason.
     bool write(const SDraft &draft, QString *pError = nullptr) const;
     bool read(const QString &strId, SDraft *pDraft, QString *pError = nullptr) const;
     void remove(const QString &strId) const;

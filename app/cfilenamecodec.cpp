@@ -57,9 +57,9 @@ const QTextCodec *utf8()
     return s_pUtf8;
 }
 
-// A listing asks, with a state that begins with this flag, whether a name can be read at all: all
-// can. A stream begins without it, but is given it on the way, so its beginning is remembered where
-// UTF-8 has no use for the room.
+// A listing of a folder passes a state with this flag set to ask whether a name can be read at all;
+// every name can. A stream begins without the flag and gets it later. So the state remembers how it
+// began, in a field that UTF-8 does not use.
 bool isStream(QTextCodec::ConverterState *pState)
 {
     if (!(pState->flags & QTextCodec::IgnoreHeader))
@@ -77,12 +77,13 @@ void CFileNameCodec::install()
 
 QByteArray CFileNameCodec::name() const
 {
-    return "x-file-names"; // Private, and beginning as those that no list of codecs here shows.
+    // A private name; its beginning keeps it out of the lists of codecs here.
+    return "x-file-names";
 }
 
 int CFileNameCodec::mibEnum() const
 {
-    return 1; // "Other": Qt takes no known one for something that it may handle by itself.
+    return 1; // "Other". With a known number Qt might handle the codec by itself.
 }
 
 QString CFileNameCodec::textOf(const QByteArray &bytes)
@@ -114,7 +115,7 @@ QByteArray CFileNameCodec::bytesOf(const QString &strText)
     if (it == itEnd)
         return strText.toUtf8();
     QByteArray bytes;
-    auto itStart = strText.cbegin(); // Of what is no escape.
+    auto itStart = strText.cbegin(); // Counts what is no escape.
     for (it = itStart; it != itEnd; ++it) {
         // The second half of a pair is no escape.
         if (!isEscape(*it) || (it != strText.cbegin() && (it - 1)->isHighSurrogate()))

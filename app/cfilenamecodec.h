@@ -2,25 +2,25 @@
 
 #include <QTextCodec>
 
-// Names of files are bytes to the system and nearly always UTF-8. Those that are not have to come
-// back from a QString as the bytes they were, or a file opens as its neighbour or not at all.
+// File names are bytes to the system, and nearly always UTF-8. A name that is not UTF-8 must come
+// back from a QString as the same bytes. Otherwise the wrong file opens, or none.
 //
-// As the codec of the locale, through which Qt makes names of bytes and bytes of names, this one
-// reads UTF-8 and turns each byte that is none into a lone low surrogate, U+DC80 to U+DCFF, and
-// back. Nothing else becomes such a surrogate: UTF-8 has no form for them. So names, arguments and
-// listings keep every byte on their whole way through QString, QFile, QFileInfo and QDir; a font
-// shows a box for the byte. What such a name does not survive is QString::toUtf8(): wherever names
-// leave the program as bytes, QFile::encodeName() or bytesOf() is the way.
+// Qt converts file names by the codec of the locale, and this class stands in for it. It reads
+// UTF-8 and turns each byte that is not UTF-8 into a lone low surrogate, U+DC80 to U+DCFF, and
+// back. Nothing else becomes such a surrogate, because UTF-8 has no form for them. So names,
+// arguments and listings keep every byte on their whole way through QString, QFile, QFileInfo and
+// QDir; a font shows a box for the byte. QString::toUtf8() destroys such a name: where names leave
+// the program as bytes, use QFile::encodeName() or bytesOf().
 //
 // Streams of text (QTextStream), which give the codec a state, get plain UTF-8.
 class CFileNameCodec : public QTextCodec
 {
 public:
-    // Call it first in main(), before the application object and any thread. Does nothing where the
-    // locale has a character set of its own, and where the system's names are no bytes.
+    // Call it first in main(), before the application object and any thread. Does nothing if the
+    // locale has a character set other than UTF-8, or if the system's names are no bytes.
     static void install();
 
-    // The same for names that leave the program by themselves, whatever the locale.
+    // The bytes of a name that the program hands on itself, whatever the locale.
     static QString textOf(const QByteArray &bytes);
     static QByteArray bytesOf(const QString &strText);
 

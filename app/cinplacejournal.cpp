@@ -2,6 +2,7 @@
 
 #include "app/cnewfile.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -44,9 +45,8 @@ bool isZero(const char *p, qint64 n)
     return n > 0 && *p == 0 && std::memcmp(p, p + 1, size_t(n - 1)) == 0;
 }
 
-// From the beginning of the one over the beginning of the other, which ends with the same byte.
-// What takes no room in the one takes none in the other: a large file may be mostly holes, on a
-// full disk.
+// Copies one file over the other, from the beginning, so that both end with the same byte. Holes
+// stay holes: a large file on a full disk may consist mostly of them.
 bool copyOver(int nFrom, int nTo, qint64 *pSize)
 {
     *pSize = 0;
@@ -82,8 +82,8 @@ bool readNote(const QString &strId, SJournalNote *pNote)
     return !pNote->writing.strPath.isEmpty() && pNote->writing.nSize >= 0;
 }
 
-// A copy whose note is missing belongs to a program that is about to write it, or to one that came
-// no further.
+// A copy without a note belongs to a program that is about to write the note, or to one that ended
+// before it did.
 bool isAbandoned(int nCopy)
 {
     const qint64 nAge = 60000; // Milliseconds.
@@ -168,7 +168,7 @@ void CInPlaceJournal::end()
 {
     const int nError = errno;
     if (m_copy.isOpen()) {
-        // The note first: a copy without one is of no writing.
+        // Removes the note first: a copy without a note stands for no writing.
         Platform::removeFile(journalFile(m_strId, g_szNote));
         Platform::removeFile(journalFile(m_strId, g_szCopy));
         m_copy.close();
@@ -190,7 +190,7 @@ QVector<SCutOffWriting> CInPlaceJournal::cutOff()
         SJournalNote note;
         const bool bNote = readNote(strId, &note);
         note.writing.strId = strId;
-        // The note is written behind the copy, and the file behind both.
+        // The copy is written first, then the note, then the file.
         const bool bBegun = bNote && fileStateOf(copy.handle()).nSize == note.writing.nSize;
         if (bBegun && !isFileWhole(note, copy.handle()))
             lstWritings.append(note.writing);
@@ -210,7 +210,7 @@ bool CInPlaceJournal::restore(const SCutOffWriting &writing, QString *pError)
         && fileStateOf(copy.handle()).nSize == writing.nSize
         && Platform::kindOfHandle(file.handle()) == Platform::FileKind::Regular;
     if (!bReady || !copyOver(copy.handle(), file.handle(), &nSize) || !file.close()) {
-        errno = errno == 0 ? EIO : errno; // A copy that is not whole, a file that is none.
+        errno = errno == 0 ? EIO : errno; // The copy is incomplete, or the file is no regular file.
         *pError = Platform::errorText();
         return false;
     }

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector>
 
-// What the program was writing in place when it was ended.
+// A file that the program was writing in place when it was ended.
 struct SCutOffWriting
 {
     QString strId;
@@ -35,11 +35,11 @@ public:
     // Platform::errorText(), when there is no such copy.
     bool begin(const QString &strPath, int nHandle, const QByteArray &newBytes);
 
-    // Gives the open file its old bytes back. Where that fails, too, the copy stays for the next
+    // Gives the open file its old bytes back. If that fails as well, the copy stays for the next
     // start.
     bool putBack(int nHandle);
 
-    // The new bytes are on the disk: the copy goes.
+    // Removes the copy, because the new bytes are on the disk.
     void end();
 
     // The writings that were cut off, by programs that no longer run. Files that turn out to be
@@ -47,8 +47,8 @@ public:
     // large ones.
     static QVector<SCutOffWriting> cutOff();
 
-    // Gives the file its old bytes back and forgets the writing; false, and nothing forgotten,
-    // where that fails. The other leaves the file as it is.
+    // restore() gives the file its old bytes back and forgets the writing; if it fails, it gives
+    // false and forgets nothing. The other function leaves the file as it is.
     static bool restore(const SCutOffWriting &writing, QString *pError);
     static void forget(const SCutOffWriting &writing);
 

@@ -22,7 +22,7 @@ void CLangMgt::init()
 
 QVariantMap CLangMgt::parseTable(const QByteArray &data)
 {
-    // Up to the first zero byte, one character a byte.
+    // Reads up to the first zero byte; each byte is one character.
     const QString strBody = QString::fromLatin1(data.constData());
     const QByteArray json = QStringLiteral("{%1}").arg(strBody).toUtf8();
     return QJsonDocument::fromJson(json).toVariant().toMap();

@@ -19,8 +19,8 @@ public:
     // The translation for the current locale, or the text itself.
     QString translate(const QString &strText);
 
-    // The table in the bytes of a resource: the body of a JSON object without its outer braces.
-    // Empty for anything else.
+    // Reads the table from the bytes of a resource, which hold a JSON object without its outer
+    // braces. Empty for anything else.
     static QVariantMap parseTable(const QByteArray &data);
 
 public slots:

@@ -23,7 +23,7 @@ QString randomEnding()
 
 CNewFile::~CNewFile()
 {
-    const int nError = errno; // Of what went wrong, for whoever reports it.
+    const int nError = errno; // The number of the error that is reported.
     m_file.close();
     if (!m_strName.isEmpty())
         Platform::removeFile(m_strName);
@@ -66,7 +66,7 @@ bool CNewFile::putInPlace()
     if (!Platform::renameFile(m_strName, m_strTarget))
         return false;
     m_strName.clear();
-    // The renaming changes one of the times. What else differs is another program's.
+    // Renaming changes one of the times. Any other difference comes from another program.
     const SFileState now = fileStateOf(m_strTarget);
     if (isSameFile(now, m_state) && now.nModifiedNs == m_state.nModifiedNs
         && now.nSize == m_state.nSize)

@@ -20,7 +20,7 @@ public:
     // Each returns false when it failed; Platform::errorText() has the reason. In this order:
     bool create(Platform::FilePrivacy privacy);
     bool write(const QByteArray &data);
-    bool sync(); // To the disk, and closed: nothing can fail late.
+    bool sync(); // Waits for the disk and closes the file, so that nothing can fail later.
     bool putInPlace();
 
     int handle() const { return m_file.handle(); }

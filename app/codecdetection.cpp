@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int g_nCutBytes = 64; // In less, half a character is rather the mark of a wrong guess.
+constexpr int g_nCutBytes = 64; // In shorter data half a character is a sign of a wrong guess.
 constexpr int g_nDetectorBytes = 0x10000;
 constexpr int g_nRankedBytes = 0x800;
 // The detector needs at least this many foreign bytes to be believed about encodings that the
@@ -21,7 +21,7 @@ constexpr int g_nRankedBytes = 0x800;
 constexpr int g_nBelievedBytes = 20;
 constexpr double g_nSureLead = 5; // A likelihood of more than 100 to 1.
 constexpr double g_nUsualByte = -4.5;
-constexpr double g_nWorstByte = -6; // A worse reading is of something that is no text.
+constexpr double g_nWorstByte = -6; // A reading below this is no text.
 
 bool isForeignByte(char c)
 {
@@ -44,8 +44,9 @@ private:
     std::bitset<256> m_seen;
 };
 
-// Lines with foreign bytes, for what all others hold is the same in nearly every encoding. The
-// first of them, and later those that hold a byte not seen before: it may tell two encodings apart.
+// Picks lines with foreign bytes, because all others read the same in nearly every encoding. Takes
+// the first of them, and later ones if they hold a byte not seen before, which may tell two
+// encodings apart.
 QByteArray foreignLines(const QByteArray &data, int nLimit)
 {
     const auto isLineEnd = [](char c) { return c == '\n' || c == '\r'; };

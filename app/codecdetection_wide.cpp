@@ -39,7 +39,7 @@ bool isPlausible(QChar c)
     }
 }
 
-// The blanks and line ends of the text that the codec gives; 0 when that is no sound text.
+// Counts the blanks and line ends of the decoded text; 0 when that is no sound text.
 int blanksReadAs(const char *szCodec, const QByteArray &data)
 {
     QTextCodec *pCodec = QTextCodec::codecForName(szCodec);
@@ -66,7 +66,7 @@ QString detectWideCodec(const QByteArray &data)
     QString strMarked = markedCodec(data);
     if (!strMarked.isEmpty())
         return strMarked;
-    if (!data.contains('\0')) // A blank or a line end has one.
+    if (!data.contains('\0')) // Only these bytes occur in a blank or a line end.
         return QString();
     QString strBest;
     int nMostBlanks = 0;

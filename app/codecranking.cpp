@@ -16,11 +16,13 @@ namespace {
 constexpr double g_nUnreadable = -1e9;
 constexpr double g_nStrangeLetter = -9;
 constexpr double g_nKana = -4;
-constexpr double g_nCharacter = -5; // One of the most frequent of many.
+// The cost of one of the most frequent letters of a large alphabet.
+constexpr double g_nCharacter = -5;
 constexpr double g_nEverydayCharacter = -7;
 constexpr double g_nStrangeCharacter = -12;
 constexpr double g_nOldSystem = -2.5;
-constexpr double g_nOwnLanguage = 1.5; // For each letter of its name: "zh_tw" is more than "zh".
+// Counts for each letter of the locale's name, so that "zh_tw" is more than "zh".
+constexpr double g_nOwnLanguage = 1.5;
 
 // Reads texts as one language in one codec.
 class CReading
@@ -60,7 +62,7 @@ private:
             nRank = m_language.strLetters.indexOf(c.toLower());
         if (!m_language.isAlphabet())
             return characterScore(c, nRank >= 0);
-        // Frequencies of letters fall about as the numbers of their ranks rise.
+        // The frequency of a letter is roughly in inverse proportion to its rank.
         return nRank >= 0 ? std::log(1.0 / (nRank + 2) / m_nSum) : g_nStrangeLetter;
     }
 
@@ -91,7 +93,7 @@ QString decodedText(const QString &strCodec, const QByteArray &data)
     return bValid ? pCodec->toUnicode(data) : QString();
 }
 
-// What does not depend on the text.
+// This part does not depend on the text.
 double priorScore(const SLanguageLetters &language, const QString &strCodec,
                   const QString &strLocale)
 {
@@ -107,7 +109,7 @@ double priorScore(const SLanguageLetters &language, const QString &strCodec,
 
 QVector<SReading> readings(const QByteArray &data, const QString &strLocale)
 {
-    QHash<QString, QString> texts; // By codec: many languages share one.
+    QHash<QString, QString> texts; // Decoded once for each codec, because many languages share one.
     QVector<SReading> lstReadings;
     for (const SLanguageLetters &language : languageLetters()) {
         for (const QString &strCodec : language.lstCodecs) {

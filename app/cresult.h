@@ -9,7 +9,7 @@ class [[nodiscard]] CResult
 public:
     static CResult done() { return CResult(true, QString()); }
     static CResult refused(const QString &strText = QString()) { return CResult(false, strText); }
-    // For commands that either work or have nothing to do.
+    // A result for commands that either work or have nothing to do.
     static CResult doneIf(bool bDone) { return CResult(bDone, QString()); }
 
     bool isDone() const { return m_bDone; }

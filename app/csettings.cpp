@@ -25,7 +25,7 @@ struct SKey
     const char *szName;
     Member member;
     QVariant varDefault;
-    // Only for numbers: what lies outside is unreadable.
+    // Only for numbers: a value outside the range counts as unreadable.
     int nMin = std::numeric_limits<int>::min();
     int nMax = std::numeric_limits<int>::max();
 };
@@ -104,8 +104,8 @@ QVariant stored(const QColor &clr)
     return clr.name();
 }
 
-// For the user alone: paths of files are in it. QSettings gives a file that it replaces the
-// permissions of the one before, so there is one before the first, too.
+// Only the user may read the file, because it holds paths. QSettings keeps the permissions of a
+// file that it replaces, so an empty file is made before the first write.
 void makePrivateFile(const QString &strPath)
 {
     const QFileInfo info(strPath);
@@ -144,8 +144,8 @@ void CSettings::read()
     }
 }
 
-// QSettings replaces a file by its beginning when the disk is full (see writeAll()). So as much is
-// written beside it first.
+// On a full disk QSettings replaces a file by its beginning (see writeAll()). So this writes as
+// much beside the file first, to see whether there is room.
 bool CSettings::hasRoomOnDisk() const
 {
     const QFileInfo info(fileName());

@@ -31,7 +31,8 @@ public:
     bool m_bLineWrap = false;
     QStringList m_lstRecentFiles;
     bool m_bIsHtmlText = false;
-    bool m_bPageSpelling = false; // Misspelt words are marked: in pages, in text editors.
+    // Whether misspelt words are marked in pages, and in text editors.
+    bool m_bPageSpelling = false;
     bool m_bTextSpelling = false;
     bool m_bFindMatchWholeWord = false;
     bool m_bFindMatchCase = false;
@@ -39,7 +40,7 @@ public:
     bool m_bFindWrapSearch = false;
     bool m_bFindCloseAfterFindNext = false;
     bool m_bFindUseRegularExpression = false;
-    int m_nFindTransparent = 0; // Per cent of opacity.
+    int m_nFindTransparent = 0; // Opacity in per cent.
 
 public slots:
     void read();

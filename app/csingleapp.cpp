@@ -11,7 +11,7 @@
 
 namespace {
 
-// Milliseconds. Who holds the lock copies 64 KB, unless it was stopped in between.
+// Milliseconds. A program holds the lock only to copy 64 KB, unless it was stopped meanwhile.
 const int g_nLockAtStart = 2000;
 const int g_nLockWhileRunning = 100;
 const int g_nLongestTurn = 30000;
@@ -25,8 +25,9 @@ CSingleApp::CSingleApp(QObject *pParent, const QString &strKey)
       m_pMemory(std::make_unique<QSharedMemory>())
 {
     m_pMemory->setKey(strKey);
-    // Before: QSharedMemory waits for the lock without an end, and from here on its owner stays.
-    // Behind it: somebody may have made the segment in between.
+    // Asks before attaching, because QSharedMemory waits for the lock without an end, and the owner
+    // cannot change from here on. Asks again afterwards, because somebody may have made the segment
+    // in between.
     if (!isTrusted() || !lock(g_nLockAtStart)) {
         qDebug("Unable to create single instance.");
         return;
@@ -63,8 +64,9 @@ bool CSingleApp::isTrusted() const
 
 bool CSingleApp::attachOrCreate()
 {
-    // Twice: another start may create the mailbox between the attempts, and a dead segment can only
-    // be found once the file that its key is made from is there, which an attempt to create leaves.
+    // Tries twice. Another start may create the mailbox between the attempts. And a dead segment is
+    // only found once the file exists that its key is made from; an attempt to create leaves that
+    // file.
     for (int nAttempt = 0; nAttempt < 2; ++nAttempt) {
         Platform::releaseDeadSegment(m_strKey);
         m_bRunning = m_pMemory->attach(QSharedMemory::ReadWrite);
@@ -88,7 +90,7 @@ CSingleApp::Sent CSingleApp::send(const QString &strText)
 {
     if (!m_bRunning || !lock(g_nLockAtStart))
         return Sent::Failed;
-    // The segment is as large as its creator made it, which need not have been this program.
+    // The creator decided the size of the segment, and it need not have been this program.
     const bool bFits =
         Mailbox::append(static_cast<char *>(m_pMemory->data()), m_pMemory->size(), strText);
     Platform::unlockSegment(m_strKey);
@@ -123,7 +125,7 @@ bool CSingleApp::sendPaths(const QStringList &lstPaths)
     if (!m_bRunning)
         return false;
     const QStringList lstMessages = Mailbox::messagesFromPaths(lstPaths, m_pMemory->size());
-    // The usual one goes behind those that wait already, if it fits there.
+    // A message is queued after those that already wait, if it fits there.
     if (lstMessages.size() == 1) {
         const Sent sent = send(lstMessages.constFirst());
         if (sent != Sent::DoesNotFit)
@@ -146,7 +148,7 @@ void CSingleApp::onCheckForMessage()
     const QStringList lstMessages = Mailbox::messages(copy);
     for (const QString &strMessage : lstMessages)
         emit messageAvailable(strMessage);
-    // Cleared only now: what was written meanwhile is dropped unread.
+    // Clears the mailbox only now, so a message that came meanwhile is dropped unread.
     clearMailbox();
 }
 

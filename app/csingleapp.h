@@ -10,8 +10,8 @@
 // Makes sure that one instance runs at a time, and hands the arguments of later starts to it
 // through a shared-memory mailbox (see mailbox.h), which the first instance polls once a second.
 //
-// A mailbox that another user has made, or that others may read or write, is left alone, and
-// nothing waits for it: the instance then runs by itself.
+// If another user made the mailbox, or others may read or write it, nothing uses it or waits for
+// it: the instance runs by itself.
 class CSingleApp : public QObject
 {
     Q_OBJECT
@@ -30,8 +30,9 @@ public:
     // nothing written, in the first instance.
     bool sendMessage(const QString &strText);
 
-    // Leaves the paths there, in several messages where one cannot hold them. Waits for the running
-    // instance to take the one before, half a minute for each at most; false when it did not.
+    // Leaves the paths in the mailbox, in several messages if one cannot hold them. Before each
+    // message it waits up to half a minute for the running instance to take the last one; false
+    // when that does not happen.
     bool sendPaths(const QStringList &lstPaths);
 
 signals:
@@ -52,7 +53,7 @@ private:
     bool sendInTurn(const QString &strText);
 
     bool m_bRunning = false;
-    bool m_bToClear = false; // What lies there has been read.
+    bool m_bToClear = false; // The message in the mailbox has been read.
     QString m_strKey;
     QSystemSemaphore m_semaphore; // The lock of m_pMemory, by the same key; outlives it.
     std::unique_ptr<QSharedMemory> m_pMemory;

@@ -5,9 +5,9 @@
 class QString;
 
 // The message catalogues of one locale tag ("zh_cn"), installed for as long as the object lives:
-// the program's own texts, Qt's texts, and a third name under which no catalogue is carried. What
-// is not found is left out in silence, so that other locales run in English. GUI thread only; the
-// application object lives longer.
+// the program's own texts, Qt's texts, and a third name under which no catalogue is carried. A
+// missing catalogue is left out without a message, so that other locales run in English. GUI thread
+// only; the application object lives longer.
 class CTranslators
 {
 public:

@@ -22,8 +22,8 @@ SDraft::Reason reasonOfName(const QString &strName)
     return it == itEnd ? SDraft::Reason::Unsaved : SDraft::Reason(it - std::begin(g_arrReasons));
 }
 
-// False for what UTF-8 cannot hold or would take for a mark: a lone surrogate, a leading U+FEFF.
-// And where its bytes may be more than a QByteArray takes: the units are never that many.
+// False for text that UTF-8 cannot hold (a lone surrogate) or would take for a mark (a leading
+// U+FEFF). False, too, if its UTF-8 might be larger than a QByteArray; the UTF-16 units never are.
 bool survivesUtf8(const QString &strText)
 {
     return strText.size() < 0x7fffffff / 3 - 0x10000 && strText.isValidUtf16()
@@ -43,7 +43,7 @@ QString textFromUnits(const QByteArray &units)
     return strText;
 }
 
-// What older drafts do not have.
+// Older drafts do not have this.
 void readOrigin(const QJsonObject &header, SDraft *pDraft)
 {
     pDraft->reason = reasonOfName(header.value(QStringLiteral("reason")).toString());
@@ -54,7 +54,7 @@ void readOrigin(const QJsonObject &header, SDraft *pDraft)
     pDraft->nCaret = qMax(0, header.value(QStringLiteral("caret")).toInt());
 }
 
-// Empty for what is no draft.
+// Empty if the bytes are no draft.
 QJsonObject readHead(const QByteArray &bytes, SDraft *pDraft)
 {
     QJsonObject header = QJsonDocument::fromJson(bytes.left(qMax(0, bytes.indexOf('\n')))).object();

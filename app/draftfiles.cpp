@@ -1,5 +1,6 @@
 #include "app/draftfiles.h"
 
+#include "app/cdescriptor.h"
 #include "app/cdraftstore.h"
 #include "app/cnewfile.h"
 #include "app/filereader.h"
@@ -48,7 +49,7 @@ bool DraftFiles::read(const QString &strPath, SDraft *pDraft, QString *pError)
 {
     SReadLimits limits;
     limits.nMaxSize = g_nMaxReadable;
-    limits.nMemoryPerByte = 3; // The bytes and at most two units for each.
+    limits.nMemoryPerByte = 3; // The bytes, and at most two UTF-16 units for each.
     const SFileContent content = readFile(strPath, limits);
     if (!content.isWhole()) {
         if (pError)
@@ -61,7 +62,7 @@ bool DraftFiles::read(const QString &strPath, SDraft *pDraft, QString *pError)
 
 bool DraftFiles::readHead(const QString &strPath, SDraft *pDraft)
 {
-    const int nLongest = 1 << 16; // Bytes: a path and few words.
+    const int nLongest = 1 << 16; // Bytes; enough for a path and a few words.
     const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
     if (!file.isOpen() || Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular)
         return false;

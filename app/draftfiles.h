@@ -4,8 +4,8 @@
 
 struct SDraft;
 
-// Single drafts on the disk, for CDraftStore. Each returns false where it failed, with the reason
-// in pError, which may be null.
+// Single drafts on the disk, for CDraftStore. Each returns false if it failed, with the reason in
+// pError, which may be null.
 namespace DraftFiles {
 
 // A folder that only this user may look into.
@@ -15,7 +15,7 @@ bool makeFolder(const QString &strFolder, QString *pError);
 bool write(const QString &strPath, const SDraft &draft, QString *pError);
 bool read(const QString &strPath, SDraft *pDraft, QString *pError);
 
-// All but the text, of which no more is read than its beginning.
+// Reads all but the text, and no more of the file than its beginning.
 bool readHead(const QString &strPath, SDraft *pDraft);
 
 } // namespace DraftFiles

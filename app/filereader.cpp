@@ -12,7 +12,7 @@ namespace {
 using Fault = SFileContent::Fault;
 
 const int g_nReadPiece = 1 << 20; // Bytes.
-const qint64 g_nMaxHashed = 4 << 20; // Bytes that a hash takes some milliseconds for.
+const qint64 g_nMaxHashed = 4 << 20; // Bytes; hashing that many takes some milliseconds.
 
 class CReadTexts
 {
@@ -53,7 +53,7 @@ private:
     }
 };
 
-// Nothing that can be found out without reading.
+// Finds the faults that show without reading.
 Fault faultBefore(const SFileState &state, const SReadLimits &limits)
 {
     if (state.nSize > g_nMaxReadable)
@@ -65,8 +65,8 @@ Fault faultBefore(const SFileState &state, const SReadLimits &limits)
                                                                                   : Fault::None;
 }
 
-// Makes room for the next piece. The first room is for the whole file and one byte, which finds its
-// end; what the system makes up as it is read has no size to go by.
+// Makes room for the next piece. At first that is the whole file and one more byte, which finds the
+// end of the file. Files that the system makes up while they are read have no size to go by.
 Fault makeRoom(QByteArray *pBytes, qint64 nDone, qint64 nExpected, qint64 nMaxSize)
 {
     if (nDone < pBytes->size())
@@ -82,7 +82,7 @@ Fault makeRoom(QByteArray *pBytes, qint64 nDone, qint64 nExpected, qint64 nMaxSi
     return Fault::None;
 }
 
-// Changing behind the first byte beyond the expected size, which is -1 where it is not known.
+// Reports Changing after the first byte beyond the expected size, which is -1 if it is not known.
 Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteArray *pBytes)
 {
     pBytes->clear();
@@ -113,7 +113,7 @@ Fault readBytes(int nHandle, qint64 nExpected, const SReadLimits &limits, QByteA
 // Opens nothing but a regular file.
 Fault openRegular(const QString &strPath, CDescriptor *pFile)
 {
-    // Looked at before it is opened, too: to open a device can set it going.
+    // Checks the kind before opening, too, because opening a device can start it.
     const Platform::FileKind kind = Platform::kindOfPath(strPath);
     if (kind != Platform::FileKind::Regular && kind != Platform::FileKind::Missing)
         return Fault::NotAFile;
@@ -124,7 +124,7 @@ Fault openRegular(const QString &strPath, CDescriptor *pFile)
                                                                                   : Fault::NotAFile;
 }
 
-// One opening and one reading. Changing where the file was not the same behind the reading.
+// Opens and reads once. Reports Changing if the file was no longer the same after reading.
 SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
 {
     CDescriptor file;
@@ -133,7 +133,8 @@ SFileContent readOnce(const QString &strPath, const SReadLimits &limits)
         return CReadTexts::failure(opening);
     SFileContent content;
     content.state = fileStateOf(file.handle());
-    const bool bFresh = isFresh(content.state); // Now: a change may come while it is read.
+    // Taken now, because the file may change while it is read.
+    const bool bFresh = isFresh(content.state);
     content.fault = faultBefore(content.state, limits);
     const bool bMadeUp = Platform::isMadeUp(file.handle());
     if (content.fault == Fault::None) {
@@ -204,7 +205,7 @@ bool isFileUnchanged(const QString &strPath, SFileState *pState)
         return false;
     if (now.nChangedNs == pState->nChangedNs && !pState->bFresh)
         return true;
-    const bool bSettled = !isFresh(now); // Before it is read.
+    const bool bSettled = !isFresh(now); // The state before the file is read.
     const CDescriptor file(Platform::openFile(strPath, Platform::FileAccess::Read));
     if (pState->hash.isEmpty() || !file.isOpen()
         || Platform::kindOfHandle(file.handle()) != Platform::FileKind::Regular

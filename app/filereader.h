@@ -7,7 +7,7 @@
 
 #include <functional>
 
-// What a reader asks for. The defaults suit a small file of the program's own.
+// What the caller asks for. The defaults suit a small file of the program's own.
 struct SReadLimits
 {
     // Bytes; a larger file is refused as TooLarge before any of it is read.
@@ -19,7 +19,7 @@ struct SReadLimits
     // where the system does not tell); false gives up. May be empty.
     std::function<bool(qint64 nDone, qint64 nAll)> progress;
     // Called on the reading thread with the first bytes, a megabyte at most, before the others are
-    // read. Again where the reading begins anew, because the file is changing. May be empty.
+    // read. Called again if the reading starts over because the file is changing. May be empty.
     std::function<void(const QByteArray &beginning)> beginning;
 };
 
@@ -30,8 +30,9 @@ struct SFileContent
         None, // bytes is the whole file.
         CannotOpen,
         NotAFile, // A folder, a pipe, a device. Nothing of it was read.
-        TooLarge, // For nMaxSize: state.nSize tells how large; a second call may allow more.
-        TooLargeAtAll, // For what a QByteArray can hold.
+        // Larger than nMaxSize: state.nSize tells how large, and a second call may allow more.
+        TooLarge,
+        TooLargeAtAll, // Too large for a QByteArray.
         NoMemory,
         ReadError,
         Changing, // Another program writes to it; bytes holds the last try, state its beginning.
@@ -46,29 +47,30 @@ struct SFileContent
     QString strError; // For the user, without the file's name. Empty: read whole.
 
     bool isWhole() const { return fault == Fault::None; }
-    // There is something to show: all of the file, or what another program was writing just then.
+    // True when there is something to show: all of the file, or what another program was writing at
+    // that moment.
     bool hasBytes() const { return isWhole() || fault == Fault::Changing; }
 };
 
 // The largest file that a call can read, in bytes.
 const qint64 g_nMaxReadable = 0x7fffffff - 0x1000;
 
-// Reads a regular file, all of it or none. Does not wait for pipes and devices, does not take an
-// error for an end, and does not allocate what is not there. Any thread; blocks while the disk
-// does.
+// Reads a regular file, all of it or none. Does not wait for pipes and devices, reports an error as
+// an error and not as the end of the file, and allocates no memory that the machine does not have.
+// Any thread; blocks while the disk does.
 SFileContent readFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
 
-// What readFile() would find out before it reads: the file's state without a hash, and each fault
-// that needs no byte of it. Any thread.
+// What readFile() finds out before it reads: the file's state without a hash, and each fault that
+// shows without reading a byte. Any thread.
 SFileContent lookAtFile(const QString &strPath, const SReadLimits &limits = SReadLimits());
 
-// A content that could not be had, with the text for the user.
+// A content that could not be read, with the text for the user.
 SFileContent readingFailed(SFileContent::Fault fault, const SFileState &state);
 
-// The hash of a whole open file, as a state has it; empty where it cannot be read.
+// The hash of a whole open file, of the kind that states hold; empty if the file cannot be read.
 QByteArray hashOfOpenFile(int nHandle);
 
-// True when the file is the one of the state and its content the same. It is read where its times
-// do not tell: where the state is fresh, or only the time differs that a change of permissions or a
-// new link changes, too, and there is a hash. The state then takes the times over.
+// True when the file is the one of the state and its content is the same. If there is a hash, the
+// file is read in two cases: the state is fresh, or the only difference is the time that new
+// permissions or a new link change as well. The state then takes over the new times.
 bool isFileUnchanged(const QString &strPath, SFileState *pState);

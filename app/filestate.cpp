@@ -55,7 +55,7 @@ SFileState fileStateOf(int nHandle)
 
 bool isFresh(const SFileState &state)
 {
-    const qint64 nTick = 2000; // Milliseconds: the slowest clock in use is that of FAT.
+    const qint64 nTick = 2000; // Milliseconds. FAT has the slowest clock in use.
     const qint64 nNewest = qMax(state.nModifiedNs, state.nChangedNs) / 1000000;
     return state.bExists && nNewest > QDateTime::currentMSecsSinceEpoch() - nTick;
 }

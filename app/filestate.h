@@ -4,8 +4,8 @@
 #include <QJsonObject>
 #include <QString>
 
-// Identity and state of a file at one moment, by which a later look can tell that it was changed.
-// Times are nanoseconds since 1970. A value; any thread.
+// Identity and state of a file at one moment. A comparison with a later state shows whether the
+// file was changed. Times are nanoseconds since 1970. A value; any thread.
 struct SFileState
 {
     bool bExists = false;
@@ -26,7 +26,7 @@ struct SFileState
 bool operator==(const SFileState &one, const SFileState &two);
 bool operator!=(const SFileState &one, const SFileState &two);
 
-// True when both are one file on the disk, whatever was written to it meanwhile.
+// True when both mean the same file on the disk, whatever was written to it meanwhile.
 bool isSameFile(const SFileState &one, const SFileState &two);
 
 // The state as the system tells it, without a hash. Links are followed. A file that cannot be
@@ -37,9 +37,10 @@ SFileState fileStateOf(int nHandle);
 // True when the file was changed so lately that a further change could leave the times as they are.
 bool isFresh(const SFileState &state);
 
-// What the hash of a state is made with.
+// The algorithm of the hashes in states.
 QByteArray hashOfContent(const QByteArray &bytes);
 
-// For drafts. Anything that is no state reads as a file that does not exist.
+// Conversion to and from JSON, for drafts. Anything that is no state reads as a file that does not
+// exist.
 QJsonObject toJson(const SFileState &state);
 SFileState fileStateFromJson(const QJsonObject &object);

@@ -2,6 +2,7 @@
 
 #include "app/cnewfile.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 #include "app/inplacewriter.h"
 #include "app/platform.h"
 
@@ -12,8 +13,8 @@
 
 namespace {
 
-// The file at the end of a chain of links; also where that file does not exist yet. A shortcut of
-// Windows is a file like any other.
+// The file at the end of a chain of links, even if that file does not exist yet. A shortcut of
+// Windows counts as an ordinary file.
 QString linkTarget(const QString &strPath)
 {
     const int nMaxLinks = 40; // As many as Linux follows; a loop ends here, still a link.
@@ -53,11 +54,11 @@ CFileReplacement::Outcome CFileReplacement::replace(const QString &strTarget,
     const auto closedOr = [&] {
         return bExists && Platform::isFolderClosed() ? Outcome::InPlaceInstead : failed(pError);
     };
-    // A folder that may be written must not make up for a file that may not.
+    // A read-only file stays read-only, even if its folder may be written.
     if (bExists && !Platform::mayWrite(strTarget))
         return failed(pError);
     CNewFile file(strTarget);
-    // What hangs on the old file decides who may read the new one, and comes last.
+    // Permissions and attributes are copied last: they decide who may read the new file.
     if (!file.create(bExists ? Platform::FilePrivacy::OnlyMe : Platform::FilePrivacy::AsUsual))
         return closedOr();
     if (!file.write(data))
@@ -102,7 +103,7 @@ bool writeAll(QIODevice *pDevice, const QByteArray &data)
             return false;
         nDone += nWritten;
     }
-    // What fails on the way out of the buffer is otherwise overlooked.
+    // Without flush() an error that occurs while the buffer is written would be overlooked.
     auto *pFile = qobject_cast<QFileDevice *>(pDevice);
     return !pFile || pFile->flush();
 }

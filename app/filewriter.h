@@ -10,15 +10,16 @@ struct SFileState;
 // false then, and pError (may be null) says what failed. True means that the disk has them. Any
 // thread.
 //
-// The file is replaced by a finished copy that carries all that hangs on it. Symbolic links are
-// followed. Where a replacement would lose something (see Platform::mustWriteInPlace), or the
-// folder takes no new file, the file is written in place (see inplacewriter.h).
+// The file is replaced by a finished copy that has the old file's owner, permissions and
+// attributes. Symbolic links are followed. Where a replacement would lose something (see
+// Platform::mustWriteInPlace), or the folder takes no new file, the file is written in place (see
+// inplacewriter.h).
 //
-// pState (may be null) is set to the file as this call left it, also where it failed but wrote to
-// the file: what another program writes a moment later differs from it. Where the file was not
-// touched, or is a pipe, it stays as it is.
+// pState (may be null) is set to the state in which this call left the file, also if it failed
+// after writing to the file. So what another program writes a moment later is seen as a change. If
+// the file was not touched, or is a pipe, pState stays as it is.
 bool writeFile(const QString &strPath, const QByteArray &data, QString *pError = nullptr,
                SFileState *pState = nullptr);
 
-// All bytes to the device and through its buffer, or false.
+// Writes all bytes to the device and flushes its buffer; false if that failed.
 bool writeAll(QIODevice *pDevice, const QByteArray &data);

@@ -1,7 +1,9 @@
 #include "app/inplacewriter.h"
 
+#include "app/cdescriptor.h"
 #include "app/cinplacejournal.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 #include "app/platform.h"
 
 #include <QCoreApplication>
@@ -44,7 +46,7 @@ private:
     Platform::SPrivileges m_privileges;
     CInPlaceJournal m_journal;
     bool m_bJournal = false;
-    QByteArray m_old; // Where there is no journal.
+    QByteArray m_old; // Used when there is no journal.
 };
 
 bool CInPlaceWriter::isOpen(FileKind kind, QString *pError)
@@ -113,7 +115,7 @@ bool CInPlaceWriter::overwrite()
 
 bool CInPlaceWriter::putBack()
 {
-    // What was reserved behind the old end goes first: the disk may be full.
+    // Frees the space that was reserved after the old end first, because the disk may be full.
     Platform::resizeFile(m_file.handle(), qMin(m_nOldSize, fileStateOf(m_file.handle()).nSize));
     const bool bDone = m_bJournal ? m_journal.putBack(m_file.handle())
                                   : Platform::moveTo(m_file.handle(), 0)

@@ -9,8 +9,8 @@
 struct SLanguageLetters
 {
     QString strLanguage; // The beginning of the names of its locales, in lower case.
-    QStringList lstCodecs; // In which its files come, the likelier first.
-    QString strLetters; // Lower case, the more frequent first.
+    QStringList lstCodecs; // The codecs of its files, the likeliest first.
+    QString strLetters; // In lower case, the most frequent first.
     // For the languages of many characters: the lead bytes of the everyday ones in lstCodecs. 0 for
     // an alphabet.
     int nFirstLead = 0;

@@ -35,7 +35,7 @@ QStringList Mailbox::messagesFromPaths(const QStringList &lstPaths, int nSize)
     int nBytes = 0;
     for (const QString &strPath : lstPaths) {
         const QString strQuoted = messageFromPaths({strPath});
-        const int nMore = CFileNameCodec::bytesOf(strQuoted).size() + 1; // And a blank.
+        const int nMore = CFileNameCodec::bytesOf(strQuoted).size() + 1; // One more for the blank.
         if (nMore > nRoom)
             continue;
         if (nBytes + nMore > nRoom) {

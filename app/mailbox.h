@@ -13,16 +13,16 @@ namespace Mailbox {
 
 const int g_nSize = 0x10000; // Bytes.
 
-// Queues the message behind those waiting; where no end is found, it overwrites them from the
-// start. An empty message is sent as one blank, which opens nothing but is seen. False, and nothing
+// Queues the message behind those waiting; if no end is found, it overwrites them from the start.
+// An empty message is sent as one blank, which opens nothing but is seen. False, and nothing
 // written, when it does not fit. pMemory holds nSize bytes.
 bool append(char *pMemory, int nSize, const QString &strMessage);
 
-// What hands the paths over in as few messages as a mailbox of nSize bytes allows, each of which
-// fits an empty one. One blank for no paths. A path that fits none is left out.
+// The messages that hand over the paths: as few as possible, each of which fits an empty mailbox of
+// nSize bytes. Without paths it is one blank. A path that is too long for the mailbox is left out.
 QStringList messagesFromPaths(const QStringList &lstPaths, int nSize);
 
-// The messages waiting in a copy of the memory, oldest first. Any bytes are fine.
+// The messages waiting in a copy of the memory, oldest first. The memory may hold any bytes.
 QStringList messages(const QByteArray &memory);
 
 } // namespace Mailbox

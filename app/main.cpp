@@ -28,8 +28,10 @@ int runFirstInstance(QApplication *pApp, CSingleApp *pSingle, const QStringList 
     QCoreApplication::setOrganizationDomain(QStringLiteral("quillan.example"));
     QCoreApplication::setApplicationName(
         QFileInfo(QCoreApplication::applicationFilePath()).baseName());
-    QGuiApplication::setApplicationDisplayName(QString()); // Windows carry their whole title.
-    QGuiApplication::setDesktopFileName(QStringLiteral("quillan")); // How Wayland finds our icon.
+    // Otherwise Qt would append it to each window title.
+    QGuiApplication::setApplicationDisplayName(QString());
+    // Wayland finds the icon by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("quillan"));
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const QString strLocale = QLocale::system().name().toLower();
@@ -79,8 +81,8 @@ int main(int argc, char *argv[])
         return 0;
     }
     const int nExitCode = runFirstInstance(&app, &single, lstPaths);
-    // What the windows left for later when they went, such as the network of a page with its
-    // thread.
+    // Deletes what the windows queued for deletion when they closed, such as a page's network with
+    // its thread.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return nExitCode;
 }

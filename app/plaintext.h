@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// Text that comes from outside (file names above all) shown as it stands, never interpreted.
+// Shows text from outside (file names above all) literally, so that nothing in it is interpreted.
 
 // For menus, tabs and buttons: every "&" shows as itself.
 QString withoutMnemonic(QString strText);
@@ -13,7 +13,7 @@ QString plainToolTip(const QString &strText);
 // For window titles, in which Qt replaces a "[*]".
 QString plainWindowTitle(QString strText);
 
-// A file name as one line in which nothing hides: control characters, and what turns or hides the
-// text around it (direction marks, line separators, halves of a pair), as their numbers. For lists
-// and titles, never for a path that a file is opened with.
+// A file name as one line that hides nothing. Control characters, and characters that turn or hide
+// the text around them (direction marks, line separators, lone surrogates), are shown as their
+// numbers. For lists and titles; never open a file with the result.
 QString visibleName(const QString &strName);

@@ -13,16 +13,15 @@ namespace Platform {
 // The program's arguments, its own name first.
 QStringList processArguments(int nArgc, char **ppArgv);
 
-// True where the system takes the text for a name in a folder, and nothing else: no path, device or
-// further stream.
+// True if the text can only mean a name in a folder, and no path, device or alternate stream.
 bool isFileName(const QString &strName);
 
-// True where the system takes both for one name: whatever the case and kind of separator on
-// Windows. Does not look at the disk; absolute paths.
+// True if both paths mean the same name for the system; on Windows case and the kind of separator
+// do not count. The paths are absolute. Does not look at the disk.
 bool isSamePath(const QString &strLeft, const QString &strRight);
 
-// True where file names are bytes for the system and those bytes are UTF-8: the locale says so, or
-// it is the "C" locale, which says nothing.
+// True if file names are bytes for the system and those bytes are UTF-8: the locale says so, or is
+// the "C" locale, which says nothing about it.
 bool hasUtf8Names();
 
 // Tells Qt's X11 plug-in not to load OpenGL. Call it before the application object is made.
@@ -30,17 +29,18 @@ bool hasUtf8Names();
 // A choice that the user made in the environment stays.
 void leaveOutOpenGl();
 
-// Gives the environment back as the user made it, for programs that are started later. Call it
-// after the first window is shown.
+// Restores the user's environment, for programs that are started later. Call it after the first
+// window is shown.
 void restoreEnvironment();
 
-// Who owns the shared segment and its lock, as far as they exist. Others: another user owns one of
-// them, or may read or write it. Nothing may wait for such a lock.
+// Who owns the shared segment and its lock, if they exist. Others means that another user owns one
+// of them, or may read or write it. Nothing may wait for such a lock.
 enum class SegmentOwner { Nobody, Me, Others };
 SegmentOwner ownerOfSegment(const QString &strKey);
 
-// Takes the lock of QSharedMemory and waits at most so many milliseconds; QSharedMemory::lock()
-// itself waits for ever. False when it did not get the lock. Not for a segment of Others.
+// Takes the lock of QSharedMemory, for which it waits at most that many milliseconds;
+// QSharedMemory::lock() itself waits for ever. False when it did not get the lock. Do not call it
+// for a segment of Others.
 bool lockSegment(const QString &strKey, int nMilliseconds);
 void unlockSegment(const QString &strKey);
 
@@ -54,13 +54,12 @@ void quitOnTermination(QObject *pParent);
 // Shows the file, selected, in a file manager window. The request does not block.
 bool revealFile(const QString &strPath);
 
-// A name for what decides the desktop's icon of a file: files of one kind share one icon. Empty
-// where each file has to be looked up by itself.
+// A key for the desktop's icon of a file: files with the same key share one icon. Empty if each
+// file has to be looked up by itself.
 QString fileIconKind(const QFileInfo &info);
 
-// Gives a file or folder another name on the same disk. Unlike rename(), never puts it in the place
-// of another file. False then, and after any other failure, with the system's text in pError (may
-// be null).
+// Gives a file or folder another name on the same disk. Unlike rename(), it never replaces another
+// file. If it fails, it gives false with the system's text in pError (may be null).
 bool renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError);
 
 // Opens a regular file for reading and gives its descriptor, which the caller closes, and its size
@@ -75,14 +74,14 @@ bool mustWriteInPlace(const QString &strPath);
 // is full; errorText() has the reason.
 bool reserveFileSpace(int nHandle, qint64 nSize);
 
-// False where QSettings has no file of its own (the registry of Windows).
+// False if QSettings has no file of its own (on Windows it uses the registry).
 bool keepsSettingsInFiles();
 
 // The line-ending style of new documents: 0 CR LF, 1 LF.
 int defaultReturnFormat();
 
-// Gives memory that was freed back to the system, where the C library would keep it for later. May
-// take some milliseconds: for after something large has gone.
+// Returns freed memory to the system, which the C library would otherwise keep for later. May take
+// some milliseconds, so call it only after something large was freed.
 void returnFreedMemory();
 
 } // namespace Platform

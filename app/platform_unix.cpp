@@ -30,7 +30,8 @@
 
 namespace {
 
-// A signal handler may do little more than write: it wakes the event loop through this pair.
+// A signal handler may do little more than write, so it wakes the event loop through this pair of
+// sockets.
 int g_arrSignalSockets[2] = {-1, -1};
 
 void onSignal(int)
@@ -60,7 +61,8 @@ int renameToFreeName(const QByteArray &oldPath, const QByteArray &newPath)
     if (errno != EINVAL && errno != ENOSYS)
         return errno;
 #endif
-    // A file system that knows no such request. A link is never put in the place of another file.
+    // The file system does not know the request. Making a hard link never replaces another file
+    // either.
     if (link(szOld, szNew) == 0)
         return unlink(szOld) == 0 ? 0 : errno;
     if (errno == EEXIST || errno == ENOENT)
@@ -158,8 +160,9 @@ bool Platform::revealFile(const QString &strPath)
 
 QString Platform::fileIconKind(const QFileInfo &info)
 {
-    // A desktop's icon is that of the MIME type, which the name alone decides where exactly one
-    // type claims it; else the content does. Without a desktop it matters whether it is a link.
+    // A desktop's icon is that of the MIME type. If exactly one type claims the name, the name
+    // alone decides the type; otherwise the content does. Without a desktop it matters whether the
+    // file is a link.
     if (!info.isFile())
         return QString();
     const QList<QMimeType> lstTypes = QMimeDatabase().mimeTypesForFileName(info.fileName());

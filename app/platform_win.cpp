@@ -40,7 +40,7 @@ bool Platform::isFileName(const QString &strName)
     const auto isForbidden = [](QChar c) {
         return c < QLatin1Char(' ') || QStringLiteral("<>:\"/\\|?*").contains(c);
     };
-    // The system drops dots and blanks at the end: the name would be another.
+    // The system drops dots and blanks at the end, so the file would get another name.
     const bool bCut = strName.endsWith(QLatin1Char('.')) || strName.endsWith(QLatin1Char(' '));
     return !strName.isEmpty() && !bCut
         && std::none_of(strName.cbegin(), strName.cend(), isForbidden) && !isDeviceName(strName);
@@ -105,8 +105,8 @@ bool Platform::revealFile(const QString &strPath)
 {
     QProcess process;
     process.setProgram(QStringLiteral("explorer.exe"));
-    // Given as it stands: the program reads its command line by rules of its own, and a path here
-    // holds no quotes.
+    // Passed without escaping, because the program reads its command line by rules of its own, and
+    // a path here holds no quotes.
     process.setNativeArguments(
         QStringLiteral("/select, \"%1\"").arg(QDir::toNativeSeparators(strPath)));
     return process.startDetached();

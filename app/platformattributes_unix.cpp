@@ -1,5 +1,5 @@
-// What hangs on a file beside its bytes: owner, permissions, access lists, attributes,
-// capabilities.
+// Carries over what belongs to a file besides its bytes: owner, permissions, access lists,
+// attributes, capabilities.
 
 #include "app/platformfiles.h"
 
@@ -33,14 +33,14 @@ bool carryOwner(const struct stat &old, int nHandle)
 #ifdef Q_OS_LINUX
 const char g_szCapabilities[] = "security.capability";
 
-// Signatures of the content, which is about to be another.
+// Signatures of the content, which is about to change.
 bool isOfContent(const QByteArray &name)
 {
     return name == "security.ima" || name == "security.evm";
 }
 
-// The call tells the size first. Null where it fails, also because another program changed it in
-// between.
+// The call tells the size first. Null if it fails, also because another program changed the value
+// in between.
 template<class Call> QByteArray attributeBytes(const Call &call)
 {
     const ssize_t nSize = call(nullptr, 0);
@@ -69,7 +69,7 @@ bool carryAttributes(const char *szPath, int nHandle)
         namesIn(attributeBytes([&](char *p, size_t n) { return listxattr(szPath, p, n); }));
     const QByteArrayList lstNew =
         namesIn(attributeBytes([&](char *p, size_t n) { return flistxattr(nHandle, p, n); }));
-    // What the new file has from its folder may let in others.
+    // The access list that the new file inherits from its folder may let in others.
     for (const QByteArray &name : lstNew)
         if (!lstOld.contains(name) && fremovexattr(nHandle, name.constData()) != 0)
             return false;

@@ -1,4 +1,4 @@
-// What hangs on a file besides its bytes.
+// Carries over what belongs to a file besides its bytes.
 #include "app/platform.h"
 #include "app/platformfiles.h"
 #include "app/systemcalls_win.h"
@@ -38,7 +38,7 @@ HANDLE opened(const QString &strPath, DWORD nAccess)
                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
-// Who may do what with an open file. Unknown where the file system has no such lists.
+// The access list of an open file. Unknown if the file system has no such lists.
 class CAccessList
 {
 public:
@@ -79,8 +79,8 @@ public:
 
 private:
     PSECURITY_DESCRIPTOR m_pDescriptor = nullptr;
-    PACL m_pList = nullptr; // Part of it; none lets everybody do everything.
-    bool m_bProtected = false; // Takes nothing over from the folder.
+    PACL m_pList = nullptr; // A pointer into it; null lets everybody do everything.
+    bool m_bProtected = false; // The file inherits nothing from its folder.
     bool m_bKnown = false;
 };
 
@@ -93,7 +93,7 @@ bool carryAccessList(HANDLE hOld, HANDLE hNew)
     return file.isOpen() && list.giveTo(file.handle());
 }
 
-// Beside the one with its bytes.
+// The streams besides the one with the file's bytes.
 bool hasFurtherStreams(const QString &strPath)
 {
     WIN32_FIND_STREAM_DATA data = {};
@@ -127,7 +127,7 @@ bool Platform::carryOver(const QString &strPath, int nHandle)
         || !GetFileInformationByHandleEx(old.handle(), FileBasicInfo, &info, sizeof info))
         return succeeded(false);
     const auto hNew = reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
-    // Hidden files stay hidden, and are as old as they were. Times of zero stay what they are.
+    // Keeps hidden files hidden, and the time of their creation. A time of zero changes nothing.
     info.LastAccessTime = info.LastWriteTime = info.ChangeTime = {};
     return succeeded(SetFileInformationByHandle(hNew, FileBasicInfo, &info, sizeof info)
                      && carryAccessList(old.handle(), hNew));

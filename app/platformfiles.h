@@ -5,8 +5,8 @@
 
 struct SFileState;
 
-// Files as the systems give them: open ones are numbers, -1 is none. Each function stands once in
-// platformfiles_unix.cpp (what only writers need: platformwriting_unix.cpp,
+// Files as the system knows them: an open file is a number, -1 stands for none. Each function
+// stands once in platformfiles_unix.cpp (what only writers need: platformwriting_unix.cpp,
 // platformattributes_unix.cpp) and once in platformfiles_win.cpp (platformwriting_win.cpp). Those
 // that fail leave their reason for errorText(). None waits for somebody at the other end of a pipe.
 // Any thread.
@@ -18,7 +18,7 @@ enum class FileKind { Missing, Regular, Folder, Stream, Other };
 FileKind kindOfPath(const QString &strPath);
 FileKind kindOfHandle(int nHandle);
 
-// False, and nothing written, where the system does not tell.
+// False, and nothing is written to it, if the system does not tell.
 bool stateOfPath(const QString &strPath, SFileState *pState);
 bool stateOfHandle(int nHandle, SFileState *pState);
 
@@ -31,35 +31,36 @@ enum class FileAccess { Read, Write, ReadWrite };
 int openFile(const QString &strPath, FileAccess access);
 bool closeFile(int nHandle);
 
-// A new file, which fails where there is one already. For this user alone, or as the system makes
-// them in that folder.
+// Makes a new file; fails if there is one already. Its permissions are for this user alone, or
+// those that the system gives new files in that folder.
 enum class FilePrivacy { OnlyMe, AsUsual };
 int createFile(const QString &strPath, FilePrivacy privacy);
 
 // Bytes read; 0 at the end, -1 on failure. Interrupted calls are made again.
 qint64 readSome(int nHandle, char *pBuffer, qint64 nSize);
 
-// An absolute path in the bytes that a library takes which opens files by itself. Windows: UTF-8,
-// marked so that long paths are taken, too.
+// An absolute path as bytes for a library that opens files by itself. On Windows it is UTF-8, with
+// the prefix that allows long paths.
 QByteArray pathForLibrary(const QString &strPath);
 
-// A path as another program takes or tells it through a pipe, and back: the system's own bytes
-// where names are bytes, UTF-8 on Windows, whose code page has not all letters.
+// Converts a path to the bytes that another program sends or expects in a pipe, and back. They are
+// the system's own bytes if names are bytes, and UTF-8 on Windows, whose code page lacks many
+// letters.
 QByteArray bytesOfPath(const QString &strPath);
 QString pathOfBytes(const QByteArray &path);
 
 // Whether the permissions of an existing file let this user write to it.
 bool mayWrite(const QString &strPath);
 
-// All bytes, or false. A pipe or terminal that takes nothing is waited for a second and a half, one
-// that takes little a second more for each megabyte in all.
+// Writes all bytes, or gives false. It waits a second and a half for a pipe or terminal that takes
+// nothing, and one more second for each megabyte if it takes little.
 bool writeBytes(int nHandle, const char *pData, qint64 nSize);
 
-// The next bytes are read and written so many bytes from the beginning.
+// Moves the place of the next read or write to so many bytes from the beginning.
 bool moveTo(int nHandle, qint64 nPosition);
 bool resizeFile(int nHandle, qint64 nSize);
 
-// These bytes read as zeros from now on and take no room. False where the file system cannot.
+// Turns these bytes into zeros that take no room. False if the file system cannot do that.
 bool makeHole(int nHandle, qint64 nPosition, qint64 nSize);
 
 // Waits until the disk has the bytes and the size; a device that cannot tell is believed. For a
@@ -67,7 +68,7 @@ bool makeHole(int nHandle, qint64 nPosition, qint64 nSize);
 bool syncFile(int nHandle);
 bool syncFolder(const QString &strFolder);
 
-// Replaces what is there under the new name.
+// Replaces any file under the new name.
 bool renameFile(const QString &strFrom, const QString &strTo);
 bool removeFile(const QString &strPath);
 
@@ -88,8 +89,7 @@ void restorePrivileges(int nHandle, const SPrivileges &privileges);
 // in it may be writable all the same.
 bool isFolderClosed();
 
-// Holds an open file for this process until it is closed. Unknown where the file system has no
-// locks.
+// Locks an open file for this process until it is closed. Unknown if the file system has no locks.
 enum class FileLock { Mine, AnothersNow, Unknown };
 FileLock lockFile(int nHandle);
 

@@ -74,7 +74,7 @@ qint64 memoryNumber(const QByteArray &table, const char *szName)
     return table.mid(nColon + 1, nEnd - nColon - 1).trimmed().toLongLong() * 1024;
 }
 
-// What a limit of the process leaves of the address space.
+// The address space that a limit of the process leaves.
 qint64 addressSpaceLeft()
 {
     rlimit limit = {};
@@ -158,7 +158,8 @@ int Platform::createFile(const QString &strPath, FilePrivacy privacy)
 
 bool Platform::closeFile(int nHandle)
 {
-    // Closed even where it was interrupted: a second call could close somebody else's.
+    // The file is closed even if the call was interrupted; a second call could close another file
+    // with the same number.
     return close(nHandle) == 0 || errno == EINTR;
 }
 

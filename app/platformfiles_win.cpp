@@ -18,7 +18,7 @@ HANDLE handleOf(int nHandle)
     return reinterpret_cast<HANDLE>(_get_osfhandle(nHandle));
 }
 
-// An open file, which others may meanwhile read, write, rename and delete as elsewhere.
+// Opens a file that others may read, write, rename and delete meanwhile, as on other systems.
 int descriptorOf(const QString &strPath, DWORD nAccess, DWORD nDisposition)
 {
     const HANDLE hFile = CreateFileW(nativePath(strPath).c_str(), nAccess,

@@ -16,7 +16,8 @@ namespace {
 
 using Platform::SegmentOwner;
 
-const mode_t g_nOthersMay = 066; // Read or write: the paths in it are this user's.
+// Permission to read or write for others: the paths in the mailbox are private.
+const mode_t g_nOthersMay = 066;
 
 // QSharedMemory and the QSystemSemaphore in it make their keys of these files.
 key_t keyOfFile(const QString &strFile)
@@ -68,7 +69,7 @@ SegmentOwner ownerOfLock(key_t nKey)
     return semctl(nId, 0, IPC_STAT, argument) == 0 ? ownerBy(info.sem_perm) : SegmentOwner::Others;
 }
 
-// Should it have been removed, as by an administrator, there is a new one.
+// If it was removed, for example by an administrator, a new one is made.
 int lockOf(const QString &strKey)
 {
     const key_t nKey = lockKey(strKey);

@@ -28,7 +28,8 @@ public:
 
     void renew() { m_sinceLast.start(); }
 
-    // False, with the error set, when it took nothing for too long, or all of it takes too long.
+    // Sets the error and gives false when the reader took nothing for too long, or when all of it
+    // takes too long.
     bool waitFor(int nHandle) const
     {
         const qint64 nLeft =
@@ -110,7 +111,8 @@ bool Platform::syncFolder(const QString &strFolder)
     const int nHandle =
         open(QFile::encodeName(strFolder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (nHandle < 0)
-        return errno == EACCES; // May be written, not listed: there is no other way.
+        // The folder may be written but not listed, so it cannot be opened and synced.
+        return errno == EACCES;
     const bool bDone = syncFile(nHandle);
     const int nError = errno;
     close(nHandle);
@@ -146,7 +148,7 @@ void Platform::surviveFailingWrites()
 {
     for (const int nSignal : {SIGPIPE, SIGXFSZ}) {
         struct sigaction now = {};
-        // A handler that somebody has set is left to him.
+        // Leaves a handler alone that somebody else has set.
         if (sigaction(nSignal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL)
             std::signal(nSignal, SIG_IGN);
     }

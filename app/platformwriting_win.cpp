@@ -53,7 +53,8 @@ bool Platform::syncFolder(const QString &)
 
 bool Platform::renameFile(const QString &strFrom, const QString &strTo)
 {
-    // One step. ReplaceFile() takes two, between which no file has the name.
+    // This renaming is a single step. ReplaceFile() takes two, and between them no file has the
+    // name.
     return succeeded(MoveFileExW(nativePath(strFrom).c_str(), nativePath(strTo).c_str(),
                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }

@@ -39,7 +39,8 @@ QByteArray unescaped(const QByteArray &bytes)
         } else if (isDigit(bytes, n, 8)) {
             result.append(numberedCharacter(bytes, &n, 8));
         } else {
-            // A blank or a sign; none of them occurs in what is looked for. Others vanish.
+            // A blank or a sign, none of which occurs in the text that is looked for. All other
+            // escapes are dropped.
             if (QByteArray("abfnrtv\"?'\\").contains(bytes.at(n)))
                 result.append('\\');
             ++n;

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-// Damaged settings must not end the program at its start. QSettings decodes every value while it
+// Damaged settings must not crash the program at its start. QSettings decodes every value while it
 // reads the file, and "@Variant(...)" as a stream of any type: a damaged one asks for absurd
 // amounts of memory or nests without end. This program stores nothing that way, so such values can
 // go.
@@ -13,5 +13,5 @@
 QByteArray withoutStreamedValues(const QByteArray &ini);
 
 // The same for the file that QSettings keeps for the two names, which is written anew only if it
-// holds such lines. No file, or one that cannot be written, stays as it is.
+// holds such lines. A file that cannot be written stays as it is.
 void dropStreamedValues(const QString &strOrganization, const QString &strApplication);

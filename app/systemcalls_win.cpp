@@ -34,7 +34,7 @@ int errnoOf(DWORD nError)
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_UNABLE_TO_REMOVE_REPLACED: // Both files are as they were.
-    case ERROR_UNABLE_TO_MOVE_REPLACEMENT: // Likewise.
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT: // Both files are as they were, too.
         return EACCES;
     default:
         return EIO;

@@ -63,7 +63,7 @@ QTextCodec *codecForName(const QString &strName)
 
 QString preferredCodecName(const QString &strLocale)
 {
-    // Compared as written, although the system spells the last two with an underscore.
+    // The comparison is literal, although the system spells the last two with an underscore.
     if (strLocale == QLatin1String("zh_cn") || strLocale == QLatin1String("zh-tw")) {
         return QTextCodec::availableCodecs().contains("GB18030") ? QStringLiteral("GB18030")
                                                                  : QStringLiteral("GBK");
@@ -152,7 +152,8 @@ bool isMultiByteUtf8(const QByteArray &data)
     if (isAscii(data))
         return false;
     static const QTextCodec *const s_pUtf8 = QTextCodec::codecForName("UTF-8");
-    const int nPiece = 0x10000; // The text itself is not wanted; a large one would take memory.
+    // Drops the text at once, because only its soundness matters and a large text takes memory.
+    const int nPiece = 0x10000;
     QTextCodec::ConverterState state(QTextCodec::DefaultConversion);
     for (int n = 0; n < data.size() && state.invalidChars == 0; n += nPiece)
         s_pUtf8->toUnicode(data.constData() + n, qMin(nPiece, data.size() - n), &state);

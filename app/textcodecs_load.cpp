@@ -8,7 +8,7 @@ QByteArray withoutCutUtf8(const QByteArray &data)
 {
     for (int nBack = 1; nBack <= qMin(3, data.size()); ++nBack) {
         const auto c = uchar(data.at(data.size() - nBack));
-        if ((c & 0xc0) == 0x80) // A byte within a character.
+        if ((c & 0xc0) == 0x80) // A byte that continues a character.
             continue;
         const int nLength = c >= 0xf0 ? 4 : c >= 0xe0 ? 3 : c >= 0xc0 ? 2 : 1;
         return nLength > nBack ? data.chopped(nBack) : data;
@@ -33,7 +33,7 @@ SDetectedCodec detectCodec(const QByteArray &data)
     if (!detected.strName.isEmpty())
         return detected;
     const QString strName = detectCodecName(data);
-    // Its text was looked at above, and is none.
+    // This codec was tried above, and its text was not sound.
     const bool bWide =
         strName.startsWith(QLatin1String("UTF-16")) || strName.startsWith(QLatin1String("UTF-32"));
     return {bWide ? QString() : strName, isAscii(data)};
@@ -43,7 +43,7 @@ QString codecNameForData(const QString &strCurrent, const QByteArray &data)
 {
     if (strCurrent.isEmpty())
         return detectCodec(data).strName;
-    // An ASCII file, say, that has become UTF-8 since it was opened.
+    // For example an ASCII file that has become UTF-8 since it was opened.
     if (isMultiByteUtf8(data) && !isValidDecoding(codecForName(strCurrent), data))
         return QStringLiteral("UTF-8");
     return strCurrent;

@@ -12,7 +12,7 @@ namespace {
 struct SByteOrderMark
 {
     int nBytes = 0;
-    const char *szCodec = nullptr; // In the order of bytes that the mark tells.
+    const char *szCodec = nullptr; // Decodes in the byte order that the mark tells.
 };
 
 // The mark that the codec takes off the data.

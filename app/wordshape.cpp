@@ -35,11 +35,11 @@ bool isMisplaced(QChar c, QChar before, QChar after)
 {
     const bool bLetterBefore = isWordPart(before) && !isIdeographic(before);
     const bool bLetterAfter = isWordPart(after) && !isIdeographic(after);
-    if (isAmong(c, u"„‚¿¡")) // They open.
+    if (isAmong(c, u"„‚¿¡")) // These signs stand before a word.
         return bLetterBefore || after.isSpace();
-    if (isAmong(c, u"£€")) // They stand with numbers.
+    if (isAmong(c, u"£€")) // These signs stand beside numbers.
         return bLetterBefore || bLetterAfter;
-    if (isAmong(c, u"§©®±²³½")) // They end a word, or stand alone.
+    if (isAmong(c, u"§©®±²³½")) // These signs end a word or stand alone.
         return bLetterAfter;
     return bLetterBefore && bLetterAfter && !isAmong(c, u"’·\u00AD");
 }
@@ -79,7 +79,7 @@ bool isUnreadable(QChar c)
 
 bool isWordPart(QChar c)
 {
-    const QChar micro(0xB5); // A letter for Unicode.
+    const QChar micro(0xB5); // Unicode calls it a letter.
     return (c.isLetter() && c != micro) || c.isMark();
 }
 

@@ -2,23 +2,23 @@
 
 #include <QChar>
 
-// How characters outside ASCII stand in words, for telling a right reading of bytes from a wrong
-// one. Scores are logarithms of likelihoods, at most 0. Pure functions, thread-safe.
+// Judges how characters outside ASCII stand in words, which tells a right reading of bytes from a
+// wrong one. Scores are logarithms of likelihoods, at most 0. Pure functions, thread-safe.
 
-// Outside ASCII.
+// True for a character outside ASCII.
 bool isForeign(QChar c);
 
-// True for what no text holds: control characters outside ASCII, unassigned and private ones, and
-// U+FFFD.
+// True for characters that no text holds: control characters outside ASCII, unassigned and private
+// ones, and U+FFFD.
 bool isUnreadable(QChar c);
 
-// A letter, or a mark on one.
+// True for a letter or a mark on one.
 bool isWordPart(QChar c);
 
-// For a foreign character that is no part of a word: how usual it is, and whether it stands where
-// such signs stand.
+// The score of a foreign character that is no part of a word. It depends on how usual the character
+// is and whether it stands where such signs stand.
 double signScore(QChar c, QChar before, QChar after);
 
-// For a foreign letter: how unlikely it is beside its neighbours. A word keeps to one script, and
-// only its first letter is a capital.
+// The score of a foreign letter beside its neighbours. A word keeps to one script, and only its
+// first letter is a capital.
 double placeScore(QChar c, QChar before, QChar after);

@@ -96,7 +96,8 @@ private:
         return bReferences ? qMax<qint64>(nLength, g_nMaxEntityLength) : nLength;
     }
 
-    // Entities may be declared inside the values of others, unseen here: any value is possible.
+    // Values of entities may declare further entities, which this scan does not see: any value is
+    // possible.
     qint64 referencedLength(const QString &strReference) const
     {
         if (strReference.isEmpty())

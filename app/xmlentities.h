@@ -2,12 +2,11 @@
 
 #include <QString>
 
-// A bound on what the entities declared in an XML text expand to, found without parsing it.
+// Limits what the entities of an XML text expand to, without parsing the text.
 
 // True when the text declares entities for use in declarations ("<!ENTITY % ...").
 bool declaresParameterEntities(const QString &strText);
 
-// The position from which on there are too many entities, declared or used; -1 when they stay
-// within some ten million characters in all. Errs on the safe side, never on the other. Linear
-// time.
+// The position where the entities, declared or used, become too many; -1 when they expand to less
+// than some ten million characters in all. In doubt it reports too many. Takes linear time.
 int excessiveEntityPosition(const QString &strText);

@@ -81,9 +81,10 @@ int doctypeEnd(const QString &strText, int nPosition)
     return nPosition;
 }
 
-// Where a content model's brackets nest too deeply; -1 nowhere. A declaration ends at the next
-// angle bracket. A character reference of a parameter entity's value may be a bracket, too; and
-// such an entity may hold what moves the end of the document type's declaration.
+// The position where the brackets of a content model nest too deeply; -1 if they do not. A
+// declaration ends at the next angle bracket. Where parameter entities are declared, a character
+// reference counts as a bracket, because an entity's value may hold one so; and all of the text is
+// read, because an entity may move the end of the document type declaration.
 int deepModelPosition(const QString &strText)
 {
     const int nStart = doctypeStart(strText);

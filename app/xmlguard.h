@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// What a parser says of a text.
+// The result of parsing a text.
 struct SParseResult
 {
     QString strMessage; // Empty: the text parses.

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-// Fills a menu from a list of texts, in which "separator" makes a separator. Each other entry
-// calls the receiver's slot when it is chosen.
+// Fills a menu from a list of texts; "separator" makes a separator. Each other entry calls the
+// receiver's slot when it is chosen.
 template<class Receiver>
 void fillActionMenu(QMenu *pMenu, const QStringList &lstActions, const Receiver *pReceiver,
                     void (Receiver::*pSlot)())

@@ -15,7 +15,7 @@ QString shownName(const QString &strPath)
     return visibleName(QFileInfo(strPath).fileName());
 }
 
-// A trash keeps a note beside each file that tells where it came from.
+// A trash has a note for each file that tells where the file came from.
 void forgetTrashed(const QString &strPathInTrash)
 {
     const QFileInfo info(strPathInTrash);
@@ -53,7 +53,7 @@ CFileActions::SResult CFileActions::rename(const QString &strPath, const QString
 CFileActions::SResult CFileActions::moveToTrash(const QStringList &lstPaths)
 {
     SResult result;
-    // The trash of a new user's home lies in a folder that nobody may have made yet.
+    // For a new user the folder of the trash may not exist yet.
     QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
     for (const QString &strPath : lstPaths) {
         QString strInTrash;
@@ -84,7 +84,7 @@ CFileActions::SResult CFileActions::makeFolder(const QString &strFolder)
     const int nTries = 1000;
     for (int n = 1; n < nTries && !strFolder.isEmpty(); ++n) {
         const QString strName = n == 1 ? strFirst : QStringLiteral("%1 %2").arg(strFirst).arg(n);
-        if (!dir.mkdir(strName)) { // Also when there is one of that name.
+        if (!dir.mkdir(strName)) { // It may exist already.
             if (QFileInfo::exists(dir.filePath(strName)))
                 continue;
             break;
@@ -121,14 +121,15 @@ CFileActions::SResult CFileActions::takeBack()
     result.bDone = !result.lstMoves.isEmpty();
     if (result.strMessage.isEmpty())
         result.strMessage = tr("Taken back.");
-    m_lstDone.removeLast(); // What failed would fail again and hide what was done before it.
+    // An action that cannot be taken back would fail again and hide the earlier ones.
+    m_lstDone.removeLast();
     return result;
 }
 
 bool CFileActions::takeBackMove(Kind kind, const SMove &move, QString *pError)
 {
     if (kind == Kind::Folder) {
-        if (QDir().rmdir(move.strTo)) // An empty one only.
+        if (QDir().rmdir(move.strTo)) // Removes only an empty folder.
             return true;
         *pError = tr("The folder is not empty.");
         return false;

@@ -5,28 +5,27 @@
 #include <QStringList>
 #include <QVector>
 
-// What the folder browser does to files: renaming, moving to the trash, making folders. Nothing is
-// ever overwritten, and each can be taken back, the last first. GUI thread only, no widgets.
+// The folder browser's actions on files: renaming, moving to the trash, making folders. They never
+// overwrite anything, and each can be undone, the last first. GUI thread only, no widgets.
 class CFileActions
 {
     Q_DECLARE_TR_FUNCTIONS(CFileActions)
 
 public:
-    // One file or folder that changed its place. One side is empty for a folder that was made or
-    // went.
+    // A file or folder that was moved. One side is empty for a folder that was made or removed.
     struct SMove
     {
         QString strFrom;
         QString strTo;
     };
 
-    // What an action did, and how to tell the user: also when nothing happened.
+    // The outcome of an action, with a text for the user even when nothing happened.
     struct SResult
     {
         QVector<SMove> lstMoves;
         QString strMessage;
         bool bDone = false;
-        bool bRenamed = false; // The moves are renamings, here and not to or from the trash.
+        bool bRenamed = false; // The moves are renamings, and not moves to or from the trash.
     };
 
     // strName is the new name without a folder.
@@ -35,7 +34,7 @@ public:
     SResult moveToTrash(const QStringList &lstPaths);
     // Makes a folder under the first name that is free.
     SResult makeFolder(const QString &strFolder);
-    // Takes back the last of all these.
+    // Undoes the last of these actions.
     SResult takeBack();
 
 private:

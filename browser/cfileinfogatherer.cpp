@@ -7,8 +7,8 @@
 
 namespace {
 
-// QFileInfo asks the disk when a value is first wanted and remembers the answer in what all copies
-// share. Asked here, on the reader's thread, the GUI thread finds every answer ready.
+// QFileInfo asks the disk when a value is first needed, and all copies share the answer. The values
+// are asked for here, on the reader's thread, so that the GUI thread does not wait.
 void readAhead(const QFileInfo &info)
 {
     info.isDir();
@@ -77,8 +77,8 @@ void CFileInfoGatherer::fetch(const QString &strPath)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_strPath = QDir::toNativeSeparators(strPath);
-        // Under the same lock, so that a pass about to start either takes this path whole or is
-        // known to have missed it.
+        // Uses the same lock, so that a pass about to start either takes this path or is known to
+        // have missed it.
         m_bFetchMissed = isRunning();
         m_bAbort = m_bFetchMissed;
     }

@@ -15,7 +15,7 @@ public:
     CFileNode(const CFileNode &) = delete;
     CFileNode &operator=(const CFileNode &) = delete;
 
-    // The empty path gives an empty entry.
+    // An empty path gives an empty entry.
     void setPath(const QString &strPath);
     void setFileInfo(const QFileInfo &info);
 

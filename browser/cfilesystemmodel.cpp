@@ -4,6 +4,9 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFileInfo>
+#include <QFileInfoList>
+#include <QIcon>
 
 namespace {
 
@@ -34,8 +37,8 @@ CFileSystemModel::CFileSystemModel(QObject *pParent)
     m_pGatherer->setShowDrives(true);
     m_pGatherer->setSkipHidden(true);
     m_pGatherer->setDirsOnly(false);
-    // First on the reader's thread, then here. The lambda keeps what it fills alive: a stuck reader
-    // may outlive the model.
+    // Runs first on the reader's thread, then here. The lambda keeps its data alive, because a
+    // stuck reader may outlive the model.
     connect(
         m_pGatherer.get(), &CFileInfoGatherer::newListOfFiles2, m_pGatherer.get(),
         [pPrepared = m_pPrepared](const QString &, const QFileInfoList &lstFileInfos) {

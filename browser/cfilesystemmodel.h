@@ -5,7 +5,10 @@
 #include "browser/filelisting.h"
 
 #include <QAbstractItemModel>
+#include <QFileInfo>
+#include <QFileInfoList>
 #include <QHash>
+#include <QIcon>
 
 #include <memory>
 
@@ -23,8 +26,8 @@ public:
     // that is left behind.
     ~CFileSystemModel() override;
 
-    // Shows a folder, or a file's folder and remembers the file's name. The empty path stands for
-    // the drives.
+    // Shows a folder. For a file it shows the file's folder and remembers the name. The empty path
+    // stands for the drives.
     void setRootPath(const QString &strPath, bool bFetch);
     QString rootPath() const { return m_root.m_strPath; }
     CFileNode *rootNode() { return &m_root; }
@@ -40,15 +43,15 @@ public:
     bool scanSubDirs() const { return m_pGatherer->scanSubDirs(); }
     void stop() { m_pGatherer->stop(); }
 
-    // Brings the shown folder's rows up to date with a new listing of it: what is still there keeps
-    // its row's selection. False, and nothing changes, while the folder's first listing is under
-    // way or when another folder is shown.
+    // Brings the shown folder's rows up to date with a new listing of it: entries that still exist
+    // keep their selection. Gives false and changes nothing while the folder's first listing is on
+    // its way, or if another folder is shown.
     bool mergeListing(const QString &strPath, FileNodes nodes);
 
-    // The file icon provider's answer, asked for once for each kind of file.
+    // The icon of the file icon provider, which is asked once for each kind of file.
     QIcon iconOf(const QFileInfo &info) const;
     void refreshNode(CFileNode *pNode);
-    // Both take the node over. A null parent stands for the root.
+    // Both take ownership of the node. A null parent stands for the root.
     void insertNode(CFileNode *pNode, CFileNode *pParent, int nRow);
     void appendNode(CFileNode *pNode, CFileNode *pParent);
     void removeNode(CFileNode *pNode);
@@ -66,8 +69,8 @@ public:
     QVariant data(const QModelIndex &index, int nRole = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QStringList mimeTypes() const override;
-    // The addresses of the files, to be dropped elsewhere. Never to be moved: what takes a file
-    // must not take it away.
+    // The addresses of the files, for dropping them elsewhere. They can only be copied: a drop must
+    // never move a file away.
     QMimeData *mimeData(const QModelIndexList &lstIndexes) const override;
     Qt::DropActions supportedDragActions() const override;
     QVariant headerData(int nSection, Qt::Orientation orientation,
@@ -75,10 +78,10 @@ public:
 
 signals:
     void directoryLoaded(QString path);
-    // The reader is idle again although the last setRootPath() found it busy: the folder it asked
-    // for waits to be asked for once more.
+    // The reader is idle again, but the last setRootPath() found it busy, so its folder has to be
+    // asked for again.
     void fetchMissed();
-    // The reader is idle: what the last setRootPath() asked for is here, as far as it went.
+    // The reader is idle: the listing of the last setRootPath() has arrived, as far as it got.
     void fetchEnded();
 
 public slots:

@@ -6,6 +6,8 @@
 
 #include <QBrush>
 #include <QDateTime>
+#include <QFileInfo>
+#include <QIcon>
 #include <QMimeData>
 #include <QUrl>
 
@@ -89,8 +91,8 @@ QVariant CFileSystemModel::displayData(const CFileNode &node, int nColumn) const
     }
 }
 
-// A desktop's icons may hang on a file's content, which takes a look into the file: only what is
-// shown is looked up.
+// A desktop's icon may depend on the content of the file, which then has to be read. So icons are
+// looked up only for visible rows.
 QIcon CFileSystemModel::shownIcon(CFileNode *pNode) const
 {
     if (pNode->m_icon.isNull()) {

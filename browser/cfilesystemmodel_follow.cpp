@@ -1,6 +1,7 @@
-// The shown folder brought up to date, row by row, so that the view keeps what it has.
+// Brings the shown folder up to date row by row, so that the view keeps its selection and place.
 #include "browser/cfilesystemmodel.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QThreadPool>
 
@@ -14,8 +15,8 @@ bool isSameKind(const QFileInfo &a, const QFileInfo &b)
         && a.exists() == b.exists();
 }
 
-// Those of a long list take longer to go than the windows may be held up. Nobody else knows them,
-// and they have no icons yet.
+// Deletes the nodes of a long list on another thread, because it takes too long for the GUI thread.
+// Nobody else uses them, and they have no icons yet.
 void dropElsewhere(FileNodes nodes)
 {
     const auto pNodes = std::make_shared<FileNodes>(std::move(nodes));
@@ -31,8 +32,8 @@ bool CFileSystemModel::mergeListing(const QString &strPath, FileNodes nodes)
     removeMissing(nodes);
     insertNew(&nodes);
     dropElsewhere(std::move(nodes));
-    // Only now: nobody asks for a row's number in between, and to number after each change would
-    // take the square of the time.
+    // Numbers the rows only now. Nobody asks for a row's number in between, and numbering after
+    // each change would take quadratic time.
     for (int n = 0; n < m_root.m_lstChildren.size(); ++n)
         m_root.m_lstChildren.at(n)->m_nRow = n;
     if (!m_root.m_lstChildren.isEmpty()) {
@@ -75,7 +76,7 @@ void CFileSystemModel::removeRange(int nFirst, int nLast)
     qDeleteAll(lstGone);
 }
 
-// Both lists are sorted alike: a new entry's place is behind the known one before it.
+// Both lists have the same order, so a new entry's place is after the known entry before it.
 void CFileSystemModel::insertNew(FileNodes *pNodes)
 {
     const QList<CFileNode *> lstKnown = m_root.m_lstChildren;
@@ -88,7 +89,7 @@ void CFileSystemModel::insertNew(FileNodes *pNodes)
     for (size_t n = 0; n < pNodes->size();) {
         const int nKnown = known.value(pNodes->at(n)->m_strPath, -1);
         if (nKnown >= 0) {
-            // The old one goes with the node that is not needed.
+            // The old entry is deleted with the node that is not needed.
             std::swap(lstKnown.at(nKnown)->m_fileInfo, pNodes->at(n)->m_fileInfo);
             nRow = qMax(nRow, nKnown + nInserted + 1);
             ++n;

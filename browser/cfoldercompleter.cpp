@@ -7,7 +7,7 @@
 
 namespace {
 
-// Up to and with the last separator; empty for what is no whole path yet.
+// The path up to the last separator, which is included; empty if the path is not absolute yet.
 QString folderPart(const QString &strText)
 {
     const QString strPath = QDir::fromNativeSeparators(strText);

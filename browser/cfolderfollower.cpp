@@ -1,5 +1,8 @@
 #include "browser/cfolderfollower.h"
 
+#include <QFileInfo>
+#include <QFileInfoList>
+
 namespace {
 
 const int g_nRest = 200; // Milliseconds.
@@ -33,7 +36,7 @@ void CFolderFollower::follow(const QString &strFolder)
     watch();
 }
 
-// Watches a known folder again as well: the watcher forgets a folder that goes, and it may come
+// Also watches a known folder again: the watcher forgets a folder that is removed, and it may come
 // back.
 void CFolderFollower::watch()
 {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "browser/cfilenode.h"
 #include "browser/cfolderreader.h"
 #include "browser/filelisting.h"
 
 #include <QElapsedTimer>
+#include <QFileInfoList>
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QTimer>
@@ -22,9 +22,9 @@ public:
 
     // Native separators; the empty path follows nothing.
     void follow(const QString &strFolder);
-    // Lists it soon, as if it had changed.
+    // Lists the folder soon, as if it had changed.
     void schedule();
-    // Lists it now.
+    // Lists the folder now.
     void refresh();
     // The nodes of a listing, in order; see CPreparedListings.
     FileNodes takeNodes(const QFileInfoList &lstFileInfos);
@@ -39,6 +39,6 @@ private:
     CFolderReader m_reader;
     QFileSystemWatcher m_watcher;
     QTimer m_timerRest;
-    QElapsedTimer m_sinceFirst; // Of the changes that are not listed yet.
+    QElapsedTimer m_sinceFirst; // The time of the first change that is not listed yet.
     QString m_strFolder;
 };

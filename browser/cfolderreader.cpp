@@ -1,6 +1,7 @@
 #include "browser/cfolderreader.h"
 
 #include <QDeadlineTimer>
+#include <QFileInfoList>
 
 CFolderReader::CFolderReader(bool bDirsOnly, const Prepare &prepare, QObject *pParent)
     : QObject(pParent), m_pGatherer(std::make_unique<CFileInfoGatherer>())

@@ -2,6 +2,7 @@
 
 #include "browser/cfileinfogatherer.h"
 
+#include <QFileInfoList>
 #include <QObject>
 #include <QString>
 
@@ -26,8 +27,8 @@ public:
 
     void read(const QString &strFolder);
 
-    // Ends a reader and waits for it, at most 5000 ms. One that a dead network disk holds longer
-    // is left behind: to destroy it would end the program, to wait on would freeze it.
+    // Ends a reader and waits for it, at most 5000 ms. A reader that hangs longer on a dead network
+    // disk is left behind: destroying it would crash the program, and waiting would freeze it.
     static void release(std::unique_ptr<CFileInfoGatherer> pGatherer);
 
 signals:

@@ -19,7 +19,7 @@ public:
     QString rootPath() const;
     // True when one of the two lists has the keyboard focus.
     bool hasFocusList() const;
-    // Opens what is selected in the list that has the keyboard focus. False when nothing is.
+    // Opens what is selected in the list with the keyboard focus. False if nothing is selected.
     bool openSelection();
 
 signals:

@@ -8,8 +8,10 @@
 #include "widgets/typedkeys.h"
 
 #include <QDir>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListWidgetItem>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStyledItemDelegate>
@@ -19,7 +21,7 @@
 
 namespace {
 
-// The entries' texts are their paths, which somebody opens; what hides in them shows.
+// The entries' texts are the paths to open, but hidden characters in them are shown.
 class CFolderDelegate : public QStyledItemDelegate
 {
 public:
@@ -137,7 +139,7 @@ bool CWidgetFavoriteFolder::openSelection()
     emit dbClickFolder(strPath);
     delete m_pListFolders->takeItem(nRow);
     addFolder(strPath);
-    if (g_pSettings->getFavorFolders() != folders()) // Its equal is at the top already.
+    if (g_pSettings->getFavorFolders() != folders()) // The same folder is at the top already.
         store();
     return true;
 }

@@ -9,8 +9,8 @@ class QBoxLayout;
 class QModelIndex;
 class QPushButton;
 
-// The favourite folders, the last used first, kept in the settings (g_pSettings, which must outlive
-// this). Whether they still exist is not checked.
+// The favourite folders, the last used first. They are kept in g_pSettings, which must outlive this
+// object. Whether they still exist is not checked.
 class CWidgetFavoriteFolder : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     explicit CWidgetFavoriteFolder(QWidget *pParent = nullptr);
     ~CWidgetFavoriteFolder() override;
 
-    // Puts a folder at the top, from further down or anew, and selects it.
+    // Puts a folder at the top, whether it is new or further down, and selects it.
     void addFolder(const QString &strPath);
     bool listHasFocus() const;
     // Opens the first selected folder and moves it to the top. False when none is selected.

@@ -37,8 +37,10 @@ CWidgetFileList::CWidgetFileList(QWidget *pParent)
 
 CWidgetFileList::~CWidgetFileList()
 {
-    m_pComboFolder->disconnect(this); // Losing the focus as it goes, it may tell of an entry.
-    delete m_pFollower; // First: it waits for its reader, and nobody is to hear of that.
+    // When it loses the focus while it is destroyed, it may signal an entry.
+    m_pComboFolder->disconnect(this);
+    // Deleted first, because it waits for its reader, and nobody must hear of that.
+    delete m_pFollower;
     m_pModel->stop();
     // The model is deleted first. As a child of the view it would signal the removal of its rows to
     // a view that is half destroyed.
@@ -76,9 +78,10 @@ void CWidgetFileList::createFolderBox()
     m_pComboFolder->setMinimumContentsLength(8);
     m_pComboFolder->setAccessibleName(tr("Folder"));
     m_pComboFolder->lineEdit()->setAccessibleName(tr("Folder"));
-    // The box's own completer would make another folder of the history out of a path typed whole.
+    // The box's own completer would replace a completely typed path by another folder of the
+    // history.
     m_pComboFolder->setCompleter(nullptr);
-    // Choosing the entry that is already the current one is only `activated`.
+    // For the current entry the box signals only `activated`.
     new CFolderCompleter(m_pComboFolder->lineEdit());
     const auto pIndexChanged = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(m_pComboFolder, pIndexChanged, this, &CWidgetFileList::onBoxEntry);
@@ -104,7 +107,8 @@ void CWidgetFileList::createList()
     auto *pDelegate = new CFileItemDelegate(m_pListView);
     m_pListView->setItemDelegate(pDelegate);
     connect(pDelegate, &CFileItemDelegate::renameAsked, this, &CWidgetFileList::onRenameAsked);
-    m_pListView->setEditTriggers(QAbstractItemView::NoEditTriggers); // Only by the key here.
+    // Names are edited only after the key here.
+    m_pListView->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_pListView->setDragDropMode(QAbstractItemView::DragOnly);
     m_pListView->installEventFilter(this);
     connect(m_pListView, &QAbstractItemView::doubleClicked, this,
@@ -116,7 +120,7 @@ void CWidgetFileList::createList()
     m_pListView->setModel(m_pModel);
     connect(m_pListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CWidgetFileList::onFileSelectionChanged);
-    // A click faster than the reader leaves it without the last folder.
+    // If a click comes before the reader is ready, the last folder is not listed.
     connect(
         m_pModel, &CFileSystemModel::fetchMissed, this,
         [this] { m_pModel->setRootPath(m_strChosen, true); });
@@ -149,7 +153,7 @@ void CWidgetFileList::setRootPath(const QString &strPath)
     pHistory->setMinimumWidth(qMin(pHistory->sizeHintForColumn(0) + nScrollBar, 700));
 }
 
-// Leaves the history alone.
+// Does not change the history.
 void CWidgetFileList::enterFolder(const QString &strPath)
 {
     const QString strNative = QDir::toNativeSeparators(strPath);
@@ -172,7 +176,7 @@ void CWidgetFileList::stopListing()
     emit statusMessage(tr("The listing was stopped; not all of the folder is shown."));
 }
 
-// The box tells of one choice up to twice, and once more when the keyboard leaves it.
+// The box signals a choice up to twice, and once more when it loses the focus.
 void CWidgetFileList::onBoxEntry(int nIndex)
 {
     const QString strPath = m_pComboFolder->itemText(nIndex);
@@ -200,8 +204,8 @@ void CWidgetFileList::onUpper()
 {
     QDir dir(rootPath());
     dir.cdUp();
-    // A root is always listed again. With native separators that are not Qt's it never compares
-    // equal, and all systems shall behave alike.
+    // A root is always listed again. On Windows its native separators never compare equal to Qt's,
+    // and all systems shall behave alike.
     if (dir.absolutePath() == rootPath() && !dir.isRoot())
         return;
     const QString strLeft = rootPath();

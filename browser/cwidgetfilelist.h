@@ -38,12 +38,12 @@ signals:
     void rootPathChanged(QString strPath);
     // The first selected entry, once the selection has rested for 200 ms.
     void fileSelectionChanged(QString strPath);
-    // A file or folder has got another path, by a key of this list. What is open from there, or
-    // from below the folder, should follow.
+    // A key of this list has renamed or moved a file or folder. Documents from there, or from below
+    // the folder, should follow.
     void fileRenamed(QString strOld, QString strNew);
-    // A folder begins or ends to be listed.
+    // The listing of a folder begins or ends.
     void listing(bool bRuns);
-    // What a key of this list did, or why it did nothing.
+    // Tells what a key of this list did, or why it did nothing.
     void statusMessage(QString strText);
 
 public slots:
@@ -60,13 +60,13 @@ public slots:
     void openFileByDefault();
     void onClickAction(const QString &str);
     void onTimeOutFileSelectionChanged();
-    // Lets the current entry's name be edited in the list.
+    // Begins to edit the current entry's name in the list.
     void onRename();
     void onMoveToTrash();
     void onNewFolder();
-    // Takes back the last renaming, trash or new folder.
+    // Undoes the last renaming, move to the trash or new folder.
     void onTakeBack();
-    // Ends the listing that runs; what it has met is shown.
+    // Ends the running listing; the entries found so far are shown.
     void stopListing();
 
 protected:
@@ -95,9 +95,9 @@ private:
     QTimer m_timerSelection;
     QString m_strActExplore;
     QString m_strActOpenDefault;
-    QString m_strChosen; // The folder last chosen, by whichever way.
+    QString m_strChosen; // The folder that was last chosen in any way.
     CFolderFollower *m_pFollower = nullptr;
     CFileActions m_actions;
-    QString m_strToSelect; // An entry to be selected once it is listed.
-    bool m_bEditSelected = false; // And its name to be edited.
+    QString m_strToSelect; // An entry to select once it is listed.
+    bool m_bEditSelected = false; // And whose name is then edited.
 };

@@ -1,16 +1,20 @@
-// What the list does to files, and how it follows the disk.
+// The list's actions on files, and how it follows the disk.
 #include "browser/cwidgetfilelist.h"
 
+#include "browser/cfilenode.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cfolderfollower.h"
 #include "browser/cmenulistview.h"
 
+#include <QListView>
+#include <QModelIndexList>
+#include <QPersistentModelIndex>
 #include <QScrollBar>
 
 namespace {
 
-// Keeps the topmost row that is seen, and so what is under the mouse, where it is while rows come
-// and go above it. A list that shows its beginning goes on showing it.
+// Keeps the topmost visible row in place while rows are added and removed above it, so that the row
+// under the mouse stays. A list that shows its beginning continues to show it.
 class CScrollKeeper
 {
 public:
@@ -43,7 +47,7 @@ void CWidgetFileList::onListed(const QString &strFolder, const QFileInfoList &ls
         return;
     const CScrollKeeper keeper(m_pListView);
     if (!m_pModel->mergeListing(strFolder, m_pFollower->takeNodes(lstFileInfos)))
-        m_pFollower->schedule(); // Its first listing is under way.
+        m_pFollower->schedule(); // Its first listing is on its way.
 }
 
 void CWidgetFileList::onDirectoryLoaded(const QString &strFolder)
@@ -118,7 +122,7 @@ void CWidgetFileList::onTakeBack()
         m_strToSelect = result.lstMoves.constLast().strTo;
 }
 
-// What goes to the trash has not been renamed for whoever has it open: it is gone.
+// For an open document a file in the trash counts as deleted, not as renamed.
 void CWidgetFileList::report(const CFileActions::SResult &result)
 {
     for (const CFileActions::SMove &move : result.lstMoves)

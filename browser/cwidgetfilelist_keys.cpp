@@ -16,7 +16,7 @@ bool CWidgetFileList::eventFilter(QObject *pWatched, QEvent *pEvent)
     if (pWatched == m_pListView)
         return bOverride ? claimListKey(pKey) : handleListKey(*pKey);
     if (pWatched == m_pComboFolder->lineEdit() && !bOverride && isEnter(pKey)) {
-        // The edit leaves this key to its parent, and the box hands it back: Enter would count
+        // The edit passes this key to its parent, and the box passes it back, so Enter would count
         // twice.
         m_pComboFolder->lineEdit()->event(pKey);
         pKey->accept();
@@ -70,7 +70,7 @@ bool CWidgetFileList::claimListKey(QKeyEvent *pKey)
 
 bool CWidgetFileList::handleListKey(const QKeyEvent &key)
 {
-    // The field in which a name is edited hands on the Enter that ends it.
+    // The field in which a name is edited passes on the Enter that ends it.
     if (m_pListView->isEditing())
         return true;
     const SListKey *pListKey = listKey(key);

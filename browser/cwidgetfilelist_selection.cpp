@@ -2,10 +2,12 @@
 #include "browser/cwidgetfilelist.h"
 
 #include "app/commonhelpers.h"
+#include "browser/cfilenode.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cmenulistview.h"
 
 #include <QDesktopServices>
+#include <QModelIndexList>
 #include <QUrl>
 
 bool CWidgetFileList::listHasFocus() const
@@ -39,7 +41,7 @@ bool CWidgetFileList::openSelection()
         else if (strFolder.isEmpty())
             strFolder = pNode->m_strPath;
     }
-    // Only now: whoever opens a file may change the list.
+    // Emitted only now, because the receiver opens a file and may change the list.
     for (const QString &strFile : qAsConst(lstFiles))
         emit dbClickFile(strFile);
     if (!strFolder.isEmpty())

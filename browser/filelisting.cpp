@@ -9,7 +9,7 @@ namespace {
 
 struct SKey
 {
-    int nGroup; // Folders that are roots, folders, roots that are none, the rest.
+    int nGroup; // The order: folders that are roots, folders, roots that are no folders, the rest.
     QString strName;
     int nPosition;
 

@@ -9,18 +9,17 @@
 #include <memory>
 #include <vector>
 
-// The entries in the order of lessFileInfo(), equal ones as they came: what a stable sort with it
-// gives, but each entry's key is made once and not once a comparison. Thread-safe.
+// Sorts the entries stably in the order of lessFileInfo(). It is faster than a sort with that
+// function, because each entry's key is made once and not in each comparison. Thread-safe.
 QFileInfoList sortedFileInfos(const QFileInfoList &lstFileInfos);
 
 using FileNodes = std::vector<std::unique_ptr<CFileNode>>;
 
-// A node for each entry, in order. They belong to nobody's tree yet. Thread-safe.
+// A node for each entry, in order. The nodes are in no tree yet. Thread-safe.
 FileNodes createNodes(const QFileInfoList &lstFileInfos);
 
-// Nodes made ahead of their listing's arrival: the reader's thread makes them while the listing is
-// on its way to the model, since for a huge folder that takes longer than the windows may be held
-// up. Thread-safe.
+// Nodes that the reader's thread makes before their listing arrives at the model, because for a
+// huge folder that takes too long for the GUI thread. Thread-safe.
 class CPreparedListings
 {
 public:
@@ -32,7 +31,7 @@ public:
 private:
     struct SListing
     {
-        QFileInfoList lstFileInfos; // Shared with the listing under way, which tells them apart.
+        QFileInfoList lstFileInfos; // Shared with the listing on its way, by which they are found.
         FileNodes nodes;
     };
 

@@ -4,5 +4,5 @@ class QPushButton;
 class QString;
 class QWidget;
 
-// A flat button that shows only an icon; its text serves as tool tip and as accessible name.
+// A flat button that shows only an icon; its text is the tool tip and the accessible name.
 QPushButton *createFlatButton(const QString &strIcon, const QString &strText, QWidget *pParent);

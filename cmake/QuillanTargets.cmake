@@ -1,6 +1,6 @@
 # quillan_library(NAME SOURCES … LINK …): a static library that holds one folder.
 # Its headers are reached as "folder/header.h" from everywhere.
-# For scripts/mutate.py it is a shared one: then a changed line is one compilation and one link.
+# For scripts/mutate.py it is a shared library, so that a changed line needs one compilation and one link.
 function(quillan_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
   if(QUILLAN_MUTATED)
@@ -61,8 +61,8 @@ function(quillan_test name)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout} LABELS "${labels}")
 endfunction()
 
-# quillan_test_flags(NAME): where the address sanitizer watches the program, its tests go unwatched and
-# are built in half the time.
+# quillan_test_flags(NAME): with the address sanitizer only the program is instrumented. The tests are not,
+# which halves the time of their build.
 function(quillan_test_flags name)
   if(QUILLAN_SANITIZE MATCHES "address")
     target_compile_options(${name} PRIVATE -O0 -fno-sanitize=all)

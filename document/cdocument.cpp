@@ -31,8 +31,8 @@ SFileContent CDocument::read(const QString &strPath)
     return readForEditor(strPath);
 }
 
-// While another program writes the file, the bytes read last are shown; the later comparison tells
-// of the change.
+// While another program writes the file, the bytes read last are shown. A later comparison reports
+// the change.
 bool CDocument::isLoadable(const SFileContent &content)
 {
     return content.isWhole() || content.fault == SFileContent::Fault::Changing;
@@ -125,7 +125,7 @@ CResult CDocument::write(const QString &strPath)
     if (isReadOnly()) // An answer in the bar may come late.
         return refusedAsReadOnly();
     if (editor())
-        editor()->finishReplaceAll(); // Half of it is nothing to keep.
+        editor()->finishReplaceAll(); // Finish it, because nobody wants half of it saved.
     {
         const QScopedValueRollback<bool> saving(m_bSaving, true);
         QString strError;
@@ -135,7 +135,7 @@ CResult CDocument::write(const QString &strPath)
         if (strPath != path())
             setPath(strPath);
         if (strPath != path())
-            return CResult::done(); // A picture, which is written nowhere and keeps its file.
+            return CResult::done(); // Only a picture refuses the path; it keeps its file.
         markSaved();
         noteState(state, true);
     }
@@ -143,7 +143,7 @@ CResult CDocument::write(const QString &strPath)
     return CResult::done();
 }
 
-// What was just read or written is what the document stands on: older notices are answered by it.
+// The document is based on what was just read or written, which answers older notices.
 void CDocument::noteState(const SFileState &state, bool bWhole)
 {
     m_state = state;
@@ -158,7 +158,7 @@ void CDocument::fileRenamed(const QString &strPath)
 {
     setPath(strPath);
     emit renamed();
-    emit contentsChanged(); // A draft names the file, too.
+    emit contentsChanged(); // A draft holds the file's name, too.
 }
 
 void CDocument::checkFile()

@@ -31,7 +31,7 @@ public:
         None,
         Text, // A code editor of its own.
         Page, // The page editor.
-        Source, // The source editor of a page, standing in the page editor's tab.
+        Source, // The source editor of a page, in the page editor's tab.
         Image,
     };
 
@@ -53,9 +53,11 @@ public:
     virtual bool isModified() const { return false; }
     // False for pictures, and for a page that shows another address than its file's.
     virtual bool canSave() const { return false; }
-    // True while the document is created or filled; for a large text, until all of it has arrived.
+    // True while the document is created or filled. For a large text this lasts until all of it has
+    // arrived.
     bool isLoading() const { return m_bLoading || isArriving(); }
-    // A large text on its way: it can be read and copied, and nothing else. It is not modified.
+    // True while a large text arrives: it can be read and copied, and nothing else. It is not
+    // modified.
     virtual bool isArriving() const { return false; }
     // True when the document can be neither changed nor saved: it is still arriving, or it is not
     // shown as the file has it.
@@ -64,8 +66,8 @@ public:
     virtual bool stopArriving() { return true; }
     bool isSaving() const { return m_bSaving; }
 
-    // The file: each refusal leaves the document as it was.
-    // All of a file for a document. Pass on only what isLoadable().
+    // The file: each refusal leaves the document as it was. Reads all of a file for a document. Use
+    // the result only if it isLoadable().
     static SFileContent read(const QString &strPath);
     // True for a file so large that the user is asked before it is read.
     static bool isAboveCeiling(const QString &strPath);
@@ -74,20 +76,21 @@ public:
     static bool isLoadable(const SFileContent &content);
     // Shows what was read from the path.
     CResult load(const QString &strPath, const SFileContent &content);
-    // Reads the file again; what was typed since is dropped without a draft: ask first.
+    // Reads the file again. Ask the user first: text typed since is dropped without a draft.
     CResult reload();
-    // Refused without a text when the notice bar asks the user first; see saveWanted().
+    // If the notice bar has to ask the user first, the result is a refusal without a text; see
+    // saveWanted().
     CResult save();
     CResult saveAnyway();
-    // Under a new path, whatever lies there. Asks in the bar, too, when the text is not all of the
-    // file; see saveAsWanted().
+    // Saves under a new path and replaces any file there. Also asks in the bar if the text is not
+    // all of the file; see saveAsWanted().
     CResult saveAs(const QString &strPath);
     CResult saveAsAnyway(const QString &strPath);
 
-    // The file has another name now, and nothing else about it is new.
+    // The file was renamed and is otherwise unchanged.
     void fileRenamed(const QString &strPath);
 
-    // The file as it was when it was last read or written here.
+    // The state of the file when it was last read or written here.
     const SFileState &fileState() const { return m_state; }
     // False when saving would lose what could not be shown.
     bool isWhole() const { return m_bWhole; }
@@ -95,32 +98,32 @@ public:
     virtual bool isCodecSure() const { return true; }
     // The encoding that the text was read in; empty where there is no text.
     virtual QString codecName() const { return QString(); }
-    // Looks whether the file is still as it was last seen, and raises a notice when it is not.
+    // Checks whether the file is still as it was last seen, and raises a notice if it is not.
     void checkFile();
-    // The same, when another tab has just written it.
+    // The same, after another tab has written the file.
     void checkFileAfterSaveElsewhere();
 
     // Caret and scroll position of the user.
     virtual SPlace place() const;
-    // Goes back there. For a document that has just been loaded; a page goes when its load ends.
+    // Goes to that place in a document that was just loaded; in a page when its load ends.
     virtual void goToPlace(const SPlace &) { }
 
-    // What a draft must hold to bring the document back.
+    // A draft from which the document can be restored.
     SDraft draft() const;
-    // The same state of the text, which need not be worked out on this thread.
+    // The same, but another thread may make the text later.
     SDraft draftWithTextLater() const;
-    // Takes over what a draft holds: modified, and beginning from the file that the draft began
-    // from.
+    // Takes over a draft. The document is then modified, and based on the file from which the draft
+    // began.
     void restore(const SDraft &draft);
 
-    // Editing commands. They answer whether they could do anything.
+    // Editing commands. The result tells whether they could do anything.
     virtual CResult undo();
     virtual CResult redo();
     virtual CResult cut();
     virtual CResult copy();
     virtual CResult paste();
     virtual CResult selectAll();
-    // The next match; bBackward: against the direction that the settings give.
+    // Goes to the next match; bBackward reverses the direction of the settings.
     virtual CResult find(const QString &strText, bool bBackward);
     virtual CResult replace(const QString &strFind, const QString &strReplacement);
     virtual CResult replaceAll(const QString &strFind, const QString &strReplacement);
@@ -128,12 +131,12 @@ public:
     // Runs a QWebPage::WebAction, such as bold, on a page that is shown.
     virtual CResult format(int nWebAction);
 
-    // Only where the text is one: see CEditorDocument.
+    // Only for documents with a text: see CEditorDocument.
     virtual CResult setCodec(const QString &strName);
     CResult setReturnFormat(int nFormat);
     virtual void setLineWrap(bool bWrap);
 
-    // What is to be told about this document now.
+    // The present notice about this document.
     SNotice notice() const;
     void setNotice(Topic topic, const SNotice &notice);
     void clearNotice(Topic topic) { setNotice(topic, SNotice()); }
@@ -144,31 +147,30 @@ signals:
     // The text or the picture changed, or may have.
     void contentsChanged();
     void modifiedChanged(bool bModified);
-    // Another widget stands for the document now.
+    // The document is now shown by another widget.
     void widgetChanged(QWidget *pOld, QWidget *pNew);
     void loaded(); // For the first time.
-    // A large text: began or ended; how far; its first lines stand there.
+    // For a large text: its arrival began or ended; its progress; its first lines are shown.
     void arrivingChanged();
     void arrivalProgressed(qint64 nDone, qint64 nAll);
     void firstTextShown();
-    // It could not be read to its end. bPartial: only a part is there, close the document.
+    // It could not be read to its end. With bPartial only a part is there: close the document.
     void arrivalFailed(const QString &strReason, bool bPartial);
     void reloaded();
     void saved();
-    void renamed(); // The file, by this program.
+    void renamed(); // This program renamed the file.
     // The user answered that the document shall be saved all the same.
     void saveWanted();
     void saveAsWanted(QString strPath);
     void refreshWanted();
     void noticeChanged();
-    // A step is about to drop text that was not saved and that nobody asked about. The text stands
-    // still in the document.
+    // A step is about to drop unsaved text without asking. The document still has the text.
     void textDropping(SDraft::Reason reason);
-    // The document goes: its text is saved or may be lost.
+    // The document is being closed; its text is saved or may be lost.
     void closed();
 
 protected:
-    // strPath: where they will lie.
+    // strPath is the path of the file that will be written.
     virtual QByteArray bytesToSave(const QString &strPath) const;
     virtual void setPath(const QString &) { }
     // Called after the bytes have reached the disk.
@@ -181,10 +183,10 @@ protected:
     virtual void fillDraft(SDraft *) const { }
     virtual void showDraft(const SDraft &) { }
 
-    // The views have read the file anew by themselves.
+    // The views have read the file again by themselves.
     void onFileRead(const SFileContent &content);
     void dropText(SDraft::Reason reason);
-    // The document stands on the file as it is in that state.
+    // The document is now based on the file in that state.
     void noteState(const SFileState &state, bool bWhole);
     void setWhole(bool bWhole) { m_bWhole = bWhole; }
 
@@ -201,5 +203,5 @@ private:
     bool m_bLoading = false;
     bool m_bSaving = false;
     bool m_bChangeTold = false;
-    bool m_bSavedElsewhere = false; // By another tab of this window.
+    bool m_bSavedElsewhere = false; // Another tab of this window has saved the file.
 };

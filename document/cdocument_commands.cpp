@@ -133,7 +133,7 @@ CResult CDocument::setReturnFormat(int nFormat)
     if (isReadOnly())
         return refusedAsReadOnly();
     pEditor->setReturnFormat(nFormat);
-    pEditor->setModified(true); // What would be saved is no longer what lies on the disk.
+    pEditor->setModified(true); // A save would no longer write what is on the disk.
     return CResult::done();
 }
 

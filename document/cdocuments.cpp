@@ -1,5 +1,7 @@
 #include "document/cdocuments.h"
 
+#include "app/cdraftstore.h"
+#include "app/filestate.h"
 #include "app/platform.h"
 #include "document/cpagedocument.h"
 #include "web/ceditwebview.h"
@@ -7,10 +9,11 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QSessionManager>
+#include <QWebView>
 
 namespace {
 
-// Closing it would lose what no file holds any more.
+// True if closing it would lose text that no file holds any more.
 bool isLastCopy(const CDocument &document)
 {
     return document.canSave() && !document.isModified() && document.fileState().bExists
@@ -38,7 +41,7 @@ CDocuments::~CDocuments()
 
 void CDocuments::clear()
 {
-    m_drafts.flush(); // What the end of the program drops can be recovered.
+    m_drafts.flush(); // Text that is dropped at the end of the program can be recovered.
     m_drafts.disconnect();
     while (!m_lstDocuments.isEmpty())
         delete m_lstDocuments.takeLast();
@@ -109,7 +112,7 @@ void CDocuments::endLoad(const QString &strPath)
 
 void CDocuments::endLoadWith(CPageDocument *pDocument, const QString &strPath)
 {
-    auto *pNote = new QObject(pDocument); // Goes with the load, or with the document.
+    auto *pNote = new QObject(pDocument); // Deleted with the load or with the document.
     connect(pNote, &QObject::destroyed, this, [this, strPath] { endLoad(strPath); });
     connect(pDocument->page(), &QWebView::loadFinished, pNote, &QObject::deleteLater);
 }
@@ -135,7 +138,7 @@ void CDocuments::watchFiles()
     m_watch.setFiles(lstPaths);
 }
 
-// The same file may stand in another tab, under this path or another spelling of it.
+// The same file may be open in another tab, under this path or another spelling of it.
 void CDocuments::onSaved(const CDocument *pDocument)
 {
     watchFiles();

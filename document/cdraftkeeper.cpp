@@ -7,7 +7,7 @@
 namespace {
 
 const int g_nDelay = 3000; // Milliseconds after the last change.
-const int g_nLongestDelay = 20000; // And while the typing never pauses.
+const int g_nLongestDelay = 20000; // The longest wait while somebody types without a pause.
 
 } // namespace
 
@@ -97,7 +97,7 @@ void CDraftKeeper::flush()
 void CDraftKeeper::finish()
 {
     m_pool.waitForDone();
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall); // How each write went.
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall); // The outcome of each write.
 }
 
 void CDraftKeeper::writeDue()
@@ -112,7 +112,7 @@ void CDraftKeeper::writeDue()
         if (pDocument->isModified())
             writeEntry(*pDocument, &m_entries[pDocument]);
         else
-            onSettled(pDocument); // Undone.
+            onSettled(pDocument); // The change was undone.
     }
 }
 
@@ -131,7 +131,7 @@ void CDraftKeeper::write(const SDraft &wanted)
     m_pool.start([this, draft = wanted]() mutable {
         if (draft.textLater)
             draft.strText = draft.textLater();
-        draft.textLater = nullptr; // It holds on to a state of the text.
+        draft.textLater = nullptr; // It keeps a state of the text in memory.
         QString strFailure;
         if (!m_store.write(draft, &strFailure) && strFailure.isEmpty())
             strFailure = tr("The draft could not be written.");
@@ -141,8 +141,8 @@ void CDraftKeeper::write(const SDraft &wanted)
     });
 }
 
-// What could not be written is tried again in the next round; where somebody removed the folder,
-// all drafts are written again.
+// A failed write is repeated in the next round. If somebody removed the folder, all drafts are
+// written again.
 void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
 {
     if (m_nGeneration != m_store.generation()) {

@@ -10,8 +10,8 @@
 
 class CDocument;
 
-// Keeps a draft on the disk for every modified document, a few seconds after its last change and
-// off the thread on which the user types. Listens to the documents' signals.
+// Keeps a draft on the disk for every modified document. It is written a few seconds after the last
+// change, on another thread. The class listens to the documents' signals.
 class CDraftKeeper : public QObject
 {
     Q_OBJECT
@@ -22,25 +22,25 @@ public:
     ~CDraftKeeper() override;
 
     void add(CDocument *pDocument);
-    // The document takes over this draft, which is on the disk already.
+    // The document takes over a draft that is already on the disk.
     void adopt(CDocument *pDocument, const SDraft &draft);
 
-    // Keeps what the document holds now under a draft of its own, which no later save removes.
+    // Keeps the document's present text in a separate draft, which no later save removes.
     SDraft keep(const CDocument &document, SDraft::Reason reason);
     void discard(const SDraft &draft);
 
-    // Writes what is due, now. For the end of the program, which may drop unsaved documents, and
-    // before anything that can end it.
+    // Writes all due drafts now. Called at the end of the program, which may drop unsaved
+    // documents, and before anything that can crash it.
     void flush();
-    // Waits for what is being written; writes nothing more.
+    // Waits for running writes, and writes nothing more.
     void finish();
 
-    // What an earlier run left unsaved, without the texts; see CDraftStore::takeAbandoned().
+    // The drafts of earlier runs, without the texts; see CDraftStore::takeAbandoned().
     QVector<SDraft> takeAbandoned() { return m_store.takeAbandoned(CDraftStore::Parts::Head); }
     // Adds the text; false when it cannot be read.
     bool read(SDraft *pDraft) { return m_store.read(pDraft->strId, pDraft); }
 
-    // False while drafts cannot be written; why() says why, in the system's words.
+    // False while drafts cannot be written; why() gives the system's reason.
     bool isWorking() const { return m_strFailure.isEmpty(); }
     QString why() const { return m_strFailure; }
 
@@ -51,7 +51,7 @@ signals:
 private:
     struct SEntry
     {
-        QString strId; // Empty: no draft yet.
+        QString strId; // Empty while there is no draft.
         bool bDue = false;
     };
 
@@ -64,9 +64,9 @@ private:
 
     CDraftStore m_store;
     QHash<const CDocument *, SEntry> m_entries;
-    QHash<QString, SDraft> m_unwritten; // Kept, and not on the disk yet. By id.
+    QHash<QString, SDraft> m_unwritten; // Drafts that are kept but not yet on the disk, by id.
     QString m_strFailure;
-    int m_nGeneration = 0; // Of the store's folder.
+    int m_nGeneration = 0; // The number of the store's folder.
     QTimer m_timer;
     QElapsedTimer m_sinceFirstChange;
     QThreadPool m_pool; // One thread: the writes of a draft stay in order.

@@ -3,6 +3,8 @@
 #include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
 
+#include <QPlainTextEdit>
+
 CEditorDocument::CEditorDocument(QWidget *pViewParent) : m_pEditor(new CHighlightEdit(pViewParent))
 {
     connect(m_pEditor, &QPlainTextEdit::modificationChanged, this, &CDocument::modifiedChanged);
@@ -98,7 +100,7 @@ CResult CEditorDocument::setCodec(const QString &strName)
         if (showInCodecInBackground(strName))
             return CResult::done();
         const SFileContent content = read(path());
-        // Another program's version is read by Refresh, not by the way.
+        // Only Refresh reads another program's version.
         if (content.isWhole() && content.state == fileState()) {
             m_pEditor->readIn(strName, content.bytes);
             setWhole(m_pEditor->isWhole());

@@ -30,15 +30,15 @@ public:
     bool isCodecSure() const override;
     QString codecName() const override;
 
-    // Shows the file in that codec: from its own bytes while nothing was typed, else from the bytes
-    // that the text has in the codec it was read in.
+    // Shows the file in that codec. While nothing was typed, it decodes the file's bytes, else the
+    // bytes of the text in its old codec.
     CResult setCodec(const QString &strName) override;
 
     // A large file: shows it piece by piece while the event loop runs. Ends with loaded() or
     // arrivalFailed().
     void loadInBackground(const QString &strPath);
 
-    // While the text arrives: the place to go to afterwards.
+    // The place to go to when the text has arrived.
     SPlace place() const override;
     void goToPlace(const SPlace &place) override;
 
@@ -65,7 +65,7 @@ private:
     bool m_bFirstTime = false; // Nothing was shown before the text that arrives.
     QString m_strArriving; // The path that is read.
     bool m_bAsking = false; // Whether a long line is to be shown whole.
-    bool m_bKeepsPlace = false; // It is read again.
+    bool m_bKeepsPlace = false; // The file is read again.
     std::optional<SPlace> m_goal; // Of a text that arrives.
     QPointer<CHighlightEdit> m_pEditor;
 };

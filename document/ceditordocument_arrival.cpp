@@ -3,6 +3,7 @@
 
 #include "app/plaintext.h"
 #include "editor/chighlightedit.h"
+#include "editor/longlines.h"
 #include "editor/textreading.h"
 
 #include <QLocale>

@@ -6,8 +6,8 @@
 
 class QStringList;
 
-// Tells that something may have happened to one of the files it watches, also when a file or its
-// folder comes and goes. What did happen, the documents find out.
+// Tells that something may have happened to one of the watched files, also when a file or its
+// folder is removed or comes back. The documents find out what happened.
 class CFileWatch : public QObject
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ class CFileWatch : public QObject
 public:
     explicit CFileWatch(QObject *pParent = nullptr);
 
-    // Replaces the watched files. Call it again after each signal: a file that is replaced or
-    // deleted drops out, and its folder tells when it is back.
+    // Replaces the watched files. Call it again after each signal: the watch loses a file that is
+    // replaced or deleted, and the file's folder tells when it is back.
     void setFiles(const QStringList &lstPaths);
 
 signals:
@@ -25,5 +25,5 @@ signals:
 
 private:
     QFileSystemWatcher m_watcher;
-    QTimer m_timer; // Lets a burst end first.
+    QTimer m_timer; // Waits for the end of a burst.
 };

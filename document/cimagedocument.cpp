@@ -32,7 +32,8 @@ QString CImageDocument::title() const
 
 void CImageDocument::loadPicture(const QString &strPath)
 {
-    noteState(fileStateOf(strPath), true); // Before it is read: a later change is then noticed.
+    // Taken before reading, so that a later change is noticed.
+    noteState(fileStateOf(strPath), true);
     m_pImage->setImageFile(strPath);
     emit loaded();
 }

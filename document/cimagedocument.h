@@ -4,7 +4,7 @@
 
 #include <QPointer>
 
-// A picture, which is looked at and never changed.
+// A picture, which is shown and never changed.
 class CImageDocument : public CDocument
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     QString path() const override;
     QString title() const override;
 
-    // A file that holds no picture shows as an empty view: no refusal.
+    // A file that holds no picture gives an empty view and no refusal.
     void loadPicture(const QString &strPath);
 
 protected:

@@ -8,8 +8,10 @@
 #include "web/ceditwebview.h"
 #include "web/pagesource.h"
 
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QWebFrame>
+#include <QWebView>
 
 CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pViewParent))
 {
@@ -37,11 +39,11 @@ CPageDocument::CPageDocument(QWidget *pViewParent) : m_pPage(new CEditWebView(pV
 
 CPageDocument::~CPageDocument()
 {
-    // A page that is deleted while it loads says so; nobody is left to answer.
+    // A page that is deleted while it loads emits signals, which nobody may answer any more.
     m_pPage->page()->disconnect(this);
     m_pPage->sourceEdit()->disconnect(this);
     m_pPage->disconnect(this);
-    delete m_pPage; // And its source editor with it.
+    delete m_pPage; // This deletes its source editor, too.
 }
 
 QWidget *CPageDocument::widget() const
@@ -155,12 +157,12 @@ QByteArray CPageDocument::bytesToSave(const QString &strPath) const
 
 void CPageDocument::setPath(const QString &strPath)
 {
-    m_pPage->setFilePath(strPath); // Passes it on to its source editor.
+    m_pPage->setFilePath(strPath); // The page passes it on to its source editor.
 }
 
 void CPageDocument::markSaved()
 {
-    m_pPage->markSaved(); // And its source editor.
+    m_pPage->markSaved(); // This includes its source editor.
 }
 
 CResult CPageDocument::loadDecoded(const QString &strPath, const SPageSource &source)
@@ -184,7 +186,7 @@ CResult CPageDocument::showContent(const QString &strPath, const SFileContent &c
 CResult CPageDocument::showAgain(const SFileContent &content)
 {
     if (!m_pPage->showsOwnAddress())
-        return CResult::doneIf(m_pPage->reload()); // Which says why in the status bar.
+        return CResult::doneIf(m_pPage->reload()); // The page shows the reason in the status bar.
     m_pPage->reloadSource(content, m_pPage->chosenCodecName());
     return CResult::done();
 }
@@ -202,7 +204,7 @@ void CPageDocument::fillDraft(SDraft *pDraft) const
         pDraft->strText = m_strDropped;
         return;
     }
-    // The draft has what a save would write, so that the source survives a recovery as well.
+    // The draft holds what a save would write, so that a recovery restores the source as well.
     pDraft->strText =
         m_bSource ? m_pPage->sourceEdit()->getText() : QString::fromUtf8(m_pPage->htmlForSaving());
 }
@@ -211,7 +213,7 @@ void CPageDocument::showDraft(const SDraft &draft)
 {
     if (!draft.strPath.isEmpty())
         m_pPage->setFilePath(draft.strPath);
-    m_pPage->setModified(true); // Before: the end of the load puts back what stood at its start.
+    m_pPage->setModified(true); // Set before the load, whose end restores the flag of its start.
     m_pPage->setHtml(draft.strText, QUrl::fromLocalFile(draft.strPath));
     m_pPage->setModified(true);
 }

@@ -27,16 +27,16 @@ public:
     bool canSave() const override;
     QString codecName() const override;
 
-    // The first load, with what was decoded already.
+    // The first load, with a source that was decoded already.
     CResult loadDecoded(const QString &strPath, const SPageSource &source);
-    // Changes between the page and its source; widgetChanged() tells when the other one can be
+    // Switches between the page and its source; widgetChanged() tells when the other one can be
     // shown.
     void showSource(bool bSource);
 
     SPlace place() const override;
     void goToPlace(const SPlace &place) override;
 
-    // These commands go to the source while it is shown, else to the page.
+    // These commands work on the source while it is shown, else on the page.
     CResult undo() override;
     CResult redo() override;
     CResult cut() override;
@@ -47,7 +47,7 @@ public:
     CResult replace(const QString &strFind, const QString &strReplacement) override;
     CResult replaceAll(const QString &strFind, const QString &strReplacement) override;
     QString selectedText() const override;
-    // Works while the source is shown, as for a text. If nothing was typed, the page is read anew.
+    // Works while the source is shown, as for a text. If nothing was typed, the page is read again.
     CResult setCodec(const QString &strName) override;
     CResult format(int nWebAction) override;
     void setLineWrap(bool bWrap) override;
@@ -70,6 +70,6 @@ private:
 
     QPointer<CEditWebView> m_pPage;
     const SPageSource *m_pDecoded = nullptr; // While loadDecoded() runs.
-    QString m_strDropped; // While it is handed on: a text that is no more in the page.
+    QString m_strDropped; // While it is signalled: a text that is no longer in the page.
     bool m_bSource = false; // Shown in the page's place.
 };

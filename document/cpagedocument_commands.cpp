@@ -1,9 +1,11 @@
-// Commands of a page. With the source in front they are those of its editor.
+// Commands of a page. While the source is shown, they go to its editor.
 #include "document/cpagedocument.h"
 
 #include "app/textcodecs.h"
 #include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
+
+#include <QWebPage>
 
 CResult CPageDocument::run(int nWebAction)
 {
@@ -80,7 +82,7 @@ CResult CPageDocument::setCodec(const QString &strName)
         return CResult::refused();
     if (!isModified() && !path().isEmpty() && canSave()) {
         const SFileContent content = read(path());
-        // Another program's version is read by Refresh, not by the way.
+        // Only Refresh reads another program's version.
         if (content.isWhole() && content.state == fileState()) {
             m_pPage->reloadSource(content, strName);
             setWhole(isContentWhole(content));

@@ -192,7 +192,7 @@ void CRecovery::offerReplaced(CDocument *pDocument, const SDraft &draft)
         if (!pWhere)
             return;
         pWhere->clearNotice(CDocument::Topic::Dropped);
-        if (pWhere->isModified()) // Typed since: that is kept in its turn.
+        if (pWhere->isModified()) // Text typed since then is kept as well.
             emit pWhere->textDropping(SDraft::Reason::Refreshed);
         pWhere->restore(draft);
         m_pKeeper->adopt(pWhere, draft);

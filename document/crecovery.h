@@ -9,8 +9,8 @@
 class CDocument;
 class CDraftKeeper;
 
-// Offers what would be lost otherwise: drafts that an earlier run left, and text that a step of
-// this run dropped. Each offer is a notice; unanswered, it comes again at the next start.
+// Offers text that would be lost otherwise: drafts that an earlier run left, and text that a step
+// of this run dropped. Each offer is a notice; unanswered, it comes again at the next start.
 class CRecovery : public QObject
 {
     Q_OBJECT
@@ -19,27 +19,28 @@ public:
     // pKeeper is not owned.
     CRecovery(CDraftKeeper *pKeeper, QObject *pParent);
 
-    // Something else that belongs to no open document. dismiss() ends it.
+    // Adds another notice that belongs to no open document. dismiss() ends it.
     void offer(const SNotice &notice);
-    // What an earlier run left, if anything.
+    // Offers what an earlier run left, if anything.
     void offerAbandoned();
-    // Files that a save in place left half written when the program was ended.
+    // Offers files that a save in place left half written when the program was ended.
     void offerCutOff();
-    // What a document held that is being closed.
+    // Offers the text of a document that is being closed.
     void offerClosed(const SDraft &draft);
-    // What an open document held before its text was replaced. The offer is the document's notice.
+    // Offers the text that an open document had before it was replaced. The offer is the document's
+    // notice.
     void offerReplaced(CDocument *pDocument, const SDraft &draft);
 
     // The offer that belongs to no open document; empty for none.
     SNotice notice() const;
-    // The user closed the bar: the next offer is shown.
+    // The user closed the bar, so the next offer is shown.
     void dismiss();
 
 signals:
     void noticeChanged();
-    // Open a document for the draft: it lies on the disk until that is saved.
+    // Asks to open a document for the draft, which stays on the disk until the document is saved.
     void recoverWanted(SDraft draft);
-    // An answer could not be carried out: one line for the status bar.
+    // An answer could not be carried out; one line for the status bar.
     void failed(QString strText);
 
 private:
@@ -52,5 +53,5 @@ private:
     CDraftKeeper *m_pKeeper;
     SNotice m_noticeDrafts; // While no draft can be written.
     QList<SNotice> m_lstNotices;
-    QVector<SDraft> m_lstToRecover; // The user has said so.
+    QVector<SDraft> m_lstToRecover; // The user has asked for it.
 };

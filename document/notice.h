@@ -6,18 +6,18 @@
 
 #include <functional>
 
-// One thing to tell the user about a document, or about the program, without stopping the work.
+// A message to the user about a document or the program that does not interrupt the work.
 struct SNotice
 {
     struct SChoice
     {
         QString strText;
-        std::function<void()> chosen; // For all of the items.
-        // For the chosen ones of lstItems, by their numbers. Needed where there are items.
+        std::function<void()> chosen; // Called for all of the items.
+        // Called with the numbers of the chosen items of lstItems. Needed if there are items.
         std::function<void(const QList<int> &)> chosenOf = {};
     };
 
-    QString strText; // Empty: nothing to tell.
+    QString strText; // Empty if there is no notice.
     QList<SChoice> lstChoices;
-    QStringList lstItems = {}; // Of which the user may choose some; empty for none.
+    QStringList lstItems = {}; // Items of which the user may choose some; may be empty.
 };

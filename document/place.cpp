@@ -12,7 +12,7 @@ void notePlace(const CHighlightEdit &editor, SPlace *pPlace)
                       editor.cursorForPosition(QPoint(0, 0)).blockNumber()};
 }
 
-// The scroll bar counts lines as they are shown, wrapped ones among them.
+// The scroll bar counts shown lines, including wrapped ones.
 void goToPlace(CHighlightEdit *pEditor, const SPlace &place)
 {
     pEditor->goToPosition(place.nCaret);

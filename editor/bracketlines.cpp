@@ -2,11 +2,12 @@
 
 #include "highlight/ctextdocument.h"
 #include "highlight/highlightformats.h"
+#include "highlight/highlightline.h"
 
 namespace {
 
 const int g_nCharsAtOnce = 64 * 1024;
-const int g_nLinesBack = 32; // What a batch of the store holds.
+const int g_nLinesBack = 32; // The most lines in a batch of the store.
 
 } // namespace
 
@@ -36,7 +37,7 @@ bool CShownLines::goTo(int nLine)
 
 QBitArray commentsAndStrings(const QTextBlock &block)
 {
-    // The two roles look the same.
+    // The two roles have the same look.
     static const QTextCharFormat s_comment = CHighlightRules::format(HighlightRole::Comment);
     QBitArray inside(block.length());
     const auto *pDocument = qobject_cast<const CTextDocument *>(block.document());
@@ -75,7 +76,7 @@ bool CStoredLines::goTo(int nLine)
         const bool bBack = nLine < m_nLine;
         m_batch = m_store.fetch(m_nVersion, bBack ? qMax(nLine - g_nLinesBack + 1, 0) : nLine,
                                 CLineStore::Any);
-        if (!holds(nLine)) // Long lines: the batch has ended before.
+        if (!holds(nLine)) // With long lines the batch ended earlier.
             m_batch = m_store.fetch(m_nVersion, nLine, CLineStore::Any);
         if (!holds(nLine))
             return false;

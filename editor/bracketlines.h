@@ -8,15 +8,15 @@
 
 #include <functional>
 
-// The characters of a block that its colours show as comments or strings, and the line's end. GUI
-// thread.
+// Marks the characters of a block that its colours show as comments or strings, and the line's end.
+// GUI thread.
 QBitArray commentsAndStrings(const QTextBlock &block);
 
-// The lines of a document that are shown, with the colours that they have. GUI thread.
+// The visible lines of a document, with their present colours. GUI thread.
 class CShownLines : public CBracketLines
 {
 public:
-    // The lines from the first block to the last, both of one document.
+    // Takes the lines from the first block to the last, both of one document.
     CShownLines(const QTextBlock &first, const QTextBlock &last);
 
     bool goTo(int nLine) override;
@@ -28,15 +28,15 @@ private:
     int m_nFirst;
     int m_nLast;
     QTextBlock m_block;
-    int m_nCharsLeft; // What is looked through without a pause that is felt.
+    int m_nCharsLeft; // As many lines as can be searched without a noticeable pause.
 };
 
-// All lines of the highlighter's copy, coloured anew where it matters. Any thread, but one at a
-// time.
+// All lines of the highlighter's copy, coloured again where the colours matter. Any thread, but one
+// at a time.
 class CStoredLines : public CBracketLines
 {
 public:
-    // Out of reach is everything once the version has passed or isCancelled says true.
+    // Every line is out of reach once the version is no longer current or isCancelled gives true.
     CStoredLines(const CLineStore &store, uint nVersion, const CHighlightRules &rules,
                  const std::function<bool()> &isCancelled);
 

@@ -25,11 +25,11 @@ public:
     bool isForward() const { return m_bForward; }
 
     enum Step { GoOn, Partner, Stop };
-    // Looks at the current line from that place on; at the partner it is where *pInLine stays.
+    // Searches the current line from that place on. If the partner is found, *pInLine is its place.
     Step lookThrough(CBracketLines *pLines, int *pInLine)
     {
         const QString strText = pLines->text();
-        // A line without such a bracket need not be looked at for comments.
+        // A line without such a bracket need not be searched for comments.
         if (!m_bInside && !strText.contains(m_cBracket) && !strText.contains(m_cPartner))
             return GoOn;
         const QBitArray inside = pLines->inside();
@@ -37,7 +37,7 @@ public:
         for (int &n = *pInLine; n >= 0 && n < strText.length(); n += nBy) {
             if (isInside(inside, n) != m_bInside) {
                 if (m_bInside)
-                    return Stop; // The comment or string is over.
+                    return Stop; // The comment or string ends here.
                 continue;
             }
             if (strText.at(n) == m_cBracket)

@@ -3,9 +3,9 @@
 #include <QBitArray>
 #include <QString>
 
-// Which bracket belongs to which, without a widget.
+// Finds the partners of brackets, without a widget.
 
-// Lines for the search, asked for one after the other, in either direction.
+// Gives the search its lines one after the other, in either direction.
 class CBracketLines
 {
 public:
@@ -14,8 +14,8 @@ public:
     // Makes that line the current one; false when it is out of reach.
     virtual bool goTo(int nLine) = 0;
     virtual QString text() const = 0;
-    // A bit for each character of the current line that belongs to a comment or string; bits that
-    // are missing are 0.
+    // A bit for each character of the current line, set inside comments and strings. Missing bits
+    // are 0.
     virtual QBitArray inside() = 0;
 };
 
@@ -24,7 +24,7 @@ struct SBracketMatch
     enum Result {
         Found,
         None, // The bracket has no partner.
-        Beyond // The lines have come to an end before the text has.
+        Beyond // The lines end before the text does.
     };
     Result result = None;
     int nLine = -1;
@@ -37,6 +37,7 @@ struct SBracketMatch
 
 bool isBracket(QChar c);
 
-// The partner of the bracket there: outside of comments and strings one that is outside, too;
-// inside, one in the same comment or string. Other kinds of brackets do not count.
+// Finds the partner of the bracket at that place. If it is outside of comments and strings, so is
+// its partner; otherwise both are in the same comment or string. Other kinds of brackets do not
+// count.
 SBracketMatch matchingBracket(CBracketLines *pLines, int nLineCount, int nLine, int nInLine);

@@ -15,7 +15,7 @@ bool isWide(ushort u)
         || (u >= 0xFFE0 && u <= 0xFFE6);
 }
 
-// What a character adds; a pair of surrogates together takes two.
+// The columns that a character adds; a pair of surrogates takes two together.
 int columnsOf(QChar c, int nColumn)
 {
     if (c == QLatin1Char('\t'))

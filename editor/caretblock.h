@@ -17,11 +17,12 @@ struct SCaretBlock
 };
 
 int shownColumn(const QString &strLine, int nPlace);
-// The place nearest before the column, or at it; the line's end behind it.
+// The place at the column, or the nearest one before it. A column after the line's end gives the
+// line's end.
 int placeAtColumn(const QString &strLine, int nColumn);
 
-// One caret for each line that reaches the rectangle, and for the lines of its corners; the main
-// one in the line of the corner that moves.
+// One caret for each line that reaches the rectangle, and for the lines of its corners. The main
+// one is in the line of the corner that moves.
 CCarets caretsOfBlock(const CTextLines &lines, const SCaretBlock &block);
 
 // The most columns that a line of the block has.
@@ -30,6 +31,6 @@ int widestColumn(const CTextLines &lines, const SCaretBlock &block);
 // The block between a caret's two ends.
 SCaretBlock blockOfCaret(const CTextLines &lines, const SCaret &caret);
 
-// One more caret in the column of the last one (the first one: bUp), a line further; no more when
-// there is no line.
+// Adds a caret one line below the last one, in its column; with bUp, one line above the first. Adds
+// nothing when there is no such line.
 CCarets caretsWithNext(const CTextLines &lines, const CCarets &carets, bool bUp);

@@ -1,5 +1,6 @@
 #include "editor/caretedits.h"
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/indentation.h"
 
@@ -58,7 +59,7 @@ SCommand textErased(const CCarets &carets, const std::function<int(int)> &otherE
         lstRanges.append(
             caret.hasSelection() ? caret : SCaret {caret.nPosition, otherEnd(caret.nPosition)});
     }
-    // Two carets may take from one word.
+    // Two carets may remove parts of one word.
     const CCarets ranges(lstRanges, carets.mainIndex());
     SCommand command;
     for (const SCaret &range : ranges.list())
@@ -90,7 +91,7 @@ QString withPlainLineEnds(QString strText)
 {
     const QLatin1Char newLine('\n');
     strText.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    // What a text document takes for the end of a paragraph or a frame.
+    // The characters that a text document takes for the end of a paragraph or a frame.
     const QChar arrEnds[] = {QLatin1Char('\r'), QChar::ParagraphSeparator, QChar(0xFDD0),
                              QChar(0xFDD1)};
     for (const QChar cEnd : arrEnds)

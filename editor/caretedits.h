@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ccarets.h"
 #include "editor/textedits.h"
 
 #include <QStringList>
@@ -10,7 +11,7 @@ class CTextLines;
 
 // Typing and deleting at carets, as functions of a text and its carets.
 
-// What comes in the place of a caret's selection, and how far before its end the caret goes.
+// The text that replaces a caret's selection, and how far before its end the caret is then.
 struct SInsertion
 {
     QString strText; // "\n" ends a line.
@@ -20,20 +21,20 @@ struct SInsertion
 // One insertion for each caret, or one for all of them.
 SCommand textTyped(const CCarets &carets, const QVector<SInsertion> &lstInsertions);
 
-// A new line for each caret, indented like the one that it ends; behind an opening brace with a
-// line in between, one step further in, for the caret.
+// Begins a new line at each caret, indented like the one that it ends. After an opening brace
+// another line is put in between, one step further in, and the caret goes there.
 QVector<SInsertion> lineEnds(const CTextLines &lines, const CCarets &carets);
 
-// A text pasted: line by line when there are as many lines as carets, else whole for each. A last
-// line end does not count as a line.
+// Pastes a text: one line to each caret if there are as many lines as carets, otherwise all of it
+// to each. An empty last line does not count.
 QVector<SInsertion> pastedParts(const QString &strText, const CCarets &carets);
 
-// The selections go; a caret without one takes what lies up to the other end, which otherEnd tells
-// for its place.
+// Removes the selections. A caret without one removes the text up to the place that otherEnd gives
+// for it.
 SCommand textErased(const CCarets &carets, const std::function<int(int)> &otherEnd);
 
-// The selections, line by line, in the order of the text.
+// The selections as lines, in the order of the text.
 QStringList selectedTexts(const CTextLines &lines, const CCarets &carets);
 
-// The text with one kind of line end, as a text document would part it.
+// The text with one kind of line end, divided as a text document would divide it.
 QString withPlainLineEnds(QString strText);

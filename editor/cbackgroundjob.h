@@ -6,8 +6,8 @@
 #include <mutex>
 #include <thread>
 
-// One job at a time on a thread of its own; a new job takes the place of the one before. The thread
-// is there from the first job on. GUI thread only, but for the jobs themselves.
+// Runs one job at a time on a thread of its own; a new job replaces the one before. The thread
+// begins with the first job. GUI thread only, except for the jobs themselves.
 class CBackgroundJob : public QObject
 {
     Q_OBJECT
@@ -15,9 +15,9 @@ class CBackgroundJob : public QObject
 public:
     using Cancelled = std::function<bool()>;
     using Finish = std::function<void()>;
-    // Runs on the thread; what it returns, if anything, runs on the GUI thread afterwards, unless
-    // the job was cancelled. It has to ask now and then whether it was, and must not touch what
-    // belongs to the GUI thread.
+    // A job runs on the thread. If it returns a function, that runs on the GUI thread afterwards,
+    // unless the job was cancelled. The job has to ask now and then whether it was cancelled, and
+    // must not touch anything of the GUI thread.
     using Work = std::function<Finish(const Cancelled &)>;
 
     explicit CBackgroundJob(QObject *pParent = nullptr);
@@ -38,7 +38,7 @@ private:
     std::thread m_thread;
     Work m_work;
     Finish m_finish;
-    quint64 m_nJob = 0; // Of the last one started or cancelled.
-    quint64 m_nFinished = 0; // Whose m_finish is.
+    quint64 m_nJob = 0; // The number of the job that was last started or cancelled.
+    quint64 m_nFinished = 0; // The number of the job that m_finish belongs to.
     bool m_bEnd = false;
 };

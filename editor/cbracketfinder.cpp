@@ -1,10 +1,11 @@
 #include "editor/cbracketfinder.h"
 
 #include "editor/bracketlines.h"
+#include "highlight/chighlightrules.h"
 
 namespace {
 
-// Someone who types or holds an arrow key is not waiting for the answer.
+// Somebody who types or holds an arrow key does not wait for the answer.
 const int g_nPauseMs = 30;
 const int g_nPauseWhileColouringMs = 300;
 

@@ -19,7 +19,7 @@ class CBracketFinder : public QObject
 public:
     struct SQuestion
     {
-        uint nVersion = 0; // Of the text.
+        uint nVersion = 0; // The version of the text.
         int nLine = -1;
         int nInLine = -1;
         bool operator==(const SQuestion &other) const
@@ -30,11 +30,11 @@ public:
 
     explicit CBracketFinder(std::shared_ptr<CLineStore> pLines, QObject *pParent = nullptr);
 
-    // The language; without one the rules are those that hold before a definition.
+    // Sets the language. Without one the rules are those before the first definition.
     void setDefinition(const QVariantMap &mapDefinition);
 
-    // The answer if it is known. Else it is looked for, after a moment without other questions, and
-    // found() tells when it is there.
+    // Gives the answer if it is known. Otherwise the search begins after a moment without other
+    // questions, and found() tells its end.
     std::optional<SBracketMatch> ask(const SQuestion &question);
 
 signals:

@@ -4,8 +4,8 @@
 
 #include <QVector>
 
-// The carets around each command, for undo to bring back. A command is known by the number of undo
-// steps that a document has before and after it. A value.
+// Remembers the carets around each command, so that undo can restore them. A command is identified
+// by the document's number of undo steps before and after it. A value.
 class CCaretHistory
 {
 public:
@@ -17,18 +17,18 @@ public:
         CCarets after;
     };
 
-    // Forgets what this command has made impossible to redo.
+    // Forgets the commands that can no longer be redone after this one.
     void add(const SRecord &record);
     // The last command has grown.
     void growLast(int nStepsAfter, const CCarets &after);
-    // Something else has become the step with that number.
+    // Another change has become the step with that number.
     void forgetFrom(int nStepsAfter);
     void clear() { m_lst.clear(); }
 
-    // What the next undo or redo takes back or does again; null when it is no command.
+    // The command that the next undo or redo is about; null when it is none.
     const SRecord *undoneFrom(int nSteps) const;
     const SRecord *redoneFrom(int nSteps) const;
 
 private:
-    QVector<SRecord> m_lst; // By the number of steps.
+    QVector<SRecord> m_lst; // The keys are numbers of undo steps.
 };

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Two selections may touch; a caret without one is no second caret at the end of another.
+// Two selections may touch. A caret without a selection that touches another one is joined with it.
 bool isOneWith(const SCaret &first, const SCaret &second)
 {
     if (first.hasSelection() && second.hasSelection())
@@ -13,7 +13,7 @@ bool isOneWith(const SCaret &first, const SCaret &second)
     return second.start() <= first.end();
 }
 
-// Points the way of the longer one.
+// The joined caret has the direction of the longer one.
 SCaret united(const SCaret &first, const SCaret &second)
 {
     const int nStart = qMin(first.start(), second.start());

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+class CLineStore;
+
 // The list of words beside the cursor of an editor. GUI thread only; the words are collected on a
 // thread.
 class CCompletionList : public QObject

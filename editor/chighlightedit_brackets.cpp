@@ -1,7 +1,8 @@
-// The bracket beside the cursor and its partner.
+// Marks the bracket beside the cursor and its partner.
 #include "editor/chighlightedit.h"
 
 #include "editor/bracketlines.h"
+#include "editor/bracketmatch.h"
 #include "editor/cbracketfinder.h"
 #include "highlight/ctextdocument.h"
 
@@ -18,7 +19,7 @@ QTextBlock CHighlightEdit::lastVisibleBlock() const
     return block;
 }
 
-// The one behind the cursor comes first; one without a partner makes way for the other.
+// The bracket after the cursor comes first, but if it has no partner, the other one counts.
 CHighlightEdit::SBracketPair CHighlightEdit::bracketPair()
 {
     const QTextCursor cursor = textCursor();
@@ -36,7 +37,7 @@ CHighlightEdit::SBracketPair CHighlightEdit::bracketPair()
     return pair;
 }
 
-// Looks at the shown text by its colours; farther away a thread finds the partner.
+// Searches the visible text by its colours. A thread finds partners farther away.
 CHighlightEdit::SBracketPair CHighlightEdit::pairOf(const QTextBlock &block, int nInBlock)
 {
     SBracketPair pair;

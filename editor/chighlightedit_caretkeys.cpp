@@ -1,4 +1,4 @@
-// Keys at several carets.
+// Handles keys while there are several carets.
 #include "editor/chighlightedit.h"
 
 #include "editor/caretedits.h"
@@ -39,7 +39,7 @@ const SMoveKey g_arrMoves[] = {
     {QKeySequence::SelectEndOfLine, QTextCursor::EndOfLine, QTextCursor::KeepAnchor},
 };
 
-// What a key takes away where nothing is selected.
+// The text that a key removes where nothing is selected.
 struct SEraseKey
 {
     QKeySequence::StandardKey key;
@@ -55,7 +55,7 @@ const SEraseKey g_arrErasures[] = {
 
 std::optional<QTextCursor::MoveOperation> erasedUpTo(QKeyEvent *pEvent)
 {
-    // Shift makes no difference, as at one caret.
+    // Shift makes no difference here, as with a single caret.
     if (pEvent->key() == Qt::Key_Backspace && !(pEvent->modifiers() & ~Qt::ShiftModifier))
         return QTextCursor::PreviousCharacter;
     const auto it =

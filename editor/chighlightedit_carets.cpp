@@ -1,4 +1,4 @@
-// Several carets.
+// Handles several carets.
 #include "editor/chighlightedit.h"
 
 #include "editor/caretedits.h"
@@ -108,7 +108,7 @@ void CHighlightEdit::selectOccurrences()
         tell(tr("No word is selected."));
         return;
     }
-    // A selection may be a part of words; a word at the caret is meant as one.
+    // A selection may be part of a word. Without one the whole word at the caret is meant.
     const CCarets found =
         caretsOfOccurrences(document()->toRawText(), strLine.mid(word.nStart, word.nLength),
                             !caret.hasSelection(), nStart + word.nStart);
@@ -156,7 +156,7 @@ void CHighlightEdit::inputMethodEvent(QInputMethodEvent *pEvent)
     }
     const QString strTyped = pEvent->commitString();
     const bool bComposing = !pEvent->preeditString().isEmpty();
-    if (bComposing && strTyped.isEmpty()) // As at one caret, composing replaces a selection.
+    if (bComposing && strTyped.isEmpty()) // Composing replaces a selection, as with a single caret.
         apply(textErased(m_carets, [](int nPosition) { return nPosition; }));
     const QScopedValueRollback<bool> applying(m_bApplying, true);
     if (!strTyped.isEmpty()) {

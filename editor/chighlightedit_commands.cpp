@@ -5,6 +5,7 @@
 #include "editor/ctextlines.h"
 #include "editor/linecommands.h"
 #include "editor/menukeys.h"
+#include "editor/textedits.h"
 
 #include <QHash>
 #include <QKeyEvent>
@@ -14,7 +15,8 @@
 
 namespace {
 
-// Either a function on lines, with what is said when it had nothing to do, or a slot.
+// A key's command is either a function on lines, with the message for when it had nothing to do, or
+// a slot.
 struct SKeyCommand
 {
     const char *szKey;
@@ -79,7 +81,7 @@ bool isFunctionKey(const QKeyEvent *pEvent)
     return pEvent->key() >= Qt::Key_F1 && pEvent->key() <= Qt::Key_F35;
 }
 
-// A letter with Alt is for the menus, whether there is one for it or not.
+// A letter with Alt belongs to the menus, even if no menu has it.
 bool isMenuKey(const QKeyEvent *pEvent)
 {
     return !(pEvent->modifiers() & Qt::ControlModifier) && !pEvent->text().isEmpty()
@@ -144,7 +146,7 @@ void CHighlightEdit::apply(const SCommand &command)
     m_bTyping = false;
 }
 
-// What is typed at several carets one after the other is one step, as it is at one.
+// Keys typed one after the other at several carets are one step of undo, as with a single caret.
 void CHighlightEdit::applyTyped(const SCommand &command)
 {
     const int nSteps = document()->availableUndoSteps();
@@ -187,7 +189,7 @@ void CHighlightEdit::stepHistory(bool bUndo)
 {
     if (!(bUndo ? document()->isUndoAvailable() : document()->isRedoAvailable()))
         return;
-    if (m_pReplaceAll) { // Its step is not whole.
+    if (m_pReplaceAll) { // Its step of undo is not complete.
         m_pReplaceAll->stop();
         return;
     }

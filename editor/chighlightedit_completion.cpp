@@ -1,4 +1,4 @@
-// Words offered for the one that is typed.
+// Offers words for the one that is being typed.
 #include "editor/chighlightedit.h"
 
 #include "editor/caretedits.h"

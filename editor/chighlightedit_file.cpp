@@ -1,5 +1,6 @@
 #include "editor/chighlightedit.h"
 
+#include "app/codecdetection.h"
 #include "app/plaintext.h"
 #include "app/textcodecs.h"
 #include "editor/lineendings.h"
@@ -8,6 +9,7 @@
 #include "highlight/ctextdocument.h"
 #include "widgets/messagebox.h"
 
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCodec>
@@ -24,7 +26,7 @@ void CHighlightEdit::setTextData(const QByteArray &arrData, bool bKeepModified)
         QTimer::singleShot(10, this, &CHighlightEdit::onTimeoutKeepModified);
 }
 
-// A codec that is set already is kept, where it can be.
+// Keeps a codec that is already set, if possible.
 void CHighlightEdit::detectCodecOf(const QByteArray &arrData)
 {
     if (m_strCodecName.isEmpty()) {
@@ -94,7 +96,7 @@ void CHighlightEdit::onRefresh()
     emit fileRead(content);
 }
 
-// For steps that drop the text without having asked.
+// Called by steps that drop the text without asking.
 void CHighlightEdit::warnOfReplacing()
 {
     if (isModified())
@@ -169,7 +171,7 @@ void CHighlightEdit::showText(const QString &strText)
         setFixed(false);
     m_bInPieces = false;
     const QString strShown = m_standIns.hide(strText);
-    // The gutter takes its width beforehand: a view that changes its width lays out every block.
+    // Sets the gutter's width before, because a view that changes its width lays out every block.
     m_nLinesToCome = lineCount(strShown);
     updateLineNumberAreaWidth();
     leaveCarets();

@@ -48,7 +48,7 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
     qreal dTop = blockBoundingGeometry(block).translated(contentOffset()).top();
     for (; block.isValid() && dTop <= pEvent->rect().bottom(); block = block.next()) {
         const qreal dHeight = blockBoundingRect(block).height();
-        // Of a region in pieces the lines between them are left out.
+        // If a region has several pieces, the lines between them are left out.
         const QRectF strip(0, dTop, m_pLineNumberArea->width(), dHeight + g_nNumberBelowLine);
         if (block.isVisible() && pEvent->region().intersects(strip.toAlignedRect())) {
             const int nBlock = block.blockNumber();
@@ -65,20 +65,21 @@ void CHighlightEdit::lineNumberAreaPaintEvent(QPaintEvent *pEvent)
 
 void CHighlightEdit::updateLineNumberAreaWidth(int)
 {
-    // Setting margins anew lays everything out anew, equal or not.
+    // Setting margins lays everything out again, even if they are the same.
     const QMargins margins(lineNumberAreaWidth(), 0, 0, 0);
     if (viewportMargins() != margins)
         setViewportMargins(margins);
 }
 
-// Of a part of the view the numbers stay what they are, unless there are more or fewer lines.
+// A change in a part of the view keeps the numbers, unless there are more or fewer lines.
 void CHighlightEdit::updateLineNumberArea(QRect rect, int dy)
 {
     const bool bWhole = rect.contains(viewport()->rect());
     const int nWidth = m_pLineNumberArea->width();
     if (dy != 0) {
         m_pLineNumberArea->scroll(0, dy);
-        // What reached, or now reaches, below a line that is scrolled out or in.
+        // Numbers reach below their line, so the strip beside a line that is scrolled in or out is
+        // painted, too.
         m_pLineNumberArea->update(0, 0, nWidth, qMax(dy, 0) + g_nNumberBelowLine);
     } else if (bWhole) {
         m_pLineNumberArea->update(0, rect.y(), nWidth, rect.height());

@@ -65,7 +65,7 @@ void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
     }
     if (!isEnter(pEvent) || !bPlainOrShifted) {
         QPlainTextEdit::keyPressEvent(pEvent);
-        // Unaccepted, Shift+Tab would go on to another part of the window.
+        // If it were not accepted, Shift+Tab would move the focus to another part of the window.
         if (bTab && bPlainOrShifted && !isReadOnly())
             pEvent->accept();
         return;
@@ -80,7 +80,7 @@ void CHighlightEdit::keyPressEvent(QKeyEvent *pEvent)
         indentNewLine();
 }
 
-// Lines are not wrapped, so Home and End mean the whole line, though it is shown in rows.
+// Home and End mean the whole line, although it is shown in rows, because lines are not wrapped.
 bool CHighlightEdit::moveInRows(const QKeyEvent *pEvent)
 {
     if (!m_pDocument->isInRows(textCursor().block()))
@@ -129,7 +129,7 @@ void CHighlightEdit::indentSelection(bool bOutdent)
     selectLines(first, last, bCursorInLast);
 }
 
-// Enter has begun a line. What is added is undone together with it.
+// Enter has begun a line. The addition is undone together with it.
 void CHighlightEdit::indentNewLine()
 {
     QTextCursor cursor = textCursor();
@@ -151,8 +151,8 @@ void CHighlightEdit::indentNewLine()
     setTextCursor(cursor);
 }
 
-// An opening bracket or quote comes with its closing one, as one step of undo; that is why the base
-// class does not type the first. False for any other text.
+// Types an opening bracket or quote together with its closing one. Both are one step of undo, so
+// the base class must not type the first. False for any other text.
 bool CHighlightEdit::typePair(const QString &strTyped)
 {
     const QChar closer = closingCharacter(strTyped);

@@ -45,7 +45,7 @@ void CHighlightEdit::showBlock(const SCaretBlock &block)
     m_block = block;
 }
 
-// The corner of a block at a point of the viewport; behind a line's end, columns go on.
+// The corner of a block at a point of the viewport. Columns continue after a line's end.
 SCaretBlock CHighlightEdit::blockAt(const QPoint &point) const
 {
     const QTextCursor cursor = cursorForPosition(point);

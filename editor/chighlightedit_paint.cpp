@@ -1,4 +1,4 @@
-// What the view draws around the text: the band behind the cursor's line, further carets.
+// Paints around the text: the band behind the cursor's line, and further carets.
 #include "editor/chighlightedit.h"
 
 #include "app/csettings.h"
@@ -25,7 +25,8 @@ QRectF placeRect(const QTextBlock &block, int nInBlock, qreal dWidth)
     return {line.cursorToX(nInBlock), line.y(), dWidth, line.height()};
 }
 
-// The lines of a range in a block; where it goes on behind the block, with a mark for its end.
+// The rectangles of a range in a block. If the range continues after the block, the line's end gets
+// a mark.
 void addRangeRects(const QTextBlock &block, int nStart, int nEnd, const QPointF &corner,
                    QVector<QRectF> *pRects)
 {
@@ -70,7 +71,7 @@ void CHighlightEdit::paintEvent(QPaintEvent *pEvent)
         paintSpelling(&painter);
 }
 
-// Those that can be seen of all but the main one, which the base class paints.
+// The visible carets except the main one, which the base class paints.
 QVector<int> CHighlightEdit::linesOfCarets() const
 {
     QVector<int> lstLines;
@@ -81,13 +82,13 @@ QVector<int> CHighlightEdit::linesOfCarets() const
     return lstLines;
 }
 
-// The lines that show further carets or are to show some.
+// Repaints the lines that show further carets, or are about to.
 void CHighlightEdit::repaintCarets()
 {
     repaintLines(m_lstShownCarets + linesOfCarets());
 }
 
-// New colours may have changed the partner, which then is not part of what is painted now.
+// New colours may have changed the partner, which then is outside of the area that is painted now.
 void CHighlightEdit::paintBrackets(QPainter *pPainter)
 {
     followBrackets();
@@ -125,8 +126,8 @@ void CHighlightEdit::forVisibleCarets(const CaretPainter &paint) const
         });
 }
 
-// Calls with each of the ranges that can be seen, and each block of it with its corner in the view.
-// They are in order.
+// Calls the function for each visible range and each of its blocks, with the block's corner in the
+// view. The ranges are in order.
 void CHighlightEdit::forVisible(const QVector<SCaret> &lst, const CaretPainter &paint) const
 {
     QTextBlock block = firstVisibleBlock();

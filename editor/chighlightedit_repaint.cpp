@@ -1,4 +1,4 @@
-// What has to be painted anew: the lines that a change has made look otherwise, and no more.
+// Repaints only the lines whose look has changed.
 #include "editor/chighlightedit.h"
 #include "editor/clinenumberarea.h"
 #include "highlight/ctextdocument.h"
@@ -29,8 +29,8 @@ void CHighlightEdit::repaintLines(const QVector<int> &lstLines)
     });
 }
 
-// The band goes with the cursor from line to line. A changed number of lines is painted by the base
-// class.
+// The band moves with the cursor from line to line. If the number of lines changed, the base class
+// repaints.
 void CHighlightEdit::highlightCurrentLine()
 {
     const int nLine = textCursor().blockNumber();
@@ -51,7 +51,7 @@ CHighlightEdit::SLines CHighlightEdit::markedLines() const
             document()->findBlock(cursor.selectionEnd()).blockNumber()};
 }
 
-// The highlighter colours first what can be seen.
+// The highlighter colours the visible lines first.
 void CHighlightEdit::followVisibleLines()
 {
     const int nFirst = firstVisibleBlock().blockNumber();
@@ -79,8 +79,8 @@ void CHighlightEdit::followMarkedLines()
     });
 }
 
-// The pair hangs on the text, its colours and what of it can be seen; while none of them has
-// changed, as when the cursor blinks, nothing is looked for.
+// The pair depends on the text, its colours and the visible part. While none of these has changed,
+// as when the cursor blinks, nothing is searched.
 const CHighlightEdit::SBracketPair &CHighlightEdit::currentPair()
 {
     const SPairKey key {m_pDocument->version(), m_pDocument->look(), textCursor().position(),

@@ -4,6 +4,7 @@
 #include "editor/creplaceall.h"
 #include "editor/documentreplace.h"
 #include "editor/documentsearch.h"
+#include "editor/linesearch.h"
 #include "editor/matchcount.h"
 #include "highlight/ctextdocument.h"
 
@@ -59,8 +60,8 @@ bool CHighlightEdit::find(const QString &text, bool bFromEnd, QTextCursor *pCurs
     return false;
 }
 
-// Selects it and counts which one it is, beside the keys: on a thread, from its own copy of the
-// lines.
+// Selects the match and counts which one it is. The count runs on a thread over a copy of the
+// lines, so that typing goes on.
 void CHighlightEdit::showMatch(const QString &strText, const SDocumentMatch &match)
 {
     selectRange(match.nStart, match.nStart + match.nLength, false); // Makes it visible.
@@ -82,8 +83,8 @@ void CHighlightEdit::showMatch(const QString &strText, const SDocumentMatch &mat
     m_pCounter->start(count);
 }
 
-// The second pass starts at the other end; there is none when the first one began there. An end is
-// told as reached even when something is found behind it.
+// The second pass starts at the other end, unless the first one began there. Reaching an end is
+// reported even if something is found after it.
 bool CHighlightEdit::findWrapped(const QString &strText, bool bAllSearched)
 {
     const bool bFound = !bAllSearched && find(strText, true, nullptr);
@@ -167,7 +168,7 @@ void CHighlightEdit::finishReplaceAll()
         m_pReplaceAll->finish();
 }
 
-// Signals once that nothing more is found, as the last of all single searches would.
+// Signals once that nothing more is found, as the last of many single searches would.
 int CHighlightEdit::replaceMatches(const QString &strFind, const QString &strReplace,
                                    QTextCursor *pCursor)
 {

@@ -1,4 +1,4 @@
-// Misspelt words of comments and strings: marks on request, and suggestions.
+// Misspelt words in comments and strings: marks if they are turned on, and suggestions.
 #include "editor/chighlightedit.h"
 
 #include "app/csettings.h"
@@ -6,13 +6,14 @@
 #include "highlight/cthreadhighlighter.h"
 #include "spelling/cspelling.h"
 #include "spelling/csuggestionmenu.h"
+#include "spelling/spellwords.h"
 #include "spelling/wavyline.h"
 
 #include <QTextBlock>
 
 namespace {
 
-const int g_nMostLines = 100000; // Of a search; their comments are looked through in a second.
+const int g_nMostLines = 100000; // Lines of one search; their comments are checked within a second.
 
 bool isCorrectWord(const QString &strWord)
 {
@@ -21,7 +22,7 @@ bool isCorrectWord(const QString &strWord)
 
 } // namespace
 
-// True where words can be checked; the first time waits for the dictionary.
+// True if words can be checked. The first call waits for the dictionary.
 bool CHighlightEdit::prepareSpelling()
 {
     if (g_pSpelling && g_pSpelling->prepare(QString())) {
@@ -55,7 +56,7 @@ void CHighlightEdit::suggestSpelling()
     if (!prepareSpelling())
         return;
     QTextCursor cursor = textCursor();
-    // The word that the cursor stands behind is meant, too.
+    // A word that ends at the cursor counts, too.
     const SSpellWord word = nextMisspeltWord(cursor.block(), cursor.selectionStart() - 1,
                                              hasLanguage(), isCorrectWord, g_nMostLines);
     const bool bAlready = word.nLength > 0 && cursor.hasSelection()

@@ -1,8 +1,10 @@
 #include "editor/chighlightedit.h"
 
+#include "app/xmlguard.h"
 #include "editor/contentformat.h"
 #include "widgets/messagebox.h"
 
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 
@@ -53,7 +55,8 @@ bool CHighlightEdit::verifyValid()
                              .arg(result.strMessage);
         }
     } else if (isJson(languageName())) {
-        // The text is never empty: the parser has words for success as well, and they are shown.
+        // The text is never empty, because the parser has a message for success as well, which is
+        // shown.
         result = parseJson(rawText());
         strFailure = result.strMessage;
         if (result.nLine > 0)
@@ -66,7 +69,8 @@ bool CHighlightEdit::verifyValid()
     return false;
 }
 
-// Lines and columns count from 1; what is not there is the nearest that is. Line 0 is no place.
+// Lines and columns count from 1. A place that does not exist becomes the nearest one that does.
+// Line 0 is no place.
 void CHighlightEdit::goToPlace(int nLine, int nColumn)
 {
     if (nLine < 1)

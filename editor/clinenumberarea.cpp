@@ -7,7 +7,7 @@
 
 CLineNumberArea::CLineNumberArea(CHighlightEdit *pEditor) : QWidget(pEditor), m_pEditor(pEditor)
 {
-    // It paints all of its ground, so that scrolling moves what is shown and nothing lies below.
+    // It paints all of its background, so that Qt can scroll its pixels.
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 

@@ -7,7 +7,7 @@ class CHighlightEdit;
 // Pixels: a number stands a little lower than its line and may reach that far below it.
 constexpr int g_nNumberBelowLine = 6;
 
-// The gutter on the left of an editor. What it shows and how wide it is, the editor knows.
+// The gutter on the left of an editor. The editor decides its contents and its width.
 class CLineNumberArea : public QWidget
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *pEvent) override;
-    // Scrolls and zooms the text as the wheel does over the text itself.
+    // The wheel scrolls and zooms the text, as it does over the text itself.
     void wheelEvent(QWheelEvent *pEvent) override;
 
 private:

@@ -32,8 +32,8 @@ SCommentToggle toggleOf(const SCommentSelection &selection, const SCommentMarker
     if (strText.startsWith(markers.strStart) && strText.endsWith(markers.strEnd)) {
         toggle.action = SCommentToggle::Unwrap;
         toggle.nEndLength = markers.strEnd.length();
-        // The two may overlap, as in "/*/"; nothing outside of the selection may be removed with
-        // them.
+        // The two markers may overlap, as in "/*/". Nothing outside of the selection may be removed
+        // with them.
         toggle.nStartLength = qMin(markers.strStart.length(), strText.length() - toggle.nEndLength);
         return toggle;
     }

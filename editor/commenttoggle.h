@@ -12,31 +12,30 @@ struct SCommentMarkers
     QString strEnd;
 };
 
-// A selection as the rules see it.
+// What the rules need to know of a selection.
 struct SCommentSelection
 {
-    QString strText; // As QTextCursor::selectedText() gives it.
+    QString strText; // In the form of QTextCursor::selectedText().
     QStringList lstLines; // Every line it touches, in full.
     QString strPrefix; // The first line before the selection.
-    QString strSuffix; // The last line behind it.
+    QString strSuffix; // The last line after the selection.
 };
 
 // What toggling does to a selection.
 struct SCommentToggle
 {
     enum Action {
-        Unwrap, // The markers at the selection's two ends go.
+        Unwrap, // Removes the markers at the selection's two ends.
         Uncomment, // Each line loses its first lstLengths characters.
         CommentLines, // Each line gets the single-line marker in its first column.
         Wrap // The selection gets the markers around it.
     };
     Action action = Wrap;
     QVector<int> lstLengths;
-    int nEndLength = 0; // Unwrap: characters before the selection's end.
-    int nStartLength = 0; // Unwrap: characters from its start on.
+    int nEndLength = 0; // Unwrap: how many characters are removed before the selection's end.
+    int nStartLength = 0; // Unwrap: how many characters are removed from its start on.
 };
 
-// The tests follow one another in the order of Action. The first is met by every selection when
-// there are no block markers, and then takes nothing away. The single-line marker is searched for
-// as a QRegExp, as it stands.
+// The tests are made in the order of Action. Without block markers every selection passes the first
+// test, which then removes nothing. The single-line marker is used as a QRegExp without escaping.
 SCommentToggle toggleOf(const SCommentSelection &selection, const SCommentMarkers &markers);

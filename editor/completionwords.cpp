@@ -42,7 +42,7 @@ void addWordsLike(const QString &strBeginning, const QString &strLine, int nStar
         int nEnd = n;
         while (nEnd < strLine.length() && isWordCharacter(strLine.at(nEnd)))
             ++nEnd;
-        // Looked at before it is copied: most words begin otherwise.
+        // Compares before it copies, because most words begin otherwise.
         const QStringRef strFirst = strLine.midRef(n, strBeginning.length());
         if (n != nStart && strFirst.compare(strBeginning, Qt::CaseInsensitive) == 0) {
             const QString strWord = strLine.mid(n, nEnd - n);

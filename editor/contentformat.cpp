@@ -43,6 +43,6 @@ SParseResult parseJson(const QString &strText)
 
 QString formattedJson(const QString &strText)
 {
-    // Goes through a C string, so that it ends at the first zero byte.
+    // Uses a C string, so the text ends at the first zero byte.
     return QString::fromUtf8(QJsonDocument::fromJson(strText.toUtf8()).toJson().constData());
 }

@@ -10,12 +10,12 @@
 // memory or time (see xmlguard.h) is refused with a message of its own.
 SParseResult parseXml(const QString &strText);
 
-// The text parsed and serialised with an indent of 4 spaces. Only for what parseXml() finds good.
+// The text parsed and serialised with an indent of 4 spaces. Only for text that parseXml() accepts.
 QString formattedXml(const QString &strText);
 
-// The JSON parser's own words on the text. They are "no error occurred", not empty, for good JSON;
-// the line is 0 then. Else line and column are those of the place where the parser stopped.
+// The JSON parser's message on the text. For good JSON it is "no error occurred", not empty, and
+// the line is 0. Otherwise line and column tell where the parser stopped.
 SParseResult parseJson(const QString &strText);
 
-// The text in the JSON writer's indented form; empty for what is not JSON.
+// The text in the JSON writer's indented form; empty if it is not JSON.
 QString formattedJson(const QString &strText);

@@ -1,5 +1,8 @@
 #include "editor/creplaceall.h"
 
+#include "editor/linesearch.h"
+
+#include <QDeadlineTimer>
 #include <QPlainTextEdit>
 
 namespace {
@@ -39,7 +42,7 @@ void CReplaceAll::stop()
     QTextDocument *pDocument = m_pEdit->document();
     const bool bOnlyOurs = pDocument->revision() == m_nRevision;
     end();
-    if (!bOnlyOurs) { // Undo would take back something else.
+    if (!bOnlyOurs) { // Undo would take back another change.
         emit disturbed(m_replacer.count());
         return;
     }

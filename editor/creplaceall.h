@@ -2,14 +2,17 @@
 
 #include "editor/documentreplace.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
+#include <QTextCursor>
 #include <QTimer>
 
+class CLineSearch;
 class QPlainTextEdit;
 
-// Replace All in pieces, between which the event loop runs and the view takes no edits. It comes to
-// one step of undo, or to nothing when it is stopped. Whoever changes the text meanwhile ends it.
-// GUI thread only. Deletes itself when it has ended.
+// Replace All in pieces. Between them the event loop runs, and the view takes no edits. All pieces
+// are one step of undo, or none when it is stopped. Any other change of the text ends it. GUI
+// thread only. Deletes itself when it has ended.
 class CReplaceAll : public QObject
 {
     Q_OBJECT
@@ -18,9 +21,9 @@ public:
     // Becomes the view's child. The text must not hold ends of lines (see holdsBlockEnd()).
     CReplaceAll(QPlainTextEdit *pEdit, const CLineSearch &search, const QString &strReplace);
 
-    // Works for so many milliseconds, after which most documents are done.
+    // Works for so many milliseconds, which is enough for most documents.
     void start(int nFirst = 200);
-    // All the rest at once.
+    // Replaces all the rest at once.
     void finish();
     // Takes back what was replaced.
     void stop();
@@ -28,10 +31,10 @@ public:
 
 signals:
     void progressed(qint64 nDone, qint64 nAll);
-    // One of these comes once.
+    // Exactly one of these signals comes, once.
     void finished(int nCount);
     void stopped();
-    // The text was changed by somebody else; so many matches had been replaced.
+    // Something else changed the text; nReplaced matches had been replaced by then.
     void disturbed(int nCount);
 
 private:
@@ -43,6 +46,6 @@ private:
     QTextCursor m_cursor;
     CDocumentReplacer m_replacer;
     QTimer m_timer;
-    int m_nRevision; // Of the text as this has left it.
+    int m_nRevision; // The revision of the text after the last replacement here.
     bool m_bRunning = true;
 };

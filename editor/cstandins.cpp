@@ -13,15 +13,15 @@ bool needsStandIn(ushort u)
 
 bool holdsForbidden(const QString &strText)
 {
-    // Has no early exit, so that the compiler can do many characters at a time.
+    // Has no early exit, so that the compiler can vectorise the loop.
     bool bFound = false;
     for (const QChar c : strText)
         bFound |= needsStandIn(c.unicode());
     return bFound;
 }
 
-// Non-characters first: nobody types or pastes them. A text that holds all of them gets private-use
-// characters, in the end none.
+// Non-characters come first, because nobody types or pastes them. A text that holds all of them
+// gets private-use characters, and finally none.
 QChar unusedCharacter(const QVector<bool> &lstUsed)
 {
     for (ushort u = 0xFDD2; u <= 0xFDEF; ++u)

@@ -4,10 +4,10 @@
 
 class QTextDocument;
 
-// A text as the commands on lines see it: numbered lines without their ends. Lines count from 0;
-// positions are those of a document, in UTF-16 units, where each end of a line takes one.
+// The text for the commands on lines: numbered lines without their ends. Lines count from 0.
+// Positions are those of a document, in UTF-16 units; each line end takes one.
 //
-// What is asked for has to exist. Nothing is copied but the lines that are asked for.
+// Ask only for lines that exist. Only these lines are copied.
 class CTextLines
 {
 public:
@@ -24,7 +24,7 @@ public:
     int lastLine() const { return count() - 1; }
 };
 
-// The lines of a document, which has to outlive this.
+// The lines of a document, which has to outlive this object.
 class CDocumentLines : public CTextLines
 {
 public:

@@ -36,7 +36,7 @@ bool CDocumentReplacer::advance(const QDeadlineTimer &until)
 void CDocumentReplacer::begin()
 {
     m_bBegun = true;
-    // One copy of the text takes a tenth of the time that asking each block for its text would.
+    // Copying the text at once takes a tenth of the time that asking each block takes.
     m_strDocument = m_pEdit->document()->toRawText();
     m_nPlace = m_search.options().bSearchUp ? m_strDocument.length() : 0;
 }
@@ -72,9 +72,9 @@ void CDocumentReplacer::stepForward()
     m_nPlace = found.nLineStart + found.nLineLength + 1;
 }
 
-// The document's last line, and the one before a line whose first column matched, are searched from
-// behind their last character, all others from that character. Expressions that match nothing tell
-// the difference.
+// The document's last line, and the line before one whose first column matched, are searched from
+// after their last character; all others from that character. The difference shows with expressions
+// that match the empty text.
 void CDocumentReplacer::stepUpwards()
 {
     const int nWanted = m_nPlace - m_nPiece;
@@ -107,7 +107,7 @@ SLineReplacement CDocumentReplacer::replaceLine(const SRunMatch &found, int nShi
 void CDocumentReplacer::apply(int nLineStart, int nLineLength, const SLineReplacement &replacement)
 {
     m_bEdited = true;
-    // A given format saves the cursor from looking up the one in force at each place.
+    // With a given format the cursor does not look up the format at each place.
     const QTextCharFormat format;
     const auto set = [&](int nStart, int nLength, const QString &strText) {
         m_pEdit->setPosition(nStart);

@@ -7,17 +7,17 @@
 
 struct SLineReplacement;
 
-// Replaces every match from the document's one end to its other. The document is left as by finding
-// and replacing the matches one by one. In a changed line the whole text is set at once, which is
-// several times faster; but lines that hold an end of the cursor keep are changed match by match,
-// so that cursors in them stay with their text.
+// Replaces every match from one end of the document to the other. The result is the same as finding
+// and replacing the matches one by one. A changed line gets its whole text at once, which is
+// several times faster. But a line with an end of the cursor keep is changed match by match, so
+// that cursors in it stay with their text.
 class CDocumentReplacer
 {
 public:
     // pEdit makes the edits; an edit block opened on it makes them one step of undo. The text must
     // not hold ends of lines (see holdsBlockEnd()).
     //
-    // nPiece: how many characters are searched before the time is asked for again.
+    // nPiece is how many characters are searched before the clock is read again.
     CDocumentReplacer(QTextCursor *pEdit, const CLineSearch &search, const QString &strReplace,
                       const QTextCursor &keep, int nPiece = 1 << 18);
 
@@ -25,11 +25,11 @@ public:
     int run();
 
     // The same in pieces: works until that time, at least on one line or one piece. False when all
-    // is done. In between the text must not change.
+    // is done. The text must not change between the calls.
     bool advance(const QDeadlineTimer &until);
-    int count() const { return m_nCount; } // Of the matches so far.
+    int count() const { return m_nCount; } // The number of matches so far.
     bool hasEdited() const { return m_bEdited; }
-    // Counts characters of the text as it was at the beginning.
+    // In characters of the text at the beginning.
     int done() const;
     int length() const { return m_strDocument.length(); }
 
@@ -50,9 +50,11 @@ private:
     bool m_bBegun = false;
     bool m_bEdited = false;
     QString m_strDocument; // Before the first edit; paragraph separators end the lines.
-    int m_nPlace = 0; // Where the work goes on; searching up, behind what is still to be searched.
-    int m_nPieceEnd = -1; // The end of a line that the work has not passed, or -1.
-    int m_nShift = 0; // By how much the lines done have become longer.
+    // The place where the work goes on. When searching up, it is the end of the text that is still
+    // to be searched.
+    int m_nPlace = 0;
+    int m_nPieceEnd = -1; // The end of the cursor in a line that is still to come, or -1.
+    int m_nShift = 0; // How much longer the finished lines have become.
     bool m_bFromLineEnd = true;
     int m_nCount = 0;
 };

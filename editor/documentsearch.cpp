@@ -22,7 +22,7 @@ int documentEnd(const QTextDocument *pDocument)
 
 namespace {
 
-// This much is searched first, so that near matches come at once in a document of any length.
+// This many characters are searched first, so that near matches are found at once in any document.
 const int g_nNearLength = 32 * 1024;
 
 // Lines of the document, joined by paragraph separators.
@@ -46,8 +46,8 @@ SLineRun readNear(QTextDocument *pDocument, int nPosition, bool bUp)
     return run;
 }
 
-// The lines on the far side of the near ones. One copy of the text takes a tenth of the time that
-// asking each block for its text would.
+// The lines beyond the near ones. Copying the text at once takes a tenth of the time that asking
+// each block takes.
 SLineRun readFar(const QTextDocument *pDocument, const SLineRun &nearby, bool bUp)
 {
     SLineRun run;

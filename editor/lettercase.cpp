@@ -1,5 +1,6 @@
 #include "editor/linecommands.h"
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/words.h"
 
@@ -7,7 +8,7 @@ namespace {
 
 using Change = QString (*)(const QString &);
 
-// The parts of a range line by line: a line that stays as it is is not touched.
+// Changes a range line by line, so that a line without a change is not touched.
 void addChanges(const CTextLines &lines, int nStart, int nEnd, Change change, TextEdits *pEdits)
 {
     for (int nLine = lines.lineAt(nStart); nLine < lines.count(); ++nLine) {
@@ -39,7 +40,7 @@ SCommand changed(const CTextLines &lines, const CCarets &carets, Change change)
     QVector<SCaret> lstRanges;
     for (const SCaret &caret : carets.list())
         lstRanges.append(rangeToChange(lines, caret));
-    // Two carets in one word ask for it once.
+    // Two carets in one word change it once.
     const CCarets ranges(lstRanges, 0);
     for (const SCaret &range : ranges.list())
         addChanges(lines, range.start(), range.end(), change, &command.lstEdits);

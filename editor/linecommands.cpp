@@ -1,12 +1,13 @@
 #include "editor/linecommands.h"
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/indentation.h"
 #include "editor/touchedlines.h"
 
 namespace {
 
-// The carets of each range go as far as its number says, within a text of that length.
+// Moves the carets of each range by the range's number, within a text of that length.
 CCarets shifted(const CTextLines &lines, const CCarets &carets, const QVector<SLineRange> &ranges,
                 const QVector<int> &lstShifts, int nLength)
 {
@@ -31,7 +32,7 @@ SCommand nothing(const CCarets &carets)
     return {{}, carets};
 }
 
-// The line goes from one side of the range to the other.
+// Moves a line from one side of the range to the other.
 void addMove(const CTextLines &lines, const SLineRange &range, bool bUp, TextEdits *pEdits)
 {
     const int nMoved = bUp ? range.nFirst - 1 : range.nLast + 1;
@@ -65,7 +66,7 @@ SCommand lineMove(const CTextLines &lines, const CCarets &carets, bool bUp)
     return command;
 }
 
-// Lines go with the end of one of their neighbours.
+// Lines are removed with the line end of one of their neighbours.
 STextEdit lineRemoval(const CTextLines &lines, const SLineRange &range)
 {
     const int nStart = lines.start(range.nFirst);
@@ -75,7 +76,7 @@ STextEdit lineRemoval(const CTextLines &lines, const SLineRange &range)
     return {nFrom, lines.end(range.nLast) - nFrom, QString()};
 }
 
-// Gives the place of a caret in that column when the lines are gone.
+// Gives the place of a caret in that column after the lines are removed.
 int placeBesideRemoved(const CTextLines &lines, const SLineRange &range, int nColumn)
 {
     int nLine = range.nLast + 1;
@@ -101,7 +102,7 @@ SCommand lineNew(const CTextLines &lines, const CCarets &carets, bool bBelow)
         const int nPlace = nAt + nGrown + strNew.length() - (bBelow ? 0 : 1);
         lst.append({nPlace, nPlace});
         nGrown += strNew.length();
-        // Two carets of one line ask for two lines, which come from one place.
+        // Two carets in one line ask for two new lines at the same place.
         if (!command.lstEdits.isEmpty() && command.lstEdits.constLast().nStart == nAt)
             command.lstEdits.last().strText += strNew;
         else

@@ -1,39 +1,40 @@
 #pragma once
 
+#include "editor/ccarets.h"
 #include "editor/textedits.h"
 
 class CTextLines;
 
-// The commands on lines, as functions of a text and its carets. A caret stands for the lines that
-// its selection touches; one that ends in front of a line does not touch it. All of them do nothing
-// when there is nothing to do.
+// The commands on lines, as functions of a text and its carets. A caret means the lines that its
+// selection touches; a selection that ends at a line's start does not touch that line. A command
+// without anything to do gives no edits.
 
-// Lines with carets trade places with the line above or below. Lines at the text's edge stay.
+// Swaps the lines of carets with the line above or below. Lines at the text's edge stay.
 SCommand lineMoveUp(const CTextLines &lines, const CCarets &carets);
 SCommand lineMoveDown(const CTextLines &lines, const CCarets &carets);
 
-// A copy below; the carets go there.
+// Copies the lines below themselves; the carets go to the copies.
 SCommand lineDuplicate(const CTextLines &lines, const CCarets &carets);
 
-// The carets go to the same column of the line that comes in the place.
+// Deletes the lines. The carets go to the same column of the line that takes their place.
 SCommand lineDelete(const CTextLines &lines, const CCarets &carets);
 
-// The selected lines, or the caret's and the next, become one; blanks and tabs around each joint
-// become one blank, or none beside nothing.
+// Joins the selected lines, or the caret's line and the next. Blanks and tabs around each joint
+// become one blank, or none if there is no text on one side.
 SCommand lineJoin(const CTextLines &lines, const CCarets &carets);
 
-// A new line with the same indentation, and the caret there.
+// Inserts a new line with the same indentation and puts the caret there.
 SCommand lineNewBelow(const CTextLines &lines, const CCarets &carets);
 SCommand lineNewAbove(const CTextLines &lines, const CCarets &carets);
 
-// The selected lines, or without a selection all but an empty last one, by the numbers of their
-// characters. Equal lines keep their order.
+// Sorts the selected lines by the numbers of their characters; without a selection all lines except
+// an empty last one. Equal lines keep their order.
 SCommand lineSort(const CTextLines &lines, const CCarets &carets);
 
-// The selections, or the words at the carets. Selections stay.
+// Changes the letter case of the selections, or of the words at the carets. Selections stay.
 SCommand textUpperCase(const CTextLines &lines, const CCarets &carets);
 SCommand textLowerCase(const CTextLines &lines, const CCarets &carets);
 
-// One step for each line that holds text or a caret.
+// Indents each line with text or a caret by one step.
 SCommand lineIndent(const CTextLines &lines, const CCarets &carets);
 SCommand lineOutdent(const CTextLines &lines, const CCarets &carets);

@@ -1,5 +1,6 @@
 #include "editor/linecommands.h"
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/touchedlines.h"
 

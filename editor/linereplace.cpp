@@ -6,9 +6,9 @@
 
 namespace {
 
-// Works on what is left of the line, in place. The character before it stands for the text already
-// made, because word tests and assertions look one character back; where no text has been made,
-// what is left begins a line, and a caret matches there.
+// Works on the rest of the line, in place. The character before the rest stands for the finished
+// text, because word tests and assertions look one character back. If there is no finished text,
+// the rest begins a line, and "^" matches there.
 class CForwardReplacer
 {
 public:
@@ -51,7 +51,7 @@ private:
             m_strBuffer[m_nStart + m_nTaken - 1] = strDone.at(strDone.length() - 1);
     }
 
-    // Only an expression can ask for more than the match itself.
+    // Only a regular expression can depend on more than the match itself.
     bool matchesAlone(const QChar *pMatch, int nLength) const
     {
         return !m_search.options().bRegExp
@@ -68,10 +68,10 @@ private:
 
     const CLineSearch &m_search;
     const QString m_strReplace;
-    QString m_strBuffer; // Never shared, so that the view's characters stay where they are.
+    QString m_strBuffer; // It is never shared, so the characters of the view stay in place.
     QString m_strView; // The buffer from m_nStart on, without a copy.
     int m_nStart = 0;
-    int m_nTaken = 0; // Characters of the view that are done.
+    int m_nTaken = 0; // How many characters of the view are done.
     SLineReplacement m_result;
 };
 
@@ -79,7 +79,7 @@ SLineReplacement replaceUpwards(const CLineSearch &search, QString strLine, SLin
                                 const QString &strReplace)
 {
     SLineReplacement result;
-    QStringList lstTail; // What no later match can reach, the last part first.
+    QStringList lstTail; // The parts that no later match can reach, the last part first.
     const int nReach = search.reach();
     while (match.isValid()) {
         ++result.nMatches;

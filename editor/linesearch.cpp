@@ -56,12 +56,12 @@ SLineMatch CLineSearch::rawCandidate(const QString &strLine, int nOffset) const
 int CLineSearch::plainIndex(const QString &strText, int nOffset) const
 {
     if (m_options.bSearchUp) {
-        // QString::lastIndexOf() finds nothing at all from the position behind the last character,
-        // which is where a search from a line's end starts.
+        // QString::lastIndexOf() finds nothing from the position after the last character, where a
+        // search from a line's end starts.
         const int nFrom = nOffset >= strText.length() ? -1 : nOffset;
         return strText.lastIndexOf(m_strText, nFrom, m_case);
     }
-    // For a single character QString has a faster way than the matcher.
+    // For a single character QString is faster than the matcher.
     return m_strText.length() == 1 ? strText.indexOf(m_strText, nOffset, m_case)
                                    : m_matcher.indexIn(strText, nOffset);
 }
@@ -106,7 +106,7 @@ int lineEnd(const QString &strRun, int nPosition)
 
 } // namespace
 
-// A plain text crosses no end of a line, so that all lines are searched at once.
+// A plain text contains no line end, so all lines are searched at once.
 SRunMatch CLineSearch::findPlainInRun(const QString &strRun, int nOffset) const
 {
     SRunMatch result;
@@ -141,7 +141,7 @@ SRunMatch CLineSearch::findExpressionInRun(const QString &strRun, int nOffset) c
     for (;;) {
         result.nLineStart = nStart;
         result.nLineLength = nEnd - nStart;
-        // Makes no copy: the expression is done with the characters before the run goes away.
+        // Makes no copy, because the run outlives the search.
         result.match =
             find(QString::fromRawData(strRun.constData() + nStart, nEnd - nStart), nInLine);
         if (result.isValid() || (m_options.bSearchUp ? nStart == 0 : nEnd == strRun.length()))

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringMatcher>
 
-// How a text is searched for.
+// The options of a search.
 struct SSearchOptions
 {
     bool bMatchCase = false;
@@ -25,13 +25,13 @@ struct SLineMatch
 // A match in a run: whole lines joined by paragraph separators, as a text cursor selects them.
 struct SRunMatch
 {
-    int nLineStart = 0; // Of the line that holds the match, in the run.
+    int nLineStart = 0; // The start of the match's line in the run.
     int nLineLength = 0;
-    SLineMatch match; // In that line.
+    SLineMatch match; // The place in that line.
     bool isValid() const { return match.isValid(); }
 };
 
-// The search for one text within single lines. Reentrant, but one object serves one thread.
+// Searches for one text within single lines. Reentrant, but each object belongs to one thread.
 class CLineSearch
 {
 public:
@@ -40,14 +40,14 @@ public:
 
     const SSearchOptions &options() const { return m_options; }
 
-    // The line's one candidate, seen from nOffset on (searching up: from nOffset back; -1 is the
-    // line's last character), where it is not empty and passes the whole-word test. A candidate
-    // that fails gives no match: the rest of the line is not tried. A whole word is one that no
-    // letter or digit touches; the underscore separates words here.
+    // The line's only candidate: the first match from nOffset on, or when searching up, from
+    // nOffset back (-1 is the line's last character). If it is empty or fails the whole-word test,
+    // there is no match; the rest of the line is not tried. No letter or digit touches a whole
+    // word; the underscore separates words here.
     SLineMatch find(const QString &strLine, int nOffset) const;
 
-    // Finds what a search could select in the line from there on; passes over candidates that fail
-    // or are empty.
+    // Finds the next match in the line from there on that a search could select; skips candidates
+    // that fail or are empty.
     SLineMatch findAny(const QString &strLine, int nOffset) const;
 
     // Runs find() on each line of a run from nOffset on, which may be the end of a line. Searching
@@ -55,11 +55,11 @@ public:
     // line that holds nOffset is searched in part.
     SRunMatch findInRun(const QString &strRun, int nOffset) const;
 
-    // True when the text matches all of strSelected, which stands alone: what a regular expression
-    // demands of its surroundings cannot be met.
+    // True when the text matches all of strSelected by itself. A regular expression that demands
+    // something of its surroundings does not match.
     bool matchesExactly(const QString &strSelected) const;
 
-    // How many characters behind the start of a match decide about it; -1 when any may.
+    // How many characters from the start of a match on decide about it; -1 when there is no limit.
     int reach() const { return m_options.bRegExp ? -1 : m_strText.length(); }
 
 private:
@@ -74,5 +74,5 @@ private:
     SSearchOptions m_options;
     Qt::CaseSensitivity m_case;
     QStringMatcher m_matcher;
-    mutable QRegExp m_regExp; // Remembers its last match, hence one thread.
+    mutable QRegExp m_regExp; // Remembers its last match, so it belongs to one thread.
 };

@@ -1,5 +1,6 @@
 #include "editor/linecommands.h"
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/touchedlines.h"
 
@@ -17,7 +18,7 @@ QVector<SLineRange> rangesToSort(const CTextLines &lines, const CCarets &carets)
     return {{0, nLast > 0 && lines.length(nLast) == 0 ? nLast - 1 : nLast}};
 }
 
-// The range that differs from the sorted one, replaced by it.
+// Replaces only the part of the range that differs from the sorted one.
 void addSorted(const CTextLines &lines, const SLineRange &range, TextEdits *pEdits)
 {
     QStringList lstBefore;
@@ -43,7 +44,7 @@ void addSorted(const CTextLines &lines, const SLineRange &range, TextEdits *pEdi
 
 SCommand lineSort(const CTextLines &lines, const CCarets &carets)
 {
-    SCommand command {{}, carets}; // Their places are there in sorted text, too.
+    SCommand command {{}, carets}; // The same places exist in the sorted text.
     const QVector<SLineRange> lstRanges = rangesToSort(lines, carets);
     for (const SLineRange &range : lstRanges)
         addSorted(lines, range, &command.lstEdits);

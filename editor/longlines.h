@@ -1,5 +1,5 @@
 #pragma once
 
-// What becomes of lines that the widget shows only with long pauses: the user is asked, they are
-// shown all the same, or cut into pieces.
+// How to treat lines that the widget can show only with long pauses: ask the user, show them all
+// the same, or cut them into pieces.
 enum class LongLines { Ask, Whole, InPieces };

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Adds the matches of a line; those that begin before nIndexEnd count for the index, too.
+// Adds the matches of a line; those that begin before nIndexEnd also count for the index.
 bool addMatches(const CLineSearch &search, const QString &strLine, int nIndexEnd,
                 SMatchCount *pCount, const std::function<bool()> &isCancelled)
 {

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Menus are named in the form as "menuFile", "menuEdit".
+// The names of the form's menus are "menuFile", "menuEdit" and so on.
 const QLatin1String g_strNamePrefix("menu");
 
 bool beginsWith(QString strTitle, QChar cLetter)

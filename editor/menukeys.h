@@ -3,7 +3,7 @@
 class QChar;
 class QMenuBar;
 
-// Opens the first menu of the bar that begins with the letter, by the title shown or, where titles
-// are written in another script, by the English one; while one of them is open, the next of them.
-// False, and nothing is opened, when there is none.
+// Opens the first menu of the bar whose title begins with the letter. If titles are in another
+// script, the English title counts. While one of these menus is open, it opens the next one. False,
+// and nothing is opened, when there is none.
 bool openMenuOfLetter(QMenuBar *pBar, QChar cLetter);

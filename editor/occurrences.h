@@ -4,10 +4,10 @@
 
 #include <QString>
 
-// A caret with a selection for each occurrence of the text, in the letter case it has. bWords: only
-// those that no word character touches. The main one is the one at nMain. None: a single caret
-// there.
+// A caret with a selection for each occurrence of the text in the same letter case; with bWords,
+// only for those that no word character touches. The main caret is the one at nMain. Without an
+// occurrence there is a single caret there.
 //
-// strDocument: the lines, with one character at each line's end.
+// strDocument has one character at each line's end.
 CCarets caretsOfOccurrences(const QString &strDocument, const QString &strText, bool bWords,
                             int nMain);

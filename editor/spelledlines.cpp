@@ -9,7 +9,7 @@ namespace {
 
 const int g_nLongestLine = 10000; // Characters; nobody writes prose in a longer one.
 
-// What is not read stands as blanks, so that places stay.
+// Text that is not checked becomes blanks, so that places stay the same.
 QString proseOf(const QTextBlock &block, bool bHasLanguage)
 {
     QString strText = block.text();

@@ -6,16 +6,17 @@
 
 class QTextBlock;
 
-// Which words of a source text are misspelt. Only comments and strings hold words, as far as the
-// highlighter has found them; a text without a language holds nothing else. GUI thread only.
+// Finds the misspelt words of a source text. Only comments and strings are checked, as far as the
+// highlighter has found them. A text without a language is checked as a whole. GUI thread only.
 
-using WordCheck = std::function<bool(const QString &strWord)>; // True for a right one.
+// Gives true for a word that is spelled right.
+using WordCheck = std::function<bool(const QString &strWord)>;
 
 // The misspelt words of one line.
 QVector<SSpellWord> misspeltWords(const QTextBlock &block, bool bHasLanguage,
                                   const WordCheck &isCorrect);
 
-// The first that ends behind the place, in the document's own positions; one of no length where the
-// next nMostLines lines have none.
+// The first misspelt word that ends after the place, in positions of the document. Its length is 0
+// if the next nMostLines lines have none.
 SSpellWord nextMisspeltWord(const QTextBlock &first, int nPosition, bool bHasLanguage,
                             const WordCheck &isCorrect, int nMostLines);

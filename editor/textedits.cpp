@@ -41,7 +41,8 @@ CCarets CPositionMap::map(const CCarets &carets) const
 
 namespace {
 
-// Qt lets typing grow the last insertion, be it a command's. A removal in between keeps them apart.
+// Qt adds typed text to the last insertion, even to that of a command. A removal in between keeps
+// them apart.
 void keepFromGrowing(QTextCursor *pEdit)
 {
     pEdit->insertText(QStringLiteral(" "));
@@ -58,7 +59,7 @@ void applyEdits(QTextDocument *pDocument, const TextEdits &lstEdits, int nCursor
         edit.joinPreviousEditBlock();
     else
         edit.beginEditBlock();
-    // Edits from the end, so that the places of the edits to come stay the same.
+    // Edits from the end, so that the places of later edits stay the same.
     for (auto it = lstEdits.crbegin(); it != lstEdits.crend(); ++it) {
         edit.setPosition(it->nStart);
         edit.setPosition(it->nStart + it->nLength, QTextCursor::KeepAnchor);

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QVector>
 
-// A range of a text and what comes in its place. "\n" ends a line.
+// A range of a text and its replacement. "\n" ends a line.
 struct STextEdit
 {
     int nStart;
@@ -13,10 +13,10 @@ struct STextEdit
     QString strText;
 };
 
-// Edits in the order of the text, disjoint; all places are those before the first edit.
+// Disjoint edits in the order of the text. All places are those before the first edit.
 using TextEdits = QVector<STextEdit>;
 
-// What a command does: its edits, and the carets after them. Without edits it does nothing.
+// The effect of a command: its edits, and the carets after them. Without edits it does nothing.
 struct SCommand
 {
     TextEdits lstEdits;
@@ -24,8 +24,9 @@ struct SCommand
     bool isNothing() const { return lstEdits.isEmpty(); }
 };
 
-// Tells where places of a text are after edits. A place at an insertion stays in front of it. A
-// place in a replaced range keeps its distance from the range's start as far as there is text.
+// Translates places of a text to places after edits. A place at an insertion stays before it. A
+// place in a replaced range keeps its distance from the range's start, as far as the new text
+// reaches.
 class CPositionMap
 {
 public:
@@ -37,11 +38,11 @@ public:
 
 private:
     TextEdits m_lstEdits;
-    QVector<int> m_lstGrowth; // By all edits before the one with that number.
+    QVector<int> m_lstGrowth; // The change of length by all edits before the one with that number.
 };
 
 class QTextDocument;
 
-// Makes the edits as one step of undo, or as part of the last one. The cursor goes to nCursor when
-// the step is undone. What is typed next is a step of its own, wherever it is typed.
+// Makes the edits as one step of undo, or as part of the last one. When the step is undone, the
+// cursor goes to nCursor. Text typed next is a separate step, wherever it is typed.
 void applyEdits(QTextDocument *pDocument, const TextEdits &lstEdits, int nCursor, bool bJoinLast);

@@ -4,11 +4,11 @@
 
 namespace {
 
-// A character has more marks than this in no script; what has more may be divided.
+// No script has characters with more marks than this, so a longer run may be divided.
 const int g_nMostMarks = 32;
 
-// Words of this script are looked for in a dictionary: 200,000 letters without a blank take as long
-// as six million of another.
+// Words of this script are found with a dictionary: 200,000 letters without a blank take as long as
+// six million of another script.
 const qint64 g_nWeightOfThai = 30;
 
 bool isThai(ushort c)
@@ -31,7 +31,7 @@ bool isLineEnd(QChar c)
     return c == QLatin1Char('\n') || c == QLatin1Char('\r');
 }
 
-// Gives the place behind the next line end from nFrom on, or the end of the text.
+// Gives the place after the next line end from nFrom on, or the end of the text.
 int behindLine(const QString &strText, int nFrom)
 {
     const QChar *const pEnd = strText.constEnd();

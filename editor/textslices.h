@@ -5,20 +5,20 @@
 
 #include <vector>
 
-// A large text as the slices in which a document takes it. Reentrant, no widgets.
+// Divides a large text into the slices that a document takes one by one. Reentrant, no widgets.
 
-// What one slice holds at most. A line is never divided: its end is part of its slice, and a longer
-// line is a slice of its own, because a document lays a line out anew each time it grows.
+// The limits of a slice. A line is never divided, and its end is part of its slice; a longer line
+// is a slice of its own. The reason is that a document lays a line out again each time it grows.
 //
-// Lines cost a document much more than characters; and after each slice its last screenful is laid
-// out, for the scroll bars, which a slice of few lines would not be worth.
+// Lines cost a document much more than characters. After each slice its last screenful is laid out
+// for the scroll bars, so slices of few lines would not pay.
 struct SSliceLimits
 {
     int nCharacters = 0x100000; // UTF-16 units.
     int nLines = 4000;
 };
 
-// Gives the end of the slice that begins at nFrom: behind a line end (LF, CR, or both as one) or at
+// Gives the end of the slice that begins at nFrom: after a line end (LF, CR, or both as one) or at
 // the end of the text.
 int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits);
 
@@ -26,7 +26,7 @@ int sliceEnd(const QString &strText, int nFrom, const SSliceLimits &limits);
 struct SHeaviestLine
 {
     int nLength = 0; // UTF-16 units without the line end.
-    qint64 nWeight = 0; // Letters of a cheap script that would take as long.
+    qint64 nWeight = 0; // The number of letters of a cheap script that would take as long.
 };
 SHeaviestLine heaviestLine(const QString &strText);
 
@@ -42,9 +42,9 @@ STextLines linesOf(const QString &strText, int nFrom, const SSliceLimits &limits
 // The same for a text that is nothing but these characters.
 STextLines linesOf(const QByteArray &ascii, int nFrom, const SSliceLimits &limits);
 
-// No line of so few units is as heavy as that.
+// A line of at most this length is never that heavy.
 qint64 unitsOfLightLines(qint64 nWeight);
 
-// The text with a LF in each line that is heavier than nHeaviest, every nPiece units or a little
-// before: not inside a surrogate pair, nor before a mark that belongs to the character in front.
+// Divides each line that is heavier than nHeaviest by a LF every nPiece units or a little before:
+// not inside a surrogate pair, nor before a mark that belongs to the character in front.
 QString inPieces(const QString &strText, int nPiece, qint64 nHeaviest);

@@ -7,14 +7,14 @@
 
 class CTextLines;
 
-// Lines from the first to the last.
+// A range of lines.
 struct SLineRange
 {
     int nFirst;
     int nLast;
 };
 
-// The lines that a caret stands for.
+// The lines that a caret touches.
 SLineRange touchedLines(const CTextLines &lines, const SCaret &caret);
 
 // The lines of all carets, in order; neighbours are one range.
@@ -23,6 +23,6 @@ QVector<SLineRange> touchedRanges(const CTextLines &lines, const CCarets &carets
 // Their texts with "\n" between them.
 QString joinedText(const CTextLines &lines, const SLineRange &range);
 
-// Which range each caret belongs to.
+// The range of each caret.
 QVector<int> rangesOfCarets(const CTextLines &lines, const CCarets &carets,
                             const QVector<SLineRange> &lstRanges);

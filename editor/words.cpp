@@ -2,7 +2,7 @@
 
 bool isWordCharacter(QChar c)
 {
-    // Halves of characters outside the first plane are mostly rarer letters.
+    // Surrogates count as letters, because characters outside the first plane mostly are.
     return c.isLetterOrNumber() || c.isMark() || c.isSurrogate() || c == QLatin1Char('_');
 }
 

@@ -12,5 +12,5 @@ struct SWord
 
 bool isWordCharacter(QChar c);
 
-// The word that holds the place or touches it; without one, the place with no length.
+// The word that contains or touches the place. If there is none, a word of length 0 there.
 SWord wordAt(const QString &strLine, int nPlace);

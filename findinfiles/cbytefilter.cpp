@@ -33,7 +33,7 @@ bool containsIgnoringCase(const QByteArray &data, const QByteArrayMatcher &match
     return false;
 }
 
-// True for a sign that lets what stands before it be absent.
+// True for a sign that makes the item before it optional.
 bool mayBeAbsent(QChar quantifier)
 {
     return quantifier == QLatin1Char('*') || quantifier == QLatin1Char('?')
@@ -44,7 +44,7 @@ bool mayBeAbsent(QChar quantifier)
 
 QString requiredText(const QString &strExpression)
 {
-    // Choices may leave out anything.
+    // With alternatives any part may be absent.
     if (strExpression.contains(QLatin1Char('|')) || strExpression.contains(QLatin1Char('(')))
         return QString();
     static const QString s_strSpecial = QStringLiteral(".^$*+?]}");
@@ -53,11 +53,12 @@ QString requiredText(const QString &strExpression)
     for (int n = 0; n < strExpression.length(); ++n) {
         QChar c = strExpression.at(n);
         if (c == QLatin1Char('[') || c == QLatin1Char('{'))
-            break; // What follows is not looked at.
+            break; // Ignores the rest.
         bool bLiteral = !s_strSpecial.contains(c);
         if (c == QLatin1Char('\\')) {
             c = ++n < strExpression.length() ? strExpression.at(n) : QChar();
-            bLiteral = c.isPunct() || c.isSymbol(); // Else a class, a code, a reference.
+            // Otherwise it is a class, a code or a reference.
+            bLiteral = c.isPunct() || c.isSymbol();
             if (!bLiteral)
                 break;
         }
@@ -93,7 +94,7 @@ bool CByteFilter::mayMatch(const QByteArray &data, bool bAscii) const
         return true;
     if (!m_bIgnoreCase)
         return m_matcher.indexIn(data) >= 0;
-    // The signs for Kelvin and the long s are a k and an s.
+    // Without case the Kelvin sign equals "k", and the long s equals "s".
     if (m_bFolded && !bAscii && (data.contains("\xe2\x84\xaa") || data.contains("\xc5\xbf")))
         return true;
     return containsIgnoringCase(data, m_matcher);

@@ -5,27 +5,28 @@
 #include <QByteArray>
 #include <QByteArrayMatcher>
 
-// Tells by a file's bytes that nothing can be found in it, which is so for most files and takes a
-// tenth of the time that decoding and searching them would. Thread-safe.
+// Tells by a file's bytes that nothing can be found in it. That is so for most files, and takes a
+// tenth of the time of decoding and searching. Thread-safe.
 class CByteFilter
 {
 public:
     CByteFilter(const QString &strText, const SSearchOptions &options);
 
-    // False only when the search finds nothing in the data. The data is ASCII, or valid UTF-8 where
+    // False only if the search finds nothing in the data. The data is ASCII, or valid UTF-8 if
     // bAscii is false.
     bool mayMatch(const QByteArray &data, bool bAscii) const;
-    // False when every data may match.
+    // False if any data may match.
     bool isUseful() const { return !m_matcher.pattern().isEmpty(); }
 
 private:
-    // What the bytes of every match hold; in lower case where case is ignored.
+    // Text that every match contains, as bytes; in lower case if case is ignored.
     QByteArrayMatcher m_matcher;
     bool m_bIgnoreCase;
-    bool m_bAsciiOnly = false; // Data that is not ASCII may hold the needle in other letters.
-    bool m_bFolded = false; // Letters outside ASCII stand for some of the needle's.
+    // Other letters may equal those of the needle, in data that is not ASCII.
+    bool m_bAsciiOnly = false;
+    bool m_bFolded = false; // Letters outside ASCII equal some of the needle's.
 };
 
-// The longest text that is part of every match of a regular expression, as far as a short look at
-// it tells; empty when it tells nothing.
+// The longest text that is surely part of every match of a regular expression; empty if a quick
+// look finds none.
 QString requiredText(const QString &strExpression);

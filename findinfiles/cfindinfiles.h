@@ -13,9 +13,9 @@ class CSearchJob;
 
 // Searches the files of a folder on threads of its own. GUI thread only; no widgets.
 //
-// cancel() and start() do not wait for the threads of a search that goes on; none of its results
-// comes afterwards. The destructor waits for them, at most 5000 ms: a thread that a dead network
-// disk holds longer is left behind and touches nothing of this.
+// cancel() and start() do not wait for the threads of a search that goes on; no result of the old
+// search comes afterwards. The destructor waits for them, at most 5000 ms: a thread that hangs
+// longer on a dead network disk is left behind and uses nothing of this object.
 class CFindInFiles : public QObject
 {
     Q_OBJECT
@@ -24,17 +24,17 @@ public:
     explicit CFindInFiles(QObject *pParent = nullptr);
     ~CFindInFiles() override;
 
-    // Ends the search that runs, without its finished(). Nothing is searched, and finished() comes,
-    // for an empty text or a folder that does not exist.
+    // Ends a running search without its finished(). For an empty text, or a folder that does not
+    // exist, nothing is searched, and finished() comes at once.
     void start(const SFindQuery &query);
     // Ends the search; finished() comes before this returns.
     void cancel();
     bool isRunning() const { return m_pJob != nullptr; }
 
 signals:
-    // Some thousand matches at most, files in no special order; each file comes once.
+    // At most some thousand matches. Files come in no special order, each once.
     void found(const QVector<SFileMatches> &lstFound);
-    // Now and then while the search goes on.
+    // Emitted now and then while the search goes on.
     void progress(const SFindCounts &counts);
     void finished(const SFindCounts &counts);
 
@@ -44,7 +44,8 @@ private:
     void onTick();
 
     std::shared_ptr<CSearchJob> m_pJob;
-    QVector<QPointer<QThread>> m_lstThreads; // Also of earlier searches, until they have ended.
+    // The threads of this search, and of earlier ones until they have ended.
+    QVector<QPointer<QThread>> m_lstThreads;
     QTimer m_timer;
     SFindCounts m_counts;
 };

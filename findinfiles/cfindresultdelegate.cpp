@@ -1,6 +1,9 @@
 #include "findinfiles/cfindresultdelegate.h"
 
+#include "editor/linesearch.h"
 #include "findinfiles/cfindresults.h"
+#include "findinfiles/findquery.h"
+#include "findinfiles/resulttext.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -71,7 +74,7 @@ void CFindResultDelegate::paint(QPainter *pPainter, const QStyleOptionViewItem &
     initStyleOption(&item, index);
     const QStyle *pStyle = item.widget ? item.widget->style() : QApplication::style();
     const QRect rect = pStyle->subElementRect(QStyle::SE_ItemViewItemText, &item, item.widget);
-    item.text.clear(); // The rest is the style's: background, focus, check box.
+    item.text.clear(); // The style draws the rest: background, focus, check box.
     pStyle->drawControl(QStyle::CE_ItemViewItem, &item, pPainter, item.widget);
     const int nMargin = pStyle->pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;
     drawText(pPainter, item, rect.adjusted(nMargin, 0, -nMargin, 0), pResults->textOf(*pMatch));

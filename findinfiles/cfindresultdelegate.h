@@ -2,8 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-// Draws the rows of a search's results: the match stands out, and what replaces it beside it.
-// The model must be CFindResults.
+// Draws the rows of a search's results: the match stands out, with its replacement beside it. The
+// model must be CFindResults.
 class CFindResultDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -97,7 +97,7 @@ void CFindResults::setNote(const QString &strPath, const QString &strNote)
     tellOfFile(nRow);
 }
 
-// A match's index carries its file's entry, a file's index nothing.
+// The index of a match holds the entry of its file; the index of a file holds null.
 CFindResults::SEntry *CFindResults::entryOf(const QModelIndex &index) const
 {
     if (!index.isValid())

@@ -11,7 +11,7 @@
 #include <vector>
 
 // The matches of a search, below their files, which are sorted by path. While a replacement is
-// shown, each match can be unchecked, and a file's row does so for all of its own. GUI thread only.
+// shown, each match can be unchecked; a file's row does it for all its matches. GUI thread only.
 class CFindResults : public QAbstractItemModel
 {
     Q_OBJECT
@@ -20,15 +20,15 @@ public:
     explicit CFindResults(QObject *pParent = nullptr);
     ~CFindResults() override;
 
-    // Drops all matches. Paths are shown as they lie in this folder.
+    // Drops all matches. Paths are shown relative to this folder.
     void start(const QString &strFolder);
     void add(const QVector<SFileMatches> &lstFiles);
 
-    // Shows what each match would become; without it, nothing can be checked.
+    // Shows the replacement of each match. Without a replacement nothing can be checked.
     void setReplacement(bool bShown, const QString &strText);
     QVector<SFileReplacement> checkedReplacements() const;
     void removeFile(const QString &strPath);
-    // A remark beside the file's name: why it was not replaced, say.
+    // A remark beside the file's name, for example why it was not replaced.
     void setNote(const QString &strPath, const QString &strNote);
 
     // Null for the row of a file.

@@ -4,9 +4,9 @@
 #include <QString>
 #include <QVector>
 
-// Which file names are wanted: wildcard patterns separated by ";" or ",", such as "*.cpp; *.h", and
-// with a "!" before it what is not wanted. Case does not matter. Without a pattern that asks for
-// something, all names are wanted. Thread-safe.
+// Tells which file names are wanted, by wildcard patterns separated by ";" or ",", such as "*.cpp;
+// *.h". A "!" before a pattern excludes names. Case does not count. Without a pattern that includes
+// names, all are wanted. Thread-safe.
 class CNamePatterns
 {
 public:

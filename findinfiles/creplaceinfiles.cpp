@@ -27,7 +27,7 @@ void CReplaceInFiles::start(const QVector<SFileReplacement> &lstFiles, const QSt
                 this, [=] { emit fileDone(file.strPath, strReason); }, Qt::QueuedConnection);
         }
     });
-    // Comes after what the thread has queued.
+    // Runs after all that the thread has queued.
     connect(m_pThread, &QThread::finished, this, [this] {
         m_bRunning = false;
         emit finished();

@@ -20,9 +20,9 @@ public:
     explicit CReplaceInFiles(QObject *pParent = nullptr);
     ~CReplaceInFiles() override;
 
-    // Only while none runs.
+    // Call it only while no replacement runs.
     void start(const QVector<SFileReplacement> &lstFiles, const QString &strText);
-    // No further file is begun.
+    // Begins no further file.
     void cancel();
     bool isRunning() const { return m_bRunning; }
 

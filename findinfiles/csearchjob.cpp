@@ -1,14 +1,15 @@
 #include "findinfiles/csearchjob.h"
 
+#include "editor/linesearch.h"
 #include "findinfiles/filereading.h"
 #include "findinfiles/filewalk.h"
 
 namespace {
 
 const int g_nChunk = 64; // Paths that a thread takes at once.
-const size_t g_nMaxChunks = 256; // That wait.
-const int g_nMaxWaiting = 10000; // Matches that wait to be taken.
-const int g_nMaxMatches = 100000; // Kept at all.
+const size_t g_nMaxChunks = 256; // The most paths that may wait.
+const int g_nMaxWaiting = 10000; // The most matches that wait to be taken.
+const int g_nMaxMatches = 100000; // The most matches of a search.
 
 } // namespace
 
@@ -74,7 +75,7 @@ void CSearchJob::work()
     options.bSearchUp = false;
     const CLineSearch search(m_query.strText, options);
     QByteArray data;
-    data.reserve(1024 * 1024); // A file after another goes through it.
+    data.reserve(1024 * 1024); // Reused for one file after another.
     Paths paths;
     while (nextChunk(&paths)) {
         for (const QString &strPath : qAsConst(paths))
@@ -116,7 +117,7 @@ void CSearchJob::addFound(SFileMatches found)
     if (found.lstMatches.size() >= nLeft) {
         found.lstMatches.resize(nLeft);
         m_counts.bCutOff = true;
-        m_bCancel = true; // What was found so far stays to be taken.
+        m_bCancel = true; // What was found so far can still be taken.
         m_changed.notify_all();
     }
     m_nWaiting += found.lstMatches.size();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/linesearch.h"
 #include "findinfiles/cbytefilter.h"
 #include "findinfiles/cnamepatterns.h"
 #include "findinfiles/findquery.h"
@@ -12,10 +13,10 @@
 #include <mutex>
 #include <vector>
 
-// One search, shared by the threads that work on it and whoever takes its results. The threads run
+// One search, shared by the threads that work on it and the reader of its results. The threads run
 // walk() once and work() any number of times. Thread-safe.
 //
-// Both what waits to be searched and what waits to be taken is bounded: a thread that is too fast
+// Both queues (paths to be searched, matches to be taken) are bounded: a thread that is too fast
 // waits.
 class CSearchJob
 {
@@ -28,8 +29,8 @@ public:
     // Ends all threads soon.
     void cancel();
 
-    // Takes about nMatches matches that were found, whole files; SFindCounts are of now. False once
-    // the search is over and all is taken.
+    // Takes about nMatches matches, of whole files, with the counts of this moment. False once the
+    // search is over and everything is taken.
     bool take(int nMatches, QVector<SFileMatches> *pFound, SFindCounts *pCounts);
 
 private:
@@ -46,7 +47,7 @@ private:
     const CByteFilter m_filter;
     std::atomic<bool> m_bCancel = false;
 
-    mutable std::mutex m_mutex; // Guards all below.
+    mutable std::mutex m_mutex; // Guards all members below.
     std::condition_variable m_changed;
     std::deque<Paths> m_chunks;
     bool m_bWalking = true;
@@ -55,5 +56,5 @@ private:
     int m_nWaiting = 0; // Matches in m_found.
     SFindCounts m_counts;
 
-    Paths m_gathered; // Only walk() touches it.
+    Paths m_gathered; // Only walk() uses it.
 };

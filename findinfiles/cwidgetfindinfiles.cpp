@@ -4,6 +4,7 @@
 #include "app/plaintext.h"
 #include "findinfiles/cfindresultdelegate.h"
 #include "findinfiles/cfindresults.h"
+#include "findinfiles/findquery.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -27,7 +28,8 @@ CWidgetFindInFiles::CWidgetFindInFiles(QWidget *pParent) : QWidget(pParent)
     m_pProgress->setAccessibleName(tr("Searching"));
     m_pState = new QLabel(this);
     m_pState->setTextFormat(Qt::PlainText);
-    m_pState->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // However narrow.
+    // However narrow the dock is.
+    m_pState->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *pSplitter = new QSplitter(Qt::Vertical, this);
     pSplitter->setChildrenCollapsible(false);
     pSplitter->addWidget(createForm());
@@ -43,11 +45,12 @@ CWidgetFindInFiles::CWidgetFindInFiles(QWidget *pParent) : QWidget(pParent)
     updateButtons();
 }
 
-// It scrolls where the dock has no room for it: the window must be as small as it likes.
+// It scrolls if the dock has no room for it, so that the window may be as small as the user likes.
 QWidget *CWidgetFindInFiles::createForm()
 {
     auto *pForm =
-        new QWidget(this); // Never a window: its fields would leave the order of the Tab key.
+        // It must never be a window, or its fields would leave the order of the Tab key.
+        new QWidget(this);
     auto *pLayout = new QVBoxLayout(pForm);
     pLayout->setContentsMargins(4, 4, 4, 0);
     pLayout->setSpacing(3);
@@ -150,7 +153,7 @@ QBoxLayout *CWidgetFindInFiles::createOptions()
     return pOptions;
 }
 
-// The fields first, line after line.
+// The fields come first, line by line.
 void CWidgetFindInFiles::orderTabs()
 {
     QWidget *pBefore = m_pEditText;

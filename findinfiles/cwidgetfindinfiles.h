@@ -2,6 +2,7 @@
 
 #include "findinfiles/cfindinfiles.h"
 #include "findinfiles/creplaceinfiles.h"
+#include "findinfiles/findquery.h"
 
 #include <QWidget>
 
@@ -26,8 +27,8 @@ class CWidgetFindInFiles : public QWidget
     Q_OBJECT
 
 public:
-    // Why a file must not be written now, for the user; empty when it may be. Asked on the GUI
-    // thread just before a replacement.
+    // Gives the reason, for the user, why a file must not be written now; empty if it may be.
+    // Called on the GUI thread just before a replacement.
     using Guard = std::function<QString(const QString &strPath)>;
 
     explicit CWidgetFindInFiles(QWidget *pParent = nullptr);
@@ -35,8 +36,8 @@ public:
     void setGuard(Guard guard) { m_guard = std::move(guard); }
     // The folder to search; one that the user has typed stays.
     void setFolder(const QString &strFolder);
-    // Takes the options of the find dialog and a text (an empty one is not taken), and gives the
-    // keyboard to the text.
+    // Takes over the options of the find dialog and a text, unless it is empty, and moves the focus
+    // to the text.
     void prepare(const QString &strText);
 
 signals:
@@ -46,7 +47,7 @@ signals:
     void fileReplaced(QString strPath);
     // A search or a replacement begins or ends; strWhat names it.
     void busyChanged(bool bBusy, QString strWhat);
-    // What a search or a replacement came to.
+    // The outcome of a search or a replacement.
     void statusMessage(QString strText);
 
 public slots:
@@ -102,8 +103,8 @@ private:
     CReplaceInFiles m_replace;
     Guard m_guard;
     bool m_bFolderTyped = false;
-    bool m_bBusy = false; // As it was told last.
-    int m_nPressedState = -1; // Of the check box of the row that the mouse went down on.
-    int m_nReplaced = 0; // Files of the replacement that runs.
+    bool m_bBusy = false; // The last state that was signalled.
+    int m_nPressedState = -1; // The state of the check box where the mouse button went down.
+    int m_nReplaced = 0; // The files of the running replacement.
     int m_nRefused = 0;
 };

@@ -2,6 +2,8 @@
 #include "app/csettings.h"
 #include "findinfiles/cfindresults.h"
 #include "findinfiles/cwidgetfindinfiles.h"
+#include "findinfiles/findquery.h"
+#include "findinfiles/replacefile.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -15,7 +17,7 @@
 
 namespace {
 
-const int g_nExpandedFiles = 200; // More would have to be laid out one by one.
+const int g_nExpandedFiles = 200; // More rows would have to be laid out one by one.
 
 } // namespace
 
@@ -176,7 +178,7 @@ void CWidgetFindInFiles::onFolderBrowse()
     m_pEditFolder->setText(QDir::toNativeSeparators(strFolder));
 }
 
-// A click on a row's check box is for that alone.
+// A click on a row's check box only changes the box.
 void CWidgetFindInFiles::onPressed(const QModelIndex &index)
 {
     m_nPressedState = index.data(Qt::CheckStateRole).toInt();

@@ -2,6 +2,7 @@
 
 #include "app/platform.h"
 #include "app/textcodecs.h"
+#include "editor/linesearch.h"
 #include "findinfiles/textmatches.h"
 
 #include <QCryptographicHash>
@@ -15,15 +16,15 @@ namespace {
 
 const qint64 g_nHuge = qint64(64) * 1024 * 1024; // Bytes; decoded, a text takes twice as many.
 const qint64 g_nBeginning =
-    qint64(32) * 1024; // Read first: most files that are no text show it here.
+    qint64(32) * 1024; // Read first, because most binary files show here that they are no text.
 
-// Many times as fast as asking the array.
+// Many times as fast as the function of QByteArray.
 bool holdsZero(const QByteArray &data)
 {
     return std::memchr(data.constData(), 0, size_t(data.size())) != nullptr;
 }
 
-// A zero byte makes a file binary, as for most tools that search; of UTF-16 every letter has one.
+// A zero byte makes a file binary, as in most search tools. In UTF-16 nearly every letter has one.
 bool isBinary(const QByteArray &data)
 {
     const bool bUtf16 = data.startsWith("\xff\xfe") || data.startsWith("\xfe\xff");

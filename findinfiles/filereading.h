@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/linesearch.h"
 #include "findinfiles/cbytefilter.h"
 #include "findinfiles/findquery.h"
 
@@ -8,22 +9,22 @@
 
 #include <atomic>
 
-// One file of a search: what is read of it and what is found in it.
+// Reads one file of a search and finds the matches in it.
 
 enum class FileKind {
     Text,
-    Binary, // Holds a zero byte, and does not begin as UTF-16 does.
+    Binary, // It holds a zero byte and does not begin like UTF-16.
     Huge,
     Unreadable,
-    None, // A folder, a link, a pipe, a device, or gone meanwhile.
+    None, // It is a folder, a link, a pipe or a device, or no longer there.
 };
 
-// Reads a file that a search looks into. The buffer is used again: no allocation for each file.
+// Reads a file for a search. The buffer is reused, so that not every file needs an allocation.
 FileKind readTextFile(const QString &strPath, QByteArray *pData);
 
-// What tells the bytes from any others.
+// A hash that identifies the bytes.
 QByteArray fingerprintOf(const QByteArray &data);
 
-// The matches in the data of one file, decoded as the loader of the editor does it.
+// The matches in the data of one file, which is decoded as the editor's loader does it.
 QVector<SFileMatch> findInData(const CLineSearch &search, const CByteFilter &filter,
                                const QByteArray &data, int nMost, const std::atomic<bool> &bCancel);

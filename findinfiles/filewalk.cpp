@@ -31,7 +31,8 @@ public:
         m_lstFolders = QStringList(strFolder);
         while (!m_lstFolders.isEmpty() && !isDone()) {
             const QString strNext = m_lstFolders.takeLast();
-            // The first may lie anywhere in a repository, the others come from outside of one.
+            // The first folder may be anywhere in a repository; the others are reached from outside
+            // of one.
             const bool bGit = bFirst ? gitKnowsFolder(strNext, m_bCancel)
                                      : QFileInfo::exists(pathOf(strNext, strGit));
             bFirst = false;

@@ -7,32 +7,32 @@
 #include <QString>
 #include <QVector>
 
-// What is searched for in the files of a folder, and what was found.
+// A search in the files of a folder, and its matches.
 
 struct SFindQuery
 {
     QString strFolder;
     QString strNames; // Patterns of file names: see CNamePatterns.
     QString strText;
-    SSearchOptions options; // bSearchUp means nothing here.
+    SSearchOptions options; // bSearchUp has no effect here.
 };
 
-// A match, with as much of its line as is shown. Columns and lengths are UTF-16 units of the line
-// as the editor has it.
+// A match with the part of its line that is shown. Columns and lengths count UTF-16 units of the
+// line in the editor.
 struct SFileMatch
 {
-    int nLine = 0; // From 1 on.
-    int nColumn = 0; // From 0 on.
+    int nLine = 0; // Counts from 1.
+    int nColumn = 0; // Counts from 0.
     int nLength = 0;
     QString strExcerpt; // A part of the line around the match.
-    int nExcerptColumn = 0; // Of the match in the excerpt. Its end may be cut off there.
+    int nExcerptColumn = 0; // Place of the match in the excerpt, which may cut off its end.
 };
 
 struct SFileMatches
 {
     QString strPath;
-    QByteArray fingerprint; // Of the bytes that were searched: see fingerprintOf().
-    QVector<SFileMatch> lstMatches; // In the file's order.
+    QByteArray fingerprint; // The fingerprint of the searched bytes: see fingerprintOf().
+    QVector<SFileMatch> lstMatches; // In the order of the file.
 };
 
 struct SFindCounts

@@ -10,7 +10,7 @@
 
 namespace {
 
-// What the environment or a repository's settings would have it do besides listing.
+// Switches off what the environment or a repository's settings would make Git do besides listing.
 void restrict(QProcess *pProcess)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -64,7 +64,8 @@ bool isInRepository(const QString &strFolder)
     return false;
 }
 
-// One entry: a path, with a tracked file's mode, object and stage and a tab before it.
+// One entry is a path. For a tracked file its mode, object and stage and a tab come before the
+// path.
 struct SEntry
 {
     explicit SEntry(const QByteArray &line)
@@ -134,7 +135,8 @@ bool gitKnowsFolder(const QString &strFolder, const std::atomic<bool> &bCancel)
     if (!startGit(&process, strFolder,
                   {QStringLiteral("check-ignore"), QStringLiteral("-q"), QStringLiteral(".")}))
         return false;
-    return finish(&process, bCancel) != 0; // 0 is "ignored"; the root is told apart as an error.
+    // 0 means "ignored"; for the root Git reports an error instead.
+    return finish(&process, bCancel) != 0;
 }
 
 bool listGitFiles(const QString &strFolder, const std::atomic<bool> &bCancel,

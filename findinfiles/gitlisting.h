@@ -5,17 +5,16 @@
 #include <atomic>
 #include <functional>
 
-// The files of a Git repository as Git itself tells them: tracked ones, and new ones that it is not
-// told to ignore. Its own program is asked, because its rules (nested files, the user's own ones,
-// tracked files that are ignored) are known for certain there only; what a repository's settings
-// could make it run or fetch is switched off. All functions block, and end soon once bCancel is
-// true.
+// The files of a Git repository as Git itself lists them: tracked ones, and new ones that are not
+// ignored. Git's own program is asked, because only it surely knows its rules (nested ignore files,
+// the user's own, ignored files that are tracked). Settings of a repository that make it run or
+// fetch something are switched off. All functions block, and end soon once bCancel is true.
 
 // True when the folder lies in a repository that does not ignore it as a whole.
 bool gitKnowsFolder(const QString &strFolder, const std::atomic<bool> &bCancel);
 
-// Calls back with each file below the folder, its path relative to that, until the callback gives
-// false. A repository within it, which Git does not look into, comes as a folder. False, before
-// anything was called, when Git is not there or cannot read the repository.
+// Calls back with each file below the folder, with its relative path, until the callback gives
+// false. A repository inside it, which Git does not search, comes as a folder. Gives false, without
+// a callback, if Git is not installed or cannot read the repository.
 bool listGitFiles(const QString &strFolder, const std::atomic<bool> &bCancel,
                   const std::function<bool(const QString &strName, bool bFolder)> &onFile);

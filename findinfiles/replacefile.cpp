@@ -8,15 +8,15 @@
 
 namespace {
 
-const char g_szMark[] = "\xef\xbb\xbf"; // That UTF-8 may begin with.
+const char g_szMark[] = "\xef\xbb\xbf"; // The byte-order mark that UTF-8 may begin with.
 
-// Walks along the lines of a text with any line ends, as the editor tells them apart.
+// Walks along the lines of a text with any line ends, by the editor's rules.
 class CLineWalk
 {
 public:
     explicit CLineWalk(const QString &strText) : m_strText(strText) { findEnd(); }
 
-    // Goes on to a line, which lies not before the present one. False when there is none.
+    // Goes forward to a line. False if there is none.
     bool goTo(int nLine)
     {
         while (m_nLine < nLine && m_nEnd < m_strText.length()) {
@@ -81,7 +81,7 @@ bool CFileReplacer::replace(const SFileReplacement &replacement, const QString &
     const QString strCodec = codecNameForData(QString(), data);
     QString strFile = decodeText(codecForName(strCodec), data);
     const QByteArray mark = data.startsWith(g_szMark) ? QByteArray(g_szMark) : QByteArray();
-    // What is written is UTF-8: the file must be that already, and come back as it was.
+    // The file is written as UTF-8, so it must already be UTF-8 and survive decoding unchanged.
     if (mark + strFile.toUtf8() != data) {
         *pReason = tr("It is not UTF-8: saving it from the editor would convert it.");
         return false;

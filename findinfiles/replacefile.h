@@ -6,11 +6,11 @@
 #include <QString>
 #include <QVector>
 
-// What is to be replaced in one file: matches of a search, in the file's order.
+// The replacements in one file: matches of a search, in the order of the file.
 struct SFileReplacement
 {
     QString strPath;
-    QByteArray fingerprint; // Of the bytes that the matches were found in.
+    QByteArray fingerprint; // The fingerprint of the bytes in which the matches were found.
     QVector<SFileMatch> lstMatches;
 };
 
@@ -20,14 +20,14 @@ class CFileReplacer
     Q_DECLARE_TR_FUNCTIONS(CFileReplacer)
 
 public:
-    // Puts strText (no line ends) in the place of each match and leaves every other byte as it is.
-    // False with the reason for the user, and the file is as it was: when it has changed since the
-    // search, when it is not UTF-8 or not whole as text, so that it could not be written without
-    // loss, or when writing fails. For any thread.
+    // Replaces each match by strText (which has no line ends) and leaves every other byte as it is.
+    // It fails if the file has changed since the search, if it is not UTF-8 or could not be written
+    // as text without loss, or if writing fails. Then it gives false with the reason for the user,
+    // and the file is as it was. Any thread.
     static bool replace(const SFileReplacement &replacement, const QString &strText,
                         QString *pReason);
 };
 
-// The text with the matches replaced; false when one does not lie in it. Line ends stay.
+// Replaces the matches in a text; false if one is not in it. Line ends stay.
 bool replaceMatches(const QVector<SFileMatch> &lstMatches, const QString &strReplace,
                     QString *pText);

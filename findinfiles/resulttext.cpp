@@ -1,6 +1,7 @@
 #include "findinfiles/resulttext.h"
 
 #include "app/plaintext.h"
+#include "editor/linesearch.h"
 
 namespace {
 

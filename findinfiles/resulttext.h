@@ -1,17 +1,18 @@
 #pragma once
 
+#include "editor/linesearch.h"
 #include "findinfiles/findquery.h"
 
 #include <QString>
 
-// A match as one line for a list: its line's number, what stands before it, the match, what it
-// would be replaced by, and what stands behind it. Nothing in it is markup, and nothing hides.
+// A match as one line for a list: the line's number, the text before the match, the match, its
+// replacement, and the text after it. No part of it is markup, and all characters are visible.
 struct SResultText
 {
     QString strText;
     SLineMatch match;
-    SLineMatch replacement; // Not valid where nothing is to be replaced.
+    SLineMatch replacement; // Not valid if there is no replacement.
 };
 
-// pReplace is null where nothing is to be replaced.
+// pReplace is null if there is no replacement.
 SResultText resultText(const SFileMatch &match, const QString *pReplace);

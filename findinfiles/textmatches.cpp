@@ -1,14 +1,15 @@
 #include "findinfiles/textmatches.h"
 
 #include "editor/cstandins.h"
+#include "editor/linesearch.h"
 
 #include <algorithm>
 
 namespace {
 
-// Characters that are searched at once: small enough to end soon when the search is cancelled.
+// How many characters are searched at once: few enough to end soon when the search is cancelled.
 const int g_nRunLength = 256 * 1024;
-// Characters of the line that are shown before and behind a match.
+// How many characters of the line are shown before and after a match.
 const int g_nBefore = 60;
 const int g_nBehind = 200;
 
@@ -110,7 +111,7 @@ QVector<SFileMatch> findMatches(const CLineSearch &search, const QString &strTex
         int nEnd = strLines.indexOf(QChar::ParagraphSeparator, nLook);
         if (nEnd < 0)
             nEnd = strLines.length();
-        // Makes no copy: what is found is copied before the text goes.
+        // Makes no copy of the text, because matches are copied while it exists.
         run.searchRun(QString::fromRawData(strLines.constData() + nFrom, nEnd - nFrom));
         if (nEnd == strLines.length())
             break;

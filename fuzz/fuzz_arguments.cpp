@@ -1,4 +1,4 @@
-// What another process left for us as a message of paths, and our own messages read back.
+// Reads messages of paths that another process may have left, and our own messages.
 
 #include "app/arguments.h"
 #include "fuzz/fuzzing.h"

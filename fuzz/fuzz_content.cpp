@@ -1,4 +1,4 @@
-// Any text checked and laid out as XML and as JSON.
+// Verifies and formats any text as XML and as JSON.
 
 #include "editor/contentformat.h"
 #include "fuzz/fuzzing.h"

@@ -1,5 +1,5 @@
-// Definition files: any bytes as such a file, and the rules that are built from what it says, on
-// the text behind the first zero byte.
+// Reads any bytes as a definition file, and applies its rules to the text after the first zero
+// byte.
 
 #include "fuzz/samerules.h"
 #include "highlight/chighlightmgt.h"

@@ -1,4 +1,4 @@
-// Files in the recovery folder, whoever wrote them, and our own drafts read back.
+// Reads files in the recovery folder that anybody may have written, and our own drafts.
 
 #include "app/cdraftstore.h"
 #include "fuzz/fuzzing.h"

@@ -1,5 +1,5 @@
-// Any bytes opened as a text file: codec, characters and line ends. The first byte chooses the
-// codec that the document has so far.
+// Opens any bytes as a text file: codec, characters and line ends. The first byte chooses the codec
+// that the document has already.
 
 #include "app/textcodecs.h"
 #include "editor/cstandins.h"

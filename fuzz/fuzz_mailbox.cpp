@@ -1,5 +1,5 @@
-// A mailbox of any content and size, as a foreign process may have left it: read, appended to, and
-// handed over from the read to the opening of paths.
+// Reads a mailbox of any content and size, which a foreign process may have left, appends to it,
+// and opens the paths in it.
 
 #include "app/arguments.h"
 #include "app/mailbox.h"
@@ -10,7 +10,8 @@
 
 namespace {
 
-// On a heap block of exactly its size, so that the sanitizer sees the first byte beyond.
+// The mailbox is a heap block of exactly its size, so that the sanitizer notices an access to the
+// next byte.
 void checkMemory(const QByteArray &content, int nSize, const QString &strMessage)
 {
     const std::unique_ptr<char[]> pMemory(new char[size_t(nSize)]());
@@ -47,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
     const QByteArray content = bytesOf(pData + 2, nSize - 2);
     const QString strMessage = textOf(content.left(pData[0] * 64));
     checkMemory(content, pData[1], strMessage);
-    // Once and zeros, or over and over.
+    // Fills it with the input once and then zeros, or with the input repeated.
     const QByteArray zeros(pData[1] % 2 ? Mailbox::g_nSize : 0, '\0');
     checkMemory(content + zeros, Mailbox::g_nSize, strMessage);
     checkQueue(textOf(content).split(QChar(0), Qt::SkipEmptyParts));

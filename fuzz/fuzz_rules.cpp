@@ -1,4 +1,4 @@
-// Any text coloured by the rules of our own definitions. The first byte chooses one.
+// Colours any text by the rules of our own definitions. The first byte chooses one.
 
 #include "fuzz/samerules.h"
 #include "highlight/chighlightmgt.h"

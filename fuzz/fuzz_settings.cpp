@@ -1,5 +1,5 @@
-// A settings file full of nonsense: whatever it says, the settings are within their bounds, and
-// what is written instead reads back the same.
+// Reads a settings file of any content. The settings must be within their bounds, and read back the
+// same after a write.
 
 #include "app/csettings.h"
 #include "app/settingsfile.h"
@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerInitialize(int *pArgc, char ***pArgv)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pData, size_t nSize)
 {
-    // A name of its own each time, past the cache of the settings class.
+    // Uses a new name each time, because QSettings caches files by name.
     static int s_nRun = 0;
     const QString strName = QString::number(++s_nRun);
     QFile file(settingsFolder() + QLatin1Char('/') + strName + QLatin1String(".conf"));

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// What the fuzz targets share. Each target is one file with LLVMFuzzerTestOneInput(): any bytes in,
+// Shared by the fuzz targets. Each target is one file with LLVMFuzzerTestOneInput(): any bytes in,
 // no crash, no sanitizer report, and every require() met.
 
 // A promise of the tested code; the fuzzer keeps the input that breaks it.

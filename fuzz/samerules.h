@@ -2,14 +2,15 @@
 
 #include "fuzz/fuzzing.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 #include "tests/highlight/cliteralrules.h"
 
 #include <QStringList>
 
 #include <algorithm>
 
-// One definition's rules as the program has them and as they read literally; both have to say the
-// same of every line. Where the definition declares regions, rules made anew have to say the same.
+// Compares a definition's rules in the program with their literal version, line by line. If the
+// definition declares regions, it compares with newly made rules instead.
 class CSameRules
 {
 public:

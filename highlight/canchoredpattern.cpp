@@ -1,5 +1,9 @@
 #include "highlight/canchoredpattern.h"
 
+#include "highlight/csymbolline.h"
+#include "highlight/patternsyntax.h"
+#include "highlight/symbols.h"
+
 #include <algorithm>
 
 namespace {
@@ -16,7 +20,7 @@ bool holdsLookahead(const SPatternNode &node)
     return node.contains(SPatternNode::Lookahead) || node.contains(SPatternNode::NegativeLookahead);
 }
 
-// QRegExp looks at anchors in a lookahead in a way of its own.
+// QRegExp treats anchors in a lookahead differently.
 bool isRunnableAhead(const SPatternNode &node)
 {
     return !holdsLookahead(node) && !node.contains(SPatternNode::LineStart)
@@ -102,7 +106,7 @@ void CAnchoredPattern::findFirst(const SPatternNode &pattern)
     }
     for (int n = 0; n < SymbolCount && m_first.count() == 1; ++n)
         m_nOnlyStart = m_first[size_t(n)] ? n : m_nOnlyStart;
-    // It knows neither line starts nor words, so that one context is like the others.
+    // It knows neither line starts nor words, so all contexts are alike.
     m_arrBeforeAhead[LineEndSymbol] = 1;
     for (size_t n = 0; n < SymbolCount && m_ahead; ++n)
         m_arrBeforeAhead[n] = m_ahead->mayStartWith(0)[n];
@@ -119,7 +123,8 @@ SymbolSet CAnchoredPattern::mayGoOnWith() const
     return m_automaton->mayHoldSecond() | m_ahead->mayStartWith(0);
 }
 
-// A negative lookahead alone may have an empty match anywhere, which the second set does not say.
+// A pattern that is only a negative lookahead may match emptily anywhere, which the second set does
+// not express.
 SymbolSet CAnchoredPattern::mayStartWith(const SymbolSet &nextFirst) const
 {
     if (!m_automaton || m_ahead)
@@ -145,7 +150,7 @@ int CAnchoredPattern::endOfMatch(const CSymbolLine &line, int nStart)
     return m_lstEnds.empty() ? -1 : m_lstEnds.back();
 }
 
-// Ends that the lookahead is worth asking for.
+// Keeps the ends at which the lookahead may succeed.
 void CAnchoredPattern::findCandidates(const CSymbolLine &line, int nStart, std::vector<int> *pEnds)
 {
     if (m_bAheadIsNegative) {

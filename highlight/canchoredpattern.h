@@ -1,22 +1,24 @@
 #pragma once
 
 #include "highlight/cpatternautomaton.h"
+#include "highlight/csymbolline.h"
+#include "highlight/patternsyntax.h"
 
 #include <QString>
 #include <array>
 #include <optional>
 #include <vector>
 
-// A pattern asked for at one place of a line: does it match here, and how far? Run by state
-// machines only; a pattern that they cannot run is not usable and matches nowhere.
-// Not to be used by two threads at a time.
+// Answers whether a pattern matches at one place of a line, and how far. Only state machines run
+// it; a pattern that they cannot run is not usable and matches nowhere. Not to be used by two
+// threads at a time.
 class CAnchoredPattern
 {
 public:
     enum Direction { Forwards, Backwards };
 
     CAnchoredPattern() = default;
-    // Backwards it is about the text that ends at the place.
+    // A backward pattern is matched with the text that ends at the place.
     explicit CAnchoredPattern(const QString &strPattern,
                               Qt::CaseSensitivity sensitivity = Qt::CaseSensitive,
                               Direction direction = Forwards);
@@ -26,21 +28,21 @@ public:
     {
         return m_automaton && m_automaton->isUsable() && (!m_ahead || m_ahead->isUsable());
     }
-    // What a match that is not empty begins with, and an empty one stands before: anywhere, or in
-    // one of the contexts of the machine.
+    // The symbols that a match may begin with, or stand before if it is empty: in any context, or
+    // in one context of the machine.
     const SymbolSet &mayStartWith() const { return m_first; }
     const std::array<SymbolSet, CPatternAutomaton::ContextCount> &firstByContext() const
     {
         return m_arrFirst;
     }
-    // What the pattern and then another one, which begins with nextFirst, may begin with.
+    // What this pattern may begin with if another one follows that begins with nextFirst.
     SymbolSet mayStartWith(const SymbolSet &nextFirst) const;
-    // What may stand behind the first character of a match that is not empty, within the match or
-    // after it. The line's end always may.
+    // The symbols that may follow the first character of a match, inside the match or after it. The
+    // line's end is always among them.
     SymbolSet mayGoOnWith() const;
-    // Whether each of the symbols that it may start with is a match.
+    // Whether each symbol that it may start with is a match by itself.
     bool isAlwaysOneSymbol() const { return m_bOneSymbol && !m_ahead; }
-    // The only symbol of these, -1 when there are more.
+    // The only symbol that it may start with; -1 when there are more.
     int onlyStart() const { return m_nOnlyStart; }
     bool isOnlyAtLineStart() const { return m_bOnlyAtLineStart; }
 
@@ -66,6 +68,6 @@ private:
     SymbolSet m_first;
     int m_nOnlyStart = -1;
     std::array<SymbolSet, CPatternAutomaton::ContextCount> m_arrFirst;
-    SymbolTable m_arrBeforeAhead {}; // what an end is worth the question for the lookahead before
+    SymbolTable m_arrBeforeAhead {}; // symbols before which the lookahead may succeed
     std::vector<int> m_lstEnds;
 };

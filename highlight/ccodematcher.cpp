@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int g_nStride = 16384; // characters between two questions whether to go on
+constexpr int g_nStride = 16384; // characters between two calls of isAborted
 
 } // namespace
 

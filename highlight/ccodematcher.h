@@ -1,7 +1,9 @@
 #pragma once
 
+#include "highlight/canchoredpattern.h"
 #include "highlight/ckeywordtable.h"
 #include "highlight/clinepattern.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 
 #include <array>
@@ -15,7 +17,7 @@ class CCodeMatcher
 {
 public:
     explicit CCodeMatcher(Qt::CaseSensitivity sensitivity = Qt::CaseInsensitive);
-    // Moved only: a copy would run the machines of the original.
+    // It can only be moved: a copy would run the machines of the original.
     CCodeMatcher(CCodeMatcher &&) = default;
     CCodeMatcher &operator=(CCodeMatcher &&) = default;
 
@@ -27,12 +29,13 @@ public:
     void setNumbers(const QString &strPattern);
     void setOperators(const QString &strPattern);
 
-    // The line that is looked through next; it has to stay where it is meanwhile.
+    // Sets the line to look through, which has to live that long.
     void setLine(const CSymbolLine *pLine) const;
-    // A part of the line from nFrom up to nTo: begin(), then lookThrough() for pieces of it from
-    // left to right, with or without keywords, then finish(), which appends numbers, operators,
-    // keywords by piece, rule and position. Numbers and operators end at nTo at the latest; a
-    // keyword has to begin in its piece. False when isAborted, asked now and then, answered true.
+    // Looks through the part of the line from nFrom up to nTo. Call begin(), then lookThrough() for
+    // pieces of the part from left to right, with or without keywords, then finish(). It appends
+    // numbers, operators, and keywords sorted by piece, rule and position. Numbers and operators
+    // end at nTo at the latest; a keyword has to begin in its piece. False when isAborted, which is
+    // called now and then, gave true.
     void begin(int nFrom, int nTo) const;
     bool lookThrough(int nFrom, int nTo, bool bKeywords, const AbortCheck &isAborted) const;
     bool finish(std::vector<SHighlightRange> *pRanges, const AbortCheck &isAborted) const;
@@ -43,10 +46,10 @@ private:
         int nRule = 0; // of keywords
         HighlightRole role = HighlightRole::Keyword;
         CLinePattern pattern;
-        // The sets of characters that a line with a match holds one of each.
+        // A line with a match holds a character of each of these sets.
         mutable quint64 nRequired = 0;
     };
-    // The next match of a pattern, kept for the part of the line behind: a long line with many
+    // The next match of a pattern, kept for later parts of the line, so that a long line with many
     // parts is not searched to its end for each of them.
     struct SNext
     {
@@ -58,7 +61,7 @@ private:
     static constexpr int g_nMaxPatterns = 61;
     enum Bit { NumberBit = g_nMaxPatterns, OperatorBit, WordBit, BitCount };
     static_assert(BitCount == 64, "one bit for each rule");
-    // What is known of a place: the tables are as many.
+    // What is known of a place; there is one table for each.
     enum Place { Elsewhere, InWord, AtStart, PlaceCount };
 
     static constexpr quint64 bit(int n) { return quint64(1) << n; }
@@ -89,15 +92,15 @@ private:
     bool m_bOwnNumbers = false;
     bool m_bOwnOperators = false;
 
-    // The sets that patterns require, and for each symbol those that hold it, as bits.
+    // The sets that patterns require, and for each symbol the sets that hold it, as bits.
     mutable std::vector<SymbolSet> m_lstSets;
     mutable std::array<quint64, SymbolCount + 1> m_arrSets {};
     mutable std::vector<uchar> m_lstSetSymbols; // all that they hold, if these are few
     mutable std::vector<size_t> m_lstAsked; // patterns that require something or have no machine
-    // For each place and symbol the rules that may begin; made when the first line comes.
+    // The rules that may begin, for each place and symbol. Made for the first line.
     mutable bool m_bCompiled = false;
     mutable std::array<std::array<quint64, SymbolCount + 1>, PlaceCount> m_arrStarts {};
-    // The same by the second symbol.
+    // The rules that are possible by the second symbol.
     mutable std::array<quint64, SymbolCount + 1> m_arrSeconds {};
     mutable quint64 m_nBehindStart = 0; // rules that may begin elsewhere than at a line's start
     mutable quint64 m_nKeywordBits = 0;

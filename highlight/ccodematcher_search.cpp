@@ -1,6 +1,10 @@
 // The walk over a line, and the search for patterns that machines cannot run.
+#include "highlight/canchoredpattern.h"
 #include "highlight/ccodematcher.h"
+#include "highlight/ckeywordtable.h"
 #include "highlight/fixedrules.h"
+#include "highlight/highlightline.h"
+#include "highlight/symbols.h"
 
 #include <QtAlgorithms>
 #include <algorithm>
@@ -59,7 +63,7 @@ void CCodeMatcher::tryPattern(int nBit, int nAt) const
     CAnchoredPattern *const pMachine = m_arrMachines[size_t(nBit)];
     const int nBehind = pMachine->endOfMatch(*m_pLine, nAt);
     if (!pMachine->isUsable()) {
-        // It grew too large just now.
+        // The machine grew too large in this very search.
         m_bCompiled = false;
         m_nPossible &= ~bit(nBit);
         m_nEnded |= bit(nBit);
@@ -88,7 +92,7 @@ void CCodeMatcher::take(const SPattern &pattern, int nStart, int nLength) const
         .push_back({nStart, std::min(nLength, m_nTo - nStart), pattern.role});
 }
 
-// What its machine found before it grew too large.
+// Drops what the machine found before it grew too large.
 void CCodeMatcher::dropHits(const SPattern &pattern) const
 {
     if (pattern.role != HighlightRole::Keyword) {

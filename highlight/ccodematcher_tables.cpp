@@ -1,13 +1,19 @@
-// What may begin at which symbol, and what a line has to hold: made when the first line comes.
+// The tables of what may begin at which symbol and what a line has to hold. They are made for the
+// first line.
+#include "highlight/canchoredpattern.h"
 #include "highlight/ccodematcher.h"
+#include "highlight/cpatternautomaton.h"
+#include "highlight/csymbolline.h"
 #include "highlight/fixedrules.h"
+#include "highlight/highlightline.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-constexpr size_t g_nMaxSearched = 4; // symbols: to search for each is quicker than to look at all
+// up to so many symbols, searching for each is quicker than looking at all characters
+constexpr size_t g_nMaxSearched = 4;
 
 } // namespace
 
@@ -48,7 +54,7 @@ void CCodeMatcher::listSetSymbols() const
         m_lstSetSymbols.clear();
 }
 
-// Numbers, operators and words, and what follows from all that is entered.
+// Enters numbers, operators and words, and derives the rest from all entries.
 void CCodeMatcher::enterFixedRules() const
 {
     for (int nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
@@ -80,8 +86,8 @@ void CCodeMatcher::enter(int nBit, const CAnchoredPattern &pattern) const
     }
 }
 
-// What the line has to hold for the pattern. What it begins with is not worth looking for, nor is
-// anything for a pattern that is tried at the line's start only.
+// What the line has to hold for the pattern. Symbols that it begins with are not worth a search,
+// and neither is a pattern that is tried only at the line's start.
 void CCodeMatcher::require(size_t nPattern) const
 {
     const SPattern &pattern = m_lstPatterns[nPattern];
@@ -97,7 +103,8 @@ void CCodeMatcher::require(size_t nPattern) const
         m_lstAsked.push_back(nPattern);
 }
 
-// The bit of the set; none when there are too many, which only makes the answer less sharp.
+// The bit of the set. With too many sets it is 0, which lets more lines through and misses no
+// match.
 quint64 CCodeMatcher::numberOf(const SymbolSet &set) const
 {
     const auto it = std::find(m_lstSets.begin(), m_lstSets.end(), set);

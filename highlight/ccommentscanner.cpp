@@ -1,5 +1,7 @@
 #include "highlight/ccommentscanner.h"
 
+#include "highlight/csymbolline.h"
+
 namespace {
 
 using Line = SHighlightLine;
@@ -31,7 +33,7 @@ bool continuesNextLine(const QString &strText)
     return n >= 0 && strText.at(n) == QLatin1Char('\\');
 }
 
-// Whether (\\\\)*" matches at nFrom: pairs of backslashes, then the quote. Its end, or -1.
+// The end of (\\\\)*" if it matches at nFrom (pairs of backslashes, then the quote), else -1.
 int endOfEscapedQuote(const QString &strText, int nFrom, QChar chQuote)
 {
     int n = nFrom;
@@ -126,7 +128,7 @@ int CCommentScanner::continueLineBefore(const CSymbolLine &line, int nPreviousSt
         return addOpenRange(0, endOfQuoted(strText, 0, QLatin1Char('"')), nSize, Role::String,
                             SHighlightState::DoubleQuoted, pLine);
     }
-    // Nothing here opens a single-quoted string; a state that says so is honoured all the same.
+    // No rule here opens a single-quoted string, but a state that says so counts.
     if (nOpen & SHighlightState::SingleQuoted) {
         return addOpenRange(0, endOfQuoted(strText, 0, QLatin1Char('\'')), nSize, Role::String,
                             SHighlightState::SingleQuoted, pLine);
@@ -156,13 +158,13 @@ void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pL
                 | (continuesNextLine(strText) ? int(SHighlightState::Continued) : 0);
             nAt = addRange(nLine, nSize, Role::Comment, pLine);
         } else if (isBefore(nMulti, nLine) && isBefore(nMulti, nQuote)) {
-            // The length of a match that was found earlier on is asked again.
+            // Asks again for the length of a match that was found earlier.
             m_multiLineStart.indexIn(line, nMulti);
             const int nInside = nMulti + m_multiLineStart.matchedLength();
             const int nEnd = addOpenRange(nMulti, endOfComment(line, nInside), nSize, Role::Comment,
                                           SHighlightState::MultiLineComment, pLine);
             if (nEnd == nAt)
-                return; // patterns that match nothing lead nowhere
+                return; // an empty match leads nowhere
             nAt = nEnd;
         } else if (isBefore(nQuote, nLine) && isBefore(nQuote, nMulti)) {
             nAt = addOpenRange(nQuote, endOfQuoted(strText, nQuote + 1, QLatin1Char('"')), nSize,

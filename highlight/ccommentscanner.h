@@ -1,13 +1,14 @@
 #pragma once
 
 #include "highlight/clinepattern.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 
-// Comments and strings: the part of the rules that runs on from line to line.
+// Finds comments and strings, the part of the rules that continues from line to line.
 class CCommentScanner
 {
 public:
-    // Patterns, not escaped any further; an empty start means that there is no such comment.
+    // The arguments are patterns as they are. An empty start means that there is no such comment.
     void setSingleLine(const QString &strStart);
     void setMultiLine(const QString &strStart, const QString &strEnd);
 
@@ -15,7 +16,8 @@ public:
     void scan(const CSymbolLine &line, int nPreviousState, SHighlightLine *pLine) const;
 
 private:
-    // Both give the position behind the comment or string; endOfComment() -1 when it stays open.
+    // Both give the position after the comment or string; endOfComment() gives -1 when it stays
+    // open.
     int continueLineBefore(const CSymbolLine &line, int nPreviousState,
                            SHighlightLine *pLine) const;
     int endOfComment(const CSymbolLine &line, int nFrom) const;

@@ -4,7 +4,8 @@ namespace {
 
 bool isLatin1(const QString &strText)
 {
-    ushort nAll = 0; // Without a branch for each character, so that the compiler can take many.
+    // Without a branch for each character, so that the compiler can vectorise the loop.
+    ushort nAll = 0;
     for (const QChar c : strText)
         nAll |= c.unicode();
     return nAll < 0x100;

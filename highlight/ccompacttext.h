@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
-// A text that takes one byte a character as long as every character is of Latin-1, else two. Places
-// and lengths count UTF-16 code units in either case. A value.
+// A text that takes one byte a character if all characters are of Latin-1, else two. Places and
+// lengths count UTF-16 code units in either case. A value.
 class CCompactText
 {
 public:
@@ -14,11 +14,11 @@ public:
 
     void insert(int nAt, const QString &strText);
     void remove(int nFrom, int nLength);
-    CCompactText part(int nFrom) const; // What stands behind that place.
+    CCompactText part(int nFrom) const; // Removes the text after that place and gives it back.
     void squeeze();
 
 private:
-    QByteArray m_arrNarrow; // Only one of the two holds anything.
+    QByteArray m_arrNarrow; // One of the two is always empty.
     QString m_strWide;
     bool m_bWide = false;
 };

@@ -3,11 +3,11 @@
 #include <QChar>
 #include <array>
 
-// Which characters the highlighting rules look for; a table answers for ASCII.
+// The classes of characters that the highlighting rules look for; a table answers for ASCII.
 namespace CharacterClass {
 
 enum Flag : quint8 {
-    Word = 1, // what QRegExp's \b takes for part of a word
+    Word = 1, // a part of a word for QRegExp's \b
     Digit = 2, // \d
     HexDigit = 4, // [a-fA-F0-9]
     Operator = 8, // [\+\-\*\/\~\^\!]

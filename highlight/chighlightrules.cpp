@@ -1,5 +1,7 @@
 #include "highlight/chighlightrules.h"
 
+#include "highlight/cregionrules.h"
+
 #include <QBrush>
 #include <QColor>
 
@@ -12,7 +14,7 @@ bool isInsideTag(int nState)
     return nState > 0 && (nState & SHighlightState::InsideTag);
 }
 
-// What the fixed bits can say of an open region.
+// The fixed bits that describe an open region.
 int openBit(RegionRole role)
 {
     return role == RegionRole::Comment ? int(SHighlightState::MultiLineComment)
@@ -46,7 +48,7 @@ void CHighlightRules::readRegions(const QVariantMap &mapDefinition)
     m_lstDone.resize(size_t(m_lstLanguages.size()));
 }
 
-// Of another language than the own one.
+// The region is in another language than the definition's own.
 const CLanguage &CHighlightRules::embedded(int nLanguage) const
 {
     std::optional<CLanguage> &language = m_lstEmbedded[size_t(nLanguage)];
@@ -150,7 +152,7 @@ bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousStat
     return true;
 }
 
-// The parts of one language from the first one on, whose matches are found in one walk.
+// Takes the parts of one language from the first one on, and finds all their matches in one walk.
 bool CHighlightRules::addCode(Spans first, Spans end, bool *pInsideTag, SHighlightLine *pLine,
                               const AbortCheck &isAborted) const
 {

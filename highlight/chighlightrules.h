@@ -3,6 +3,7 @@
 #include "highlight/ccommentscanner.h"
 #include "highlight/clanguage.h"
 #include "highlight/cregionscanner.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 #include "highlight/regionstate.h"
 
@@ -15,14 +16,14 @@
 // and on the state at the end of the line before it, on nothing else. A definition may declare
 // regions; they then take the place of the fixed rules for comments and strings, and a state is a
 // number of these rules' own beside the fixed bits. Searching changes what is kept for the next
-// search, so that a copy belongs to one thread at a time.
+// search, so a copy belongs to one thread at a time.
 class CHighlightRules
 {
 public:
-    // Numbers, operators, strings in double quotes and "//" comments: what holds before a
-    // definition.
+    // The rules before the first definition: numbers, operators, strings in double quotes and "//"
+    // comments.
     CHighlightRules();
-    // What a definition asks for; an empty one leaves numbers, operators and strings.
+    // The rules of a definition; an empty definition leaves numbers, operators and strings.
     explicit CHighlightRules(const QVariantMap &mapDefinition);
 
     const QString &languageName() const { return m_strLanguage; }
@@ -30,7 +31,7 @@ public:
     const QString &multiLineCommentStart() const { return m_strMultiLineStart; }
     const QString &multiLineCommentEnd() const { return m_strMultiLineEnd; }
 
-    // Colours one line; false when it was abandoned, *pLine is then of no use.
+    // Colours one line. False when it was aborted; *pLine is then incomplete.
     bool highlight(const QString &strText, int nPreviousState, SHighlightLine *pLine,
                    const AbortCheck &isAborted = AbortCheck()) const;
 
@@ -59,19 +60,20 @@ private:
     CCommentScanner m_comments;
 
     bool m_bRegions = false;
-    // The definitions that this one embeds. Most documents hold few of them, so that each is made
-    // when a line first leads into it. The numbers of both lists begin with this definition, whose
-    // place is empty.
+    // The definitions that this one embeds. Most documents use few of them, so each is made when a
+    // line first leads into it. Both lists have the same numbers; number 0 is this definition, and
+    // its place is empty.
     QStringList m_lstLanguages;
     QVariantMap m_mapEmbedded;
     mutable std::vector<std::optional<CLanguage>> m_lstEmbedded;
     mutable CRegionStates m_states;
-    // What the last line left open and its number: most often the next line begins with it.
+    // What the last line left open, and its number; the next line usually begins with it.
     mutable RegionStack m_stack;
     mutable int m_nStack = 0;
     mutable CSymbolLine m_line;
     mutable std::vector<SRegionSpan> m_lstSpans; // of the line under way; keeps its memory
-    // Lines are counted, and of each language the last one that its code was looked for in.
+    // The number of the current line, and for each language the last line whose code it looked
+    // through.
     mutable quint64 m_nLine = 0;
     mutable std::vector<quint64> m_lstDone;
 };

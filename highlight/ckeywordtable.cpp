@@ -1,6 +1,7 @@
 #include "highlight/ckeywordtable.h"
 
 #include "highlight/clinepattern.h"
+#include "highlight/symbols.h"
 
 #include <algorithm>
 #include <cstring>
@@ -29,8 +30,8 @@ CKeywordTable::CKeywordTable(Qt::CaseSensitivity sensitivity)
 {
 }
 
-// Stars are escaped in a keyword, so that they are plain. How QRegExp ignores the case of letters
-// beyond ASCII depends on how it searches; such keywords stay with it.
+// Stars are plain in a keyword, because they are escaped. For letters beyond ASCII, how QRegExp
+// ignores case depends on how it searches; such keywords are left to QRegExp.
 bool CKeywordTable::add(const QString &strKeyword, int nRule)
 {
     const QString strPlain = CLinePattern::plainText(
@@ -68,8 +69,8 @@ QChar CKeywordTable::folded(QChar ch) const
     return ch.toLower();
 }
 
-// A keyword of one character stands before all that is no word. Without letter case those beyond
-// ASCII may be folded into it, so that they are before and behind anything.
+// After a keyword of one character anything may follow that is no word. If case does not count,
+// letters beyond ASCII may be folded into it, so they may precede and follow anything.
 void CKeywordTable::enterSecond(const std::vector<uchar> &lstSymbols)
 {
     const bool bFold = m_sensitivity == Qt::CaseInsensitive;
@@ -134,8 +135,8 @@ void CKeywordTable::findAt(const CSymbolLine &line, int nAt, std::vector<SKeywor
         const SEntry &entry = m_lstEntries[size_t(n)];
         n = entry.nNext;
         const auto nSize = int(entry.lstSymbols.size());
-        // What a keyword holds behind its first word is compared, too, and that it ends where a
-        // word begins or ends.
+        // Compares the rest of a keyword after its first word, and checks that the keyword ends
+        // where a word begins or ends.
         if (entry.nHash == nHash && entry.nWordLength == nLength && nSize <= nLeft
             && memcmp(entry.lstSymbols.data(), pSymbols, size_t(nSize)) == 0
             && g_arrWordSymbols[pSymbols[nSize - 1]] != g_arrWordSymbols[pSymbols[nSize]]

@@ -14,8 +14,8 @@ struct SKeywordHit
     int nLength;
 };
 
-// Keywords without pattern syntax, found word by word. A word of the line is a run of letters,
-// numbers, marks and "_" of its full length, which is what QRegExp's \b makes of it.
+// Finds keywords without pattern syntax, word by word. A word is the longest run of letters,
+// numbers, marks and "_", as for QRegExp's \b.
 class CKeywordTable
 {
 public:
@@ -27,8 +27,8 @@ public:
 
     // Whether a keyword may begin with this symbol.
     bool mayStartWith(int nSymbol) const;
-    // The same of a place in a line's symbols, by two of them; the line's end is not among the
-    // first.
+    // Whether a keyword may begin at a place in a line's symbols, judged by two symbols. The place
+    // is not the line's end.
     bool mayStartAt(const uchar *pSymbols) const
     {
         return (m_arrSeconds[pSymbols[0]][pSymbols[1] / 64] >> (pSymbols[1] % 64)) & 1;
@@ -43,7 +43,7 @@ private:
     {
         QString strKeyword; // folded when letter case does not count
         std::vector<uchar> lstSymbols; // of it
-        bool bAscii; // the symbols say all
+        bool bAscii; // its symbols identify it
         int nWordLength; // of the word it begins with
         int nRule;
         uint nHash; // of that word
@@ -60,9 +60,8 @@ private:
     Qt::CaseSensitivity m_sensitivity;
     std::vector<SEntry> m_lstEntries;
     std::vector<int> m_lstBuckets; // heads of the chains; their count is a power of two
-    // For each symbol the lengths of words that begin with it, as bits; bit 31 stands for 31 and
-    // more.
+    // The lengths of the words that begin with each symbol, as bits; bit 31 stands for 31 and more.
     std::array<quint32, SymbolCount> m_arrLengths {};
-    // For each symbol those that may stand behind it at a keyword's beginning, as bits.
+    // For each symbol, the symbols that may follow it at a keyword's beginning, as bits.
     std::array<std::array<quint64, 3>, SymbolCount> m_arrSeconds {};
 };

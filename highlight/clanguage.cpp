@@ -1,5 +1,7 @@
 #include "highlight/clanguage.h"
 
+#include "highlight/csymbolline.h"
+
 #include <algorithm>
 #include <utility>
 

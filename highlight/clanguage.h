@@ -3,6 +3,7 @@
 #include "highlight/ccodematcher.h"
 #include "highlight/clinepattern.h"
 #include "highlight/cregionrules.h"
+#include "highlight/csymbolline.h"
 #include "highlight/highlightline.h"
 
 #include <QStringList>
@@ -15,22 +16,22 @@ class CLanguage
 public:
     // Numbers and operators.
     CLanguage() = default;
-    // lstLanguages as for CRegionRules.
+    // lstLanguages is the list that CRegionRules takes.
     explicit CLanguage(const QVariantMap &mapDefinition,
                        const QStringList &lstLanguages = QStringList());
 
     const CRegionRules &regions() const { return m_regions; }
 
-    // The code of one line, part by part from left to right: first setLine(), whose line has to
-    // stay where it is, then the parts. add() appends what the text from nFrom up to nTo holds.
-    // *pInsideTag, whether a tag is open, counts in languages whose keywords stand in tags only.
-    // False when isAborted, asked now and then, answered true.
+    // Looks through the code of one line, part by part from left to right. Call setLine() first,
+    // with a line that lives long enough, then add() for each part. add() appends what it finds in
+    // the text from nFrom up to nTo. *pInsideTag tells whether a tag is open, for languages with
+    // keywords only in tags. False when isAborted, which is called now and then, gave true.
     void setLine(const CSymbolLine *pLine) const;
     bool add(int nFrom, int nTo, bool *pInsideTag, std::vector<SHighlightRange> *pRanges,
              const AbortCheck &isAborted) const;
 
 private:
-    // The next tag's start or end, kept for the part behind.
+    // The next start or end of a tag, kept for the next part.
     struct SNextTag
     {
         int nFrom = -1; // where the search began; -1: not yet

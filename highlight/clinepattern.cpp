@@ -1,5 +1,8 @@
 #include "highlight/clinepattern.h"
 
+#include "highlight/csymbolline.h"
+#include "highlight/patternsyntax.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -22,7 +25,7 @@ QString CLinePattern::plainText(const QString &strPattern)
         QChar ch = strPattern.at(n);
         if (ch == QLatin1Char('\\')) {
             ++n;
-            // A letter or digit behind the backslash has a meaning of its own.
+            // A letter or digit after a backslash has a special meaning.
             if (n == strPattern.size() || strPattern.at(n).isLetterOrNumber())
                 return QString();
             ch = strPattern.at(n);

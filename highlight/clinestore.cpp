@@ -8,10 +8,11 @@ namespace {
 
 constexpr int g_nLinesPerChunk = 256;
 constexpr int g_nMaxLinesPerChunk = 2 * g_nLinesPerChunk;
-// What the worker takes at a time: few enough for an edit to wait for copying them.
+// The number of lines the worker copies at a time. An edit can wait for so few.
 constexpr int g_nLinesPerBatch = 32;
 constexpr int g_nCharsPerBatch = 16 * 1024;
-// An edit of one line leaves its block laid out, one of more lines does not; more than enough.
+// More changed lines than that are not noted one by one: an edit of one line leaves its block laid
+// out, an edit of several does not.
 constexpr int g_nLinesLaidOutAgain = 64;
 
 } // namespace
@@ -122,11 +123,11 @@ void CLineStore::replace(int nFirst, int nOld, int nNew, const std::function<QSt
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     voidResultsUnderWay();
-    // The line behind the edit was computed with this state; it stays valid if the state comes
-    // again.
+    // The line after the edit was computed with this state, and stays valid if the state is the
+    // same again.
     const SPosition last = locate(nFirst + nOld - 1);
     const int nStateAtEnd = m_lstChunks[last.nChunk].lst[last.nLine].nState;
-    // Qt's first block stays, with its formats.
+    // Qt keeps its first block with its formats.
     const bool bFirstHeld = isAnyHeld(nFirst, 1);
     const bool bHeld = nNew <= g_nLinesLaidOutAgain && isAnyHeld(nFirst, nOld);
     insert(nFirst + nOld, nNew, nextLine);
@@ -203,7 +204,7 @@ const CLineStore::SWanted CLineStore::g_unknown = {
     [](const SChunk &chunk) { return chunk.nUnknown > 0; },
 };
 
-// The first line from nFrom on and before nEnd that is wanted; nEnd if there is none.
+// The first wanted line from nFrom up to nEnd; nEnd if there is none.
 int CLineStore::nextIn(int nFrom, int nEnd, const SWanted &wanted) const
 {
     int nLine = nFrom;
@@ -289,7 +290,7 @@ bool CLineStore::isCurrent(uint nVersion, uint nGeneration) const
     return nVersion == version() && nGeneration == generation();
 }
 
-// A line behind a state that changed has to be done again.
+// A line after a changed state has to be done again.
 void CLineStore::recordState(const SDone &done)
 {
     const SPosition at = locate(done.nLine);
@@ -382,7 +383,7 @@ void CLineStore::remove(int nFirst, int nCount)
     m_nHintChunk = m_nHintFirst = 0;
 }
 
-// Lines go behind an existing one, so that nFirst is at least 1.
+// Lines are put after an existing one, so nFirst is at least 1.
 void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &nextLine)
 {
     SPosition at = locate(nFirst - 1);
@@ -405,7 +406,7 @@ void CLineStore::insert(int nFirst, int nCount, const std::function<QString()> &
                        std::make_move_iterator(lstNew.end()));
 }
 
-// Moves what is behind that place in its chunk to a chunk of its own.
+// Moves the rest of the chunk after that place to a new chunk.
 void CLineStore::splitBehind(const SPosition &at)
 {
     SChunk &chunk = m_lstChunks[at.nChunk];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "highlight/ccompacttext.h"
 #include "highlight/cstoredtext.h"
 #include "highlight/highlightline.h"
 
@@ -11,24 +12,25 @@
 #include <optional>
 #include <vector>
 
-// A copy of a document's lines for the highlighter's thread, with what is known of each line's
-// highlighting. Qt's own blocks are rebalanced by every edit and cannot be read by another thread.
+// A copy of a document's lines for the highlighter's thread, with the highlighting of each line as
+// far as it is known. Qt's own blocks are rebalanced by every edit and cannot be read by another
+// thread.
 //
 // A line is stale when its result has to be computed (again): its text, the state it starts with or
-// the rules changed, or its result was under way when an edit made it void. Lines that are not
-// stale have a result that belongs to their text and to the stored state of the line before.
+// the rules changed, or an edit made its result void before it arrived. Lines that are not stale
+// have a result that belongs to their text and to the stored state of the line before.
 //
 // The state of a line may be known before its result is: a worker that is asked for lines far ahead
-// computes the states up to them and comes back for the results. States are what the text makes
-// them up to the first line whose state is unknown.
+// computes the states up to them and comes back for the results. Up to the first line whose state
+// is unknown, all states are those of the current text.
 //
-// In a sparse store the ranges of lines stay here, packed, until somebody asks for them: what a
-// block of Qt takes for them is many times as much. A line is held once its block has its ranges
-// itself; the results of such lines go on to the document. The ranges that are kept here are what
-// the document was last told of the line.
+// In a sparse store the ranges of lines stay here, packed, until somebody asks for them: a block of
+// Qt needs many times as much memory for them. A line is held once its block has its ranges itself;
+// its results go to the document. The ranges kept here are the last ones that the document was
+// told.
 //
-// The GUI thread edits, one worker computes; each call takes the lock for itself. Lines count from
-// 0.
+// The GUI thread edits, and one worker computes. Each call takes the lock by itself. Lines count
+// from 0.
 class CLineStore
 {
 public:
@@ -47,7 +49,8 @@ public:
     {
         int nFirst = 0;
         int nStateBefore = -1; // the state that the first line starts with
-        std::vector<SLine> lst; // empty: there is nothing left, or the version is another one
+        // empty when nothing is left, or when the version is not the current one
+        std::vector<SLine> lst;
     };
     // Results of lines that can be seen come before the others.
     enum Order { InOrder, First };
@@ -61,8 +64,8 @@ public:
     // What hold() found.
     enum class Ranges {
         Held, // The block has them, or gets them by each result.
-        Kept, // These are they.
-        None, // There was no result yet, or the line is another one since.
+        Kept, // They are in this result.
+        None, // There is no result yet, or the line has changed since.
     };
 
     CLineStore();
@@ -70,12 +73,13 @@ public:
     uint version() const { return m_nVersion.load(std::memory_order_acquire); }
     int count() const;
     QString text(int nLine) const;
-    // All of it, as it is now. Copies no character.
+    // The whole text as it is now. Copies no character.
     CStoredText snapshot() const;
 
-    // The GUI thread's part. replace() and touch() make results under way void and begin a version.
+    // For the GUI thread. replace() and touch() make results on their way void and begin a new
+    // version.
 
-    // Puts nNew lines, asked from nextLine one after the other, in the place of nOld lines.
+    // Replaces nOld lines by nNew others, which nextLine gives one after the other.
     void replace(int nFirst, int nOld, int nNew, const std::function<QString()> &nextLine);
     void touch();
     void markAllStale();
@@ -83,37 +87,37 @@ public:
     bool isEdited() const;
     // Whether every line has its result and all of them have arrived.
     bool isComplete() const;
-    // The nCount results that were committed first in that order have arrived, or nothing when the
-    // version is old.
+    // Notes that the nCount results committed first in that order have arrived; does nothing when
+    // the version is old.
     void confirm(uint nVersion, int nCount, Order order = InOrder);
 
-    // From now on ranges are kept for lines that come, or not any more. Lines that are there when
-    // it begins count as held.
+    // Begins or ends keeping the ranges of lines that are added. Lines that exist at the beginning
+    // count as held.
     void setSparse(bool bSparse);
     bool isSparse() const { return m_bSparse.load(std::memory_order_acquire); }
     // Whether there may be a line that is not held.
     bool mayKeepRanges() const { return m_bMayKeep.load(std::memory_order_acquire); }
-    // From now on the block holds its ranges. What was kept of them is given away.
+    // From now on the block holds its ranges; those that were kept are given to the caller.
     Ranges hold(int nLine, std::vector<SHighlightRange> *pRanges);
-    // What hold() would give, left in its place.
+    // The answer of hold(), without changing anything.
     std::optional<std::vector<SHighlightRange>> keptRanges(int nLine) const;
     // Drops all ranges that are kept; tells which lines are held.
     std::vector<int> forgetRanges();
 
-    // The worker's part.
+    // For the worker.
 
-    // The next lines from nFrom on that are wanted: the first group of them, up to one batch.
+    // The next group of wanted lines from nFrom on, up to one batch.
     SBatch fetch(uint nVersion, int nFrom, Which which) const;
     // The stale lines among those from nFirst to nLast, up to one batch. Empty when there is none,
     // or when the state that they begin with is not known yet.
     SBatch fetchAmong(uint nVersion, int nFirst, int nLast) const;
-    // When fetchAmong() waits for the states in front of it: the next lines whose states are
-    // unknown, up to one batch. Empty when it waits for nothing.
+    // The next lines whose states are unknown, up to one batch, if fetchAmong() waits for the
+    // states before its lines. Empty when it waits for nothing.
     SBatch fetchBefore(uint nVersion, int nFirst, int nLast) const;
-    // Records new states; a line behind one whose state changed becomes stale. False, and nothing
-    // is recorded, when the version or the generation is not the current one. The results are on
-    // their way: in order, or before all others. Of lines that are not held the ranges, packed end
-    // to end, are kept, unless the store is not sparse or bSendAll says so.
+    // Records new states; the line after a changed state becomes stale. False, and nothing is
+    // recorded, when the version or the generation is not the current one. Afterwards the results
+    // count as on their way: in order, or before all others. A sparse store keeps the ranges of
+    // lines that are not held, packed end to end, unless bSendAll is true.
     bool commit(uint nVersion, uint nGeneration, std::vector<SDone> *pDone,
                 const std::vector<uchar> &packed, bool bSendAll, Order order = InOrder);
     // The same without results: the lines stay stale.
@@ -162,7 +166,7 @@ private:
     };
 
     SPosition locate(int nLine) const;
-    // What a search looks for, and whether a chunk has any of it.
+    // The lines that a search looks for, and whether a chunk has any.
     struct SWanted
     {
         bool (*isWanted)(const SEntry &entry);

@@ -18,7 +18,7 @@ void CLineStore::SChunk::keep(int nLine, const uchar *pBytes, int nBytes)
     packed.insert(packed.begin() + packedOffset(nLine), pBytes, pBytes + nBytes);
     lst[nLine].nPacked = uint(nBytes);
     lst[nLine].bKept = true;
-    // The last line is the one that comes last in a pass over a new text.
+    // A pass over a new text reaches the last line last.
     if (nLine + 1 == int(lst.size()))
         packed.shrink_to_fit();
 }

@@ -1,12 +1,15 @@
 #include "highlight/cpatternautomaton.h"
 
+#include "highlight/symbols.h"
+
 #include <algorithm>
 
 namespace {
 
 constexpr size_t g_nMaxStates = 1000;
 
-// What a step leads to: the next state, or -1 when no match can go on, and whether one ends here.
+// The result of a step: the next state, or -1 when no match can go on, and whether a match ends
+// here.
 constexpr int code(int nState, bool bEnds)
 {
     return (nState + 1) * 2 + (bEnds ? 1 : 0);
@@ -34,8 +37,8 @@ CPatternAutomaton::CPatternAutomaton(const SPatternNode &pattern)
     }
 }
 
-// Words and other characters are two classes, and each set of the pattern divides those that it
-// holds a part of.
+// Begins with two classes, characters of words and all others. Each set of the pattern divides the
+// classes that it contains only in part.
 void CPatternAutomaton::classify()
 {
     int nClasses = 2;
@@ -58,7 +61,7 @@ int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
     std::array<bool, g_nStepWidth> arrOthers {}; // classes of which the set lacks a symbol
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         arrOthers[size_t(m_arrClass[nSymbol])] |= !set[nSymbol];
-    std::array<int, g_nStepWidth> arrNew {}; // for each class the one of its part in the set
+    std::array<int, g_nStepWidth> arrNew {}; // the new class for each class that is divided
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
         int &nClass = m_arrClass[nSymbol];
         if (set[nSymbol] && arrOthers[size_t(nClass)]) {
@@ -70,7 +73,7 @@ int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
     return nClasses;
 }
 
-// Whether an anchor holds between what the context says and the symbol ahead.
+// Whether an anchor holds between the context and the symbol ahead.
 bool CPatternAutomaton::holds(SPatternNode::Kind kind, int nContext, int nSymbol) const
 {
     const bool bWordAhead = nSymbol != LineEndSymbol && isWordSymbol(nSymbol);

@@ -7,9 +7,10 @@
 #include <map>
 #include <vector>
 
-// Finds what a QRegExp pattern matches, first and longest, character by character without going
-// back: a state machine whose states are made when a text first leads there. Asks of the text only
-// the symbols of symbols.h. Not to be used by two threads at a time, because a search makes states.
+// A state machine that finds the first and longest match of a QRegExp pattern, character by
+// character and without going back. A state is made when a text first leads there. The text is read
+// as the symbols of symbols.h. Not to be used by two threads at a time, because a search makes
+// states.
 class CPatternAutomaton
 {
 public:
@@ -27,22 +28,21 @@ public:
     // that a match may begin with.
     const SymbolSet &mayBeEmptyBefore() const { return m_emptyBefore; }
     const SymbolSet &mayHoldFirst() const { return m_heldFirst; }
-    // The symbols that a match of two characters and more may hold in the second place, and whether
-    // there may be matches of none or of one.
+    // The second symbols of matches of two or more characters, and whether a match may be shorter.
     const SymbolSet &mayHoldSecond() const { return m_heldSecond; }
     bool mayBeEmpty() const { return m_bMayBeEmpty; }
     bool mayBeOneSymbol() const { return m_bMayBeOneSymbol; }
 
     // Appends the ends of the matches that begin at nStart, ascending.
     void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds);
-    // Only those before a symbol that the table says yes to; it has to say so of the line's end.
+    // The same, but only ends before a symbol that the table allows; it must allow the line's end.
     void findEnds(const CSymbolLine &line, int nStart, std::vector<int> *pEnds,
                   const SymbolTable &before);
     // The end of the longest match that begins at nStart, -1 when there is none.
     int longestEnd(const CSymbolLine &line, int nStart);
     // Whether a match begins at nStart.
     bool matches(const CSymbolLine &line, int nStart);
-    // The same with the text read backwards from nEnd, and of it nMax characters only.
+    // The same for the text read backwards from nEnd, but at most nMax characters of it.
     bool matchesBackwards(const CSymbolLine &line, int nEnd, int nMax);
 
 private:
@@ -93,7 +93,7 @@ private:
     bool m_bMayBeEmpty = false;
     bool m_bMayBeOneSymbol = false;
     std::vector<SState> m_lstStates;
-    // For each state the steps by the symbol ahead: code(), or -1 when not yet known.
+    // The steps of each state by the symbol ahead: code(), or -1 if not yet known.
     std::vector<qint16> m_lstSteps;
     std::map<std::pair<std::vector<int>, int>, int> m_mapStates;
     int m_arrStartStates[ContextCount] = {-1, -1, -1, -1};

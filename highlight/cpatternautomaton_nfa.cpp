@@ -1,5 +1,7 @@
-// What the pattern's syntax becomes first: states that may lead to several others at once.
+// Turns the pattern's syntax into states that may lead to several others at once (an NFA).
 #include "highlight/cpatternautomaton.h"
+
+#include "highlight/symbols.h"
 
 namespace {
 
@@ -15,7 +17,7 @@ int CPatternAutomaton::addNfa(SPatternNode::Kind kind, int nOut, int nOther)
     return int(m_lstNfa.size()) - 1;
 }
 
-// Adds what matches the node and goes on with nNext; returns where it begins.
+// Adds the states that match the node and go on with nNext; returns the first of them.
 int CPatternAutomaton::compile(const SPatternNode &node, int nNext)
 {
     if (!m_bUsable)
@@ -68,7 +70,7 @@ int CPatternAutomaton::compileRepeat(const SPatternNode &node, int nNext)
     return nStart;
 }
 
-// What stands behind one symbol from these states on, the anchors between them taken to hold.
+// The states after one symbol, starting from these. Anchors between them are taken to hold.
 std::vector<int> CPatternAutomaton::reach(std::vector<int> lstToDo, SymbolSet *pSymbols,
                                           bool *pEnds) const
 {

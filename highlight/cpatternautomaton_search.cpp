@@ -1,9 +1,11 @@
-// How a line is read: steps from state to state, which are made where none is known yet.
+// Reads a line by steps from state to state; unknown steps are made on the way.
 #include "highlight/cpatternautomaton.h"
+
+#include "highlight/symbols.h"
 
 #include <algorithm>
 
-// Nowhere for no state.
+// Leads nowhere if there is no state.
 const qint16 *CPatternAutomaton::stepsOf(int nState) const
 {
     return m_lstSteps.data() + size_t(std::max(0, nState)) * g_nStepWidth;
@@ -17,7 +19,8 @@ int CPatternAutomaton::startStateAt(const uchar *pSymbols, int nStart) const
     return m_arrStartStates[nContext];
 }
 
-// symbolAt() gives the symbol so many steps ahead; onEnd(), told of an end, whether to go on.
+// symbolAt() gives the symbol so many steps ahead. onEnd() is told of each end and answers whether
+// to go on.
 template<typename SymbolAt, typename OnEnd>
 void CPatternAutomaton::run(int nState, SymbolAt symbolAt, OnEnd onEnd)
 {
@@ -97,7 +100,7 @@ int CPatternAutomaton::longestEnd(const CSymbolLine &line, int nStart)
             nLongest = n;
         const int nNext = (nCode >> 1) - 1;
         if (nNext == nState) {
-            // Most often the same step follows, as within a word; the line's end is another one.
+            // The same step usually follows again, as within a word. The line's end is another one.
             while (pSteps[pSymbols[n + 1]] == nCode)
                 ++n;
             nLongest = nCode & 1 ? n : nLongest;

@@ -1,5 +1,7 @@
 #include "highlight/cregioncompiler.h"
 
+#include "highlight/canchoredpattern.h"
+
 namespace {
 
 QString attribute(const QVariantMap &mapElement, const char *pszName)
@@ -68,7 +70,7 @@ int CRegionCompiler::addRule(const SRegionRule &rule)
     return int(m_lstRules.size()) - 1;
 }
 
-// The rules of tokens and regions that stand in the element; a group is only noted.
+// Adds the rules of the tokens and regions in the element; a group is only noted.
 std::vector<int> CRegionCompiler::compileChildren(const QVariantMap &mapElement)
 {
     std::vector<int> lstRules;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "highlight/canchoredpattern.h"
 #include "highlight/cregionrules.h"
 
 #include <QMap>
@@ -18,7 +19,7 @@ public:
     std::vector<int> m_lstAnywhere;
 
 private:
-    // What is filled in when all elements have been seen.
+    // Filled in when all elements have been read.
     struct SReference
     {
         int nContext;

@@ -1,13 +1,14 @@
 #include "highlight/cregionrules.h"
 
 #include "highlight/cregioncompiler.h"
+#include "highlight/symbols.h"
 
 #include <algorithm>
 
 namespace {
 
-// What a match of the rule may begin with. What follows an empty start is looked at only where it
-// is a pattern of its own.
+// The symbols that a match of the rule may begin with. What follows an empty start counts only if
+// it is a separate pattern.
 SymbolSet symbolsOf(const SRegionRule &rule)
 {
     const CAnchoredPattern &first = rule.bHasStart ? rule.start : rule.key;
@@ -25,7 +26,7 @@ SymbolSet symbolsOf(const SRegionRule &rule)
     return set;
 }
 
-// What may stand behind the first character of it.
+// The symbols that may follow the first character of a match.
 SymbolSet secondsOf(const SRegionRule &rule)
 {
     return rule.bHasStart ? rule.start.mayGoOnWith() : SymbolSet().set();

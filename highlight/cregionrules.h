@@ -7,10 +7,10 @@
 #include <array>
 #include <vector>
 
-// What the text of a region is. Plain text is code without keywords, numbers and operators.
+// The role of a region's text. Plain text is code without keywords, numbers and operators.
 enum class RegionRole : quint8 { Code, Plain, Comment, String };
 
-// A place where a region begins or ends, or a text that is passed over as a whole.
+// A rule for a place where a region begins or ends, or for a text that is skipped as a whole.
 struct SRegionRule
 {
     enum Kind { Token, Begin, Nest, End };
@@ -20,8 +20,8 @@ struct SRegionRule
     bool bHasRole = false;
     int nContext = -1; // that begins
     bool bFromNextLine = false;
-    // A key stands between start and then. To begin a region it is what the pattern matches, to end
-    // one what it was at the beginning, or its partner.
+    // The key is matched between start and then. For a rule that begins a region it is what the
+    // pattern matches; for one that ends it, the key of the beginning or its partner.
     bool bHasKey = false;
     bool bMirrored = false;
     CAnchoredPattern start; // not used where there is none
@@ -31,11 +31,11 @@ struct SRegionRule
     bool bHasStart = false;
     bool bHasThen = false;
     bool bHasAfter = false;
-    SymbolSet first; // what a match begins with behind a line's start
+    SymbolSet first; // what a match begins with elsewhere than at a line's start
     bool bOneSymbol = false; // each of them is a match
 };
 
-// What holds inside one region. Context 0 of a language is its text outside of all regions.
+// The rules inside one region. Context 0 of a language is its text outside of all regions.
 struct SRegionContext
 {
     enum Lines { One, Backslash, Many, Indented };
@@ -49,11 +49,11 @@ struct SRegionContext
     int nEmbedded = -1; // the language inside
     int nEnd = -1; // the rule that ends it
     std::vector<int> lstRules; // the first that matches counts; 64 at most
-    // For each symbol the rules whose match may begin with it, as bits; in the second at a line's
-    // start. All of them stand for the line's end, where a search for a rule stops.
+    // The rules whose match may begin with each symbol, as bits; the second table is for a line's
+    // start. The line's end has all bits set, so that a search for a rule stops there.
     std::array<quint64, SymbolCount + 1> arrRules {};
     std::array<quint64, SymbolCount + 1> arrRulesAtLineStart {};
-    // The same by the second symbol.
+    // The rules that are possible by the second symbol.
     std::array<quint64, SymbolCount + 1> arrRulesBySecond {};
     int nStarts = 0; // symbols that one of the rules may begin with
     int nOnlyStart = -1; // the only one of them
@@ -61,7 +61,7 @@ struct SRegionContext
 };
 
 // The regions that a definition declares: strings, comments and whatever else has a start and an
-// end. Not to be used by two threads at a time: searching extends the patterns' machines.
+// end. Only one thread at a time may use it, because searching extends the patterns' machines.
 class CRegionRules
 {
 public:

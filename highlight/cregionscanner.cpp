@@ -1,5 +1,7 @@
 #include "highlight/cregionscanner.h"
 
+#include "highlight/csymbolline.h"
+
 #include <QtAlgorithms>
 #include <algorithm>
 #include <cstring>
@@ -52,7 +54,7 @@ int CRegionScanner::indentationOf(const QString &strText)
     return -1;
 }
 
-// Looks at the innermost region, after another one became that.
+// Called after another region became the innermost one.
 void CRegionScanner::look()
 {
     if (m_stack.empty()) {
@@ -105,7 +107,7 @@ void CRegionScanner::scan()
     endLine();
 }
 
-// Regions that are as deep as their line's blanks end with the first line that is not deeper.
+// Regions that last as long as lines are indented deeper end with the first line that is not.
 void CRegionScanner::dropDedented()
 {
     for (size_t n = 0; n < m_stack.size(); ++n) {
@@ -120,7 +122,8 @@ void CRegionScanner::dropDedented()
     }
 }
 
-// The first place from nFrom on where a rule may match; the line's end, where ends may, is one.
+// The first place from nFrom on where a rule may match. The line's end is one, because regions may
+// end there.
 int CRegionScanner::nextCandidate(int nFrom) const
 {
     const int nSize = m_strText.size();
@@ -165,8 +168,8 @@ bool CRegionScanner::applyAt(int nAt)
     return false;
 }
 
-// The ends of regions further out that count in all that they hold, the outermost first, and what
-// begins anywhere.
+// The ends of outer regions that count in all their contents, the outermost first, and rules that
+// begin anywhere.
 bool CRegionScanner::applyOverride(int nAt)
 {
     for (size_t n = 0; n + 1 < m_stack.size() && m_bFirmBelow; ++n) {
@@ -210,7 +213,7 @@ void CRegionScanner::endLine()
             m_bChanged = true;
         }
     }
-    // The first comes first, and the others wait below it.
+    // The first region is entered, and the others wait below it.
     m_bChanged = m_bChanged || !m_lstPending.empty();
     for (auto it = m_lstPending.rbegin(); it != m_lstPending.rend(); ++it) {
         m_stack.push_back(*it);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "highlight/cregionrules.h"
+#include "highlight/csymbolline.h"
 #include "highlight/regionstate.h"
 
 #include <QString>
@@ -22,17 +23,18 @@ class CRegionScanner
 {
 public:
     // Gives the regions of a language of the definition, the definition's own being 0. The answer
-    // has to stay where it is.
+    // has to live as long as this object.
     using Languages = std::function<const CRegionRules &(int nLanguage)>;
 
-    // *pStack is as the line before left it and becomes what this one leaves open. *pSpans is where
-    // the parts go.
+    // *pStack holds the regions that the line before left open, and afterwards those that this line
+    // leaves open. The parts are appended to *pSpans.
     CRegionScanner(const CSymbolLine &line, RegionStack *pStack, const Languages &languages,
                    std::vector<SRegionSpan> *pSpans);
 
-    // Finds the parts of the line, without a gap; those that are alike are one.
+    // Finds the parts of the line, which have no gaps between them. Neighbours of the same kind are
+    // joined.
     void scan();
-    // Whether *pStack is another than before; after scan().
+    // Whether *pStack has changed; call it after scan().
     bool hasChangedStack() const { return m_bChanged; }
     // The role of the region that the line leaves open; call it after scan().
     RegionRole roleAtEnd() const { return m_pContext->role; }
@@ -80,7 +82,7 @@ private:
     const CRegionRules *m_pRules = nullptr;
     const SRegionContext *m_pContext = nullptr;
     int m_nLanguage = 0;
-    // Ends further out that count here, and starts that count anywhere.
+    // Ends of outer regions that count here, and starts that count anywhere.
     bool m_bFirmBelow = false;
     const CRegionRules *m_pAnywhere = nullptr;
     SymbolSet m_overrides; // what they begin with

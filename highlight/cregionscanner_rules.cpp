@@ -102,7 +102,7 @@ void CRegionScanner::end(size_t nDepth, int nAt, int nBehind)
         push({frame.nLanguage, context.nNext, QString(), false}, nBehind, nBehind);
 }
 
-// An end that is not of its region is of what holds it, below the ones that wait.
+// An end that does not belong to its region belongs to the region around it, below those that wait.
 void CRegionScanner::endBelowWaiting(size_t nDepth, int nBehind)
 {
     size_t nKept = nDepth;

@@ -16,7 +16,8 @@ bool isSmaller(const SymbolSet &a, const SymbolSet &b)
 
 Sets required(const SPatternNode &node);
 
-// A match holds what one of the alternatives holds: of each its smallest set, together.
+// A match holds what one of the alternatives holds, so the smallest sets of all alternatives are
+// united.
 Sets requiredByChoice(const SPatternNode &choice)
 {
     SymbolSet set;
@@ -59,7 +60,7 @@ CRequiredCharacters::CRequiredCharacters(const SPatternNode &pattern,
 {
     for (SymbolSet set : required(pattern)) {
         if (sensitivity == Qt::CaseInsensitive) {
-            // Some letters beyond ASCII equal one of it then, such as the Kelvin sign.
+            // Without case some letters beyond ASCII equal one of ASCII, such as the Kelvin sign.
             set.set(OtherWord);
         }
         if (set.count() <= g_nLargestSet)

@@ -9,11 +9,11 @@
 class CRequiredCharacters
 {
 public:
-    // Requires nothing.
+    // A pattern that requires nothing.
     CRequiredCharacters() = default;
     CRequiredCharacters(const SPatternNode &pattern, Qt::CaseSensitivity sensitivity);
 
-    // A match holds one character of each set.
+    // Each match holds a character of each of these sets.
     const std::vector<SymbolSet> &sets() const { return m_lstSets; }
 
 private:

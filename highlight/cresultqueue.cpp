@@ -22,7 +22,7 @@ bool CResultQueue::push(std::vector<SHighlightResult> &lst,
         const size_t nBefore = m_lst.size();
         if (m_roomMade.wait_for(locker, g_patience) == std::cv_status::timeout
             && m_lst.size() >= nBefore) {
-            // Nobody reads. Doubling keeps the time lost in all to a few moments.
+            // Nobody reads, so the room is doubled. That keeps the total of the waiting time short.
             m_nBound *= 2;
         }
     }

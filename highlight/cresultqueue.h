@@ -21,14 +21,14 @@ struct SHighlightResult
     int nState; // the block's new user state; syntax results only
     std::vector<SHighlightRange> lstRanges; // syntax results only
     QList<QTextLayout::FormatRange> lstMarks; // of the selected word only
-    bool bKept = false; // the store has the ranges, see CLineStore::commit()
+    bool bKept = false; // the ranges are in the store, see CLineStore::commit()
     bool bFirst = false; // see CResultQueue::pushFirst()
-    bool bSuperseded = false; // there is a newer one of its line, which came first
+    bool bSuperseded = false; // a newer result of the same line has overtaken it
 };
 
 // Results on their way from the worker to the GUI thread. The queue is bounded, because a worker
-// faster than the GUI would bury it. But it never blocks for good: a reader that does not read,
-// such as a GUI thread that waits for the worker to end, is waited for only for moments.
+// faster than the GUI would bury it. But it never blocks for good: push() waits only for a moment
+// for a reader that does not read, such as a GUI thread that waits for the worker to end.
 class CResultQueue
 {
 public:
@@ -37,16 +37,16 @@ public:
     // Worker: appends, after waiting for room. Waits no longer once isCancelled answers true; the
     // results go in all the same. True when the queue was empty.
     bool push(std::vector<SHighlightResult> &lst, const std::function<bool()> &isCancelled);
-    // Worker: appends to what comes before all else, and does not wait. What older results the
-    // lines have in the queue are superseded.
+    // Worker: appends to the results that come before all others, and does not wait. Older results
+    // of these lines in the queue are superseded.
     void pushFirst(std::vector<SHighlightResult> &lst);
-    // GUI thread: what comes first, then the oldest results, at most nMax in all.
+    // GUI thread: takes the results of pushFirst(), then the oldest others, at most nMax in all.
     std::vector<SHighlightResult> take(int nMax);
     bool isEmpty() const;
 
-    // GUI thread: what can be seen is being computed from now on.
+    // GUI thread: the worker begins to compute what can be seen.
     void beginFirst();
-    // Worker: all of it has been pushed.
+    // Worker: has pushed the results of all that can be seen.
     void endFirst();
     // GUI thread: waits for endFirst(), at most that long.
     void waitForFirst(int nMs);

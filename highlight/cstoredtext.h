@@ -4,16 +4,15 @@
 
 #include <vector>
 
-// A text as it was at one moment, sharing its memory with the store that it comes from: taking it
-// copies no character, and later edits copy only the runs of lines that they touch. A value; any
-// thread.
+// A text as it was at one moment. It shares its memory with its store: taking it copies no
+// character, and later edits copy only the runs of lines that they touch. A value; any thread.
 class CStoredText
 {
 public:
-    // Lines without their ends, one behind the other.
+    // The lines without their line ends, one after the other.
     void append(const CCompactText &text, std::vector<int> lstLengths);
 
-    // With LF between lines.
+    // The text with LF between lines.
     QString text() const;
 
 private:

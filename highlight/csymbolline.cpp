@@ -8,7 +8,7 @@ void CSymbolLine::assign(const QString &strText)
     const auto nSize = size_t(strText.size());
     if (m_lstSymbols.size() <= nSize)
         m_lstSymbols.resize(nSize + 1);
-    // The symbol of ASCII is the character itself. The compiler does many of them at once.
+    // The symbol of an ASCII character is the character itself. The compiler vectorises this loop.
     const ushort *const pText = strText.utf16();
     uchar *const pSymbols = m_lstSymbols.data();
     ushort nAll = 0;

@@ -5,8 +5,8 @@
 #include <QString>
 #include <vector>
 
-// A line as the patterns see it: a symbol for each character and one for the line's end. Made once
-// for all that is looked for in the line. Not to be used by two threads at a time.
+// A line as the patterns see it: a symbol for each character and one for the line's end. It is made
+// once for all searches in the line. Not to be used by two threads at a time.
 class CSymbolLine
 {
 public:
@@ -14,7 +14,7 @@ public:
     // NOLINTNEXTLINE(google-explicit-constructor): a text is a line wherever one is asked for.
     CSymbolLine(const QString &strText) { assign(strText); }
 
-    // Another line takes the place of this one and its memory.
+    // Replaces the line and reuses its memory.
     void assign(const QString &strText);
 
     const QString &text() const { return m_strText; }
@@ -23,7 +23,8 @@ public:
     const uchar *symbols() const { return m_lstSymbols.data(); }
     // The same with the capitals of ASCII as small letters.
     const uchar *folded() const;
-    // Whether it holds a letter that equals one of ASCII when letter case does not count.
+    // Whether it holds a letter beyond ASCII that equals one of ASCII when letter case does not
+    // count.
     bool hasFolding() const { return m_bFolding; }
 
 private:

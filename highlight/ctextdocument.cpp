@@ -3,6 +3,7 @@
 #include "highlight/clinestore.h"
 #include "highlight/cplaintextlayout.h"
 #include "highlight/highlightformats.h"
+#include "highlight/highlightline.h"
 #include "highlight/shiftedranges.h"
 
 #include <QTextCursor>
@@ -12,24 +13,24 @@
 
 namespace {
 
-// Asking that many blocks for their text costs more than copying it at once and looking for its
-// line ends.
+// For that many blocks it is quicker to copy the whole text at once and look for line ends than to
+// ask each block for its text.
 constexpr int g_nLinesToCopyAtOnce = 500;
 
 // About as many as can be seen.
 constexpr int g_nLinesToCompare = 100;
 
-// What Qt's layout of one line can take without a pause that is felt: its time grows with the
-// length, and faster than the number of ranges.
+// The limits for Qt's layout of one line, beyond which it stalls: its time grows with the length,
+// and faster than the number of ranges.
 constexpr int g_nMaxColouredLength = 100000;
 constexpr int g_nMaxRanges = 8000;
 
-// Formats that nobody looks at take more memory than the text.
+// In texts of this size, formats that nobody looks at would take more memory than the text.
 constexpr int g_nLargeFrom = 4000000;
 
 using Ranges = QVector<QTextLayout::FormatRange>;
 
-// The ranges that begin in the first part of a line, as far as that many can be shown.
+// The ranges in the first part of a line, up to the number that can be shown.
 Ranges shownRanges(const Ranges &lst)
 {
     if (lst.size() <= g_nMaxRanges)
@@ -53,7 +54,7 @@ QString textOfLines(const QTextBlock &first, int nLines)
     return cursor.selectedText();
 }
 
-// The ranges of one kind, new, with those of the other kind from before. Marks come last.
+// Joins the new ranges of one kind with the old ones of the other kind. Marks come last.
 Ranges withOthers(bool bMarks, const Ranges &lst, const Ranges &lstBefore)
 {
     const auto isReplaced = [bMarks](const QTextLayout::FormatRange &range) {
@@ -106,7 +107,7 @@ void CTextDocument::followSize()
     m_pLines->setSparse(bLarge);
 }
 
-// The change is given in characters; Qt sometimes counts the last block's separator in. The lines
+// Qt gives the change in characters, and sometimes counts the last block's separator. The lines
 // that hold the new characters are read again; how many they replace follows from the line counts.
 void CTextDocument::updateLines(int nPosition, int nCharsRemoved, int nCharsAdded)
 {
@@ -145,14 +146,14 @@ void CTextDocument::updateLines(int nPosition, int nCharsRemoved, int nCharsAdde
     });
 }
 
-// The colours go along with the text, so that most keys leave nothing for the new ones to change.
+// The colours move with the text, so that after most keys the new ones change nothing.
 void CTextDocument::shiftFormats(const QTextBlock &block, int nAt, int nRemoved, int nAdded)
 {
     m_pLayout->noteLine(
         block, shiftedRanges(block.layout()->formats(), nAt, nRemoved, nAdded, block.length() - 1));
 }
 
-// Of an edit at several carets, which stand in some of the lines.
+// For an edit at several carets, which are in only some of the lines.
 void CTextDocument::noteLines(const QTextBlock &first, int nFirst, int nCount)
 {
     QVector<QTextBlock> lstChanged;
@@ -218,7 +219,7 @@ Ranges CTextDocument::formats(const QTextBlock &block) const
         : Ranges();
 }
 
-// From now on each result goes to the block. False when the block has all that is known already.
+// Makes all further results go to the block. False when the block has all known ranges already.
 bool CTextDocument::holdFormats(const QTextBlock &block, Ranges *pFormats)
 {
     std::vector<SHighlightRange> lstKept;
@@ -246,6 +247,6 @@ void CTextDocument::clearAdditionalFormats()
     }
     ++m_nLook;
     markContentsDirty(0, characterCount());
-    // No block has the ranges any more that an incremental pass would leave alone.
+    // The blocks no longer have the ranges that an incremental pass would leave alone.
     m_pLines->markAllStale();
 }

@@ -14,15 +14,13 @@ class CPlainTextLayout;
 // with the version of the text that they were computed for and are applied only while that version
 // is current. They are additional formats of the block's layout: the text, the undo history and the
 // modified flag never change. A range whose format has bit 0 of QTextFormat::UserProperty set is a
-// mark of the selected word, any other a syntax range; the two kinds are replaced apart.
-// Of a line that Qt could lay out with its ranges only in a pause that is felt, just the first part
-// is coloured, and of one of 100,000 characters or more nothing. GUI thread only, except lines(),
-// which is meant for another thread.
+// mark of the selected word, any other a syntax range; the two kinds are replaced separately. Long
+// lines are coloured only in part, and lines of 100,000 characters or more not at all, because Qt's
+// layout would stall. GUI thread only, except lines(), which is meant for another thread.
 //
-// Of a large text only the blocks that are laid out, and those that ever were, have their ranges as
-// additional formats. Those of all others stay in lines(), where they take a tenth of the memory,
-// and come to the block before it is laid out. Whoever wants the ranges of any block asks
-// formats().
+// In a large text only blocks that were ever laid out have their ranges as additional formats. The
+// ranges of all others stay in lines(), where they take a tenth of the memory, until the block is
+// about to be laid out. formats() gives the ranges of any block.
 class CTextDocument : public QTextDocument
 {
     Q_OBJECT
@@ -35,14 +33,14 @@ public:
     // Grows whenever a block gets other ranges; wraps around.
     uint look() const { return m_nLook; }
 
-    // The copy of the lines for the highlighter's thread, always as current as the text. Shared,
-    // because that thread may outlive the document by the moment that its owner waits for it.
+    // The copy of the lines for the highlighter's thread, always up to date. It is shared, because
+    // the thread may outlive the document for a moment.
     std::shared_ptr<CLineStore> lines() const { return m_pLines; }
 
     // The ranges of a block, laid out or not.
     QVector<QTextLayout::FormatRange> formats(const QTextBlock &block) const;
-    // A text of so many UTF-16 units counts as large. For the next change of the text; some
-    // millions unless a test says otherwise.
+    // Sets how many UTF-16 units make a text large; counts from the next change of the text on.
+    // Tests lower it from some millions.
     void setLargeFrom(int nCharacters) { m_nLargeFrom = nCharacters; }
     // The marks of the selected word in a line, for blocks that are laid out later. May be empty.
     using Marker = std::function<QList<QTextLayout::FormatRange>(const QString &strLine)>;

@@ -2,10 +2,14 @@
 
 #include "highlight/chighlightrules.h"
 
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+
 namespace {
 
-// How long the colours of what was typed may keep it from being painted: painting twice costs more
-// than that, and is seen as a flicker.
+// How long typed text may wait for its colours before it is painted. Painting twice would cost more
+// and flicker.
 constexpr int g_nPatienceMs = 3;
 
 } // namespace
@@ -16,7 +20,7 @@ CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
       m_pLines(pDocument ? pDocument->lines() : std::make_shared<CLineStore>()),
       m_pRules(std::make_shared<CHighlightRules>())
 {
-    // For signals that cross threads and for signal spies; doing it twice does no harm.
+    // Needed for signals between threads and for signal spies. Registering twice is harmless.
     qRegisterMetaType<QTextBlock>("QTextBlock");
     qRegisterMetaType<QList<QTextLayout::FormatRange>>("QList<QTextLayout::FormatRange>");
 
@@ -134,7 +138,7 @@ void CThreadHighlighter::setPaused(bool bPaused)
     startPass();
 }
 
-// True when no other one was running.
+// True when no other pass was running.
 bool CThreadHighlighter::startPass()
 {
     noteListeners();
@@ -153,8 +157,8 @@ void CThreadHighlighter::stopThread()
     m_queue.wake();
 }
 
-// A worker that has looked at the requests for the last time is no longer active. Its thread may
-// still need a moment to end, and can be started again only then.
+// A worker that has read the requests for the last time is no longer active. Its thread may still
+// need a moment to end, and can be started again only then.
 bool CThreadHighlighter::startIfIdle()
 {
     {
@@ -182,8 +186,8 @@ void CThreadHighlighter::onEditAnnounced()
     m_timerEdit.start(0);
 }
 
-// The requests that an edit posted have all arrived by now. QPlainTextEdit::clear() posts a stop
-// and no request; the document must not stay uncoloured for that.
+// All requests that the edit posted have arrived by now. QPlainTextEdit::clear() posts a stop and
+// no request; the document must not stay uncoloured for that.
 void CThreadHighlighter::onEditSettled()
 {
     m_nRequestsToCome = 0;

@@ -6,6 +6,8 @@
 #include "highlight/ctextdocument.h"
 
 #include <QPointer>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QThread>
 #include <QTimer>
 #include <atomic>
@@ -16,8 +18,8 @@ class CHighlightRules;
 
 // Computes the highlighting of a CTextDocument on a thread of its own. The thread runs while there
 // is work and ends when there is none; a request starts it. Each result reaches the document
-// through one of the two signals, with the version of the text it belongs to; the block's user
-// state has then been written. Everything public is for the GUI thread.
+// through one of the two signals, with the version of the text it belongs to. The block's user
+// state is written before. Everything public is for the GUI thread.
 class CThreadHighlighter : public QThread
 {
     Q_OBJECT
@@ -30,19 +32,19 @@ public:
     // Replaces every rule and asks for a full pass as soon as the event loop runs. An empty
     // definition leaves numbers, operators and strings in double quotes.
     void setDefinition(const QVariantMap &mapDefinition);
-    // The word whose occurrences are marked, letter case ignored; a text of less than three
-    // characters without the white space around it marks nothing.
+    // Sets the word whose occurrences are marked; letter case does not count. A text of fewer than
+    // three characters, not counting white space around it, marks nothing.
     void setSelectedWord(const QString &strWord);
 
-    // Paused, it colours only the lines that can be seen, whenever it is asked for anything, and
-    // remembers the rest: for a text that comes in many pieces, each of which would make void what
-    // was found out about the others.
+    // While paused, each request colours only the lines that can be seen, and the rest is
+    // remembered. This is for a text that arrives in many pieces, each of which makes the results
+    // of the others void.
     void setPaused(bool bPaused);
-    // The blocks that can be seen: their results come before all others, as soon as the state that
-    // they begin with is known. Nothing is asked for by this.
+    // Sets the blocks that can be seen. Their results come before all others, as soon as the state
+    // that they begin with is known. This call starts no pass.
     void setVisibleLines(int nFirst, int nLast);
 
-    // These describe the current definition and are empty without one. But the single-line comment
+    // These describe the current definition and are empty without one; only the single-line comment
     // is "//" until the first definition is set.
     QString languageName() const;
     QString singleLineComment() const;
@@ -50,8 +52,8 @@ public:
     QString multiLineCommentEnd() const;
 
 public slots:
-    // Asks for a syntax pass. Blocks that an edit did not touch keep their ranges; without an edit
-    // since the last finished pass every block is done.
+    // Asks for a syntax pass. Blocks that an edit did not touch keep their ranges. If there was no
+    // edit since the last finished pass, every block is done again.
     void rehighlight();
     // Ends the running pass at its next check; nothing runs again before the next rehighlight().
     void stopThread();
@@ -71,7 +73,7 @@ private:
     struct SPass;
     struct SBatchResults;
 
-    // Requests, GUI thread.
+    // For the GUI thread: requests.
     bool startIfIdle();
     bool startPass();
     QList<QTextLayout::FormatRange> marksIn(const QString &strLine) const;
@@ -79,7 +81,7 @@ private:
     void onEditAnnounced();
     void onEditSettled();
 
-    // The pass, worker thread.
+    // For the worker thread: the pass.
     void beginPass(SPass *pPass);
     void runPass(SPass *pPass);
     void takeRules(SPass *pPass) const;
@@ -93,7 +95,7 @@ private:
     bool endPass(const SPass &pass);
     void send(const SPass &pass, std::vector<SHighlightResult> *pResults, CLineStore::Order order);
 
-    // Results, GUI thread.
+    // For the GUI thread: results.
     void noteListeners();
     void deliver();
     void deliverSome(const std::vector<SHighlightResult> &lst);
@@ -104,9 +106,8 @@ private:
     std::shared_ptr<CLineStore> m_pLines;
     CResultQueue m_queue;
 
-    // Guards the rules, the word, what can be seen, the pause and whether the worker may still see
-    // a request.
-    // Of the standard library, as in the parts below, because ThreadSanitizer sees through it.
+    // Guards the rules, the word, what can be seen, the pause, and whether the worker may still see
+    // a request. It is the standard library's mutex, because ThreadSanitizer understands that one.
     mutable std::mutex m_mutex;
     std::shared_ptr<const CHighlightRules> m_pRules;
     QString m_strWord;

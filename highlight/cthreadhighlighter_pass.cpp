@@ -1,13 +1,17 @@
 // The worker's side of the highlighter.
 #include "highlight/chighlightrules.h"
+#include "highlight/clinestore.h"
+#include "highlight/cresultqueue.h"
 #include "highlight/cselectedword.h"
 #include "highlight/cthreadhighlighter.h"
 #include "highlight/packedranges.h"
 
+#include <QTextLayout>
+
 struct CThreadHighlighter::SPass
 {
     uint nVersion = 0;
-    // What follows is looked at anew for each batch.
+    // What follows is read again for each batch.
     uint nGeneration = 0;
     bool bSyntax = false;
     bool bSelection = false;
@@ -18,7 +22,7 @@ struct CThreadHighlighter::SPass
     bool bPaused = false;
 };
 
-// What becomes of a batch of lines.
+// The results of a batch of lines.
 struct CThreadHighlighter::SBatchResults
 {
     std::vector<SHighlightResult> lst;
@@ -29,7 +33,7 @@ struct CThreadHighlighter::SBatchResults
     void noteKept();
 };
 
-// Takes the ranges where they are sent.
+// Adds the ranges if they are to be sent.
 void CThreadHighlighter::SBatchResults::addSyntax(uint nVersion, int nLine, SHighlightLine *pLine,
                                                   bool bSend)
 {
@@ -87,7 +91,7 @@ void CThreadHighlighter::runPass(SPass *pPass)
 {
     for (int nLine = 0; !isCutShort(*pPass);) {
         takeRules(pPass);
-        // A restarted half of the pass would be abandoned line by line; the rest is not even read.
+        // Otherwise each remaining line would be read and then abandoned.
         pPass->bSyntax = m_bSyntaxWanted && !m_bSyntaxRestart;
         pPass->bSelection = m_bSelectionWanted && !m_bSelectionRestart;
         if (!pPass->bSyntax && !pPass->bSelection)
@@ -110,7 +114,7 @@ void CThreadHighlighter::runPass(SPass *pPass)
     }
 }
 
-// Marks of lines that no block holds are found when they are laid out.
+// The marks of lines that no block holds are found when the line is laid out.
 CLineStore::Which CThreadHighlighter::wanted(const SPass &pass) const
 {
     if (!pass.bSelection)
@@ -118,8 +122,8 @@ CLineStore::Which CThreadHighlighter::wanted(const SPass &pass) const
     return m_pLines->isSparse() && !m_bOthersListen ? CLineStore::StaleOrHeld : CLineStore::Any;
 }
 
-// The rules may change in the middle of a pass. The generation is read first: a result of old rules
-// is then never taken for one of the new.
+// The rules may change in the middle of a pass. The generation is read first, so that a result of
+// old rules is never taken for one of the new rules.
 void CThreadHighlighter::takeRules(SPass *pPass) const
 {
     pPass->nGeneration = m_pLines->generation();
@@ -132,17 +136,17 @@ void CThreadHighlighter::takeRules(SPass *pPass) const
         pPass->word = CSelectedWord(m_strWord);
 }
 
-// Nothing of an old version can be applied any more; the edit that began the new one brings a
-// request.
+// Results of an old version cannot be applied any more. The edit that began the new version brings
+// a request.
 bool CThreadHighlighter::isCutShort(const SPass &pass) const
 {
     return m_bStop || (m_bSyntaxRestart && m_bSelectionRestart)
         || m_pLines->version() != pass.nVersion;
 }
 
-// What can be seen comes first, but never by a guess: its colours hang on the states of all lines
-// before it. They are worked out ahead, which is fast; the results of those lines come in their
-// turn, since it is showing them that takes long. False when there is nothing to do for it.
+// What can be seen comes first, but never by a guess: its colours depend on the states of all lines
+// before it. These states are computed first, which is fast; the results of those lines come in
+// their turn, because showing them takes long. False when nothing that can be seen is left to do.
 bool CThreadHighlighter::processVisible(const SPass &pass)
 {
     if (pass.nLastVisible < pass.nFirstVisible)
@@ -156,8 +160,8 @@ bool CThreadHighlighter::processVisible(const SPass &pass)
     return !before.lst.empty() && processStates(pass, before);
 }
 
-// The marks that can be seen come before those in front of them, and once more in their turn, when
-// they change nothing.
+// The marks that can be seen come before those of earlier lines. They come once more in their turn,
+// and then change nothing.
 void CThreadHighlighter::processVisibleMarks(const SPass &pass)
 {
     const auto isAborted = [&] { return m_bSelectionRestart || isCutShort(pass); };
@@ -205,7 +209,7 @@ bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatc
     const bool bSendAll = !m_pLines->isSparse() || m_bOthersListen;
     SHighlightLine coloured;
     int nState = batch.nStateBefore;
-    bool bChanged = false; // the state in front of this line is not the one it was computed with
+    bool bChanged = false; // the state before this line is not the one it was computed with
     bool bSyntax = pass.bSyntax;
     const bool bSelection = pass.bSelection && order == CLineStore::InOrder;
     int nLine = batch.nFirst;
@@ -237,14 +241,13 @@ bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatc
     return true;
 }
 
-// True when the run is over. A request that comes later finds the worker inactive and starts it
-// anew.
+// True when the run is over. A later request finds the worker inactive and starts it again.
 bool CThreadHighlighter::endPass(const SPass &pass)
 {
     const std::lock_guard<std::mutex> locker(m_mutex);
     const bool bAgain = !m_bStop && (m_bSyntaxRestart || (m_bSelectionRestart && !pass.bPaused));
     const bool bFinished = !m_bStop && m_pLines->version() == pass.nVersion;
-    // What was wanted in a pause stays so until it is over.
+    // What was asked for during a pause waits until the pause is over.
     if (!pass.bPaused && (bAgain || bFinished)) {
         m_bSyntaxWanted = false;
         m_bSelectionWanted = false;

@@ -1,18 +1,20 @@
-// How results reach the document, on the GUI thread.
+// Hands results to the document, on the GUI thread.
 #include "highlight/cthreadhighlighter.h"
 #include "highlight/highlightformats.h"
 
 #include <QElapsedTimer>
+#include <QTextBlock>
+#include <QTextLayout>
 
 namespace {
 
-// Short enough for typing and painting in between.
+// Short enough to leave time for typing and painting.
 constexpr int g_nSliceMs = 8;
 constexpr int g_nResultsAtOnce = 64;
 
 } // namespace
 
-// Asking who listens takes as long as a line's results, so it is asked when that has changed. It is
+// Asking who listens takes as long as a line's results, so it is asked only after a change. It is
 // not asked here: Qt may hold the lock that receivers() needs (see QObject::disconnectNotify()).
 void CThreadHighlighter::connectNotify(const QMetaMethod &)
 {
@@ -81,8 +83,8 @@ void CThreadHighlighter::deliverSome(const std::vector<SHighlightResult> &lst)
         repeatSelection();
 }
 
-// The document is told directly when it is the only one that listens: lists as the signal carries
-// them take several times as long, and there is one for each line.
+// If the document is the only listener, it is called directly. The signal needs a list for each
+// line, which takes several times as long.
 void CThreadHighlighter::deliverSyntax(const SHighlightResult &result, const QTextBlock &block)
 {
     if (result.bSuperseded)
@@ -97,7 +99,7 @@ void CThreadHighlighter::deliverSyntax(const SHighlightResult &result, const QTe
         m_pDocument->setSyntaxRanges(result.nVersion, block, lst);
 }
 
-// An edit made marks void that were on their way, and their pass is over.
+// An edit made marks void that were on their way after their pass had ended.
 void CThreadHighlighter::repeatSelection()
 {
     {

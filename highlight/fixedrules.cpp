@@ -1,5 +1,6 @@
 #include "highlight/fixedrules.h"
 
+#include "highlight/characterclasses.h"
 #include "highlight/symbols.h"
 
 using namespace CharacterClass;

@@ -15,8 +15,8 @@ struct SHighlightRange
     HighlightRole role;
 };
 
-// Bits of the state at the end of a line, which is what the next line starts with. Before the first
-// line it is -1. The numbers are those of the blocks' user states.
+// Bits of the state at the end of a line, with which the next line starts. Before the first line it
+// is -1. The numbers are those of the blocks' user states.
 struct SHighlightState
 {
     enum Bit {
@@ -35,5 +35,5 @@ struct SHighlightLine
     int nState = 0;
 };
 
-// Called now and then during long work, which true abandons. May be empty.
+// Called now and then during long work; true aborts the work. May be empty.
 using AbortCheck = std::function<bool()>;

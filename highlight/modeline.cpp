@@ -27,7 +27,7 @@ QString modeOfLine(const QString &strLine)
     return QString();
 }
 
-// "#!/usr/bin/env -S python3.11 -u" names python.
+// For example, "#!/usr/bin/env -S python3.11 -u" names python.
 QString programOf(const QString &strLine)
 {
     if (!strLine.startsWith(QLatin1String("#!")))

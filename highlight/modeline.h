@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-// The name under which a text says its language in its first lines, for other editors or for the
-// system: "-*- mode: python -*-", "vim: set ft=python:", or the program behind "#!" without its
-// path and version. A mode line goes before the program. Empty when the text says nothing.
+// The name of its language that a text gives in its first lines: "-*- mode: python -*-", "vim: set
+// ft=python:", or the program after "#!" without its path and version. A mode line counts before
+// the program. Empty when the text says nothing.
 QString modeOf(const QStringList &lstFirstLines);

@@ -5,7 +5,7 @@ namespace {
 constexpr uint g_nRoleBits = 3;
 constexpr uint g_nMoreFollows = 0x80;
 
-// Seven bits a byte, the lowest first.
+// Each byte holds seven bits, the lowest first.
 void appendNumber(uint n, std::vector<uchar> *pBytes)
 {
     for (; n >= g_nMoreFollows; n >>= 7)
@@ -22,7 +22,8 @@ uint takeNumber(const uchar **ppByte)
     return n | uint(*(*ppByte)++) << nShift;
 }
 
-// A later range may begin before an earlier one: small numbers of either sign become small ones.
+// A later range may begin before an earlier one, so numbers have a sign; small ones of either sign
+// take few bits.
 uint withoutSign(int n)
 {
     return n < 0 ? ~(uint(n) << 1) : uint(n) << 1;
@@ -35,7 +36,7 @@ int withSign(uint n)
 
 } // namespace
 
-// The distance from the end of the range before, then length and role in one number.
+// Stores the distance from the end of the range before, then length and role in one number.
 void packRanges(const std::vector<SHighlightRange> &lstRanges, std::vector<uchar> *pBytes)
 {
     int nEnd = 0;

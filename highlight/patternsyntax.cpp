@@ -76,7 +76,7 @@ private:
     bool m_bUnderstood = true;
 };
 
-// Characters beyond ASCII and the end of the pattern where there must be more are not understood.
+// Characters beyond ASCII are not understood, and neither is a pattern that ends too early.
 char CPatternReader::next()
 {
     if (atEnd() || m_strPattern.at(m_nAt).unicode() >= 128) {

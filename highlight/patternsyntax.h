@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-// The outline of a QRegExp pattern in its default syntax.
+// The syntax tree of a QRegExp pattern in its default syntax.
 struct SPatternNode
 {
     enum Kind {
@@ -24,17 +24,17 @@ struct SPatternNode
     };
 
     Kind kind = Nothing;
-    SymbolSet set; // Symbol: what may stand there
+    SymbolSet set; // Symbol: the symbols that match
     std::vector<SPatternNode>
-        children; // of all kinds that hold others; one for repeats, lookaheads
+        children; // for kinds that hold others; repeats and lookaheads hold one
     int nMin = 0; // Repeat
     int nMax = -1; // Repeat; -1: any number
 
     bool isAnchor() const { return kind >= LineStart && kind <= NoWordEdge; }
-    // Whether it is or holds a node of that kind.
+    // Whether this or a node inside is of that kind.
     bool contains(Kind wanted) const;
 };
 
-// Reads a pattern that QRegExp finds valid. Nothing is returned for what is read by QRegExp alone:
+// Reads a pattern that is valid for QRegExp. Returns nothing for syntax that is left to QRegExp:
 // back-references, character codes, characters beyond ASCII, and some rare spellings.
 std::optional<SPatternNode> readPattern(const QString &strPattern, Qt::CaseSensitivity sensitivity);

@@ -19,7 +19,7 @@ quint32 hashOf(const RegionStack &stack)
 
 } // namespace
 
-// Two stacks of one hash are rare; the later one then takes the next number that is free.
+// Two stacks rarely have the same hash. If they do, the later one takes the next free number.
 int CRegionStates::numberOf(const RegionStack &stack)
 {
     if (stack.empty())

@@ -6,19 +6,19 @@
 #include <array>
 #include <bitset>
 
-// Characters as the patterns of definitions tell them apart: each of ASCII for itself, all others
-// by what QRegExp's \d, \w and \s make of them.
+// Characters as the patterns of definitions tell them apart. Each ASCII character is a symbol; all
+// others are grouped by QRegExp's \d, \w and \s.
 enum Symbol {
     OtherDigit = 128,
     OtherWord,
     OtherSpace,
     OtherSymbol,
     SymbolCount,
-    LineEndSymbol = SymbolCount // stands behind the last character of a line
+    LineEndSymbol = SymbolCount // follows the last character of a line
 };
 
 using SymbolSet = std::bitset<SymbolCount>;
-// A byte for each symbol of a line, its end included: quicker to ask.
+// A byte for each symbol of a line, including its end, which is quick to read.
 using SymbolTable = std::array<quint8, SymbolCount + 1>;
 
 inline int symbolOf(QChar ch)
@@ -37,7 +37,7 @@ inline bool isWordSymbol(int nSymbol)
                          : nSymbol <= OtherWord;
 }
 
-// The same for a symbol of a line, its end included, by a table.
+// The same for a symbol of a line, including its end, by a table.
 constexpr SymbolTable wordSymbols()
 {
     SymbolTable arr {};

@@ -7,7 +7,9 @@
 #include "ui_mainwindow.h"
 #include "web/ceditwebview.h"
 
+#include <QAction>
 #include <QTextDocument>
+#include <QWebPage>
 
 namespace {
 

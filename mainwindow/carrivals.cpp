@@ -1,6 +1,7 @@
 #include "mainwindow/carrivals.h"
 
 #include "app/plaintext.h"
+#include "document/notice.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/cworkprogress.h"
 #include "mainwindow/mainwindow.h"
@@ -53,7 +54,7 @@ void CArrivals::stop(CDocument *pDocument)
         m_close(pDocument);
 }
 
-// The bar tells it: a box would interrupt whatever the user is doing by now.
+// Uses the bar, because a box would interrupt what the user is doing by now.
 void CArrivals::onFailed(CDocument *pDocument, const QString &strReason, bool bPartial)
 {
     SNotice notice;

@@ -9,14 +9,14 @@ class CDocument;
 class CTabWidget;
 class MainWindow;
 
-// Large texts that are still being loaded, as the window tells of them: in their tabs, and in the
-// status bar with a button that stops them. One that cannot be loaded to its end is closed.
+// Shows large texts that are being loaded in their tabs and in the status bar, with a button that
+// stops them. Closes a text that cannot be loaded to its end.
 class CArrivals : public QObject
 {
     Q_OBJECT
 
 public:
-    // close: closes a document as the user would. All outlive this object.
+    // close closes a document as the user would. All arguments outlive this object.
     CArrivals(MainWindow *pWindow, CTabWidget *pTabs, std::function<void(CDocument *)> close);
 
     void add(CDocument *pDocument);
@@ -29,5 +29,5 @@ private:
     MainWindow *m_pWindow;
     CTabWidget *m_pTabs;
     std::function<void(CDocument *)> m_close;
-    QHash<const QObject *, int> m_mapWorks; // What the status bar shows for a document.
+    QHash<const QObject *, int> m_mapWorks; // The work that the status bar shows for a document.
 };

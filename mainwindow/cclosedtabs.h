@@ -7,18 +7,18 @@
 
 const int g_nMaxClosedTabs = 50;
 
-// The documents that were closed, to be opened again one after the other. A path stands in it once,
-// where it was closed last.
+// Remembers closed documents, to open them again one after the other. Each path is in the list
+// once, where it was last closed.
 class CClosedTabs
 {
 public:
-    // Without a path there is nothing to open again.
+    // A document without a path cannot be opened again.
     void add(const SPlace &place);
-    // The one closed last that is not among the open paths; those behind it go, too. Without a path
-    // when none is left.
+    // Takes the last closed document whose path is not open, and drops those closed after it. The
+    // path is empty if none is left.
     SPlace takeLast(const QStringList &lstOpen);
     bool isEmpty() const { return m_lstPlaces.isEmpty(); }
 
 private:
-    QVector<SPlace> m_lstPlaces; // The one closed last stands last.
+    QVector<SPlace> m_lstPlaces; // The last closed one is at the end.
 };

@@ -1,11 +1,13 @@
 #include "mainwindow/cclosing.h"
 
+#include "app/cdraftstore.h"
 #include "app/plaintext.h"
 #include "mainwindow/cpasttabs.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
 #include "widgets/messagebox.h"
 
+#include <QMessageBox>
 #include <QPointer>
 
 CClosing::CClosing(MainWindow *pWindow, CTabWidget *pTabs, CPastTabs *pPastTabs,
@@ -18,14 +20,15 @@ CClosing::CClosing(MainWindow *pWindow, CTabWidget *pTabs, CPastTabs *pPastTabs,
 {
 }
 
-// Unsaved: "Yes" saved another document, so this one is closed with text that nobody declined.
+// This document is unsaved: "Yes" saved another one, so its text would be dropped without the
+// user's consent.
 CClosing::Leaving CClosing::askBeforeClosing(CDocument *pDocument)
 {
     if (!pDocument->isModified())
         return Leaving::Settled;
     const QPointer<CDocument> pAsked(pDocument);
-    // Deliberately the current document is saved, whichever was asked about: the one that was
-    // current when the box opened, for files may arrive while it stands.
+    // Deliberately saves the current document, whichever was asked about. It is the one that was
+    // current when the box opened, because files may arrive while it is open.
     const QPointer<CDocument> pCurrent(&m_pWindow->currentDocument());
     const bool bPage = pDocument->page();
     const auto answer =
@@ -73,7 +76,8 @@ bool CClosing::closeAll()
 {
     bool bYesToAll = false;
     m_pPastTabs->startEnding();
-    // From the last to the first; what arrives while a question stands is asked about next.
+    // Goes from the last to the first. A document that arrives during a question is asked about
+    // next.
     while (m_pTabs->count() > 0) {
         CDocument &document = m_pWindow->documents().of(m_pTabs->widget(m_pTabs->count() - 1));
         if (!closeForGood(&document, &bYesToAll))

@@ -9,22 +9,23 @@ class CPastTabs;
 class CTabWidget;
 class MainWindow;
 
-// The questions before a document goes, and what becomes of it. An answer is for the document that
+// Asks before a document is closed, and carries out the answer. An answer is for the document that
 // was asked about, whatever the event loop of the box does meanwhile.
 class CClosing : public QObject
 {
     Q_OBJECT
 
 public:
-    // save: saves a document as the user would; false when it could not. All outlive this object.
+    // save saves a document as the user would; false if it could not. All arguments outlive this
+    // object.
     CClosing(MainWindow *pWindow, CTabWidget *pTabs, CPastTabs *pPastTabs,
              std::function<bool(CDocument *)> save);
 
     // False when the user keeps the document.
     bool close(CDocument *pDocument);
-    // All documents, from the last to the first; false when the user keeps one.
+    // Asks for all documents, from the last to the first; false when the user keeps one.
     bool closeAll();
-    // A modified page is about to show another address.
+    // Asks when a modified page is about to show another address.
     bool mayLeavePage(CDocument *pDocument);
 
 private:

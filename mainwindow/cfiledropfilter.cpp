@@ -32,7 +32,8 @@ bool CFileDropFilter::eventFilter(QObject *pObject, QEvent *pEvent)
     const auto *pWidget = qobject_cast<QWidget *>(pObject);
     if (!pWidget || pWidget->window() != m_pWindow)
         return false;
-    auto *pDrop = static_cast<QDropEvent *>(pEvent); // The base of all three.
+    // The common base of the three classes of drop events.
+    auto *pDrop = static_cast<QDropEvent *>(pEvent);
     const QStringList lstFiles = localFiles(pDrop->mimeData());
     if (lstFiles.isEmpty() || (m_isTaken && m_isTaken(pWidget, pDrop->mimeData())))
         return false;

@@ -9,7 +9,7 @@ class QMimeData;
 class QWidget;
 
 // Takes drags of local files for a whole window. Its children would otherwise take them first: a
-// text editor inserts their URLs as text, a page goes there. Drags of text pass untouched.
+// text editor inserts their URLs as text, a page goes there. Drags of text are left alone.
 class CFileDropFilter : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     // The local files among the URLs, in order.
     static QStringList localFiles(const QMimeData *pData);
 
-    // What a widget takes for itself passes, too.
+    // A drag that a widget handles itself is left alone, too.
     using Exception = std::function<bool(const QWidget *, const QMimeData *)>;
     void setException(const Exception &isTaken) { m_isTaken = isTaken; }
 

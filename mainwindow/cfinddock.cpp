@@ -1,5 +1,6 @@
 #include "mainwindow/cfinddock.h"
 
+#include "app/filestate.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "findinfiles/cwidgetfindinfiles.h"
@@ -11,6 +12,7 @@
 #include <QDockWidget>
 #include <QPointer>
 #include <QTextBlock>
+#include <QWebView>
 
 CFindDock::CFindDock(MainWindow *pWindow, std::function<QString()> folder)
     : QObject(pWindow),
@@ -126,7 +128,7 @@ void CFindDock::onFileReplaced(const QString &strPath)
 {
     CDocument *pDocument = m_pWindow->documents().withPath(strPath);
     if (!pDocument || pDocument->isModified())
-        return; // The notice bar tells of it.
+        return; // The notice bar shows the reason.
     const CResult result = pDocument->reload();
     if (!result.isDone())
         emit message(result.text());

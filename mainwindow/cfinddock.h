@@ -17,13 +17,13 @@ class CFindDock : public QObject
     Q_OBJECT
 
 public:
-    // folder: where a search begins when the user says nothing else.
+    // folder gives the folder of a search if the user chooses none.
     CFindDock(MainWindow *pWindow, std::function<QString()> folder);
 
     QDockWidget *dock() const { return m_pDock; }
     QWidget *panel() const; // Null before it was first shown.
 
-    // With the text to search for, which may be empty.
+    // Shows the dock with the text to search for, which may be empty.
     void show(const QString &strText);
 
 signals:
@@ -43,5 +43,5 @@ private:
     std::function<QString()> m_folder;
     QDockWidget *m_pDock;
     CWidgetFindInFiles *m_pPanel = nullptr;
-    int m_nWork = 0; // The one that is told of.
+    int m_nWork = 0; // The work that is shown.
 };

@@ -9,9 +9,11 @@
 #include "mainwindow/mainwindow.h"
 #include "ui_mainwindow.h"
 
+#include <QAction>
+
 namespace {
 
-const char g_szIndent[] = "  "; // Before what the status bar names.
+const char g_szIndent[] = "  "; // The position before the name in the status bar.
 
 } // namespace
 
@@ -89,7 +91,8 @@ void CFormatMenus::showLanguage(const CDocument &document)
 void CFormatMenus::showCodec(const CDocument &document)
 {
     const CHighlightEdit *pEditor = document.editor();
-    const QString strCodec = document.codecName(); // Of a page's source, that of its file.
+    // For a page's source it is the codec of its file.
+    const QString strCodec = document.codecName();
     m_pStatus->setTextCodec(pEditor ? QString(QLatin1String(g_szIndent) + strCodec) : QString());
     const QList<QAction *> lstCodecs = m_pUi->menuText_Codec->actions();
     for (QAction *pAction : lstCodecs)

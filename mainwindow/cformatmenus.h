@@ -11,14 +11,14 @@ namespace Ui {
 class MainWindow;
 }
 
-// The entries of the menus "Language", "Text Codec" and "Return Format": makes them, and shows for
-// a document which of them hold, in the menus and in the status bar.
+// Makes the entries of the menus "Language", "Text Codec" and "Return Format", and shows a
+// document's choices in the menus and in the status bar.
 class CFormatMenus : public QObject
 {
     Q_OBJECT
 
 public:
-    // Everything is the window's and outlives this object.
+    // The window owns all arguments, and they outlive this object.
     CFormatMenus(Ui::MainWindow *pUi, const CHighlightMgt *pLanguages, CStatusLabels *pStatus,
                  MainWindow *pWindow);
 

@@ -38,6 +38,6 @@ void CGroundedLabel::paintEvent(QPaintEvent *)
 
 void CGroundedLabel::changeEvent(QEvent *pEvent)
 {
-    m_frame = QPixmap(); // Palette or style, perhaps.
+    m_frame = QPixmap(); // The palette or style may have changed.
     QLabel::changeEvent(pEvent);
 }

@@ -3,9 +3,8 @@
 #include <QLabel>
 #include <QPixmap>
 
-// A label for one line of plain text that changes with every key. It paints the ground below its
-// text itself, so that nothing that lies under it is painted for a new text, and its frame from a
-// picture. GUI thread only.
+// A label for one line of plain text that changes with every key. It paints its own background, so
+// that a new text repaints nothing below it, and its frame from a picture. GUI thread only.
 class CGroundedLabel : public QLabel
 {
     Q_OBJECT
@@ -21,5 +20,5 @@ private:
     void paintFrame();
 
     QColor m_clrGround;
-    QPixmap m_frame; // Ground and frame; null when to be painted anew.
+    QPixmap m_frame; // The background and the frame; null if they have to be painted again.
 };

@@ -187,7 +187,8 @@ void CHtmlToolBar::setChosenColors(const QColor &clrText, const QColor &clrBack)
 
 void CHtmlToolBar::showColor(SColorButton *pColor, const QColor &clr)
 {
-    if (pColor->clrShown == clr) // Asked with each move of the caret; drawing takes longer.
+    // Compares first: this is called for each move of the caret, and drawing takes longer.
+    if (pColor->clrShown == clr)
         return;
     pColor->clrShown = clr;
     drawColor(pColor);

@@ -13,9 +13,8 @@ class QToolButton;
 
 // Font box, size box and the two colour buttons of the HTML toolbar, which owns them.
 //
-// A colour button applies the colour in its corner and shows in its bar the one at the caret; its
-// menu offers common colours and a dialog. What is shown for the caret's place is set without any
-// signal.
+// A colour button applies the colour in its corner, and shows the colour at the caret in its bar.
+// Its menu offers common colours and a dialog. Showing the formats at the caret emits no signal.
 class CHtmlToolBar : public QObject
 {
     Q_OBJECT
@@ -26,14 +25,14 @@ public:
     QFontComboBox *fontBox() const { return m_pFontBox; }
     QComboBox *sizeBox() const { return m_pSizeBox; }
 
-    // What holds at the page's caret.
+    // Shows the formats at the page's caret.
     void showFormat(const CEditWebView &page);
     void showColors(const QColor &clrText, const QColor &clrBack);
     // The colours that the buttons apply.
     void setChosenColors(const QColor &clrText, const QColor &clrBack);
 
-    // Colours the page's selection and remembers the colour; an invalid one takes the colour off.
-    // Without a page, nothing.
+    // Colours the page's selection and remembers the colour. An invalid colour takes the colour
+    // off. Does nothing without a page.
     void applyColor(CEditWebView *pPage, const QColor &clr, bool bBackground);
 
 signals:
@@ -47,7 +46,7 @@ private:
         QToolButton *pButton = nullptr;
         QString strIcon;
         QColor clrChosen;
-        QColor clrShown; // Invalid: none yet.
+        QColor clrShown; // Invalid as long as none was chosen.
     };
 
     void addColorButton(QToolBar *pToolBar, SColorButton *pColor, const QString &strName,

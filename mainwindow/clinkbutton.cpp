@@ -15,7 +15,7 @@ CLinkButton::CLinkButton(const QString &strText, Qt::TextElideMode elide, QWidge
     shorten();
 }
 
-// The width that frame, padding and icon take.
+// The width of frame, padding and icon.
 int CLinkButton::besideText() const
 {
     const int nIcon = icon().isNull() ? 0 : iconSize().width() + 4;

@@ -2,8 +2,8 @@
 
 #include <QPushButton>
 
-// A line of text that is clicked like a link. The text is shown as it is, shortened where
-// there is no room for it; then the tool tip has the whole.
+// A line of text that is clicked like a link. The text is shown literally. If there is not enough
+// room, it is shortened, and the tool tip has the whole.
 class CLinkButton : public QPushButton
 {
     Q_OBJECT

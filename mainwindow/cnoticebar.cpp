@@ -96,7 +96,7 @@ void CNoticeBar::showChoices()
 {
     for (QPushButton *pButton : qAsConst(m_lstButtons)) {
         pButton->hide();
-        pButton->deleteLater(); // It may be the one that was pressed.
+        pButton->deleteLater(); // One of them may be the button that was pressed.
     }
     m_lstButtons.clear();
     QWidget *pLast = m_pList;
@@ -109,7 +109,7 @@ void CNoticeBar::showChoices()
                 choice.chosen();
         });
         m_pLayout->addWidget(pButton, 0, Qt::AlignLeft | Qt::AlignVCenter);
-        pButton->show(); // The layout would do so later.
+        pButton->show(); // The layout would do this only later.
         m_lstButtons.append(pButton);
         setTabOrder(pLast, pButton);
         pLast = pButton;
@@ -148,7 +148,7 @@ bool CNoticeBar::eventFilter(QObject *pObject, QEvent *pEvent)
 
 void CNoticeBar::showItems(const QStringList &lstItems)
 {
-    const int nMostRows = 6; // The others are scrolled to.
+    const int nMostRows = 6; // The others are reached by scrolling.
     m_pList->clear();
     m_pList->addItems(lstItems);
     m_pList->selectAll();

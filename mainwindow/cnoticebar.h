@@ -12,12 +12,12 @@ class QListWidget;
 class QPushButton;
 class QToolButton;
 
-// The bar above a document that shows a notice: its text as it stands, a list of its items, a
-// button per choice and one that closes the bar.
+// The bar above a document that shows a notice: its text literally, a list of its items, a button
+// for each choice, and one that closes the bar.
 //
-// It comes, goes and changes only while the mouse rests, so that no click meets something else than
-// what it was aimed at: not while a button is down, nor for the time of a double click afterwards.
-// Clicks on the bar itself are what it waits for.
+// It appears, changes and disappears only while the mouse rests, so that no click hits something
+// else than it was aimed at. The mouse rests when no button is down and the time of a double click
+// has passed. Clicks on the bar itself do not count.
 class CNoticeBar : public QFrame
 {
     Q_OBJECT
@@ -27,9 +27,9 @@ public:
 
     // Replaces what is shown, or what waits to be shown; an empty notice hides the bar.
     void show(const SNotice &notice);
-    // As it is shown.
+    // The shown text.
     QString text() const;
-    // Also chooses how the buttons stand at that width.
+    // Also chooses the arrangement of the buttons for that width.
     int heightForWidth(int nWidth) const override;
 
 signals:
@@ -48,12 +48,15 @@ private:
     QList<int> chosenItems() const;
 
     SNotice m_wanted;
-    QTimer m_timer; // Runs while the mouse is waited for.
-    QElapsedTimer m_sinceClick; // Since a button went down or up last, other than on the bar.
-    QElapsedTimer m_sinceShown; // Under the mouse; a click then was aimed at something else.
+    QTimer m_timer; // Runs while the bar waits for the mouse.
+    // The time since a mouse button last went down or up outside of the bar.
+    QElapsedTimer m_sinceClick;
+    // The time since the bar appeared under the mouse; a click soon afterwards was aimed at
+    // something else.
+    QElapsedTimer m_sinceShown;
     QLabel *m_pLabel;
-    QListWidget *m_pList; // All of it is chosen at first.
+    QListWidget *m_pList; // All of its items are chosen at first.
     QToolButton *m_pClose;
-    QBoxLayout *m_pLayout; // The text and the buttons.
+    QBoxLayout *m_pLayout; // Holds the text and the buttons.
     QList<QPushButton *> m_lstButtons; // One for each choice.
 };

@@ -1,10 +1,12 @@
 #include "mainwindow/copener.h"
 
 #include "app/csettings.h"
+#include "app/filestate.h"
 #include "app/plaintext.h"
 #include "document/ceditordocument.h"
 #include "document/cimagedocument.h"
 #include "document/cpagedocument.h"
+#include "document/notice.h"
 #include "editor/chighlightedit.h"
 #include "editor/textreading.h"
 #include "mainwindow/ctabwidget.h"
@@ -19,6 +21,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QLocale>
+#include <QMessageBox>
 #include <QScopedValueRollback>
 
 namespace {
@@ -26,7 +29,7 @@ namespace {
 bool isImageSuffix(const QString &strSuffix)
 {
     if (strSuffix == QLatin1String("svg") || strSuffix == QLatin1String("svgz"))
-        return false; // Text that one edits.
+        return false; // SVG is text that people edit.
     const QList<QByteArray> lstFormats = QImageReader::supportedImageFormats();
     return std::any_of(lstFormats.cbegin(), lstFormats.cend(), [&](const QByteArray &format) {
         return QString::fromLatin1(format).toLower() == strSuffix;

@@ -15,15 +15,15 @@ class MainWindow;
 struct SDraft;
 struct SFileContent;
 
-// Makes documents and their tabs: new ones, and those of files in the right kind of view. A file
-// that cannot be read gets the specified box and no tab.
+// Makes documents and their tabs, for new documents and for files, with the right kind of view. A
+// file that cannot be read gets the specified box and no tab.
 class COpener : public QObject
 {
     Q_OBJECT
 
 public:
-    // pLoading: the window's flag, set while a document is being created or loaded. pTaster is told
-    // of pages and pictures that ended the program. All outlive this object.
+    // pLoading is the window's flag, which is true while a document is created or loaded. pTaster
+    // is told of pages and pictures that crashed the program. All arguments outlive this object.
     COpener(MainWindow *pWindow, CTabWidget *pTabs, CTaster *pTaster, bool *pLoading);
 
     // Closes a document as the user would; false when it stays.
@@ -37,7 +37,7 @@ public:
     void showFailure(const QString &strPath, const QString &strReason);
 
 signals:
-    // A document has a tab, which is current, and no content yet.
+    // A document has got a tab, which is current. It has no content yet.
     void added(CDocument *pDocument);
     // One line for the status bar.
     void message(QString strText);
@@ -66,6 +66,6 @@ private:
     CTaster *m_pTaster;
     bool *m_pLoading;
     std::function<bool(CDocument *)> m_close;
-    QSet<QString> m_setLargeWanted; // Files that shall be opened, however large they are.
-    QSet<QString> m_setShownAnyway; // Pages that the user wants to see, whatever they hold.
+    QSet<QString> m_setLargeWanted; // Files that the user wants to open, however large they are.
+    QSet<QString> m_setShownAnyway; // Pages that the user wants to see, whatever they contain.
 };

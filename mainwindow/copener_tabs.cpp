@@ -12,6 +12,7 @@
 #include "web/ceditwebview.h"
 
 #include <QFileInfo>
+#include <QIcon>
 #include <QScopedValueRollback>
 #include <QTextBlock>
 
@@ -114,7 +115,7 @@ void COpener::nameTab(const CDocument &document)
     }
 }
 
-// A new definition colours every line anew, so the same one is not set again.
+// Setting a definition colours every line again, so the same one is not set twice.
 void COpener::chooseLanguage(const CDocument &document)
 {
     CHighlightEdit *pEditor = document.editor();

@@ -2,6 +2,7 @@
 
 #include "app/plaintext.h"
 #include "document/cdocuments.h"
+#include "document/place.h"
 #include "mainwindow/ctabwidget.h"
 
 #include <QFileInfo>
@@ -47,7 +48,7 @@ void CPastTabs::storeOpen()
 void CPastTabs::store(const SSession &session)
 {
     if (!session.lstPlaces.isEmpty() || !m_closed.isEmpty())
-        writeSession(m_strFile, session); // Where that fails, the old one is offered again.
+        writeSession(m_strFile, session); // If that fails, the old session is offered again.
 }
 
 QStringList CPastTabs::lastPaths() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/place.h"
 #include "mainwindow/cclosedtabs.h"
 #include "mainwindow/session.h"
 
@@ -9,35 +10,36 @@ class CDocument;
 class CDocuments;
 class CTabWidget;
 
-// Documents that are gone and can come back: those closed in this run, one by one, and those that
-// were open when the program last ended, all together. Nothing comes back by itself.
+// Closed documents that can be opened again: those closed in this run, one by one, and those that
+// were open when the program last ended, all together. None is opened without being asked for.
 class CPastTabs : public QObject
 {
     Q_OBJECT
 
 public:
-    // pTabs and pDocuments outlive this object. strFile: where the session is kept.
+    // pTabs and pDocuments outlive this object. strFile is the file of the session.
     CPastTabs(CTabWidget *pTabs, CDocuments *pDocuments, const QString &strFile, QObject *pParent);
 
     // A document is about to be closed.
     void note(const CDocument &document);
-    // The window begins to close its documents from the last to the first, noting each of them ...
+    // Call it before the window closes its documents from the last to the first, with a note() for
+    // each,
     void startEnding();
-    // ... and has closed all of them, or keeps the rest: then call only note() again.
+    // and this afterwards, whether all were closed or some are kept.
     void storeEnding();
-    // The window goes with all that is open.
+    // The window is closed with all open documents.
     void storeOpen();
 
-    // What reopenLast() opens.
+    // The document that reopenLast() opens.
     QStringList lastPaths() const;
 
 public slots:
-    // The document closed last, and so on with each further call.
+    // Opens the last closed document; each further call the one before.
     void reopenClosed();
     void reopenLast();
 
 signals:
-    // Open the file, or show its tab where it is open.
+    // Asks to open the file, or to show its tab if it is open.
     void openWanted(const QString &strPath);
     // For the status bar.
     void message(const QString &strText);
@@ -51,6 +53,6 @@ private:
     CDocuments *m_pDocuments;
     QString m_strFile;
     CClosedTabs m_closed;
-    SSession m_last; // As it was when this run began.
+    SSession m_last; // The session at the beginning of this run.
     SSession m_ending;
 };

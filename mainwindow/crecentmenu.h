@@ -6,7 +6,7 @@
 
 class QAction;
 
-// The recent files in the File menu; the list itself is the settings'.
+// Shows the recent files in the File menu. The list itself is in the settings.
 class CRecentMenu : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     // The file was used: it comes first, and the settings are saved.
     void add(const QString &strPath);
 
-    // Asks for the file of an entry, which then comes first.
+    // Asks to open the file of an entry, which then comes first.
     void open(int nIndex);
 
 signals:

@@ -9,6 +9,9 @@
 #include "mainwindow/mainwindow.h"
 #include "web/ceditwebview.h"
 
+#include <QRect>
+#include <QTextCursor>
+
 namespace {
 
 // The place of the selection, in screen coordinates.
@@ -69,7 +72,7 @@ void CSearch::showReplace()
 void CSearch::findAgain(bool bBackward)
 {
     const QString strText = dialog()->getFindText();
-    if (strText.isEmpty()) { // Nothing to search for yet: ask.
+    if (strText.isEmpty()) { // There is nothing to search for yet, so the dialog asks.
         showFind();
         return;
     }
@@ -78,7 +81,7 @@ void CSearch::findAgain(bool bBackward)
     const CResult result = document().find(strText, bBackward);
     if (!result.text().isEmpty())
         emit message(result.text());
-    else if (!result.isDone() && !document().editor()) // An editor tells a miss itself.
+    else if (!result.isDone() && !document().editor()) // An editor reports a miss by itself.
         tellMiss();
 }
 
@@ -165,7 +168,7 @@ void CSearch::tellCount(int nIndex, int nCount)
 
 void CSearch::tell(const QString &strText)
 {
-    // An open dialog tells it in its own line; without one the status bar does.
+    // An open dialog shows it in its own line, otherwise the status bar does.
     if (!dialog()->isVisible())
         emit message(strText);
 }

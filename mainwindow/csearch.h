@@ -21,20 +21,20 @@ public:
     void showFind();
     void showReplace();
     void showGoToLine();
-    // Without the dialog; bBackward: against the direction that the settings give.
+    // Searches without the dialog; bBackward reverses the direction of the settings.
     void findAgain(bool bBackward);
 
-    // What the dialog's buttons ask for.
+    // The commands of the dialog's buttons.
     void findNext();
     void replace();
     void replaceAll();
 
-    // What came of it, for the dialog's line or, while it is closed, for message().
+    // Shows the outcome in the dialog's line, or by message() while the dialog is closed.
     void tellTop();
     void tellBottom();
     void tellMiss();
     void tellReplaced(int nCount);
-    // Which match was found, and of how many.
+    // Shows which match was found, and of how many.
     void tellCount(int nIndex, int nCount);
 
 signals:

@@ -108,7 +108,7 @@ void CSidePanels::previewCurrentDocument()
     const QString strLanguage = pEditor->languageName();
     if (strLanguage != QLatin1String("HTML") && strLanguage != QLatin1String("SVG"))
         return;
-    m_pWindow->documents().drafts().flush(); // What is shown can end the program.
+    m_pWindow->documents().drafts().flush(); // The shown file can crash the program.
     follow(&m_pWindow->currentDocument());
     if (strLanguage == QLatin1String("HTML"))
         m_pPreview->previewHtml(pEditor->getText(), QUrl::fromLocalFile(pEditor->pathFileName()));
@@ -134,10 +134,10 @@ void CSidePanels::follow(CDocument *pDocument)
 void CSidePanels::previewFile(const QString &strPath, bool bSelected)
 {
     if (bSelected)
-        m_timerPreview.stop(); // The selection came last; it is what the user wants to see.
+        m_timerPreview.stop(); // The selection is newer, so it is what the user wants to see.
     const bool bShown = m_pDockPreview->isVisible();
     if (bShown)
-        m_pWindow->documents().drafts().flush(); // What is shown can end the program.
+        m_pWindow->documents().drafts().flush(); // The shown file can crash the program.
     if (bShown)
         m_pPreviewed = nullptr;
     m_pPreview->setFile(strPath, bShown);

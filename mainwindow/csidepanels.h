@@ -26,12 +26,13 @@ public:
     CPreviewWidget *preview() const { return m_pPreview; }
     QList<QDockWidget *> docks() const { return {m_pDockPreview, m_pDockBrowser}; }
 
-    // Shows what is typed once the typing pauses.
+    // Shows the typed text when the typing pauses.
     void previewSoon() { m_timerPreview.start(); }
-    // Shows that file or, for a folder, only its name.
+    // Shows that file; for a folder only its name.
     void previewFile(const QString &strPath, bool bSelected);
     void onPreviewVisible(bool bVisible);
-    // The window's part of an event of the browser: one that was hidden lists its folder anew.
+    // Handles an event of the browser: when it was hidden and is shown again, it lists its folder
+    // again.
     void onBrowserShown(bool bShown);
 
 private:
@@ -47,7 +48,8 @@ private:
     QDockWidget *m_pDockPreview;
     QDockWidget *m_pDockBrowser;
     QTimer m_timerPreview;
-    CDocument *m_pPreviewed = nullptr; // Whose text the preview shows; null for a file or nothing.
+    // The document whose text the preview shows; null for a file or nothing.
+    CDocument *m_pPreviewed = nullptr;
     bool m_bBrowserWasHidden = false;
-    int m_nListing = 0; // The work that is told of; 0 for none.
+    int m_nListing = 0; // The work that is shown; 0 for none.
 };

@@ -14,7 +14,7 @@ CStartPanel::CStartPanel(const QList<QAction *> &lstActions, QWidget *pParent)
     setObjectName(QStringLiteral("startPanel"));
     setAccessibleName(tr("Start"));
     setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus); // Its links have it.
+    setFocusPolicy(Qt::NoFocus); // Its links have the focus.
     setWidgetResizable(true);
     // The text is dark in every desktop palette, because the empty area is light.
     setStyleSheet(QStringLiteral(
@@ -59,7 +59,7 @@ CLinkButton *CStartPanel::addLink(const QString &strText)
 void CStartPanel::showRecentFiles(const QStringList &lstPaths)
 {
     for (CLinkButton *pLink : qAsConst(m_lstRecent))
-        pLink->deleteLater(); // It may be the one that was clicked.
+        pLink->deleteLater(); // One of them may be the link that was clicked.
     m_lstRecent.clear();
     m_pRecent->setVisible(!lstPaths.isEmpty());
     for (int n = 0; n < lstPaths.size(); ++n) {

@@ -9,19 +9,19 @@ class QAction;
 class QLabel;
 class QVBoxLayout;
 
-// What a window without documents says: what can be done now. Lies over the empty area and leaves
-// clicks beside its links to it. Opens nothing by itself.
+// Shows in a window without documents what can be done now. It covers the empty area, which gets
+// the clicks beside the links. It opens nothing by itself.
 class CStartPanel : public QScrollArea
 {
     Q_OBJECT
 
 public:
-    // lstActions: the commands to begin with, each shown with its key.
+    // lstActions are the commands to begin with, each shown with its key.
     CStartPanel(const QList<QAction *> &lstActions, QWidget *pParent);
 
-    // As links, in this order.
+    // Shows these files as links, in this order.
     void showRecentFiles(const QStringList &lstPaths);
-    // The offer to open these files again; none for an empty list.
+    // Offers to open these files again; an empty list removes the offer.
     void showLastSession(const QStringList &lstPaths);
 
 signals:

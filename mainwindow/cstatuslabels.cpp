@@ -78,9 +78,9 @@ void CStatusLabels::setCursorText(const QString &strText)
         fitCursorLabel();
 }
 
-// Qt lays the status bar out anew for a label whose size may change. This one has a fixed size,
-// which only grows, so that its neighbours stand still while the cursor moves. It has room for any
-// text as long as this one: only digits change.
+// Qt lays out the status bar again for a label whose size may change. This label has a fixed size
+// that only grows, so that its neighbours do not move with the cursor. It has room for any text of
+// the same length, because only digits change.
 void CStatusLabels::fitCursorLabel()
 {
     const QString strText = m_pCursor->text();

@@ -22,7 +22,7 @@ public:
     void setTextCodec(const QString &strText);
 
 public slots:
-    // nVal: the code editors' font size in pixels, which the labels follow.
+    // nVal is the code editors' font size in pixels, which the labels follow.
     void onTextFontSize(int nVal);
 
 private:
@@ -35,5 +35,6 @@ private:
     QLabel *m_pLanguage;
     QLabel *m_pReturnFormat;
     QLabel *m_pTextCodec;
-    int m_nFitted = 0; // How long a text the label of the cursor's place has room for.
+    // The length of the texts for which the label of the cursor's place has room.
+    int m_nFitted = 0;
 };

@@ -2,9 +2,9 @@
 
 #include <QTabBar>
 
-// Tabs with names as long as can be read at a glance; longer ones are shortened in the middle,
-// where a name says least. Where the bar is full, they get shorter down to a width, and then it
-// scrolls.
+// A tab bar with names that can be read at a glance. Longer names are shortened in the middle,
+// where they say least. When the bar is full, tabs get narrower down to a least width, and then the
+// bar scrolls.
 class CTabBar : public QTabBar
 {
     Q_OBJECT

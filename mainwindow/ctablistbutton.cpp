@@ -28,7 +28,8 @@ CTabListButton::CTabListButton(QTabWidget *pTabs, std::function<QVector<STabName
     setObjectName(QStringLiteral("tabList"));
     setArrowType(Qt::DownArrow);
     setAutoRaise(true);
-    setStyleSheet(QStringLiteral("CTabListButton::menu-indicator{image:none;}")); // One arrow does.
+    // One arrow is enough.
+    setStyleSheet(QStringLiteral("CTabListButton::menu-indicator{image:none;}"));
     setFocusPolicy(Qt::TabFocus);
     setToolTip(tr("List of all tabs (%1)")
                    .arg(QKeySequence(QStringLiteral("Alt+0")).toString(QKeySequence::NativeText)));
@@ -55,7 +56,7 @@ void CTabListButton::fillMenu()
             onOneLine(strName), Qt::ElideMiddle, nWidest * m_menu.fontMetrics().averageCharWidth());
         QAction *pAction = m_menu.addAction(m_pTabs->tabIcon(n), entryText(n, strName));
         pAction->setToolTip(plainToolTip(visibleName(lstNames.at(n).strPath)));
-        // The tab may be gone: tabs come and go while the menu is open.
+        // The tab may be gone, because tabs come and go while the menu is open.
         const QPointer<QWidget> pWidget(m_pTabs->widget(n));
         connect(pAction, &QAction::triggered, this, [this, pWidget] { goTo(pWidget); });
         if (n == m_pTabs->currentIndex())

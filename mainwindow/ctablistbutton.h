@@ -9,13 +9,13 @@
 
 class QTabWidget;
 
-// The button at the end of the tabs: a menu of all of them, with folders where names are alike.
+// The button at the end of the tabs with a menu of all of them. Folders tell equal names apart.
 class CTabListButton : public QToolButton
 {
     Q_OBJECT
 
 public:
-    // fnNames: the names of the tabs as they are now, in their order.
+    // fnNames gives the present names of the tabs, in their order.
     CTabListButton(QTabWidget *pTabs, std::function<QVector<STabName>()> fnNames);
 
 private:

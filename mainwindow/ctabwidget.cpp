@@ -34,7 +34,7 @@ void CTabWidget::setPlainTabToolTip(int nIndex, const QString &strText)
 
 void CTabWidget::replaceWidget(QWidget *pOld, QWidget *pNew)
 {
-    const QScopedValueRollback<bool> replacing(m_bReplacing, true); // It is not empty meanwhile.
+    const QScopedValueRollback<bool> replacing(m_bReplacing, true); // So the widget is never empty.
     const int nIndex = indexOf(pOld);
     QWidget *pCurrent = currentWidget() == pOld ? pNew : currentWidget();
     // The old widget gives up the focus first, because a page that is hidden with it eats a Tab

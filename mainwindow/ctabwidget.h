@@ -17,21 +17,21 @@ public:
     void addMenuActions(const QStringList &lstTexts);
     const QMenu &menu() const { return m_menu; }
 
-    // Shows text on a tab as it is: an "&" in it is no mnemonic, markup in the tip no markup.
+    // Shows texts on a tab literally: an "&" is no mnemonic, and markup in the tip is no markup.
     void setPlainTabText(int nIndex, const QString &strText);
     void setPlainTabToolTip(int nIndex, const QString &strText);
 
-    // Puts another widget into the place of one; the tab stays as it is, the current one is the
-    // same as before, and the keyboard goes along.
+    // Replaces a widget by another one. The tab stays as it is, the current tab is the same, and
+    // the focus moves to the new widget.
     void replaceWidget(QWidget *pOld, QWidget *pNew);
 
-    // A child of this widget, over its area while there is no tab. A corner widget is shown while
+    // Sets a child that covers this widget while there is no tab. A corner widget is shown while
     // there is one.
     void setEmptyPanel(QWidget *pPanel);
     QWidget *emptyPanel() const { return m_pEmptyPanel; }
 
-    // A child of this widget, above the page of the current tab or the empty panel while it is not
-    // hidden. It takes its room from them.
+    // Sets a child that is shown above the page of the current tab or the empty panel, and takes
+    // its room from them, unless it is hidden.
     void setHeader(QWidget *pHeader);
 
 signals:
@@ -57,10 +57,11 @@ private:
 
     QMenu m_menu;
     QWidget *m_pHeader = nullptr;
-    QWidget *m_pPages = nullptr; // The standard widget's own, once there is a header.
-    QRect m_pagesArea; // As the standard widget gives it to the pages.
+    // The child of the standard widget that holds the pages, once there is a header.
+    QWidget *m_pPages = nullptr;
+    QRect m_pagesArea; // The rectangle that the standard widget gives to the pages.
     bool m_bPlacing = false;
-    QRect m_placedArea; // What the header leaves of it.
+    QRect m_placedArea; // The part of it that the header leaves.
     QWidget *m_pEmptyPanel = nullptr;
     bool m_bReplacing = false;
 };

@@ -11,8 +11,8 @@
 
 namespace {
 
-const int g_nDelay = 500; // Milliseconds of work that are not worth telling of.
-const int g_nSteps = 1000; // Of the bar, whose numbers are small.
+const int g_nDelay = 500; // Milliseconds; shorter work is not shown.
+const int g_nSteps = 1000; // The range of the bar, which takes only small numbers.
 const int g_nTextWidth = 220; // In pixels; longer texts are shortened in the middle.
 
 } // namespace
@@ -88,7 +88,7 @@ void CWorkProgress::stopShown()
 {
     SWork *pWork = shownWork();
     if (pWork && pWork->stop)
-        std::exchange(pWork->stop, nullptr)(); // May end the work.
+        std::exchange(pWork->stop, nullptr)(); // This may end the work.
     refresh();
 }
 

@@ -13,10 +13,10 @@ class QProgressBar;
 class QShortcut;
 class QToolButton;
 
-// Tells in the status bar of work that takes long: what is done, how far it is, and a button that
-// stops it, as Escape does in every window of the program. Work that ends within 500 ms is never
-// shown. Of several works the one begun last is shown, with the number of the others; stopping it
-// brings up the next. GUI thread only; the work itself must leave the event loop alive.
+// Shows long work in the status bar: what is done, how far it is, and a button that stops it, as
+// Escape does in every window of the program. Work that ends within 500 ms is never shown. If there
+// are several, the one begun last is shown with the number of the others; stopping it shows the
+// next. GUI thread only; the work itself must keep the event loop running.
 class CWorkProgress : public QWidget
 {
     Q_OBJECT
@@ -26,19 +26,19 @@ public:
 
     explicit CWorkProgress(QWidget *pParent = nullptr);
 
-    // strText says what is done, as plain text. stop is called once at most, from the event loop,
-    // and the work calls end() when it has stopped; it may do so at once. A work ends with its
-    // owner, which may be null. Returns the number by which the other functions know the work; one
-    // that has ended is ignored there.
+    // strText tells what is done, as plain text. stop is called at most once, from the event loop;
+    // the work calls end() when it has stopped, maybe at once. A work ends with its owner, which
+    // may be null. Gives a number that identifies the work in the other functions, which ignore one
+    // that has ended.
     int begin(QObject *pOwner, const QString &strText, const Stop &stop);
-    // nDone of nAll, in units of the caller's; nAll of 0 says that nobody knows how much there is.
+    // nDone of nAll are done, in the caller's units. An nAll of 0 means that the whole is unknown.
     void advance(int nWork, qint64 nDone, qint64 nAll);
     void end(int nWork);
 
 public slots:
     // Stops the work that is shown.
     void stopShown();
-    // nVal: the code editors' font size in pixels, as for the other texts of the status bar.
+    // nVal is the code editors' font size in pixels, which the texts of the status bar follow.
     void onTextFontSize(int nVal);
 
 private:
@@ -46,7 +46,7 @@ private:
     {
         int nId = 0;
         QString strText;
-        Stop stop; // Empty once called.
+        Stop stop; // Empty after it was called.
         QElapsedTimer age;
         qint64 nDone = 0;
         qint64 nAll = 0;
@@ -58,7 +58,7 @@ private:
     void refresh();
     void showWork(const SWork &work);
 
-    std::vector<SWork> m_lstWorks; // In the order of their beginning.
+    std::vector<SWork> m_lstWorks; // In the order in which they began.
     int m_nLastId = 0;
     QTimer m_timer; // Runs until the next work is old enough to be shown.
     QLabel *m_pText;

@@ -23,7 +23,8 @@ enum : uchar {
 };
 
 const int g_nSides = 4;
-const int g_nMostLevels = 32; // Of groups in groups: each takes room on the stack.
+// The deepest nesting of groups, each of which takes room on the stack.
+const int g_nMostLevels = 32;
 
 class CFrameStateReader
 {
@@ -61,7 +62,8 @@ private:
         return isGood();
     }
 
-    // A list of what the function reads; ends where the bytes end, however large the count is.
+    // Reads a list of items with the function. It ends where the bytes end, however large the count
+    // is.
     template<typename F> bool readList(F fnReadItem)
     {
         for (int nLeft = read<int>(); nLeft > 0; --nLeft)

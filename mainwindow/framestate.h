@@ -2,9 +2,8 @@
 
 class QByteArray;
 
-// True when the bytes are one whole frame state as Qt 5's QMainWindow::saveState() writes it,
-// nothing missing, nothing left over. QMainWindow::restoreState() believes every count in what it
-// is given: with one damaged bit it places two thousand million tool bars, and the window never
-// comes up. States of windows that drag panels in groups, which this program has not, are refused,
-// too.
+// True if the bytes are exactly one frame state as QMainWindow::saveState() of Qt 5 writes it.
+// QMainWindow::restoreState() believes every count in its bytes: with one damaged bit it places two
+// thousand million tool bars, and the window never comes up. States of windows with grouped
+// dragging, which this program does not use, are refused, too.
 bool isFrameStateWhole(const QByteArray &arrState);

@@ -1,7 +1,11 @@
 #include "mainwindow/mainwindow.h"
 
+#include "app/cdraftstore.h"
 #include "app/csettings.h"
 #include "browser/cwidgetfavorfilelist.h"
+#include "document/cdocument.h"
+#include "document/cdraftkeeper.h"
+#include "document/crecovery.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h" // Declares the types that are registered here.
 #include "mainwindow/actionicons.h"
@@ -23,6 +27,7 @@
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/cworkprogress.h"
 #include "mainwindow/framestate.h"
+#include "mainwindow/tabnames.h"
 #include "pageedit/cpagepictures.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"
@@ -40,7 +45,8 @@ MainWindow *g_pMainWindow = nullptr;
 
 namespace {
 
-const int g_nLeastPage = 240; // Pixels: in a narrow window the docks give way to the document.
+// Pixels. In a narrow window the docks get narrower in favour of the document.
+const int g_nLeastPage = 240;
 
 } // namespace
 
@@ -49,7 +55,7 @@ MainWindow::MainWindow(QWidget *pParent)
 {
     qRegisterMetaType<QTextBlock>("QTextBlock");
     qRegisterMetaType<QList<QTextLayout::FormatRange>>("QList<QTextLayout::FormatRange>");
-    m_pHighlightMgt = new CHighlightMgt(this); // First: it reads its files meanwhile.
+    m_pHighlightMgt = new CHighlightMgt(this); // Made first, because it reads its files meanwhile.
     m_pUi->setupUi(this);
     setActionIcons(this);
     m_pUi->mainToolBar->setIconSize(QSize(24, 24));
@@ -60,7 +66,7 @@ MainWindow::MainWindow(QWidget *pParent)
     m_pWork = new CWorkProgress(this);
     m_pWork->onTextFontSize(g_pSettings->getTextFontSize());
     statusBar()->insertWidget(1, m_pWork);
-    m_pWork->hide(); // The status bar shows what it is given.
+    m_pWork->hide(); // The status bar shows a widget that is inserted.
     setupTabs();
     setupDocuments();
     m_pPanels = new CSidePanels(this, m_pHighlightMgt);

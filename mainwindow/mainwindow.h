@@ -13,6 +13,7 @@ class MainWindow;
 
 class CArrivals;
 class CClosing;
+class CDocument;
 class CEditWebView;
 class CFindDock;
 class CFormatMenus;
@@ -35,11 +36,11 @@ class CWorkProgress;
 // By concern: mainwindow.cpp the frame, _states.cpp what it shows of the current document,
 // _keys.cpp keys, _documents.cpp how documents speak to it, _open.cpp the ways by which files come
 // in, _files.cpp saving and reading again, _closing.cpp closing, _commands.cpp and _page.cpp what
-// menus and tool bars give to the current document, _panels.cpp docks and panes. What has a state
-// of its own is a class beside it.
+// menus and tool bars give to the current document, _panels.cpp docks and panes. Parts with a state
+// of their own are classes beside it.
 //
-// A question on the screen belongs to the document it was asked about: its event loop may change
-// the current one.
+// A question on the screen belongs to the document that it was asked about, because its event loop
+// may change the current one.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -48,11 +49,11 @@ public:
     explicit MainWindow(QWidget *pParent = nullptr);
     ~MainWindow() override;
 
-    // With no tab, the document that refuses everything.
+    // Without a tab it is the document that refuses everything.
     CDocument &currentDocument() const;
     CDocuments &documents() { return *m_pDocuments; }
     const CHighlightMgt *highlightMgt() const { return m_pHighlightMgt; }
-    // Where work that takes long is told of.
+    // Shows work that takes long.
     CWorkProgress &workProgress() const { return *m_pWork; }
 
 public slots:
@@ -61,7 +62,7 @@ public slots:
     // Comes to the front and opens every path that exists.
     void parseArguments(const QStringList &lstArgs);
     void topWindow();
-    // Later starts cannot hand their files over.
+    // Tells that later starts cannot hand their files over.
     void tellThatItIsAlone();
 
     // Opens a file in the right kind of view, or selects the tab that shows this very path.
@@ -211,7 +212,7 @@ private:
     COpener *m_pOpener = nullptr;
     CClosing *m_pClosing = nullptr;
     CArrivals *m_pArrivals = nullptr;
-    QByteArray m_arrClosedState; // The layout as the window was closed; empty while it is open.
+    QByteArray m_arrClosedState; // The layout when the window was closed; empty while it is open.
     QString m_strLastPath; // The last file chosen in the open or save dialogs.
     bool m_bLoading = false; // While a document is being created or loaded.
 };

@@ -1,6 +1,7 @@
 // Closing tabs and the window.
 #include "mainwindow/mainwindow.h"
 
+#include "document/cdocument.h"
 #include "mainwindow/cclosing.h"
 #include "mainwindow/ctabwidget.h"
 
@@ -25,6 +26,6 @@ void MainWindow::closeEvent(QCloseEvent *pEvent)
         pEvent->ignore();
         return;
     }
-    m_arrClosedState = saveState(); // Docks that float are hidden with the window.
+    m_arrClosedState = saveState(); // Closing the window hides floating docks.
     pEvent->accept();
 }

@@ -1,8 +1,8 @@
-// What menus and keys give to the current document.
+// Passes the commands of menus and keys to the current document.
 #include "mainwindow/mainwindow.h"
 
-#include "app/commonhelpers.h"
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
@@ -14,6 +14,7 @@
 
 #include <QColorDialog>
 #include <QCoreApplication>
+#include <QMessageBox>
 #include <QPointer>
 
 // A command that had nothing to do has no text: its action was disabled.
@@ -96,7 +97,7 @@ void MainWindow::on_actionColor_Dialog_triggered()
     const QPointer<CDocument> pDocument(&currentDocument());
     const QString strSelected = pDocument->selectedText();
     QColor clrInitial = g_pSettings->getTextColor();
-    // The dialog begins with the colour that is selected in the text.
+    // The dialog starts with the colour that is selected in the text.
     if (pDocument->editor() && QColor::isValidColor(strSelected))
         clrInitial.setNamedColor(strSelected);
     const QColor clr = QColorDialog::getColor(clrInitial, this, tr("Color Dialog"));

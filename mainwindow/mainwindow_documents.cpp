@@ -1,7 +1,8 @@
-// How a document speaks to the window.
+// Connects the signals of documents to the window.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "document/cpagedocument.h"
 #include "editor/chighlightedit.h"
 #include "mainwindow/carrivals.h"
@@ -10,6 +11,9 @@
 #include "mainwindow/csearch.h"
 #include "mainwindow/csidepanels.h"
 #include "web/ceditwebview.h"
+
+#include <QWebPage>
+#include <QWebView>
 
 void MainWindow::connectDocument(CDocument *pDocument)
 {

@@ -1,7 +1,8 @@
-// Saving, and reading a file again.
+// Saves files and reads them again.
 #include "mainwindow/mainwindow.h"
 
 #include "app/plaintext.h"
+#include "document/cdocument.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
 #include "mainwindow/copener.h"
@@ -10,6 +11,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QMessageBox>
 #include <QPointer>
 
 bool MainWindow::on_actionSave_triggered()
@@ -24,7 +26,7 @@ bool MainWindow::on_actionSave_As_triggered()
 
 void MainWindow::on_actionSave_All_triggered() { }
 
-// bAnyway: the user has answered what the notice bar asked.
+// With bAnyway the user has answered the question of the notice bar.
 bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
 {
     const QString strPath = pDocument->path();
@@ -45,7 +47,7 @@ bool MainWindow::saveDocument(CDocument *pDocument, bool bAnyway)
     return false;
 }
 
-// strAgreed: the path that the user chose before the notice bar asked about it.
+// strAgreed is the path that the user chose before the notice bar asked about it.
 bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
 {
     if (!pDocument->widget() || pDocument->isReadOnly())
@@ -69,7 +71,7 @@ bool MainWindow::saveDocumentAs(CDocument *pDocument, const QString &strAgreed)
                     tr("Cannot open file\"%1\".").arg(visibleName(strPath)));
         return false;
     }
-    if (pDocument->kind() == CDocument::Kind::Text) // The new name may be another language's.
+    if (pDocument->kind() == CDocument::Kind::Text) // The new name may belong to another language.
         pDocument->editor()->setDefinition(
             m_pHighlightMgt->definitionForFile(QFileInfo(strPath).fileName()));
     m_pTabs->setPlainTabToolTip(m_pTabs->indexOf(pDocument->widget()), strPath);

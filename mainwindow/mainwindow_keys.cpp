@@ -1,4 +1,4 @@
-// Keys that no menu entry carries.
+// Keys that belong to no menu entry.
 #include "mainwindow/mainwindow.h"
 
 #include "browser/cwidgetfavorfilelist.h"

@@ -1,4 +1,4 @@
-// How files come in: arguments, hand-overs, dialogs, the recent list, drops.
+// Opens files from arguments, later starts, dialogs, the recent list and drops.
 #include "mainwindow/mainwindow.h"
 
 #include "app/arguments.h"

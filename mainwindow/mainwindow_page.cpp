@@ -1,7 +1,8 @@
-// What menus, keys and the HTML tool bar do with a page.
+// The commands of menus, keys and the HTML tool bar for a page.
 #include "mainwindow/mainwindow.h"
 
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "document/cpagedocument.h"
 #include "mainwindow/chtmltoolbar.h"
 #include "mainwindow/cstatuslabels.h"
@@ -15,6 +16,7 @@
 #include <QFontComboBox>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QWebPage>
 
 void MainWindow::setupHtmlToolBar()
 {
@@ -137,6 +139,6 @@ void MainWindow::onOverUrl(const QString &strUrl)
 
 void MainWindow::onLinkLeft(const QString &strUrl)
 {
-    if (m_pStatus->message() == strUrl) // Another message may have come.
+    if (m_pStatus->message() == strUrl) // Another message may have been shown since.
         showStatusMessage(QString());
 }

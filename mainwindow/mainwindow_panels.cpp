@@ -8,7 +8,6 @@
 #include "mainwindow/cnoticebar.h"
 #include "mainwindow/csidepanels.h"
 #include "mainwindow/ctabwidget.h"
-#include "mainwindow/panes.h"
 #include "ui_mainwindow.h"
 #include "web/cpreviewwidget.h"
 

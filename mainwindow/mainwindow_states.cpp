@@ -1,8 +1,10 @@
-// What the window shows of the current document.
+// Shows the state of the current document in the window.
 #include "mainwindow/mainwindow.h"
 
 #include "app/plaintext.h"
 #include "app/version.h"
+#include "document/cdocument.h"
+#include "document/notice.h"
 #include "editor/chighlightedit.h"
 #include "mainwindow/actionstates.h"
 #include "mainwindow/cformatmenus.h"
@@ -19,6 +21,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QWebPage>
 
 CDocument &MainWindow::currentDocument() const
 {

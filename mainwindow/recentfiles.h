@@ -5,6 +5,6 @@
 
 const int g_nMaxRecentFiles = 6;
 
-// The recent files, newest first, after strPath was used: moved or put to the front in native
-// separators, the oldest dropped where there are too many.
+// The recent files, newest first, after strPath was used. It is put or moved to the front, with
+// native separators. The oldest are dropped if there are too many.
 QStringList withRecentFile(QStringList lstFiles, const QString &strPath);

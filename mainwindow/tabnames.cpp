@@ -54,7 +54,8 @@ QString shortest(const QStringList &lstParts, const QVector<QStringList> &lstAll
 
 QStringList foldersToTellApart(const QVector<STabName> &lstNames)
 {
-    QHash<QString, QVector<QStringList>> mapAlike; // The parts of all that have a title.
+    // The parts of the paths of all documents with that title.
+    QHash<QString, QVector<QStringList>> mapAlike;
     for (const STabName &name : lstNames)
         mapAlike[withoutStar(name.strTitle)].append(partsOf(name));
     QStringList lstFolders;

@@ -4,7 +4,7 @@
 #include <QVariant>
 #include <QVector>
 
-// No element: without the engine nobody knows what a page holds.
+// Never an element, because without the engine the content of a page is unknown.
 class QWebElement
 {
 public:

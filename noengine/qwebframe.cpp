@@ -49,7 +49,7 @@ void QWebFrame::load(const QUrl &url)
 void QWebFrame::take(QNetworkReply *pReply)
 {
     if (pReply != m_pReply)
-        return; // Taken before, or stopped.
+        return; // It was taken before, or the load was stopped.
     m_pReply = nullptr;
     pReply->deleteLater();
     const bool bOk = pReply->error() == QNetworkReply::NoError;

@@ -10,7 +10,7 @@
 class QNetworkReply;
 class QWebPage;
 
-// What a click hit: nothing.
+// The result of a hit test, which is always empty.
 class QWebHitTestResult
 {
 public:
@@ -72,5 +72,5 @@ private:
     QNetworkReply *m_pReply = nullptr;
     QString m_strHtml;
     QUrl m_url;
-    int m_nLoad = 0; // A load that another one follows does not end.
+    int m_nLoad = 0; // A load that is replaced by another one does not end.
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-// Nothing was ever visited.
+// A history that is always empty.
 class QWebHistory
 {
 public:

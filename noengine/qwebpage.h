@@ -21,7 +21,7 @@ class QWebPage : public QObject
     Q_OBJECT
 
 public:
-    // Those that the program names.
+    // The actions that the program uses.
     enum WebAction {
         NoWebAction = -1,
         Back,

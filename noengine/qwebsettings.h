@@ -2,8 +2,7 @@
 
 #include <QString>
 
-// Keeps the encoding that pages are read in when they name none; everything else sets an engine
-// that is not there.
+// Keeps the encoding for pages that declare none. All other settings have no effect.
 class QWebSettings
 {
 public:

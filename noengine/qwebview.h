@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-// Says in its middle that pages cannot be shown.
+// Shows a text in the middle that pages cannot be shown.
 class QWebView : public QWidget
 {
     Q_OBJECT

@@ -5,8 +5,9 @@
 
 #include <optional>
 
-// The mouse cursor of a view while something drawn over the page is under it. The web view sets its
-// own only when that changes, so it gets back what it had. GUI thread only.
+// Sets the mouse cursor of a view while it is over something that is drawn over the page. The web
+// view sets its cursor only when it changes, so afterwards the view gets its old cursor back. GUI
+// thread only.
 class CBorrowedCursor
 {
 public:

@@ -7,8 +7,8 @@ class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 
-// A palette of characters that no keyboard has, with a search by name. Stays open while several are
-// inserted.
+// A palette of characters that are on no keyboard, with a search by name. It stays open after an
+// insertion.
 class CDlgCharacters : public QDialog
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ signals:
     void characterChosen(const QString &strCharacter);
 
 protected:
-    // Arrows and Enter work in the list while the search has the keyboard.
+    // Arrows and Enter work in the list while the search field has the focus.
     bool eventFilter(QObject *pObject, QEvent *pEvent) override;
 
 private:

@@ -6,15 +6,15 @@ class CEditWebView;
 class QComboBox;
 class QLineEdit;
 
-// What the link at a page's selection is, or would be. A value.
+// A link at a page's selection, present or new. A value.
 struct SPageLink
 {
-    bool bPresent = false; // There is a link.
-    bool bTextFixed = false; // The text is more than letters and stays as it is.
+    bool bPresent = false; // The link exists already.
+    bool bTextFixed = false; // The content is not only text, and cannot be changed here.
     QString strAddress;
     QString strText;
     QString strTitle;
-    QStringList lstNames; // Of places in the page, without "#".
+    QStringList lstNames; // The names of places in the page, without "#".
 };
 
 SPageLink pageLink(const CEditWebView *pPage);
@@ -25,7 +25,7 @@ class CDlgLink : public QDialog
     Q_OBJECT
 
 public:
-    // strPage is the page's file, empty for none: addresses of files lead from there.
+    // strPage is the page's file, from which addresses of files lead; empty for none.
     CDlgLink(const SPageLink &link, const QString &strPage, QWidget *pParent);
 
     // The texts of the fields.

@@ -8,16 +8,16 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 
-// Asks for what a page says of itself: title, language, description, colours, style sheets.
+// Asks for the properties of a page: title, language, description, colours, style sheets.
 class CDlgPageProperties : public QDialog
 {
     Q_OBJECT
 
 public:
-    // What queries.properties answers. strPage is the page's file, empty for none.
+    // The map is the answer of queries.properties. strPage is the page's file; empty for none.
     CDlgPageProperties(const QVariantMap &properties, const QString &strPage, QWidget *pParent);
 
-    // For commands.properties.
+    // The arguments for commands.properties.
     QVariantMap properties() const;
 
 private:

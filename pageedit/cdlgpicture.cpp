@@ -130,7 +130,7 @@ void CDlgPicture::chooseFile()
         setFile(strFile);
 }
 
-// What the reader of the page would see, or why nothing.
+// Shows what a reader of the page would see, or why nothing.
 QString CDlgPicture::note() const
 {
     const QString strFile = file();

@@ -11,28 +11,28 @@ class QSpinBox;
 // A picture of a page. Lengths are in pixels of the page; 0 is the picture's own.
 struct SPicture
 {
-    QString strAddress; // As the page writes it.
+    QString strAddress; // The address as the page spells it.
     QString strAlt;
     int nWidth = 0;
     int nHeight = 0;
 };
 
-// Asks for a picture and its text, or shows those of one that is there. GUI thread only.
+// Asks for a picture and its text, or shows those of an existing picture. GUI thread only.
 class CDlgPicture : public QDialog
 {
     Q_OBJECT
 
 public:
-    // strPage: the path of the page's file.
+    // strPage is the path of the page's file.
     CDlgPicture(const QString &strPage, QWidget *pParent);
 
     void setPicture(const SPicture &picture);
-    // Proposes a file, with its own size.
+    // Fills in a file and its size.
     void setFile(const QString &strFile);
     SPicture picture() const;
-    // The path of the picture's file; empty for one of the web.
+    // The path of the picture's file; empty for a picture on the web.
     QString file() const;
-    // The file lies where the page may not show it, and is to be copied beside the page.
+    // The page may not show the file from its folder, so it has to be copied beside the page.
     bool isCopyWanted() const;
 
 private:

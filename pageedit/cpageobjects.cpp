@@ -18,7 +18,7 @@ namespace {
 
 struct STableCommand
 {
-    const char *szText; // Null: a separator.
+    const char *szText; // Null for a separator.
     const char *szCommand;
 };
 
@@ -57,7 +57,7 @@ QAction *CPageObjects::addButton(const char *szName, const QString &strText, con
     auto *pAction = new QAction(drawnIcon(QLatin1String(szIcon)), strText, m_pToolBar);
     pAction->setObjectName(QLatin1String(szName));
     m_pToolBar->addAction(pAction);
-    // Buttons of tool bars are left out by Tab.
+    // By default Tab skips buttons of tool bars.
     m_pToolBar->widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
     return pAction;
 }

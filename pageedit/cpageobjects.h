@@ -9,8 +9,8 @@ class QAction;
 class QMenu;
 class QToolBar;
 
-// The buttons of the Page tool bar for what stands in a page beside its text: pictures and tables.
-// A child of the tool bar. GUI thread only.
+// The buttons of the Page tool bar for pictures and tables. A child of the tool bar. GUI thread
+// only.
 class CPageObjects : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class CPageObjects : public QObject
 public:
     explicit CPageObjects(QToolBar *pToolBar);
 
-    // The page that stands in front; null: none, and nothing can be used.
+    // Sets the page in front; null for none, which disables everything.
     void follow(CEditWebView *pPage);
     // All actions, for the keys of the window.
     QList<QAction *> actions() const;
@@ -38,5 +38,5 @@ private:
     QAction *m_pTable = nullptr;
     QAction *m_pHeader = nullptr;
     QMenu *m_pTableMenu = nullptr;
-    QList<QAction *> m_tableActions; // For a caret in a table.
+    QList<QAction *> m_tableActions; // Enabled while the caret is in a table.
 };

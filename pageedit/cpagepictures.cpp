@@ -77,7 +77,7 @@ bool CPagePictures::takesPaste(const QMimeData *pData) const
 {
     if (!pData || !pData->hasImage() || !isOwnPageEdited(m_pView))
         return false;
-    // A browser adds a fragment that holds the picture alone.
+    // A browser adds a fragment that holds only the picture.
     const QString strHtml = pData->html();
     QString strText =
         strHtml.isEmpty() ? pData->text() : QTextDocumentFragment::fromHtml(strHtml).toPlainText();
@@ -176,13 +176,14 @@ bool CPagePictures::eventFilter(QObject *pObject, QEvent *pEvent)
 {
     if (!isDrop(pEvent->type()))
         return QObject::eventFilter(pObject, pEvent);
-    auto *pDrop = static_cast<QDropEvent *>(pEvent); // The base of all three.
+    // The common base of the three classes of drop events.
+    auto *pDrop = static_cast<QDropEvent *>(pEvent);
     if (!takesDrop(pDrop->mimeData()))
         return false;
     pDrop->setDropAction(Qt::CopyAction);
     pDrop->accept();
     if (pEvent->type() == QEvent::Drop) {
-        // Not inside the drag, whose source waits.
+        // Runs later, because the source of the drag waits for its end.
         QTimer::singleShot(0, this,
                            [this, lstFiles = filesOf(pDrop->mimeData()), point = pDrop->pos()] {
                                drop(lstFiles, point);

@@ -9,9 +9,9 @@ class QMimeData;
 class QPoint;
 struct SPicture;
 
-// Pictures of a page that is edited: inserted from files, drops and the clipboard. What the mouse
-// does with them is CPictureMouse's. Each change is one step of undo. Files are written beside the
-// page only, never over others. A page without a file takes none, as no address leads from it; the
+// Inserts pictures into an edited page, from files, drops and the clipboard. CPictureMouse handles
+// the mouse. Each change is one step of undo. Files are written only beside the page, and never
+// over others. A page without a file takes no pictures, because no address leads from it; the
 // status bar says so. A child of the view. GUI thread only.
 class CPagePictures : public QObject
 {
@@ -20,18 +20,18 @@ class CPagePictures : public QObject
 public:
     explicit CPagePictures(CEditWebView *pView);
 
-    // Those of a view; null for a view without.
+    // The object of a view; null if it has none.
     static CPagePictures *of(const QObject *pView);
 
     // Asks for the selected picture's properties, or for a picture to insert.
     void ask();
-    // True for what goes into the page when it is dropped or pasted: nothing but files of pictures,
-    // or a picture without any text beside it.
+    // True for data that goes into the page when it is dropped or pasted: only files of pictures,
+    // or a picture without any text.
     bool takesDrop(const QMimeData *pData) const;
     bool takesPaste(const QMimeData *pData) const;
-    // Asks about one after the other.
+    // Asks about each picture in turn.
     void insertFiles(const QStringList &lstFiles);
-    // Stored beside the page as "page-1.png". False when the clipboard holds no picture.
+    // Stores the picture beside the page as "page-1.png". False if the clipboard holds no picture.
     bool paste(const QMimeData *pData);
 
 protected:

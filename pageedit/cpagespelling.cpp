@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWebFrame>
+#include <QWebView>
 
 namespace {
 
@@ -98,7 +99,7 @@ void CPageSpelling::checkSoon()
     m_timerCheck.start();
 }
 
-// The marks go along with the text at once; which words are misspelt is asked at the next pause.
+// The marks move with the text at once. Which words are misspelt is checked at the next pause.
 void CPageSpelling::followTyping()
 {
     m_bTyping = true;
@@ -148,7 +149,7 @@ void CPageSpelling::show(const QVariant &varBoxes)
     m_pView->update();
 }
 
-// A box of the document in the view's own pixels.
+// Converts a box of the document to the view's own pixels.
 QRect CPageSpelling::inView(const QRectF &box) const
 {
     const qreal dZoom = m_pView->zoomFactor();
@@ -171,8 +172,8 @@ void CPageSpelling::toggleMarks()
                                       : tr("Misspelt words are no longer marked."));
 }
 
-// The word that the caret touches, else the first one behind it; one that was just offered is left
-// behind. Empty for none.
+// The word that the caret touches, else the first one after it. Skips the word that was just
+// offered. Empty for none.
 CPageSpelling::Word CPageSpelling::nextWord() const
 {
     for (int n = qMax(0, m_caret.first); n < m_texts.size(); ++n) {

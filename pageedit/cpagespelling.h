@@ -11,12 +11,12 @@ class CEditWebView;
 class CSuggestionMenu;
 class QPainter;
 
-// The spelling of a page while it is edited: wavy lines below the misspelt words that can be seen,
-// and words to take for one of them. The marks are drawn over the view and are no part of the page.
+// Checks the spelling of a page while it is edited: draws wavy lines below the visible misspelt
+// words and offers replacements. The marks are drawn over the view and are no part of the page.
 //
 // The language of a word is that of the element around it (lang), else the system's. The word that
-// is being typed is not marked before the caret has left it. Needs g_pSpelling, without which, or
-// without a dictionary, nothing happens. A child of the view. GUI thread only.
+// is being typed is not marked before the caret has left it. Without g_pSpelling, or without a
+// dictionary, nothing happens. A child of the view. GUI thread only.
 class CPageSpelling : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ class CPageSpelling : public QObject
 public:
     explicit CPageSpelling(CEditWebView *pView);
 
-    // Selects the misspelt word at the caret or the next one, and offers others for it.
+    // Selects the misspelt word at the caret or the next one, and offers replacements.
     void suggest();
     // Turns the marks on or off, in all pages.
     void toggleMarks();
@@ -58,13 +58,13 @@ private:
     void add(const QString &strWord);
 
     CEditWebView *m_pView;
-    CSuggestionMenu *m_pMenu = nullptr; // From the first offer on.
-    QVector<SText> m_texts; // As they were asked for last.
-    QPair<int, int> m_caret; // In which of them, and where; -1 for none.
+    CSuggestionMenu *m_pMenu = nullptr; // Made for the first offer.
+    QVector<SText> m_texts; // The texts that were last checked.
+    QPair<int, int> m_caret; // The caret: in which text, and where; -1 for none.
     QString m_strSelected;
     Word m_offered; // The word that the menu is about.
-    QVector<QRectF> m_boxes; // Of misspelt words, in the document.
-    bool m_bTyping = false; // The last thing that happened to the page.
+    QVector<QRectF> m_boxes; // The boxes of misspelt words, in the document.
+    bool m_bTyping = false; // True if the last change of the page was typing.
     QTimer m_timerCheck;
     QTimer m_timerMeasure;
 };

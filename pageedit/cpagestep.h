@@ -5,12 +5,12 @@
 
 class CEditWebView;
 
-// A step of undo that the scripts of this folder have recorded. Does nothing once the page has been
-// loaded anew. Lives in the page's undo stack.
+// A step of undo that the scripts of this folder have recorded. It is in the page's undo stack, and
+// does nothing once the page was reloaded.
 class CPageStep : public QUndoCommand
 {
 public:
-    // The change with this number is made already.
+    // The change with this number was made already.
     CPageStep(CEditWebView *pPage, int nId);
 
     void undo() override;
@@ -21,5 +21,5 @@ private:
 
     QPointer<CEditWebView> m_pPage;
     int m_nId;
-    bool m_bMade = true; // The stack begins with a redo() of what was done.
+    bool m_bMade = true; // The stack calls redo() at first, although the change was made.
 };

@@ -40,7 +40,7 @@ bool CPageTables::eventFilter(QObject *pObject, QEvent *pEvent)
     }
 }
 
-// Empty where no column ends.
+// Empty if no column ends there.
 QVariantMap CPageTables::edgeAt(const QPoint &point) const
 {
     const QVariantMap edge =

@@ -9,8 +9,8 @@ class CEditWebView;
 class QMouseEvent;
 class QPainter;
 
-// Keys and the mouse in tables of a page that is edited: Tab and Shift+Tab go from cell to cell,
-// and the edge between two columns can be drawn. A child of the view. GUI thread only.
+// Handles keys and the mouse in tables of an edited page: Tab and Shift+Tab go from cell to cell,
+// and the edge between two columns can be dragged. A child of the view. GUI thread only.
 class CPageTables : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ private:
 
     CEditWebView *m_pView;
     CBorrowedCursor m_cursor;
-    QVariantMap m_edge; // The page's answer about the edge that is drawn; empty: none.
-    int m_nPressed = 0; // Where, and where the mouse is now, in the view.
+    QVariantMap m_edge; // The page's answer about the edge that is dragged; empty for none.
+    int m_nPressed = 0; // The place of the edge, and that of the mouse, in the view.
     int m_nNow = 0;
 };

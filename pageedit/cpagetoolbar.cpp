@@ -2,7 +2,6 @@
 
 #include "pageedit/cpagetyping.h"
 #include "pageedit/mixedicon.h"
-#include "pageedit/pagecommands.h"
 #include "res/icons.h"
 #include "web/ceditwebview.h"
 
@@ -23,7 +22,7 @@ struct SStyle
 {
     const char *szName;
     const char *szStyle;
-    const char *szKey; // Empty: none.
+    const char *szKey; // Empty for none.
 };
 
 const SStyle g_styles[] = {
@@ -38,13 +37,14 @@ const SStyle g_styles[] = {
     {QT_TRANSLATE_NOOP("CPageToolBar", "Quotation"), "blockquote", ""},
 };
 
-// A button that runs a command with one argument, or none. It is ticked while the state has it.
+// A button that runs a command with one argument, or none. It is ticked while the state contains
+// it.
 struct SButton
 {
     const char *szAction;
     const char *szText;
     const char *szIcon;
-    const char *szCommand; // Null: a separator.
+    const char *szCommand; // Null for a separator.
     const char *szArgument;
     const char *szValue;
 };
@@ -104,7 +104,7 @@ CPageToolBar::CPageToolBar(QToolBar *pToolBar) : QObject(pToolBar), m_pToolBar(p
     show(SPageState());
 }
 
-// Asked for here alone: the clipboard lies in another program.
+// Asked for only here, because the clipboard is in another program.
 void CPageToolBar::onClipboardChanged()
 {
     const QMimeData *pData = QGuiApplication::clipboard()->mimeData();
@@ -125,7 +125,7 @@ QAction *CPageToolBar::addAction(const char *szName, const char *szText, const c
         return pAction;
     pAction->setIcon(drawnIcon(QLatin1String(szIcon)));
     m_pToolBar->addAction(pAction);
-    // Buttons of tool bars are left out by Tab.
+    // By default Tab skips buttons of tool bars.
     m_pToolBar->widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
     return pAction;
 }
@@ -230,7 +230,7 @@ void CPageToolBar::follow(CEditWebView *pPage)
                 QOverload<>::of(&QTimer::start), Qt::UniqueConnection);
     m_pPage = pPage;
     if (!pPage && m_bBlank)
-        return; // Every key in a text comes here.
+        return; // Every key in a text editor gets here.
     m_bBlank = !pPage;
     if (!pPage)
         show(SPageState());
@@ -252,7 +252,7 @@ void CPageToolBar::show(const SPageState &state)
     m_pStyleBox->setCurrentIndex(m_pStyleBox->findData(state.strStyle));
     for (QAction *pAction : qAsConst(m_actions))
         pAction->setEnabled(state.bEditable);
-    // A page without any text has these, too.
+    // These buttons also work in a page without any text.
     for (const char *szAction : {"actionOutline", "actionPage_Properties"})
         m_actions.value(QLatin1String(szAction))->setEnabled(m_pPage);
     m_actions.value(QStringLiteral("actionPaste_Plain"))
@@ -267,7 +267,7 @@ void CPageToolBar::show(const SPageState &state)
     showMarks();
 }
 
-// A format that was chosen for what is typed next comes before what holds at the caret.
+// A format chosen for the next typing counts before the format at the caret.
 void CPageToolBar::showMarks()
 {
     const QHash<QString, bool> chosen =

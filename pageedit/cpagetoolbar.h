@@ -17,8 +17,8 @@ class QComboBox;
 class QMenu;
 class QToolBar;
 
-// The Page tool bar, which owns this: what writes a page rather than its letters. Its keys work
-// with the tool bar hidden, too.
+// The Page tool bar with the commands that shape a page. The tool bar owns this object. Its keys
+// work with the tool bar hidden, too.
 class CPageToolBar : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,9 @@ class CPageToolBar : public QObject
 public:
     explicit CPageToolBar(QToolBar *pToolBar);
 
-    // The page that stands in front; null: none, and nothing can be used. Called with each change
-    // of the page or its selection: the page is asked once, when the events of this turn are done.
+    // Sets the page in front; null for none, which disables everything. Call it after each change
+    // of the page or its selection. The page is asked only once, when the events of this turn are
+    // done.
     void follow(CEditWebView *pPage);
     // All actions, for the keys of the window.
     QList<QAction *> actions() const { return m_actions.values(); }
@@ -60,12 +61,12 @@ private:
 
     QToolBar *m_pToolBar;
     QPointer<CEditWebView> m_pPage;
-    bool m_bBlank = false; // What is shown is that there is no page.
+    bool m_bBlank = false; // True while the bar shows that there is no page.
     QComboBox *m_pStyleBox = nullptr;
     QMenu *m_pOutline = nullptr;
     QPointer<CDlgCharacters> m_pCharacters;
     QHash<QString, QAction *> m_actions; // By object name.
-    SPageState m_state; // As it is shown.
+    SPageState m_state; // The state that is shown.
     bool m_bTextToPaste = false;
     QTimer m_timerState;
 };

@@ -1,4 +1,4 @@
-// What the buttons and keys do with the page.
+// The commands of the buttons and keys.
 #include "pageedit/cpagetoolbar.h"
 
 #include "app/plaintext.h"
@@ -29,7 +29,7 @@ void CPageToolBar::runInstead(const QString &strCommand, const QVariantMap &argu
     finish();
 }
 
-// The next key goes to the page; a ticked button shows what holds there.
+// The next key goes to the page. A ticked button shows the format there.
 void CPageToolBar::finish()
 {
     if (!m_pPage)
@@ -75,7 +75,7 @@ void CPageToolBar::editLink()
 {
     if (!m_pPage)
         return;
-    const QPointer<CEditWebView> pPage = m_pPage; // Another may come to the front meanwhile.
+    const QPointer<CEditWebView> pPage = m_pPage; // Another page may come to the front meanwhile.
     auto *pDialog = new CDlgLink(pageLink(pPage), pPage->filePath(), m_pToolBar->window());
     pDialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(

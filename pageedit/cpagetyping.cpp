@@ -43,7 +43,7 @@ bool isTyped(const QKeyEvent *pEvent)
 CPageTyping::CPageTyping(CEditWebView *pPage) : QObject(pPage), m_pPage(pPage), m_blanks(pPage)
 {
     pPage->installEventFilter(this);
-    // Nothing takes it back: this object goes with the page.
+    // It is never removed, because this object is destroyed with the page.
     pPage->setEditTaker([this](QWebPage::WebAction action) { return takeFormat(action); });
 }
 
@@ -136,7 +136,7 @@ bool CPageTyping::takeKey(const QKeyEvent *pEvent)
     return pEvent->key() == Qt::Key_Backtab && takeTab(true);
 }
 
-// Where a deletion joins paragraphs, the web view writes the looks of the one into the other.
+// When a deletion joins paragraphs, the web view writes the style of one into the other.
 bool CPageTyping::takeDeletion(const QKeyEvent *pEvent)
 {
     const bool bBack = pEvent->key() == Qt::Key_Backspace;
@@ -160,7 +160,7 @@ bool CPageTyping::joinsParagraphs(bool bBack) const
         .toBool();
 }
 
-// One step, without the styles that the web view adds meanwhile.
+// Makes one step, without the styles that the web view adds.
 void CPageTyping::changeUnstyled(const std::function<void()> &change)
 {
     m_pPage->page()->undoStack()->beginMacro(QString());
@@ -188,8 +188,8 @@ bool CPageTyping::takeTab(bool bBack)
     return true;
 }
 
-// The web view types the first text of a page and text between blocks into nothing, and text with
-// chosen formats as old elements.
+// The web view would type the first text of a page, and text between blocks, outside of any
+// paragraph, and text with chosen formats with outdated elements.
 bool CPageTyping::takeText(const QString &strText, bool bComposedBegins)
 {
     const bool bBegins = bComposedBegins || beginsParagraph();
@@ -210,7 +210,8 @@ bool CPageTyping::takeText(const QString &strText, bool bComposedBegins)
     return bDone;
 }
 
-// The web view knows its own formats; what it writes for them is put right in the same step.
+// The web view handles its own formats. The elements that it writes for them are corrected in the
+// same step.
 bool CPageTyping::typeDressed(const QString &strText, const QVariantMap &arguments)
 {
     askPage(m_pPage, QStringLiteral("formats"));
@@ -224,7 +225,7 @@ bool CPageTyping::typeDressed(const QString &strText, const QVariantMap &argumen
     return true;
 }
 
-// Bold and italic are the web view's matter, but for the elements that this page writes for them.
+// The web view handles bold and italic, except for the elements that this page uses for them.
 bool CPageTyping::takeFormat(QWebPage::WebAction action)
 {
     if (action == QWebPage::Cut && m_pPage->isBodyEdited() && joinsParagraphs(true)) {
@@ -266,7 +267,7 @@ bool CPageTyping::isFirstText() const
         && askPage(m_pPage, QStringLiteral("keys")).toMap().value(QStringLiteral("empty")).toBool();
 }
 
-// What an input method has composed replaces its own letters.
+// The composed text of an input method replaces its own letters.
 bool CPageTyping::takeComposed(const QInputMethodEvent *pEvent)
 {
     // While letters are composed, they stand in the page.

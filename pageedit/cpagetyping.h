@@ -14,23 +14,23 @@ class CEditWebView;
 class QInputMethodEvent;
 class QKeyEvent;
 
-// What keys mean in a page that is written: Enter in headings, items and quotations, Tab in items,
-// the formats chosen for what is typed next, and bold and italic letters in the page's own
-// elements. A child of the page, which it watches.
+// Handles keys in an edited page: Enter in headings, items and quotations, Tab in items, formats
+// chosen for the next typing, and bold and italic with the page's own elements. A child of the
+// page, which it watches.
 class CPageTyping : public QObject
 {
     Q_OBJECT
 
 public:
-    // The one of the page; made at the first call.
+    // The object of the page; made at the first call.
     static CPageTyping *of(CEditWebView *pPage);
 
-    // What is typed next at the caret has the format, or has it not; colours ("color",
-    // "background-color") can only be taken off. Forgotten when the caret goes elsewhere.
+    // Adds a format for the next typing at the caret, or takes it off; colours ("color",
+    // "background-color") can only be taken off. It is forgotten when the caret moves.
     void choose(const QString &strMark, bool bOn);
-    // What is typed next has no format at all.
+    // The next typing has no format at all.
     void choosePlain();
-    // The same, now for what is selected, for a caret for what is typed next.
+    // The same for the selection now, or at a caret for the next typing.
     static void takeColorOff(CEditWebView *pPage, bool bBackground);
     const QHash<QString, bool> &chosen() const { return m_chosen; }
 
@@ -59,9 +59,10 @@ private:
 
     QPointer<CEditWebView> m_pPage;
     CTypedBlanks m_blanks;
-    QHash<QString, bool> m_chosen; // By mark; "*": all of them.
+    QHash<QString, bool> m_chosen; // The keys are marks; "*" stands for all.
     bool m_bMoved = true; // The caret may have come to a place between blocks.
-    bool m_bComposing = false; // An input method has letters in the page that are not typed yet,
-    bool m_bComposedBegins = false; // and they begin a paragraph.
-    bool m_bFormatted = false; // The web view has a format of its own for what is typed next.
+    bool m_bComposing =
+        false; // Letters of an input method that are not typed yet stand in the page.
+    bool m_bComposedBegins = false; // These letters begin a paragraph.
+    bool m_bFormatted = false; // The web view has a format of its own for the next typing.
 };

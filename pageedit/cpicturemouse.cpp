@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWebFrame>
+#include <QWebView>
 
 CPictureMouse::CPictureMouse(CEditWebView *pView) : QObject(pView), m_pView(pView), m_cursor(pView)
 {
@@ -72,7 +73,7 @@ bool CPictureMouse::hover(const QMouseEvent *pEvent)
     return true;
 }
 
-// On a handle or on a picture.
+// The mouse is on a handle or on a picture.
 bool CPictureMouse::press(QMouseEvent *pEvent)
 {
     m_corner = cornerAt(frame(), pEvent->pos());
@@ -98,7 +99,7 @@ bool CPictureMouse::press(QMouseEvent *pEvent)
     return true;
 }
 
-// A corner to another place.
+// Drags a corner to another place.
 void CPictureMouse::draw(const QMouseEvent *pEvent)
 {
     m_rectDrawn = resized(frame(), m_corner, pEvent->pos());
@@ -123,7 +124,7 @@ void CPictureMouse::measureSoon()
     m_timerMeasure.start();
 }
 
-// A caret, which selects nothing, is told from a selection without asking the page.
+// Tells a caret from a selection without asking the page.
 void CPictureMouse::measure()
 {
     const QVariantMap now = m_pView->isBodyEdited() && m_pView->isVisible()
@@ -136,7 +137,7 @@ void CPictureMouse::measure()
     m_pView->update();
 }
 
-// Of the selected picture, in the view; empty for none.
+// The frame of the selected picture, in the view; empty for none.
 QRect CPictureMouse::frame() const
 {
     return viewRect(m_pView, m_selected.value(QStringLiteral("box")));

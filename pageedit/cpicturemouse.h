@@ -12,9 +12,9 @@ class CEditWebView;
 class QMouseEvent;
 class QPainter;
 
-// The pictures of a page that is edited, under the mouse: selected by a click, resized by the
-// corners of their frame, moved by dragging to another place in the text. Each change is one step
-// of undo; Escape ends a drag without one. A child of the view, which it watches. GUI thread only.
+// Handles the mouse on pictures of an edited page: a click selects a picture, the corners of its
+// frame resize it, and dragging moves it to another place in the text. Each change is one step of
+// undo; Escape ends a drag without one. A child of the view, which it watches. GUI thread only.
 class CPictureMouse : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     explicit CPictureMouse(CEditWebView *pView);
 
 signals:
-    // By a double click; the picture is selected.
+    // Emitted after a double click; the picture is selected.
     void opened();
 
 protected:
@@ -47,11 +47,11 @@ private:
     CEditWebView *m_pView;
     CBorrowedCursor m_cursor;
     QVariantMap m_selected; // The page's answer about the selected picture.
-    PictureCorner m_corner = PictureCorner::None; // That is drawn.
-    QRect m_rectDrawn; // What the picture would be.
+    PictureCorner m_corner = PictureCorner::None; // The corner that is dragged.
+    QRect m_rectDrawn; // The future rectangle of the picture.
     bool m_bPictureClicked = false; // The button is still down.
-    QPoint m_pressed; // There.
+    QPoint m_pressed; // Where the button went down.
     bool m_bDragged = false;
-    QRect m_rectDrop; // The caret where the picture would go, in the view; empty: nowhere.
+    QRect m_rectDrop; // The caret where the picture would go, in the view; empty for nowhere.
     QTimer m_timerMeasure;
 };

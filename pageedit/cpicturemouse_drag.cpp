@@ -1,4 +1,4 @@
-// A picture that is dragged to another place in the text.
+// Drags a picture to another place in the text.
 #include "pageedit/cpicturemouse.h"
 
 #include "pageedit/pagecommands.h"
@@ -16,7 +16,7 @@ const int g_nScrollEdge = 24; // Pixels of the view's edge where it scrolls, and
 
 } // namespace
 
-// While the button is down the page hears nothing: it would select text beside the picture.
+// While the button is down the page gets no events: it would select text beside the picture.
 bool CPictureMouse::drag(const QMouseEvent *pEvent)
 {
     if (!(pEvent->buttons() & Qt::LeftButton)) {
@@ -53,7 +53,7 @@ bool CPictureMouse::finishDrag(const QPoint &point)
     return true;
 }
 
-// True when a picture was held.
+// True if a picture was being dragged.
 bool CPictureMouse::cancel()
 {
     if (!std::exchange(m_bPictureClicked, false))

@@ -55,7 +55,7 @@ void CTableChooser::paintEvent(QPaintEvent *)
                      tr("%1 × %2").arg(m_marked.height()).arg(m_marked.width()));
 }
 
-// Columns and rows up to the point.
+// The number of columns and rows up to the point.
 QSize CTableChooser::at(const QPoint &point) const
 {
     return {(point.x() - g_nChoiceMargin) / g_nChoiceSquare + 1,
@@ -78,7 +78,7 @@ void CTableChooser::keyPressEvent(QKeyEvent *pEvent)
 {
     const bool bLeaves = (pEvent->key() == Qt::Key_Down && m_marked.height() == g_nChoiceRows)
         || (pEvent->key() == Qt::Key_Up && m_marked.height() == 1);
-    if (bLeaves) { // To the menu around it.
+    if (bLeaves) { // Passes the event to the menu around it.
         QWidget::keyPressEvent(pEvent);
         return;
     }

@@ -12,7 +12,7 @@ public:
     explicit CTableChooser(QWidget *pParent = nullptr);
 
     QSize sizeHint() const override;
-    // Columns and rows that are marked now.
+    // The number of marked columns and rows.
     QSize marked() const { return m_marked; }
     void mark(const QSize &size);
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-// What a page may ask for; a browser takes no more either.
+// The largest span; browsers have the same limits.
 const int g_nMostColumns = 1000;
 
 } // namespace
@@ -109,7 +109,7 @@ QRect CTableGrid::around(const QVector<int> &ids) const
     return place;
 }
 
-// HTML has no use for rows and columns that hold nothing but what spans them.
+// Removes rows and columns in which no cell begins, which HTML cannot have.
 void CTableGrid::dropEmpty()
 {
     for (int nRow = m_rows.size() - 1; nRow > 0; --nRow) {

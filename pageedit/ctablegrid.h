@@ -3,11 +3,11 @@
 #include <QRect>
 #include <QVector>
 
-// One cell as a row of HTML writes it.
+// A cell as HTML writes it in a row.
 struct STableCell
 {
-    int nId = -1; // The owner's; -1 for a new cell.
-    int nColumns = 1; // That it spans.
+    int nId = -1; // The owner's number; -1 for a new cell.
+    int nColumns = 1; // The numbers of columns and rows that it spans.
     int nRows = 1;
     bool operator==(const STableCell &other) const
     {
@@ -17,8 +17,8 @@ struct STableCell
 
 struct STableRow
 {
-    int nId = -1; // The owner's; -1 for a new row.
-    int nGroup = 0; // The part of the table (head, bodies, foot) that it stands in.
+    int nId = -1; // The owner's number; -1 for a new row.
+    int nGroup = 0; // The part of the table (head, bodies, foot) that contains it.
     QVector<STableCell> cells;
     bool operator==(const STableRow &other) const
     {
@@ -26,43 +26,43 @@ struct STableRow
     }
 };
 
-// The cells of a table by rows and columns, and what can be done to them. Cells that span a border
-// grow with what is inserted in them and shrink with what is removed. A row or column in which no
-// cell begins any more goes. A command that cannot be done
-// gives false and changes nothing. A value; needs no page.
+// The cells of a table by rows and columns, and the commands on them. A cell that spans several
+// rows or columns grows when one is inserted inside it, and shrinks when one is removed. A row or
+// column in which no cell begins any more is removed. A command that cannot be done gives false and
+// changes nothing. A value; needs no page.
 //
-// Cells reach no further than their group. Where a row ends early, cells may be missing.
+// Cells do not reach beyond their group. Cells may be missing at the end of a row.
 class CTableGrid
 {
 public:
     CTableGrid() = default;
     explicit CTableGrid(const QVector<STableRow> &rows);
 
-    // False for cells that overlap: of these nothing can be said, and every command refuses.
+    // False if cells overlap; every command then refuses.
     bool isRegular() const { return m_bRegular; }
     QVector<STableRow> rows() const;
 
     int rowCount() const { return m_rows.size(); }
     int columnCount() const { return m_nColumns; }
-    // Columns and rows of a cell; empty for one that is not there.
+    // The columns and rows of a cell; empty if it does not exist.
     QRect placeOf(int nId) const;
     // The smallest rectangle of whole cells around the cells.
     QRect around(const QVector<int> &ids) const;
 
-    // Inserts before the row or column of that number, or behind the last. A new row joins the
-    // group of the row above it, or of the one below it.
+    // Inserts before the row or column of that number, or after the last. A new row joins the group
+    // of the row above it, or of the one below it.
     bool insertRow(int nRow, bool bLikeAbove);
     bool insertColumn(int nColumn);
-    // The last row or column stays.
+    // Removes rows or columns, but never the last one.
     bool removeRows(int nFirst, int nCount);
     bool removeColumns(int nFirst, int nCount);
     // Moves by one within the group; false if a cell spans a border that would be moved.
     bool moveRow(int nRow, bool bDown);
     bool moveColumn(int nColumn, bool bRight);
-    // The first cell of the rectangle (see around()) takes the place of all. False for one cell,
-    // and across groups.
+    // Merges the cells of the rectangle (see around()) into its first cell. False for a single
+    // cell, and across groups.
     bool merge(const QRect &place);
-    // The cell keeps its first place; the others get new ones.
+    // Splits a cell: it keeps its first place, and the other places get new cells.
     bool split(int nId);
 
 private:
@@ -70,7 +70,7 @@ private:
     {
         int nId = -1;
         int nGroup = 0;
-        QVector<int> cells; // The number in m_cells of each column's cell; -1 for none.
+        QVector<int> cells; // The number in m_cells of the cell in each column; -1 for none.
     };
     void place(int nRow, const STableCell &cell, int *pColumn);
     void widen(int nColumns);
@@ -82,7 +82,7 @@ private:
     bool isCutBetweenColumns(int nColumn) const;
 
     QVector<SRow> m_rows;
-    QVector<int> m_ids; // Of the cells, by their own numbers.
+    QVector<int> m_ids; // The owner's numbers of the cells, by the cells' own numbers.
     int m_nColumns = 0;
     bool m_bRegular = true;
 };

@@ -4,6 +4,7 @@
 #include "web/ceditwebview.h"
 
 #include <QUndoStack>
+#include <QWebView>
 
 #include <utility>
 
@@ -27,7 +28,7 @@ void CTypedBlanks::type(const QString &strText)
         m_timerSettle.start(0);
         return;
     }
-    // Two blanks in a row are meant to be seen. A command may have come between them.
+    // Two blanks in a row are meant to be visible. A command may have come between them.
     const bool bSecond = m_state == State::Typed && edit(QStringLiteral("'isBehindBlank'"));
     const bool bFirst = strText == QLatin1String(" ") && !bSecond;
     if (m_state == State::Typed)
@@ -43,7 +44,7 @@ void CTypedBlanks::type(const QString &strText)
 
 void CTypedBlanks::press(int nKey)
 {
-    // Beside a blank at the end of a line the caret needs the space that can be seen.
+    // At the end of a line the caret needs a visible space.
     const bool bAside = nKey == Qt::Key_Left || nKey == Qt::Key_Right || nKey == Qt::Key_Backspace
         || nKey == Qt::Key_Delete;
     if (m_state == State::Typed && bAside)
@@ -90,7 +91,7 @@ bool CTypedBlanks::edit(const QString &strArguments)
     return callPageLibrary(m_pPage, QStringLiteral("edit"), strArguments).toBool();
 }
 
-// What was undone is no blank that could be settled.
+// A blank that was undone cannot be changed any more.
 void CTypedBlanks::onUndoIndexChanged(int nIndex)
 {
     if (nIndex >= std::exchange(m_nUndoIndex, nIndex))

@@ -5,11 +5,11 @@
 
 class CEditWebView;
 
-// The blanks that a user types into a page. The web view types one as a non-breaking space where it
-// would not be seen otherwise, and leaves it so behind links and pictures and where the text ends.
-// As soon as something follows, or the caret goes elsewhere, it becomes the blank that was typed.
-// The non-breaking spaces that the page had before stay, also those beside what is typed, of which
-// the web view would make blanks. GUI thread only.
+// Handles the blanks that a user types into a page. The web view types a blank as a non-breaking
+// space where it would be invisible otherwise, and leaves it so after links and pictures and at the
+// end of the text. Here it becomes a blank as soon as something follows or the caret moves away.
+// Non-breaking spaces that the page had before stay, even beside typed text, where the web view
+// would change them. GUI thread only.
 class CTypedBlanks : public QObject
 {
     Q_OBJECT

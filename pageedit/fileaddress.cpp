@@ -9,7 +9,7 @@ QString fileAddress(const QString &strFile, const QString &strPage)
     if (strPage.isEmpty())
         return QUrl::fromLocalFile(strFile).toString(QUrl::FullyEncoded);
     const QString strWay = QFileInfo(strPage).dir().relativeFilePath(strFile);
-    if (QDir::isAbsolutePath(strWay)) // On another drive.
+    if (QDir::isAbsolutePath(strWay)) // The file is on another drive.
         return QUrl::fromLocalFile(strFile).toString(QUrl::FullyEncoded);
     QString strAddress;
     for (const QChar c : strWay)
@@ -17,7 +17,7 @@ QString fileAddress(const QString &strFile, const QString &strPage)
             strAddress += QString::fromLatin1(QUrl::toPercentEncoding(c));
         else
             strAddress += c;
-    // The colon of a first name would end a scheme.
+    // A colon in the first name would end a scheme.
     if (strAddress.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':')))
         strAddress.prepend(QLatin1String("./"));
     return strAddress;

@@ -2,5 +2,5 @@
 
 #include <QIcon>
 
-// The drawing of a button whose format holds for a part of the selection: in a dashed frame.
+// The icon in a dashed frame, for a button whose format holds for a part of the selection.
 QIcon mixedIcon(const QIcon &icon);

@@ -25,7 +25,7 @@ bool runPageCommand(CEditWebView *pPage, const QString &strName, const QVariantM
 {
     if (!pPage->isBodyEdited())
         return false;
-    static int s_nLastId = 0; // No number comes again, also when a page is loaded anew.
+    static int s_nLastId = 0; // A number is never used again, even after a page is reloaded.
     const int nId = ++s_nLastId;
     pPage->endStep();
     const QString strArguments =

@@ -7,7 +7,7 @@
 #include <QWebElement>
 #include <QWebFrame>
 
-// The macro works outside of namespaces alone.
+// The macro only works outside of namespaces.
 static void initScripts()
 {
     Q_INIT_RESOURCE(pageedit);
@@ -15,7 +15,7 @@ static void initScripts()
 
 namespace {
 
-// The order matters: what a script uses at once comes before it.
+// The order matters: a script comes after those that it uses at once.
 const char *const g_scripts[] = {"steps",    "dom",    "places",      "units",        "blocks",
                                  "lists",    "layout", "marks",       "formats",      "links",
                                  "head",     "paste",  "blanks",      "keys",         "joins",
@@ -39,7 +39,9 @@ QString installing()
 {
     static const QString s_strText =
         QStringLiteral("Object.defineProperty(window, %1, {value: (function() {\n%2})()});\n"
-                       "null") // Otherwise the answer is the window, copied with all it leads to.
+                       // Otherwise the result would be the window, copied with everything it refers
+                       // to.
+                       "null")
             .arg(pageLibraryKey(), library());
     return s_strText;
 }

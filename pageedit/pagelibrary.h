@@ -5,8 +5,8 @@
 
 class CEditWebView;
 
-// The scripts of this folder, as one object in each page that is edited. They stay in the page
-// until it is loaded anew, as its steps of undo do.
+// The scripts of this folder, as one object in each edited page. They stay in the page until it is
+// reloaded, like its steps of undo.
 
 // The library's name in the page's window, as a JavaScript literal. No element of a page can take
 // that name.

@@ -24,7 +24,7 @@ SReadLimits limits()
     return limits;
 }
 
-// Writes a file that was not there. Where it was, or the disk is full, nothing of ours stays.
+// Writes a new file. If it exists already, or the disk is full, nothing of ours stays.
 bool writeNew(const QString &strPath, const QByteArray &arrData)
 {
     const int nHandle = Platform::createFile(strPath, Platform::FilePrivacy::AsUsual);

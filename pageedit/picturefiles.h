@@ -4,20 +4,20 @@
 #include <QSize>
 #include <QString>
 
-// Files of pictures as pages name them. Functions over the file system; any thread.
+// Files of pictures and their addresses in pages. Functions over the file system; any thread.
 
 // True for the suffix of a format that pages show.
 bool isPictureFile(const QString &strPath);
 
-// Its own size in pixels; invalid for what is no picture of a reasonable size.
+// The picture's size in pixels; invalid if it is no picture of a reasonable size.
 QSize pictureSize(const QString &strPath);
 
 // The file that an address of the page means; empty for an address of the web.
 QString pictureFile(const QString &strPage, const QString &strAddress);
 
-// Puts the bytes beside the page, under the wished name, or as "name-1.png", "name-2.png" … where
-// that is taken by something else; nothing is written over. A file that holds the same bytes is
-// taken as it is. Gives the path, or an empty one with the reason.
+// Writes the bytes beside the page under the wished name, or as "name-1.png", "name-2.png" … if the
+// name is taken; nothing is overwritten. A file with the same bytes is used as it is. Gives the
+// path, or an empty one with the reason.
 QString storeBeside(const QString &strPage, const QString &strName, const QByteArray &arrData,
                     QString *pError);
 // The same with a name made of the page's: "page-1.png".

@@ -4,7 +4,7 @@
 
 namespace {
 
-const int g_nHandle = 8; // Pixels of a side.
+const int g_nHandle = 8; // The side of a handle in pixels.
 const char g_szFrameColor[] = "#2a7fd4";
 
 struct SHandle

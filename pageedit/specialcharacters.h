@@ -10,13 +10,13 @@ struct SSpecialCharacter
     QString strName;
 
     QString text() const { return QString::fromUcs4(&nCode, 1); }
-    // What shows it: itself, or letters of its name where it is not to be seen.
+    // The text that shows it: the character, or letters of its name if it is invisible.
     QString shown() const;
 };
 
-// Those that are often wanted and on no keyboard; read once.
+// Characters that are often wanted and on no keyboard; read once.
 const QVector<SSpecialCharacter> &specialCharacters();
 
-// Those whose names have a word that begins with each word of the text, that have its number
-// ("2014", "u+2014"), or are it. All of them for an empty text.
+// The characters that a text finds: by words of their names that begin like its words, by their
+// number ("2014", "u+2014"), or by the character itself. All of them for an empty text.
 QVector<SSpecialCharacter> findCharacters(const QString &strText);

@@ -5,19 +5,20 @@
 #include "web/ceditwebview.h"
 
 #include <QHash>
+#include <QRect>
 
 namespace {
 
-// The table as it is, and what a command makes of it.
+// The present table, and the result of a command.
 struct STableChange
 {
     CTableGrid grid;
     QVector<STableRow> before;
     QVector<bool> heads; // Whether a row stands in the table's head.
     QVector<int> selected;
-    QRect place; // Of the selected cells.
+    QRect place; // The rectangle of the selected cells.
     QVariantMap columns; // What happens to the columns.
-    QPoint caret {-1, -1}; // Column and row of the cell that it goes to.
+    QPoint caret {-1, -1}; // The column and row of the cell where the caret goes.
     bool bMerge = false;
 };
 
@@ -77,7 +78,7 @@ QVector<int> idsOf(const QVector<STableRow> &rows)
     return ids;
 }
 
-// The row and the place in it of the cell that covers a place; an empty list for none.
+// The row of the cell that covers a place, and its index in the row; an empty list for none.
 QVariantList cellForCaret(const CTableGrid &grid, const QPoint &place)
 {
     const QVector<STableRow> rows = grid.rows();
@@ -161,7 +162,7 @@ bool change(STableChange *pChange, const QString &strCommand)
     return command && command(pChange);
 }
 
-// The content of all cells that went into the first one goes there, too.
+// The content of all merged cells is moved to the first one.
 void addMerged(const STableChange &change, QVariantMap *pArguments)
 {
     const QVector<int> left = idsOf(change.grid.rows());

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fails when a source file is not laid out as .clang-format says; --fix lays it out.
+# Fails when the layout of a source file differs from .clang-format; --fix lays it out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 mapfile -t files < <(git ls-files -co --exclude-standard '*.cpp' '*.h')

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the Debian package, has it judged by the tools of the field, unpacks it into a prefix of its
-# own, starts the program from there under Xvfb on a file and waits for the window that shows it.
+# Builds the Debian package, checks it with the usual tools, unpacks it into a separate prefix, starts the
+# program from there under Xvfb with a file, and waits for the window that shows it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source=$PWD
@@ -36,7 +36,7 @@ done
 [ "$("$root/usr/bin/quillan" --version)" = "Quillan $(dpkg-deb -f "$package" Version)" ] ||
     fail "--version and the package disagree"
 
-# A relative name with a blank, handed over by the launcher.
+# The launcher gets a relative name with a blank.
 cat >"$root/start.sh" <<'END'
 cd "$1/home files"
 "$1/usr/bin/quillan" 'first words.txt' &

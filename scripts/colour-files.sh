@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Brings real files of many languages for bench_colours: Debian packages and sources, unpacked and not
-# installed, into the folder given (default build/colours).
+# Fetches real files of many languages for bench_colours: Debian packages and sources, which are unpacked and
+# not installed, into the given folder (default build/colours).
 set -euo pipefail
 . "$(dirname "$0")/packages.sh"
 folder=$(realpath -m "${1:-$(dirname "$0")/../build/colours}")
@@ -24,7 +24,7 @@ for entry in $PATTERNS_COLOURS; do
     unpack "${newest:-${entry%%=*}}" "${entry%%=*}"
 done
 
-# Sources have lists of their own, so that the machine's stay as they are.
+# Sources get separate lists, so that the machine's own lists stay unchanged.
 from=$(apt-get indextargets --format '$(REPO_URI) $(CODENAME) $(COMPONENT)' "Created-By: Packages" |
     grep -v -- - | head -n 1)
 echo "deb-src $from" > sources.list

@@ -3,7 +3,7 @@
 # 20 seconds each and all targets by default, with inputs that are new every time and grow from those
 # of earlier runs. --repeatable tries the same 2000 inputs every time, or as many of the first of them
 # as the seconds allow, so that a run fails only for what changed in the program.
-# What a target fails on is kept in build/fuzz/findings; the last line counts the targets that failed.
+# Failing inputs are kept in build/fuzz/findings; the last line counts the targets that failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 [ -w /dev/shm ] && export TMPDIR=/dev/shm # Thousands of small files a second are nothing for a disk.
@@ -32,7 +32,7 @@ run() {
         export QT_HASH_SEED=0
     fi
     mkdir -p "$grown" build/fuzz/findings
-    # Memory that the libraries keep for good is not lost; what grows is found by the limit.
+    # Leaks are not reported, because the libraries keep memory for good; the limit finds what grows.
     ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
         scripts/private-run.sh "build/fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=25 \
         -rss_limit_mb=1024 -artifact_prefix="build/fuzz/findings/$target-" -print_final_stats=1 \

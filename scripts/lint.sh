@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
 # clang-tidy over the program's sources, as .clang-tidy says: lint.sh [--clazy] [FOLDER]...
-# Fails when anything is found. With --clazy it is clazy instead: a second opinion, to be weighed.
-# The sources of a folder are read as one (a unity build), in a fifth of the time; what is local to
-# a file therefore needs a name of its own in its folder.
+# Fails when anything is found. --clazy runs clazy instead, whose findings need a closer look.
+# The sources of a folder are read as one (a unity build), which takes a fifth of the time. So a name that is
+# local to a file must be unique in its folder.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 tool=(clang-tidy --quiet)
-# Two habits of ours are left out: slots connected by name, and getters among the slots.
+# Two checks are off because we do this on purpose: slots connected by name, and getters among the slots.
 clazy=level1,no-connect-by-name,no-const-signal-or-slot
 [ "${1-}" = --clazy ] && { tool=(clazy-standalone "-checks=$clazy"); shift; }
 folders=("$@")
-# What takes longest comes first, so that the processors end together.
+# The slowest folders come first, so that the processors finish together.
 [ ${#folders[@]} -gt 0 ] || folders=(mainwindow document pageedit findinfiles web browser editor highlight spelling widgets app)
 
 mkdir -p build
@@ -21,7 +21,7 @@ if ! { cmake --preset lint && cmake --build --preset lint; } >build/lint.log 2>&
     exit 1
 fi
 
-# One unit, its output in one piece; the number of warnings in system headers says nothing.
+# Checks one unit and prints its output in one piece, without the number of warnings in system headers.
 check() {
     local found status
     found=$("${tool[@]}" -p build/lint "$1" 2>&1)

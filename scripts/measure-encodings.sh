@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# How well encodings are found for texts that nobody here wrote: words of the dictionaries in Debian's
-# hunspell packages, six at a time, written in the old encodings of their language. The packages are
-# only unpacked, into a folder that goes afterwards. Prints the table of docs/encodings.md.
+# Measures how well encodings are found, with texts that were not written for the tests: words of the
+# dictionaries in Debian's hunspell packages, six at a time, in the old encodings of their language. The
+# packages are only unpacked, into a temporary folder. Prints the table of docs/encodings.md.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cmake --preset dev >/dev/null

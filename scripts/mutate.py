@@ -29,7 +29,7 @@ COPY = ROOT / "build" / "mutation"
 BUILD = COPY / "build" / "test"
 TIMES = COPY / "build" / "times.json"
 FOLDERS = ["app", "highlight", "editor", "document"]
-# What may notice a change of a folder, beside its own tests.
+# The folders whose tests may also notice a change of a folder.
 ABOVE = {
     "app": ["widgets", "highlight", "editor", "browser", "findinfiles", "document", "mainwindow"],
     "highlight": ["editor", "mainwindow"],
@@ -37,7 +37,7 @@ ABOVE = {
     "document": ["mainwindow"],
 }
 
-# What stands in a line, and what it becomes.
+# Each pattern of a line, and its replacement.
 CHANGES = [
     (r"(?<= )<(?= )", "<="),
     (r"(?<= )<=(?= )", "<"),
@@ -53,7 +53,7 @@ CHANGES = [
     (r"\btrue\b", "false"),
     (r"\bfalse\b", "true"),
     (r"(?<=if \()(?=[^;]*\)( \{)?$)", "!bool "),
-    # What is empty already stays as it is.
+    # A value that is empty already is left alone.
     (r"\breturn (?!(?:false|nullptr|-?0|\w*\(\)|\{\});$)([^;]+);$", "return {};"),
     (r"^(\s+)(?!return|break|continue|case|const|auto|static|using|else|if|for|while)[\w:.>()-]+\(.*\);$", r"\1;"),
 ]

@@ -14,8 +14,8 @@ PACKAGES_TEST="
 $PACKAGES_DISPLAY
 dbus-x11 dbus-daemon fonts-noto-cjk locales libxml2-utils python3 libcap2-bin e2fsprogs tidy"
 
-# To check what no test program can: the layout and the faults that tools find in sources, what others
-# write (fuzzing), the Linux package, the Windows branches, the drawings.
+# For checks that no test program can make: layout, static analysis, fuzzing, the Linux package, the Windows
+# branches, the drawings.
 PACKAGES_CHECK="
 clang-format clang-tidy clang-14 libclang-rt-14-dev
 dpkg-dev fakeroot lintian desktop-file-utils appstream librsvg2-bin g++-mingw-w64-x86-64-posix
@@ -56,7 +56,7 @@ perl-modules=^perl-modules-[0-9.]+$ postgresql=^postgresql-[0-9]+$"
 SOURCES_COLOURS="
 bash commons-io git haskell-lens kotlinx-coroutines python-django weechat xmonad-contrib"
 
-# Pages of all kinds, for the tests of the page editor; without them these tests say that they skip.
+# Pages of all kinds, for the tests of the page editor, which skip without them.
 PACKAGES_PAGES="
 apache2-doc opensp bash-doc debian-faq lame-doc exim4-doc-html postfix-doc bzip2-doc sharutils-doc
 ntpsec-doc libvorbis-dev libopus-doc sgml-base-doc debian-policy libjs-mathjax-doc junit-doc ncurses-doc

@@ -2,8 +2,8 @@
 # Runs a command with a HOME, XDG_CONFIG_HOME, XDG_RUNTIME_DIR and TMPDIR of its own, removed afterwards.
 # On the offscreen platform, or with --display under Xvfb and a window manager.
 set -u
-# Shared memory and locks are the command's own as well, where the machine permits it: what a killed program
-# leaves there stays for good and may meet the next one under the same key.
+# If the machine permits it, shared memory and locks are private as well: a killed program leaves them behind,
+# and the next program with the same key would find them.
 if [ -z "${QUILLAN_OWN_IPC-}" ] && unshare --ipc true 2>/dev/null; then
     QUILLAN_OWN_IPC=1 exec unshare --ipc "$0" "$@"
 fi
@@ -25,7 +25,7 @@ mkdir -m 700 "$base/run"
 export HOME="$base/home" XDG_CONFIG_HOME="$base/home/.config" XDG_DATA_HOME="$base/home/.local/share" \
        XDG_CACHE_HOME="$base/home/.cache" XDG_RUNTIME_DIR="$base/run" TMPDIR="$base/tmp"
 export LC_ALL="${QUILLAN_TEST_LOCALE:-C.UTF-8}" QTEST_FUNCTION_TIMEOUT="${QTEST_FUNCTION_TIMEOUT:-280000}"
-# A session bus of the desktop must neither be asked nor waited for.
+# The command must neither ask the desktop's session bus nor wait for it.
 export DBUS_SESSION_BUS_ADDRESS="${QUILLAN_TEST_BUS:-unix:path=$base/run/no-bus}"
 
 if [ "$display" = yes ]; then
@@ -36,7 +36,7 @@ if [ "$display" = yes ]; then
     read -r number <"$base/display"
     export DISPLAY=":$number" QT_QPA_PLATFORM=xcb
     unset WAYLAND_DISPLAY
-    # Should it end, another takes its place.
+    # If it ends, another one replaces it.
     while sleep 0.1; do openbox; done >/dev/null 2>&1 &
     pids+=($!)
     # The window manager is there once it has named itself on the root window.

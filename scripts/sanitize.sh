@@ -17,9 +17,9 @@ if ! { cmake --preset asan && cmake --build --preset asan --target "${targets[@]
 fi
 # Leaks are not counted: Qt, WebKit and the font libraries keep what they have until the end.
 export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
-# As slow as the sanitizers are, a test that hangs still has an end (see TIMEOUT in cmake/).
+# A test that hangs is ended all the same (see TIMEOUT in cmake/).
 export QTEST_FUNCTION_TIMEOUT=850000
-# Four tests look at files alone and run no code of the program's. One runs it in processes with limits on
-# memory and time that leave a sanitizer no room, and one measures the usual allocator.
+# Left out are four tests that only read files and run no code of the program, one that runs it with limits on
+# memory and time that leave a sanitizer no room, and one that measures the usual allocator.
 ctest --preset asan --parallel "$(($(nproc) + 1))" "${chosen[@]}" \
     --exclude-regex '^tst_(definitions|documents_truth|hostilefiles|launcher|memory|translations)$'

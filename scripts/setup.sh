@@ -36,8 +36,8 @@ fi
 echo "Installing: ${missing[*]}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
-# Another package manager may be at work: up to ten minutes are waited for its locks. Updating the lists
-# knows no waiting of its own.
+# Waits up to ten minutes for the locks of another package manager. apt-get has no option for that when it
+# updates the lists.
 patience=600
 apt() {
     "${root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C \

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # update-translations.sh [FOLDER]: brings lang_*.ts in FOLDER (res/ without one) up to date with the
-# tr() texts and forms of the sources. Texts that are new come in unfinished; texts that are gone go.
+# tr() texts and forms of the sources. New texts are added as unfinished, and unused ones are removed.
 set -euo pipefail
 folder=$(realpath "${1:-$(dirname "$0")/../res}")
 cd "$(dirname "$0")/.."

@@ -15,7 +15,7 @@ namespace {
 const int g_nMostSuggestions = 10;
 const int g_nMostKnown = 50000; // Words; a long book has fewer.
 
-// Unknown for a language whose script is not told: then every word counts.
+// Unknown if the language's script is not known; then every word counts.
 QChar::Script scriptOf(const QString &strName)
 {
     switch (QLocale(strName).script()) {
@@ -56,7 +56,7 @@ CSpellDictionary::CSpellDictionary(const QString &strBase, const QString &strNam
 
 CSpellDictionary::~CSpellDictionary() = default;
 
-// The library tells nothing of files that it cannot read: it then knows no encoding and no word.
+// The library does not report files that it cannot read; it then knows no encoding and no word.
 bool CSpellDictionary::isUsable() const
 {
     return m_pCodec != nullptr;

@@ -10,8 +10,8 @@
 class Hunspell;
 class QTextCodec;
 
-// One dictionary of the system. Remembers what it was asked, as a text asks for the same words
-// again and again. Any thread, but one at a time.
+// One dictionary of the system. Remembers its answers, because a text asks for the same words again
+// and again. Any thread, but one at a time.
 class CSpellDictionary
 {
 public:
@@ -20,7 +20,7 @@ public:
     static std::unique_ptr<CSpellDictionary> load(const QString &strBase, const QString &strName);
     ~CSpellDictionary();
 
-    // True, too, for a word of another script than the language's.
+    // Also true for a word in another script than the language's.
     bool isCorrect(const QString &strWord);
     // Gives as many words as a list shows at a glance, the likeliest first.
     QStringList suggestions(const QString &strWord) const;
@@ -31,7 +31,7 @@ private:
     bool isOtherScript(const QString &strWord) const;
 
     std::unique_ptr<Hunspell> m_pHunspell;
-    QTextCodec *m_pCodec = nullptr; // Of the dictionary's files; Qt's own.
+    QTextCodec *m_pCodec = nullptr; // The codec of the dictionary's files; Qt owns it.
     QChar::Script m_script;
     QHash<QString, bool> m_known;
 };

@@ -61,7 +61,7 @@ bool CSpelling::hasDictionary(const QString &strLanguage) const
     return it != m_dictionaries.constEnd() && *it;
 }
 
-// Null until it was read.
+// Null until the dictionary is read.
 CSpellDictionary *CSpelling::dictionary(const QString &strLanguage)
 {
     const QString strName = nameFor(strLanguage);
@@ -72,7 +72,7 @@ CSpellDictionary *CSpelling::dictionary(const QString &strLanguage)
         return it->get();
     m_dictionaries.insert(strName, nullptr);
     const QString strBase = m_bases.value(strName);
-    // The destructor waits for the job, so that this is there as long as it runs.
+    // The destructor waits for the job, so this object lives as long as the job runs.
     m_pool.start([this, strName, strBase] {
         std::shared_ptr<CSpellDictionary> pRead = CSpellDictionary::load(strBase, strName);
         const auto take = [this, strName, pRead] {

@@ -18,9 +18,9 @@ class CSpelling : public QObject
     Q_OBJECT
 
 public:
-    // Looks for dictionaries in the folders, first ones first; a language that is not named is that
-    // of the locale. The user's own words stand in a file, one a line, in UTF-8; none need be
-    // there.
+    // Looks for dictionaries in the folders; earlier folders come first. A word without a language
+    // has that of the locale. The user's own words are in a file, one a line, in UTF-8; the file
+    // need not exist.
     CSpelling(const QStringList &lstFolders, const QString &strOwnWords, const QString &strLocale,
               QObject *pParent = nullptr);
     // Waits for a dictionary that is being read.
@@ -31,19 +31,19 @@ public:
     static QStringList systemFolders();
     static QString ownWordsFile();
 
-    // strLanguage as a page names it; empty: the locale's.
+    // strLanguage is a name as pages use it; empty for the locale's language.
     bool hasDictionary(const QString &strLanguage) const;
-    // The same after the dictionary was read, which is waited for.
+    // The same, but waits until the dictionary is read.
     bool prepare(const QString &strLanguage);
     bool isCorrect(const QString &strLanguage, const QString &strWord);
     // May take some tenths of a second.
     QStringList suggestions(const QString &strLanguage, const QString &strWord);
-    // A word of all languages from now on. False when it could not be written, with the reason:
-    // then it counts until the program ends.
+    // Accepts the word in all languages from now on. If it could not be written, gives false with
+    // the reason; the word then counts until the program ends.
     bool addWord(const QString &strWord, QString *pError);
 
 signals:
-    // Words may be right now that were not, or the other way round.
+    // Some words may be judged otherwise now.
     void changed();
 
 private:
@@ -55,12 +55,12 @@ private:
     QString m_strOwnWords;
     QString m_strLocale;
     QHash<QString, QString> m_bases; // By name.
-    // Null while one is read, and for one that cannot be.
+    // Null while a dictionary is read, and if it cannot be read.
     QHash<QString, std::shared_ptr<CSpellDictionary>> m_dictionaries;
     mutable QHash<QString, QString> m_names; // By language.
     QSet<QString> m_ownWords;
     QThreadPool m_pool;
 };
 
-// Set in main.cpp only. Null where nothing is checked.
+// Set in main.cpp only. Null if nothing is checked.
 extern CSpelling *g_pSpelling;

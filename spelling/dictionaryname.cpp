@@ -6,7 +6,7 @@
 
 namespace {
 
-// "de-AT" and "de_AT.UTF-8" as "de_AT"; a script between language and region goes.
+// Turns "de-AT" and "de_AT.UTF-8" into "de_AT"; drops a script between language and region.
 QString normalName(const QString &strLanguage)
 {
     QString strName = strLanguage.trimmed().section(QLatin1Char('.'), 0, 0);
@@ -36,7 +36,7 @@ QString dictionaryName(const QStringList &lstNames, const QString &strLanguage,
         return QString();
     QStringList lstTried {strWanted};
     if (!strWanted.contains(QLatin1Char('_')) && languageOf(strLocaleName) == strWanted)
-        lstTried.append(strLocaleName); // The user's own kind of the language.
+        lstTried.append(strLocaleName); // The locale's variant of the language.
     lstTried.append(QLocale(languageOf(strWanted)).name());
     for (const QString &strTried : qAsConst(lstTried))
         if (languageOf(strTried) == languageOf(strWanted) && lstNames.contains(strTried))

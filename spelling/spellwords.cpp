@@ -4,7 +4,7 @@
 
 namespace {
 
-const int g_nLongestWord = 60; // What is longer was not meant as a word.
+const int g_nLongestWord = 60; // Anything longer was not meant as a word.
 const QChar g_softHyphen(0x00ad);
 const QChar g_curvedApostrophe(0x2019);
 
@@ -24,7 +24,7 @@ bool writesNoBlanks(QChar::Script script)
     }
 }
 
-// What stands within a name but in no word.
+// Characters that occur within a name but in no word.
 bool isOfNames(QChar c)
 {
     return c.isNumber() || c == QLatin1Char('_') || writesNoBlanks(c.script()) || c.isSurrogate();
@@ -54,7 +54,7 @@ bool isWord(const QStringRef &strWord)
     return bLetter;
 }
 
-// What stands between blanks around the place.
+// The text between the blanks around the place.
 QStringRef pieceAround(const QString &strText, const SSpellWord &word)
 {
     int nStart = word.nStart;
@@ -97,7 +97,7 @@ QVector<SSpellWord> spellWords(const QString &strText)
     QVector<SSpellWord> lst;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Word, strText);
     int nStart = -1;
-    int nPieceEnd = 0; // Of the last address; what stands before it is none of its words.
+    int nPieceEnd = 0; // The end of the last address; words of an address are left out.
     for (int n = 0; n >= 0; n = finder.toNextBoundary()) {
         const QTextBoundaryFinder::BoundaryReasons reasons = finder.boundaryReasons();
         if (reasons & QTextBoundaryFinder::EndOfItem && nStart >= nPieceEnd) {

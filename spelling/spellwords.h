@@ -17,13 +17,13 @@ struct SSpellWord
     }
 };
 
-// In order. Words are cut as Unicode Standard Annex 29 says, so "don't" is one. Left out is what is
-// no word of a language: single letters, abbreviations in capitals, names with digits, "_" or a
-// capital within, parts of addresses and of paths, and scripts that write no blanks.
+// The words in order, cut by the rules of Unicode Standard Annex 29, so "don't" is one word. Leaves
+// out what is no word of a language: single letters, abbreviations in capitals, names with digits,
+// "_" or a capital inside, parts of addresses and paths, and scripts without blanks.
 QVector<SSpellWord> spellWords(const QString &strText);
 
-// The word that holds the place or touches it; of two the one that begins there. Without one, a
-// word of no length.
+// The word that contains or touches the place; if two touch it, the one that begins there. A word
+// of length 0 if there is none.
 SSpellWord spellWordAt(const QString &strText, int nPlace);
 
 // Gives the word as dictionaries spell it: with a straight apostrophe and without soft hyphens.

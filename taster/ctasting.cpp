@@ -47,7 +47,7 @@ void CTasting::onLoaded()
     if (!m_bTasting)
         return;
     m_bTasting = false;
-    // What the page has left for later, such as its frames' sizes, comes first.
+    // Lets the page finish queued work first, such as the sizes of its frames.
     QTimer::singleShot(0, this, [this] {
         QImage second(m_pView->size(), QImage::Format_ARGB32_Premultiplied);
         m_pView->render(&second);

@@ -6,7 +6,7 @@
 class CSafePage;
 class QWebView;
 
-// Shows one page or drawing after the other as the preview would, to nobody.
+// Shows one page or drawing after the other like the preview, but invisibly.
 class CTasting : public QObject
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ public:
     explicit CTasting(QObject *pParent = nullptr);
     ~CTasting() override;
 
-    // Emits shown() once all of it was laid out and painted. Does not return, or never emits, where
-    // that is what the file is made for.
+    // Emits shown() once all of it was laid out and painted. A harmful file may keep it from
+    // returning or from emitting.
     void taste(const QString &strPath, const QSize &size);
 
 signals:

@@ -1,16 +1,16 @@
 #pragma once
 
-// What the helper may take. The editor watches the clock.
+// The limits of the helper. The editor watches the clock.
 namespace Limits {
 
-// First thing in the program: no file of its memory is left when it ends, it has no network where
-// the system allows that, and it ends when the editor does.
+// Call it first in the program. A crash then leaves no memory dump, the program has no network if
+// the system allows that, and it ends with the editor.
 void atStart();
 
-// Before each file: from here on it may take a second and a half of the processor, so that the
-// editor, which does the same again, stands still for less than two; a gigabyte of memory, and half
-// of the usual stack. What takes more ends the program; that of memory with the code below
-// where it can be told.
+// Call it before each file. From then on the helper may use a second and a half of processor time,
+// so that the editor, which does the same again, stalls for less than two. It may use a gigabyte of
+// memory, and half of the usual stack. Exceeding a limit ends the helper; for memory with the code
+// below, if that can be told.
 void forOneFile();
 
 // Call it after each file: waiting takes no processor time.

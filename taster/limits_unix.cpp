@@ -31,7 +31,7 @@ void limit(int nResource, rlim_t nMost)
 #ifndef QUILLAN_SANITIZED
 constexpr rlim_t g_nMemory = 1024UL * 1024 * 1024;
 
-// The addresses in use, of which the page engine takes much without using it.
+// The address space in use; the page engine reserves much that it never uses.
 rlim_t addressSpace()
 {
     unsigned long nPages = 0;
@@ -45,7 +45,7 @@ rlim_t addressSpace()
 #endif
 
 #ifdef __linux__
-// A network of its own without any way out; the user stays who they are. Not allowed everywhere.
+// Enters an empty network namespace and keeps the user's identity. Some systems do not allow that.
 void leaveNetwork()
 {
     const unsigned nUser = geteuid();
@@ -61,7 +61,7 @@ void leaveNetwork()
 void setTimer(long nMilliseconds)
 {
     const itimerval timer = {{0, 0}, {nMilliseconds / 1000, nMilliseconds % 1000 * 1000}};
-    setitimer(ITIMER_PROF, &timer, nullptr); // Its signal ends the program.
+    setitimer(ITIMER_PROF, &timer, nullptr); // The signal ends the program.
 }
 
 } // namespace

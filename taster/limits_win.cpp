@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr LONGLONG g_nUnitsPerMillisecond = 10000; // Of 100 nanoseconds.
+constexpr LONGLONG g_nUnitsPerMillisecond = 10000; // In units of 100 nanoseconds.
 constexpr LONGLONG g_nMilliseconds = 1500;
 constexpr SIZE_T g_nMemory = 1024UL * 1024 * 1024;
 
@@ -19,7 +19,7 @@ LONGLONG timeSpent()
     return (LONGLONG(user.dwHighDateTime) << 32) + user.dwLowDateTime;
 }
 
-// A job with this process alone in it.
+// Makes a job that contains only this process.
 HANDLE job()
 {
     static const HANDLE s_hJob = [] {
@@ -45,7 +45,7 @@ void setLimits(LONGLONG nTime)
 
 void Limits::atStart()
 {
-    // No box of the system's when the program fails.
+    // Shows no box of the system when the program fails.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
 }
 

@@ -38,7 +38,7 @@ bool tasteNext(CTasting *pTasting)
 int main(int argc, char *argv[])
 {
     Limits::atStart();
-#ifndef Q_OS_WIN // There the other platform has no fonts, and nothing here is ever shown.
+#ifndef Q_OS_WIN // On Windows the offscreen platform has no fonts, and nothing here is ever shown.
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
     QApplication app(argc, argv);

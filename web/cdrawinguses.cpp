@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr int g_nDeepest = 300; // Parts within parts; what lies deeper counts as too much.
+constexpr int g_nDeepest = 300; // Levels of parts within parts; deeper nesting counts as too much.
 
 } // namespace
 
@@ -24,7 +24,7 @@ qint64 CDrawingUses::count() const
     return countOf(QString(), 0, &hashKnown);
 }
 
-// A part that uses itself is put in once.
+// A part that uses itself is inserted once.
 qint64 CDrawingUses::countOf(const QString &strId, int nDepth, QHash<QString, qint64> *pKnown) const
 {
     const auto it = pKnown->constFind(strId);

@@ -56,7 +56,7 @@ CEditWebView::CEditWebView(QWidget *pParent) : QWebView(pParent)
 
 CEditWebView::~CEditWebView()
 {
-    // What ends with the page is no news for it any more.
+    // What ends together with the page need not be told to it.
     page()->undoStack()->disconnect(this);
     disconnect(this, &QWebView::loadFinished, this, nullptr);
     stop();
@@ -94,7 +94,8 @@ void CEditWebView::createSourceEdit()
 
 void CEditWebView::setModified(bool bModified)
 {
-    // Called modified although nothing was typed: what was loaded is not what the file has.
+    // The page counts as modified although nothing was typed, because the loaded text is not the
+    // file's.
     if (bModified && !m_bModified && !m_merge.serialised().isEmpty()
         && toHtml() == m_merge.serialised())
         m_bBaseSaved = false;
@@ -149,7 +150,8 @@ void CEditWebView::onLoadStarted()
     m_strTyped = QString();
 }
 
-// Typed before a load has ended: into the page that is loading, or into the one that it replaces.
+// Somebody typed before a load had ended: into the page that is loading, or into the one that it
+// replaces.
 void CEditWebView::rememberTyped(const std::function<void()> &edit)
 {
     const QPointer<CEditWebView> pThis(this);

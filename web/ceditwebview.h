@@ -42,7 +42,8 @@ public:
     // Document.
     void setModified(bool bModified);
     bool isModified() const { return m_bModified; }
-    // The text for the tab: title of the page, else file name, else "Untitled"; "*" when modified.
+    // The text for the tab: the title of the page, else the file name, else "Untitled". It has a
+    // "*" when modified.
     QString getTitle() const;
     QString selectedHtml() const { return QWebView::selectedHtml(); }
     // Also declares that the view shows that file's content now.
@@ -51,8 +52,9 @@ public:
     // The icon that the page names, when it is a file of the page's site; else null.
     QIcon icon() const;
 
-    // Loading. None of these marks the page modified; all but applySource() end in loadFinished().
-    // False when the file cannot be read: then nothing happens. Otherwise takes the path over.
+    // Loading. None of these functions marks the page modified, and all except applySource() end in
+    // loadFinished(). If the file cannot be read, this gives false and nothing happens. Otherwise
+    // it takes over the path.
     bool loadFile(const QString &strPath);
     void setUrl(const QUrl &url);
     void setHtml(const QString &strHtml, const QUrl &urlBase = QUrl());
@@ -62,7 +64,7 @@ public:
                     const QString &strCodec = QString());
     // The same for a file that was decoded already.
     void loadSource(const QString &strPath, const SPageSource &source);
-    // The same for the document's file, whose history and place on the screen stay.
+    // The same for the document's file; the history and the place on the screen stay.
     void reloadSource(const SFileContent &content, const QString &strCodec);
     // An empty page as a file has it, with the caret in its body.
     void startNewPage();
@@ -77,10 +79,10 @@ public:
     void forward();
     bool canGoBack() const;
     bool canGoForward() const;
-    // False while the view shows another address (a followed link), or failed to load the file:
-    // saving would then overwrite the file with something else.
+    // False while the view shows another address (a followed link), or after the file failed to
+    // load. Saving would then overwrite the file with something else.
     bool showsOwnFile() const;
-    // The same, whether it could be loaded or not.
+    // The same, but also true if the file could not be loaded.
     bool showsOwnAddress() const;
     // Called before a modified page is left for another; true if it was saved or may be lost.
     // Without this function a modified page is never left.
@@ -90,12 +92,13 @@ public:
     // The document as HTML, with doctype and leading comments. Stable: read and serialised again it
     // is the same text.
     QString toHtml() const;
-    // The page's source as it was read, with what was changed since and nothing else; while the
-    // source is shown, what stands there. UTF-8 without a byte-order mark; a declaration of another
-    // encoding is changed, none is added. Line ends as they were read. Relative addresses lead from
-    // strTarget, the file that will be written, where they led; by default that is filePath().
+    // The page's source as it was read, with the changes made since and nothing else. While the
+    // source is shown, it is the text there. UTF-8 without a byte-order mark; a declaration of
+    // another encoding is changed, none is added. Line ends as they were read. Relative addresses
+    // are changed so that from strTarget they lead where they led before. strTarget is the file
+    // that will be written, by default filePath().
     QByteArray htmlForSaving(const QString &strTarget = QString()) const;
-    // What htmlForSaving() gave has reached the disk: further changes count from it.
+    // The text of htmlForSaving() has reached the disk; further changes count from it.
     void markSaved();
 
     // Source view.
@@ -103,23 +106,23 @@ public:
     // Call with true before the source editor takes the page's place.
     void showSource(bool bShow);
     bool isSourceShown() const;
-    // The edited source becomes the page, which is modified when the source is. When nothing was
+    // Makes the edited source the page, which is then modified if the source is. If nothing was
     // typed in the source, the page stays as it is, with caret and undo history. Best called after
     // showSource(false), as a source still shown is refreshed from the new page.
     void applySource(const QString &strHtml);
-    // Reads the bytes that the shown source has in its encoding in another one; what that one
-    // cannot hold is lost.
+    // Decodes the bytes of the shown source with another encoding. Characters that it cannot
+    // represent are lost.
     void readSourceIn(const QString &strCodec);
 
-    // The place of the caret in the page; nothing without a caret.
+    // The place of the caret in the page, if there is a caret.
     std::optional<CPageMerge::SPlace> caretPlace() const;
     // Goes near the place if the page no longer has it.
     void setCaretPlace(const CPageMerge::SPlace &place);
 
-    // Editing; works on the selection.
-    // False while the caret is in a frame, or the page has nothing but frames.
+    // Editing, which works on the selection. False while the caret is in a frame, or if the page
+    // consists of frames.
     bool isBodyEdited() const { return !m_bInSubframe && !m_bFrameset; }
-    // What is typed or done next is a step of undo of its own.
+    // Makes the next typing or command a separate step of undo.
     void endStep();
     // Runs a command with the page editable: while Control is held, it is not.
     void runEditable(const std::function<void()> &command);
@@ -128,7 +131,8 @@ public:
     // Called before the clipboard is pasted in any way; true if it has done the pasting.
     using PasteTaker = std::function<bool(const QMimeData *)>;
     void setPasteTaker(const PasteTaker &taker) { m_pasteTaker = taker; }
-    // Asked before an action of triggerEdit(), by whatever key or button; true: it was done.
+    // Called before an action of triggerEdit(), whatever key or button caused it; true if it has
+    // done the action.
     using EditTaker = std::function<bool(QWebPage::WebAction)>;
     void setEditTaker(const EditTaker &taker) { m_editTaker = taker; }
     bool isBold() const;
@@ -156,7 +160,7 @@ public:
     // Search, with the find options of the settings. With "search up" off the page is searched
     // backward and with it on forward.
     bool findPageText(const QString &strText, bool bFromEdge);
-    // The other direction for this one call.
+    // The opposite direction for this call only.
     bool findPageTextReverse(const QString &strText, bool bFromEdge);
     // Always forward from the selection, whatever the options say. The replacement is HTML.
     bool replacePageText(const QString &strText, const QString &strReplacement);
@@ -170,15 +174,16 @@ signals:
     void modifiedChanged(bool bModified);
     void focusIn();
     void replaceNum(int nCount);
-    // What the reader should know of the shown page; empty: nothing any more.
+    // A message about the shown page; empty when there is none any more.
     void notice(const QString &strText);
-    // What is drawn now lies over the page, in the view's own pixels.
+    // Emitted while painting: what is drawn now covers the page, in the view's own pixels.
     void painted(QPainter *pPainter);
     // One line for the status bar.
     void statusMessage(const QString &strText);
     // The file is about to be read again over edits that were not saved, and nobody was asked.
     void textReplacing();
-    // The text that was typed while another page was on its way here, and went with its page.
+    // The text that was typed while another page was loading, and that was dropped with the old
+    // page.
     void textDropped(const QString &strHtml);
     // The view has read its file again by itself.
     void fileRead(const SFileContent &content);
@@ -282,25 +287,26 @@ private:
     PasteTaker m_pasteTaker;
     EditTaker m_editTaker;
     bool m_bSourceShown = false;
-    int m_nPushedRevision = -1; // Of the source's document; -1 before the first push.
+    int m_nPushedRevision = -1; // The revision of the source's document; -1 before the first push.
     QString m_strPushed; // The source as it was pushed, with its own line ends.
-    int m_nPushedFormat = -1; // Of its line ends.
-    int m_nSourceCaret = -1; // In the source when it was shown or left last; -1 for none.
-    int m_nCaretToShow = -1; // The source's caret that the page takes over when it is there.
+    int m_nPushedFormat = -1; // The style of its line ends.
+    int m_nSourceCaret = -1; // The caret in the source when it was last shown or left; -1 for none.
+    int m_nCaretToShow = -1; // The source's caret, which the page takes over when it has loaded.
     CPageMerge::SPlace m_placeLeft; // The page's caret when it was left last.
     QString m_strGiven; // What setHtml() was called with; null while an address is shown.
-    QTimer m_timerPush; // Checks the source that was pushed while somebody types.
+    QTimer m_timerPush; // Checks the source that was pushed during typing.
     bool m_bPageComing = false; // From the start of a load to its end.
-    QString m_strTyped; // The page as it was when something was typed meanwhile; null for nothing.
+    // The page at the moment when something was typed meanwhile; null if nothing was.
+    QString m_strTyped;
     QWebElement m_rootTyped; // Of that page.
     CTypingSteps m_steps;
     int m_nUndoIndex = 0;
     int m_nUndoCount = 0;
-    bool m_bBaseSaved = true; // What m_merge begins with is what the file has.
+    bool m_bBaseSaved = true; // True if m_merge begins with the text of the file.
     mutable CPageMerge m_merge;
     mutable QString m_strMergedFrom; // The serialisation of the last merge, and its result.
     mutable QString m_strMerged;
-    mutable std::unique_ptr<CPageReader> m_pReader; // On first use.
+    mutable std::unique_ptr<CPageReader> m_pReader; // Made on first use.
     bool m_bControlDown = false;
     bool m_bEditableBeforeControl = true;
     QString m_strLinkUnderMouse;

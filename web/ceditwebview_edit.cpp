@@ -12,7 +12,7 @@
 #include <QWebFrame>
 #include <QWebSettings>
 
-// Runs our own script although the page's scripts are off; nothing of the page wakes by it.
+// Runs our own script although the page's scripts are off, which stay off.
 QVariant CEditWebView::evaluate(const QString &strScript) const
 {
     return page()->mainFrame()->documentElement().evaluateJavaScript(strScript);
@@ -69,7 +69,7 @@ void CEditWebView::insertHtml(const QString &strHtml)
     const QString strCommand =
         strHtml.isEmpty() ? QStringLiteral("delete") : QStringLiteral("insertHTML");
     endStep();
-    const QString strSafe = refuseHarmfulData(strHtml); // As in a page that is loaded.
+    const QString strSafe = refuseHarmfulData(strHtml); // The state of a loaded page.
     runEditable([&] { evaluate(PageScript::execute(strCommand, strSafe)); });
 }
 
@@ -119,8 +119,8 @@ QColor CEditWebView::backColor() const
     return colorFromCss(evaluate(PageScript::queryValue(QStringLiteral("backColor"))).toString());
 }
 
-// Formats that were chosen for the caret one after the other hold together: ending a step again
-// would lose the first.
+// Formats chosen one after the other for the caret belong together. Ending the step again would
+// lose the first.
 void CEditWebView::beginFormat()
 {
     if (!m_steps.isStarted())
@@ -137,7 +137,7 @@ void CEditWebView::setFontName(const QString &strFamily)
 {
     QString strName = strFamily.trimmed();
     strName.remove(QLatin1Char('"')).remove(QLatin1Char('\\'));
-    // Quoted, as a family may hold blanks, digits and commas.
+    // The name is quoted, because it may hold blanks, digits and commas.
     if (!strName.isEmpty())
         command(QStringLiteral("fontName"), QLatin1Char('"') + strName + QLatin1Char('"'));
 }

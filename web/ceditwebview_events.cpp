@@ -1,4 +1,4 @@
-// Keys, mouse, focus, drag and drop.
+// Handles keys, mouse, focus, drag and drop.
 #include "web/ceditwebview.h"
 
 #include "web/pagescript.h"
@@ -31,9 +31,9 @@ template<typename Event> bool leaveToWindow(Event *pEvent)
     return true;
 }
 
-// Escape, or a letter with Control and Alt: the web view would type the control character that
-// comes with it, over what is selected. Enter, Tab and Backspace it knows, and keys with Control
-// alone.
+// True for Escape, and for a letter with Control and Alt: the web view would replace the selection
+// by the control character that comes with it. It handles Enter, Tab, Backspace, and keys with
+// Control alone.
 bool hasControlCharacter(const QKeyEvent *pEvent)
 {
     const Qt::KeyboardModifiers modifiers =
@@ -49,7 +49,7 @@ bool CEditWebView::event(QEvent *pEvent)
 {
     if (pEvent->type() == QEvent::ToolTip && showPictureToolTip(static_cast<QHelpEvent *>(pEvent)))
         return true;
-    const QPointer<CEditWebView> pThis(this); // Some events are the last.
+    const QPointer<CEditWebView> pThis(this); // An event may delete this view.
     const bool bOuter = m_bHandlingKey;
     m_bHandlingKey = pEvent->type() == QEvent::KeyPress;
     const bool bDone = QWebView::event(pEvent);
@@ -58,9 +58,8 @@ bool CEditWebView::event(QEvent *pEvent)
     return bDone;
 }
 
-// A web view moves the focus on by sending the page a Tab key, which an editable page takes for
-// typed text. Without a key having been pressed (the view is being hidden), the widget's own way is
-// taken.
+// A web view moves the focus by sending the page a Tab key, which an editable page takes as typed
+// text. If no key was pressed (the view is being hidden), the function of QWidget is called.
 bool CEditWebView::focusNextPrevChild(bool bNext)
 {
     if (m_bHandlingKey)
@@ -81,7 +80,8 @@ void CEditWebView::keyPressEvent(QKeyEvent *pEvent)
     }
     if (pEvent->matches(QKeySequence::Paste)
         && (page()->isContentEditable() || (m_bControlDown && m_bEditableBeforeControl))) {
-        triggerEdit(QWebPage::Paste); // The web view's own key would not ask its page.
+        // Otherwise the web view would handle the key without asking its page.
+        triggerEdit(QWebPage::Paste);
         pEvent->accept();
         return;
     }
@@ -141,7 +141,7 @@ void CEditWebView::focusInEvent(QFocusEvent *pEvent)
     emit focusIn();
 }
 
-// Text that is typed without a caret would go nowhere.
+// Without a caret typed text would be lost.
 void CEditWebView::ensureCaret()
 {
     if (page()->isContentEditable())
@@ -153,12 +153,12 @@ void CEditWebView::focusOutEvent(QFocusEvent *pEvent)
     QWebView::focusOutEvent(pEvent);
     if (!m_bControlDown)
         return;
-    // The release will go elsewhere.
+    // The release of the key will go to another window.
     m_bControlDown = false;
     setEditable(!m_bInSubframe);
 }
 
-// A frame's document is another file: what were typed there could not be saved.
+// A frame's document is another file, so text typed there could not be saved.
 void CEditWebView::enterFrame(const QWebFrame *pFrame)
 {
     const bool bInSubframe = pFrame && pFrame != page()->mainFrame();

@@ -46,12 +46,12 @@ bool CEditWebView::replacePageText(const QString &strText, const QString &strRep
     do {
         if (!findAndFollow(strText, QWebPage::FindFlags()))
             return false;
-    } while (m_bInSubframe); // What stands in a frame is another file.
+    } while (m_bInSubframe); // Text in a frame belongs to another file.
     replaceSelection(strReplacement);
     return true;
 }
 
-// Plain text takes the place of the text within its element, so that no link is cut in two for it.
+// Plain text replaces the text inside its element, so that no link is cut in two.
 void CEditWebView::replaceSelection(const QString &strReplacement)
 {
     static const QRegularExpression regExpMarkup(QStringLiteral("[<&\\r\\n]"));

@@ -1,4 +1,4 @@
-// Addresses: loading, reloading, following links, the history.
+// Handles addresses: loading, reloading, links, the history.
 #include "web/ceditwebview.h"
 
 #include "editor/textreading.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-// A page that was never loaded, or was set from text without an address.
+// The page was never loaded, or was set from text without an address.
 bool isBlank(const QUrl &url)
 {
     return url.isEmpty() || url == QUrl(QStringLiteral("about:blank"));
@@ -55,7 +55,7 @@ void CEditWebView::reloadSource(const SFileContent &content, const QString &strC
     showFile(fileUrl(), SPageSource::ofFile(content, strCodec));
 }
 
-// What is shown already is loaded anew: that keeps its place.
+// A page that is already shown is reloaded, which keeps its place.
 void CEditWebView::showFile(const QUrl &url, const SPageSource &source)
 {
     m_strGiven = QString();
@@ -63,7 +63,7 @@ void CEditWebView::showFile(const QUrl &url, const SPageSource &source)
     safePage()->navigateTo(source, [&] {
         if (bAgain)
             triggerPageAction(QWebPage::Reload, false);
-        else // Saved under another name since it was loaded.
+        else // It was saved under another name since it was loaded.
             QWebView::setUrl(url);
     });
     noteCodec();
@@ -75,7 +75,8 @@ void CEditWebView::noteCodec()
     m_bCodecChosen = safePage()->source().bChosen;
 }
 
-// Somewhere, where the page reads the file itself. What it reads is what the document stands on.
+// Goes to an address whose file the page reads by itself. What it reads becomes the file's known
+// state.
 void CEditWebView::go(const std::function<void()> &load)
 {
     m_strGiven = QString();
@@ -92,7 +93,7 @@ QUrl CEditWebView::fileUrl() const
     return fileUrl(m_strFilePath);
 }
 
-// A name given on the command line may be relative, which an address cannot be. Empty for none.
+// A name from the command line may be relative, but an address may not. Empty for none.
 QUrl CEditWebView::fileUrl(const QString &strPath)
 {
     const QFileInfo info(strPath);
@@ -156,15 +157,14 @@ void CEditWebView::forward()
         step(QWebPage::Forward);
 }
 
-// The file may have been saved since it was shown; what another view keeps of it in memory is
-// older.
+// The file may have been saved since it was shown, and the memory of the web view is older.
 void CEditWebView::step(QWebPage::WebAction action)
 {
     QWebSettings::clearMemoryCaches();
     go([=] { triggerPageAction(action, false); });
 }
 
-// A page that was typed and saved has no place in the history, but its file can be gone back to.
+// A page that was typed and saved has no place in the history, but Back can lead to its file.
 bool CEditWebView::canGoBack() const
 {
     return history()->canGoBack() || (!showsOwnAddress() && !m_strFilePath.isEmpty());
@@ -190,7 +190,7 @@ bool CEditWebView::mayLeave()
 {
     if (!m_bModified)
         return true;
-    const QPointer<CEditWebView> pThis(this); // The question may end in closing the document.
+    const QPointer<CEditWebView> pThis(this); // The answer to the question may close the document.
     if (!m_leaveQuestion || !m_leaveQuestion() || !pThis)
         return false;
     setModified(false);

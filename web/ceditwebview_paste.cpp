@@ -1,4 +1,4 @@
-// Pasting and dropping markup: it goes through what a loaded page goes through.
+// Pasting and dropping markup, which is checked like a loaded page.
 #include "web/ceditwebview.h"
 
 #include "web/pagehazards.h"
@@ -11,7 +11,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 
-// True when it was pasted here; else the web view may have it as it is.
+// True when it was pasted here; otherwise the web view may paste it unchanged.
 bool CEditWebView::pasteHarmful(const QMimeData *pData)
 {
     if (!pData || !pData->hasHtml())
@@ -32,7 +32,7 @@ bool CEditWebView::pasteHarmful(const QMimeData *pData)
     return true;
 }
 
-// Markup that may not be dropped as it is comes as its text.
+// If the markup may not be dropped unchanged, its text is dropped.
 void CEditWebView::dropHtml(QDropEvent *pEvent)
 {
     const QString strHtml = pEvent->mimeData()->html();
@@ -49,7 +49,7 @@ void CEditWebView::dropHtml(QDropEvent *pEvent)
     pEvent->setDropAction(event.dropAction());
 }
 
-// The middle button pastes what was selected last, where the system has that.
+// The middle button pastes the last selection, on systems that have this.
 void CEditWebView::mouseReleaseEvent(QMouseEvent *pEvent)
 {
     const QClipboard *pClipboard = QGuiApplication::clipboard();

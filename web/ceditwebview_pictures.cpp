@@ -1,4 +1,4 @@
-// Pictures that a page may not show.
+// Tells about pictures that a page may not show.
 #include "web/ceditwebview.h"
 
 #include "web/localresources.h"
@@ -53,9 +53,9 @@ void CEditWebView::tellHiddenPictures()
                                 : tr("%1 pictures are not shown: they lie on the network");
     if (strText.contains(QLatin1String("%1")))
         strText = strText.arg(nOutside + nNetwork);
-    // Pictures on the network are the rule, and nobody expects them here: a line in the status bar
-    // is enough. A picture outside the page's folders was meant to be shown and can be moved, so
-    // the bar tells it.
+    // Pictures on the network are common, and nobody expects to see them here, so a line in the
+    // status bar is enough. A picture outside the page's folders was meant to be shown and can be
+    // moved, so the notice bar tells it.
     const QString strNotice = nOutside > 0 ? strText : QString();
     if (nOutside == 0 && !strText.isEmpty())
         emit statusMessage(strText);

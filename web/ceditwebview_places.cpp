@@ -1,4 +1,4 @@
-// The caret and what is seen around it go along between the page and its source.
+// Carries the caret and the visible place between the page and its source.
 #include "web/ceditwebview.h"
 
 #include "web/pagescript.h"
@@ -29,11 +29,11 @@ CPageMerge::SPlace placeFrom(const QVariantList &lstPlace)
 
 } // namespace
 
-// The page's caret in the source that was pushed; the line that is seen at the same height.
+// Puts the page's caret into the pushed source, with its line at the same height.
 void CEditWebView::moveSourceCaret()
 {
     const QVariantList lstCaret = evaluate(PageScript::caretPlace()).toList();
-    // Back in the source, and neither the page nor its caret has moved.
+    // The source is shown again, and neither the page nor its caret has moved.
     if (lstCaret.isEmpty() || (m_nSourceCaret >= 0 && placeFrom(lstCaret) == m_placeLeft))
         return;
     CPageMerge places(m_strPushed, toHtml());
@@ -59,7 +59,7 @@ void CEditWebView::moveSourceCaret()
                                                  - int(dHeight * nLinesSeen));
 }
 
-// The source's caret in the page, once that is there.
+// Puts the source's caret into the page, once it has loaded.
 void CEditWebView::movePageCaret()
 {
     if (m_nCaretToShow < 0)

@@ -1,4 +1,4 @@
-// The page's source: as it was read, with the changes merged in, and in its own editor.
+// Keeps the page's source: the text as it was read, with the changes merged in, and its own editor.
 #include "web/ceditwebview.h"
 
 #include "app/textcodecs.h"
@@ -23,7 +23,7 @@ void CEditWebView::startNewPage()
     }
 }
 
-// What the page was made from, or is being made from; null where that is not known.
+// The source that the page was made from, or is being made from; null if that is not known.
 QString CEditWebView::loadedSource() const
 {
     const SPageSource &source = safePage()->source();
@@ -43,7 +43,8 @@ QString CEditWebView::readAnew(const QString &strSource) const
     return m_pReader->serialised(strSource);
 }
 
-// When a load has ended. A page that was edited meanwhile is no base: its edits would be none.
+// Called when a load has ended. A page that was edited meanwhile cannot be the base, because its
+// edits would not count as changes.
 void CEditWebView::takeSource(bool bTyped)
 {
     const QString strSource = loadedSource();
@@ -52,12 +53,12 @@ void CEditWebView::takeSource(bool bTyped)
     m_strMergedFrom.clear();
 }
 
-// Quick: not checked; for a moment only.
+// Quick means that the source is not checked yet, which is for a moment only.
 QString CEditWebView::mergedSource(bool bQuick) const
 {
     QString strNow = toHtml();
     if (!hasPageEngine())
-        return strNow; // The source as it was given.
+        return strNow; // The source exactly as it was given.
     if (strNow == m_strMergedFrom)
         return m_strMerged;
     if (m_merge.serialised().isEmpty()) { // The first load has not ended yet.
@@ -74,8 +75,8 @@ QString CEditWebView::mergedSource(bool bQuick) const
     return m_strMerged;
 }
 
-// The page's source as the file at this address has it: where the page was loaded from another
-// folder, its addresses lead from the new one.
+// The page's source for the file at this address. If the page was loaded from another folder, its
+// relative addresses are changed to lead from the new one.
 QString CEditWebView::sourceFor(const QUrl &urlFile, bool bQuick) const
 {
     return withMovedAddresses(mergedSource(bQuick), url(), urlFile);
@@ -98,7 +99,7 @@ void CEditWebView::markSaved()
         m_strMerged = strSaved;
     }
     m_bBaseSaved = !isSourceShown() || !isSourceEdited();
-    m_strCodec = QStringLiteral("UTF-8"); // What lies on the disk now, whatever was read.
+    m_strCodec = QStringLiteral("UTF-8"); // The present file, whatever was read before.
     m_bCodecChosen = false;
     endStep();
     setModified(false);
@@ -166,15 +167,15 @@ bool CEditWebView::isSourceShown() const
     return m_pSourceEdit && (m_pSourceEdit->isVisible() || m_bSourceShown);
 }
 
-// Typing does not wait for the source that is shown beside it.
+// Typing does not wait until the source beside it is up to date.
 void CEditWebView::pushSourceSoon()
 {
     pushSource(true);
     m_timerPush.start();
 }
 
-// Brings what differs from the pushed source into its editor, which is far less work than setting a
-// long text. False when that cannot be done.
+// Changes only the differences to the pushed source in its editor, which is far less work than
+// setting a long text. False if that is not possible.
 bool CEditWebView::changeSource(const QString &strSource)
 {
     const int nCommon = qMin(m_strPushed.size(), strSource.size());
@@ -188,14 +189,14 @@ bool CEditWebView::changeSource(const QString &strSource)
         ++nEnd;
     const QString strNew = strSource.mid(nStart, strSource.size() - nStart - nEnd);
     const QString strOld = m_strPushed.mid(nStart, m_strPushed.size() - nStart - nEnd);
-    // Line ends and what the editor has stand-ins for are the loader's matter.
+    // Other line ends, and characters that need stand-ins, are left to the loader.
     static const QRegularExpression regExpSpecial(
         QStringLiteral("[^\\x{20}-\\x{2027}\\x{202A}-\\x{D7FF}]"));
     if (m_strPushed.isEmpty() || strNew.contains(regExpSpecial) || strOld.contains(regExpSpecial))
         return false;
     const int nPosition = nStart - m_strPushed.leftRef(nStart).count(QLatin1String("\r\n"));
     QTextDocument *pDocument = m_pSourceEdit->document();
-    pDocument->setUndoRedoEnabled(false); // What was typed in the page is undone there.
+    pDocument->setUndoRedoEnabled(false); // Typing in the page is undone in the page.
     QTextCursor cursor(pDocument);
     cursor.setPosition(nPosition);
     cursor.setPosition(nPosition + strOld.size(), QTextCursor::KeepAnchor);
@@ -204,8 +205,8 @@ bool CEditWebView::changeSource(const QString &strSource)
     return true;
 }
 
-// Keeps the source's modified flag. It is put back here and not by the loader's timer, so that a
-// key typed right after stays an edit; and nobody hears of it, as nothing was typed.
+// Keeps the source's modified flag. It is restored here and not by the loader's timer, so that a
+// key typed right afterwards counts as an edit. No signal tells it, because nothing was typed.
 void CEditWebView::pushSource(bool bQuick)
 {
     const QString strSource = sourceFor(fileUrl(), bQuick);

@@ -1,4 +1,4 @@
-// Steps of undo, and what of them the file on the disk has.
+// Steps of undo, and which of them the file on the disk has.
 #include "web/ceditwebview.h"
 
 #include "web/pagescript.h"
@@ -31,14 +31,15 @@ void CEditWebView::followTyping(const QKeyEvent *pEvent)
         evaluate(PageScript::endTyping());
 }
 
-// What is typed next is a step of its own.
+// The next typing is a separate step.
 void CEditWebView::endStep()
 {
     evaluate(PageScript::endTyping());
-    m_steps.start(); // Not again at the next key: it would lose a format chosen in between.
+    // Do not end it again at the next key, which would lose a format chosen in between.
+    m_steps.start();
 }
 
-// The page as it is in its file is not modified, whichever way it came back there.
+// A page that equals its file is not modified, whichever way it came back to that.
 void CEditWebView::onUndoIndexChanged(int nIndex)
 {
     const int nCount = page()->undoStack()->count();

@@ -22,7 +22,7 @@ void CEditWebView::zoomBy(int nSteps)
     for (int n = 0; n < qAbs(nSteps); ++n)
         dZoom *= nSteps > 0 ? g_dZoomStep : 1 / g_dZoomStep;
     if (qAbs(dZoom - 1) < 0.01)
-        dZoom = 1; // Back where it began, whatever was lost in between.
+        dZoom = 1; // Returns to the beginning, even if rounding lost something in between.
     setZoomFactor(std::clamp(dZoom, g_dMinZoom, g_dMaxZoom));
 }
 

@@ -7,7 +7,7 @@ namespace {
 constexpr int g_nLongestName = 8;
 constexpr int g_nLongestEscape = 6;
 
-// Those of the names in HTML that can stand in an address of this kind.
+// The names of character references in HTML that can occur in an address of this kind.
 QChar named(const QString &strName)
 {
     static const QHash<QString, QChar> hashNames = {
@@ -22,7 +22,7 @@ QChar named(const QString &strName)
     return hashNames.value(strName);
 }
 
-// -1 for what is no digit.
+// The value of a digit; -1 if it is none.
 int digit(QChar c, int nBase)
 {
     const ushort n = c.unicode();
@@ -32,7 +32,7 @@ int digit(QChar c, int nBase)
     return nBase == 16 && n < 0x80 && nLetter >= 0 && nLetter < 6 ? nLetter + 10 : -1;
 }
 
-// Dropped from addresses by whoever reads them.
+// Browsers drop these characters from addresses.
 bool isStrewn(QChar c)
 {
     return c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r');
@@ -75,7 +75,7 @@ QChar CEscapedReader::readReference()
     return c;
 }
 
-// The number of a character from there; the ";" may be missing.
+// Reads the number of a character; the ";" may be missing.
 QChar CEscapedReader::readNumber(int nPos, int nBase)
 {
     uint nNumber = 0;

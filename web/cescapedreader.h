@@ -2,9 +2,9 @@
 
 #include <QString>
 
-// Reads a text as HTML and style sheets mean it: character references and escapes as what they
-// stand for, without the characters that addresses may have strewn in. Lenient: what is an escape
-// in the one is taken for it in the other, too. Keeps a reference to the text.
+// Reads a text as HTML and style sheets do: it resolves character references and escapes, and
+// leaves out characters that may be strewn into addresses. It is lenient: an escape of one language
+// counts in the other, too. Keeps a reference to the text.
 class CEscapedReader
 {
 public:

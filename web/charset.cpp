@@ -1,6 +1,7 @@
 #include "web/charset.h"
 
 #include "web/chtmltokenizer.h"
+#include "web/htmltoken.h"
 
 #include <QRegularExpression>
 

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-// What an HTML text says about its own encoding. Pure functions, no widgets.
+// The encoding that an HTML text declares. Pure functions, no widgets.
 
 // The text with every declaration of another encoding (meta charset, meta http-equiv content-type,
 // XML declaration) changed to "utf-8", for writing as UTF-8. Nothing is added where nothing is

@@ -1,4 +1,4 @@
-// Elements within each other.
+// Checks how elements are nested.
 #include "web/chazardscan.h"
 
 #include "web/chtmltokenizer.h"
@@ -8,7 +8,8 @@
 
 namespace {
 
-// Beside each, what the engine took: milliseconds of the processor at so many.
+// The remark beside each limit tells what the engine took: milliseconds of processor time at that
+// number.
 constexpr int g_nMaxNesting = 4000; // 90 at 3,000; 1,969 at 10,000.
 constexpr int g_nMaxXmlNesting = 500; // The stack ends at 3,000; as HTML, 512 count.
 constexpr int g_nMaxFlexBoxes = 16; // 260 at 16; 1,086 at 18; each doubles it.
@@ -18,7 +19,7 @@ constexpr int g_nMaxAttributes = 20000; // 183 at 20,000; over 3,000 at 100,000.
 constexpr qint64 g_nMaxUses = 100000; // 154 at 11,111; 1,310 at 111,111.
 constexpr int g_nMaxMasked = 1; // Within a mask: two in each other end the program.
 
-// Elements that end without a tag: a page may have thousands of them, none within another.
+// Elements that need no end tag. A page may have thousands of them, none inside another.
 bool endsByItself(const QString &strName)
 {
     static const QSet<QString> s_setNames = {
@@ -123,7 +124,7 @@ void CHazardScan::closeLast()
         m_uses.end();
 }
 
-// With all that is still open within it.
+// Also ends the elements that are still open inside it.
 void CHazardScan::end(const QString &strName)
 {
     if (m_hashOpen.value(strName) == 0)

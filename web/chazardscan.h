@@ -8,8 +8,9 @@
 #include <QString>
 #include <QVector>
 
-// One walk over the source of a page for what pagehazards.h tells of: which elements lie within
-// which, and what a single tag or text asks of the engine. For one call of run().
+// Searches the source of a page for the hazards of pagehazards.h in one walk: how elements are
+// nested, and what a single tag or text demands of the engine. Each object serves one call of
+// run().
 class CHazardScan
 {
 public:
@@ -24,7 +25,7 @@ private:
         bool bFlexBox = false;
         bool bColumns = false;
         bool bReflection = false;
-        bool bPart = false; // Of a drawing, with a name.
+        bool bPart = false; // It is a part of a drawing, with a name.
         bool bMasked = false; // Within a mask.
     };
 
@@ -44,8 +45,8 @@ private:
     const int m_nMaxNesting;
     EPageHazard m_found = EPageHazard::None;
     QVector<SOpen> m_lstOpen;
-    QHash<QString, int> m_hashOpen; // How many of each name are open.
-    int m_nFlexBoxes = 0; // Open, all of these.
+    QHash<QString, int> m_hashOpen; // How many elements of each name are open.
+    int m_nFlexBoxes = 0; // The number of all these that are open.
     int m_nColumns = 0;
     int m_nReflections = 0;
     int m_nMasked = 0;

@@ -1,14 +1,15 @@
-// What a single tag or text asks of the engine.
+// Checks what a single tag or text demands of the engine.
 #include "web/chazardscan.h"
 
 #include <QRegularExpression>
 
 namespace {
 
-// Beside each, what the engine took: milliseconds of the processor at so many.
+// The remark beside each limit tells what the engine took: milliseconds of processor time at that
+// number.
 constexpr int g_nMaxShadows = 10000; // Pixels of blur: 519 at 5,000; over 3,000 at 50,000.
 constexpr int g_nMaxOctaves = 60; // Of noise: over 3,000 at 495.
-constexpr int g_nMaxWord = 1000000; // Characters without a blank: 700.
+constexpr int g_nMaxWord = 1000000; // Characters without a blank: 700 ms.
 constexpr int g_nMaxMarks = 40000; // Behind one letter: 1,046 at 50,000.
 constexpr int g_nMaxLines = 100000; // Of one preformatted text: 1,867.
 constexpr int g_nMaxFields = 20000; // Options, of which a field counts as two: 1,400 and 900.
@@ -23,7 +24,7 @@ bool isField(const QString &strName)
         || strName == QLatin1String("textarea");
 }
 
-// All that the shadows of its text are blurred by.
+// The sum of the blurs of all its text shadows.
 int blurOf(const QString &strStyle)
 {
     static const QRegularExpression s_regExpShadows(QStringLiteral("text-shadow\\s*:([^;]*)"),

@@ -95,7 +95,7 @@ void CHtmlTokenizer::finish(SHtmlToken::Kind kind, int nEnd)
     m_token.nEnd = m_nPos = nEnd;
 }
 
-// A "<" that begins something.
+// True for a "<" that begins a tag or comment.
 bool CHtmlTokenizer::isMarkupAt(int nPos) const
 {
     if (m_strHtml.at(nPos) != QLatin1Char('<') || nPos + 1 >= m_strHtml.size())

@@ -4,10 +4,10 @@
 
 #include <QHash>
 
-// Cuts an HTML text into its pieces as a browser without scripts does: what looks like a tag in a
-// comment, a script or style, a title or text area is none (WHATWG HTML, 13.2.5 Tokenization). Not
-// a parser: it neither nests nor repairs, and only follows SVG and MathML as far as they decide
-// what a tag is. Linear in the text's length. Keeps a reference to the text. Reentrant.
+// Cuts an HTML text into tokens as a browser without scripts does: in a comment, script, style,
+// title or text area there are no tags (WHATWG HTML, 13.2.5 Tokenization). It is no parser: it
+// neither nests nor repairs. It follows SVG and MathML only as far as they decide what a tag is.
+// Linear in the text's length. Keeps a reference to the text. Reentrant.
 class CHtmlTokenizer
 {
 public:

@@ -70,7 +70,7 @@ void CImageWidget::paintEvent(QPaintEvent *)
     if (m_image.isNull())
         return;
 
-    // Scaling a large image takes long enough to be felt, so it is done once for each size.
+    // Scaling a large image takes noticeable time, so it is done once for each size.
     const QRect rect = targetRect(size(), m_image.size());
     const QSize sizeDevice = rect.size() * devicePixelRatioF();
     if (sizeDevice.isEmpty())

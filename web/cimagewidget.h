@@ -14,8 +14,8 @@ class CImageWidget : public QWidget
 public:
     explicit CImageWidget(QWidget *pParent = nullptr);
 
-    // The suffix of the name, not the content, decides the image format; what the content is not is
-    // not shown (see pictures.h).
+    // The suffix of the name decides the image format. If the content has another format, nothing
+    // is shown (see pictures.h).
     void setImageFile(const QString &strPath);
     void setSvgText(const QString &strText);
     void clearImage();

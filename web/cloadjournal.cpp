@@ -35,14 +35,14 @@ SNote readLeftNote(const QString &strNote)
 
 } // namespace
 
-// A note that its program holds; gone with the object.
+// A note that this program holds locked. It is removed together with the object.
 class CLoadJournal::CNote
 {
 public:
     explicit CNote(const QString &strPath) : m_file(strPath) { }
     ~CNote() { m_file.remove(); }
 
-    // Nobody takes it for one that was left while it is empty.
+    // While it is empty, nobody takes it for a note that was left behind.
     bool begin(const QByteArray &text)
     {
         return m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly)
@@ -83,7 +83,7 @@ void CLoadJournal::end(const QString &strPath)
 {
     const auto it = m_hashNotes.find(strPath);
     if (it != m_hashNotes.end())
-        m_hashNotes.erase(it); // And with it the file.
+        m_hashNotes.erase(it); // This deletes the file as well.
 }
 
 bool CLoadJournal::isBlamed(const QString &strPath) const
@@ -107,7 +107,7 @@ void CLoadJournal::forgive(const QString &strPath)
             QFile::remove(strNote);
 }
 
-// Those of programs that run are among them.
+// Notes of running programs are among them.
 QStringList CLoadJournal::leftNotes() const
 {
     const QDir dir(m_strFolder);

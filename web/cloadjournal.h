@@ -4,19 +4,19 @@
 #include <QSharedPointer>
 #include <QString>
 
-// Notes on the disk what is being loaded into an engine that may end the program: a page, a
-// picture. A note that its program did not take back tells the next start what it was. Each note is
-// a file of its own that its program holds locked, so that several programs share a folder.
+// Notes on the disk which page or picture is being loaded, because the page engine may crash the
+// program. A note that its program did not remove tells the next start what caused the crash. Each
+// note is a file that its program holds locked, so several programs can share a folder.
 //
-// A note counts for the file as it was then: once the file is changed, it is forgotten. Where the
-// folder cannot be written nothing is noted. No widgets; one thread.
+// A note counts only until its file is changed. If the folder cannot be written, nothing is noted.
+// No widgets; one thread.
 class CLoadJournal
 {
 public:
-    // The folder is made with the first note, readable by the user alone. Notes about files that
-    // are no more as they were go.
+    // The folder is made with the first note; only the user can read it. Notes about files that
+    // have changed are removed.
     explicit CLoadJournal(const QString &strFolder);
-    // What is still being loaded did not end the program.
+    // Removes the notes of this program: what is still being loaded did not crash it.
     ~CLoadJournal();
 
     // Call before the load starts, and when it has ended in any way. Calls may be nested, also for
@@ -26,7 +26,8 @@ public:
 
     // True when a program ended while it loaded this file as it is now.
     bool isBlamed(const QString &strPath) const;
-    // The user wants to see it all the same. Should it end the program again, that is noted again.
+    // The user wants to see the file all the same. If it crashes the program again, that is noted
+    // again.
     void forgive(const QString &strPath);
 
 private:

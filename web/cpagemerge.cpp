@@ -57,7 +57,7 @@ void CPageMerge::analyse()
     nest();
 }
 
-// Which element each piece of the serialisation stands in; an end tag stands in its own.
+// The element that contains each piece of the serialisation; an end tag belongs to its own element.
 void CPageMerge::nest()
 {
     m_lstParent = QVector<int>(m_lstSerialised.size() + 1, -1);
@@ -100,8 +100,8 @@ QString CPageMerge::merged(const QString &strNow, const Reader &read)
     return bBaseIsWrong ? mergedChecked(strNow, read, &bBaseIsWrong) : strMerged;
 }
 
-// The source may have been decoded otherwise than the page, or the page edited before it was whole.
-// Then what the source makes becomes the base, and what differs from it counts as changed.
+// The source may have been decoded differently, or the page edited before it was complete. Then the
+// base is the page that the source makes, and differences from it count as changes.
 bool CPageMerge::isBaseRight(const Reader &read)
 {
     if (m_bChecked)
@@ -115,7 +115,8 @@ bool CPageMerge::isBaseRight(const Reader &read)
     return false;
 }
 
-// A page in XML may not imply tags as the parser of HTML does, which checks the rest.
+// A page in XML must not leave out tags, which HTML's parser, the one that checks the result,
+// allows.
 bool CPageMerge::staysXml(const QString &strResult) const
 {
     return !m_habits.bXml || isWellFormedXml(strResult) || !isWellFormedXml(m_strSource);
@@ -184,7 +185,7 @@ int CPageMerge::changeAt(const QVector<SChange> &lstChanges, const SNow &now, in
     return nChange;
 }
 
-// False when all is written anew already.
+// False when everything is already written anew.
 bool CPageMerge::widen(QVector<SChange> *pChanges, int nChange) const
 {
     SChange wide = pChanges->at(nChange);
@@ -210,7 +211,7 @@ bool CPageMerge::widen(QVector<SChange> *pChanges, int nChange) const
                 last = change;
         }
     }
-    // Old and new run side by side between the changes.
+    // Between the changes old and new pieces correspond one to one.
     wide.nNow = first.nNow - qMax(0, first.nOld - wide.nOld);
     wide.nOld = qMin(wide.nOld, first.nOld);
     wide.nNowEnd = last.nNowEnd + qMax(0, wide.nOldEnd - last.nOldEnd);
@@ -219,7 +220,7 @@ bool CPageMerge::widen(QVector<SChange> *pChanges, int nChange) const
     return true;
 }
 
-// Widens the change to the nearest pieces that the source has.
+// Widens the change to the nearest pieces that exist in the source.
 void CPageMerge::widenToGap(SChange *pChange) const
 {
     while (pChange->nOld > 0 && m_lstSourceOf.at(pChange->nOld - 1) < 0)

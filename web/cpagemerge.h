@@ -7,10 +7,11 @@
 
 // Writes a page's source with what changed in the page since it was read, and nothing else.
 //
-// A page is known by its serialisation only, which spells everything in its own way. So the source
-// is aligned with the serialisation of the page as it was read; what differs between that and the
-// serialisation now is brought into the source. The result is read once more: where it does not
-// make the page that is shown, the element around the change is written anew, at last the whole.
+// The web view gives a page only as a serialisation, which spells everything in its own way. So the
+// source is aligned with the serialisation of the page as it was read. The differences between that
+// and the present serialisation are brought into the source. The result is read again. If it does
+// not make the shown page, the element around the change is written anew, and at last the whole
+// page.
 //
 // A value. Linear in the page's length for few changes. GUI thread only.
 class CPageMerge
@@ -20,18 +21,18 @@ public:
     using Reader = std::function<QString(const QString &strSource)>;
 
     CPageMerge() = default;
-    // The source as it was read, and the serialisation of the page that it made.
+    // Takes the source as it was read, and the serialisation of the page that it made.
     CPageMerge(const QString &strSource, const QString &strSerialised);
 
     QString source() const { return m_strSource; }
     QString serialised() const { return m_strSerialised; }
 
-    // The source of the page that is serialised as strNow. Without a reader it is not checked, and
-    // may be another page's.
+    // The source of the page that is serialised as strNow. Without a reader the result is not
+    // checked and may make another page.
     QString merged(const QString &strNow, const Reader &read);
 
-    // A place in the page: behind so many start tags, and so many characters of text behind the
-    // last of them.
+    // A place in the page: after so many start tags, and so many characters of text after the last
+    // of them.
     struct SPlace
     {
         int nElements = 0;
@@ -53,7 +54,7 @@ private:
         int nOldEnd = 0;
         int nNow = 0;
         int nNowEnd = 0;
-        int nLevel = 0; // How much around it is written anew.
+        int nLevel = 0; // How much of its surroundings is written anew.
     };
     struct SNow
     {
@@ -92,7 +93,7 @@ private:
     SPageHabits m_habits;
 };
 
-// What of a serialisation has to be equal for two pages to be the same: the encoding is written
-// anyway, blanks behind the body go to its end, wherever they stood, and the marks that the
-// clipboard puts around pasted markup are no part of a page.
+// Gives the part of a serialisation that decides whether two pages are the same. It leaves out the
+// declared encoding, which is written anyway, and the marks that the clipboard puts around pasted
+// markup. Blanks after the body are moved to its end, as browsers do.
 QString comparablePage(const QString &strSerialised);

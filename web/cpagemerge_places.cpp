@@ -1,4 +1,4 @@
-// Places in a page and in its source.
+// Translates places between a page and its source.
 #include "web/cpagemerge.h"
 
 #include "web/htmlreferences.h"

@@ -5,7 +5,7 @@
 
 namespace {
 
-// What the clipboard puts around pasted markup.
+// The marks that the clipboard puts around pasted markup.
 bool isFragmentMark(const QStringRef &strPiece)
 {
     return strPiece == QLatin1String("<!--StartFragment-->")
@@ -22,7 +22,7 @@ int CPageMergeWriter::sourcePosition(int nOld) const
                                              : m_before.strSource.size();
 }
 
-// Replaces a range of the source that begins at or behind the last one.
+// Replaces a range of the source that begins at or after the end of the last one.
 void CPageMergeWriter::put(int nStart, int nEnd, const QString &strText)
 {
     nStart = qMax(nStart, m_nCopied);
@@ -60,7 +60,7 @@ void CPageMergeWriter::remove(int nOld)
     if (nSource < 0)
         return;
     const SPageToken &source = m_before.lstSource.at(nSource);
-    // What stands between two things removed and is no part of the page goes with them.
+    // Text between two removed pieces that is no part of the page is removed with them.
     put(m_bRemoved ? m_nCopied : source.nStart, source.nEnd, QString());
     m_bRemoved = true;
 }
@@ -132,8 +132,8 @@ void CPageMergeWriter::insert(int nOld, int nNow)
     put(nPosition, nPosition, strText);
 }
 
-// What the page has before something new, and the source only implies: an end of a paragraph,
-// blanks that stood behind the page's end.
+// Writes what the page has before a new piece but the source only implies: the end of a paragraph,
+// or blanks from after the page's end.
 void CPageMergeWriter::spellOut(int nOld)
 {
     int nFirst = nOld;

@@ -36,11 +36,12 @@ public:
 
     CPageMergeWriter(const SBefore &before, const SAfter &now) : m_before(before), m_now(now) { }
 
-    // Piece by piece. bSpellOut: what the source leaves out before something new is written, too.
+    // Writes piece by piece. With bSpellOut, tags that the source leaves out before something new
+    // are written, too.
     void writeChange(const SPageChange &change, bool bSpellOut);
-    // The whole range, with all tags spelled out.
+    // Writes the whole range with all tags spelled out.
     void writeAnew(const SPageChange &change);
-    // The source with all that was written. Once, at the end.
+    // The source with all changes. Call it once, at the end.
     QString result();
 
 private:

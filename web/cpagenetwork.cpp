@@ -26,7 +26,7 @@ bool isWeb(const QUrl &url)
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
-// The engine tells drawings by the name, too.
+// The engine also recognises drawings by their name.
 bool isNamedDrawing(const QString &strFile)
 {
     return QFileInfo(strFile).suffix().compare(QLatin1String("svg"), Qt::CaseInsensitive) == 0;
@@ -110,7 +110,7 @@ CPageNetwork::SFrame CPageNetwork::takeFrame(const QNetworkRequest &request)
     return bDocument ? frame : SFrame();
 }
 
-// Null where the file holds what no page may show.
+// Null if the file holds something that no page may show.
 CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequest &request)
 {
     const QString strFile = request.url().toLocalFile();
@@ -123,13 +123,13 @@ CPageReply *CPageNetwork::answerFromFile(Operation operation, const QNetworkRequ
     bool bHarmless = isHarmlessDocument(data);
     if (!frame.url.isValid())
         bHarmless = isHarmlessResource(data, isNamedDrawing(strFile));
-    else if (!frame.bRead) // A frame; of the page itself the user decides.
+    else if (!frame.bRead) // Only for a frame; for the page itself the user decides.
         bHarmless = bHarmless && pageHazardOfFile(strFile, decodePage(data)) == EPageHazard::None;
     return bHarmless ? new CPageReply(operation, request, refuseHarmfulData(data), this) : nullptr;
 }
 
-// The page hears of it from the event loop, once it knows the answer; of all at once, since an
-// answer with an event of its own looks through all events when it goes.
+// Finishes refusals from one queued call, after the page has got its reply. One event per reply
+// would make deleting thousands of replies quadratic.
 void CPageNetwork::tellLater(CPageReply *pReply)
 {
     if (m_arrUntold.isEmpty())

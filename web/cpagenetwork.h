@@ -9,7 +9,7 @@
 class CPageReply;
 struct SFileContent;
 
-// All that a shown page may fetch. A page of this disk gets files of its own site (see
+// Decides what a shown page may fetch. A page of this disk gets files of its own site (see
 // localresources.h) and data URLs, and no network at all: neither images that tell a server that
 // the page was opened, nor frames that show other files. Of a file it gets only what is harmless
 // (see pageresources.h, dataaddresses.h), and as many style sheets as a page can need. A page of
@@ -21,14 +21,14 @@ class CPageNetwork : public QNetworkAccessManager
 public:
     explicit CPageNetwork(QObject *pParent = nullptr);
 
-    // The address of the document that asks from now on; it may itself be fetched.
+    // Sets the address of the document that asks from now on, which may be fetched itself.
     void setDocument(const QUrl &url);
     QUrl document() const { return m_urlDocument; }
     bool isAllowed(const QUrl &url) const;
-    // The next request of that frame for that address is for a document, not for a picture.
+    // Expects the frame's next request for that address to be for a document and not for a picture.
     void expectFrame(const QObject *pFrame, const QUrl &url);
-    // The same for a file that was read already; the answer are these bytes. Nothing when the fault
-    // of the reading left nothing.
+    // The same for a file that was read already; these bytes are the answer. Does nothing if the
+    // file could not be read.
     void expectFrame(const QObject *pFrame, const QUrl &url, const SFileContent &content);
 
 signals:
@@ -44,7 +44,8 @@ private:
     struct SFrame
     {
         QUrl url; // What it is about to show.
-        bool bRead = false; // The bytes are that; else they are still in the file.
+        // True if the bytes were read already; otherwise they are still in the file.
+        bool bRead = false;
         bool bReadable = false;
         QByteArray bytes;
     };
@@ -53,7 +54,7 @@ private:
     void tellLater(CPageReply *pReply);
     void tellAll();
 
-    QVector<QPointer<CPageReply>> m_arrUntold; // Of which the page does not know yet.
+    QVector<QPointer<CPageReply>> m_arrUntold; // Replies that the page has not been told of yet.
     QUrl m_urlDocument;
     QHash<const QObject *, SFrame> m_hashFrames;
     QHash<QString, int> m_hashSheets; // How often each style sheet was asked for.

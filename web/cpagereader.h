@@ -4,8 +4,8 @@
 
 class QWebPage;
 
-// Reads a source as the page editor would, without showing it: nothing of it runs, is loaded or
-// laid out. GUI thread only.
+// Reads a source as the page editor does, without showing it: it runs, loads and lays out nothing.
+// GUI thread only.
 class CPageReader
 {
 public:

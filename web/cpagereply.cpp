@@ -1,5 +1,7 @@
 #include "web/cpagereply.h"
 
+#include <QIODevice>
+#include <QNetworkAccessManager>
 #include <QPointer>
 
 #include <algorithm>

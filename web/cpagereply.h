@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
-// The answer to what a page asks for, from memory: bytes, or a refusal. It says nothing of itself
-// before tell() is called.
+// The answer to a request of a page, from memory: bytes, or a refusal. It emits nothing before
+// tell() is called.
 class CPageReply : public QNetworkReply
 {
     Q_OBJECT
@@ -18,7 +19,7 @@ public:
     CPageReply(QNetworkAccessManager::Operation operation, const QNetworkRequest &request,
                const QByteArray &data, QObject *pParent);
 
-    // Emits what a page waits for. The page may delete the reply meanwhile.
+    // Emits the signals that a page waits for. The page may delete the reply meanwhile.
     void tell();
 
     void abort() override { }

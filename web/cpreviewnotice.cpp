@@ -7,7 +7,7 @@
 CPreviewNotice::CPreviewNotice(QWidget *pParent)
     : QFrame(pParent), m_pLabel(new QLabel(this)), m_pButton(new QPushButton(this))
 {
-    // Light with dark text in every desktop palette, as the bar above the documents.
+    // Light with dark text in every desktop palette, like the bar above the documents.
     setStyleSheet(QStringLiteral("CPreviewNotice{background:#fff4ce;border:1px solid #e0c96a;}"
                                  "CPreviewNotice QLabel{color:#3a2f00;}"));
     m_pLabel->setTextFormat(Qt::PlainText);

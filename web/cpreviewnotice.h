@@ -5,8 +5,8 @@
 class QLabel;
 class QPushButton;
 
-// What the preview has to say about the file that it shows or does not show: one text, as it
-// stands, and perhaps one thing to do about it.
+// A message of the preview about its file: one plain text, and perhaps a button for what can be
+// done about it.
 class CPreviewNotice : public QFrame
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ namespace {
 
 constexpr qint64 g_nMaxTextBytes = 500000;
 
-// Most files are tasted sooner, and then no word flickers by.
+// Most files are tested sooner, and then no text flickers.
 constexpr int g_nSilentMilliseconds = 200;
 
 } // namespace
@@ -147,7 +147,7 @@ QWebView *CPreviewWidget::webFileView()
         m_pFilePage = new CSafePage(m_pWebFile);
         m_pFilePage->showIn(m_pWebFile);
         m_pWebFile->setAccessibleName(tr("Preview"));
-        m_pWebFile->setContextMenuPolicy(Qt::NoContextMenu); // Ours shows instead.
+        m_pWebFile->setContextMenuPolicy(Qt::NoContextMenu); // Our own message shows instead.
         addView(m_pWebFile);
     }
     return m_pWebFile;

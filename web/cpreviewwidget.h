@@ -21,9 +21,9 @@ class QWebView;
 // scripts of what is shown do nothing, and nothing is asked from the network. What cannot be read
 // shows as empty.
 //
-// A page or drawing that was only selected is first shown by a helper program (see ctaster.h).
-// Where that does not live through it, the source is shown as text instead, and a notice says why.
-// Text that is handed over is shown at once, unless its file is known for it.
+// A page or drawing that was only selected is first shown by a helper program (see ctaster.h). If
+// the file crashes the helper, its source is shown as text, and a notice says why. Text that is
+// handed over is shown at once, unless its file is known to crash.
 class CPreviewWidget : public QWidget
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
 
     // Shows nothing; the file stays known.
     void clearPreview();
-    // A folder or missing file only updates the dock's title. Of text at most 500000 bytes are
+    // A folder or missing file only changes the dock's title. At most 500000 bytes of text are
     // read, and lines that take long to lay out are cut.
     void previewFile(const QString &strPath);
     // Makes an existing file the one that the dock's title names, and shows it when bLoad is set.
@@ -47,9 +47,9 @@ public:
     void previewSvg(const QString &strSvg);
     // Empty for none.
     QString file() const { return m_strFile; }
-    // What the helper found is kept there; what ended the program itself can be noted there.
+    // Sets where the helper's findings are kept, and what crashed the program itself.
     CTaster *taster() { return &m_taster; }
-    // What the panel says about its file; empty for nothing.
+    // The panel's message about its file; empty if there is none.
     QString notice() const;
 
 public slots:

@@ -1,7 +1,8 @@
-// Files that were selected: whether they can be shown, and what is said when not.
+// Tells for selected files whether they can be shown, and why not.
 #include "web/cimagewidget.h"
 #include "web/cpreviewnotice.h"
 #include "web/cpreviewwidget.h"
+#include "web/ctaster.h"
 #include "web/pagesuffix.h"
 
 #include <QFileInfo>
@@ -10,7 +11,7 @@
 
 namespace {
 
-// What is shown by an engine that can be made to fail.
+// The kinds of files that a vulnerable engine shows.
 bool isTasted(const QString &strSuffix)
 {
     return isPageSuffix(strSuffix) || strSuffix == QLatin1String("svg")
@@ -30,7 +31,7 @@ void CPreviewWidget::previewFile(const QString &strPath)
     if (info.exists() && !info.isDir()) {
         m_strFile = strPath;
         clearPreview();
-        m_taster.warmUp(); // The next file may be one for it.
+        m_taster.warmUp(); // Starts the helper, which the next file may need.
         if (isTasted(suffixOf(strPath))) {
             m_timerTasting.start();
             m_taster.taste(strPath, size());
@@ -54,7 +55,7 @@ void CPreviewWidget::onTasted(const QString &strPath, CTaster::Result result)
     m_showAnyway = [this, strPath] { previewFile(strPath); };
 }
 
-// False when nothing is known against the file.
+// True if something is known against the file.
 bool CPreviewWidget::sayWhyRefused(const QString &strPath, CTaster::Result result)
 {
     const QString strAnyway = isPageSuffix(suffixOf(strPath)) ? tr("Show the page anyway")
@@ -87,7 +88,7 @@ QString CPreviewWidget::notice() const
     return m_pNotice->text();
 }
 
-// Empty for no notice. It stands above the view, which makes room for it.
+// An empty text shows no notice. The notice is above the view, which makes room for it.
 void CPreviewWidget::say(const QString &strText, const QString &strButton)
 {
     m_timerTasting.stop();

@@ -20,10 +20,11 @@ CSafePage::CSafePage(QObject *pParent) : QWebPage(pParent), m_pNetwork(new CPage
 
 CSafePage::~CSafePage()
 {
-    // The base class ends a load that is under way, and says so when this part is gone.
+    // The base class ends a running load, and would signal that when this part of the object is
+    // already destroyed.
     disconnect(this, &QWebPage::loadFinished, this, nullptr);
-    // Answers of a load that is cut off wait to be deleted, each with an event. The network goes
-    // after them: before, each would look through the events of all.
+    // Replies of an interrupted load wait for deletion, each with an event. The network is deleted
+    // after them; otherwise each reply would search the events of all others.
     m_pNetwork->setParent(nullptr);
     m_pNetwork->deleteLater();
 }
@@ -34,7 +35,7 @@ void CSafePage::showIn(QWebView *pView)
     pal.setColor(QPalette::Base, Qt::white);
     pal.setColor(QPalette::Text, Qt::black);
     pView->setPage(this);
-    pView->setPalette(pal); // The view hands it to its page, now and after every change.
+    pView->setPalette(pal); // The view passes it on to its page, now and after every change.
 }
 
 void CSafePage::restrictSettings()
@@ -76,7 +77,7 @@ void CSafePage::navigateTo(const SPageSource &source, const std::function<void()
     m_pGiven = nullptr;
 }
 
-// Called within navigate(), or as a server sends the reader on.
+// Called within navigate(), or when a server redirects.
 void CSafePage::begin(const QUrl &url)
 {
     m_source = m_pGiven ? *m_pGiven : readPageSource(url);
@@ -120,7 +121,7 @@ bool CSafePage::acceptNavigationRequest(QWebFrame *pFrame, const QNetworkRequest
     return false;
 }
 
-// Only a server may send the reader on, and only to another one.
+// Only a server may redirect, and only to another server.
 bool CSafePage::isRedirect(const QUrl &url) const
 {
     return m_bLoading && url.scheme().startsWith(QLatin1String("http"))

@@ -21,17 +21,17 @@ public:
     explicit CSafePage(QObject *pParent = nullptr);
     ~CSafePage() override;
 
-    // Makes this the view's page and has it painted as its author saw it, on white: a page that
-    // names no colours of its own is black, which a dark desktop would show on black.
+    // Makes this the view's page and shows it on white, as its author saw it. A page without
+    // colours has black text, which would be unreadable on a dark desktop's black.
     void showIn(QWebView *pView);
 
     // Runs a load, reload or step in the history. A file is read once, before the call returns:
     // source() tells what was read.
     void navigate(const std::function<void()> &load);
-    // The same for a file that was read already, and for a text that is the page: then no file is
-    // read.
+    // The same for a file that was read already, and for a page given as text; no file is read
+    // then.
     void navigateTo(const SPageSource &source, const std::function<void()> &load);
-    // What the page was made from, or is being made from.
+    // The source that the page was made from, or is being made from.
     const SPageSource &source() const { return m_source; }
     CPageNetwork *network() const { return m_pNetwork; }
     bool supportsExtension(Extension extension) const override;

@@ -12,8 +12,8 @@
 namespace {
 
 constexpr int g_nPatience = 10000;
-constexpr int g_nIdle = 300000; // A helper without work goes after so many milliseconds.
-constexpr int g_nFilesOfAHelper = 50; // Then another takes its place.
+constexpr int g_nIdle = 300000; // A helper without work ends after so many milliseconds.
+constexpr int g_nFilesOfAHelper = 50; // After so many files a new helper replaces it.
 constexpr int g_nResults = 2000;
 constexpr int g_nEnding = 1000; // Milliseconds.
 constexpr int g_nOutOfMemory = 77; // See taster/limits.h.
@@ -56,7 +56,8 @@ CTaster::CTaster(QObject *pParent)
 CTaster::~CTaster()
 {
     drop();
-    // An object that goes before its process has ended would complain; killed ones end at once.
+    // QProcess warns if it is destroyed before its process has ended, and killed processes end at
+    // once.
     const QList<QProcess *> lstEnding = findChildren<QProcess *>();
     for (QProcess *pEnding : lstEnding)
         pEnding->waitForFinished(g_nEnding);
@@ -97,7 +98,7 @@ void CTaster::taste(const QString &strPath, const QSize &size)
 void CTaster::cancel()
 {
     if (!m_strPath.isEmpty())
-        drop(); // It is busy with what nobody waits for.
+        drop(); // It is busy with a file that nobody waits for.
 }
 
 CTaster::Result CTaster::known(const QString &strPath) const
@@ -124,7 +125,7 @@ void CTaster::start()
     m_timerIdle.start();
 }
 
-// Does not wait for its end; the system sees to that.
+// Does not wait for the end of the process; the system cleans it up.
 void CTaster::drop()
 {
     m_strPath.clear();
@@ -165,7 +166,7 @@ void CTaster::onEnded()
     const bool bStarted = m_pHelper->error() != QProcess::FailedToStart;
     const bool bEnded = m_pHelper->state() == QProcess::NotRunning;
     if (!bEnded)
-        return; // More is heard of it.
+        return; // Its result will follow.
     const Result result = bStarted ? resultOf(*m_pHelper) : Result::Unknown;
     if (m_strPath.isEmpty())
         drop();
@@ -184,7 +185,7 @@ void CTaster::finish(Result result)
     if (strPath.isEmpty())
         return;
     m_timerPatience.stop();
-    // What was written meanwhile was perhaps not what was tasted.
+    // The file has changed meanwhile, so the result may not be for its present content.
     if (result != Result::Unknown && m_key == fileKey(strPath))
         m_cacheResults.insert(m_key, new Result(result));
     if (result != Result::Good || ++m_nTasted >= g_nFilesOfAHelper) {

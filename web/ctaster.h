@@ -6,9 +6,9 @@
 #include <QSize>
 #include <QTimer>
 
-// Has a page or an SVG drawing shown by a helper program first, which may take little memory and
-// time, and tells whether the helper lived through it. One file at a time; nothing here waits for
-// the helper, and the helper never outlives the program. GUI thread only.
+// Lets a helper program with little memory and time show a page or an SVG drawing first, and tells
+// whether the helper survived. One file at a time; nothing here waits for the helper, and the
+// helper never outlives the program. GUI thread only.
 class CTaster : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
         Good,
         TooSlow,
         TooLarge,
-        Fails, // Whoever shows it ends.
+        Fails, // It crashes the program that shows it.
     };
     Q_ENUM(Result)
 
@@ -34,13 +34,13 @@ public:
 
     // Starts the helper, so that it is ready when a file comes.
     void warmUp();
-    // Emits tasted(), for a file that is known in its present state before this returns. Drops the
-    // file that is being tasted.
+    // Emits tasted(); if the file is known in its present state, before this call returns. Gives up
+    // the file that is being tested.
     void taste(const QString &strPath, const QSize &size);
-    // No more is heard of the file that is being tasted.
+    // Gives up the file that is being tested, without a signal.
     void cancel();
 
-    // What is known of the file in its present state.
+    // The remembered result for the file in its present state.
     Result known(const QString &strPath) const;
     // Remembers the result for this file.
     void setKnown(const QString &strPath, Result result);
@@ -64,6 +64,6 @@ private:
     QSize m_size;
     QTimer m_timerPatience;
     QTimer m_timerIdle;
-    int m_nTasted = 0; // By this helper.
+    int m_nTasted = 0; // How many files this helper has tested.
     QCache<QByteArray, Result> m_cacheResults;
 };

@@ -13,8 +13,8 @@ namespace {
 const QLatin1String g_strScheme("data");
 const QLatin1String g_strRefused("quillan-refused");
 
-// So many characters are read for each of the text, as addresses may lie within each other. Where
-// that does not do, the text was made for it.
+// At most so many characters are read for each character of the text, because addresses may contain
+// each other. A text that needs more was made to take long.
 constexpr int g_nReadings = 3;
 constexpr int g_nLeastReadings = 1000000;
 constexpr int g_nMaxDepth = 4;
@@ -22,7 +22,7 @@ constexpr int g_nUtf8 = 106; // Among the registered numbers of encodings.
 
 QString refuseAtDepth(const QString &strText, int nDepth);
 
-// One that may begin a scheme that is spelled in any way.
+// True for a character that may begin a scheme, however it is spelled.
 bool mayBegin(QChar c)
 {
     return c == QLatin1Char('d') || c == QLatin1Char('D') || c == QLatin1Char('&')
@@ -40,7 +40,7 @@ bool readScheme(CEscapedReader *pReader, int *pLeft)
     return true;
 }
 
-// All up to one of those signs, which is taken, too.
+// Reads up to one of these signs, and the sign as well.
 QString readUpTo(CEscapedReader *pReader, QLatin1String strEnds, int *pLeft)
 {
     QString strRead;
@@ -66,7 +66,7 @@ bool isHarmlessPayload(const QString &strHead, const QByteArray &data, int nDept
     return isHarmlessResource(data, bDrawing) && isHarmlessText(data, nDepth);
 }
 
-// What ends an address that begins there goes by how it is quoted.
+// The quotes around an address decide what ends it.
 QLatin1String endsOfAddress(const QString &strText, int nPos)
 {
     switch (nPos > 0 ? strText.at(nPos - 1).unicode() : 0) {
@@ -81,7 +81,7 @@ QLatin1String endsOfAddress(const QString &strText, int nPos)
     }
 }
 
-// The reader is behind the scheme.
+// The reader is after the scheme.
 bool isHarmlessAddress(CEscapedReader *pReader, QLatin1String strEnds, int nDepth, int *pLeft)
 {
     const QString strHead = readUpTo(pReader, QLatin1String(","), pLeft);
@@ -125,8 +125,8 @@ QString refuseHarmfulData(const QString &strText)
 
 QByteArray refuseHarmfulData(const QByteArray &bytes)
 {
-    // Encodings of whole units are only read as such behind a mark. All others hold the signs of
-    // an address as they are.
+    // UTF-16 and UTF-32 are only recognised by a byte-order mark. All other encodings contain the
+    // characters of an address as ASCII.
     const QTextCodec *pCodec = QTextCodec::codecForUtfText(bytes, nullptr);
     if (pCodec && pCodec->mibEnum() == g_nUtf8)
         pCodec = nullptr;

@@ -2,6 +2,7 @@
 
 #include "web/chtmltokenizer.h"
 #include "web/htmlreferences.h"
+#include "web/htmltoken.h"
 
 #include <QRegularExpression>
 
@@ -17,8 +18,8 @@ QString valueOf(const QString &strHtml, const SHtmlAttribute *pAttribute)
         : QString();
 }
 
-// Reads the value as browsers read addresses: without line ends, tabs and the blanks around, and
-// with the references that only newer browsers know.
+// Reads the value as browsers read addresses: without line ends, tabs and surrounding blanks, and
+// with character references that only newer browsers know.
 QString asAddress(QString strValue)
 {
     static const QRegularExpression s_regExpLeftOut(

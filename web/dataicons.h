@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// The text of a page, in which icons ("rel=icon") in data addresses have another scheme, which
-// leads nowhere: the page engine decodes and keeps them by itself, and ends over some. Icons in
-// files are read elsewhere. Pure.
+// The text of a page with icons ("rel=icon") in data addresses disabled by another scheme. The page
+// engine decodes and keeps such icons by itself, and some crash it. Icons in files are read
+// elsewhere. Pure.
 QString refuseDataIcons(const QString &strHtml, const QString &strScheme);

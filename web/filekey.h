@@ -3,6 +3,6 @@
 #include <QByteArray>
 #include <QString>
 
-// Names a file in the state in which it is now: another content, another key. Empty for what does
-// not exist.
+// A key for a file in its present state: it changes with the content. Empty if the file does not
+// exist.
 QByteArray fileKey(const QString &strPath);

@@ -17,7 +17,7 @@ int countFrames(const QWebFrame *pFrame)
     return nFrames;
 }
 
-// Another query is the same file.
+// An address that differs only in the query is the same file.
 bool isSameFile(const QUrl &a, const QUrl &b)
 {
     return a.isLocalFile() && a.matches(b, QUrl::RemoveFragment | QUrl::RemoveQuery);

@@ -23,7 +23,7 @@ QString resolveName(const QString &strName)
     if (it != mapKnown.cend())
         return *it;
     const QString strReference = QLatin1Char('&') + strName + QLatin1Char(';');
-    // The letters around keep the text's own blanks; a line end would come as a separator.
+    // The letters around the text keep its own blanks. A line end would become a separator.
     QString strText = QTextDocumentFragment::fromHtml(QStringLiteral("<pre>a") + strReference
                                                       + QStringLiteral("b</pre>"))
                           .toPlainText();
@@ -45,7 +45,8 @@ bool isOldName(const QString &strName, const QString &strResolved)
         || (strName != QLatin1String("apos") && nCode < 128 && nCode > 0);
 }
 
-// What browsers make of a number: those of the old Windows encoding are its characters.
+// The character that browsers show for a number; numbers of the old Windows encoding are its
+// characters.
 QString resolveNumber(uint nCode)
 {
     static const ushort arrWindows[] = {

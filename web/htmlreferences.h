@@ -5,11 +5,11 @@
 
 // Character references of HTML ("&amp;", "&#65;"). Pure functions; not reentrant, GUI thread only.
 
-// A text with its references resolved, and where each of its units came from.
+// A text with resolved references, and the origin of each of its units.
 struct SDecodedText
 {
     QString strText;
-    // For each unit of strText its position in the source, and at the end the position behind all.
+    // For each unit of strText its position in the source, and finally the position after the last.
     QVector<int> lstPositions;
 };
 
@@ -19,12 +19,13 @@ enum class EReferences {
     None,
 };
 
-// The range of a source as a browser reads it: line ends become line feeds, zero bytes go. A name
-// that is not known to HTML 4 stays as it is spelled.
+// Reads a range of a source as a browser does: line ends become line feeds, and zero bytes are
+// dropped. A name that HTML 4 does not know stays as it is.
 QString decodeReferences(const QString &strHtml, int nStart, int nEnd, EReferences references);
 SDecodedText decodeWithPositions(const QString &strHtml, int nStart, int nEnd,
                                  EReferences references);
 
-// Length of the reference that begins at the position (at a "&"), 0 for none; what it stands for.
+// Gives the length of the reference at the position (at a "&"), 0 for none, and the text it stands
+// for.
 int referenceAt(const QString &strHtml, int nPos, int nEnd, EReferences references,
                 QString *pResolved);

@@ -12,7 +12,7 @@ int skipWhile(const QString &strText, int nPos, int nEnd, Predicate predicate)
     return nPos;
 }
 
-// Reads from behind the name to the end of the value, if there is one.
+// Reads from the end of the name to the end of the value, if there is one.
 void readValue(const QString &strHtml, int nEnd, SHtmlAttribute *pAttribute)
 {
     const int nBehindName = pAttribute->nName + pAttribute->nNameLength;

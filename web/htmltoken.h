@@ -4,8 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
-// One piece of an HTML text. Positions count UTF-16 units from the start of the text; the pieces
-// follow each other without a gap, so that put together they are the text.
+// One piece of an HTML text. Positions count UTF-16 units from the start of the text. The pieces
+// have no gaps between them, so together they are the text.
 struct SHtmlToken
 {
     enum class Kind {
@@ -17,7 +17,7 @@ struct SHtmlToken
         EndTag,
         Comment, // Also a processing instruction, and whatever else browsers read as a comment.
         Doctype,
-        Dropped, // What a browser leaves out: a tag that the end of the text cuts off, "</>".
+        Dropped, // Text that a browser ignores: a tag that the end of the text cuts off, or "</>".
     };
 
     bool isTag() const { return kind == Kind::StartTag || kind == Kind::EndTag; }
@@ -49,7 +49,7 @@ struct SHtmlAttribute
 // The attributes of a start or end tag in order, including those that a browser ignores because
 // their name came before.
 QVector<SHtmlAttribute> htmlAttributes(const QString &strHtml, const SHtmlToken &tag);
-// Null when there is none of that name; of two, the first counts.
+// Null if there is none of that name. Of several the first counts.
 const SHtmlAttribute *findAttribute(const QVector<SHtmlAttribute> &lstAttributes,
                                     QLatin1String strName);
 

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// A text of many line ends, edited where all are one. Pure functions.
+// For a text with different line ends that was edited with a single kind. Pure functions.
 
-// The edited text with the line ends that its lines had in the original, where these lines are
-// still there; new lines end as strEdited has it.
+// Gives the lines that still exist in the edited text their original line ends; new lines keep
+// those of strEdited.
 QString withKeptLineEnds(const QString &strOriginal, const QString &strEdited);

@@ -4,12 +4,12 @@
 
 // Which files a page on this disk may show. Pure functions over the file system, no widgets.
 
-// The folder that holds all of a page's site: the page's own, or up to two above it, as styles and
-// images often lie beside the pages' folder. Never as far as a root, the home folder, a folder
-// above that, or the folder for temporary files, unless the page itself lies there. Canonical path;
-// empty when the page's folder does not exist.
+// The folder that holds all of a page's site: the page's own folder, or up to two above it, because
+// styles and images are often beside the pages' folder. Never as far as a root, the home folder, a
+// folder above that, or the folder for temporary files, unless the page itself lies there.
+// Canonical path; empty when the page's folder does not exist.
 QString siteFolder(const QString &strPage);
 
-// True for a regular file that lies in the page's site and is not hidden there. A page of foreign
-// origin can so neither show a file that the reader keeps elsewhere nor wait for a device.
+// True for a regular file that lies in the page's site and is not hidden there. So a foreign page
+// can neither show a file from another place nor wait for a device.
 bool mayReadLocal(const QString &strPage, const QString &strFile);

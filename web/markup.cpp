@@ -1,6 +1,7 @@
 #include "web/markup.h"
 
 #include "web/chtmltokenizer.h"
+#include "web/htmltoken.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,7 +16,7 @@ bool dropsFirstLineEnd(const QString &strName)
         || strName == QLatin1String("listing");
 }
 
-// Text in which a reader knows no entities, and which the web view escapes all the same.
+// Elements whose text has no entities for a reader, although the web view escapes it.
 bool isEscapedRawText(const QString &strName)
 {
     return strName == QLatin1String("iframe") || strName == QLatin1String("noembed")
@@ -40,7 +41,7 @@ QString mendElements(const QString &strHtml)
         return strHtml;
     QString strResult;
     int nCopied = 0;
-    QString strElement; // Whose start tag was the last token.
+    QString strElement; // The element whose start tag was the last token.
     CHtmlTokenizer tokenizer(strHtml);
     while (tokenizer.next()) {
         const SHtmlToken &token = tokenizer.token();

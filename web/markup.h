@@ -5,8 +5,8 @@
 
 // Small conversions between the web view's texts and ours. Pure functions, no widgets.
 
-// A browser's serialisation of a page, mended so that it reads back as the same page: the first
-// line end of preformatted text, carriage returns, text that has no entities (of frames, for
+// Mends a browser's serialisation of a page so that it reads back as the same page. It mends the
+// first line end of preformatted text, carriage returns, text that has no entities (of frames, for
 // example), and the XML declaration, which is kept as a comment (WHATWG HTML, 13.3 Serializing HTML
 // fragments).
 QString repairSerialised(const QString &strHtml);

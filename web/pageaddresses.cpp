@@ -1,6 +1,7 @@
 #include "web/pageaddresses.h"
 
 #include "web/chtmltokenizer.h"
+#include "web/htmltoken.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,14 +33,14 @@ bool holdsCandidates(const QString &strAttribute)
     return strAttribute == QLatin1String("srcset") || strAttribute == QLatin1String("imagesrcset");
 }
 
-// Addresses of these lead from the code base of their element, where it names one.
+// Addresses in these attributes start from the code base of their element, if it names one.
 bool leadsFromCodeBase(const QString &strAttribute)
 {
     return strAttribute == QLatin1String("data") || strAttribute == QLatin1String("archive")
         || strAttribute == QLatin1String("classid");
 }
 
-// "a/../b" is "b"; what climbs beyond the start stays.
+// Makes "a/../b" "b"; ".." beyond the start stays.
 QString withoutDetours(const QString &strPath)
 {
     QStringList lstSteps;
@@ -91,7 +92,7 @@ void CMove::moveAddress(int nStart, int nLength)
     m_nCopied = nStart + nLength;
 }
 
-// Up to the next comma that is not in parentheses.
+// Reads up to the next comma outside of parentheses.
 int CMove::behindDescriptors(int nStart, int nEnd) const
 {
     int n = nStart;
@@ -104,7 +105,7 @@ int CMove::behindDescriptors(int nStart, int nEnd) const
     return n;
 }
 
-// "a.png 1x, b.png 2x" (HTML, 4.8.4.2.2).
+// For lists such as "a.png 1x, b.png 2x" (HTML, 4.8.4.2.2).
 void CMove::moveCandidates(int nStart, int nEnd)
 {
     int n = nStart;
@@ -125,7 +126,7 @@ void CMove::moveCandidates(int nStart, int nEnd)
     }
 }
 
-// "3; url=a.html"
+// For values such as "3; url=a.html".
 void CMove::moveRefresh(int nStart, int nLength)
 {
     static const QRegularExpression regExp(
@@ -205,6 +206,7 @@ QString withMovedAddresses(const QString &strHtml, const QUrl &urlFrom, const QU
         strWay.chop(1);
     const QString strPrefix = QDir::isRelativePath(strWay)
         ? QString::fromLatin1(QUrl::toPercentEncoding(strWay, "/"))
-        : QUrl::fromLocalFile(strFrom).toString(QUrl::FullyEncoded); // Another drive.
+        // The file is on another drive.
+        : QUrl::fromLocalFile(strFrom).toString(QUrl::FullyEncoded);
     return CMove(strHtml, strPrefix + QLatin1Char('/')).run();
 }

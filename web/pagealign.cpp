@@ -92,8 +92,8 @@ void CSourceAlignment::alignStretch(SStretch serialised, SStretch source)
     betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairWords(a, b); });
 }
 
-// The first of several line ends is the source's own: browsers move those behind the page's end to
-// the end of its body.
+// Of several line ends the first belongs to the source at this place: browsers move those from
+// after the page's end to the end of its body.
 void CSourceAlignment::preferFirstBlanks(SStretch serialised)
 {
     for (int n = serialised.nStart; n < serialised.nEnd; ++n) {
@@ -107,7 +107,7 @@ void CSourceAlignment::preferFirstBlanks(SStretch serialised)
     }
 }
 
-// Calls pair for all that lies between two pairs and has something on either side.
+// Calls pair() for each stretch between two pairs that is empty on neither side.
 template<typename Pair>
 void CSourceAlignment::betweenPairs(SStretch serialised, SStretch source, Pair pair)
 {
@@ -124,7 +124,7 @@ void CSourceAlignment::betweenPairs(SStretch serialised, SStretch source, Pair p
     }
 }
 
-// Tags whose attributes a browser reads otherwise than we do.
+// Pairs tags whose attributes a browser reads differently than we do.
 void CSourceAlignment::pairLoosely(SStretch serialised, SStretch source)
 {
     quint64 nUnique = 0;
@@ -140,7 +140,7 @@ void CSourceAlignment::pairLoosely(SStretch serialised, SStretch source)
             m_lstResult[serialised.nStart + n] = source.nStart + lstPairs.at(n);
 }
 
-// Words that a browser reads otherwise than we do, where it is plain which is which.
+// Pairs words that a browser reads differently than we do, if their order leaves no doubt.
 void CSourceAlignment::pairWords(SStretch serialised, SStretch source)
 {
     const auto words = [](const PageTokens &lstTokens, SStretch stretch) {
@@ -165,7 +165,7 @@ void CSourceAlignment::pairWords(SStretch serialised, SStretch source)
 QVector<int> sourceOfPieces(const QString &strSource, const PageTokens &lstSource,
                             const QString &strSerialised, const PageTokens &lstSerialised)
 {
-    // The tags of which a page has one, wherever blanks around them went.
+    // Pairs the tags that a page has only once, wherever the blanks around them went.
     struct STag
     {
         SPageToken::Kind kind;

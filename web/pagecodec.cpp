@@ -8,7 +8,7 @@
 
 namespace {
 
-// How far the web view looks for a declaration at least; ours are found within twice as much.
+// The web view searches at least this far for a declaration; we search twice as far.
 constexpr int g_nHeadBytes = 8192;
 constexpr int g_nMaxDetectedBytes = 8 << 20;
 
@@ -29,7 +29,7 @@ QString markedCodecName(const QByteArray &page)
 QString codecNameForLabel(const QString &strLabel)
 {
     const QString strLower = strLabel.toLower();
-    // What declares itself in ASCII cannot be UTF-16.
+    // A page that declares itself in ASCII cannot be UTF-16.
     if (strLower.startsWith(QLatin1String("utf-16"))
         || strLower.startsWith(QLatin1String("utf-32")))
         return g_strUtf8;

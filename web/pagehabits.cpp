@@ -26,7 +26,7 @@ bool isUpper(const QString &strText, int nStart, int nLength)
     return strName.toString().toUpper() == strName && strName.toString().toLower() != strName;
 }
 
-// More of the one than of the other.
+// True if the first is more frequent than the second.
 class CVote
 {
 public:
@@ -148,7 +148,7 @@ void countReferences(const QString &strSource, const PageTokens &lstTokens, SPag
         if (nAll > mapRaw.value(it.key()) && !strBest.isEmpty())
             pHabits->mapReferences.insert(it.key(), strBest);
     }
-    // What stays a reference unless the source does otherwise.
+    // Characters that are written as references unless the source does otherwise.
     const auto fallBack = [pHabits](ushort nCode, const QString &strReference) {
         if (!pHabits->mapReferences.contains(nCode))
             pHabits->mapReferences.insert(nCode, strReference);

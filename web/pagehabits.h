@@ -19,11 +19,11 @@ struct SPageHabits
 
 SPageHabits pageHabits(const QString &strSource, const PageTokens &lstTokens);
 
-// A piece of a serialised page as the source would write it.
+// Spells a piece of a serialised page in the way of the source.
 QString writePiece(const QString &strHtml, const SPageToken &piece, const SPageHabits &habits);
-// A text whose references are resolved.
+// Spells a text whose references are resolved.
 QString writeText(const QString &strText, const SPageHabits &habits);
-// The source's start tag with the attributes changed as they changed from strOld's tag to strNew's.
+// Gives the source's start tag with the attributes that differ between the tags strOld and strNew.
 QString changeTag(const QString &strSource, const SPageToken &source, const QString &strOld,
                   const SPageToken &oldTag, const QString &strNew, const SPageToken &newTag,
                   const SPageHabits &habits);

@@ -2,13 +2,13 @@
 
 #include <QString>
 
-// What the source of a page holds that ends the page engine, or keeps it busy for many seconds
-// before the page is shown. What is only slow is none. Every limit was measured with the engine, at
-// about a second of work; pages of the world stay far below.
+// A hazard is something in the source of a page that crashes the page engine, or keeps it busy for
+// many seconds before the page is shown. A page that is only slow has none. Each limit was measured
+// with the engine, at about a second of work; real pages stay far below.
 enum class EPageHazard {
     None,
     Nesting, // Elements within elements.
-    FlexBoxes, // Each doubles the work of those within it.
+    FlexBoxes, // Elements that each double the work for those inside.
     Columns,
     Reflections,
     Attributes, // Of one element.
@@ -19,12 +19,14 @@ enum class EPageHazard {
     Spans, // Of table cells over rows.
 };
 
-// The first that is found. Linear in the text's length; reads nothing else, so what lies in other
-// files is not seen. bXml: the engine reads it as XML, whatever it looks like. Reentrant.
+// Gives the first hazard that is found. Takes linear time. Reads only this text, so it does not see
+// what is in other files. bXml: the engine reads the text as XML, whatever it looks like.
+// Reentrant.
 EPageHazard pageHazard(const QString &strHtml, bool bXml = false);
 
-// The same for what lies in a file of that name; nothing but markup has hazards.
+// The same for the content of a file of that name; only markup has hazards.
 EPageHazard pageHazardOfFile(const QString &strPath, const QString &strText);
 
-// Why such a page is not shown, for the user: fits behind "as". Empty for none.
+// The reason for the user why such a page is not shown; it follows the word "as". Empty for no
+// hazard.
 QString pageHazardReason(EPageHazard hazard);

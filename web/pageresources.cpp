@@ -21,7 +21,8 @@ bool isFont(const QByteArray &data)
                        [&](const QByteArray &start) { return data.startsWith(start); });
 }
 
-// Pictures that plug-ins know hold control characters in their first bytes, or begin so.
+// Pictures that plug-ins know have control characters in their first bytes, or begin with one of
+// these.
 bool isText(const QByteArray &data)
 {
     if (data.startsWith("\xff\xfe") || data.startsWith("\xfe\xff"))
@@ -34,7 +35,7 @@ bool isText(const QByteArray &data)
     });
 }
 
-// What Qt's SVG plug-in would take for a drawing, wherever it begins in the text.
+// Text that Qt's SVG plug-in would take for a drawing, wherever it begins.
 bool holdsDrawing(const QByteArray &data)
 {
     static const QRegularExpression regExp(

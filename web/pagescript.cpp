@@ -106,7 +106,7 @@ QString ensureCaret()
 
 namespace {
 
-// A function of a node and an offset in it.
+// The script of a function of a node and an offset in it.
 QString placeFunction()
 {
     return QStringLiteral(
@@ -178,7 +178,8 @@ QString selectedSpot()
 
 QString replaceWithin(const QString &strText)
 {
-    // The new text goes between the old characters, as text at the edge of a link would leave it.
+    // The new text is put between the old characters, because text at the edge of a link would end
+    // up outside of it.
     const QString strBody =
         QStringLiteral("var s = getSelection();"
                        "if (!s.rangeCount) return false;"

@@ -6,17 +6,18 @@
 
 class QUrl;
 
-// What a page is made from. A value; no widgets.
+// The source that a page is made from. A value; no widgets.
 struct SPageSource
 {
-    // A file in the encoding that the user chose; without one, as the page declares or as detected.
+    // A file in the encoding that the user chose. Without one, the declared or detected encoding
+    // counts.
     static SPageSource ofFile(const SFileContent &content, const QString &strCodec);
-    // A text that is a page, of no file.
+    // A page given as text, without a file.
     static SPageSource ofText() { return SPageSource(); }
 
-    // What the page engine shall get so that it reads the page in that encoding.
+    // The bytes for the page engine, which make it read the page in that encoding.
     SFileContent contentToShow() const;
-    // For the engine: what a page means that declares nothing, and what it loads.
+    // For the engine: the encoding of a page that declares none, and of the files that it loads.
     QString undeclaredCodecName() const;
 
     bool bFile = false; // Else the page came as a text or from the network.

@@ -2,6 +2,7 @@
 
 #include "web/chtmltokenizer.h"
 #include "web/htmlreferences.h"
+#include "web/htmltoken.h"
 
 #include <QSet>
 
@@ -27,13 +28,13 @@ quint64 hashLower(const QString &strHtml, int nStart, int nLength, quint64 nHash
     return nHash;
 }
 
-// What the kinds' hashes begin with.
+// The start values of the hashes of each kind.
 quint64 seed(SPageToken::Kind kind)
 {
     return (static_cast<quint64>(kind) + 1) * 0xD1B54A32D192ED03ULL;
 }
 
-// Reads the key, so that no text of the name is made.
+// Reads the key without making a text of the name.
 bool isVoidKey(quint64 nKey)
 {
     static const QSet<quint64> setKeys = [] {
@@ -164,7 +165,7 @@ void CPageTokens::addOther(const SHtmlToken &token)
     piece.nEnd = token.nEnd;
     piece.nLooseKey = piece.nKey = seed(piece.kind) + static_cast<quint64>(token.kind);
     if (token.kind != SHtmlToken::Kind::Doctype) {
-        // A comment "<!--a-->", its other spellings "<?a>" and "<!a>".
+        // The text of a comment "<!--a-->", or of its other spellings "<?a>" and "<!a>".
         int nStart = token.nStart + 1;
         int nEnd = token.nEnd - 1;
         if (m_strHtml.midRef(token.nStart, 4) == QLatin1String("<!--")) {

@@ -18,15 +18,15 @@ struct SPageToken
     };
     bool isSpace() const { return kind == Kind::Blank || kind == Kind::LineEnd; }
 
-    // Equal for pieces that mean the same, however they are spelled: letter case of names, quotes,
-    // order of attributes, character references, line ends.
+    // Equal for pieces that mean the same. The spelling does not count: letter case of names,
+    // quotes, order of attributes, character references, line ends.
     quint64 nKey = 0;
-    // Equal for pieces that can take each other's place: tags of one name, words.
+    // Equal for pieces of the same kind: tags of one name, words.
     quint64 nLooseKey = 0;
     int nStart = 0;
     int nEnd = 0;
     Kind kind = Kind::Word;
-    bool bReferences = false; // Of a word: it may hold character references.
+    bool bReferences = false; // For a word: it may hold character references.
     // What follows is about tags.
     bool bVoid = false;
     bool bSelfClosing = false;

@@ -2,10 +2,11 @@
 
 #include "web/chtmltokenizer.h"
 #include "web/dataaddresses.h"
+#include "web/htmltoken.h"
 
 namespace {
 
-// The tag without the attributes that would run something.
+// The tag without attributes that would run something.
 QString withoutHandlers(const QString &strHtml, const SHtmlToken &tag)
 {
     QString strTag;

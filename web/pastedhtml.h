@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// What is pasted or dropped from elsewhere, before the page engine gets it: data addresses that no
-// page may show lead nowhere (see dataaddresses.h); where that changes anything, scripts and event
-// handlers go, too, as the engine's own paste would leave them out. Pure.
+// Makes pasted or dropped markup safe before the page engine gets it. Harmful data addresses are
+// disabled (see dataaddresses.h). If that changes anything, scripts and event handlers are removed,
+// too, as the engine's own paste does. Pure.
 QString harmlessPaste(const QString &strHtml);

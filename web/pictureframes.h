@@ -3,10 +3,10 @@
 #include <QByteArray>
 #include <QSize>
 
-// How many pictures an animation holds, and how large they are: told by walking over its blocks.
-// One at least. Pure functions.
+// Counts the pictures of an animation and finds their size by walking over its blocks. There is at
+// least one. Pure functions.
 int countGifFrames(const QByteArray &data);
 int countWebpFrames(const QByteArray &data);
 
-// The whole's size, or that of a frame that is larger than the whole. Invalid when cut short.
+// The size of the whole, or of a frame that is larger. Invalid if the file is cut short.
 QSize largestGifFrame(const QByteArray &data);

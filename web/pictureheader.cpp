@@ -12,8 +12,8 @@ using Kind = SPictureHeader::Kind;
 constexpr qint64 g_nMaxPixels = 64LL * 1024 * 1024;
 constexpr qint64 g_nMaxDecodedBytes = 256LL * 1024 * 1024;
 
-// A progressive JPEG of a few kilobytes can ask for all its pixels to be gone over thousands of
-// times. Ordinary ones have about ten passes.
+// A progressive JPEG of a few kilobytes can make a decoder go over all pixels thousands of times.
+// Ordinary ones have about ten passes.
 constexpr qint64 g_nMaxPasses = 100;
 constexpr qint64 g_nMaxPixelPasses = 10 * g_nMaxPixels;
 
@@ -36,7 +36,7 @@ SPictureHeader named(Kind kind, const QSize &size = QSize())
     return header;
 }
 
-// A size that does not fit is none.
+// A size that does not fit counts as none.
 QSize checkedSize(quint32 nWidth, quint32 nHeight)
 {
     constexpr quint32 nMost = 0x7fffffff;
@@ -53,7 +53,7 @@ SPictureHeader png(const QByteArray &data)
     return header;
 }
 
-// The size stands behind blocks of any length, in the first that begins a frame.
+// The size follows blocks of any length; it is in the first one that begins a frame.
 SPictureHeader jpeg(const QByteArray &data)
 {
     SPictureHeader header = named(Kind::Jpeg);
@@ -101,7 +101,7 @@ SPictureHeader bmp(const QByteArray &data, int nPos)
     return header;
 }
 
-// The list in front may say anything; what counts are the pictures themselves.
+// The list at the beginning may be wrong, so the pictures themselves count.
 SPictureHeader ico(const QByteArray &data)
 {
     SPictureHeader header = named(Kind::Ico);
@@ -112,7 +112,7 @@ SPictureHeader ico(const QByteArray &data)
             return named(Kind::Ico);
         const QByteArray inner = data.mid(int(nPos), 64);
         SPictureHeader picture = inner.startsWith("\x89PNG") ? png(inner) : bmp(inner, 0);
-        if (picture.kind == Kind::Bmp) // The mask lies below it.
+        if (picture.kind == Kind::Bmp) // The mask follows below the picture.
             picture.size.rheight() = picture.size.height() / 2;
         if (!picture.size.isValid())
             return named(Kind::Ico);
@@ -166,7 +166,7 @@ SPictureHeader tiff(const QByteArray &data)
     return header;
 }
 
-// The first match's two numbers.
+// The two numbers of the first match.
 QSize sizeInText(const QByteArray &data, const QRegularExpression &regExp)
 {
     const QRegularExpressionMatch match =
@@ -197,7 +197,7 @@ SPictureHeader xbm(const QByteArray &data)
     return named(Kind::Xbm, sizeInText(data, regExp));
 }
 
-// As lenient as Qt's SVG plug-in, which accepts anything with one of these in its first bytes.
+// Is as lenient as Qt's SVG plug-in, which accepts anything with one of these in its first bytes.
 bool mayBeSvg(const QByteArray &data)
 {
     if (data.startsWith("\x1f\x8b"))

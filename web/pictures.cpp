@@ -14,7 +14,7 @@ namespace {
 
 using Kind = SPictureHeader::Kind;
 
-// A compressed SVG of more bytes than this is none that anybody drew.
+// Nobody draws a compressed SVG of more bytes than this.
 constexpr int g_nMaxSvgBytes = 64 * 1024 * 1024;
 
 constexpr qint64 g_nMaxIconBytes = 1024LL * 1024;
@@ -45,12 +45,12 @@ QImage decodeSvg(const QByteArray &svg)
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, "SVG");
     SPictureHeader header;
-    header.kind = Kind::Bmp; // What it becomes.
+    header.kind = Kind::Bmp; // Its size when decompressed.
     header.size = reader.size();
     return isReasonable(header, false) ? reader.read() : QImage();
 }
 
-// What icons of pages are.
+// The formats of icons of pages.
 QByteArray formatOf(const QByteArray &data)
 {
     switch (pictureHeader(data).kind) {

@@ -37,7 +37,7 @@ bool isShaped(QChar c)
         || isShapedScript(c.script());
 }
 
-// Gives the end of the line that begins there.
+// The end of the line that begins there.
 int endOfLine(const QString &strText, int nPos)
 {
     const auto isEnd = [](QChar c) {

@@ -59,7 +59,8 @@ QByteArray withoutLinkedImages(const QByteArray &svg)
 {
     QByteArray result;
     QXmlStreamReader reader(svg);
-    reader.setNamespaceProcessing(false); // As the plug-in has it: prefixes need no declaration.
+    // Reads like the plug-in, for which prefixes need no declaration.
+    reader.setNamespaceProcessing(false);
     QXmlStreamWriter writer(&result);
     int nStops = 0;
     while (!reader.atEnd()) {

@@ -6,10 +6,11 @@
 
 namespace {
 
-const int g_nSureRun = 12; // So many equal elements in a row mean that the place is found again.
+// After so many equal elements in a row both sides count as aligned again.
+const int g_nSureRun = 12;
 const int g_nMaxTable = 250 * 1000; // Cells of a full comparison.
 const int g_nMaxDifferences = 1000;
-const int g_nFirstCheck = 64; // Differences after which a good path is taken without a sure run.
+const int g_nFirstCheck = 64; // After so many differences a good path is taken without such a run.
 
 struct SPair
 {
@@ -57,7 +58,7 @@ void CAlignment::align(SPair start, SPair end, bool bAnchors)
     for (;;) {
         while (start.nA < end.nA && start.nB < end.nB && isEqual(start.nA, start.nB))
             m_lstResult[start.nA++] = start.nB++;
-        // The start goes first: of several equal elements, the first ones are partners.
+        // The start comes first, so that of several equal elements the first ones are partners.
         while (!bEndTried && end.nA > start.nA && end.nB > start.nB
                && isEqual(end.nA - 1, end.nB - 1))
             m_lstResult[--end.nA] = --end.nB;
@@ -80,7 +81,7 @@ void CAlignment::align(SPair start, SPair end, bool bAnchors)
     }
 }
 
-// The longest pairing by the full table.
+// Finds the longest pairing with the full table.
 void CAlignment::compareAll(SPair start, SPair end)
 {
     const int nA = end.nA - start.nA;

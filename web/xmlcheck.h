@@ -2,6 +2,6 @@
 
 #include <QString>
 
-// True for a text that an XML parser reads to its end. Entities that only a DTD declares, as XHTML
-// has them, count as declared. Reads nothing else; reentrant.
+// True for a text that an XML parser reads to its end. The entities of XHTML, which only a DTD
+// declares, count as declared. Reads nothing else; reentrant.
 bool isWellFormedXml(const QString &strText);

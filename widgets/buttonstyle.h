@@ -3,8 +3,8 @@
 class QString;
 class QWidget;
 
-// Gives a push or tool button one of the style sheets "green", "blue", "yellow", "step_blue",
-// "step_yellow". Another name changes nothing.
+// Sets one of these style sheets on a push or tool button: "green", "blue", "yellow", "step_blue",
+// "step_yellow". Any other name changes nothing.
 void setButtonStyle(QWidget *pWidget, const QString &strName);
 
 // Shows the widget and gives it the focus of the desktop; does nothing without bShow.

@@ -5,10 +5,11 @@
 
 namespace {
 
-// A desktop cuts a title that its window is too narrow for.
+// A desktop cuts a title that does not fit the width of its window.
 void makeRoomForTitle(QMessageBox *pBox)
 {
-    const int nFrame = 120; // An icon, the buttons, a larger and bold type.
+    // Room for an icon and the buttons of the title bar, and for a larger, bold font.
+    const int nFrame = 120;
     auto *pLayout = qobject_cast<QGridLayout *>(pBox->layout());
     const int nTitle = pBox->fontMetrics().horizontalAdvance(pBox->windowTitle());
     if (pLayout) {

@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-// What kinds of keys there are for one who types.
+// Sorts keys by what they mean for somebody who types.
 
 inline bool isEnter(const QKeyEvent *pEvent)
 {
@@ -21,7 +21,8 @@ inline bool isDeadKey(const QKeyEvent *pEvent)
 
 enum class ZoomKey { None, Larger, Smaller, Usual };
 
-// Control with plus, minus and 0, also without the Shift that plus takes, and on the keypad.
+// True for Control with plus, minus or 0: with or without the Shift that plus needs, and on the
+// keypad.
 inline ZoomKey zoomKey(const QKeyEvent *pEvent)
 {
     const Qt::KeyboardModifiers modifiers =

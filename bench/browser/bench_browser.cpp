@@ -1,8 +1,8 @@
-// bench_browser [FILES]: how long a folder of FILES files (50000) with names of a thousand kinds
-// takes to show in the whole window, and how long the event loop is held up meanwhile; then the
-// same while another 10000 files come, one listing later. Beside it the folder browser alone,
-// QFileSystemModel in a list of its own, and the time that the icons of all files take, asked of
-// the provider one by one.
+// bench_browser [FILES] shows a folder of FILES files (50000) with names of a thousand kinds in the
+// whole window. It measures how long that takes, and how long the event loop stalls meanwhile; then
+// the same while another 10000 files come, one listing later. For comparison it measures the folder
+// browser alone, QFileSystemModel in a list, and the time for the icons of all files, asked of the
+// provider one by one.
 #include "app/csettings.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cmenulistview.h"
@@ -35,7 +35,7 @@ struct SResult
     qint64 nLongestGap = 0;
 };
 
-// Runs the event loop with a timer on each of its turns until nothing happens any more.
+// Runs the event loop until nothing happens any more, with a timer in each turn.
 SResult measure(int nFiles, const std::function<void()> &choose, QAbstractItemView *pView,
                 const std::function<int()> &rows)
 {
@@ -75,7 +75,7 @@ SResult measurePanel(const QString &strFolder, int nFiles)
         [&] { return pView->model()->rowCount(); });
 }
 
-// What the window's folder browser shows, and then a storm of changes in the same folder.
+// Measures the window's folder browser, and then a storm of changes in the same folder.
 void measureWindow(const QString &strFolder, int nFiles, SResult *pShown, SResult *pStorm)
 {
     MainWindow window;
@@ -92,8 +92,8 @@ void measureWindow(const QString &strFolder, int nFiles, SResult *pShown, SResul
         return QStringLiteral("%1/Some new file %2").arg(strFolder).arg(n);
     };
     std::thread maker;
-    // Further names of one file: a file system may search long for the room of a new one where many
-    // have just been removed.
+    // The files are links to one file: after many removals a file system may search long for room
+    // for a new file.
     const auto make = [&] {
         QFile(newFile(0)).open(QIODevice::WriteOnly);
         std::error_code error;

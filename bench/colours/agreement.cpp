@@ -1,5 +1,6 @@
 #include "agreement.h"
 
+#include "bench/colours/classes.h"
 #include "comparison.h"
 #include "files.h"
 #include "lookedat.h"
@@ -20,7 +21,7 @@ QVariantMap withoutRegions(QVariantMap mapDefinition)
     return mapDefinition;
 }
 
-// The same files, compared in four ways.
+// Compares the same files in four ways.
 struct SRow
 {
     SComparison fixed; // the fixed rules alone, with the peer as it stands

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-// What is compared.
+// The options of the comparison.
 struct SOptions
 {
     QString strRoot;

@@ -1,10 +1,8 @@
-// How far the colours of real files agree with those of KSyntaxHighlighting: character by
-// character, is it comment or string? Prints a Markdown table with a row per language.
-//   bench_colours [--others] FOLDER [LANGUAGE]
-// With a language it names the runs of wrong lines and the peer's styles, too. --others takes other
-// files than those of the table.
-//   bench_colours --file FILE [NAME]
-// shows a file, with what differs marked
+// Measures how far the colours of real files agree with those of KSyntaxHighlighting: for each
+// character, whether it is in a comment or string. Prints a Markdown table with a row per language.
+// bench_colours [--others] FOLDER [LANGUAGE] With a language it names the runs of wrong lines and
+// the peer's styles, too. --others takes other files than those of the table. bench_colours --file
+// FILE [NAME] shows a file, with what differs marked
 #include "agreement.h"
 #include "highlight/chighlightmgt.h"
 #include "markedfile.h"

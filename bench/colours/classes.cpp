@@ -1,6 +1,7 @@
 #include "classes.h"
 
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 #include "peerstyles.h"
 
 #include <KSyntaxHighlighting/AbstractHighlighter>

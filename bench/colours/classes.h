@@ -4,7 +4,7 @@
 #include <QVariant>
 #include <vector>
 
-// For each character of each line: is it comment or string?
+// Tells for each character of each line whether it is in a comment or string.
 using CharacterClasses = std::vector<std::vector<bool>>;
 
 struct SPeersText

@@ -2,7 +2,7 @@
 
 #include "classes.h"
 
-// How two engines differ over the files of a language.
+// The differences of two engines over the files of a language.
 struct SComparison
 {
     qint64 nCharacters = 0;

@@ -7,7 +7,7 @@ namespace {
 constexpr qint64 g_nMinSize = 1500;
 constexpr qint64 g_nMaxSize = 120000;
 
-// Lines of thousands of characters come from a program and nobody reads them.
+// Lines of thousands of characters were made by a program, and nobody reads them.
 bool isReadable(const QString &strPath)
 {
     QFile file(strPath);
@@ -76,7 +76,7 @@ const QList<SFileKind> &fileKinds()
 
 namespace {
 
-// Leaves out as many as there are too many, evenly.
+// Leaves out those that are too many, evenly spread.
 QStringList spread(const QStringList &lstAll, int nCount)
 {
     QStringList lst;

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-// A language and where real files of it are.
+// A language and the place of real files in it.
 struct SFileKind
 {
     QString strName;
@@ -18,5 +18,5 @@ const QList<SFileKind> &fileKinds();
 // files that set 0 does not hold, and so on.
 QStringList filesOf(const SFileKind &kind, const QString &strRoot, int nCount, int nSet = 0);
 
-// Of a file in UTF-8, without their ends; none when it cannot be read.
+// The lines of a file in UTF-8, without line ends; none if it cannot be read.
 QStringList readLines(const QString &strPath);

@@ -4,7 +4,7 @@
 #include <QString>
 #include <optional>
 
-// Where the peer's definition of a language uses a style for its colour alone, or calls text code:
-// whether a character of that style is comment or string by the language's grammar. Nothing where
-// the style says it rightly. The table in the source file gives the reason of each.
+// Corrects styles of the peer: some of its definitions use a style only for its colour, or call
+// text code. Tells whether a character of that style is in a comment or string by the language's
+// grammar; nothing if the style is right. The table in the source file gives the reason of each.
 std::optional<bool> classByGrammar(const QString &strLanguage, const QString &strStyle, QChar ch);

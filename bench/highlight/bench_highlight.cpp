@@ -1,8 +1,8 @@
-// How fast lines are coloured, without thread, document or screen, beside other engines and beside
-// the literal reading of the rules. Prints a Markdown table.
-//   bench_highlight [--ours] [--folder FOLDER] [NAME...]
-// FOLDER holds the real files that bench_colours reads and adds a row for each of its languages.
-// With names only those rows; --ours leaves the other engines out, as a profiler wants it.
+// Measures how fast lines are coloured, without thread, document or screen, in comparison with
+// other engines and with the literal version of the rules. Prints a Markdown table. bench_highlight
+// [--ours] [--folder FOLDER] [NAME...] FOLDER holds the real files that bench_colours reads and
+// adds a row for each of its languages. With names only those rows; --ours leaves the other engines
+// out, as a profiler wants it.
 #include "colours/files.h"
 #include "corpus.h"
 #include "highlight/chighlightmgt.h"
@@ -17,7 +17,7 @@ namespace {
 
 constexpr qint64 g_nMega = 1000 * 1000;
 
-// The best of three, or of one when that took long.
+// The best of three times, or the only one if that took long.
 double best(const std::function<double()> &measure)
 {
     double fBest = measure();
@@ -112,7 +112,7 @@ QList<SCorpus> collectAll(const SOptions &options)
 void measure(const SCorpus &corpus, const QVariantMap &mapDefinition, bool bOnlyOurs,
              QTextStream *pOut)
 {
-    // One megabyte is enough of a slow thing.
+    // One megabyte is enough for a slow engine.
     const SCorpus head = bOnlyOurs ? SCorpus() : corpus.head(g_nMega);
     const auto peer = [&](const std::function<double()> &seconds) {
         return bOnlyOurs ? -1 : best(seconds);

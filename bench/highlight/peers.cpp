@@ -2,6 +2,8 @@
 
 #include "highlight/chighlightrules.h"
 #include "highlight/cliteralrules.h"
+#include "highlight/highlightline.h"
+#include "tests/highlight/cliteralrules.h"
 
 #ifdef HAVE_KSYNTAXHIGHLIGHTING
 #include <KSyntaxHighlighting/AbstractHighlighter>

@@ -1,5 +1,6 @@
-// How long the page editor lets its user wait. Prints a table; see docs/performance.md.
+// Measures how long the page editor lets its user wait. Prints a table; see docs/performance.md.
 #include "app/csettings.h"
+#include "editor/chighlightedit.h"
 #include "web/ceditwebview.h"
 
 #include <QApplication>
@@ -12,6 +13,7 @@
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebSettings>
+#include <QWebView>
 
 #include <algorithm>
 #include <functional>
@@ -67,7 +69,7 @@ double openToPainted(const QString &strPath)
     return milliseconds([&] { load(view, strPath); });
 }
 
-// The floor: the toolkit's own view, without anything of ours.
+// The lower bound: the toolkit's own view, without our code.
 double openToPaintedBare(const QString &strPath)
 {
     QWebView view;

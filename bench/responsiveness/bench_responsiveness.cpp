@@ -1,10 +1,12 @@
-// How an editor feels with a very long document, beside a bare QPlainTextEdit. One case per run:
-//   million-ours, million-bare   1,000,000 lines of C++; the bare one gets the same formats at once
+// Measures how responsive the editor is with a very long document, in comparison with a bare
+// QPlainTextEdit. One case per run: million-ours, million-bare   1,000,000 lines of C++; the bare
+// one gets the same formats at once
 //
 //   line-ours, line-bare         one line of JSON of 5 MB
 //
 // Prints "name<TAB>figure" lines.
 #include "app/csettings.h"
+#include "bench/highlight/corpus.h"
 #include "corpus.h"
 #include "editor/chighlightedit.h"
 #include "highlight/chighlightmgt.h"
@@ -12,11 +14,16 @@
 #include "highlight/clinestore.h"
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
+#include "highlight/highlightline.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextLayout>
 #include <QTextStream>
 #include <QTimer>
 #include <algorithm>
@@ -77,7 +84,7 @@ private:
 
 void runUntilIdle(const std::function<bool()> &isDone)
 {
-    // Nothing is waiting once a timer that is due has come round a few times.
+    // Nothing is pending once a due timer has fired a few times.
     for (int nQuiet = 0; nQuiet < 5;) {
         bool bCame = false;
         QTimer::singleShot(0, [&bCame] { bCame = true; });
@@ -258,8 +265,7 @@ void lineBare()
 int main(int nArguments, char *arrArguments[])
 {
     const QApplication application(nArguments, arrArguments);
-    // A blinking cursor has the line laid out again and again, by the clock and not by what is
-    // measured.
+    // A blinking cursor would lay out the line again and again, independently of the measured work.
     QApplication::setCursorFlashTime(0);
     CSettings settings(QStringLiteral("Quillan"), QStringLiteral("bench"));
     g_pSettings = &settings;

@@ -1,5 +1,5 @@
-// Find of a rare word and Replace All of a common one in the editor, beside the same on a bare
-// QTextDocument: QTextDocument::find() in a loop, each match replaced at its cursor.
+// Measures Find for a rare word and Replace All for a common one in the editor, in comparison with
+// a bare QTextDocument: QTextDocument::find() in a loop, each match replaced at its cursor.
 //
 // Times are processor time of the GUI thread.
 //
@@ -25,7 +25,7 @@ namespace {
 
 const QString g_strRare = QStringLiteral("unobtainium");
 const int g_nRounds = 3;
-const int g_nMaxLetterMegabytes = 10; // The bare document takes minutes beyond.
+const int g_nMaxLetterMegabytes = 10; // The bare document takes minutes for more.
 
 // C++ with the common word once or twice in every third line, the rare one in the last.
 QString sourceText(int nMegabytes)

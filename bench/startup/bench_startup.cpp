@@ -1,6 +1,6 @@
 // Time and peak memory from start to window, and for opening C++ text, of this editor beside a bare
-// QPlainTextEdit. The programs take turns, so that a busy machine is unfair to neither; the best of
-// all rounds counts, which other programs disturbed least. Needs a display with a window manager:
+// QPlainTextEdit. The programs take turns, so that a busy machine slows both. The best of all
+// rounds counts, which other programs disturbed least. Needs a display with a window manager:
 //
 //     scripts/private-run.sh --display build/bench/bench/startup/bench_startup [ROUNDS]
 
@@ -61,7 +61,7 @@ SSample startEmpty(const QString &strProgram)
     while (watcher.waitForReadyRead(20000) && !watcher.readAll().contains("0x")) { }
     sample.nMicroseconds = timer.nsecsElapsed() / 1000;
     sample.nPeak = peakMemory(program.processId());
-    program.waitForFinished(700); // Nothing ends it; what it does at rest goes on.
+    program.waitForFinished(700); // It is not ended here, because its work at rest is measured.
     sample.nPeakAtRest = peakMemory(program.processId());
     program.terminate();
     program.waitForFinished();

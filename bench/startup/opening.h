@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <ctime>
 
-// What both programs do alike: with no argument show an empty window and stay; with a file, open it
-// in the window shown and tell how long it took until the text was on the screen.
+// Shared by both programs. Without an argument they show an empty window and stay. With a file they
+// open it in the shown window and print how long it took until the text was on the screen.
 
 // Peak of this process so far, in KiB.
 inline int peakMemory()

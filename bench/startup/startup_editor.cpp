@@ -1,11 +1,14 @@
 #include "app/csettings.h"
 #include "editor/chighlightedit.h"
+#include "editor/longlines.h"
 #include "editor/textreading.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/cthreadhighlighter.h"
 
 #include "opening.h"
 
+#include <QApplication>
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QFileInfo>
 

@@ -26,9 +26,9 @@
 #define BENCH_COUNTED(szName) (void)(szName)
 #endif
 
-// What keys cost, by processor time of the whole process, which other programs do not add to. Under
-// "valgrind --tool=callgrind --instr-atstart=no" each kind of key leaves a profile of its own,
-// named in it as its trigger.
+// Measures the cost of keys in processor time of the whole process, to which other programs do not
+// add. Under "valgrind --tool=callgrind --instr-atstart=no" each kind of key leaves a profile of
+// its own, named in it as its trigger.
 
 namespace Typing {
 
@@ -54,7 +54,7 @@ inline void runFor(int nMs)
     loop.exec();
 }
 
-// Nothing is waiting once a timer that is due has come round a few times.
+// Nothing is pending once a due timer has fired a few times.
 inline void runUntilIdle()
 {
     for (int n = 0; n < 5; ++n) {
@@ -77,7 +77,7 @@ protected:
     {
         if (pEvent->type() != QEvent::Paint)
             return false;
-        // Painted when the widget itself has handled it.
+        // The paint event counts when the widget itself has handled it.
         pObject->removeEventFilter(this);
         QCoreApplication::sendEvent(pObject, pEvent);
         pObject->installEventFilter(this);
@@ -157,7 +157,8 @@ inline void measureTyping(QPlainTextEdit *pEdit, int nKeys)
     report("key to repaint by the clock", median(costs.lstPaintedClock));
 }
 
-// From the start, so that it stands in the last line of the view and steps down scroll.
+// Begins at the start, so that the cursor is in the last line of the view and further steps down
+// scroll.
 inline void goToMiddle(QPlainTextEdit *pEdit)
 {
     press(pEdit, Qt::Key_Home, Qt::ControlModifier, QString());

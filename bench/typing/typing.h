@@ -2,12 +2,15 @@
 
 #include "operations.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QPlainTextEdit>
 
 #include <functional>
 
-// What both programs do alike: show a file in a window, type at its end and elsewhere, rest, close
-// it, and tell in "name<TAB>figure" lines what that took. Arguments: the file, the number of keys,
+// Shared by both programs: they show a file in a window, type at its end and elsewhere, rest, close
+// it, and print the cost in "name<TAB>figure" lines. Arguments: the file, the number of keys,
 // "keys" to measure nothing but the keys.
 
 namespace Typing {
@@ -29,7 +32,7 @@ inline double memory(const char *szName)
     return -1;
 }
 
-// Until hardly anything is done any more: more than a blinking cursor takes.
+// Waits until the program does hardly more than blink its cursor.
 inline void runUntilRest()
 {
     QElapsedTimer timer;

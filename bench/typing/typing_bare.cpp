@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QMainWindow>
+#include <QPlainTextEdit>
 
 // A bare QPlainTextEdit in a window, with the font of the editor.
 int main(int nArgc, char **ppArgv)

@@ -5,6 +5,9 @@
 
 #include "typing.h"
 
+#include <QApplication>
+#include <QPlainTextEdit>
+
 // The whole window.
 int main(int nArgc, char **ppArgv)
 {
@@ -19,7 +22,8 @@ int main(int nArgc, char **ppArgv)
         return window.currentDocument().editor();
     };
     const auto close = [&window] {
-        window.currentDocument().editor()->setModified(false); // Nobody answers questions here.
+        // There is nobody to answer questions.
+        window.currentDocument().editor()->setModified(false);
         QMetaObject::invokeMethod(&window, "onTabCloseRequested", Q_ARG(int, 0));
     };
     return Typing::run(open, close);

@@ -14,7 +14,7 @@ struct SCatalogueText
     QString strState; // "" when finished, else "unfinished", "vanished" or "obsolete".
     QStringList lstTranslations;
 
-    // What tells one text from another.
+    // The key of a text.
     QString key() const
     {
         return strContext + QLatin1Char('|') + strSource + QLatin1Char('|') + strComment;

@@ -14,7 +14,7 @@ struct SEncodingText
     QString strProse;
     QString strRemark;
 
-    // A source file whose only foreign letters are those of the remark.
+    // A source file whose only foreign letters are in the remark.
     QString source() const
     {
         return QStringLiteral("#include <stdio.h>\n\n// ") + strRemark

@@ -1,7 +1,7 @@
-// How well the encoding of word lists is found: not a test, but what docs/encodings.md reports.
-//   measureencodings LIST ENCODING…
-// From the list (UTF-8, a word each line, "/" and more behind it left out), six words with foreign
-// letters at a time are written in each encoding and detected.
+// Measures how well the encoding of word lists is found. It is no test; docs/encodings.md reports
+// the results. measureencodings LIST ENCODING… The list is UTF-8 with a word on each line; "/" and
+// the text after it are left out. Six words with foreign letters at a time are written in each
+// encoding and detected.
 
 #include "app/textcodecs.h"
 

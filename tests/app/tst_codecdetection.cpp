@@ -2,7 +2,6 @@
 // tst_encodings.
 
 #include "app/codecdetection.h"
-#include "app/codecranking.h"
 #include "app/languageletters.h"
 #include "app/textcodecs.h"
 
@@ -90,7 +89,7 @@ void tst_codecdetection::languageOfTheLocale_decidesBetweenEquals()
     QCOMPARE(detectLegacyCodec(data, QStringLiteral("zh_cn")).strName, QStringLiteral("GB18030"));
     QCOMPARE(detectLegacyCodec(data, QStringLiteral("ko_kr")).strName,
              QStringLiteral("windows-949"));
-    // It does not decide against what the text shows.
+    // The locale does not decide against the evidence of the text.
     const QByteArray german = encoded("windows-1252", QString::fromUtf8("Größe, Fläche, Länge"));
     for (const char *szLocale : {"zh_cn", "ja_jp", "ru_ru", "pl_pl", "el_gr"})
         QCOMPARE(detectLegacyCodec(german, szLocale).strName, QStringLiteral("windows-1252"));
@@ -153,7 +152,7 @@ void tst_codecdetection::foreignLine_countsWhereverItStands()
     }
 }
 
-// Much of the text is the same in both; what is not comes last.
+// Most of the text is the same in both encodings; the difference comes last.
 void tst_codecdetection::lateByte_tellsSimilarEncodingsApart()
 {
     const QString strSame = QString::fromUtf8("mála káva nová číslo éra\n").repeated(500);

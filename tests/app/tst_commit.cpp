@@ -1,8 +1,9 @@
-// The one moment in which a file becomes another: every call that can fail does, and the file is
-// the old one or the new one whole, and what the writer says is true.
+// The moment in which a new file replaces the old one. Every call that can fail does; the file must
+// then be completely old or completely new, and the writer's answer must be true.
 
 #include "app/cinplacejournal.h"
 #include "app/filereader.h"
+#include "app/filestate.h"
 #include "app/filewriter.h"
 #include "support/faults.h"
 #include "support/files.h"
@@ -87,12 +88,12 @@ private slots:
         QVERIFY(isFileUnchanged(path("file"), &state));
     }
 
-    // What is new is there, but a power cut may take it away.
+    // The new file is there, but a power cut may undo that.
     void folderThatDoesNotSync_isAFailure()
     {
         QString strError;
         SFileState state;
-        // The temporary file goes well, the folder behind it does not.
+        // Syncing the temporary file succeeds, syncing the folder fails.
         const Faults::CFault fault(Call::Sync, nameOf(m_pFolder->path()), 1);
         QVERIFY(!writeFile(path("file"), g_new, &strError, &state));
         QCOMPARE(fault.hits(), 1);
@@ -118,7 +119,7 @@ private slots:
         QString strError;
         SFileState state;
         {
-            // Once: the disk takes what is put back.
+            // Fails once only, so the disk takes the bytes that are put back.
             const Faults::CFault fault(call, nameOf(path("file")), nBehind, EIO, 1);
             QVERIFY(!writeFile(path("file"), g_new, &strError, &state));
             QCOMPARE(fault.hits(), 1);
@@ -151,7 +152,7 @@ private slots:
         QVERIFY(CInPlaceJournal::cutOff().isEmpty());
     }
 
-    // Nothing of ours takes room where the recovery area cannot.
+    // If the recovery folder has no room, nothing of ours takes room elsewhere.
     void journalThatCannotBeWritten_isMadeUpForInMemory()
     {
         QCOMPARE(link(nameOf(path("file")).constData(), nameOf(path("second")).constData()), 0);
@@ -184,7 +185,7 @@ private slots:
         QVERIFY(isFileUnchanged(path("file"), &state));
     }
 
-    // Of the same length, in the same tick of the clock.
+    // The new text has the same length and the same tick of the clock.
     void foreignWriteRightBehind_isSeen_data() { stateThatIsGivenBack_isThatOfTheFile_data(); }
     void foreignWriteRightBehind_isSeen()
     {
@@ -225,7 +226,7 @@ private slots:
             // In place, the file is touched as soon as the note about its copy is there.
             while (bInPlace && writer.state() == QProcess::Running && !hasNote())
                 writer.waitForFinished(0);
-            // Each time at another moment of the writing.
+            // Each time it stops at another moment of the writing.
             QThread::usleep(ulong(n) * (bInPlace ? 40 : 400));
             writer.kill();
             QVERIFY(writer.state() == QProcess::NotRunning || writer.waitForFinished());
@@ -272,7 +273,7 @@ int main(int nArgc, char **ppArgv)
 {
     QCoreApplication app(nArgc, ppArgv);
     const QStringList lstArguments = QCoreApplication::arguments();
-    // What is killed.
+    // The process that is killed.
     if (lstArguments.value(1) == QLatin1String("--write")) {
         CInPlaceJournal::setFolder(lstArguments.value(3));
         const QByteArray next(5 << 20, 'n');

@@ -1,4 +1,4 @@
-// What the documents promise is there: links, commands, keys, settings.
+// Checks that links, commands, keys and settings in the documents exist.
 
 #include <QDir>
 #include <QDomDocument>
@@ -71,7 +71,7 @@ QSet<QString> formKeys()
     return keys;
 }
 
-// Keys that no shortcut stands for, and where the code knows them.
+// Keys without a shortcut, and the place in the code that handles them.
 const QHash<QString, QPair<QString, QString>> &handledKeys()
 {
     static const QHash<QString, QPair<QString, QString>> s_keys = {
@@ -145,7 +145,7 @@ void tst_documents_truth::everyNamedScript_isThereAndRuns()
         for (const QString &strScript : lstScripts) {
             ++nScripts;
             const QFileInfo info(source(strScript));
-            // packages.sh is a list that others read.
+            // packages.sh is only a list that other scripts read.
             const bool bRuns = info.isExecutable() || info.fileName() == "packages.sh";
             QVERIFY2(info.isFile() && bRuns, qPrintable(strDocument + ": " + strScript));
         }
@@ -176,7 +176,7 @@ void tst_documents_truth::everyNamedPreset_exists()
     QVERIFY(nPresets >= 6);
 }
 
-// What built this test is installed; nothing may be said or fetched.
+// The packages that built this test are installed, so nothing may be printed or fetched.
 void tst_documents_truth::setup_isSilentWhenNothingIsMissing()
 {
     const QTemporaryDir folder;

@@ -144,7 +144,7 @@ private slots:
         QCOMPARE(lst.size(), 1);
         QCOMPARE(lst.at(0).strText, left.strText);
         QVERIFY(next.takeAbandoned().isEmpty());
-        // Neither answered nor removed: the program after that finds it again.
+        // It was neither answered nor removed, so the next program finds it again.
         QCOMPARE(
             QDir(folder.filePath("recovery")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(),
             1);
@@ -188,7 +188,7 @@ private slots:
         QVERIFY(!(QFileInfo(folder.filePath("recovery")).permissions() & others));
     }
 
-    // As a container leaves it, where process numbers and host names come again.
+    // In a container process numbers and host names repeat.
     void lockFileOfAnybody_hidesNoDraft_data()
     {
         QTest::addColumn<QByteArray>("lock");
@@ -246,7 +246,7 @@ private slots:
             QVERIFY(bRemoved);
             QString strError;
             QVERIFY2(store.write(text, &strError), qPrintable(strError));
-            QCOMPARE(store.generation(), 2); // Whoever had drafts there writes them again.
+            QCOMPARE(store.generation(), 2); // A program that had drafts there writes them again.
             QVERIFY(CDraftStore(folder.filePath("recovery")).takeAbandoned().isEmpty());
         }
         QCOMPARE(CDraftStore(folder.filePath("recovery")).takeAbandoned().size(), 1);

@@ -1,5 +1,5 @@
-// How texts in the encodings of many languages are opened, row by row, and whether the manual says
-// so.
+// How texts in the encodings of many languages are opened, row by row, and whether the manual tells
+// the same.
 
 #include "app/codecdetection.h"
 #include "app/textcodecs.h"

@@ -1,4 +1,4 @@
-// What is told to Qt through the environment reaches no program that is started later.
+// Variables that are set for Qt reach no program that is started later.
 
 #include "app/platform.h"
 

@@ -1,5 +1,4 @@
-// Writers on a disk that fails: whatever they say is true, and what was there before is there
-// still.
+// Writers on a failing disk: their answers must be true, and the old file must stay.
 
 #include "support/cfailingdevice.h"
 
@@ -18,8 +17,8 @@
 
 namespace {
 
-// No file of this process grows beyond so many bytes while the object lives: what a full disk or a
-// quota does, at any byte wanted.
+// While the object lives, no file of this process grows beyond so many bytes. It simulates a full
+// disk or a quota at any byte.
 class CFileSizeLimit
 {
 public:

@@ -1,4 +1,4 @@
-// What hangs on a file beside its bytes is there behind a save, and nothing more.
+// A save keeps all that belongs to a file besides its bytes, and adds nothing.
 
 #include "app/filewriter.h"
 #include "support/files.h"
@@ -46,7 +46,7 @@ QByteArray attribute(const QString &strPath, const char *szName)
     return nSize < 0 ? QByteArray() : QByteArray(arrValue, int(nSize));
 }
 
-// An access list that lets a user read and write beside owner and group, as the kernel has it:
+// An access list that lets one more user read and write, in the kernel's format:
 // linux/posix_acl_xattr.h.
 QByteArray accessList(quint32 nUser)
 {
@@ -101,7 +101,7 @@ void tst_fileattributes::attributes_areKept()
     QCOMPARE(setxattr(name.constData(), "user.quillan.empty", "", 0, 0), 0);
     const ino_t nInode = statOf(path("file")).st_ino;
     QVERIFY(writeFile(path("file"), "new"));
-    QVERIFY(statOf(path("file")).st_ino != nInode); // Replaced all the same.
+    QVERIFY(statOf(path("file")).st_ino != nInode); // The file is replaced all the same.
     QCOMPARE(attribute(path("file"), "user.quillan.test"), QByteArray("va\0lue", 6));
     QCOMPARE(attribute(path("file"), "user.quillan.empty"), QByteArray(""));
 }
@@ -117,7 +117,7 @@ void tst_fileattributes::accessList_isKeptAndNoneIsAdded()
                  list.constData(), size_t(list.size()), 0)
         != 0)
         QSKIP("The file system has no access lists.");
-    // What is made in the folder from now on lets the other user in.
+    // New files in the folder let the other user in from now on.
     QCOMPARE(setxattr(folder.constData(), "system.posix_acl_default", list.constData(),
                       size_t(list.size()), 0),
              0);
@@ -126,7 +126,7 @@ void tst_fileattributes::accessList_isKeptAndNoneIsAdded()
     QCOMPARE(attribute(path("plain"), "system.posix_acl_access"), QByteArray());
     QCOMPARE(modeOf(path("plain")), 0640);
     QCOMPARE(attribute(path("listed"), "system.posix_acl_access"), list);
-    // A new file is as the folder wants it.
+    // A new file has the access list that the folder gives.
     QVERIFY(writeFile(path("new"), "new"));
     QVERIFY(!attribute(path("new"), "system.posix_acl_access").isEmpty());
 }

@@ -20,7 +20,7 @@
 
 namespace {
 
-// As the system sees it, without Qt.
+// Asks the system without Qt.
 bool putBytes(const QByteArray &path, const QByteArray &data)
 {
     const int nHandle = open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
@@ -78,7 +78,7 @@ private slots:
                 c = char(random.bounded(2) ? 0x80 + random.bounded(128) : 1 + random.bounded(255));
             const QString strName = QFile::decodeName(bytes);
             QCOMPARE(QFile::encodeName(strName), bytes);
-            // What UTF-8 can hold reads as it does everywhere.
+            // Names in UTF-8 read as usual.
             if (QString::fromUtf8(bytes).toUtf8() == bytes
                 && !QString::fromUtf8(bytes).contains(QChar(QChar::ReplacementCharacter))
                 && !bytes.startsWith("\xEF\xBB\xBF"))
@@ -98,7 +98,7 @@ private slots:
         QFETCH(QByteArray, name);
         QTemporaryDir folder;
         const QByteArray path = QFile::encodeName(folder.path()) + '/' + name;
-        // A neighbour whose name is what is left when bytes are lost.
+        // The neighbour has the name that remains when bytes are lost.
         const QByteArray neighbour = QFile::encodeName(folder.path()) + '/'
             + QString::fromUtf8(name).toUtf8()
             + (QString::fromUtf8(name).toUtf8() == name ? "x" : "");

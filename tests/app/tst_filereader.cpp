@@ -321,7 +321,7 @@ private slots:
         QVERIFY(content.bytes.isEmpty());
     }
 
-    // As many bytes, and within the tick in which the file was written: no time tells.
+    // The same number of bytes within the same tick of the clock, so no time tells the change.
     void changeRightBehindTheReading_isSeen()
     {
         for (int n = 0; n < 100; ++n) {
@@ -355,7 +355,7 @@ private slots:
         QVERIFY(isFileUnchanged(path("missing"), &missing));
     }
 
-    // Of an old file no hash is made.
+    // No hash is made of an old file.
     void oldFile_isKnownByItsTimes()
     {
         const SFileContent content =
@@ -379,7 +379,7 @@ private slots:
         QVERIFY(fileStateOf(path("file")) == state);
     }
 
-    // As "touch -r" does it.
+    // Sets the old times again, as "touch -r" does.
     void changeWithTheOldTime_isSeen()
     {
         put(path("file"), "before");

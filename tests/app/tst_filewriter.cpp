@@ -32,7 +32,7 @@ bool setMode(const QString &strPath, int nMode)
     return chmod(QFile::encodeName(strPath).constData(), mode_t(nMode)) == 0;
 }
 
-// Runs this program's "write" command (see main()) behind the words of another one.
+// Runs this program's "write" command (see main()) by another program, given as a list of words.
 int runWriter(const QStringList &lstPrefix, const QString &strPath, int nSize)
 {
     QStringList lstWords = lstPrefix;
@@ -41,7 +41,7 @@ int runWriter(const QStringList &lstPrefix, const QString &strPath, int nSize)
     return QProcess::execute(lstWords.takeFirst(), lstWords);
 }
 
-// Makes us no more than a user: root may write to everything.
+// Makes this process an ordinary user, because root may write to everything.
 QStringList asOrdinaryUser()
 {
     if (geteuid() != 0)
@@ -62,8 +62,8 @@ bool hasPrivateMounts()
     return geteuid() == 0 && QProcess::execute("unshare", {"--mount", "true"}) == 0;
 }
 
-// Arguments: mount point, place for a copy, this program, 1 for a hard link. The mount is seen by
-// the script alone, so the script compares.
+// Arguments: mount point, place for a copy, this program, 1 for a hard link. Only the script sees
+// the mount, so the script compares.
 const char g_szFullDisk[] = R"SH(set -e
 mount -t tmpfs -o size=64k tmpfs "$1"
 cd "$1"
@@ -249,7 +249,7 @@ void tst_filewriter::existingFile_isReplaced()
     put(path("file"), old);
     QVERIFY(writeFile(path("file"), data));
     QCOMPARE(contents(path("file")), data);
-    // The same in place.
+    // The same for writing in place.
     put(path("linked"), old);
     QVERIFY(QFile::exists(path("linked")));
     QCOMPARE(link(QFile::encodeName(path("linked")).constData(),
@@ -532,7 +532,7 @@ int main(int nArgc, char **ppArgv)
 {
     QCoreApplication app(nArgc, ppArgv);
     const QStringList lstArguments = QCoreApplication::arguments();
-    // What another user or another mount table must run.
+    // The command that another user or another mount table must run.
     if (lstArguments.value(1) == QLatin1String("--write")) {
         const QByteArray data(lstArguments.value(3).toInt(), 'n');
         QString strError;

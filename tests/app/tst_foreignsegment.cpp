@@ -1,4 +1,5 @@
-// The mailbox's segment, made by somebody else: too small, full of nonsense, or closed to us.
+// The mailbox's segment was made by somebody else: it is too small, full of nonsense, or closed to
+// us.
 
 #include "app/csingleapp.h"
 #include "app/mailbox.h"
@@ -103,7 +104,7 @@ class tst_foreignsegment : public QObject
     }
 
 private slots:
-    // One of the cases ends without detaching, as a program does when the lock never comes.
+    // One of the cases ends without detaching, like a program that never gets the lock.
     void cleanup()
     {
         const QByteArray name = QFile::encodeName(QSharedMemory(g_strKey).nativeKey());
@@ -167,7 +168,7 @@ private slots:
     void lockThatOthersMayUse_isLeftAlone()
     {
         QFETCH(int, nMode);
-        const CForeignLock foreign(nMode, 0); // Who waits for it waits for ever.
+        const CForeignLock foreign(nMode, 0); // Waiting for it would last for ever.
         QVERIFY(foreign.isReady());
         QTest::ignoreMessage(QtDebugMsg, "Unable to create single instance.");
         const CSingleApp app(nullptr, g_strKey);
@@ -176,7 +177,7 @@ private slots:
         QCOMPARE(foreign.value(), 0);
     }
 
-    // As by a process of our own that was stopped.
+    // Like a stopped process of this user.
     void lockThatNobodyGivesBack_isNotWaitedForAtStart()
     {
         const CForeignLock taken(0600, 0);
@@ -206,10 +207,10 @@ private slots:
         lock.setValue(1);
         app.onCheckForMessage();
         QCOMPARE(spy.size(), 1);
-        lock.setValue(0); // Neither does the end wait.
+        lock.setValue(0); // The end does not wait either.
     }
 
-    // A message is given once, also where the mailbox cannot be emptied behind it.
+    // A message arrives once, even if the mailbox cannot be emptied afterwards.
     void lockTakenDuringTheEmission_givesNoMessageTwice()
     {
         CForeignLock lock(0600, 1);
@@ -243,7 +244,8 @@ private slots:
         QCOMPARE(foreign.value(), 0);
     }
 
-    // Of another user who lets nobody in: we start by ourselves and say nothing to anybody.
+    // The segment belongs to another user and is closed: the program starts by itself and sends
+    // nothing.
     void segmentOfAnotherUser_isLeftAlone()
     {
         if (geteuid() != 0)
@@ -259,7 +261,7 @@ private slots:
 int main(int nArgc, char **ppArgv)
 {
     QCoreApplication app(nArgc, ppArgv);
-    // What another user runs: an instance that finds the closed segment.
+    // Another user runs this: an instance that finds the closed segment.
     if (QCoreApplication::arguments().value(1) == QLatin1String("--as-another")) {
         CSingleApp single(nullptr, g_strKey);
         single.onCheckForMessage();

@@ -1,5 +1,5 @@
-// A program that is killed while it saves: the file is the old one or the new one, or a copy of the
-// old bytes is there to offer. QUILLAN_KILLS says how often, for each way of writing.
+// Kills a program while it saves: the file must be the old one or the new one, or a copy of the old
+// bytes must be offered. QUILLAN_KILLS sets how often, for each way of writing.
 
 #include "app/cinplacejournal.h"
 #include "app/filewriter.h"

@@ -24,7 +24,7 @@ private slots:
 void tst_langmgt::tableOfARun_staysEmpty()
 {
     CLangMgt langMgt(nullptr);
-    QVERIFY(awaitTimers(0)); // It reads in the first turn of the event loop.
+    QVERIFY(awaitTimers(0)); // The table is read in the first turn of the event loop.
     langMgt.init();
     QVERIFY(langMgt.table().isEmpty());
     QVERIFY(!QFile::exists(QStringLiteral(":/lang.txt")));

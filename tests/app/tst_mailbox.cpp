@@ -84,7 +84,7 @@ void tst_mailbox::endInTheLastTwoBytes_isFound()
     m_memory[65534] = m_memory[65535] = '\0';
     QVERIFY(append(QStringLiteral("y"))); // One byte is left.
     QCOMPARE(m_memory.right(3), QByteArray("x\0y", 3));
-    // And no more: the end is gone.
+    // The end of the queue is gone.
     QVERIFY(append(QStringLiteral("z")));
     QCOMPARE(m_memory.left(2), QByteArray("zx"));
 }

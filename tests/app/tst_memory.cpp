@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-// Memory that is free goes back to the system when it is asked for.
+// Free memory is returned to the system on request.
 class tst_memory : public QObject
 {
     Q_OBJECT

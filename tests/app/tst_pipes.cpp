@@ -1,4 +1,4 @@
-// Saving to what is no file, and beyond what a file may hold: no wait without an end, no signal
+// Saving to a pipe or device, and beyond the largest size of a file: no endless wait, and no signal
 // that ends the program.
 
 #include "app/filewriter.h"
@@ -28,7 +28,7 @@ bool addHardLink(const QString &strPath, const QString &strSecond)
         == 0;
 }
 
-// Runs this program's "write" command (see main()) behind the words of another one.
+// Runs this program's "write" command (see main()) by another program, given as a list of words.
 int runWriter(QStringList lstWords, const QString &strPath, int nSize)
 {
     lstWords << QCoreApplication::applicationFilePath() << QStringLiteral("--write") << strPath
@@ -67,7 +67,7 @@ void tst_pipes::pipeWithoutReader_failsSoon()
     QVERIFY(S_ISFIFO(statOf(path("pipe")).st_mode));
 }
 
-// The writer is a process of its own: what would end it would end this one.
+// The writer is a separate process, because a fault that ends it would otherwise end the test.
 void tst_pipes::pipeWhoseReaderLeaves_failsAndDoesNotEndTheProgram()
 {
     QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);

@@ -1,4 +1,4 @@
-// What the program asks of its resources is there under exactly those names.
+// The resources that the program uses exist under exactly these names.
 
 #include <QDir>
 #include <QFile>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// As the program loads them: a file name, and the root of the resources as the folder.
+// Loads them like the program: by a file name, with the root of the resources as the folder.
 bool loadCatalogue(QTranslator *pTranslator, const QString &strFile)
 {
     return pTranslator->load(strFile, QStringLiteral(":/"));
@@ -112,7 +112,7 @@ void tst_resources::everyPicture_hasDoubleSizeNeighbour()
 void tst_resources::drawnIcon_isSharpInMenuAndToolBar()
 {
     const QIcon icon = drawnIcon(QStringLiteral("save"));
-    // The drawn pixels themselves, not a scaled neighbour.
+    // The pixels are those of this size, and not scaled from another one.
     const auto same = [&icon](int nSize, const QString &strFile) {
         return icon.pixmap(nSize, nSize)
                    .toImage()

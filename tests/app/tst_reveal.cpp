@@ -1,4 +1,4 @@
-// A file is shown by asking the file manager on a session bus of the test's own.
+// Shows a file through a file manager on a session bus of the test's own.
 #include "app/commonhelpers.h"
 #include "support/curlcatcher.h"
 
@@ -71,7 +71,7 @@ void tst_reveal::initTestCase()
                     QStringLiteral("--print-address=1")});
     if (!m_daemon.waitForStarted())
         QSKIP("no dbus-daemon here");
-    QVERIFY(m_daemon.waitForReadyRead()); // The address: the bus listens.
+    QVERIFY(m_daemon.waitForReadyRead()); // The bus listens once it prints its address.
     qputenv("DBUS_SESSION_BUS_ADDRESS", strAddress.toUtf8());
     QDBusConnection manager = QDBusConnection::connectToBus(strAddress, m_strManager);
     QVERIFY(manager.isConnected());
@@ -136,7 +136,7 @@ void tst_reveal::noFileManager_opensTheFolder()
     QTRY_COMPARE(catcher.m_lstUrls, QList<QUrl> {QUrl::fromLocalFile(m_dir.path())});
 }
 
-// A file manager that takes its time to start: nobody answers while the bus is stopped.
+// A file manager that starts slowly: nobody answers while the bus is stopped.
 void tst_reveal::silentFileManager_isNotWaitedFor()
 {
     QVERIFY(openFilePosition(QStringLiteral("/tmp/first"))); // Connected by now.
@@ -145,7 +145,7 @@ void tst_reveal::silentFileManager_isNotWaitedFor()
     QElapsedTimer timer;
     timer.start();
     QVERIFY(openFilePosition(QStringLiteral("/tmp/a.txt")));
-    QVERIFY(timer.elapsed() < 20000); // The bus gives an answer 25 seconds.
+    QVERIFY(timer.elapsed() < 20000); // The bus waits 25 seconds for an answer.
     QProcess::execute(QStringLiteral("kill"),
                       {QStringLiteral("-CONT"), QString::number(m_daemon.processId())});
 }

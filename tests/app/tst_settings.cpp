@@ -39,7 +39,7 @@ private slots:
     void accessors_areInvokable();
 
 private:
-    // What lies in the store, key by key.
+    // The content of the store, key by key.
     static QVariant stored(const char *szKey)
     {
         return QSettings(g_strOrganization, g_strApplication).value(QLatin1String(szKey));
@@ -263,7 +263,7 @@ void tst_settings::file_isForTheUserAlone()
     CSettings settings(g_strOrganization, g_strApplication);
     if (bExists)
         QCOMPARE(QFile::permissions(strFile),
-                 owner); // From the start, not only once it is written.
+                 owner); // From the start, and not only after it is written.
     settings.save();
     QCOMPARE(QFile::permissions(strFile), owner);
     settings.setTextFontSize(33);

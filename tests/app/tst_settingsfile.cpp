@@ -27,6 +27,8 @@ private slots:
         drops("hexadecimal", "x=\\x40Variant(\\0)");
         drops("long hexadecimal", "x=\\x00000040Variant(\\0)");
         drops("octal", "x=\\100Variant\\50\\0)");
+        drops("octal before a digit that is none", "x=@Variant\\508\\0)");
+        drops("hexadecimal before a sign", "x=@Variant\\x28:\\0)");
         drops("behind a zero", "x=\\0, @Variant(\\0)");
         drops("unknown escape in between", "x=@Va\\qriant(\\0)");
         const auto keeps = [](const char *szName, const QByteArray &ini) {

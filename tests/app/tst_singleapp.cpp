@@ -22,8 +22,8 @@ QStringList manyPaths(int nCount)
     return lstPaths;
 }
 
-// As an instance: a first one says "first" and then each message, until its input ends; a later one
-// sends its arguments and says "later". With "--paths N" these are as many paths.
+// Runs as an instance. The first one prints "first" and then each message, until its input ends. A
+// later one sends its arguments and prints "later"; with "--paths N" it sends that many paths.
 int runInstance(const QStringList &lstMessages)
 {
     CSingleApp single(nullptr, QLatin1String(g_szKey));
@@ -134,7 +134,7 @@ void tst_singleapp::moreFilesThanFit_allArrive()
     QVERIFY(later.hasEnded());
 }
 
-// One message of a later start finds the room taken.
+// A later start finds no room for one of its messages.
 void tst_singleapp::filesBehindAFullMailbox_arriveLater()
 {
     const QString strKey = QStringLiteral("quillan_test_full");
@@ -207,7 +207,7 @@ void tst_singleapp::deadSegment_isReleasedButALiveOneIsNot()
     QVERIFY(later.isRunning());
 }
 
-// The segment is cleared behind the emissions, whatever came meanwhile.
+// The segment is cleared after the signals, whatever came meanwhile.
 void tst_singleapp::messagesDuringTheEmission_areErasedUnread()
 {
     const QString strKey = QStringLiteral("quillan_test_erased");

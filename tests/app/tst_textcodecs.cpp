@@ -11,7 +11,7 @@
 
 #include <memory>
 
-// The rules as they read, without any short cut.
+// The rules literally, without any short cut.
 namespace Literal {
 
 bool isValidDecoding(QTextCodec *pCodec, const QByteArray &data)
@@ -222,7 +222,7 @@ void tst_textcodecs::preferredCodec_isByLocaleAsWritten_data()
     QTest::newRow("zh_cn") << "GB18030";
     QTest::newRow("zh-tw") << "GB18030";
     QTest::newRow("ja-jp") << "Shift-JIS";
-    // What the system really says, and what does not count.
+    // The real answer of the system, and answers that do not count.
     QTest::newRow("zh-cn") << "";
     QTest::newRow("zh_tw") << "";
     QTest::newRow("ja_jp") << "";

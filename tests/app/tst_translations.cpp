@@ -1,4 +1,4 @@
-// Every text of the sources has its Chinese and its Japanese, and nothing is lost on the way.
+// Every text of the sources has a Chinese and a Japanese translation, and nothing in them is lost.
 
 #include "app/catalogue.h"
 
@@ -19,7 +19,7 @@ QString committed(const QString &strFile)
     return QStringLiteral(QUILLAN_SOURCE_DIR "/res/") + strFile;
 }
 
-// What has to be the same on both sides: placeholders, file patterns, mark-up, ellipses.
+// Parts that must be the same on both sides: placeholders, file patterns, mark-up, ellipses.
 QStringList fixedPieces(const QString &strText)
 {
     static const QRegularExpression s_expression(
@@ -130,7 +130,7 @@ void tst_translations::fixedPieces_areTheSameInSourceAndTranslation()
 
 void tst_translations::sentences_areTranslated()
 {
-    // A translation that equals its source was forgotten, unless it is a name or a unit.
+    // A translation that equals its source counts as forgotten, unless it is a name or a unit.
     static const QStringList s_names = {"Windows", "Unix",  "OSX",   "%1 TB",
                                         "%1 GB",   "%1 MB", "%1 KB", "%1 B"};
     QFETCH(QString, strFile);

@@ -1,4 +1,4 @@
-// What is told whole, and how detecting ends early without another answer.
+// Which texts count as whole, and that detection may end early without another answer.
 
 #include "app/codecdetection.h"
 #include "app/textcodecs.h"
@@ -20,7 +20,7 @@ QTextCodec *codec(const char *szName)
     return QTextCodec::codecForName(szName);
 }
 
-// The rule as it reads: one decoding of everything, then a look at every character.
+// The rule literally: decodes everything at once, then looks at every character.
 bool isValidAtOnce(QTextCodec *pCodec, const QByteArray &data)
 {
     const std::unique_ptr<QTextDecoder> pDecoder(pCodec->makeDecoder());
@@ -154,7 +154,7 @@ void tst_wholetext::whole()
     QTEST(isWholeText(pCodec, data), "whole");
 }
 
-// Where no mark is at stake, the rule is one line.
+// Without a byte-order mark the rule is one line.
 void tst_wholetext::whole_isNothingLess_thanEncodingAgain()
 {
     QRandomGenerator random(41);

@@ -1,4 +1,4 @@
-// What files have on Windows alone, and what a save leaves of it.
+// Properties of files that only Windows has, and what a save keeps of them.
 
 #include "app/filereader.h"
 #include "app/filewriter.h"
@@ -23,7 +23,7 @@ const wchar_t *wide(const QString &strText)
     return reinterpret_cast<const wchar_t *>(strText.utf16());
 }
 
-// An open file of another program, which shares what nShared says.
+// A file that another program has open; nShared tells what it shares.
 class COtherProgram
 {
 public:
@@ -46,7 +46,7 @@ bool isWine()
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-// As the system writes it.
+// The text in the system's own form.
 QString accessList(const QString &strPath)
 {
     PSECURITY_DESCRIPTOR pDescriptor = nullptr;
@@ -181,7 +181,7 @@ private slots:
     void accessList_isKept()
     {
         const QString strPath = newFile("closed.txt");
-        PSECURITY_DESCRIPTOR pClosed = nullptr; // Whoever made the file may do all, nobody else.
+        PSECURITY_DESCRIPTOR pClosed = nullptr; // Only the user who made the file may do anything.
         QVERIFY(ConvertStringSecurityDescriptorToSecurityDescriptorW(
             L"D:P(A;;FA;;;OW)(A;;FA;;;BA)", SDDL_REVISION_1, &pClosed, nullptr));
         QVERIFY(SetFileSecurityW(wide(QDir::toNativeSeparators(strPath)), DACL_SECURITY_INFORMATION,

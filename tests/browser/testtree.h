@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// A path as this system writes it, which the panels show and store.
+// A path in the form of this system, which the panels show and store.
 inline QString native(const QString &strPath)
 {
     return QDir::toNativeSeparators(strPath);

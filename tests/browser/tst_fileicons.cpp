@@ -1,9 +1,10 @@
-// Icons as on a desktop with an icon theme, where they hang on MIME types and so on contents.
+// Icons on a desktop with an icon theme, where they depend on MIME types and so on contents.
 #include "app/platform.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/testtree.h"
 
 #include <QApplication>
+#include <QFileIconProvider>
 #include <QPixmap>
 #include <QtTest>
 
@@ -45,7 +46,7 @@ void tst_fileicons::initTestCase()
     QIcon::setThemeName(QStringLiteral("mimes"));
     const QString strText = m_theme.addFile(QStringLiteral("check.txt"), "text");
     const QImage shown = image(QFileIconProvider().icon(QFileInfo(strText)));
-    QCOMPARE(shown.pixelColor(8, 8), QColor(Qt::red)); // The desktop's theme is in force.
+    QCOMPARE(shown.pixelColor(8, 8), QColor(Qt::red)); // The desktop's theme is in use.
 }
 
 void tst_fileicons::eachFile_hasTheProvidersIcon_data()

@@ -252,7 +252,7 @@ void tst_fileinfogatherer::stopInHugeFolder_deliversAPart()
         QCOMPARE(reader.loaded(), reader.directories());
         const int nNames = reader.names(0).size();
         bPartial = nNames > 0 && nNames < 20001;
-        // A stop that comes behind the last entry may meet the folder below.
+        // A stop after the last entry may affect the next folder.
         QVERIFY(nNames == 20001 || reader.directories().size() <= 1);
     }
     QVERIFY(bPartial);
@@ -322,7 +322,7 @@ void tst_fileinfogatherer::manyFetches_neverLoseTheLast()
         CRecordedReader reader;
         reader.setScanSubDirs(n % 2 == 0);
         reader.fetch(tree.path());
-        // From at once to beyond the pause behind the first folder.
+        // From no delay to longer than the pause after the first folder.
         QThread::msleep(ulong(n * 8));
         reader.fetch(strA);
         reader.fetch(strB);

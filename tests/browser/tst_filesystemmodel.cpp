@@ -1,4 +1,5 @@
 #include "app/commonhelpers.h"
+#include "browser/cfilenode.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/testtree.h"
 #include "support/cunprivileged.h"
@@ -6,6 +7,7 @@
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
+#include <QFileIconProvider>
 #include <QSignalSpy>
 #include <QTextDocument>
 #include <QTreeView>
@@ -427,10 +429,10 @@ void tst_filesystemmodel::destructionDuringAListing_isClean()
         QElapsedTimer timer;
         timer.start();
         if (nDelay % 2 == 1)
-            pModel->stop(); // As the panel does.
+            pModel->stop(); // Does what the panel does.
         pModel.reset();
         QVERIFY(timer.elapsed() < 5000);
-        QCoreApplication::processEvents(); // What is queued must find nobody.
+        QCoreApplication::processEvents(); // Queued events must find no receiver.
     }
 }
 

@@ -4,7 +4,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-// A follower with what it listed.
+// A follower and its listings.
 struct SFollowed
 {
     SFollowed() : spy(&follower, &CFolderFollower::listed) { }
@@ -88,7 +88,7 @@ void tst_folderfollower::endlessChanges_areListedMeanwhile()
     QTimer timer;
     int nFiles = 0;
     connect(&timer, &QTimer::timeout, this, [&] { tree.addFile(QString::number(++nFiles)); });
-    timer.start(20); // Never a rest.
+    timer.start(20); // The changes never pause.
     QTRY_VERIFY(!followed.spy.isEmpty());
 }
 
@@ -167,7 +167,7 @@ void tst_folderfollower::request_doesNotCutOffTheListing()
     followed.follower.follow(tree.path());
     for (int n = 0; n < 10; ++n)
         followed.follower.refresh();
-    QTRY_COMPARE(followed.spy.size(), 2); // The one that ran, and one for all others.
+    QTRY_COMPARE(followed.spy.size(), 2); // The running listing, and one for all other changes.
     for (const QList<QVariant> &lstCall : qAsConst(followed.spy))
         QCOMPARE(lstCall.at(1).value<QFileInfoList>().size(), 5000);
 }

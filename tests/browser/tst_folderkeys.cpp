@@ -1,4 +1,4 @@
-// The list under real keys: it follows the disk, and renames, removes and makes what is on it.
+// The list under real keys: it follows the disk, and renames, removes and makes files.
 #include "app/csettings.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cmenulistview.h"
@@ -244,7 +244,7 @@ void tst_folderkeys::newFolder_isNamedAtOnce()
     QVERIFY(QTest::qWaitForWindowActive(&panel));
     panel.key(Qt::Key_N, Qt::ControlModifier | Qt::AltModifier);
     QTRY_VERIFY(panel.editor());
-    tree.addFile(QStringLiteral("b")); // The folder is listed anew meanwhile.
+    tree.addFile(QStringLiteral("b")); // The folder is listed again meanwhile.
     QTRY_COMPARE(panel.names().size(), 3);
     QCOMPARE(panel.editor()->selectedText(), QStringLiteral("New folder"));
     QTest::keyClicks(panel.editor(), QStringLiteral("mine"));
@@ -282,7 +282,8 @@ void tst_folderkeys::typedPath_isCompleted()
     QAbstractItemView *pPopup = panel.box()->completer()->popup();
     QTRY_VERIFY(pPopup->isVisible());
     QTRY_COMPARE(pPopup->model()->rowCount(), 2);
-    QCOMPARE(panel.box()->text(), tree.path(QStringLiteral("al"))); // Nothing is put in unasked.
+    // Nothing is inserted without being asked for.
+    QCOMPARE(panel.box()->text(), tree.path(QStringLiteral("al")));
     QTest::keyClick(pPopup, Qt::Key_Down);
     QTest::keyClick(pPopup, Qt::Key_Down);
     QCOMPARE(panel.box()->text(), tree.path(QStringLiteral("alpine")));

@@ -1,4 +1,4 @@
-// A folder's rows brought up to date: always what a fresh listing would show.
+// Bringing a folder's rows up to date always gives what a fresh listing would show.
 #include "browser/cfilesystemmodel.h"
 #include "browser/testtree.h"
 

@@ -11,6 +11,8 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidgetItem>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSplitter>
@@ -68,7 +70,7 @@ private:
                 return pButton;
         return nullptr;
     }
-    // What a later start would read.
+    // The entries that a later start would read.
     static QStringList onDisk()
     {
         return QSettings(QStringLiteral("Test"), QStringLiteral("favourites"))
@@ -232,7 +234,8 @@ void tst_widgetfavorfilelist::reveal_opensTheFirstSelected()
     favourites.onClickAction(QStringLiteral("something else"));
     QVERIFY(catcher.m_lstUrls.isEmpty());
     favourites.onClickAction(strReveal);
-    QCOMPARE(catcher.m_lstUrls.size(), 1); // No session bus in the tests: the folder around it.
+    // The tests have no session bus, so the folder around it is opened.
+    QCOMPARE(catcher.m_lstUrls.size(), 1);
     QCOMPARE(catcher.m_lstUrls.first(), QUrl::fromLocalFile(QStringLiteral("/")));
 }
 

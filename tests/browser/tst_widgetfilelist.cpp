@@ -16,7 +16,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-// A panel on the screen, with what the tests want of it.
+// A panel on the screen, with helpers for the tests.
 class CPanel : public CWidgetFileList
 {
 public:
@@ -325,7 +325,7 @@ void tst_widgetfilelist::refresh_showsWhatIsThereNow()
     tree.addFile(QStringLiteral("b"));
     panel.button("Refresh")->click();
     QTRY_COMPARE(panel.names(), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
-    // What stands in the box counts, typed or not.
+    // The text in the box counts, whether it was typed or not.
     const CTestTree other;
     panel.box()->setEditText(other.path());
     panel.button("Refresh")->click();
@@ -427,7 +427,7 @@ void tst_widgetfilelist::quickSelections_giveOneSignal()
             timer.start();
             panel.select(n, QItemSelectionModel::ClearAndSelect);
             if (n < 4) {
-                QTest::qWait(50); // As somebody who holds an arrow key.
+                QTest::qWait(50); // Like somebody who holds an arrow key.
                 nLongestPause = qMax(nLongestPause, int(timer.elapsed()));
             }
         }

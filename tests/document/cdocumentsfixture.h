@@ -1,8 +1,10 @@
 #pragma once
 
 #include "app/csettings.h"
+#include "document/cdocument.h"
 #include "document/cdocuments.h"
 #include "document/ceditordocument.h"
+#include "document/notice.h"
 #include "editor/chighlightedit.h"
 
 #include <QFile>
@@ -12,7 +14,7 @@
 
 #include <memory>
 
-// Open documents without a window, with settings, files and drafts of their own.
+// Open documents without a window, with their own settings, files and drafts.
 class CDocumentsFixture
 {
 public:
@@ -31,7 +33,7 @@ public:
 
     CDocuments &documents() { return *m_pDocuments; }
 
-    // As if the program ended and was started again.
+    // Simulates an end and a new start of the program.
     void start()
     {
         m_pDocuments.reset();

@@ -1,5 +1,7 @@
-// What a document hears of its file when others write it.
+// What a document learns about its file when others write it.
 #include "cdocumentsfixture.h"
+
+#include "document/cdocument.h"
 
 #include <QDir>
 
@@ -38,7 +40,7 @@ private slots:
         }
         QTRY_COMPARE(spy.size(), 1);
         QVERIFY(pDocument->notice().strText.contains(strPath));
-        // Nine more changes are part of the one that was told.
+        // Nine more changes belong to the one that was reported.
         for (int n = 0; n < 9; ++n) {
             if (how != "folder")
                 f.write(strPath, QByteArray(n + 20, 'x'));
@@ -95,7 +97,7 @@ private slots:
         pDocument->editor()->onRefresh();
         QCOMPARE(pDocument->notice().strText, QString());
         f.type(pDocument, "x");
-        QVERIFY(pDocument->save().isDone()); // What was just read is not asked about again.
+        QVERIFY(pDocument->save().isDone()); // Nothing is asked about a file that was just read.
     }
 
     void failedRefresh_doesNotCountAsDone()
@@ -106,7 +108,7 @@ private slots:
         QVERIFY(QFile::remove(strPath));
         QVERIFY(!pDocument->reload().isDone());
         QVERIFY(!pDocument->reload().text().isEmpty());
-        f.write(strPath, "theirs"); // It is back, and not what the document began from.
+        f.write(strPath, "theirs"); // It is back, but not the file on which the document is based.
         f.type(pDocument, "mine ");
         QVERIFY(!pDocument->save().isDone());
         QCOMPARE(f.content(strPath), QByteArray("theirs"));

@@ -1,12 +1,15 @@
-// Pages as documents: what is shown, what was read and what a save goes by are of one moment; the
+// Pages as documents: the shown page, the read bytes and the base of a save are of one moment. The
 // encoding of a page can be chosen.
 #include "cdocumentsfixture.h"
 
+#include "app/filereader.h"
+#include "document/cdocument.h"
 #include "document/cpagedocument.h"
 #include "web/ceditwebview.h"
 
 #include <QDir>
 #include <QWebFrame>
+#include <QWebView>
 
 namespace {
 
@@ -46,7 +49,7 @@ class tst_openpages : public QObject
     Q_OBJECT
 
 private slots:
-    // For the next start, should the load end the program.
+    // Noted for the next start, in case the load crashes the program.
     void load_isNotedWhileItLasts()
     {
         CDocumentsFixture f;

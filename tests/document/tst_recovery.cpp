@@ -1,8 +1,14 @@
-// What steps of the program drop, and what an end of the program leaves, comes back on request.
+// Text that the program dropped, or that was left at its end, can be recovered.
 #include "cdocumentsfixture.h"
 
+#include "app/cdescriptor.h"
+#include "app/cdraftstore.h"
 #include "app/cinplacejournal.h"
 #include "app/platformfiles.h"
+#include "document/cdocument.h"
+#include "document/cdraftkeeper.h"
+#include "document/crecovery.h"
+#include "document/notice.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -60,7 +66,7 @@ class tst_recovery : public QObject
     Q_OBJECT
 
 private slots:
-    // As the drafts' thread writes it, while the user goes on and even when the document has gone.
+    // Drafts are written on a thread while the user goes on, and even after the document is gone.
     void draftWithItsTextLater_isOfTheMomentItWasTaken()
     {
         CDocumentsFixture f;
@@ -372,7 +378,7 @@ private slots:
         const SNotice notice = f.documents().recovery().notice();
         QVERIFY(notice.strText.size() < 1000);
         QCOMPARE(notice.lstItems.size(), 500);
-        notice.lstChoices.at(1).chosenOf({}); // "Discard" of none.
+        notice.lstChoices.at(1).chosenOf({}); // "Discard" with nothing chosen.
         QCOMPARE(f.documents().recovery().notice().lstItems.size(), 500);
         QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
         QVERIFY(lstDocuments.size() < 500); // The event loop lives between some and the next.

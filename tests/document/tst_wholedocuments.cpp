@@ -1,5 +1,9 @@
-// Bytes that cannot all be shown are never written over unasked, however they came.
+// Bytes that cannot all be shown are never overwritten without asking, however they were read.
 #include "cdocumentsfixture.h"
+
+#include "app/cdraftstore.h"
+#include "document/cdocument.h"
+#include "document/crecovery.h"
 
 #include <QTextCodec>
 
@@ -121,7 +125,8 @@ private slots:
     void guessedEncoding_isAskedAboutBeforeASave()
     {
         CDocumentsFixture f;
-        const QByteArray bytes = "\xa4\xb1\xc9\xd2\xe1 \xf5\xfd\x9a\n"; // Nobody's words.
+        // No text that anybody wrote.
+        const QByteArray bytes = "\xa4\xb1\xc9\xd2\xe1 \xf5\xfd\x9a\n";
         const QString strPath = f.file("a.txt", bytes);
         CDocument *pDocument = f.open(strPath);
         QVERIFY(!pDocument->isCodecSure());

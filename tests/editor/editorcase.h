@@ -9,8 +9,7 @@
 
 #include <memory>
 
-// What a test of the editor has: an editor and the settings that it asks for, both anew for each
-// case.
+// The base of tests of the editor: a new editor and new settings for each case.
 class CEditorCase
 {
 protected:

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "literaltext.h"
+#include "editor/ccarets.h"
 
 #include <QRegularExpression>
 
-// The commands on lines once more, slowly, on a plain list of strings.
+// A slow, literal version of the commands on lines, on a plain list of strings.
 
 struct SLiteralLine
 {

@@ -3,8 +3,8 @@
 #include <QRegExp>
 #include <QString>
 
-// Replacing in one line as it is defined: find the candidate, replace it, look again from behind
-// the inserted text (searching up: from before it). Slow on purpose.
+// Replacing in one line by its definition: find the candidate, replace it, search again after the
+// inserted text, or when searching up before it. Slow on purpose.
 struct SLiteralLineOptions
 {
     bool bMatchCase = false;
@@ -59,7 +59,7 @@ inline bool literalMatchesSelection(const QString &strSelected, const QString &s
     return regExp.indexIn(strSelected, 0) == 0 && regExp.matchedLength() == strSelected.length();
 }
 
-// The line afterwards; *pCount the number of matches.
+// Gives the new line, and the number of matches in *pCount.
 inline QString literalReplaceInLine(QString strLine, const QString &strText, int nOffset,
                                     const QString &strReplace, const SLiteralLineOptions &options,
                                     int *pCount)

@@ -10,8 +10,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
-// Find, replace and replace all as they are defined, one cursor step after the other, on a document
-// without a view. Slow on purpose. log holds the signals in their order.
+// Find, replace and replace all by their definition, one step of the cursor after the other, on a
+// document without a view. Slow on purpose. log holds the signals in their order.
 class CLiteralSearch
 {
 public:
@@ -119,7 +119,7 @@ private:
     QTextDocument m_document;
 };
 
-// What an editor signals, in the same words as the literal search.
+// Records an editor's signals in the words of the literal search.
 class CSearchLog : public QObject
 {
 public:

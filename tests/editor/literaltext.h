@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ccarets.h"
 #include "editor/ctextlines.h"
 #include "editor/textedits.h"
 
@@ -39,8 +40,8 @@ inline QString applied(QString strText, const TextEdits &lstEdits)
     return strText;
 }
 
-// A text with its carets: "|" is where a caret stands, "^" the other end of its selection; the last
-// caret is the main one.
+// A text with its carets: "|" is a caret, "^" the other end of its selection. The last caret is the
+// main one.
 struct SMarkedText
 {
     QString strText;
@@ -62,7 +63,8 @@ inline SMarkedText marked(const QString &strMarked)
         }
     }
     for (int n = 0; n < strMarks.length(); ++n) {
-        // "^" opens a selection whose end comes; behind "|" it closes one, unless "|" comes again.
+        // "^" opens a selection whose end follows. After "|" it closes one, unless another "|"
+        // follows.
         const QString strNext = strMarks.mid(n, 3);
         const bool bPair =
             strNext.startsWith("^|") || (strNext.startsWith("|^") && strNext != "|^|");

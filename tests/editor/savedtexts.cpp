@@ -1,7 +1,6 @@
 // Opens each file of a folder in the editor, types a line at its end and writes what the program
-// would save to another folder: savedtexts FROM TO. What it writes on two systems can be held
-// against each other; a line that tells codec and line ends of each file goes to the standard
-// output.
+// would save to another folder: savedtexts FROM TO. The results of two systems can be compared. It
+// prints a line with the codec and line ends of each file.
 
 #include "app/filereader.h"
 #include "app/filewriter.h"

@@ -1,5 +1,6 @@
 #include "editor/bracketlines.h"
 #include "editor/cbracketfinder.h"
+#include "editor/ccarets.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/ctextdocument.h"
 
@@ -39,7 +40,7 @@ private:
     int m_nLine = 0;
 };
 
-// Takes away pairs until none is left. strMarks: '#' where a comment or string is.
+// Removes pairs until none is left. strMarks has '#' inside comments and strings.
 int literalPartner(const QString &strText, const QString &strMarks, int nAt)
 {
     const QChar cBracket = strText.at(nAt);

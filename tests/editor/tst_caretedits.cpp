@@ -2,6 +2,7 @@
 #include "editor/caretedits.h"
 #include "editor/ccarethistory.h"
 #include "editor/occurrences.h"
+#include "editor/textedits.h"
 
 #include "literaltext.h"
 
@@ -184,7 +185,8 @@ void tst_caretedits::column_countsTabsAndWideCharacters()
     QCOMPARE(placeAtColumn("a\tb", 3), 1);
     QCOMPARE(placeAtColumn("a\tb", 4), 2);
     QCOMPARE(placeAtColumn("ab", 9), 2);
-    const QString strPair = QString::fromUtf8("\xF0\x9F\x98\x80x"); // Never parted.
+    // A surrogate pair is never divided.
+    const QString strPair = QString::fromUtf8("\xF0\x9F\x98\x80x");
     QCOMPARE(placeAtColumn(strPair, 1), 0);
     QCOMPARE(placeAtColumn(strPair, 2), 2);
 }

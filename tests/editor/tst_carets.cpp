@@ -1,4 +1,5 @@
 // Several carets and the commands of keys, in an editor.
+#include "editor/ccarets.h"
 #include "editorcase.h"
 #include "literaltext.h"
 
@@ -279,7 +280,7 @@ void tst_carets::undoAfterForeignSteps_bringsBackTheRightCarets()
     m_pEdit->undo();
     m_pEdit->undo();
     QCOMPARE(raw(), QString("a\nb"));
-    QTest::keyClicks(m_pEdit.get(), "y"); // In the place of what could be redone.
+    QTest::keyClicks(m_pEdit.get(), "y"); // It replaces the steps that could be redone.
     m_pEdit->redo();
     QCOMPARE(state(), QString("a\nby|"));
     m_pEdit->undo();
@@ -452,8 +453,8 @@ void tst_carets::inputMethod_composesAtTheMainCaret()
 
 namespace {
 
-// Where the picture differs from the other one, row by row of text: the first and the last column
-// that differ, -1 for a row that is the same.
+// Compares two pictures by rows of text: the first and the last column that differ, -1 for equal
+// rows.
 QVector<QPair<int, int>> differences(const QImage &a, const QImage &b,
                                      const QVector<QRect> &lstRows)
 {

@@ -150,7 +150,7 @@ void tst_completion::list_isNeverShownUnasked()
 {
     show("abc\n|");
     QTest::keyClicks(m_pEdit.get(), "ab");
-    QVERIFY(!m_pEdit->findChild<CCompletionList *>()); // None is made that could come up later.
+    QVERIFY(!m_pEdit->findChild<CCompletionList *>()); // No list is made that could appear later.
     QVERIFY(!popup());
 }
 
@@ -249,7 +249,7 @@ void tst_completion::movedCursor_getsNoList()
     const QSignalSpy told(m_pEdit.get(), &CHighlightEdit::statusMessage);
     show("xyz|");
     ask();
-    QTRY_COMPARE(told.count(), 1); // The later answer is there, and so was the first.
+    QTRY_COMPARE(told.count(), 1); // The later answer is there, and the first one came before it.
     QVERIFY(!popup());
 }
 

@@ -428,7 +428,7 @@ void tst_dlgfind::showFind_focusesTheBox()
         QTRY_VERIFY(pBox->hasFocus());
         QCOMPARE(pBox->lineEdit()->selectedText(), QString("abc"));
         dialog.hide();
-        // As the widgets see it, which is a little later than the windows do.
+        // Asks the widgets, which know it a little later than the windows.
         QTRY_COMPARE(QApplication::activeWindow(), &owner);
     }
 }

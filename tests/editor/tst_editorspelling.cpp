@@ -1,6 +1,7 @@
 #include "editor/spelledlines.h"
 #include "highlight/chighlightrules.h"
 #include "spelling/cspelling.h"
+#include "tests/support/files.h"
 
 #include "definitions.h"
 #include "editorcase.h"

@@ -1,8 +1,10 @@
+#include "app/csettings.h"
 #include "editor/chighlightedit.h"
 #include "editor/clinenumberarea.h"
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
 #include "tests/editor/withsettings.h"
+#include "tests/support/contrast.h"
 
 #include <QClipboard>
 #include <QDragEnterEvent>
@@ -19,7 +21,7 @@
 
 namespace {
 
-// For what only a subclass may call.
+// Gives access to protected functions.
 class Editor : public CHighlightEdit
 {
 public:
@@ -66,7 +68,7 @@ QFont gutterFont(const Editor &edit, bool bBold)
     return fnt;
 }
 
-// The gutter as it ought to look, number by number.
+// Draws the expected gutter, number by number.
 QImage expectedGutter(Editor &edit, int nFirstMarked, int nLastMarked)
 {
     QImage image(edit.gutter()->size(), QImage::Format_RGB32);
@@ -486,7 +488,8 @@ void tst_highlightedit::manyLines_paintAsFastAsAFew()
     const auto paintTimes = [&edit](int nFirstLine) {
         edit.verticalScrollBar()->setValue(nFirstLine);
         edit.gutter()->grab();
-        const std::clock_t nBefore = std::clock(); // Others on the machine do not count.
+        // Processes of others on the machine do not count.
+        const std::clock_t nBefore = std::clock();
         for (int n = 0; n < 20; ++n) {
             edit.gutter()->grab();
             edit.viewport()->grab();
@@ -811,7 +814,7 @@ void tst_highlightedit::selectedWord_isMarked()
     };
     QTRY_COMPARE(marks(0), 1);
     QTRY_COMPARE(marks(1), 1);
-    // What spans lines occurs in no line.
+    // A text over several lines occurs in no line.
     edit.selectAll();
     QTRY_COMPARE(marks(0), 0);
     QTRY_COMPARE(marks(1), 0);

@@ -1,6 +1,8 @@
 #include "editor/linecommands.h"
 
+#include "editor/ccarets.h"
 #include "literallines.h"
+#include "tests/editor/literaltext.h"
 
 #include <QtTest>
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The rule as it reads, over decoded text.
+// The rule literally, over decoded text.
 int literalReturnFormat(const QByteArray &data, int nPrevious)
 {
     const int nZero = data.indexOf('\0');

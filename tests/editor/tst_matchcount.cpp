@@ -1,4 +1,5 @@
 #include "editor/cbackgroundjob.h"
+#include "editor/linesearch.h"
 #include "editor/matchcount.h"
 #include "highlight/clinestore.h"
 

@@ -3,6 +3,7 @@
 #include "tests/editor/withsettings.h"
 
 #include <QFile>
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>

@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextBlock>
 
-// What is painted anew by what: the least that can be, and always enough.
+// Checks what each change repaints: as little as possible, and always enough.
 
 // What a widget has been asked to paint.
 class CPaintLog : public QObject
@@ -44,7 +44,7 @@ public:
             return blockBoundingGeometry(document()->findBlockByNumber(nLine))
                 .translated(contentOffset());
         };
-        // With the pixels that it shares with its neighbours.
+        // Includes the pixels that it shares with its neighbours.
         return QRectF(0, rect(nFirst).top(), 10000, rect(nLast).bottom() - rect(nFirst).top())
             .toAlignedRect()
             .adjusted(0, -2, 0, 2);
@@ -119,7 +119,7 @@ void tst_repaint::show(const QString &strText)
     m_pGutter->take();
 }
 
-// Until the colours have come and nothing is to be painted.
+// Waits until the colours have come and nothing is left to paint.
 void tst_repaint::settle()
 {
     for (int nQuiet = 0; nQuiet < 5;) {
@@ -400,7 +400,7 @@ void tst_repaint::screenAfterAnything_isThatOfAFreshPaint()
         doAnything(&random);
         settle();
         if (n % 3 == 0)
-            continue; // What two changes make together.
+            continue; // The result of two changes together.
         const QImage shown = screen();
         const QImage fresh = m_pEdit->grab().toImage().convertToFormat(QImage::Format_RGB32);
         if (shown != fresh)

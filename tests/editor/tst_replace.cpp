@@ -2,6 +2,7 @@
 #include "literalsearch.h"
 #include "support/processortime.h"
 
+#include <QPlainTextEdit>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>

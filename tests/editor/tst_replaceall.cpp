@@ -1,9 +1,10 @@
-// Replace All in pieces: what comes of it is what comes of it at once, whatever happens between the
-// pieces.
+// Replace All in pieces gives the same result as at once, whatever happens between the pieces.
 
 #include "editorcase.h"
 
 #include "editor/creplaceall.h"
+#include "editor/documentreplace.h"
+#include "editor/linesearch.h"
 
 #include <QRandomGenerator>
 #include <QSignalSpy>
@@ -35,7 +36,7 @@ private:
     {
         return new CReplaceAll(m_pEdit.get(), CLineSearch(strFind, SSearchOptions()), strReplace);
     }
-    // So long that a turn of the event loop comes before the end.
+    // The text is long enough for a turn of the event loop before the end.
     void setLongText() { m_pEdit->setPlainText(longText("ab")); }
     static QString longText(const QString &strWord)
     {

@@ -2,6 +2,7 @@
 #include "editorcase.h"
 #include "support/boxanswer.h"
 
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBlock>

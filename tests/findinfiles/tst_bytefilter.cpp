@@ -1,5 +1,6 @@
 // The filter may keep a file that holds no match, never the other way round.
 #include "app/textcodecs.h"
+#include "editor/linesearch.h"
 #include "findinfiles/cbytefilter.h"
 #include "findinfiles/textmatches.h"
 

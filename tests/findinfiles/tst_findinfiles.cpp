@@ -2,6 +2,7 @@
 #include "findinfiles/cfindinfiles.h"
 #include "findinfiles/filereading.h"
 #include "findinfiles/filewalk.h"
+#include "findinfiles/findquery.h"
 #include "support/cunprivileged.h"
 
 #include <QProcess>
@@ -11,7 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// A search with all that it told.
+// A search and all its signals.
 struct SSearched
 {
     SSearched()
@@ -257,7 +258,7 @@ void tst_findinfiles::ignoredFiles_areLeftOut()
     const QStringList lstExpected {".gitignore",     "a.c",     "kept.o",
                                    "src/.gitignore", "src/d.c", "src/tracked.o"};
     QCOMPARE(walked(tree.path()), lstExpected);
-    // In a folder of it, too.
+    // The same holds in a sub-folder.
     QCOMPARE(walked(tree.path(QStringLiteral("src"))),
              QStringList({".gitignore", "d.c", "tracked.o"}));
     // A tracked file that has gone is no failure.
@@ -294,7 +295,7 @@ void tst_findinfiles::repositoriesWithin_followTheirOwnRules()
     QCOMPARE(walked(tree.path()),
              QStringList({"plain/a.o", "plain/inner/.gitignore", "plain/inner/c.c",
                           "plain/inner/deep/d.o"}));
-    // And one that it has taken in.
+    // And one that belongs to it.
     QVERIFY(git(tree.path(QStringLiteral("plain/inner/deep")), {"add", "."}));
     QVERIFY(git(tree.path(QStringLiteral("plain/inner/deep")), {"commit", "-qm", "x"}));
     QVERIFY(git(tree.path(QStringLiteral("plain/inner")), {"add", "-f", "."}));

@@ -1,8 +1,11 @@
 #include "app/csettings.h"
 #include "browser/testtree.h"
 #include "editor/chighlightedit.h"
+#include "editor/linesearch.h"
+#include "findinfiles/cbytefilter.h"
 #include "findinfiles/creplaceinfiles.h"
 #include "findinfiles/filereading.h"
+#include "findinfiles/findquery.h"
 #include "findinfiles/replacefile.h"
 #include "support/cunprivileged.h"
 

@@ -1,7 +1,10 @@
-// What is found in a file is what the editor's own search finds in it.
+// The search in files finds what the editor's own search finds.
 #include "app/csettings.h"
 #include "editor/chighlightedit.h"
+#include "editor/linesearch.h"
+#include "findinfiles/cbytefilter.h"
 #include "findinfiles/filereading.h"
+#include "findinfiles/findquery.h"
 #include "findinfiles/textmatches.h"
 
 #include <QRandomGenerator>

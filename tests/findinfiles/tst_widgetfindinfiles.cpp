@@ -3,6 +3,7 @@
 #include "browser/testtree.h"
 #include "findinfiles/cfindresults.h"
 #include "findinfiles/cwidgetfindinfiles.h"
+#include "findinfiles/findquery.h"
 #include "findinfiles/resulttext.h"
 
 #include <QAbstractItemModelTester>
@@ -14,7 +15,7 @@
 #include <QTreeView>
 #include <QtTest>
 
-// A panel on the screen, with what the tests want of it.
+// A panel on the screen, with helpers for the tests.
 class CPanel : public CWidgetFindInFiles
 {
 public:

@@ -25,7 +25,7 @@ int CLiteralRegions::columnsOfBlanks(const QString &strLine)
     return -1;
 }
 
-// '.' for code, which a blank end of nothing open is, too.
+// '.' for code, which includes the end of a line with nothing open.
 QChar CLiteralRegions::kind(const SOpen *pOpen) const
 {
     const QString strAs = pOpen && pOpen->pElement ? pOpen->pElement->get("as") : QString();

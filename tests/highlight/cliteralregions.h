@@ -10,7 +10,7 @@
 
 // The regions of a definition as its documentation describes them: the elements themselves, a list
 // of what is open, and a QRegExp for each pattern, asked place after place. Slow and plain; the
-// program's own rules have to give the same. Of languages whose patterns count letter case.
+// program's own rules have to give the same. Only for languages whose patterns count letter case.
 class CLiteralRegions
 {
 public:
@@ -18,7 +18,7 @@ public:
 
     // For each character 'c' in a comment, 's' in a string, '.' elsewhere. Lines in their order.
     QString divide(const QString &strLine);
-    // What is open, in words.
+    // The open regions, in words.
     QString state() const;
 
 private:

@@ -48,7 +48,7 @@ void CLiteralRegions::enter(const SOpen &open, int nAt, int nBehind)
         m_lstOpen.push_back({nullptr, nEmbedded, QString()});
 }
 
-// With all that it holds. What waits below goes on waiting, and the uppermost no more.
+// Ends a region with all that it holds. Of those that wait below, the uppermost stops waiting.
 void CLiteralRegions::leave(size_t nDepth, int nAt, int nBehind)
 {
     const SOpen open = m_lstOpen[nDepth];

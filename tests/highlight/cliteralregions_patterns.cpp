@@ -1,4 +1,4 @@
-// What the patterns of the elements match.
+// Matches the patterns of the elements.
 #include "highlight/cliteralregions.h"
 
 #include <algorithm>

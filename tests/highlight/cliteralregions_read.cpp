@@ -1,4 +1,4 @@
-// The elements of a definition as they stand there.
+// Reads the elements of a definition unchanged.
 #include "highlight/cliteralregions.h"
 
 CLiteralRegions::CLiteralRegions(const QVariantMap &mapDefinition)

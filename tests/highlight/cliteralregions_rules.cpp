@@ -1,4 +1,5 @@
-// Which rule matches at a place: ends further out, what begins anywhere, then the innermost.
+// Finds the rule that matches at a place: first ends of outer regions, then rules that begin
+// anywhere, then those of the innermost region.
 #include "highlight/cliteralregions.h"
 
 #include <algorithm>

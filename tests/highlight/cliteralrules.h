@@ -7,9 +7,8 @@
 
 #include <QRegExp>
 
-// The highlighting rules as they read: one QRegExp for each rule, searched one after the other, in
-// the order in which the ranges come. Slow and plain; the program's own rules have to give the
-// same.
+// The highlighting rules literally: one QRegExp for each rule, searched one after the other, in the
+// order of the ranges. Slow and plain; the program's own rules have to give the same.
 class CLiteralRules
 {
 public:

@@ -27,8 +27,8 @@ QRegExp markerPattern(QString marker)
     return QRegExp(marker.replace('*', "\\*"));
 }
 
-// Processor time, so that a busy machine is not taken for a slow pattern; the best of three, so
-// that one page fault is not either.
+// Measures processor time, so that a busy machine does not look like a slow pattern, and takes the
+// best of three, so that a page fault does not either.
 double searchSeconds(const QRegExp &pattern, const QString &line)
 {
     double best = boundSeconds + 1;
@@ -71,8 +71,8 @@ QVector<SNamedPattern> patternsOf(const SDefinitionFile &file)
     for (const SDefinitionFile::SComment &c : file.comments) {
         const bool single = c.name.toLower() == QLatin1String("singleline");
         const QRegExp start = single ? QRegExp(c.start) : markerPattern(c.start);
-        // "(*" cannot be said as a pattern. Such a form colours nothing, but Toggle Comment types
-        // it.
+        // "(*" cannot be written as a pattern. Such a marker colours nothing, but Toggle Comment
+        // types it.
         if (!single && !start.isValid())
             continue;
         patterns.append({"comment: " + c.start, start});

@@ -5,8 +5,9 @@
 #include <QStringList>
 #include <QVector>
 
-// One language definition file as its author wrote it: what the checks need, nothing interpreted.
-// Read here apart from the program's own reader, so that the two do not share an error.
+// One language definition file as its author wrote it: the parts that the checks need, without
+// interpretation. It has a reader of its own, so that it does not share errors with the program's
+// reader.
 struct SDefinitionFile
 {
     struct SComment

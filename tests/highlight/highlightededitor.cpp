@@ -1,7 +1,13 @@
 #include "highlight/highlightededitor.h"
 
+#include "highlight/highlightline.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFormat>
+#include <QTextLayout>
 
 bool SHighlightedEditor::settle(int nMs)
 {

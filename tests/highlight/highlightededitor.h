@@ -2,7 +2,12 @@
 
 #include "highlight/chighlightrules.h"
 #include "highlight/cliteralrules.h"
+#include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
+#include "highlight/highlightline.h"
+
+#include <QTextDocument>
+#include <QTextLayout>
 
 // A document with its highlighter, connected as an editor connects them.
 struct SHighlightedEditor

@@ -1,6 +1,7 @@
 #include "definitionfile.h"
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 
 #include <QDir>
 #include <QProcess>
@@ -11,7 +12,7 @@
 
 Q_DECLARE_METATYPE(SDefinitionFile)
 
-// What every file of highlighter/ must satisfy, and that the checks do find what they look for.
+// Checks every file of highlighter/, and that the checks find the faults they look for.
 class tst_definitions : public QObject
 {
     Q_OBJECT

@@ -1,7 +1,12 @@
-// Thousands of random edits, definition changes and selections while passes run: when all is quiet,
-// every block is as a fresh pass would have it, and no result of an older text was ever shown.
+// Makes thousands of random edits, definition changes and selections while passes run. When all is
+// quiet, every block must equal a fresh pass, and no result of an older text may ever have been
+// shown.
+#include "highlight/chighlightrules.h"
+#include "highlight/ctextdocument.h"
+#include "highlight/cthreadhighlighter.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
+#include "tests/highlight/cliteralrules.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -1,5 +1,7 @@
 #include "highlight/chighlightmgt.h"
 
+#include "tests/mainwindow/foundpages.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>

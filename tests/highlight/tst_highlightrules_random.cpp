@@ -1,8 +1,9 @@
-// The rules against their literal reading, over random lines and real source files.
+// Compares the rules with their literal version, over random lines and real source files.
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
 #include "highlight/cliteralrules.h"
 #include "highlight/definitions.h"
+#include "highlight/highlightline.h"
 
 #include <QDirIterator>
 #include <QRandomGenerator>
@@ -165,7 +166,7 @@ void tst_highlightrules_random::samples_equalTheLiteralRulesUnderEveryDefinition
     }
 }
 
-// Each order of the last twelve letters is a state of its own: the machine gives up within a line.
+// Each order of the last twelve letters needs a state, so the machine gives up within a line.
 void tst_highlightrules_random::machineThatGrowsTooLarge_equalsTheLiteralRules()
 {
     STestDefinition definition;

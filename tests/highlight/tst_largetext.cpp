@@ -1,6 +1,7 @@
 // A large text, whose blocks get their ranges when they are laid out. "Large" is two characters
 // here, so that the rules can be tried with small ones.
 #include "highlight/clinestore.h"
+#include "highlight/ctextdocument.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
 
@@ -76,7 +77,7 @@ Formats withoutMarks(Formats lst)
     return lst;
 }
 
-// Of each block, laid out or not, what formats() says, and of those laid out what they show.
+// Compares formats() for each block, and what the laid out blocks show.
 QString difference(const CTextDocument &document, const CHighlightRules &rules)
 {
     int nState = -1;
@@ -308,7 +309,7 @@ void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole_data()
     QTest::newRow("without") << false;
 }
 
-// The note of the formats would take the place of the edit's own.
+// Qt's note of the formats would replace that of the edit.
 void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole()
 {
     QFETCH(bool, undo);

@@ -1,6 +1,9 @@
 // The pattern engine against QRegExp.
 #include "highlight/clinepattern.h"
 
+#include "highlight/csymbolline.h"
+#include "highlight/symbols.h"
+
 #include <QRandomGenerator>
 #include <QRegExp>
 #include <QTest>

@@ -1,6 +1,7 @@
 // The regions that a definition declares, attribute by attribute.
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 
 #include <QTest>
 

@@ -1,9 +1,10 @@
-// Regions against their literal reading: the same parts and the same states, for random texts and
-// for all samples, of every shipped language and of made-up ones.
+// Compares regions with their literal version: the parts and the states must be the same, for
+// random texts and all samples, in every shipped language and in made-up ones.
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
 #include "highlight/cliteralregions.h"
 #include "highlight/definitions.h"
+#include "highlight/highlightline.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,6 +2,7 @@
 // file; scripts/promote-samples.sh writes the results after somebody has looked at them.
 #include "highlight/chighlightmgt.h"
 #include "highlight/chighlightrules.h"
+#include "highlight/highlightline.h"
 
 #include <QDir>
 #include <QProcess>
@@ -120,7 +121,7 @@ void tst_samples::sample_equalsItsGoldenResult()
         QFAIL(qPrintable(difference(strExpectedPath, strActual)));
 }
 
-// As it comes from the document, which knows lines and no line ends.
+// The text has the form of the document, which has lines and no line ends.
 void tst_samples::sample_withOtherLineEndsIsTheSame()
 {
     QFETCH(QString, name);

@@ -1,5 +1,8 @@
+#include "highlight/chighlightrules.h"
+#include "highlight/cthreadhighlighter.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
+#include "tests/highlight/cliteralrules.h"
 
 #include <QElapsedTimer>
 #include <QPlainTextDocumentLayout>
@@ -537,8 +540,8 @@ void tst_threadhighlighter::marksThatCanBeSeen_comeFirst()
         QCOMPARE(lstLines.at(50 + n), n);
 }
 
-// What an edit has posted is delivered before what it has to be painted, which is posted with a
-// lower priority. A busy machine may take longer than the editor waits, but not each time.
+// Events that an edit posts are delivered before its repainting, which is posted with a lower
+// priority. A busy machine may take longer than the editor waits, but not each time.
 void tst_threadhighlighter::resultOfAKey_isThereBeforeTheNextPaint()
 {
     SHighlightedEditor editor;

@@ -5,7 +5,7 @@
 #include <QMap>
 #include <QString>
 
-// Files made to end, hang or flood whoever shows them. Always the same.
+// Files made to crash, hang or flood the program that shows them. They are always the same.
 
 struct SHostileFile
 {

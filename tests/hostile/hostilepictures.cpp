@@ -1,6 +1,7 @@
 #include "hostile/hostile.h"
 #include "support/madepictures.h"
 
+#include <QImage>
 #include <QRandomGenerator>
 
 namespace {

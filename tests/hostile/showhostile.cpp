@@ -1,9 +1,10 @@
 // Shows a file as the editor does: showhostile preview|open FILE. Prints one line: "shown" or
 // "refused", for how many milliseconds of work the event loop stood still at most, and how many
-// megabytes the program took at most. What takes far too much is ended by the system.
-// showhostile write FOLDER writes all files that were made to harm, to try them by hand.
+// megabytes the program took at most. The system ends it if it takes far too much. showhostile
+// write FOLDER writes all files that were made to harm, to try them by hand.
 #include "hostile/hostile.h"
 #include "support/watched.h"
+#include "web/ctaster.h"
 
 #include "app/csettings.h"
 #include "editor/chighlightedit.h"
@@ -17,6 +18,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QWebView>
 
 #include <cstdio>
 #include <functional>

@@ -1,5 +1,5 @@
-// Files made to harm: each is selected and opened in a program of its own, which has to live and to
-// answer. Writes what was seen to hostile.txt in the build folder.
+// Harmful files: each is selected and opened in a separate program, which must survive and answer.
+// The results are written to hostile.txt in the build folder.
 #include "hostile/hostile.h"
 
 #include <QElapsedTimer>
@@ -17,7 +17,7 @@ using Kind = SHostileFile::Kind;
 
 namespace {
 
-// How it went with one file.
+// The result for one file.
 struct SOutcome
 {
     QString strFile;

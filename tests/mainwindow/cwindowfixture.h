@@ -4,7 +4,6 @@
 #include "editor/chighlightedit.h"
 #include "mainwindow/ctabwidget.h"
 #include "mainwindow/mainwindow.h"
-#include "support/boxanswer.h"
 
 #include <QAction>
 #include <QDir>
@@ -57,7 +56,8 @@ public:
 
     QString path(const QString &strName) const
     {
-        return QDir::toNativeSeparators(m_folder.filePath(strName)); // As the window shows it.
+        // The message that the window shows.
+        return QDir::toNativeSeparators(m_folder.filePath(strName));
     }
 
     // Makes a file in the case's folder and gives its path.

@@ -3,7 +3,7 @@
 #include <QTextCodec>
 #include <QtTest>
 
-// Pages as people made them, with what the same edits make of each.
+// Pages as people made them, with the results of the same edits in each.
 
 // In each page: the paragraph "alpha beta.", the item "item", the cell "cell".
 const char g_szUtf16[] = "<!DOCTYPE html>\n"
@@ -92,7 +92,7 @@ inline QByteArray encoded(const char *szSource, const char *szCodec)
     return QTextCodec::codecForName(szCodec)->fromUnicode(QString::fromUtf8(szSource));
 }
 
-// What tst_foundpages makes of a page that it edits.
+// The edits of tst_foundpages.
 inline void addFoundPages()
 {
     QTest::addColumn<QByteArray>("content");

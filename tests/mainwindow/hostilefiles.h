@@ -33,7 +33,7 @@ inline QByteArray deepXml(int nDepth)
     return QByteArray("<g>").repeated(nDepth) + QByteArray("</g>").repeated(nDepth);
 }
 
-// A page that tries everything that a page may try: scripts, other files, the network.
+// A page that tries everything forbidden: scripts, other files, the network.
 inline QByteArray trapPage(const QString &strSecret, int nPort)
 {
     const QByteArray file = "file://" + strSecret.toUtf8();

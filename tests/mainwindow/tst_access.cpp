@@ -1,14 +1,15 @@
-// For people who see little, hear the screen read out, or have no mouse: every control has a name,
-// every command a key, every text a contrast.
+// Accessibility: every control has a name, every command a key, and every text enough contrast.
 
 #include "editor/cdlgfind.h"
 #include "editor/cdlggo.h"
 #include "mainwindow/cnoticebar.h"
+#include "mainwindow/mainwindow.h"
 #include "support/contrast.h"
 #include "tests/mainwindow/cwindowfixture.h"
 #include "web/ceditwebview.h"
 
 #include <QAccessible>
+#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
@@ -19,7 +20,9 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSignalSpy>
 #include <QTabBar>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWebView>
@@ -88,7 +91,7 @@ void collectMenuActions(const QList<QAction *> &lstActions, QSet<QAction *> *pRe
     }
 }
 
-// What Tab walks through, from the control that has the focus until it comes round.
+// The controls that Tab visits, from the one with the focus until it returns there.
 QStringList tabOrder(QWidget *pWindow, QWidget *pFirst)
 {
     QStringList lstNames;

@@ -5,8 +5,10 @@
 #include "editor/textreading.h"
 #include "largesource.h"
 #include "support/watched.h"
+#include "tests/support/boxanswer.h"
 
 #include <QDir>
+#include <QMessageBox>
 
 namespace {
 

@@ -5,12 +5,15 @@
 #include "browser/cwidgetfavorfilelist.h"
 #include "browser/cwidgetfilelist.h"
 #include "editor/cdlggo.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QClipboard>
 #include <QDockWidget>
 #include <QListView>
 #include <QMenu>
+#include <QMessageBox>
+#include <QPlainTextEdit>
 
 class tst_commands : public QObject
 {

@@ -1,5 +1,12 @@
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
+#include "document/notice.h"
+#include "tests/support/boxanswer.h"
+
+#include <QMessageBox>
+#include <QTextCursor>
+
 namespace {
 
 const auto g_yes = QMessageBox::Yes;

@@ -64,7 +64,7 @@ private slots:
              "mousedown", "1"});
         const int nWindows = windowsBeside(strId);
         int nMoves = 0;
-        // What is dragged is shown in a window of its own.
+        // The dragged text is shown in a separate window.
         QTRY_VERIFY_WITH_TIMEOUT(dragOn(++nMoves) && windowsBeside(strId) > nWindows, 30000);
         ::kill(pid_t(pProcess->processId()), SIGTERM);
         const bool bEnded = pProcess->waitForFinished(30000);
@@ -96,7 +96,7 @@ private:
         }));
     }
 
-    // What the program is to be busy with; gives the path to start it with.
+    // Prepares the work that keeps the program busy; gives the path to start it with.
     static QString prepare(const CProgramHome &home, const QString &strMoment)
     {
         if (strMoment == "highlighting")

@@ -1,5 +1,5 @@
 // Pages as they are found: in old encodings, with Windows' line ends, as people wrote them by hand
-// twenty years ago. They are written in with keys and buttons; what was not edited stays as it is.
+// twenty years ago. The test edits them with keys and buttons; everything else must stay as it is.
 
 #include "cwindowfixture.h"
 #include "foundpages.h"
@@ -174,13 +174,13 @@ void tst_foundpages::undoneEdits_leaveTheFile()
     QCOMPARE(page()->toHtml(), strLoaded);
     QVERIFY(!m_pCase->window().currentDocument().isModified());
     QCOMPARE(page()->htmlForSaving(), source);
-    // What is typed next is all that a save changes.
+    // A save changes only the text that is typed next.
     caretBehind("alpha");
     QTest::keyClicks(page(), QStringLiteral("s"));
     QCOMPARE(QString::fromUtf8(saved()), QString::fromUtf8(source).replace("alpha", "alphas"));
 }
 
-// A tool may have nothing to do; what it did, one key takes back.
+// A tool may have nothing to do. If it did something, one key undoes it.
 void tst_foundpages::tryTool(const QString &strName, const std::function<void()> &tool)
 {
     const QString strBefore = page()->toHtml();

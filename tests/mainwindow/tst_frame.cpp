@@ -1,5 +1,7 @@
 #include "cwindowfixture.h"
 
+#include "tests/support/boxanswer.h"
+
 #include <QClipboard>
 #include <QDockWidget>
 #include <QMenu>

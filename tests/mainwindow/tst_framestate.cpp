@@ -8,7 +8,7 @@
 
 namespace {
 
-// A window with tool bars and panels in each of the ways in which they can lie.
+// A window with tool bars and panels in all their possible arrangements.
 class CFrame : public QMainWindow
 {
 public:
@@ -106,7 +106,7 @@ private slots:
         QVERIFY(!isFrameStateWhole(arrState));
     }
 
-    // Every byte damaged in turn: Qt gets what is taken for whole, and comes back.
+    // Damages every byte in turn. Qt gets the states that pass the check, and must return.
     void damagedByte_doesNoHarm()
     {
         CFrame frame;

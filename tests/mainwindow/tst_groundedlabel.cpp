@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-// What it paints by itself is what any label would show on that ground.
+// The label looks exactly like any label on that background.
 class tst_groundedlabel : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,8 @@
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
 #include "mainwindow/cnoticebar.h"
+#include "tests/support/boxanswer.h"
 
 #ifdef Q_OS_LINUX
 #include "support/creadonlyfile.h"
@@ -8,6 +10,7 @@
 
 #include <QDirIterator>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 
 namespace {
@@ -87,7 +90,8 @@ private slots:
             QVERIFY(document.isModified());
             QCOMPARE(document.editor()->toPlainText(), QString::fromUtf8("mine é disk"));
             QCOMPARE(CWindowFixture::content(strPath), QByteArray("disk"));
-            QCOMPARE(draftsOnDisk(), 2); // Theirs, written anew before the old ones went.
+            // Their drafts, written again before the old ones were removed.
+            QCOMPARE(draftsOnDisk(), 2);
             QVERIFY(f.settings().getRecentFileList().isEmpty());
         }
     }
@@ -195,7 +199,7 @@ private slots:
     void binaryFile_isNotOverwrittenWithoutAsking()
     {
         CWindowFixture f;
-        // A picture under a text's name: no reading of it can be written back.
+        // A picture under a text's name, which no codec can write back.
         const QByteArray data = f.content(QUILLAN_SOURCE_DIR "/res/res/open.png");
         const QString strPath = f.file("a.bin", data);
         f.window().openFile(strPath);

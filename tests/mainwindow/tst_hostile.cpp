@@ -1,9 +1,12 @@
-// Files, names and settings made to harm: each has a clear answer or none, ends nothing, holds
-// nothing up, and makes the program read and ask for nothing that the user did not.
+// Harmful files, names and settings: none may crash or stall the program, or make it read or
+// request anything that the user did not ask for.
 
 #include "cwindowfixture.h"
+#include "document/cdocument.h"
+#include "document/notice.h"
 #include "hostilefiles.h"
 #include "support/watched.h"
+#include "tests/support/boxanswer.h"
 
 #include "app/plaintext.h"
 #include "browser/cwidgetfilelist.h"
@@ -229,7 +232,7 @@ private slots:
         const QByteArray page = trapPage(file.fileName(), server.serverPort());
         const QString strPath = f.file("trap.html", page);
         f.window().openFile(strPath);
-        // It nests deeply enough to be shown as its source at first.
+        // Its nesting is deep enough for the program to show its source at first.
         const SNotice notice = f.window().currentDocument().notice();
         QCOMPARE(notice.lstChoices.size(), 1);
         notice.lstChoices.constFirst().chosen();

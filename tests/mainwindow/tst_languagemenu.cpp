@@ -1,11 +1,13 @@
 // The Language menu and the label in the status bar, with the definitions that come with the
-// program: this test stands in a folder of its own, beside which they lie.
+// program: this test has its own folder, beside theirs.
 
 #include "cwindowfixture.h"
 
 #include "highlight/chighlightmgt.h"
+#include "tests/support/boxanswer.h"
 
 #include <QMenu>
+#include <QMessageBox>
 #include <QTextBlock>
 
 class tst_languagemenu : public QObject

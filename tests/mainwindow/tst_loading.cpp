@@ -1,7 +1,9 @@
-// A large file while it is loaded, beside everything else that can happen in the window.
+// Loading a large file while other things happen in the window.
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
 #include "document/ceditordocument.h"
+#include "editor/longlines.h"
 #include "editor/textreading.h"
 #include "findinfiles/cwidgetfindinfiles.h"
 #include "mainwindow/cfinddock.h"
@@ -9,10 +11,12 @@
 #include "mainwindow/cpasttabs.h"
 #include "mainwindow/cworkprogress.h"
 #include "support/watched.h"
+#include "tests/support/boxanswer.h"
 
 #include <QDirIterator>
 #include <QEventLoop>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTextBlock>
 #include <QTextCodec>

@@ -3,16 +3,19 @@
 // session.
 //
 // Everything that is typed is a token of its own, such as "[17]". A token is owed to the user until
-// it was saved, or declined in a box that named the loss. An owed token stands in an open editor or
+// it is saved, or declined in a box that names the loss. An owed token stands in an open editor or
 // in a draft on the disk.
 
 #include "cwindowfixture.h"
 
 #include "app/cdraftstore.h"
+#include "document/cdocument.h"
 #include "editor/textreading.h"
 #include "mainwindow/cnoticebar.h"
+#include "tests/support/boxanswer.h"
 
 #include <QDirIterator>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRandomGenerator>
 
@@ -340,7 +343,7 @@ private:
         press("Restore");
     }
 
-    // As long a pause as it takes until drafts are written.
+    // A pause that lasts until drafts are written.
     void pause()
     {
         note("pause");
@@ -354,7 +357,7 @@ private:
         const QString strDrafts = CWindowFixture::draftFolder();
         const QString strSnapshot = m_strFolder + "/snapshot";
         if (bKilled) {
-            // What lies there now is what a killed program leaves.
+            // A killed program would leave the present files.
             window().documents().drafts().finish();
             copyFolder(strDrafts, strSnapshot);
         }

@@ -1,7 +1,8 @@
-// The notice bar and the mouse, as the windowing system tells of it.
+// The notice bar and the mouse, with events as from the windowing system.
 
 #include "cwindowfixture.h"
 
+#include "document/notice.h"
 #include "mainwindow/cnoticebar.h"
 #include "support/awaittimers.h"
 

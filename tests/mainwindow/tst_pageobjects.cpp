@@ -1,6 +1,7 @@
 #include "cwindowfixture.h"
 
 #include "pageedit/cdlgpicture.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QDropEvent>

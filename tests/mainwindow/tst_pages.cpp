@@ -1,6 +1,9 @@
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
+#include "document/notice.h"
 #include "support/awaittimers.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 #include "web/cpreviewwidget.h"
 
@@ -8,10 +11,13 @@
 #include <QDialog>
 #include <QDockWidget>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTextCodec>
+#include <QTextCursor>
 #include <QToolBar>
 #include <QWebFrame>
+#include <QWebView>
 
 namespace {
 

@@ -15,7 +15,7 @@
 #include <QWebElement>
 #include <QWebFrame>
 
-// The Page tool bar: when it is there, what it shows and does.
+// The Page tool bar: when it is visible, what it shows and does.
 class tst_pagetools : public QObject
 {
     Q_OBJECT

@@ -1,14 +1,18 @@
-// Tabs that come back, the ways to many tabs, and the panel of a window without one: real keys and
-// clicks on a real display.
+// Opening closed tabs again, switching between many tabs, and the panel of a window without tabs,
+// with real keys and clicks on a real display.
 
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
+#include "document/place.h"
 #include "mainwindow/clinkbutton.h"
 #include "mainwindow/cstartpanel.h"
 #include "mainwindow/session.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QDropEvent>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QStatusBar>
@@ -67,7 +71,7 @@ CStartPanel *panel(CWindowFixture &f)
     return f.window().findChild<CStartPanel *>();
 }
 
-// The links that can be seen, as they read.
+// The texts of the visible links.
 QStringList links(CWindowFixture &f)
 {
     QStringList lstTexts;
@@ -399,7 +403,7 @@ private slots:
         }
         CWindowFixture f;
         QVERIFY(activate(f));
-        QCOMPARE(f.tabs().count(), 0); // Nothing by itself.
+        QCOMPARE(f.tabs().count(), 0); // Nothing is opened by itself.
         QTest::mouseClick(link(f, g_szLast), Qt::LeftButton);
         QTRY_COMPARE(f.tabs().count(), 3);
         QCOMPARE(f.window().currentDocument().path(), strCurrent);

@@ -107,7 +107,7 @@ private slots:
         QVERIFY(pFirst->waitForFinished());
         const QProcess *pNext = home.start({home.file("next.txt")});
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pNext), QStringList("Quillan(next.txt)"), 20000);
-        // What the killed one had remembered at once is still there.
+        // Settings that the killed program saved at once are still there.
         QCOMPARE(home.recentFiles().size(), 2);
     }
 
@@ -121,7 +121,7 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(windowTitles(pProcess), QStringList("Quillan(a.txt)"), 20000);
     }
 
-    // Nothing can be made below /proc, whoever asks.
+    // Nobody can make a file below /proc.
     void start_withoutAWritableHome_editsAndSaves()
     {
         CProgramHome home;

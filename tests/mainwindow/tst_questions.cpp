@@ -3,8 +3,10 @@
 #include "cwindowfixture.h"
 
 #include "mainwindow/cnoticebar.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
+#include <QMessageBox>
 #include <QPushButton>
 #include <QWebFrame>
 

@@ -1,8 +1,9 @@
-// What a person does, with real focus on a real display: keys go to the widget that has the focus,
+// Works like a person with real focus on a real display: keys go to the widget with the focus,
 // clicks to the buttons of the toolbars.
 
 #include "cwindowfixture.h"
 
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QComboBox>
@@ -10,13 +11,14 @@
 #include <QDropEvent>
 #include <QFontComboBox>
 #include <QMimeData>
+#include <QTextCursor>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWebFrame>
 
 namespace {
 
-// Where a key of the user's would go, once the window manager has given the focus back.
+// The widget that would get a key of the user, once the window manager has given the focus back.
 QWidget *keyTarget()
 {
     if (!QTest::qWaitFor([] { return QApplication::activeWindow() != nullptr; }))
@@ -112,7 +114,7 @@ private slots:
             press(Qt::Key_S, Qt::ControlModifier);
         }
         QTRY_VERIFY(f.content(strPath).contains("very bold"));
-        // The dialog went before the window manager had seen it come.
+        // The dialog closed before the window manager had noticed it.
         QVERIFY(activate(f));
         QVERIFY(!f.window().currentDocument().isModified());
         press(Qt::Key_W, Qt::ControlModifier);

@@ -3,13 +3,16 @@
 // QUILLAN_SOAK_SECONDS: how long (25 by default); QUILLAN_SOAK_SEED: another session.
 
 #include "cwindowfixture.h"
+#include "document/cdocument.h"
 #include "support/watched.h"
+#include "tests/support/boxanswer.h"
 
 #include "browser/cwidgetfilelist.h"
 #include "web/ceditwebview.h"
 
 #include <QDir>
 #include <QDockWidget>
+#include <QMessageBox>
 #include <QPixmapCache>
 #include <QRandomGenerator>
 #include <QTextBlock>
@@ -83,7 +86,8 @@ private slots:
         makeFiles();
         const CConsole console;
 
-        // What is made once is made in the first third: fonts, glyphs, panels, the web view's heap.
+        // Things that are made only once are made in the first third: fonts, glyphs, panels, the
+        // web view's heap.
         const int nDuration = number("QUILLAN_SOAK_SECONDS", 25) * 1000;
         int nSteps = work(1000) + workFor(nDuration / 3);
         closeAll();

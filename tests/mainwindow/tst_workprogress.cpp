@@ -2,6 +2,7 @@
 
 #include "cwindowfixture.h"
 
+#include "document/cdocument.h"
 #include "editor/cdlgfind.h"
 #include "mainwindow/cworkprogress.h"
 
@@ -65,7 +66,7 @@ private slots:
         QElapsedTimer age;
         age.start();
         progress.advance(shortWork.id(), 1, 2);
-        // Whoever is late here has been kept from running, not shown anything too early.
+        // If this comes late, the test was not given time to run; nothing was shown too early.
         while (!age.hasExpired(300)) {
             QCoreApplication::processEvents();
             QVERIFY(progress.isHidden() || age.hasExpired(500));
@@ -146,7 +147,7 @@ private slots:
         CWorkProgress &progress = f.window().workProgress();
         QVERIFY(progress.isHidden());
         CStoppedWork work(&progress, "work");
-        QTest::keyClick(f.editor(), Qt::Key_Escape); // Nothing to be seen: nothing to stop.
+        QTest::keyClick(f.editor(), Qt::Key_Escape); // Nothing is shown, so nothing can be stopped.
         QCOMPARE(work.stops(), 0);
         QTRY_VERIFY(isShown(f, "work"));
         QTest::keyClick(f.editor(), Qt::Key_A);

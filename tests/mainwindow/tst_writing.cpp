@@ -1,10 +1,11 @@
-// An article written from nothing, with keys, clicks and a drop, on a real display. With
-// QUILLAN_PICTURES=FOLDER each step leaves a picture there.
+// Writes an article in an empty page, with keys, clicks and a drop, on a real display. With
+// QUILLAN_PICTURES=FOLDER each step saves a picture there.
 
 #include "cwindowfixture.h"
 
 #include "pageedit/cdlgpicture.h"
 #include "pageedit/ctablechooser.h"
+#include "tests/support/boxanswer.h"
 #include "web/ceditwebview.h"
 
 #include <QComboBox>
@@ -22,7 +23,7 @@
 
 namespace {
 
-// What a person would have written by hand.
+// The source that a person would have written by hand.
 const char g_szArticle[] =
     "<!DOCTYPE html>\n"
     "<html>\n"
@@ -75,7 +76,7 @@ const char g_szXhtml[] =
     "</body>\n"
     "</html>\n";
 
-// What is not well-formed; empty for what is.
+// The error of a text that is not well-formed; otherwise empty.
 QString xmlError(const QByteArray &source)
 {
     QXmlStreamReader reader(source);
@@ -115,7 +116,7 @@ private:
 
     CEditWebView *page() const { return m_pCase->window().currentDocument().page(); }
     QString text() const { return page()->page()->mainFrame()->toPlainText(); }
-    // A dialog may go before the window manager has seen it come.
+    // A dialog may close before the window manager has noticed it.
     void focusPage() const
     {
         if (!QApplication::focusWidget())

@@ -1,5 +1,5 @@
-// Starts as the program does, in the language of the system's locale, and writes the texts of its
-// window, dialogs and boxes as a JSON object to the standard output.
+// Starts like the program, in the language of the system's locale, and prints the texts of its
+// window, dialogs and boxes as a JSON object.
 
 #include "app/csettings.h"
 #include "app/ctranslators.h"
@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QTabBar>
 
 namespace {

@@ -2,10 +2,12 @@
 
 #include "pageedit/ctablegrid.h"
 
+#include <QPoint>
+#include <QRect>
 #include <algorithm>
 
 // A table without holes as a list of rectangles, for comparison with CTableGrid: each command is
-// arithmetic on their edges.
+// simple arithmetic on their edges.
 class CLiteralTable
 {
 public:
@@ -117,7 +119,7 @@ public:
                 cell.place.moveLeft(2 * nLeft + 1 - cell.place.left());
         return true;
     }
-    // Grown until no cell is cut.
+    // Grows the rectangle until it cuts no cell.
     QRect whole(QRect place) const
     {
         for (bool bGrown = true; bGrown;) {

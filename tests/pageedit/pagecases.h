@@ -1,5 +1,6 @@
 #pragma once
 
+#include "web/ceditwebview.h"
 #include "web/webtest.h"
 
 #include <QDir>
@@ -74,7 +75,7 @@ inline QString withoutMarks(QString strHtml)
     return strHtml.remove(QLatin1Char('[')).remove(QLatin1Char(']')).remove(QLatin1Char('|'));
 }
 
-// Where the marks stand in the page, as script text; takes them out of it.
+// Finds the marks in the page, as script text, and removes them.
 inline QString takeMarks(CEditWebView *pPage)
 {
     return run(pPage,

@@ -5,8 +5,8 @@
 
 #include <QUndoStack>
 
-// What is left where Backspace, Delete and Cut join paragraphs of different looks: the text and its
-// own elements, without styles that nobody wrote.
+// When Backspace, Delete or Cut join paragraphs of different styles, the text and its own elements
+// remain, without styles that nobody wrote.
 class tst_joins : public CPageTest
 {
     Q_OBJECT

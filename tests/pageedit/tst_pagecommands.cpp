@@ -1,4 +1,5 @@
 #include "pagecases.h"
+#include "web/cpagemerge.h"
 #include "web/realpages.h"
 
 #include "pageedit/pagecommands.h"
@@ -11,8 +12,8 @@
 
 Q_DECLARE_METATYPE(SPageCase)
 
-// What each command makes of a page, case by case, and that each is one step of undo.
-// QUILLAN_PROMOTE=1 writes what came out into the files of cases; look at the difference.
+// Checks the result of each command, case by case, and that each is one step of undo.
+// QUILLAN_PROMOTE=1 writes the results into the files of cases; look at the difference.
 class tst_pagecommands : public CPageTest
 {
     Q_OBJECT
@@ -92,8 +93,8 @@ QString tst_pagecommands::shown(const SPageCase &pageCase) const
     return isWhole(pageCase) ? m_pView->toHtml() : body();
 }
 
-// What is saved reads back as the page that is shown, and has no other line changed than the
-// command itself changed.
+// A saved page reads back as the shown page, and has only those lines changed that the command
+// changed.
 void tst_pagecommands::checkSaving(const QString &strBefore)
 {
     const QString strShown = m_pView->toHtml();

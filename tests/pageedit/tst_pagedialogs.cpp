@@ -12,7 +12,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
-// Dialogs of a page, and what they are made of.
+// The dialogs of a page, and their parts.
 class tst_pagedialogs : public QObject
 {
     Q_OBJECT

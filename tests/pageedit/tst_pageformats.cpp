@@ -6,7 +6,7 @@
 #include <QInputMethodEvent>
 #include <QUndoStack>
 
-// Bold and italic letters in the elements that the page uses for them.
+// Bold and italic text in the elements that the page uses for them.
 class tst_pageformats : public CPageTest
 {
     Q_OBJECT

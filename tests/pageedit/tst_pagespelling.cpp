@@ -1,5 +1,6 @@
 #include "pagecases.h"
 #include "spelling/smalldictionary.h"
+#include "tests/support/files.h"
 
 #include "pageedit/cpagespelling.h"
 #include "spelling/cspelling.h"

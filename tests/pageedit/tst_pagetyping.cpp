@@ -5,7 +5,7 @@
 
 #include <QInputMethodEvent>
 
-// What keys do in a page that is written.
+// Keys in an edited page.
 class tst_pagetyping : public CPageTest
 {
     Q_OBJECT
@@ -100,7 +100,7 @@ void tst_pagetyping::tab_indentsItems()
     open(QStringLiteral("<ul><li>one</li><li>t|wo</li></ul>"));
     press(Qt::Key_Tab);
     QCOMPARE(body(), QStringLiteral("<ul><li>one<ul><li>two</li></ul></li></ul>"));
-    press(Qt::Key_Tab); // No further in.
+    press(Qt::Key_Tab); // It cannot be indented further.
     QCOMPARE(body(), QStringLiteral("<ul><li>one<ul><li>two</li></ul></li></ul>"));
     press(Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(body(), QStringLiteral("<ul><li>one</li><li>two</li></ul>"));
@@ -173,7 +173,7 @@ void tst_pagetyping::fieldsOfForms_keepTheirKeys()
         !askPage(m_pView, QStringLiteral("keys")).toMap().value(QStringLiteral("item")).toBool());
 }
 
-// Where AltGr comes as Control and Alt.
+// On systems where AltGr comes as Control and Alt.
 void tst_pagetyping::firstLetterByAltGr_isAParagraph()
 {
     open(QStringLiteral("|"));

@@ -1,12 +1,16 @@
 #include "web/realpages.h"
 
 #include "pageedit/pagecommands.h"
+#include "web/ceditwebview.h"
+#include "web/cpagemerge.h"
 #include "web/cpagereader.h"
+#include "web/pagecodec.h"
 
+#include <QTest>
 #include <QUndoStack>
+#include <QWebPage>
 
-// The commands on pages as they are found in the world: what undo gives back, and which lines a
-// save changes.
+// The commands on real pages: undo restores them, and a save changes only the right lines.
 class tst_realpagecommands : public QObject
 {
     Q_OBJECT
@@ -119,7 +123,7 @@ void tst_realpagecommands::command_isUndoneAndSavedAlone()
     }
     qInfo("%d of %d pages changed, %d of them by other lines, too", nChanged, nPages, nOther);
     QVERIFY(nPages > 0);
-    // What becomes preformatted has the white space of its source changed.
+    // Text that becomes preformatted gets other white space in its source.
     QVERIFY(nOther * (qstrcmp(command.szRow, "preformatted") == 0 ? 4 : 10) <= nPages);
 }
 

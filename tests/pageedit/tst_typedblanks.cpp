@@ -3,8 +3,8 @@
 #include "pageedit/cpagetyping.h"
 #include "pageedit/pagecommands.h"
 
-// What stands in the source where blanks were typed, and what becomes of the page's own
-// non-breaking spaces there.
+// Which characters the source has where blanks were typed, and that the page's own non-breaking
+// spaces stay.
 class tst_typedblanks : public CPageTest
 {
     Q_OBJECT

@@ -3,8 +3,9 @@
 #include <QTest>
 #include <QTimer>
 
-// True once every timer of this thread that was to fire within so many milliseconds has fired: one
-// that is started now fires behind them, however busy the machine is. For what must not happen.
+// True once every timer of this thread that was due within so many milliseconds has fired. It
+// starts a timer, which fires after them however busy the machine is. Use it to show that something
+// does not happen.
 inline bool awaitTimers(int nMilliseconds)
 {
     bool bFired = false;

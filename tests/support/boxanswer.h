@@ -29,7 +29,7 @@ private:
     QTimer m_timer;
 };
 
-// What a message box said.
+// The texts of a message box.
 struct SBox
 {
     QMessageBox::Icon icon;
@@ -45,7 +45,7 @@ struct SBox
 class CBoxAnswer
 {
 public:
-    // fnMeanwhile: what happens while the first box stands, before it is answered.
+    // fnMeanwhile runs while the first box is open, before it is answered.
     explicit CBoxAnswer(QList<QMessageBox::StandardButton> lstAnswers = {QMessageBox::Ok},
                         std::function<void()> fnMeanwhile = {})
         : m_lstAnswers(std::move(lstAnswers)), m_fnMeanwhile(std::move(fnMeanwhile))

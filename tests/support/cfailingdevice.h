@@ -2,8 +2,8 @@
 
 #include <QIODevice>
 
-// A device that fails like a broken disk: at opening, behind so many bytes, in pieces, or only when
-// what was written is to be flushed or committed.
+// A device that fails like a broken disk: at opening, after so many bytes, in pieces, or only when
+// written bytes are flushed or committed.
 class CFailingDevice : public QIODevice
 {
     Q_OBJECT
@@ -11,8 +11,8 @@ class CFailingDevice : public QIODevice
 public:
     enum class Fault {
         AtOpen,
-        AfterBytes, // Takes so many, then says that it failed.
-        Full, // Takes so many, then none: not a failure by its own account.
+        AfterBytes, // Takes so many bytes, then reports a failure.
+        Full, // Takes so many bytes, then none, without reporting a failure.
         None,
     };
 

@@ -6,8 +6,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
-// Makes a file unwritable while it lives, for root, too, who may write to all but what is mounted
-// read-only. The mount is seen by this thread alone. Linux only.
+// Makes a file read-only while the object lives. It mounts the file read-only, because that stops
+// root as well. Only this thread sees the mount. Linux only.
 class CReadOnlyFile
 {
 public:

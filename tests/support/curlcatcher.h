@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QUrl>
 
-// Takes the place of the desktop's programs while it lives.
+// Replaces the desktop's programs while it lives.
 class CUrlCatcher : public QObject
 {
     Q_OBJECT

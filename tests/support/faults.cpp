@@ -67,7 +67,7 @@ extern "C" {
 ssize_t read(int nHandle, void *pBuffer, size_t nSize)
 {
     if (concerns(Call::Read, nHandle)) {
-        // As a bad block does: what lies before it is read.
+        // Fails like a bad block: the bytes before it are read.
         if (g_nLeft <= 0 && fails())
             return -1;
         nSize = std::min(nSize, size_t(g_nLeft));

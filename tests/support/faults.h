@@ -2,9 +2,9 @@
 
 #include <QByteArray>
 
-// Faults of a disk, for whatever runs in this test. A test that lists faults.cpp among its sources
-// has its own read(), write(), fsync(), rename() and close(), which the program's libraries, linked
-// statically, call in place of the system's.
+// Faults of a disk, for all code that runs in this test. A test that lists faults.cpp among its
+// sources has its own read(), write(), fsync(), rename() and close(), which the program's
+// libraries, linked statically, call in place of the system's.
 namespace Faults {
 
 enum class Call { None, Read, Write, Sync, Rename, Close };

@@ -21,7 +21,7 @@ inline QByteArray littleEndian(quint32 nValue, int nBytes)
     return bytes.left(nBytes);
 }
 
-// Whole and honest ones.
+// Complete pictures with correct headers.
 inline QByteArray savedPicture(const QImage &image, const char *szFormat)
 {
     QByteArray data;
@@ -82,7 +82,7 @@ inline QByteArray webpClaiming(int nWidth, int nHeight)
         + littleEndian(quint32(nWidth - 1), 3) + littleEndian(quint32(nHeight - 1), 3);
 }
 
-// Tells no size that counts: it may grow while it plays.
+// Its size does not count, because it may grow while it plays.
 inline QByteArray mng()
 {
     return QByteArray("\x8aMNG\r\n\x1a\n", 8) + bigEndian(28) + "MHDR" + QByteArray(28, '\xff')

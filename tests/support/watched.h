@@ -10,7 +10,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-// What a test keeps an eye on beside what it does (Linux only).
+// Observes what happens beside the work of a test (Linux only).
 
 // Collects what the program and its libraries print while the object lives.
 class CConsole
@@ -32,7 +32,7 @@ public:
 private:
     static void keep(QtMsgType, const QMessageLogContext &, const QString &strText)
     {
-        // The offscreen platform's own; no other platform says so.
+        // Messages of the offscreen platform, which no other platform prints.
         if (!strText.startsWith(QLatin1String("This plugin does not support")))
             lines().append(strText);
     }
@@ -65,7 +65,7 @@ private:
     qint64 m_nLongest = 0;
 };
 
-// Sees whether anybody opens a file.
+// Notices whether anybody opens a file.
 class CAccessWatch
 {
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "web/ceditwebview.h"
 #include "web/charset.h"
-#include "web/pagecodec.h"
 #include "web/tokenalign.h"
 #include "webtest.h"
 
@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-// Pages as they are found in the world, and what an author does to them.
+// Real pages, and the edits of an author.
 
 struct SRealPage
 {
@@ -54,7 +54,7 @@ inline QVector<SRealPage> samplePages()
     return lstPages;
 }
 
-// What an author does. Each returns false where the page has no place for it.
+// The edits of an author. Each returns false if the page has no place for it.
 namespace Author {
 
 // Where in the text of the page: the text node and the place within it by two random numbers.

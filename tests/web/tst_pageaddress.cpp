@@ -2,6 +2,7 @@
 
 #include <QTcpServer>
 #include <QWebElement>
+#include <QWebView>
 
 // Refresh, links, the history: which address is the document.
 class tst_pageaddress : public QObject

@@ -3,11 +3,15 @@
 #include "web/pagecodec.h"
 
 #include "app/textcodecs.h"
+#include "web/ceditwebview.h"
 #include "web/charset.h"
 #include "web/cpreviewwidget.h"
 #include "webtest.h"
 
+#include <QSignalSpy>
+#include <QTest>
 #include <QTextCodec>
+#include <QWebView>
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include "support/processortime.h"
 
 #include <QTextCodec>
+#include <QWebView>
 
 // The page as a document: loading, saving, title, modified flag.
 class tst_pagedocument : public QObject

@@ -1,12 +1,20 @@
 #include "realpages.h"
 
 #include "web/cdrawinguses.h"
+#include "web/ceditwebview.h"
+#include "web/pagecodec.h"
 #include "web/pagehazards.h"
+
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUrl>
+#include <QWebFrame>
 
 Q_DECLARE_METATYPE(EPageHazard)
 
-// What of a page's source ends the page engine or keeps it busy; and that pages of the world, and
-// what is only many, hold none of it.
+// Which sources crash the page engine or keep it busy, and that real pages, and merely large ones,
+// have no hazard.
 class tst_pagehazards : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-// What needs a window with the focus: keys, clicks, hiding and showing.
+// Tests that need a window with the focus: keys, clicks, hiding and showing.
 class tst_pagekeys : public QObject
 {
     Q_OBJECT

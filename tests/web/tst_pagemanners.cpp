@@ -6,9 +6,10 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTextBlock>
+#include <QWebView>
 #include <QXmlStreamReader>
 
-// What an author expects of a page editor without thinking of it.
+// Things that an author takes for granted in a page editor.
 class tst_pagemanners : public CPageTest
 {
     Q_OBJECT

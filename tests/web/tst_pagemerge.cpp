@@ -9,7 +9,7 @@
 
 #include <QRandomGenerator>
 
-// The source of a page with what changed in the page, and what this is made of.
+// The source of a page with the changes of the page merged in, and the parts of the merge.
 class tst_pagemerge : public QObject
 {
     Q_OBJECT
@@ -109,7 +109,7 @@ void tst_pagemerge::unchangedPage_isTheSource()
     QCOMPARE(merge.merged(strShown, read), strSource);
 }
 
-// The bytes were decoded otherwise, say: what is shown counts.
+// For example the bytes were decoded differently: the shown page counts.
 void tst_pagemerge::sourceThatMakesAnotherPage_isMended()
 {
     CPageReader reader;

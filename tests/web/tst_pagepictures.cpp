@@ -1,5 +1,6 @@
 // Pictures, icons, frames and style sheets of pages that were made to harm.
 #include "support/madepictures.h"
+#include "web/ceditwebview.h"
 #include "webtest.h"
 
 #include "web/cpagenetwork.h"
@@ -7,6 +8,13 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
+
+#include <QFile>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QTest>
+#include <QWebFrame>
+
 #endif
 
 class tst_pagepictures : public QObject

@@ -8,6 +8,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QWebSettings>
+#include <QWebView>
 
 // Nothing of a page runs, reaches the network or reads files from elsewhere.
 class tst_pagesafety : public QObject

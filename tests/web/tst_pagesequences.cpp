@@ -1,8 +1,11 @@
 #include "realpages.h"
 
+#include "web/ceditwebview.h"
+#include "web/cpagemerge.h"
 #include "web/cpagereader.h"
+#include "web/pagecodec.h"
 
-// Whatever an author does one after the other: what is saved is the page that is shown.
+// After any sequence of edits the saved page is the shown page.
 class tst_pagesequences : public QObject
 {
     Q_OBJECT
@@ -18,7 +21,7 @@ const int g_nSequences = 200;
 #else
 const int g_nSequences = 2000;
 #endif
-const int g_nLargest = 30000; // Bytes of a page that is tried over and over.
+const int g_nLargest = 30000; // The largest page, in bytes, that is tried many times.
 
 } // namespace
 

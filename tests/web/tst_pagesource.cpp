@@ -4,8 +4,10 @@
 
 #include "editor/chighlightedit.h"
 
+#include <QPlainTextEdit>
 #include <QTextBlock>
 #include <QTextCodec>
+#include <QWebView>
 
 // The page and its twin, the source editor.
 class tst_pagesource : public QObject

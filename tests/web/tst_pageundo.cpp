@@ -159,7 +159,7 @@ void tst_pageundo::undoPastTheSavedState_setsTheFlag()
 void tst_pageundo::undoOfARecoveredPage_keepsTheFlag()
 {
     start(QStringLiteral("<p>x</p>"));
-    m_pView->setModified(true); // As a draft is: the file has something else.
+    m_pView->setModified(true); // Like a draft: the file has another text.
     type(QStringLiteral("a"));
     undo();
     QCOMPARE(text(), QStringLiteral("x"));

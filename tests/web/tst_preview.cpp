@@ -6,6 +6,7 @@
 
 #include <QDockWidget>
 #include <QMenu>
+#include <QWebView>
 
 class tst_preview : public QObject
 {

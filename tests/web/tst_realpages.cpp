@@ -1,10 +1,14 @@
 #include "realpages.h"
 
+#include "web/ceditwebview.h"
+#include "web/cpagemerge.h"
 #include "web/cpagereader.h"
+#include "web/pagecodec.h"
 
+#include <QTest>
 #include <algorithm>
 
-// A page keeps its source: what changes in real pages, line by line, when an author changes
+// A page keeps its source: counts the lines that change in real pages when an author changes
 // something.
 class tst_realpages : public QObject
 {

@@ -1,4 +1,4 @@
-// The helper program, and what the preview makes of its answers.
+// The helper program, and what the preview does with its answers.
 #include "webtest.h"
 
 #include "editor/chighlightedit.h"
@@ -9,7 +9,9 @@
 #include "web/ctaster.h"
 #include "web/filekey.h"
 
+#include <QProcess>
 #include <QPushButton>
+#include <QWebView>
 
 #include <csignal>
 
@@ -86,7 +88,7 @@ QString visibleNotice(const CPreviewWidget &preview)
     return preview.notice();
 }
 
-// Those that run and were started by this one.
+// The running helpers that this process started.
 QStringList helpers()
 {
     QFile file(QStringLiteral("/proc/self/task/%1/children").arg(getpid()));

@@ -10,8 +10,9 @@
 #include <QWebElement>
 #include <QWebFrame>
 #include <QWebSettings>
+#include <QWebView>
 
-// Settings in memory of this process only, and a temporary folder: one for each test case.
+// Settings that are never stored, and a temporary folder, for each test case.
 class CWebCase
 {
 public:
