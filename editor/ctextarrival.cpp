@@ -1,5 +1,7 @@
 #include "editor/ctextarrival.h"
 
+#include "editor/ctextslices.h"
+
 #include <QElapsedTimer>
 
 namespace {

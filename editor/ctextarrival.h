@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/filereader.h"
+#include "editor/arrivingtext.h"
 #include "editor/ctextloader.h"
 
 #include <QObject>
