@@ -1,13 +1,10 @@
-#include "pagecases.h"
-
-#include "pageedit/cpagetyping.h"
-#include "pageedit/pagecommands.h"
+#include "cmarkedpagetest.h"
 
 #include <QUndoStack>
 
 // When Backspace, Delete or Cut join paragraphs of different styles, the text and its own elements
 // remain, without styles that nobody wrote.
-class tst_joins : public CPageTest
+class tst_joins : public CMarkedPageTest
 {
     Q_OBJECT
 
@@ -17,17 +14,8 @@ private slots:
     void deletionWithinAParagraph_isLeftToTheWebView();
 };
 
-static void open(CEditWebView *pView, const QString &strMarked)
-{
-    const QString strPage = QStringLiteral("<!DOCTYPE html><html><head><style>"
-                                           "h2 { color: red } li { font-style: italic }"
-                                           "</style></head><body>%1</body></html>");
-    pView->setHtml(strPage.arg(strMarked));
-    selectPlaces(pView, takeMarks(pView));
-    pView->setFocus();
-    CPageTyping::of(pView);
-    askPage(pView, "state"); // As the tool bar does.
-}
+static const QString g_strStyle =
+    QStringLiteral("<style>h2 { color: red } li { font-style: italic }</style>");
 
 void tst_joins::deletion_writesNoStyles_data()
 {
@@ -53,7 +41,7 @@ void tst_joins::deletion_writesNoStyles()
 {
     QFETCH(QString, before);
     QFETCH(int, key);
-    open(m_pView, before);
+    open(before, g_strStyle);
     if (key == Qt::Key_X)
         m_pView->triggerEdit(QWebPage::Cut);
     else
@@ -69,7 +57,7 @@ void tst_joins::deletion_writesNoStyles()
 // All of it is one step, as before.
 void tst_joins::deletionWithinAParagraph_isLeftToTheWebView()
 {
-    open(m_pView, "<p>one two|</p><h2>x</h2>");
+    open("<p>one two|</p><h2>x</h2>", g_strStyle);
     for (int n = 0; n < 3; ++n)
         QTest::keyClick(m_pView, Qt::Key_Backspace);
     QCOMPARE(m_pView->page()->undoStack()->count(), 1);

@@ -1,13 +1,12 @@
-#include "pagecases.h"
+#include "cmarkedpagetest.h"
 
 #include "pageedit/cpagetyping.h"
-#include "pageedit/pagecommands.h"
 
 #include <QInputMethodEvent>
 #include <QUndoStack>
 
 // Bold and italic text in the elements that the page uses for them.
-class tst_pageformats : public CPageTest
+class tst_pageformats : public CMarkedPageTest
 {
     Q_OBJECT
 
@@ -19,17 +18,6 @@ private slots:
     void composedText_isWrittenAsThePageWrites();
     void format_isForgottenWhenTheCaretMoves();
     void key_doesWhatTheButtonDoes();
-
-private:
-    void open(const QString &strMarked)
-    {
-        set(QStringLiteral("<!DOCTYPE html><html><head></head><body>%1</body></html>")
-                .arg(strMarked));
-        selectPlaces(m_pView, takeMarks(m_pView));
-        m_pView->setFocus();
-        CPageTyping::of(m_pView);
-        askPage(m_pView, "state"); // As the tool bar does.
-    }
 };
 
 void tst_pageformats::selection_isWrittenAsThePageWrites_data()

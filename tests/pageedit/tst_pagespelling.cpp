@@ -1,4 +1,4 @@
-#include "pagecases.h"
+#include "cmarkedpagetest.h"
 #include "spelling/smalldictionary.h"
 #include "tests/support/files.h"
 
@@ -9,7 +9,7 @@
 #include <QUndoStack>
 
 // Misspelt words of a page, with a dictionary of a few English and German words.
-class tst_pagespelling : public CPageTest
+class tst_pagespelling : public CMarkedPageTest
 {
     Q_OBJECT
 
@@ -36,12 +36,6 @@ private slots:
     void checkWhileTheListIsShown_changesNothing();
 
 private:
-    void open(const QString &strBody)
-    {
-        set(QStringLiteral("<!DOCTYPE html><html><body>%1</body></html>").arg(strBody));
-        selectPlaces(m_pView, takeMarks(m_pView));
-        m_pView->setFocus();
-    }
     QMenu *menu() const { return m_pView->findChild<QMenu *>(QStringLiteral("suggestionMenu")); }
     // How many columns of pixels have the ink of a mark.
     int marks() const
@@ -115,14 +109,14 @@ void tst_pagespelling::misspeltWords_areMarked()
 {
     QFETCH(QString, body);
     QFETCH(bool, marked);
-    open(QStringLiteral("|<br>") + body);
+    show(QStringLiteral("|<br>") + body);
     check();
     QCOMPARE(marks() > 0, marked);
 }
 
 void tst_pagespelling::wordThatIsTyped_isMarkedOnceTheCaretLeaves()
 {
-    open("<p>hello |<br></p>");
+    show("<p>hello |<br></p>");
     QTest::keyClicks(m_pView, "wrld");
     check();
     QCOMPARE(marks(), 0);
@@ -132,7 +126,7 @@ void tst_pagespelling::wordThatIsTyped_isMarkedOnceTheCaretLeaves()
 
 void tst_pagespelling::marks_followTheText()
 {
-    open("<p>|hello wrld</p>");
+    show("<p>|hello wrld</p>");
     check();
     const int nMarks = marks();
     QVERIFY2(nMarks > 5, qPrintable(QString::number(nMarks)));
@@ -146,7 +140,7 @@ void tst_pagespelling::marks_followTheText()
 
 void tst_pagespelling::marks_areNoPartOfThePage()
 {
-    open("<p>|hello wrld</p>");
+    show("<p>|hello wrld</p>");
     const QString strHtml = m_pView->toHtml();
     check();
     QVERIFY(marks() > 0);
@@ -157,7 +151,7 @@ void tst_pagespelling::marks_areNoPartOfThePage()
 
 void tst_pagespelling::shiftF4_turnsMarksOff()
 {
-    open("<p>|hello wrld</p>");
+    show("<p>|hello wrld</p>");
     check();
     QVERIFY(marks() > 0);
     QTest::keyClick(m_pView, Qt::Key_F4, Qt::ShiftModifier);
@@ -169,7 +163,7 @@ void tst_pagespelling::shiftF4_turnsMarksOff()
 
 void tst_pagespelling::pageOutOfView_isNotAsked()
 {
-    open("<p>|hello</p><div style=\"height: 3000px\"></div><p>wrld</p>");
+    show("<p>|hello</p><div style=\"height: 3000px\"></div><p>wrld</p>");
     check();
     QCOMPARE(marks(), 0);
     m_pView->page()->mainFrame()->setScrollPosition(QPoint(0, 5000));
@@ -198,7 +192,7 @@ void tst_pagespelling::f4_offersWordsForTheOneAtTheCaret()
 {
     QFETCH(QString, body);
     QFETCH(QString, first);
-    open(body);
+    show(body);
     QTest::keyClick(m_pView, Qt::Key_F4);
     QTEST(m_pView->selectedText(), "selected");
     QVERIFY(menu() && menu()->isVisible());
@@ -208,7 +202,7 @@ void tst_pagespelling::f4_offersWordsForTheOneAtTheCaret()
 
 void tst_pagespelling::f4Again_goesToTheNextWord()
 {
-    open("<p>|wrld wrld</p><p>thre</p>");
+    show("<p>|wrld wrld</p><p>thre</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
     menu()->hide();
     QTest::keyClick(m_pView, Qt::Key_F4);
@@ -222,10 +216,10 @@ void tst_pagespelling::f4Again_goesToTheNextWord()
 void tst_pagespelling::f4WithoutMisspeltWord_saysSo()
 {
     QSignalSpy spy(m_pView, &CEditWebView::statusMessage);
-    open("<p>wrld hello|</p>");
+    show("<p>wrld hello|</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
     QCOMPARE(spy.last().value(0).toString(), QStringLiteral("No misspelt word follows."));
-    open("<p lang=\"it\">cia|o</p>");
+    show("<p lang=\"it\">cia|o</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
     QCOMPARE(spy.last().value(0).toString(),
              QStringLiteral("There is no dictionary for this language."));
@@ -246,7 +240,7 @@ void tst_pagespelling::chosenWord_isOneStepAndKeepsItsLetters_data()
 void tst_pagespelling::chosenWord_isOneStepAndKeepsItsLetters()
 {
     QFETCH(QString, before);
-    open(before);
+    show(before);
     QTest::keyClick(m_pView, Qt::Key_F4);
     QTest::keyClick(menu(), Qt::Key_Return);
     QTEST(body(), "after");
@@ -257,7 +251,7 @@ void tst_pagespelling::chosenWord_isOneStepAndKeepsItsLetters()
 
 void tst_pagespelling::addedWord_isMarkedNoMore()
 {
-    open("<p>hello wrld|</p>");
+    show("<p>hello wrld|</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
     menu()->actions().last()->trigger();
     menu()->hide();
@@ -267,7 +261,7 @@ void tst_pagespelling::addedWord_isMarkedNoMore()
 
 void tst_pagespelling::checkWhileTheListIsShown_changesNothing()
 {
-    open("<div style=\"height: 3000px\">wrld</div><p>|thre</p>");
+    show("<div style=\"height: 3000px\">wrld</div><p>|thre</p>");
     QTest::keyClick(m_pView, Qt::Key_F4);
     check();
     QTest::keyClick(menu(), Qt::Key_Return);

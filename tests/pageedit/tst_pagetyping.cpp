@@ -1,4 +1,4 @@
-#include "pagecases.h"
+#include "cmarkedpagetest.h"
 
 #include "pageedit/cpagetyping.h"
 #include "pageedit/pagecommands.h"
@@ -6,12 +6,11 @@
 #include <QInputMethodEvent>
 
 // Keys in an edited page.
-class tst_pagetyping : public CPageTest
+class tst_pagetyping : public CMarkedPageTest
 {
     Q_OBJECT
 
 private:
-    void open(const QString &strMarked);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(m_pView, key, modifiers);
@@ -40,15 +39,6 @@ private slots:
     void textBesideATable_isAParagraph_data();
     void textBesideATable_isAParagraph();
 };
-
-void tst_pagetyping::open(const QString &strMarked)
-{
-    set(QStringLiteral("<!DOCTYPE html><html><head></head><body>%1</body></html>").arg(strMarked));
-    selectPlaces(m_pView, takeMarks(m_pView));
-    m_pView->setFocus();
-    CPageTyping::of(m_pView);
-    askPage(m_pView, QStringLiteral("state")); // As the tool bar does.
-}
 
 void tst_pagetyping::firstText_isAParagraph()
 {

@@ -1,11 +1,10 @@
-#include "pagecases.h"
+#include "cmarkedpagetest.h"
 
-#include "pageedit/cpagetyping.h"
 #include "pageedit/pagecommands.h"
 
 // Which characters the source has where blanks were typed, and that the page's own non-breaking
 // spaces stay.
-class tst_typedblanks : public CPageTest
+class tst_typedblanks : public CMarkedPageTest
 {
     Q_OBJECT
 
@@ -17,15 +16,6 @@ private slots:
     void typing_isUndoneAsBefore();
 
 private:
-    void open(const QString &strMarked)
-    {
-        set(QStringLiteral("<!DOCTYPE html><html><head></head><body>%1</body></html>")
-                .arg(strMarked));
-        selectPlaces(m_pView, takeMarks(m_pView));
-        m_pView->setFocus();
-        CPageTyping::of(m_pView);
-        askPage(m_pView, "state"); // As the tool bar does.
-    }
     // "<" is Backspace, ">" Delete, "/" Enter, "}" the right arrow.
     void press(const QString &strKeys)
     {
