@@ -40,13 +40,10 @@ bool CDocument::isLoadable(const SFileContent &content)
 
 CResult CDocument::load(const QString &strPath, const SFileContent &content)
 {
-    {
-        const QScopedValueRollback<bool> loading(m_bLoading, true);
-        CResult result = showContent(strPath, content);
-        if (!result.isDone())
-            return result;
-        noteState(content.state, isContentWhole(content));
-    }
+    CResult result = showContent(strPath, content);
+    if (!result.isDone())
+        return result;
+    noteState(content.state, isContentWhole(content));
     emit loaded();
     return CResult::done();
 }

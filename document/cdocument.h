@@ -53,8 +53,8 @@ public:
     virtual bool isModified() const { return false; }
     // False for pictures, and for a page that shows another address than its file's.
     virtual bool canSave() const { return false; }
-    // True while the document is created or filled. For a large text this lasts until all of it has
-    // arrived.
+    // True while a reload or a draft replaces the contents. For a large text it lasts until all of
+    // the text has arrived.
     bool isLoading() const { return m_bLoading || isArriving(); }
     // True while a large text arrives: it can be read and copied, and nothing else. It is not
     // modified.
