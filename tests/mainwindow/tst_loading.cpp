@@ -569,6 +569,21 @@ private slots:
         QCOMPARE(notice(f).isEmpty(), bWhole);
     }
 
+    void textInPieces_isShownWholeFromItsStart()
+    {
+        CWindowFixture f;
+        const QByteArray text = "first\n" + QByteArray(1100000, 'x') + "\nnext\nlast\n";
+        CDocument *pDocument = open(f, f.file("large.txt", text));
+        QTRY_VERIFY_WITH_TIMEOUT(!notice(f).isEmpty(), 60000);
+        QVERIFY(press(f, "Show it in pieces"));
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+        f.editor()->moveCursor(QTextCursor::End); // A line that the whole text does not have.
+        QVERIFY(press(f, "Show it whole"));
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving() && !f.editor()->isInPieces(), 60000);
+        QCOMPARE(f.editor()->blockCount(), 5);
+        QCOMPARE(f.editor()->textCursor().blockNumber(), 0);
+    }
+
     void closedWhileTheBarAsks_isClean()
     {
         CWindowFixture f;
