@@ -94,7 +94,7 @@ bool CInPlaceWriter::keepOldBytes(QString *pError)
     limits.nMaxSize = qint64(256) << 20;
     const SFileContent content = readFile(m_strPath, limits);
     if (!content.isWhole() || content.bytes.size() != m_nOldSize) {
-        *pError = tr("Its old text cannot be kept meanwhile: %1").arg(strReason);
+        *pError = tr("The old text cannot be kept during the save: %1").arg(strReason);
         return false;
     }
     m_old = content.bytes;

@@ -135,7 +135,7 @@ bool CFileActions::takeBackMove(Kind kind, const SMove &move, QString *pError)
         return false;
     }
     if (move.strTo.isEmpty()) {
-        *pError = tr("The trash does not tell where it is.");
+        *pError = tr("The trash does not tell where the file is.");
         return false;
     }
     if (!Platform::renameWithoutReplacing(move.strTo, move.strFrom, pError))

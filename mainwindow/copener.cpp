@@ -121,13 +121,13 @@ QString COpener::refusalOf(const QString &strPath, const QString &strHtml) const
         return MainWindow::tr("This build cannot show pages: this is the source of %1.")
             .arg(visibleName(strPath));
     if (m_pWindow->documents().loads().isBlamed(strPath))
-        return MainWindow::tr("The program ended while it loaded %1: this is its source.")
+        return MainWindow::tr("%1 crashed the program: this is its source.")
             .arg(visibleName(strPath));
     const EPageHazard hazard =
         m_setShownAnyway.contains(strPath) ? EPageHazard::None : pageHazard(strHtml);
     if (hazard == EPageHazard::None)
         return QString();
-    return MainWindow::tr("Showing %1 could end the program, as %2: this is its source.")
+    return MainWindow::tr("Showing %1 could crash the program, because %2: this is its source.")
         .arg(visibleName(strPath), pageHazardReason(hazard));
 }
 
@@ -158,8 +158,8 @@ bool COpener::mayOpenImage(const QString &strPath)
         return true;
     m_pTaster->setKnown(strPath, CTaster::Result::Fails);
     SNotice notice;
-    notice.strText = MainWindow::tr("%1 is not opened: the program ended while it loaded it.")
-                         .arg(visibleName(strPath));
+    notice.strText =
+        MainWindow::tr("%1 is not opened: it crashed the program.").arg(visibleName(strPath));
     notice.lstChoices = {{MainWindow::tr("Show the picture anyway"), [this, strPath] {
                               m_pWindow->documents().recovery().dismiss();
                               m_pWindow->documents().loads().forgive(strPath);

@@ -57,7 +57,7 @@ void MainWindow::updateActions()
     if (!document.page())
         return;
     if (!document.canSave())
-        showStatusMessage(tr("This is another page than the document's file: Save As keeps it."));
+        showStatusMessage(tr("The shown page is not the document's file: Save As keeps it."));
     if (!document.editor())
         m_pHtmlTools->showFormat(*document.page());
 }

@@ -56,7 +56,7 @@ void CDlgPicture::build()
     pFileRow->addWidget(pBrowse);
     m_pAlt = new QLineEdit(this);
     m_pAlt->setObjectName(QStringLiteral("editAlt"));
-    m_pAlt->setPlaceholderText(tr("What it shows; nothing for an ornament"));
+    m_pAlt->setPlaceholderText(tr("What the picture shows; leave empty for decoration"));
     m_pWidth = makeLength(this);
     m_pHeight = makeLength(this);
     m_pWidth->setObjectName(QStringLiteral("boxWidth"));
@@ -140,7 +140,7 @@ QString CDlgPicture::note() const
         return tr("There is no picture of this name.");
     if (!m_pCopy->isHidden())
         return tr("The file lies outside the page's folders, where this page may not show it.");
-    return tr("Its own size: %1 × %2 pixels").arg(m_sizeOwn.width()).arg(m_sizeOwn.height());
+    return tr("Original size: %1 × %2 pixels").arg(m_sizeOwn.width()).arg(m_sizeOwn.height());
 }
 
 void CDlgPicture::onAddressChanged()

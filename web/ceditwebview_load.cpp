@@ -219,7 +219,8 @@ void CEditWebView::followToFile(const QUrl &url)
     }
     const EPageHazard hazard = pageHazardOfFile(strPath, source.strText);
     if (hazard != EPageHazard::None) {
-        emit statusMessage(tr("%1 is not shown, as %2.").arg(strPath, pageHazardReason(hazard)));
+        emit statusMessage(
+            tr("%1 is not shown, because %2.").arg(strPath, pageHazardReason(hazard)));
         return;
     }
     if (!mayLeave())

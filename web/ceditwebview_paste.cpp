@@ -22,7 +22,7 @@ bool CEditWebView::pasteHarmful(const QMimeData *pData)
         endStep();
         runEditable(
             [&] { evaluate(PageScript::execute(QStringLiteral("insertText"), pData->text())); });
-        emit statusMessage(tr("Pasted as text, as %1.").arg(pageHazardReason(hazard)));
+        emit statusMessage(tr("Pasted as text, because %1.").arg(pageHazardReason(hazard)));
         return true;
     }
     const QString strSafe = harmlessPaste(strHtml);

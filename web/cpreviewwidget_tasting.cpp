@@ -69,7 +69,7 @@ bool CPreviewWidget::sayWhyRefused(const QString &strPath, CTaster::Result resul
         say(tr("This file is not drawn here: that takes too much memory."), strAnyway);
         return true;
     case CTaster::Result::Fails:
-        say(tr("This file is not drawn here: that makes a program fail."), strAnyway);
+        say(tr("This file is not drawn here: it would crash the program."), strAnyway);
         return true;
     default:
         return false;

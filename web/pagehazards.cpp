@@ -37,13 +37,13 @@ QString pageHazardReason(EPageHazard hazard)
     case EPageHazard::None:
         return QString();
     case EPageHazard::Nesting:
-        return CPageHazards::tr("its elements lie too deep within each other");
+        return CPageHazards::tr("its elements are nested too deeply");
     case EPageHazard::FlexBoxes:
-        return CPageHazards::tr("its flexible boxes lie too deep within each other");
+        return CPageHazards::tr("its flexible boxes are nested too deeply");
     case EPageHazard::Columns:
-        return CPageHazards::tr("its columns lie too deep within each other");
+        return CPageHazards::tr("its columns are nested too deeply");
     case EPageHazard::Reflections:
-        return CPageHazards::tr("its reflections lie too deep within each other");
+        return CPageHazards::tr("its reflections are nested too deeply");
     case EPageHazard::Attributes:
         return CPageHazards::tr("one of its elements has too many attributes");
     case EPageHazard::Uses:

@@ -27,6 +27,6 @@ EPageHazard pageHazard(const QString &strHtml, bool bXml = false);
 // The same for the content of a file of that name; only markup has hazards.
 EPageHazard pageHazardOfFile(const QString &strPath, const QString &strText);
 
-// The reason for the user why such a page is not shown; it follows the word "as". Empty for no
+// The reason for the user why such a page is not shown; it follows the word "because". Empty for no
 // hazard.
 QString pageHazardReason(EPageHazard hazard);

@@ -299,9 +299,9 @@ void tst_taster::preview_showsTheSourceOfWhatFails_data()
     QTest::addColumn<QByteArray>("script");
     QTest::addColumn<QString>("reason");
     QTest::newRow("crash") << QByteArray("kill -SEGV $$")
-                           << "This file is not drawn here: that makes a program fail.";
+                           << "This file is not drawn here: it would crash the program.";
     QTest::newRow("end") << QByteArray("exit 0")
-                         << "This file is not drawn here: that makes a program fail.";
+                         << "This file is not drawn here: it would crash the program.";
     QTest::newRow("time") << QByteArray("kill -PROF $$")
                           << "This file is not drawn here: that takes too long.";
     QTest::newRow("memory") << QByteArray("exit 77")
