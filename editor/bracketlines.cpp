@@ -85,10 +85,33 @@ bool CStoredLines::goTo(int nLine)
     return true;
 }
 
-QBitArray CStoredLines::inside()
+int CStoredLines::stateBefore() const
 {
     const int nBefore = m_nLine - m_batch.nFirst - 1;
-    const int nState = nBefore < 0 ? m_batch.nStateBefore : m_batch.lst[nBefore].nState;
+    return nBefore < 0 ? m_batch.nStateBefore : m_batch.lst[nBefore].nState;
+}
+
+// The search skips lines without brackets, and they may begin a comment. Colours the lines since
+// the last known state.
+void CStoredLines::meetRegions()
+{
+    const int nLine = m_nLine;
+    while (m_nLine > 0 && !m_rules.knows(stateBefore()))
+        if (!goTo(m_nLine - 1))
+            return;
+    while (m_nLine < nLine) {
+        SHighlightLine passed;
+        if (!m_rules.highlight(text(), stateBefore(), &passed, m_isCancelled) || !goTo(m_nLine + 1))
+            return;
+    }
+    m_bStrangeStates = !m_rules.knows(stateBefore());
+}
+
+QBitArray CStoredLines::inside()
+{
+    if (!m_bStrangeStates && !m_rules.knows(stateBefore()))
+        meetRegions();
+    const int nState = stateBefore();
     SHighlightLine coloured;
     QBitArray inside(line().strText.length());
     if (!m_rules.highlight(line().strText, nState, &coloured, m_isCancelled))

@@ -46,6 +46,8 @@ public:
 
 private:
     bool holds(int nLine) const;
+    int stateBefore() const;
+    void meetRegions();
     const CLineStore::SLine &line() const { return m_batch.lst[m_nLine - m_batch.nFirst]; }
 
     const CLineStore &m_store;
@@ -54,4 +56,5 @@ private:
     const std::function<bool()> m_isCancelled;
     CLineStore::SBatch m_batch;
     int m_nLine = 0;
+    bool m_bStrangeStates = false; // The states are of other rules.
 };

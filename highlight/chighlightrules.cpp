@@ -106,6 +106,12 @@ bool CHighlightRules::highlight(const QString &strText, int nPreviousState, SHig
     return true;
 }
 
+bool CHighlightRules::knows(int nState) const
+{
+    const int nStack = nState < 0 ? 0 : nState >> g_nStateBits;
+    return nStack == 0 || !m_states.stackOf(nStack).empty();
+}
+
 bool CHighlightRules::highlightRegions(const QString &strText, int nPreviousState,
                                        SHighlightLine *pLine, const AbortCheck &isAborted) const
 {

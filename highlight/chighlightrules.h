@@ -35,6 +35,11 @@ public:
     bool highlight(const QString &strText, int nPreviousState, SHighlightLine *pLine,
                    const AbortCheck &isAborted = AbortCheck()) const;
 
+    // Whether these rules have met the regions that are open in this state. Of others they do not
+    // know the ends: a state of the same definition becomes known when the line is coloured that
+    // begins the regions.
+    bool knows(int nState) const;
+
     static QTextCharFormat format(HighlightRole role);
 
 private:

@@ -2,7 +2,10 @@
 #include "editor/cbracketfinder.h"
 #include "editor/ccarets.h"
 #include "highlight/chighlightmgt.h"
+#include "highlight/chighlightrules.h"
+#include "highlight/clinestore.h"
 #include "highlight/ctextdocument.h"
+#include "highlight/highlightline.h"
 
 #include "editorcase.h"
 #include "literaltext.h"
@@ -94,7 +97,9 @@ private slots:
     void nothingToGoTo_isTold();
     void farPartner_isFoundOffTheKey();
     void farPartner_isNotGoneToOnceTheCursorMoved();
+    void partner_isCorrectedWhenTheCommentsBecomeKnown();
     void farBracketsInComments_doNotCount();
+    void farBracketsInCommentsThatBeginElsewhere_doNotCount();
     void brackets_areMarkedInTheView();
 
 private:
@@ -270,6 +275,36 @@ void tst_bracketmatch::farPartner_isNotGoneToOnceTheCursorMoved()
     QCOMPARE(m_pEdit->textCursor().position(), 0);
 }
 
+void tst_bracketmatch::partner_isCorrectedWhenTheCommentsBecomeKnown()
+{
+    const QStringList lstTexts = {"(", "/*", ")", "*/", ")"};
+    const auto pStore = std::make_shared<CLineStore>();
+    int nNext = 0;
+    pStore->replace(0, 1, lstTexts.size(), [&] { return lstTexts.at(nNext++); });
+    CBracketFinder finder(pStore);
+    finder.setDefinition(cppDefinition());
+    const auto partner = [&] {
+        const auto answer = finder.ask({pStore->version(), 0, 0});
+        return answer ? answer->nLine : -1;
+    };
+    QTRY_COMPARE(partner(), 2); // As long as no state is known, the comment is not one.
+    const QSignalSpy found(&finder, &CBracketFinder::found);
+    const CHighlightRules rules(cppDefinition());
+    std::vector<CLineStore::SDone> lstDone;
+    int nState = -1;
+    for (int nLine = 0; nLine < lstTexts.size(); ++nLine) {
+        SHighlightLine line;
+        QVERIFY(rules.highlight(lstTexts.at(nLine), nState, &line, [] { return false; }));
+        nState = line.nState;
+        lstDone.push_back({nLine, nState, 0, true});
+    }
+    const int nDone = int(lstDone.size());
+    QVERIFY(pStore->commit(pStore->version(), pStore->generation(), &lstDone, {}, true));
+    pStore->confirm(pStore->version(), nDone);
+    QTRY_COMPARE(found.size(), 1);
+    QCOMPARE(partner(), 4);
+}
+
 void tst_bracketmatch::farBracketsInComments_doNotCount()
 {
     const QString strLines = QString("// }\n\"}\";\n/* }\n} */\n").repeated(500);
@@ -277,6 +312,16 @@ void tst_bracketmatch::farBracketsInComments_doNotCount()
     press(Qt::ControlModifier | Qt::ShiftModifier);
     QTRY_COMPARE(m_pEdit->textCursor().position(), 2 + strLines.length() + 1);
     QCOMPARE(m_pEdit->textCursor().anchor(), 0);
+}
+
+void tst_bracketmatch::farBracketsInCommentsThatBeginElsewhere_doNotCount()
+{
+    const QString strLines = QString("/*\n\n}\n*/\n").repeated(500);
+    showCode("{|\n" + strLines + "}\n");
+    press(Qt::ControlModifier);
+    QTRY_COMPARE(m_pEdit->textCursor().position(), 2 + strLines.length() + 1);
+    press(Qt::ControlModifier); // And back.
+    QTRY_COMPARE(m_pEdit->textCursor().position(), 1);
 }
 
 void tst_bracketmatch::brackets_areMarkedInTheView()
