@@ -102,6 +102,24 @@ private slots:
         QVERIFY(pDocument->save().isDone());
     }
 
+    void searchAndReplacement_workOnWhatIsShown()
+    {
+        CDocumentsFixture f;
+        CPageDocument *pDocument = openPage(f, "<p>one two one</p>\n");
+        QVERIFY(pDocument->replace("two", "2").isDone());
+        QCOMPARE(shownText(*pDocument), QString("one 2 one"));
+        QVERIFY(pDocument->replaceAll("one", "1").isDone());
+        QCOMPARE(shownText(*pDocument), QString("1 2 1"));
+        QVERIFY(!pDocument->find("<p>", false).isDone());
+
+        pDocument->showSource(true);
+        QVERIFY(pDocument->find("<p>", false).isDone());
+        QVERIFY(!pDocument->replace("<p>", "<p >").isDone()); // Replaced; no other one follows.
+        QCOMPARE(sourceOf(*pDocument).trimmed(), QString("<p >1 2 1</p>"));
+        QVERIFY(pDocument->replaceAll("p >", "p>").isDone());
+        QCOMPARE(sourceOf(*pDocument).trimmed(), QString("<p>1 2 1</p>"));
+    }
+
     void chosenCodec_readsThePageAnew()
     {
         CDocumentsFixture f;
