@@ -2,6 +2,7 @@
 // tst_encodings.
 
 #include "app/codecdetection.h"
+#include "app/codecranking.h"
 #include "app/languageletters.h"
 #include "app/textcodecs.h"
 
@@ -32,6 +33,8 @@ class tst_codecdetection : public QObject
 private slots:
     void shortText_isReadRight_data();
     void shortText_isReadRight();
+    void eachForeignCharacter_makesAReadingLessLikely_data();
+    void eachForeignCharacter_makesAReadingLessLikely();
     void languageOfTheLocale_decidesBetweenEquals();
     void fullWidthSigns_areNoFault();
     void cutText_isStillFound_data();
@@ -80,6 +83,39 @@ void tst_codecdetection::shortText_isReadRight()
 {
     QFETCH(QByteArray, data);
     QTEST(shown(detectCodec(data), data), "text");
+}
+
+void tst_codecdetection::eachForeignCharacter_makesAReadingLessLikely_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+    QTest::addColumn<QString>("character");
+    const auto row = [](const char *szCodec, const char *szCharacter) {
+        QTest::newRow(szCharacter) << QByteArray(szCodec) << QString::fromUtf8(szCharacter);
+    };
+    row("windows-1252", "ä");
+    row("windows-1252", "€");
+    row("KOI8-R", "о");
+    row("GB18030", "的");
+    row("Shift_JIS", "の");
+    row("windows-949", "이");
+}
+
+// However frequent it is: else a reading with many of them would win.
+void tst_codecdetection::eachForeignCharacter_makesAReadingLessLikely()
+{
+    QFETCH(QByteArray, codec);
+    QFETCH(QString, character);
+    const auto best = [&](const QString &strText) {
+        const auto lstReadings = readings(encoded(codec, strText), QString());
+        for (const SReading &reading : lstReadings)
+            if (reading.strText == strText)
+                return reading.nScore;
+        return 0.0;
+    };
+    const double nOnce = best("a " + character + " a");
+    const double nTwice = best("a " + character + " a " + character + " a");
+    QVERIFY(nOnce < -1);
+    QVERIFY(nTwice < nOnce - 1);
 }
 
 void tst_codecdetection::languageOfTheLocale_decidesBetweenEquals()
