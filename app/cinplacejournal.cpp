@@ -27,7 +27,8 @@ QString journalFile(const QString &strId, const char *szEnding)
     return QDir(CInPlaceJournal::folder()).filePath(strId + QLatin1String(szEnding));
 }
 
-// Calls use(bytes) piece by piece, from where the file stands to its end. False when either failed.
+// Reads the file from its present place to its end and calls use(bytes) for each piece. False if
+// either failed.
 template<class Use> bool forEachPiece(int nHandle, const Use &use)
 {
     QByteArray piece(1 << 20, Qt::Uninitialized);
@@ -168,7 +169,7 @@ void CInPlaceJournal::end()
 {
     const int nError = errno;
     if (m_copy.isOpen()) {
-        // Removes the note first: a copy without a note stands for no writing.
+        // Removes the note first, because a copy without a note means nothing.
         Platform::removeFile(journalFile(m_strId, g_szNote));
         Platform::removeFile(journalFile(m_strId, g_szCopy));
         m_copy.close();

@@ -13,8 +13,8 @@ CLangMgt::CLangMgt(QObject *pParent) : QObject(pParent)
 
 void CLangMgt::init()
 {
-    // The table lies at ":/share/lang.txt". The path at the root finds nothing, which keeps the
-    // table empty: the catalogues alone translate the program.
+    // The table lies at ":/share/lang.txt". A path at the root finds nothing. That keeps the table
+    // empty, so that only the catalogues translate the program.
     QFile file(QStringLiteral(":/lang.txt"));
     if (file.open(QIODevice::ReadOnly | QIODevice::Text))
         m_table = parseTable(file.readAll());

@@ -33,7 +33,7 @@ CNewFile::~CNewFile()
 bool CNewFile::create(Platform::FilePrivacy privacy)
 {
     const int nTries = 100;
-    const int nLongest = 40; // Characters, so that the ending fits behind any name.
+    const int nLongest = 40; // Characters; a name of that length has room for the ending.
     const QFileInfo target(m_strTarget);
     const QString strBeginning =
         target.path() + QLatin1Char('/') + target.fileName().left(nLongest);

@@ -11,7 +11,7 @@ int writePosition(const char *pMemory, int nSize)
 {
     for (int n = 0; n < nSize - 1; ++n)
         if (pMemory[n] == 0 && pMemory[n + 1] == 0)
-            return n == 0 ? 0 : n + 1; // Behind the zero that ends the last message.
+            return n == 0 ? 0 : n + 1; // The place after the zero that ends the last message.
     return 0;
 }
 
@@ -23,7 +23,7 @@ bool Mailbox::append(char *pMemory, int nSize, const QString &strMessage)
     const int nPosition = writePosition(pMemory, nSize);
     if (bytes.size() > nSize - nPosition)
         return false;
-    // The memory was cleared: the zero behind the message is there already.
+    // The memory was cleared, so the zero after the message is there already.
     std::memcpy(pMemory + nPosition, bytes.constData(), size_t(bytes.size()));
     return true;
 }

@@ -6,8 +6,8 @@
 class QFileInfo;
 class QObject;
 
-// Everything that differs between systems. Each function stands once in platform_unix.cpp and once
-// in platform_win.cpp; no other file asks which system it is on.
+// Everything that differs between systems. Each function is defined in platform_unix.cpp and in
+// platform_win.cpp. No other file asks for the system.
 namespace Platform {
 
 // The program's arguments, its own name first.

@@ -5,11 +5,11 @@
 
 struct SFileState;
 
-// Files as the system knows them: an open file is a number, -1 stands for none. Each function
-// stands once in platformfiles_unix.cpp (what only writers need: platformwriting_unix.cpp,
-// platformattributes_unix.cpp) and once in platformfiles_win.cpp (platformwriting_win.cpp). Those
-// that fail leave their reason for errorText(). None waits for somebody at the other end of a pipe.
-// Any thread.
+// Files as the system knows them: an open file is a number, -1 stands for none. Each function is
+// defined in platformfiles_unix.cpp (what only writers need: platformwriting_unix.cpp,
+// platformattributes_unix.cpp) and in platformfiles_win.cpp (platformwriting_win.cpp). Those that
+// fail leave their reason for errorText(). None waits for somebody at the other end of a pipe. Any
+// thread.
 namespace Platform {
 
 enum class FileKind { Missing, Regular, Folder, Stream, Other };

@@ -63,7 +63,7 @@ Platform::FileKind kindOfMode(mode_t nMode)
                                              : Platform::FileKind::Other;
 }
 
-// The number behind a name of /proc/meminfo, in bytes.
+// The number after a name in /proc/meminfo, in bytes.
 qint64 memoryNumber(const QByteArray &table, const char *szName)
 {
     const int nStart = table.indexOf(szName);

@@ -15,7 +15,7 @@ bool isDigit(const QByteArray &bytes, int n, int nBase)
         || (nBase == 16 && ((c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F')));
 }
 
-// The character of the escape whose digits begin at *pPosition, which moves behind them.
+// The character of the escape whose digits begin at *pPosition, which is moved past them.
 char numberedCharacter(const QByteArray &bytes, int *pPosition, int nBase)
 {
     const int nStart = *pPosition;

@@ -12,6 +12,6 @@
 // Nothing at all when a stream is spread over lines, which QSettings never writes.
 QByteArray withoutStreamedValues(const QByteArray &ini);
 
-// The same for the file that QSettings keeps for the two names, which is written anew only if it
-// holds such lines. A file that cannot be written stays as it is.
+// The same for the file of QSettings for the two names. It is only rewritten if it holds such
+// lines. A file that cannot be written stays as it is.
 void dropStreamedValues(const QString &strOrganization, const QString &strApplication);

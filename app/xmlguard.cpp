@@ -25,14 +25,14 @@ SParseResult failureAt(const QString &strText, int nPosition, const char *pText)
     return result;
 }
 
-// Gives the position behind the next closing sign, or behind the text if there is none.
+// Gives the position after the next closing sign, or the end of the text if there is none.
 int behind(const QString &strText, int nPosition, const QString &strClose)
 {
     const int nClose = strText.indexOf(strClose, nPosition);
     return nClose < 0 ? strText.length() : nClose + strClose.length();
 }
 
-// Gives the position behind a comment or processing instruction that begins here; else the position
+// Gives the position after a comment or processing instruction that begins here; else the position
 // itself.
 int behindRemark(const QString &strText, int nPosition)
 {
@@ -57,7 +57,7 @@ int doctypeStart(const QString &strText)
     return strText.midRef(nPosition).startsWith(QLatin1String("<!DOCTYPE")) ? nPosition : -1;
 }
 
-// Gives the position behind the document type declaration that begins here.
+// Gives the position after the document type declaration that begins here.
 int doctypeEnd(const QString &strText, int nPosition)
 {
     bool bInSubset = false;
@@ -107,7 +107,7 @@ int deepModelPosition(const QString &strText)
     return -1;
 }
 
-// Stops the reader at the element that lies too deep.
+// Stops the reader at the element that is nested too deeply.
 class CDepthHandler : public QXmlDefaultHandler
 {
 public:

@@ -11,10 +11,10 @@
 
 // Lists folders on a thread of its own, so that a slow disk never blocks the windows.
 //
-// fetch() asks for one folder. With sub-folder scanning on, the pass goes on breadth-first through
-// every folder that it met, one per 100 ms. A pass ends when nothing is left or after stop(). All
-// functions belong to the GUI thread, the signals come from the reader's. The owner stops and waits
-// for a running pass before it destroys the reader.
+// fetch() asks for one folder. With sub-folder scanning on, the pass continues breadth-first
+// through every folder found, one per 100 ms. A pass ends when nothing is left or after stop().
+// Call all functions on the GUI thread; the signals come from the reader's thread. The owner stops
+// and waits for a running pass before it destroys the reader.
 class CFileInfoGatherer : public QThread
 {
     Q_OBJECT
@@ -36,8 +36,8 @@ public:
     // this only ends that pass: see isFetchMissed().
     void fetch(const QString &strPath);
 
-    // True when the last fetch() found a pass running, which it ended, so that its folder still
-    // waits for a fetch() that finds the reader idle.
+    // True if the last fetch() found a running pass and ended it. Its folder then has to be fetched
+    // again once the reader is idle.
     bool isFetchMissed() const;
 
     void stop();
@@ -47,7 +47,7 @@ public:
     void stopAndWait();
 
 signals:
-    // The entries of a folder, unsorted and, after a stop, not all of them.
+    // The unsorted entries of a folder; after a stop not all of them.
     void newListOfFiles2(QString directory, QFileInfoList lstFileInfo);
     void directoryLoaded(QString path);
 
@@ -63,7 +63,7 @@ private:
     QFileInfoList readEntries(const QString &strDirectory);
 
     QString m_strPath;
-    QStringList m_lstPaths; // Only run() and what it calls touch it.
+    QStringList m_lstPaths; // Only run() and the functions that it calls use it.
     mutable std::mutex m_mutex;
     std::condition_variable m_condition;
     QFileIconProvider m_iconProvider; // For the model, on the GUI thread.
@@ -73,5 +73,6 @@ private:
     bool m_bSkipHidden = false;
     std::atomic<bool> m_bScanSubDirs = true;
     bool m_bFetchMissed = false;
-    bool m_bInPass = false; // A wait that the system ends early goes on until this is false.
+    // If the system wakes the thread early, the wait continues until this is false.
+    bool m_bInPass = false;
 };

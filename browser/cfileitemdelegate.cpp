@@ -10,7 +10,7 @@
 
 namespace {
 
-// Enough that the widest in pixels is most likely among them.
+// As many as are needed to include most likely the one that is widest in pixels.
 const size_t g_nLongestNames = 64;
 
 int widestName(const QAbstractItemModel &model, const QFontMetrics &metrics)
@@ -51,7 +51,7 @@ void CFileItemDelegate::setEditorData(QWidget *pEditor, const QModelIndex &index
 {
     auto *pEdit = qobject_cast<QLineEdit *>(pEditor);
     const QString strName = index.data(Qt::EditRole).toString();
-    // The folder may be listed anew while a name is typed, or before: what is selected stays so.
+    // The folder may be listed again before or while a name is typed; the selection stays.
     if (!pEdit || pEdit->isModified() || pEdit->text() == strName)
         return;
     pEdit->setText(strName);

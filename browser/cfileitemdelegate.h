@@ -19,6 +19,6 @@ public:
                       const QModelIndex &index) const override;
 
 signals:
-    // A new name was typed. It is for the receiver to rename the file.
+    // A new name was typed; the receiver renames the file.
     void renameAsked(const QModelIndex &index, const QString &strName) const;
 };

@@ -22,8 +22,8 @@ class CFileSystemModel : public QAbstractItemModel
 
 public:
     explicit CFileSystemModel(QObject *pParent = nullptr);
-    // Waits for the reader, at most 5000 ms. A reader that a dead network disk holds longer than
-    // that is left behind.
+    // Waits for the reader, at most 5000 ms. A reader that hangs longer on a dead network disk is
+    // left behind.
     ~CFileSystemModel() override;
 
     // Shows a folder. For a file it shows the file's folder and remembers the name. The empty path

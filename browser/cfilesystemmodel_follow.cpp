@@ -116,7 +116,7 @@ void CFileSystemModel::insertRange(int nRow, FileNodes *pNodes, size_t nFrom, si
         pNode->m_nRow = nRow + int(n - nFrom);
         lstChildren.append(pNode);
     }
-    // Moves all of them to their place at once: one by one, each would move all rows behind it.
+    // Moves all of them to their places at once. One by one, each would move all later rows.
     std::rotate(lstChildren.begin() + nRow, lstChildren.begin() + nBefore, lstChildren.end());
     endInsertRows();
 }

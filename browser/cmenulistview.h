@@ -4,8 +4,8 @@
 #include <QMenu>
 #include <QStringList>
 
-// A list view with a context menu made from a list of texts. The menu is the same whatever lies
-// under the pointer; the owner acts on the selection.
+// A list view with a context menu made from a list of texts. The menu is the same everywhere in the
+// list; the owner acts on the selection.
 class CMenuListView : public QListView
 {
     Q_OBJECT

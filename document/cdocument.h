@@ -44,7 +44,7 @@ public:
     virtual QWidget *widget() const { return nullptr; }
     // The code editor that the tab shows: of a text or of a page's source; else null.
     virtual CHighlightEdit *editor() const { return nullptr; }
-    // The page editor, also while its source stands in the tab; else null.
+    // The page editor, also while the tab shows its source; else null.
     virtual CEditWebView *page() const { return nullptr; }
     virtual CImageWidget *image() const { return nullptr; }
 
@@ -60,7 +60,7 @@ public:
     // modified.
     virtual bool isArriving() const { return false; }
     // True when the document can be neither changed nor saved: it is still arriving, or it is not
-    // shown as the file has it.
+    // shown exactly as in the file.
     virtual bool isReadOnly() const { return isArriving(); }
     // Ends the arrival. False when only a part of the text is there: then close the document.
     virtual bool stopArriving() { return true; }

@@ -6,7 +6,7 @@
 
 class CTextLines;
 
-// A rectangle of text between two corners. Columns are those of a fixed font: a tab goes on to the
+// A rectangle of text between two corners. Columns are those of a fixed font: a tab reaches to the
 // next multiple of four, a wide character takes two.
 struct SCaretBlock
 {

@@ -2,7 +2,7 @@
 
 #include <QVector>
 
-// A place to type at, with its selection: one end that stays, one that moves. Positions of a
+// A place to type at, with its selection: one end stays, the other moves. Positions are those of a
 // document, in UTF-16 units.
 struct SCaret
 {

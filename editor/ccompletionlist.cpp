@@ -70,6 +70,6 @@ void CCompletionList::showMatching()
     spot.setWidth(pPopup->sizeHintForColumn(0) + pPopup->verticalScrollBar()->sizeHint().width()
                   + 2 * pPopup->frameWidth());
     m_completer.complete(spot);
-    // Enter takes the first one without an arrow key.
+    // The first word is selected, so that Enter takes it without an arrow key.
     pPopup->setCurrentIndex(m_completer.completionModel()->index(0, 0));
 }

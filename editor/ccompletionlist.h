@@ -25,7 +25,7 @@ public:
     void offer(const std::shared_ptr<CLineStore> &pLines, const QVariantMap &mapDefinition,
                const STypedWord &typed);
     bool isShown() const;
-    // The word has been typed further or taken back; the list follows or goes.
+    // The word was continued or shortened: updates the list or hides it.
     void follow(const STypedWord &typed);
 
 signals:
@@ -38,7 +38,7 @@ private:
 
     QPlainTextEdit *m_pEditor;
     STypedWord m_typed;
-    int m_nCursor = -1; // Its place when the words were asked for.
+    int m_nCursor = -1; // The place of the word when the list was asked for.
     QStringListModel m_words;
     QCompleter m_completer;
     CBackgroundJob m_job;

@@ -22,7 +22,7 @@ void setBoxText(QComboBox *pBox, const QString &strText)
         pBox->setEditText(strText);
 }
 
-// What the user types into one box, or picks from its history, comes into the other.
+// Text that the user types into one box, or picks from its history, is copied to the other.
 void mirrorEntries(QComboBox *pFrom, QComboBox *pTo)
 {
     const auto copy = [pTo](const QString &strText) { setBoxText(pTo, strText); };
@@ -39,8 +39,8 @@ CDlgFind::CDlgFind(QWidget *pParent) : QDialog(pParent), m_pUi(new Ui::CDlgFind)
     prepareBoxes();
     loadOptions();
     connectButtons();
-    // The form has measured its first page before the texts were set, and would measure it again
-    // only when it is shown: the dialog would begin too narrow on the other page and jump.
+    // The form measured its first page before the texts were set, and would measure it again only
+    // when that page is shown. On the other page the dialog would begin too narrow and then jump.
     m_pUi->gridLayout_find->invalidate();
     m_pUi->verticalLayout_find->invalidate();
 }
@@ -52,12 +52,12 @@ void CDlgFind::prepareBoxes()
     for (QComboBox *pBox :
          {m_pUi->comboBox_find, m_pUi->comboBox_replace_find, m_pUi->comboBox_repalce}) {
         pBox->setInsertPolicy(QComboBox::NoInsert);
-        // Completion would turn "Abc" into an "abc" searched for before.
+        // Completion would turn "Abc" into an earlier "abc".
         pBox->setCompleter(nullptr);
         pBox->lineEdit()->setAccessibleName(pBox->accessibleName());
     }
-    // What is searched for is read from the Find tab's box: a press of Replace must not act on an
-    // older text than the one just entered beside it.
+    // The search reads its text from the Find tab's box, so Replace must not find an older text
+    // there than the one just entered beside it.
     mirrorEntries(m_pUi->comboBox_replace_find, m_pUi->comboBox_find);
     mirrorEntries(m_pUi->comboBox_find, m_pUi->comboBox_replace_find);
 }
@@ -101,7 +101,7 @@ QString CDlgFind::getReplaceText() const
 
 void CDlgFind::setFindText(const QString &strText)
 {
-    // Both boxes: a change of tab copies the one that was shown over the other.
+    // Sets both boxes, because a change of tab copies the shown one over the other.
     for (QComboBox *pBox : {m_pUi->comboBox_find, m_pUi->comboBox_replace_find}) {
         pBox->setEditText(strText);
         if (!strText.isEmpty())
@@ -125,7 +125,7 @@ void CDlgFind::present(int nTab)
     on_tabWidget_currentChanged(nTab);
     setWindowOpacity(1.0);
     show();
-    setAttribute(Qt::WA_Moved); // It stays where it is; Qt would place it anew each time.
+    setAttribute(Qt::WA_Moved); // Keeps the dialog where it is; Qt would move it each time.
     raise();
     activateWindow();
 }

@@ -11,8 +11,8 @@ namespace Ui {
 class CDlgFind;
 }
 
-// Find and replace. Modeless; one dialog serves all editors: its owner acts on the emit... signals
-// and hands the outcome to the slots named after it.
+// The find and replace dialog. It is modeless and serves all editors. Its owner acts on the emit...
+// signals and passes the outcome to the slots named after it.
 //
 // Needs g_pSettings: the options are written there, and to the disk, as they change. The dialog is
 // translucent while it is not the active window.
@@ -33,14 +33,14 @@ public:
     void showFind();
     void showReplace();
 
-    // Moves out of the way when the dialog lies over the spot (in the screen's coordinates).
+    // Moves the dialog away if it covers the spot (in screen coordinates).
     void uncover(const QRect &spot);
 
-    // Plain text for the message line, green or (an error) red.
+    // Shows plain text in the message line, in green, or in red for an error.
     void showInfo(const QString &strText, bool bError);
     void clearInfo();
 
-    // "3 of 17".
+    // A text such as "3 of 17".
     static QString countText(int nIndex, int nCount);
 
 signals:
@@ -55,7 +55,7 @@ public slots:
     void onFindToBottom();
     void onCannotFound();
     void onReplaceNum(int nVal);
-    // Adds the count to what the line says about the same search.
+    // Adds the count to the message about the same search.
     void onFindCounted(int nIndex, int nCount);
 
 private slots:
@@ -89,8 +89,8 @@ private:
     void focusBox(QComboBox *pBox);
     void present(int nTab);
 
-    QString m_strInfo; // What the message line says.
+    QString m_strInfo; // The text of the message line.
     std::unique_ptr<Ui::CDlgFind> m_pUi;
     bool m_bUpdating =
-        false; // A control follows its twin or the settings; nothing is to be stored.
+        false; // True while a control follows its twin or the settings, which stores nothing.
 };

@@ -7,7 +7,7 @@ namespace Ui {
 class CDlgGo;
 }
 
-// Asks for a line number. Modeless; hides itself, and is kept by its owner.
+// Asks for a line number. The dialog is modeless and hides itself; its owner keeps it.
 class CDlgGo : public QDialog
 {
     Q_OBJECT
@@ -16,7 +16,8 @@ public:
     explicit CDlgGo(QWidget *pParent = nullptr);
     ~CDlgGo() override;
 
-    // Call before the dialog is shown again: what was typed last is selected and has the focus.
+    // Call it before the dialog is shown again. It selects the last typed text and gives it the
+    // focus.
     void prepare();
 
 signals:

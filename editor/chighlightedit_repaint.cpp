@@ -64,8 +64,8 @@ void CHighlightEdit::followVisibleLines()
     m_pHighlighter->setVisibleLines(nFirst, lastVisibleBlock().blockNumber());
 }
 
-// Follows the marked numbers of the gutter. The number of a wrapped line is above the part of the
-// text that is painted anew.
+// Follows the marked numbers of the gutter. The number of a wrapped line may be above the part of
+// the text that is repainted.
 void CHighlightEdit::followMarkedLines()
 {
     const SLines lines = markedLines();

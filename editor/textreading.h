@@ -17,7 +17,7 @@ bool isShownInSlices(const QString &strPath);
 void setMostShownAtOnce(qint64 nBytes);
 
 // The user is asked before a heavier line is shown (see SHeaviestLine). Qt lays out the whole line
-// each time it is drawn anew: a million letters take a quarter of a second.
+// each time it is drawn: a million letters take a quarter of a second.
 int heaviestLineUnasked();
 // For tests, as above.
 void setHeaviestLineUnasked(int nWeight);

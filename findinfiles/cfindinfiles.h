@@ -13,9 +13,9 @@ class CSearchJob;
 
 // Searches the files of a folder on threads of its own. GUI thread only; no widgets.
 //
-// cancel() and start() do not wait for the threads of a search that goes on; no result of the old
-// search comes afterwards. The destructor waits for them, at most 5000 ms: a thread that hangs
-// longer on a dead network disk is left behind and uses nothing of this object.
+// cancel() and start() do not wait for the threads of a running search; no result of the old search
+// comes afterwards. The destructor waits for them, at most 5000 ms: a thread that hangs longer on a
+// dead network disk is left behind and uses nothing of this object.
 class CFindInFiles : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
 signals:
     // At most some thousand matches. Files come in no special order, each once.
     void found(const QVector<SFileMatches> &lstFound);
-    // Emitted now and then while the search goes on.
+    // Emitted now and then during the search.
     void progress(const SFindCounts &counts);
     void finished(const SFindCounts &counts);
 

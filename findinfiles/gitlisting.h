@@ -10,7 +10,7 @@
 // the user's own, ignored files that are tracked). Settings of a repository that make it run or
 // fetch something are switched off. All functions block, and end soon once bCancel is true.
 
-// True when the folder lies in a repository that does not ignore it as a whole.
+// True if the folder is in a repository that does not ignore it as a whole.
 bool gitKnowsFolder(const QString &strFolder, const std::atomic<bool> &bCancel);
 
 // Calls back with each file below the folder, with its relative path, until the callback gives

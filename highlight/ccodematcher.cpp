@@ -61,7 +61,7 @@ void CCodeMatcher::begin(int nFrom, int nTo) const
     forget(~quint64(0));
 }
 
-// The rules are searched anew from where the walk goes on.
+// The rules are searched again from the place where the walk continues.
 void CCodeMatcher::forget(quint64 nRules) const
 {
     if (!(m_nMoved | m_nEnded))

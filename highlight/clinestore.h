@@ -133,7 +133,7 @@ private:
         int nState;
         uint nPacked : 28; // Bytes of the ranges that are kept.
         uint bStale : 1;
-        uint bUnknown : 1; // The state has to be computed anew; such a line is stale, too.
+        uint bUnknown : 1; // The state has to be computed again; such a line is stale, too.
         uint bHeld : 1;
         uint bKept : 1;
     };

@@ -42,8 +42,8 @@ struct SRegionContext
 
     RegionRole role = RegionRole::Code;
     Lines lines = Many;
-    bool bFirm = false; // the end counts inside of all that it holds
-    bool bFromNextLine = false; // neither start nor end are of the region
+    bool bFirm = false; // the end counts inside of all its contents
+    bool bFromNextLine = false; // neither start nor end belong to the region
     int nSecond = -1; // the context of the second half of a region of two
     int nNext = -1; // the context that begins where this one ends
     int nEmbedded = -1; // the language inside
@@ -78,7 +78,7 @@ public:
     int contextCount() const { return int(m_lstContexts.size()); }
     const SRegionContext &context(int n) const { return m_lstContexts[size_t(n)]; }
     SRegionRule &rule(int n) const { return m_lstRules[size_t(n)]; }
-    // The language of the text outside of all regions, -1 when it is the own one.
+    // The language of the text outside of all regions; -1 for the definition's own.
     int baseLanguage() const { return m_nBaseLanguage; }
     // Rules that count in the base language and in all that it embeds.
     const std::vector<int> &rulesAnywhere() const { return m_lstAnywhere; }

@@ -144,7 +144,7 @@ bool CThreadHighlighter::isCutShort(const SPass &pass) const
         || m_pLines->version() != pass.nVersion;
 }
 
-// What can be seen comes first, but never by a guess: its colours depend on the states of all lines
+// Visible lines come first, but never as a guess: its colours depend on the states of all lines
 // before it. These states are computed first, which is fast; the results of those lines come in
 // their turn, because showing them takes long. False when nothing that can be seen is left to do.
 bool CThreadHighlighter::processVisible(const SPass &pass)

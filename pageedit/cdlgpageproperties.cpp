@@ -20,7 +20,7 @@ const char *const g_languages[] = {"ar", "cs", "de", "en", "es", "fr",    "he",
                                    "hi", "it", "ja", "ko", "nl", "pl",    "pt",
                                    "ru", "sv", "tr", "uk", "vi", "zh-CN", "zh-TW"};
 
-// A few lines; Tab goes on to the next field.
+// A few lines high; Tab moves to the next field.
 QPlainTextEdit *smallText(const QString &strText, QWidget *pParent)
 {
     auto *pEdit = new QPlainTextEdit(strText, pParent);

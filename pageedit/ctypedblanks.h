@@ -37,7 +37,7 @@ private:
     CEditWebView *m_pPage;
     State m_state = State::None;
     int m_nBehind = 0; // Characters from the blank to the caret.
-    bool m_bNoted = false; // What is typed stands beside a non-breaking space of the page.
+    bool m_bNoted = false; // The typed text is beside a non-breaking space of the page.
     int m_nUndoIndex = 0;
     QTimer m_timerSettle;
 };

@@ -14,7 +14,7 @@ struct STableChange
 {
     CTableGrid grid;
     QVector<STableRow> before;
-    QVector<bool> heads; // Whether a row stands in the table's head.
+    QVector<bool> heads; // Whether a row is in the table's head.
     QVector<int> selected;
     QRect place; // The rectangle of the selected cells.
     QVariantMap columns; // What happens to the columns.

@@ -185,7 +185,7 @@ int CPageMerge::changeAt(const QVector<SChange> &lstChanges, const SNow &now, in
     return nChange;
 }
 
-// False when everything is already written anew.
+// False if everything is already rewritten.
 bool CPageMerge::widen(QVector<SChange> *pChanges, int nChange) const
 {
     SChange wide = pChanges->at(nChange);

@@ -54,7 +54,7 @@ private:
         int nOldEnd = 0;
         int nNow = 0;
         int nNowEnd = 0;
-        int nLevel = 0; // How much of its surroundings is written anew.
+        int nLevel = 0; // How much of its surroundings is rewritten.
     };
     struct SNow
     {

@@ -41,7 +41,7 @@ struct SHtmlAttribute
     int nNameLength = 0;
     int nValue = 0; // Without quotes.
     int nLength = 0; // 0 for an attribute without value.
-    int nEnd = 0; // Behind the closing quote.
+    int nEnd = 0; // The position after the closing quote.
     QChar cQuote; // Null for a value without quotes.
     bool bValue = false; // There is an "=".
 };

@@ -25,7 +25,7 @@ int colourTable(int nFlags)
     return nFlags & 0x80 ? 3 << ((nFlags & 7) + 1) : 0;
 }
 
-// Gives the position behind blocks that each tell their length, up to one of length 0.
+// Gives the position after a row of blocks that each tell their length; the last has length 0.
 int behindBlocks(const QByteArray &data, int nPos)
 {
     while (const int nLength = byteAt(data, nPos))
