@@ -16,6 +16,8 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 using Faults::Call;
@@ -130,6 +132,32 @@ private slots:
         QCOMPARE(filesInFolder(), 2);
         QVERIFY(CInPlaceJournal::cutOff().isEmpty());
         QVERIFY(QDir(m_pJournal->path()).entryList(QDir::Files).isEmpty());
+    }
+
+    // The system takes them from a file that is written to: set-id bits where the user is not root,
+    // capabilities always.
+    void callThatFailsInPlace_keepsThePrivileges()
+    {
+        const QByteArray name = nameOf(path("file"));
+        QCOMPARE(link(name.constData(), nameOf(path("second")).constData()), 0);
+        QCOMPARE(chmod(name.constData(), 04755), 0);
+        const QByteArray capability =
+            QByteArray::fromHex("0100000200040000000000000000000000000000");
+        const char *const szName = "security.capability";
+        const bool bCapable =
+            setxattr(name.constData(), szName, capability.constData(), capability.size(), 0) == 0;
+        {
+            const Faults::CFault fault(Call::Write, name, 4096, EIO, 1);
+            QVERIFY(!writeFile(path("file"), g_new));
+            QCOMPARE(fault.hits(), 1);
+        }
+        struct stat info;
+        QCOMPARE(stat(name.constData(), &info), 0);
+        QCOMPARE(int(info.st_mode & 07777), 04755);
+        char arrNow[64];
+        const auto nSize = getxattr(name.constData(), szName, arrNow, sizeof arrNow);
+        QCOMPARE(QByteArray(arrNow, int(qMax(nSize, ssize_t(0)))),
+                 bCapable ? capability : QByteArray());
     }
 
     void diskThatTakesNothingBack_leavesTheCopyToOffer()
