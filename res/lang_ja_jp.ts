@@ -270,10 +270,6 @@
         <translation>参照...</translation>
     </message>
     <message>
-        <source>What it shows; nothing for an ornament</source>
-        <translation>画像の内容。飾りの場合は空欄</translation>
-    </message>
-    <message>
         <source>Keep &amp;proportions</source>
         <translation>縦横比を保つ(&amp;P)</translation>
     </message>
@@ -310,7 +306,11 @@
         <translation>ファイルはページのフォルダーの外にあり、このページでは表示できません。</translation>
     </message>
     <message>
-        <source>Its own size: %1 × %2 pixels</source>
+        <source>What the picture shows; leave empty for decoration</source>
+        <translation>画像の内容。飾りの場合は空欄</translation>
+    </message>
+    <message>
+        <source>Original size: %1 × %2 pixels</source>
         <translation>元の大きさ: %1 × %2 ピクセル</translation>
     </message>
 </context>
@@ -443,11 +443,11 @@
         <translation>表示されません: 画像はページのフォルダーの外にあります</translation>
     </message>
     <message>
-        <source>%1 is not shown, as %2.</source>
+        <source>%1 is not shown, because %2.</source>
         <translation>%1 は表示されません（%2）。</translation>
     </message>
     <message>
-        <source>Pasted as text, as %1.</source>
+        <source>Pasted as text, because %1.</source>
         <translation>テキストとして貼り付けました（%1）。</translation>
     </message>
 </context>
@@ -525,7 +525,7 @@
         <translation>フォルダーは空ではありません。</translation>
     </message>
     <message>
-        <source>The trash does not tell where it is.</source>
+        <source>The trash does not tell where the file is.</source>
         <translation>ごみ箱の中の場所がわかりません。</translation>
     </message>
 </context>
@@ -826,12 +826,12 @@
         <translation>相手側で読み取るプログラムがありません。</translation>
     </message>
     <message>
-        <source>Its old text cannot be kept meanwhile: %1</source>
-        <translation>保存中に元の内容を控えておくことができません: %1</translation>
-    </message>
-    <message>
         <source>The old text is kept and will be offered at the next start.</source>
         <translation>元の内容は控えてあり、次回の起動時に復元できます。</translation>
+    </message>
+    <message>
+        <source>The old text cannot be kept during the save: %1</source>
+        <translation>保存中に元の内容を控えておくことができません: %1</translation>
     </message>
 </context>
 <context>
@@ -847,22 +847,6 @@
 </context>
 <context>
     <name>CPageHazards</name>
-    <message>
-        <source>its elements lie too deep within each other</source>
-        <translation>要素の入れ子が深すぎる</translation>
-    </message>
-    <message>
-        <source>its flexible boxes lie too deep within each other</source>
-        <translation>フレックスボックスの入れ子が深すぎる</translation>
-    </message>
-    <message>
-        <source>its columns lie too deep within each other</source>
-        <translation>段組みの入れ子が深すぎる</translation>
-    </message>
-    <message>
-        <source>its reflections lie too deep within each other</source>
-        <translation>反射の入れ子が深すぎる</translation>
-    </message>
     <message>
         <source>one of its elements has too many attributes</source>
         <translation>属性の多すぎる要素がある</translation>
@@ -886,6 +870,22 @@
     <message>
         <source>its table cells span too many others</source>
         <translation>表のセルがまたぐ範囲が広すぎる</translation>
+    </message>
+    <message>
+        <source>its elements are nested too deeply</source>
+        <translation>要素の入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>its flexible boxes are nested too deeply</source>
+        <translation>フレックスボックスの入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>its columns are nested too deeply</source>
+        <translation>段組みの入れ子が深すぎる</translation>
+    </message>
+    <message>
+        <source>its reflections are nested too deeply</source>
+        <translation>反射の入れ子が深すぎる</translation>
     </message>
 </context>
 <context>
@@ -1170,7 +1170,7 @@
         <translation>このファイルはここでは描画されません：メモリを使いすぎます。</translation>
     </message>
     <message>
-        <source>This file is not drawn here: that makes a program fail.</source>
+        <source>This file is not drawn here: it would crash the program.</source>
         <translation>このファイルはここでは描画されません：プログラムが異常終了します。</translation>
     </message>
 </context>
@@ -1904,10 +1904,6 @@
         <translation>ドキュメント</translation>
     </message>
     <message>
-        <source>This is another page than the document&apos;s file: Save As keeps it.</source>
-        <translation>文書のファイルとは別のページです。保存するには「名前を付けて保存」を使ってください。</translation>
-    </message>
-    <message>
         <source>The file is not all text: not all of it can be shown.</source>
         <translation>このファイルはテキストだけではないため、すべては表示できません。</translation>
     </message>
@@ -1924,16 +1920,8 @@
         <translation>ほかから開いたファイルは別のウィンドウになります。受け渡し用のシステムのメールボックスを使えません。</translation>
     </message>
     <message>
-        <source>The program ended while it loaded %1: this is its source.</source>
-        <translation>%1 の読み込み中にプログラムが終了したため、ソースを表示しています。</translation>
-    </message>
-    <message>
         <source>Show the page anyway</source>
         <translation>それでもページを表示</translation>
-    </message>
-    <message>
-        <source>%1 is not opened: the program ended while it loaded it.</source>
-        <translation>%1 は開かれていません。読み込み中にプログラムが終了しました。</translation>
     </message>
     <message>
         <source>Show the picture anyway</source>
@@ -1960,12 +1948,24 @@
         <translation>開く</translation>
     </message>
     <message>
-        <source>Showing %1 could end the program, as %2: this is its source.</source>
+        <source>This build cannot show pages: this is the source of %1.</source>
+        <translation>このビルドではページを表示できません。%1 のソースを表示しています。</translation>
+    </message>
+    <message>
+        <source>%1 crashed the program: this is its source.</source>
+        <translation>%1 の読み込み中にプログラムが終了したため、ソースを表示しています。</translation>
+    </message>
+    <message>
+        <source>Showing %1 could crash the program, because %2: this is its source.</source>
         <translation>%1 を表示するとプログラムが終了するおそれがあるため（%2）、ソースを表示しています。</translation>
     </message>
     <message>
-        <source>This build cannot show pages: this is the source of %1.</source>
-        <translation>このビルドではページを表示できません。%1 のソースを表示しています。</translation>
+        <source>%1 is not opened: it crashed the program.</source>
+        <translation>%1 は開かれていません。読み込み中にプログラムが終了しました。</translation>
+    </message>
+    <message>
+        <source>The shown page is not the document&apos;s file: Save As keeps it.</source>
+        <translation>文書のファイルとは別のページです。保存するには「名前を付けて保存」を使ってください。</translation>
     </message>
 </context>
 <context>

@@ -270,10 +270,6 @@
         <translation>浏览...</translation>
     </message>
     <message>
-        <source>What it shows; nothing for an ornament</source>
-        <translation>图片的内容；装饰图片留空</translation>
-    </message>
-    <message>
         <source>Keep &amp;proportions</source>
         <translation>保持比例(&amp;P)</translation>
     </message>
@@ -310,7 +306,11 @@
         <translation>文件位于网页的文件夹之外，该网页不能显示它。</translation>
     </message>
     <message>
-        <source>Its own size: %1 × %2 pixels</source>
+        <source>What the picture shows; leave empty for decoration</source>
+        <translation>图片的内容；装饰图片留空</translation>
+    </message>
+    <message>
+        <source>Original size: %1 × %2 pixels</source>
         <translation>原始大小：%1 × %2 像素</translation>
     </message>
 </context>
@@ -443,11 +443,11 @@
         <translation>未显示：图片位于页面文件夹之外</translation>
     </message>
     <message>
-        <source>%1 is not shown, as %2.</source>
+        <source>%1 is not shown, because %2.</source>
         <translation>未显示 %1：%2。</translation>
     </message>
     <message>
-        <source>Pasted as text, as %1.</source>
+        <source>Pasted as text, because %1.</source>
         <translation>已作为文本粘贴：%1。</translation>
     </message>
 </context>
@@ -525,7 +525,7 @@
         <translation>文件夹不是空的。</translation>
     </message>
     <message>
-        <source>The trash does not tell where it is.</source>
+        <source>The trash does not tell where the file is.</source>
         <translation>回收站没有告知其位置。</translation>
     </message>
 </context>
@@ -826,12 +826,12 @@
         <translation>另一端没有程序在读取。</translation>
     </message>
     <message>
-        <source>Its old text cannot be kept meanwhile: %1</source>
-        <translation>保存期间无法保留原有内容：%1</translation>
-    </message>
-    <message>
         <source>The old text is kept and will be offered at the next start.</source>
         <translation>原有内容已保留，下次启动时可以恢复。</translation>
+    </message>
+    <message>
+        <source>The old text cannot be kept during the save: %1</source>
+        <translation>保存期间无法保留原有内容：%1</translation>
     </message>
 </context>
 <context>
@@ -847,22 +847,6 @@
 </context>
 <context>
     <name>CPageHazards</name>
-    <message>
-        <source>its elements lie too deep within each other</source>
-        <translation>其元素嵌套过深</translation>
-    </message>
-    <message>
-        <source>its flexible boxes lie too deep within each other</source>
-        <translation>其弹性盒嵌套过深</translation>
-    </message>
-    <message>
-        <source>its columns lie too deep within each other</source>
-        <translation>其分栏嵌套过深</translation>
-    </message>
-    <message>
-        <source>its reflections lie too deep within each other</source>
-        <translation>其倒影嵌套过深</translation>
-    </message>
     <message>
         <source>one of its elements has too many attributes</source>
         <translation>其中一个元素的属性过多</translation>
@@ -886,6 +870,22 @@
     <message>
         <source>its table cells span too many others</source>
         <translation>其表格单元格跨越过多</translation>
+    </message>
+    <message>
+        <source>its elements are nested too deeply</source>
+        <translation>其元素嵌套过深</translation>
+    </message>
+    <message>
+        <source>its flexible boxes are nested too deeply</source>
+        <translation>其弹性盒嵌套过深</translation>
+    </message>
+    <message>
+        <source>its columns are nested too deeply</source>
+        <translation>其分栏嵌套过深</translation>
+    </message>
+    <message>
+        <source>its reflections are nested too deeply</source>
+        <translation>其倒影嵌套过深</translation>
     </message>
 </context>
 <context>
@@ -1170,7 +1170,7 @@
         <translation>此处不绘制该文件：绘制占用内存过多。</translation>
     </message>
     <message>
-        <source>This file is not drawn here: that makes a program fail.</source>
+        <source>This file is not drawn here: it would crash the program.</source>
         <translation>此处不绘制该文件：绘制会使程序出错。</translation>
     </message>
 </context>
@@ -1904,10 +1904,6 @@
         <translation>文档</translation>
     </message>
     <message>
-        <source>This is another page than the document&apos;s file: Save As keeps it.</source>
-        <translation>这不是该文档文件的页面：可用“另存为”保存。</translation>
-    </message>
-    <message>
         <source>The file is not all text: not all of it can be shown.</source>
         <translation>该文件并非纯文本：无法全部显示。</translation>
     </message>
@@ -1924,16 +1920,8 @@
         <translation>从别处打开的文件将使用单独的窗口：无法使用系统为其提供的邮箱。</translation>
     </message>
     <message>
-        <source>The program ended while it loaded %1: this is its source.</source>
-        <translation>程序在加载 %1 时意外结束：这里显示其源代码。</translation>
-    </message>
-    <message>
         <source>Show the page anyway</source>
         <translation>仍然显示页面</translation>
-    </message>
-    <message>
-        <source>%1 is not opened: the program ended while it loaded it.</source>
-        <translation>未打开 %1：程序在加载它时意外结束。</translation>
     </message>
     <message>
         <source>Show the picture anyway</source>
@@ -1960,12 +1948,24 @@
         <translation>打开</translation>
     </message>
     <message>
-        <source>Showing %1 could end the program, as %2: this is its source.</source>
+        <source>This build cannot show pages: this is the source of %1.</source>
+        <translation>此版本无法显示网页：这是 %1 的源代码。</translation>
+    </message>
+    <message>
+        <source>%1 crashed the program: this is its source.</source>
+        <translation>程序在加载 %1 时意外结束：这里显示其源代码。</translation>
+    </message>
+    <message>
+        <source>Showing %1 could crash the program, because %2: this is its source.</source>
         <translation>显示 %1 可能使程序结束（%2）：这里显示其源代码。</translation>
     </message>
     <message>
-        <source>This build cannot show pages: this is the source of %1.</source>
-        <translation>此版本无法显示网页：这是 %1 的源代码。</translation>
+        <source>%1 is not opened: it crashed the program.</source>
+        <translation>未打开 %1：程序在加载它时意外结束。</translation>
+    </message>
+    <message>
+        <source>The shown page is not the document&apos;s file: Save As keeps it.</source>
+        <translation>这不是该文档文件的页面：可用“另存为”保存。</translation>
     </message>
 </context>
 <context>
