@@ -297,6 +297,17 @@ private slots:
         QVERIFY(QFile::exists(strOld));
     }
 
+    void noteOfTheTrash_goesWithItsFile()
+    {
+        const QString strNote = newFile("$Iletters.txt");
+        const QString strOther = newFile("$Iothers.txt");
+        Platform::forgetTrashed(m_folder.filePath("letters.txt"));
+        QVERIFY(QFile::exists(strNote));
+        Platform::forgetTrashed(m_folder.filePath("$Rletters.txt"));
+        QVERIFY(!QFile::exists(strNote));
+        QVERIFY(QFile::exists(strOther));
+    }
+
     void name_changesOnlyItsCase()
     {
         const QString strOld = newFile("case.txt");
