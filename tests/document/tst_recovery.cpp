@@ -312,6 +312,9 @@ private slots:
 
     void draftsThatCannotBeWritten_areTold_andTriedAgain()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         CDocumentsFixture f;
         QVERIFY(QDir(f.path("recovery")).removeRecursively());
         f.write(f.path("recovery"), "no folder");
@@ -334,6 +337,9 @@ private slots:
 
     void keptTextThatCannotBeWritten_isTriedAgain()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         CDocumentsFixture f;
         QVERIFY(QDir(f.path("recovery")).removeRecursively());
         f.write(f.path("recovery"), "no folder");
@@ -352,6 +358,9 @@ private slots:
 
     void recoveryFolderThatIsRemoved_isFilledAgain()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         CDocumentsFixture f;
         for (const char *szName : {"a.txt", "b.txt"})
             f.type(f.open(f.file(szName, "old")), "mine ");
