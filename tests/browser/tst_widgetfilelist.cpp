@@ -248,8 +248,8 @@ void tst_widgetfilelist::typedBeginningOfAnother_isNotCompleted()
     panel.type(strShort);
     QCOMPARE(panel.rootPath(), strShort);
     panel.type(strUpper);
-    QCOMPARE(panel.rootPath(), strUpper);
     const bool bSame = Platform::isSamePath(strUpper, strLong); // The system's disks ignore case.
+    QCOMPARE(panel.rootPath(), bSame ? strLong : strUpper);
     QCOMPARE(panel.history(),
              bSame ? QStringList({strShort, strLong}) : QStringList({strUpper, strShort, strLong}));
 }
@@ -379,13 +379,13 @@ void tst_widgetfilelist::browsedFolder_isStoredAndShown()
     CFileDialogAnswer answer({tree.path()});
     panel.button("Browse...")->click();
     QCOMPARE(answer.caption(), QStringLiteral("Select a folder"));
-    QCOMPARE(answer.directory(), start.path());
+    QCOMPARE(native(answer.directory()), start.path());
     QCOMPARE(panel.rootPath(), tree.path());
     QCOMPARE(panel.history(), QStringList({tree.path(), start.path()}));
-    QCOMPARE(m_pSettings->m_strLastPathFileName, tree.path());
-    QCOMPARE(QSettings(QStringLiteral("Test"), QStringLiteral("browser"))
-                 .value(QStringLiteral("m_strLastPathFileName"))
-                 .toString(),
+    QCOMPARE(native(m_pSettings->m_strLastPathFileName), tree.path());
+    QCOMPARE(native(QSettings(QStringLiteral("Test"), QStringLiteral("browser"))
+                        .value(QStringLiteral("m_strLastPathFileName"))
+                        .toString()),
              tree.path());
 }
 
@@ -409,7 +409,7 @@ void tst_widgetfilelist::browseWithoutRoot_startsInTheLastFolder()
     CPanel panel;
     const CFileDialogAnswer answer({});
     panel.button("Browse...")->click();
-    QCOMPARE(answer.directory(), tree.path());
+    QCOMPARE(native(answer.directory()), tree.path());
 }
 
 void tst_widgetfilelist::quickSelections_giveOneSignal()

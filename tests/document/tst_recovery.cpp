@@ -5,6 +5,7 @@
 #include "app/cdraftstore.h"
 #include "app/cinplacejournal.h"
 #include "app/platformfiles.h"
+#include "app/textcodecs.h"
 #include "document/cdocument.h"
 #include "document/cdraftkeeper.h"
 #include "document/crecovery.h"
@@ -302,7 +303,7 @@ private slots:
     {
         CDocumentsFixture f;
         CDocument *pDocument = f.open(f.file("a.txt", "ascii "));
-        QCOMPARE(pDocument->editor()->codecName(), QString("US-ASCII"));
+        QCOMPARE(pDocument->editor()->codecName(), detectCodecName("ascii "));
         f.type(pDocument, QString::fromUtf8("日本 "));
         QVERIFY(pDocument->setCodec("windows-1252").isDone());
         QVERIFY(!pDocument->editor()->toPlainText().contains(QString::fromUtf8("日本")));
