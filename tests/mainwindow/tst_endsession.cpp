@@ -2,6 +2,8 @@
 
 #include "cwindowfixture.h"
 
+#include <QDirIterator>
+
 #include <qt_windows.h>
 
 class tst_endsession : public QObject
@@ -9,35 +11,50 @@ class tst_endsession : public QObject
     Q_OBJECT
 
 private slots:
-    void typedText_isInADraftWhenTheSystemAsks()
+    void drafts_areWrittenBeforeTheWindowAsks()
     {
         CWindowFixture f;
         const QString strPath = f.file("a.txt", "old");
         f.window().openFile(strPath);
         f.editor()->insertPlainText("typed ");
         QVERIFY(!draftsHold("typed old"));
-        QVERIFY(SendMessageW(windowOf(f), WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF));
-        QVERIFY(draftsHold("typed old"));
+        bool bWritten = false;
+        const CBoxAnswer answer({QMessageBox::Cancel}, [&] { bWritten = draftsHold("typed old"); });
+        QVERIFY(!mayEnd(f));
+        QCOMPARE(answer.boxes().size(), 1);
+        QVERIFY(bWritten);
         QCOMPARE(saved(strPath), QByteArray("old"));
+        goOn(f);
+        QVERIFY(f.window().isVisible());
+        QVERIFY(f.window().currentDocument().isModified());
     }
 
-    // Another program may refuse, and the session goes on.
-    void sessionThatGoesOn_keepsTheWindow()
+    void savedFile_letsTheSessionEnd()
     {
         CWindowFixture f;
-        f.window().openFile(f.file("a.txt", "old"));
+        const QString strPath = f.file("a.txt", "old");
+        f.window().openFile(strPath);
         f.editor()->insertPlainText("typed ");
-        QVERIFY(SendMessageW(windowOf(f), WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF));
-        SendMessageW(windowOf(f), WM_ENDSESSION, FALSE, ENDSESSION_LOGOFF);
-        QVERIFY(f.window().isVisible());
-        f.editor()->insertPlainText("more ");
-        QVERIFY(f.window().currentDocument().isModified());
-        QVERIFY(SendMessageW(windowOf(f), WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF));
-        QVERIFY(draftsHold("typed more old"));
+        const CBoxAnswer answer({QMessageBox::YesToAll});
+        QVERIFY(mayEnd(f));
+        QCOMPARE(answer.boxes().size(), 1);
+        QCOMPARE(saved(strPath), QByteArray("typed old"));
+        goOn(f);
     }
 
 private:
-    static HWND windowOf(CWindowFixture &f) { return reinterpret_cast<HWND>(f.window().winId()); }
+    static bool mayEnd(CWindowFixture &f)
+    {
+        const auto hWindow = reinterpret_cast<HWND>(f.window().winId());
+        return SendMessageW(hWindow, WM_QUERYENDSESSION, 0, LPARAM(ENDSESSION_LOGOFF)) != 0;
+    }
+
+    // Somebody has refused.
+    static void goOn(CWindowFixture &f)
+    {
+        const auto hWindow = reinterpret_cast<HWND>(f.window().winId());
+        SendMessageW(hWindow, WM_ENDSESSION, FALSE, LPARAM(ENDSESSION_LOGOFF));
+    }
 
     static QByteArray saved(const QString &strPath)
     {
@@ -47,11 +64,11 @@ private:
 
     static bool draftsHold(const QByteArray &text)
     {
-        const QDir folder(CWindowFixture::draftFolder());
-        const QFileInfoList lst = folder.entryInfoList(QDir::Files);
-        return std::any_of(lst.cbegin(), lst.cend(), [&text](const QFileInfo &info) {
-            return saved(info.filePath()).contains(text);
-        });
+        bool bHeld = false;
+        QDirIterator it(CWindowFixture::draftFolder(), QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext())
+            bHeld = saved(it.next()).contains(text) || bHeld;
+        return bHeld;
     }
 };
 
