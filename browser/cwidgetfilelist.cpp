@@ -228,7 +228,7 @@ void CWidgetFileList::onFolderBrowse()
         this, tr("Select a folder"), strStart, QFileDialog::ShowDirsOnly);
     if (strFolder.isEmpty())
         return;
-    g_pSettings->setLastPathFileName(strFolder);
+    g_pSettings->setLastPathFileName(QDir::toNativeSeparators(strFolder));
     g_pSettings->save();
     setRootPath(strFolder);
 }

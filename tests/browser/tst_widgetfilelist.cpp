@@ -382,10 +382,10 @@ void tst_widgetfilelist::browsedFolder_isStoredAndShown()
     QCOMPARE(native(answer.directory()), start.path());
     QCOMPARE(panel.rootPath(), tree.path());
     QCOMPARE(panel.history(), QStringList({tree.path(), start.path()}));
-    QCOMPARE(native(m_pSettings->m_strLastPathFileName), tree.path());
-    QCOMPARE(native(QSettings(QStringLiteral("Test"), QStringLiteral("browser"))
-                        .value(QStringLiteral("m_strLastPathFileName"))
-                        .toString()),
+    QCOMPARE(m_pSettings->m_strLastPathFileName, tree.path());
+    QCOMPARE(QSettings(QStringLiteral("Test"), QStringLiteral("browser"))
+                 .value(QStringLiteral("m_strLastPathFileName"))
+                 .toString(),
              tree.path());
 }
 

@@ -171,7 +171,7 @@ private slots:
         const QString strPath = f.file("sub/a.txt");
         f.window().openFile(strPath);
         f.editor()->insertPlainText("x");
-        QDir(f.path("sub")).removeRecursively();
+        QVERIFY(QDir(f.path("sub")).removeRecursively());
         CBoxAnswer answer;
         QVERIFY(!f.window().on_actionSave_triggered());
         QCOMPARE(answer.boxes().size(), 1);
@@ -352,7 +352,7 @@ private slots:
         QDir(f.path("")).mkdir("sub");
         f.window().openFile(f.file("sub/a.txt"));
         f.editor()->insertPlainText("x");
-        QDir(f.path("sub")).removeRecursively();
+        QVERIFY(QDir(f.path("sub")).removeRecursively());
         CBoxAnswer answer({QMessageBox::YesToAll, QMessageBox::Ok});
         QVERIFY(!f.window().close());
         QCOMPARE(f.tabs().count(), 1);
