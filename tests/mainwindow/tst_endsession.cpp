@@ -2,7 +2,10 @@
 
 #include "cwindowfixture.h"
 
+#include "tests/support/boxanswer.h"
+
 #include <QDirIterator>
+#include <QMessageBox>
 
 #include <qt_windows.h>
 
