@@ -162,6 +162,18 @@ private slots:
         SetFileAttributesW(wide(QDir::toNativeSeparators(strPath)), FILE_ATTRIBUTE_NORMAL);
     }
 
+    void fileInAFolderThatIsGone_isNotWritten()
+    {
+        const QDir folder(m_folder.filePath("gone"));
+        QVERIFY(folder.mkpath("."));
+        const QString strPath = newFile("gone/a.txt");
+        QVERIFY(QDir(folder).removeRecursively());
+        QString strError;
+        QVERIFY(!writeFile(strPath, "new", &strError));
+        QVERIFY(!strError.isEmpty());
+        QVERIFY(!folder.exists());
+    }
+
     void hiddenFile_staysHidden()
     {
         const QString strPath = newFile("hidden.txt");

@@ -172,6 +172,10 @@ private slots:
         f.window().openFile(strPath);
         f.editor()->insertPlainText("x");
         QVERIFY(QDir(f.path("sub")).removeRecursively());
+#ifdef Q_OS_WIN
+        if (QFileInfo::exists(f.path("sub")))
+            QSKIP("A folder stays until nobody follows it any more.");
+#endif
         CBoxAnswer answer;
         QVERIFY(!f.window().on_actionSave_triggered());
         QCOMPARE(answer.boxes().size(), 1);
@@ -353,6 +357,10 @@ private slots:
         f.window().openFile(f.file("sub/a.txt"));
         f.editor()->insertPlainText("x");
         QVERIFY(QDir(f.path("sub")).removeRecursively());
+#ifdef Q_OS_WIN
+        if (QFileInfo::exists(f.path("sub")))
+            QSKIP("A folder stays until nobody follows it any more.");
+#endif
         CBoxAnswer answer({QMessageBox::YesToAll, QMessageBox::Ok});
         QVERIFY(!f.window().close());
         QCOMPARE(f.tabs().count(), 1);

@@ -427,7 +427,7 @@ private slots:
     void lastSession_ofAWindowEndedByExit_comesBack()
     {
         QTemporaryDir folder;
-        const QString strPath = folder.filePath("a.txt");
+        const QString strPath = QDir::toNativeSeparators(folder.filePath("a.txt"));
         {
             CWindowFixture f;
             QFile file(strPath);
@@ -494,7 +494,8 @@ private slots:
         const CBoxAnswer answer;
         QTest::mouseClick(link(f, g_szLast), Qt::LeftButton);
         QTRY_COMPARE(f.tabs().count(), 1);
-        QCOMPARE(f.window().currentDocument().path(), folder.filePath("here.txt"));
+        QCOMPARE(f.window().currentDocument().path(),
+                 QDir::toNativeSeparators(folder.filePath("here.txt")));
         QCOMPARE(statusText(f), QStringLiteral("No longer there: gone & 1.txt"));
         QCOMPARE(answer.boxes().size(), 0);
     }
