@@ -23,7 +23,9 @@ bool isShared(const QDir &dir)
 // "//host" of a path into the network; empty for a path on this machine.
 QString hostOf(const QString &strPath)
 {
-    const QString strClean = QDir::fromNativeSeparators(strPath);
+    // QDir::fromNativeSeparators() would take the beginning of "\\?\UNC\host" away.
+    QString strClean = strPath;
+    strClean.replace(QDir::separator(), QLatin1Char('/'));
     const bool bHost = strClean.startsWith(QLatin1String("//"));
     return bHost ? strClean.section(QLatin1Char('/'), 0, 2).toLower() : QString();
 }
