@@ -10,10 +10,9 @@
 // Canonical path; empty when the page's folder does not exist.
 QString siteFolder(const QString &strPage);
 
-// False when the file is on another machine than the page, by its path alone ("//host/share/file"
-// or with
-// "\\"). On Windows even a look at such a file signs the user in there, so nothing may look at it
-// before.
+// False when the path of the file names another machine than that of the page, as
+// "//host/share/file". Does not look at the disk: on Windows even a look at such a file signs the
+// user in there, so this has to be asked first.
 bool isOnMachineOf(const QString &strPage, const QString &strFile);
 
 // True for a regular file that lies in the page's site and is not hidden there. So a foreign page
