@@ -62,6 +62,9 @@ QString fileIconKind(const QFileInfo &info);
 // file. If it fails, it gives false with the system's text in pError (may be null).
 bool renameWithoutReplacing(const QString &strOld, const QString &strNew, QString *pError);
 
+// Removes the note that the trash keeps of a file that was moved out of it again.
+void forgetTrashed(const QString &strPathInTrash);
+
 // Opens a regular file for reading and gives its descriptor, which the caller closes, and its size
 // in bytes. A link, a pipe or a device gives -1 at once.
 int openRegularFile(const QString &strPath, qint64 *pSize);

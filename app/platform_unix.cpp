@@ -179,6 +179,13 @@ bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strN
     return nError == 0;
 }
 
+void Platform::forgetTrashed(const QString &strPathInTrash)
+{
+    const QFileInfo info(strPathInTrash);
+    QFile::remove(info.absolutePath() + QLatin1String("/../info/") + info.fileName()
+                  + QLatin1String(".trashinfo"));
+}
+
 int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
 {
     // O_NONBLOCK keeps the call from waiting for a pipe that nobody writes to.

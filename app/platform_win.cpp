@@ -127,6 +127,14 @@ bool Platform::renameWithoutReplacing(const QString &strOld, const QString &strN
     return bDone;
 }
 
+void Platform::forgetTrashed(const QString &strPathInTrash)
+{
+    // A file is "$R" and some letters there, its note "$I" and the same.
+    const QFileInfo info(strPathInTrash);
+    if (info.fileName().startsWith(QLatin1String("$R")))
+        QFile::remove(info.dir().filePath(QLatin1String("$I") + info.fileName().mid(2)));
+}
+
 int Platform::openRegularFile(const QString &strPath, qint64 *pSize)
 {
     const QFileInfo info(strPath);

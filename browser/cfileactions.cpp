@@ -8,19 +8,13 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 QString shownName(const QString &strPath)
 {
     return visibleName(QFileInfo(strPath).fileName());
-}
-
-// A trash has a note for each file that tells where the file came from.
-void forgetTrashed(const QString &strPathInTrash)
-{
-    const QFileInfo info(strPathInTrash);
-    QFile::remove(info.absolutePath() + QLatin1String("/../info/") + info.fileName()
-                  + QLatin1String(".trashinfo"));
 }
 
 } // namespace
@@ -67,13 +61,23 @@ CFileActions::SResult CFileActions::moveToTrash(const QStringList &lstPaths)
     if (!result.bDone)
         return result;
     m_lstDone.append({Kind::Trash, result.lstMoves});
-    if (result.strMessage.isEmpty()) {
-        result.strMessage = result.lstMoves.size() == 1
-            ? tr("%1 is in the trash. Ctrl+Z takes it back.").arg(shownName(lstPaths.constFirst()))
-            : tr("%1 entries are in the trash. Ctrl+Z takes them back.")
-                  .arg(result.lstMoves.size());
-    }
+    if (result.strMessage.isEmpty())
+        result.strMessage = trashedText(result.lstMoves);
     return result;
+}
+
+QString CFileActions::trashedText(const QVector<SMove> &lstMoves)
+{
+    const int nMoves = lstMoves.size();
+    const QString strName = shownName(lstMoves.constFirst().strFrom);
+    // The trash of Windows 7 does not tell where a file is in it.
+    const bool bKnown = std::none_of(lstMoves.cbegin(), lstMoves.cend(),
+                                     [](const SMove &move) { return move.strTo.isEmpty(); });
+    if (!bKnown)
+        return nMoves == 1 ? tr("%1 is in the trash.").arg(strName)
+                           : tr("%1 entries are in the trash.").arg(nMoves);
+    return nMoves == 1 ? tr("%1 is in the trash. Ctrl+Z takes it back.").arg(strName)
+                       : tr("%1 entries are in the trash. Ctrl+Z takes them back.").arg(nMoves);
 }
 
 CFileActions::SResult CFileActions::makeFolder(const QString &strFolder)
@@ -141,6 +145,6 @@ bool CFileActions::takeBackMove(Kind kind, const SMove &move, QString *pError)
     if (!Platform::renameWithoutReplacing(move.strTo, move.strFrom, pError))
         return false;
     if (kind == Kind::Trash)
-        forgetTrashed(move.strTo);
+        Platform::forgetTrashed(move.strTo);
     return true;
 }

@@ -49,6 +49,7 @@ private:
         QVector<SMove> lstMoves;
     };
 
+    static QString trashedText(const QVector<SMove> &lstMoves);
     static bool takeBackMove(Kind kind, const SMove &move, QString *pError);
 
     QVector<SAction> m_lstDone;

@@ -1,5 +1,6 @@
 #include "browser/cfoldercompleter.h"
 
+#include "app/platform.h"
 #include "browser/filelisting.h"
 
 #include <QDir>
@@ -22,9 +23,16 @@ CFolderCompleter::CFolderCompleter(QLineEdit *pEdit)
 {
     setModel(&m_paths);
     setCompletionMode(QCompleter::PopupCompletion);
+    const bool bIgnoreCase = Platform::isSamePath(QStringLiteral("/a"), QStringLiteral("/A"));
+    setCaseSensitivity(bIgnoreCase ? Qt::CaseInsensitive : Qt::CaseSensitive);
     pEdit->setCompleter(this);
     connect(pEdit, &QLineEdit::textEdited, this, &CFolderCompleter::onTextEdited);
     connect(&m_reader, &CFolderReader::listed, this, &CFolderCompleter::onListed);
+}
+
+QStringList CFolderCompleter::splitPath(const QString &strPath) const
+{
+    return {QDir::toNativeSeparators(strPath)};
 }
 
 void CFolderCompleter::onTextEdited(const QString &strText)

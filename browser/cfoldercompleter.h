@@ -17,6 +17,9 @@ class CFolderCompleter : public QCompleter
 public:
     explicit CFolderCompleter(QLineEdit *pEdit);
 
+    // What is compared: the whole path, with the separators of the list.
+    QStringList splitPath(const QString &strPath) const override;
+
 private:
     void onTextEdited(const QString &strText);
     void onListed(const QString &strFolder, const QFileInfoList &lstFileInfos);

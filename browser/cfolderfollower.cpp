@@ -36,11 +36,15 @@ void CFolderFollower::follow(const QString &strFolder)
     watch();
 }
 
-// Also watches a known folder again: the watcher forgets a folder that is removed, and it may come
-// back.
+// Watches a known folder again as well: it may have gone and come back. The watcher forgets a
+// folder that goes, but not on Windows.
 void CFolderFollower::watch()
 {
-    if (m_watcher.directories().isEmpty() && QFileInfo(m_strFolder).isDir())
+    const bool bWatched = !m_watcher.directories().isEmpty();
+    const bool bThere = QFileInfo(m_strFolder).isDir();
+    if (bWatched && !bThere)
+        m_watcher.removePaths(m_watcher.directories());
+    if (!bWatched && bThere)
         m_watcher.addPath(m_strFolder);
 }
 

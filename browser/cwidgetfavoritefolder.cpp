@@ -3,6 +3,7 @@
 #include "app/commonhelpers.h"
 #include "app/csettings.h"
 #include "app/plaintext.h"
+#include "app/platform.h"
 #include "browser/cmenulistwidget.h"
 #include "browser/flatbutton.h"
 #include "widgets/typedkeys.h"
@@ -104,7 +105,12 @@ void CWidgetFavoriteFolder::insertFolder(int nRow, const QString &strPath)
 void CWidgetFavoriteFolder::addFolder(const QString &strPath)
 {
     const QString strNative = QDir::toNativeSeparators(strPath);
-    const int nRow = folders().indexOf(strNative);
+    const QStringList lstFolders = folders();
+    const auto it =
+        std::find_if(lstFolders.cbegin(), lstFolders.cend(), [&](const QString &strFolder) {
+            return Platform::isSamePath(strFolder, strNative);
+        });
+    const int nRow = it == lstFolders.cend() ? -1 : int(it - lstFolders.cbegin());
     if (nRow != 0) {
         if (nRow > 0)
             delete m_pListFolders->takeItem(nRow);

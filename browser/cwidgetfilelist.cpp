@@ -1,6 +1,7 @@
 #include "browser/cwidgetfilelist.h"
 
 #include "app/csettings.h"
+#include "app/platform.h"
 #include "browser/cfileitemdelegate.h"
 #include "browser/cfilesystemmodel.h"
 #include "browser/cfoldercompleter.h"
@@ -141,7 +142,7 @@ void CWidgetFileList::setRootPath(const QString &strPath)
     const QScopedValueRollback<bool> setting(m_bSettingPath, true);
     const QString strNative = QDir::toNativeSeparators(strPath);
     emit rootPathChanged(strNative);
-    const bool bKnown = m_pComboFolder->findText(strNative, Qt::MatchExactly) >= 0;
+    const bool bKnown = isInHistory(strNative);
     m_pComboFolder->setEditText(strNative);
     listFolder(strNative);
     if (bKnown)
@@ -151,6 +152,14 @@ void CWidgetFileList::setRootPath(const QString &strPath)
     QAbstractItemView *pHistory = m_pComboFolder->view();
     const int nScrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     pHistory->setMinimumWidth(qMin(pHistory->sizeHintForColumn(0) + nScrollBar, 700));
+}
+
+bool CWidgetFileList::isInHistory(const QString &strPath) const
+{
+    for (int n = 0; n < m_pComboFolder->count(); ++n)
+        if (Platform::isSamePath(m_pComboFolder->itemText(n), strPath))
+            return true;
+    return false;
 }
 
 // Does not change the history.
@@ -204,9 +213,8 @@ void CWidgetFileList::onUpper()
 {
     QDir dir(rootPath());
     dir.cdUp();
-    // A root is always listed again. On Windows its native separators never compare equal to Qt's,
-    // and all systems shall behave alike.
-    if (dir.absolutePath() == rootPath() && !dir.isRoot())
+    // A root is always listed again.
+    if (QDir::toNativeSeparators(dir.absolutePath()) == rootPath() && !dir.isRoot())
         return;
     const QString strLeft = rootPath();
     enterFolder(dir.absolutePath());
@@ -220,7 +228,7 @@ void CWidgetFileList::onFolderBrowse()
         this, tr("Select a folder"), strStart, QFileDialog::ShowDirsOnly);
     if (strFolder.isEmpty())
         return;
-    g_pSettings->setLastPathFileName(strFolder);
+    g_pSettings->setLastPathFileName(QDir::toNativeSeparators(strFolder));
     g_pSettings->save();
     setRootPath(strFolder);
 }

@@ -77,6 +77,7 @@ private:
     void createFolderBox();
     void createList();
     void onBoxEntry(int nIndex);
+    bool isInHistory(const QString &strPath) const;
     void enterFolder(const QString &strPath);
     void listFolder(const QString &strPath);
     bool claimListKey(QKeyEvent *pKey);

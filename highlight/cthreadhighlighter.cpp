@@ -27,7 +27,10 @@ CThreadHighlighter::CThreadHighlighter(CTextDocument *pDocument)
     m_timerDeliver.setSingleShot(true);
     m_timerEdit.setSingleShot(true);
     connect(&m_timerDeliver, &QTimer::timeout, this, &CThreadHighlighter::deliver);
-    connect(&m_timerEdit, &QTimer::timeout, this, &CThreadHighlighter::onEditSettled);
+    // Queued, as on Windows a timer without a delay may come before what was posted after its
+    // start.
+    connect(&m_timerEdit, &QTimer::timeout, this, &CThreadHighlighter::onEditSettled,
+            Qt::QueuedConnection);
     if (!pDocument)
         return;
     pDocument->setMarker([this](const QString &strLine) { return marksIn(strLine); });
@@ -190,6 +193,8 @@ void CThreadHighlighter::onEditAnnounced()
 // no request; the document must not stay uncoloured for that.
 void CThreadHighlighter::onEditSettled()
 {
+    if (m_timerEdit.isActive())
+        return; // For an older edit than the last.
     m_nRequestsToCome = 0;
     if (m_bUnannounced && m_bStop && !m_bStoppedBeforeEdit)
         rehighlight();

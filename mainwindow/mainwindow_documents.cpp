@@ -12,6 +12,7 @@
 #include "mainwindow/csidepanels.h"
 #include "web/ceditwebview.h"
 
+#include <QDir>
 #include <QWebPage>
 #include <QWebView>
 
@@ -80,5 +81,6 @@ void MainWindow::on_actionNewHtml_triggered()
 
 void MainWindow::openFile(const QString &strPathFileName)
 {
-    m_pOpener->open(strPathFileName);
+    // Dialogs and drops give "/" on every system.
+    m_pOpener->open(QDir::toNativeSeparators(strPathFileName));
 }

@@ -9,6 +9,7 @@
 #include "mainwindow/csidepanels.h"
 #include "widgets/buttonstyle.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -64,8 +65,8 @@ void MainWindow::on_actionOpen_triggered()
                                       tr("Web file (*.html *.htm *.css *.js); All files(*.*)"));
     if (lstPaths.isEmpty())
         return;
-    g_pSettings->setLastPathFileName(lstPaths.constFirst());
-    m_strLastPath = lstPaths.constFirst();
+    m_strLastPath = QDir::toNativeSeparators(lstPaths.constFirst());
+    g_pSettings->setLastPathFileName(m_strLastPath);
     for (const QString &strPath : lstPaths) {
         openFile(strPath);
         m_pRecent->add(strPath);

@@ -62,7 +62,8 @@ QStringList foldersToTellApart(const QVector<STabName> &lstNames)
     for (const STabName &name : lstNames) {
         const QVector<QStringList> lstAlike = mapAlike.value(withoutStar(name.strTitle));
         const bool bNeeded = lstAlike.size() > 1 && !name.strPath.isEmpty();
-        lstFolders.append(bNeeded ? shortest(partsOf(name), lstAlike) : QString());
+        const QString strFolder = bNeeded ? shortest(partsOf(name), lstAlike) : QString();
+        lstFolders.append(QDir::toNativeSeparators(strFolder));
     }
     return lstFolders;
 }

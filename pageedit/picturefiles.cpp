@@ -2,6 +2,7 @@
 
 #include "app/filereader.h"
 #include "app/platformfiles.h"
+#include "web/localresources.h"
 #include "web/pictureheader.h"
 #include "web/pictures.h"
 
@@ -80,7 +81,8 @@ QSize pictureSize(const QString &strPath)
 QString pictureFile(const QString &strPage, const QString &strAddress)
 {
     const QUrl url = QUrl::fromLocalFile(strPage).resolved(QUrl(strAddress));
-    return url.isLocalFile() ? url.toLocalFile() : QString();
+    const QString strFile = url.isLocalFile() ? url.toLocalFile() : QString();
+    return isOnMachineOf(strPage, strFile) ? strFile : QString();
 }
 
 QString storeBeside(const QString &strPage, const QString &strName, const QByteArray &arrData,

@@ -12,7 +12,8 @@ bool isPictureFile(const QString &strPath);
 // The picture's size in pixels; invalid if it is no picture of a reasonable size.
 QSize pictureSize(const QString &strPath);
 
-// The file that an address of the page means; empty for an address of the web.
+// The file that an address of the page means; empty for an address of the web or of another machine
+// than the page's.
 QString pictureFile(const QString &strPage, const QString &strAddress);
 
 // Writes the bytes beside the page under the wished name, or as "name-1.png", "name-2.png" … if the

@@ -21,9 +21,12 @@ EHidden hiddenState(const QUrl &urlPage, const QUrl &urlBase, const QWebElement 
     const QUrl url = urlBase.resolved(QUrl(strSource));
     if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
         return EHidden::Network;
+    const QString strPage = urlPage.toLocalFile();
     const QString strFile = url.toLocalFile();
-    const bool bHidden = url.isLocalFile() && QFileInfo(strFile).isFile()
-        && !mayReadLocal(urlPage.toLocalFile(), strFile);
+    if (url.isLocalFile() && !isOnMachineOf(strPage, strFile))
+        return EHidden::Network;
+    const bool bHidden =
+        url.isLocalFile() && QFileInfo(strFile).isFile() && !mayReadLocal(strPage, strFile);
     return bHidden ? EHidden::Outside : EHidden::No;
 }
 

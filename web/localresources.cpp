@@ -20,7 +20,22 @@ bool isShared(const QDir &dir)
     return false;
 }
 
+// "//host" of a path into the network; empty for a path on this machine.
+QString hostOf(const QString &strPath)
+{
+    // QDir::fromNativeSeparators() would take the beginning of "\\?\UNC\host" away.
+    QString strClean = strPath;
+    strClean.replace(QDir::separator(), QLatin1Char('/'));
+    const bool bHost = strClean.startsWith(QLatin1String("//"));
+    return bHost ? strClean.section(QLatin1Char('/'), 0, 2).toLower() : QString();
+}
+
 } // namespace
+
+bool isOnMachineOf(const QString &strPage, const QString &strFile)
+{
+    return hostOf(strPage) == hostOf(strFile);
+}
 
 QString siteFolder(const QString &strPage)
 {
@@ -40,6 +55,8 @@ QString siteFolder(const QString &strPage)
 
 bool mayReadLocal(const QString &strPage, const QString &strFile)
 {
+    if (!isOnMachineOf(strPage, strFile))
+        return false;
     const QFileInfo info(strFile);
     if (!info.isFile())
         return false;

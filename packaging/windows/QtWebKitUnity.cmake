@@ -5,7 +5,15 @@ set(files_apart "AllInOne|API/|inspector/JS"
     "runtime/(ErrorInstance|IntlCollator|IntlDateTimeFormat|IntlNumberFormat)\\."
     "runtime/(JSMap|JSMapIterator|JSSet|JSSetIterator|MapPrototype|SetPrototype|WeakSetPrototype)\\."
     "runtime/(Options|TypeProfilerLog)\\."
-    "bytecode/PropertyCondition\\." "heap/MarkedSpace\\.")
+    "bytecode/PropertyCondition\\." "heap/MarkedSpace\\."
+    # What tools make: tables with the same names, and names that are first declared as mere memory.
+    "WebCore/(CSSGrammar|XPathGrammar|CSSPropertyNames|CSSValueKeywords|ColorData|HTTPHeaderNames)\\."
+    "WebCore/(HTML|MathML|SVG|XLink|XML|XMLNS|WebKitFontFamily)Names\\."
+    "WebCore/Selector" "WebCore/JSScriptProfile"
+    "css/MediaFeatureNames\\." "dom/QualifiedName\\." "html/parser/HTMLSrcsetParser\\."
+    "csp/ContentSecurityPolicyMediaListDirective\\."
+    "mathml/RenderMathML(RadicalOperator|Root|SquareRoot)\\."
+    "platform/graphics/(FloatQuad|qt/ImageQt)\\." "transforms/Matrix3DTransformOperation\\.")
 list(JOIN files_apart "|" files_apart)
 
 function(unite target)

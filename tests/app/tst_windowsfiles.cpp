@@ -162,6 +162,18 @@ private slots:
         SetFileAttributesW(wide(QDir::toNativeSeparators(strPath)), FILE_ATTRIBUTE_NORMAL);
     }
 
+    void fileInAFolderThatIsGone_isNotWritten()
+    {
+        const QDir folder(m_folder.filePath("gone"));
+        QVERIFY(folder.mkpath("."));
+        const QString strPath = newFile("gone/a.txt");
+        QVERIFY(QDir(folder).removeRecursively());
+        QString strError;
+        QVERIFY(!writeFile(strPath, "new", &strError));
+        QVERIFY(!strError.isEmpty());
+        QVERIFY(!folder.exists());
+    }
+
     void hiddenFile_staysHidden()
     {
         const QString strPath = newFile("hidden.txt");
@@ -295,6 +307,17 @@ private slots:
         const QString strNew = newFile("to.txt");
         QVERIFY(!Platform::renameWithoutReplacing(strOld, strNew, nullptr));
         QVERIFY(QFile::exists(strOld));
+    }
+
+    void noteOfTheTrash_goesWithItsFile()
+    {
+        const QString strNote = newFile("$Iletters.txt");
+        const QString strOther = newFile("$Iothers.txt");
+        Platform::forgetTrashed(m_folder.filePath("letters.txt"));
+        QVERIFY(QFile::exists(strNote));
+        Platform::forgetTrashed(m_folder.filePath("$Rletters.txt"));
+        QVERIFY(!QFile::exists(strNote));
+        QVERIFY(QFile::exists(strOther));
     }
 
     void name_changesOnlyItsCase()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/platform.h"
 #include "support/manyfiles.h"
 
 #include <QDir>
@@ -10,6 +11,43 @@
 inline QString native(const QString &strPath)
 {
     return QDir::toNativeSeparators(strPath);
+}
+
+// A path from the root, whole: Windows puts the current drive before it.
+inline QString fromRoot(const char *szPath)
+{
+    return native(QFileInfo(QLatin1String(szPath)).absoluteFilePath());
+}
+
+// A name with a sign that cannot be seen: a new line, where the system takes it in a name.
+inline QString nameWithSign()
+{
+    const QString strName = QStringLiteral("new\nline");
+    return Platform::isFileName(strName) ? strName : QStringLiteral("new\u202eline");
+}
+
+// The same name as the panels show it.
+inline QString shownNameWithSign()
+{
+    const bool bNewLine = nameWithSign().contains(QLatin1Char('\n'));
+    return bNewLine ? QStringLiteral("new<U+000A>line") : QStringLiteral("new<U+202E>line");
+}
+
+// A name that HTML would read as something else: tags, where the system takes them in a name.
+inline QString nameWithMarkup()
+{
+    const QString strName = QStringLiteral("<img src='x'><b>bold");
+    return Platform::isFileName(strName) ? strName : QStringLiteral("&lt;b&gt;bold &amp;");
+}
+
+// A link's name: links that anybody may make are shortcuts on Windows, known by their suffix.
+inline QString linkName(const char *szName)
+{
+#ifdef Q_OS_WIN
+    return QLatin1String(szName) + QLatin1String(".lnk");
+#else
+    return QLatin1String(szName);
+#endif
 }
 
 // A temporary folder with what a test puts into it, removed with it. Its paths are native.
@@ -38,6 +76,7 @@ public:
 
     void addFiles(int nCount) const { makeFiles(path(), nCount); }
 
+    // The name is one of linkName().
     QString addLink(const QString &strName, const QString &strTarget) const
     {
         if (!QFile::link(strTarget, path(strName)))

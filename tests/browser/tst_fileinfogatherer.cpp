@@ -100,10 +100,10 @@ void tst_fileinfogatherer::newReader_hasItsDefaults()
 void tst_fileinfogatherer::folder_isListedWithoutDots()
 {
     const CTestTree tree;
-    tree.addFile(QStringLiteral("new\nline"));
+    tree.addFile(nameWithSign());
     tree.addFile(QStringLiteral("größe.txt"));
     tree.addFile(QStringLiteral(".hidden"));
-    tree.addLink(QStringLiteral("dangling"), QStringLiteral("/nowhere/at/all"));
+    tree.addLink(linkName("dangling"), QStringLiteral("/nowhere/at/all"));
     CRecordedReader reader;
     reader.setScanSubDirs(false);
     reader.fetch(tree.path());
@@ -111,8 +111,8 @@ void tst_fileinfogatherer::folder_isListedWithoutDots()
     QCOMPARE(reader.directories(), QStringList(tree.path()));
     QCOMPARE(reader.loaded(), QStringList(tree.path()));
     QCOMPARE(reader.names(0),
-             QStringList({QStringLiteral(".hidden"), QStringLiteral("dangling"),
-                          QStringLiteral("größe.txt"), QStringLiteral("new\nline")}));
+             QStringList({QStringLiteral(".hidden"), linkName("dangling"),
+                          QStringLiteral("größe.txt"), nameWithSign()}));
 }
 
 void tst_fileinfogatherer::hiddenEntries_areSkippedOnDemand()
@@ -172,8 +172,11 @@ void tst_fileinfogatherer::scanning_goesBreadthFirst()
 
 void tst_fileinfogatherer::linkLoop_isLeftByStop()
 {
+#ifdef Q_OS_WIN
+    QSKIP("A shortcut leads into no folder, and other links need a right of their own.");
+#endif
     const CTestTree tree;
-    tree.addLink(QStringLiteral("loop"), tree.path());
+    tree.addLink(linkName("loop"), tree.path());
     CRecordedReader reader;
     reader.fetch(tree.path());
     QTRY_VERIFY(reader.directories().size() >= 3);

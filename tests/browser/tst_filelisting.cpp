@@ -99,8 +99,8 @@ void tst_filelisting::preparedNodes_belongToTheirListing()
     for (int n = 0; n < 2; ++n) { // Prepared the first time, made on the spot the second.
         const FileNodes nodes = prepared.take(lstFirst);
         QCOMPARE(nodes.size(), size_t(2));
-        QCOMPARE(nodes.at(0)->m_strPath, QStringLiteral("/x/a"));
-        QCOMPARE(nodes.at(1)->m_strPath, QStringLiteral("/x/b"));
+        QCOMPARE(nodes.at(0)->m_strPath, fromRoot("/x/a"));
+        QCOMPARE(nodes.at(1)->m_strPath, fromRoot("/x/b"));
         QVERIFY(!nodes.at(0)->m_pParent);
     }
     prepared.clear();

@@ -205,17 +205,16 @@ void tst_folderkeys::renameToATakenName_saysWhy()
 void tst_folderkeys::controlSigns_areShownAndSurviveTheEditing()
 {
     const CTestTree tree;
-    const QString strName = QStringLiteral("a\nb\u202e.txt");
-    tree.addFile(strName, "text");
+    tree.addFile(nameWithSign(), "text");
     CShownFolder panel(tree.path());
-    QTRY_COMPARE(panel.names(), QStringList(QStringLiteral("a<U+000A>b<U+202E>.txt")));
+    QTRY_COMPARE(panel.names(), QStringList(shownNameWithSign()));
     QVERIFY(QTest::qWaitForWindowActive(&panel));
     panel.go(panel.names().first());
     panel.key(Qt::Key_F2);
     QTest::keyClick(panel.editor(), Qt::Key_Return);
     QTRY_VERIFY(!panel.editor());
     QCOMPARE(panel.m_spyRenamed.size(), 0);
-    QVERIFY(QFile::exists(tree.path(strName)));
+    QVERIFY(QFile::exists(tree.path(nameWithSign())));
 }
 
 void tst_folderkeys::deletedFiles_areTakenBack()
@@ -230,6 +229,10 @@ void tst_folderkeys::deletedFiles_areTakenBack()
     panel.key(Qt::Key_Delete);
     QTRY_COMPARE(panel.names(), QStringList({"c"}));
     QVERIFY(panel.message().contains(QLatin1Char('2')));
+#ifdef Q_OS_WIN
+    if (QOperatingSystemVersion::current() <= QOperatingSystemVersion::Windows7)
+        QSKIP("This system's trash does not tell where a file is in it.");
+#endif
     panel.key(Qt::Key_Z, Qt::ControlModifier);
     QTRY_COMPARE(panel.names(), QStringList({"a", "b", "c"}));
     QCOMPARE(panel.m_spyRenamed.size(), 0);
@@ -283,7 +286,7 @@ void tst_folderkeys::typedPath_isCompleted()
     QTRY_VERIFY(pPopup->isVisible());
     QTRY_COMPARE(pPopup->model()->rowCount(), 2);
     // Nothing is inserted without being asked for.
-    QCOMPARE(panel.box()->text(), tree.path(QStringLiteral("al")));
+    QCOMPARE(native(panel.box()->text()), tree.path(QStringLiteral("al")));
     QTest::keyClick(pPopup, Qt::Key_Down);
     QTest::keyClick(pPopup, Qt::Key_Down);
     QCOMPARE(panel.box()->text(), tree.path(QStringLiteral("alpine")));

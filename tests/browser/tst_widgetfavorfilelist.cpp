@@ -31,6 +31,7 @@ private slots:
     void newFolder_comesFirstAndIsStored();
     void firstFolder_changesAndWritesNothing();
     void thirdFolder_movesToTheTop();
+    void folderOfAnotherSpelling_isTheSystemsMatter();
     void removed_areExactlyTheSelected();
     void removeWithoutSelection_warns();
     void removeIsEnabledUntilAnOwnerConnects();
@@ -78,8 +79,7 @@ private:
             .toStringList();
     }
 
-    const QStringList m_lstFour {native(QStringLiteral("/a")), native(QStringLiteral("/b")),
-                                 native(QStringLiteral("/c")), native(QStringLiteral("/d"))};
+    const QStringList m_lstFour {fromRoot("/a"), fromRoot("/b"), fromRoot("/c"), fromRoot("/d")};
     std::unique_ptr<CSettings> m_pSettings;
 };
 
@@ -102,7 +102,7 @@ void tst_widgetfavorfilelist::newList_showsTheStoredFoldersInOrder()
     const CWidgetFavoriteFolder favourites;
     QCOMPARE(texts(favourites), m_lstFour);
     const auto *pList = favourites.findChild<CMenuListWidget *>();
-    QCOMPARE(pList->item(2)->toolTip(), native(QStringLiteral("/c")));
+    QCOMPARE(pList->item(2)->toolTip(), fromRoot("/c"));
     QCOMPARE(pList->selectionMode(), QAbstractItemView::ExtendedSelection);
     QCOMPARE(pList->selectionBehavior(), QAbstractItemView::SelectRows);
     const auto *pLabel = favourites.findChild<QLabel *>();
@@ -128,21 +128,21 @@ void tst_widgetfavorfilelist::newFolder_comesFirstAndIsStored()
 {
     CWidgetFavoriteFolder favourites;
     selectRows(favourites, {2, 3});
-    favourites.addFolder(native(QStringLiteral("/new")));
-    const QStringList lstExpected = QStringList(native(QStringLiteral("/new"))) + m_lstFour;
+    favourites.addFolder(fromRoot("/new"));
+    const QStringList lstExpected = QStringList(fromRoot("/new")) + m_lstFour;
     QCOMPARE(texts(favourites), lstExpected);
     QCOMPARE(m_pSettings->getFavorFolders(), lstExpected);
     QCOMPARE(onDisk(), lstExpected);
     const auto *pList = favourites.findChild<CMenuListWidget *>();
     QCOMPARE(pList->selectedItems(), QList<QListWidgetItem *> {pList->item(0)});
     QCOMPARE(pList->currentRow(), 0);
-    QCOMPARE(pList->item(0)->toolTip(), native(QStringLiteral("/new")));
+    QCOMPARE(pList->item(0)->toolTip(), fromRoot("/new"));
 }
 
 void tst_widgetfavorfilelist::firstFolder_changesAndWritesNothing()
 {
     CWidgetFavoriteFolder favourites;
-    favourites.addFolder(native(QStringLiteral("/a")));
+    favourites.addFolder(fromRoot("/a"));
     QCOMPARE(texts(favourites), m_lstFour);
     QCOMPARE(onDisk(), QStringList());
     const auto *pList = favourites.findChild<CMenuListWidget *>();
@@ -152,11 +152,21 @@ void tst_widgetfavorfilelist::firstFolder_changesAndWritesNothing()
 void tst_widgetfavorfilelist::thirdFolder_movesToTheTop()
 {
     CWidgetFavoriteFolder favourites;
-    favourites.addFolder(native(QStringLiteral("/c")));
-    const QStringList lstExpected {native(QStringLiteral("/c")), native(QStringLiteral("/a")),
-                                   native(QStringLiteral("/b")), native(QStringLiteral("/d"))};
+    favourites.addFolder(fromRoot("/c"));
+    const QStringList lstExpected {fromRoot("/c"), fromRoot("/a"), fromRoot("/b"), fromRoot("/d")};
     QCOMPARE(texts(favourites), lstExpected);
     QCOMPARE(onDisk(), lstExpected);
+}
+
+void tst_widgetfavorfilelist::folderOfAnotherSpelling_isTheSystemsMatter()
+{
+    CWidgetFavoriteFolder favourites;
+    favourites.addFolder(fromRoot("/C"));
+    QStringList lstExpected = m_lstFour;
+    if (Platform::isSamePath(fromRoot("/C"), fromRoot("/c")))
+        lstExpected.removeOne(fromRoot("/c"));
+    lstExpected.prepend(fromRoot("/C"));
+    QCOMPARE(texts(favourites), lstExpected);
 }
 
 void tst_widgetfavorfilelist::removed_areExactlyTheSelected()
@@ -164,8 +174,8 @@ void tst_widgetfavorfilelist::removed_areExactlyTheSelected()
     const CWidgetFavoriteFolder favourites;
     selectRows(favourites, {2, 0, 3});
     button(favourites, "Remove")->click();
-    QCOMPARE(texts(favourites), QStringList(native(QStringLiteral("/b"))));
-    QCOMPARE(onDisk(), QStringList(native(QStringLiteral("/b"))));
+    QCOMPARE(texts(favourites), QStringList(fromRoot("/b")));
+    QCOMPARE(onDisk(), QStringList(fromRoot("/b")));
 }
 
 void tst_widgetfavorfilelist::removeWithoutSelection_warns()
@@ -207,9 +217,8 @@ void tst_widgetfavorfilelist::doubleClickedFavourite_opensAndMovesToTheTop()
     const auto *pList = favourites.findChild<CMenuListWidget *>();
     favourites.onDbClickItem(pList->model()->index(3, 0));
     QCOMPARE(spy.size(), 1);
-    QCOMPARE(spy.first().first().toString(), native(QStringLiteral("/d")));
-    const QStringList lstExpected {native(QStringLiteral("/d")), native(QStringLiteral("/a")),
-                                   native(QStringLiteral("/b")), native(QStringLiteral("/c"))};
+    QCOMPARE(spy.first().first().toString(), fromRoot("/d"));
+    const QStringList lstExpected {fromRoot("/d"), fromRoot("/a"), fromRoot("/b"), fromRoot("/c")};
     QCOMPARE(texts(favourites), lstExpected);
     QCOMPARE(onDisk(), lstExpected);
 }
@@ -233,21 +242,23 @@ void tst_widgetfavorfilelist::reveal_opensTheFirstSelected()
     selectRows(favourites, {1});
     favourites.onClickAction(QStringLiteral("something else"));
     QVERIFY(catcher.m_lstUrls.isEmpty());
+#ifndef Q_OS_WIN // Which has a program of its own for it.
     favourites.onClickAction(strReveal);
     // The tests have no session bus, so the folder around it is opened.
     QCOMPARE(catcher.m_lstUrls.size(), 1);
     QCOMPARE(catcher.m_lstUrls.first(), QUrl::fromLocalFile(QStringLiteral("/")));
+#endif
 }
 
 void tst_widgetfavorfilelist::toolTipOfMarkup_isNotInterpreted()
 {
     CWidgetFavoriteFolder favourites;
-    favourites.addFolder(native(QStringLiteral("/x/<b>bold")));
+    favourites.addFolder(fromRoot("/x/<b>bold"));
     const auto *pList = favourites.findChild<CMenuListWidget *>();
-    QCOMPARE(pList->item(0)->text(), native(QStringLiteral("/x/<b>bold")));
+    QCOMPARE(pList->item(0)->text(), fromRoot("/x/<b>bold"));
     QTextDocument document;
     document.setHtml(pList->item(0)->toolTip());
-    QCOMPARE(document.toPlainText(), native(QStringLiteral("/x/<b>bold")));
+    QCOMPARE(document.toPlainText(), fromRoot("/x/<b>bold"));
 }
 
 void tst_widgetfavorfilelist::panel_stacksBrowserAboveFavourites()
@@ -288,7 +299,7 @@ void tst_widgetfavorfilelist::openedFavourite_entersTheHistory()
 {
     const CTestTree tree;
     tree.addFile(QStringLiteral("a"));
-    m_pSettings->setFavorFolders({native(QStringLiteral("/a")), tree.path()});
+    m_pSettings->setFavorFolders({fromRoot("/a"), tree.path()});
     CWidgetFavorFileList panel;
     QSignalSpy spy(&panel, &CWidgetFavorFileList::rootPathChanged);
     selectRows(panel, {1});
@@ -296,7 +307,7 @@ void tst_widgetfavorfilelist::openedFavourite_entersTheHistory()
     QCOMPARE(panel.rootPath(), tree.path());
     QCOMPARE(panel.findChild<QComboBox *>()->itemText(0), tree.path());
     QCOMPARE(spy.size(), 1);
-    QCOMPARE(texts(panel), QStringList({tree.path(), native(QStringLiteral("/a"))}));
+    QCOMPARE(texts(panel), QStringList({tree.path(), fromRoot("/a")}));
     QTRY_COMPARE(panel.findChild<CFileSystemModel *>()->rowCount(), 1);
 }
 
@@ -307,12 +318,12 @@ void tst_widgetfavorfilelist::signals_areRelayed()
     QSignalSpy spyFile(&panel, &CWidgetFavorFileList::dbClickFile);
     QSignalSpy spyRoot(&panel, &CWidgetFavorFileList::rootPathChanged);
     QSignalSpy spySelection(&panel, &CWidgetFavorFileList::fileSelectionChanged);
-    emit pFileList->dbClickFile(native(QStringLiteral("/1")));
-    emit pFileList->rootPathChanged(native(QStringLiteral("/2")));
-    emit pFileList->fileSelectionChanged(native(QStringLiteral("/3")));
-    QCOMPARE(spyFile.value(0).value(0).toString(), native(QStringLiteral("/1")));
-    QCOMPARE(spyRoot.value(0).value(0).toString(), native(QStringLiteral("/2")));
-    QCOMPARE(spySelection.value(0).value(0).toString(), native(QStringLiteral("/3")));
+    emit pFileList->dbClickFile(fromRoot("/1"));
+    emit pFileList->rootPathChanged(fromRoot("/2"));
+    emit pFileList->fileSelectionChanged(fromRoot("/3"));
+    QCOMPARE(spyFile.value(0).value(0).toString(), fromRoot("/1"));
+    QCOMPARE(spyRoot.value(0).value(0).toString(), fromRoot("/2"));
+    QCOMPARE(spySelection.value(0).value(0).toString(), fromRoot("/3"));
 }
 
 void tst_widgetfavorfilelist::openSelection_followsTheFocus()
@@ -347,8 +358,8 @@ void tst_widgetfavorfilelist::openSelection_followsTheFocus()
     QTRY_VERIFY(panel.hasFocusList());
     panel.openSelection();
     QCOMPARE(spyFile.size(), 1);
-    QCOMPARE(panel.rootPath(), native(QStringLiteral("/c")));
-    QCOMPARE(texts(panel).first(), native(QStringLiteral("/c")));
+    QCOMPARE(panel.rootPath(), fromRoot("/c"));
+    QCOMPARE(texts(panel).first(), fromRoot("/c"));
 }
 
 void tst_widgetfavorfilelist::enterInTheFavourites_opens()
@@ -356,7 +367,7 @@ void tst_widgetfavorfilelist::enterInTheFavourites_opens()
     CWidgetFavorFileList panel;
     selectRows(panel, {1});
     QTest::keyClick(panel.findChild<CMenuListWidget *>(), Qt::Key_Return);
-    QCOMPARE(panel.rootPath(), native(QStringLiteral("/b")));
+    QCOMPARE(panel.rootPath(), fromRoot("/b"));
 }
 
 QTEST_MAIN(tst_widgetfavorfilelist)

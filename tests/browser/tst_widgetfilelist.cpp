@@ -110,7 +110,7 @@ private slots:
     void backspaceInTheBox_edits();
     void fastSecondFolder_isShown();
     void fastSameFolder_isShownOnce();
-    void namesWithNewlines_areEnteredAndRefreshed();
+    void namesWithSigns_areEnteredAndRefreshed();
     void destructionDuringAListing_isClean();
 
 private:
@@ -248,8 +248,10 @@ void tst_widgetfilelist::typedBeginningOfAnother_isNotCompleted()
     panel.type(strShort);
     QCOMPARE(panel.rootPath(), strShort);
     panel.type(strUpper);
-    QCOMPARE(panel.rootPath(), strUpper);
-    QCOMPARE(panel.history(), QStringList({strUpper, strShort, strLong}));
+    const bool bSame = Platform::isSamePath(strUpper, strLong); // The system's disks ignore case.
+    QCOMPARE(panel.rootPath(), bSame ? strLong : strUpper);
+    QCOMPARE(panel.history(),
+             bSame ? QStringList({strShort, strLong}) : QStringList({strUpper, strShort, strLong}));
 }
 
 void tst_widgetfilelist::chosenEntryOfTheBox_isShown()
@@ -363,9 +365,9 @@ void tst_widgetfilelist::upperAtARoot_listsItAgain()
 void tst_widgetfilelist::upperOfAGoneParent_doesNothing()
 {
     CPanel panel;
-    panel.setRootPath(QStringLiteral("/gone/folder"));
+    panel.setRootPath(fromRoot("/gone/folder"));
     panel.onUpper();
-    QCOMPARE(panel.rootPath(), QStringLiteral("/gone/folder"));
+    QCOMPARE(panel.rootPath(), fromRoot("/gone/folder"));
 }
 
 void tst_widgetfilelist::browsedFolder_isStoredAndShown()
@@ -377,7 +379,7 @@ void tst_widgetfilelist::browsedFolder_isStoredAndShown()
     CFileDialogAnswer answer({tree.path()});
     panel.button("Browse...")->click();
     QCOMPARE(answer.caption(), QStringLiteral("Select a folder"));
-    QCOMPARE(answer.directory(), start.path());
+    QCOMPARE(native(answer.directory()), start.path());
     QCOMPARE(panel.rootPath(), tree.path());
     QCOMPARE(panel.history(), QStringList({tree.path(), start.path()}));
     QCOMPARE(m_pSettings->m_strLastPathFileName, tree.path());
@@ -407,7 +409,7 @@ void tst_widgetfilelist::browseWithoutRoot_startsInTheLastFolder()
     CPanel panel;
     const CFileDialogAnswer answer({});
     panel.button("Browse...")->click();
-    QCOMPARE(answer.directory(), tree.path());
+    QCOMPARE(native(answer.directory()), tree.path());
 }
 
 void tst_widgetfilelist::quickSelections_giveOneSignal()
@@ -509,10 +511,12 @@ void tst_widgetfilelist::contextMenu_actsOnTheSelection()
     pMenu->actions().at(1)->trigger();
     QApplication::activePopupWidget()->close();
     QCOMPARE(catcher.m_lstUrls, QList<QUrl> {QUrl::fromLocalFile(strFile)});
+#ifndef Q_OS_WIN // Which has a program of its own for it.
     // No session bus in the tests: the folder is opened instead.
     panel.onClickAction(strReveal);
     QCOMPARE(catcher.m_lstUrls.size(), 2);
     QCOMPARE(catcher.m_lstUrls.last(), QUrl::fromLocalFile(tree.path()));
+#endif
 }
 
 void tst_widgetfilelist::keys_workInTheList_data()
@@ -598,14 +602,14 @@ void tst_widgetfilelist::fastSameFolder_isShownOnce()
     }
 }
 
-void tst_widgetfilelist::namesWithNewlines_areEnteredAndRefreshed()
+void tst_widgetfilelist::namesWithSigns_areEnteredAndRefreshed()
 {
     const CTestTree tree;
-    const QString strFolder = tree.addFolder(QStringLiteral("two\nlines <b>"));
-    tree.addFile(QStringLiteral("two\nlines <b>/inner"));
+    const QString strFolder = tree.addFolder(nameWithSign());
+    tree.addFile(nameWithSign() + QStringLiteral("/inner"));
     CPanel panel;
     panel.setRootPath(tree.path());
-    QTRY_COMPARE(panel.names(), QStringList(QStringLiteral("two<U+000A>lines <b>")));
+    QTRY_COMPARE(panel.names(), QStringList(shownNameWithSign()));
     panel.select(0);
     panel.openSelection();
     QTRY_COMPARE(panel.names(), QStringList(QStringLiteral("inner")));

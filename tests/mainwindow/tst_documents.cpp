@@ -171,7 +171,11 @@ private slots:
         const QString strPath = f.file("sub/a.txt");
         f.window().openFile(strPath);
         f.editor()->insertPlainText("x");
-        QDir(f.path("sub")).removeRecursively();
+        QVERIFY(QDir(f.path("sub")).removeRecursively());
+#ifdef Q_OS_WIN
+        if (QFileInfo::exists(f.path("sub")))
+            QSKIP("A folder stays until nobody follows it any more.");
+#endif
         CBoxAnswer answer;
         QVERIFY(!f.window().on_actionSave_triggered());
         QCOMPARE(answer.boxes().size(), 1);
@@ -352,7 +356,11 @@ private slots:
         QDir(f.path("")).mkdir("sub");
         f.window().openFile(f.file("sub/a.txt"));
         f.editor()->insertPlainText("x");
-        QDir(f.path("sub")).removeRecursively();
+        QVERIFY(QDir(f.path("sub")).removeRecursively());
+#ifdef Q_OS_WIN
+        if (QFileInfo::exists(f.path("sub")))
+            QSKIP("A folder stays until nobody follows it any more.");
+#endif
         CBoxAnswer answer({QMessageBox::YesToAll, QMessageBox::Ok});
         QVERIFY(!f.window().close());
         QCOMPARE(f.tabs().count(), 1);
@@ -468,6 +476,9 @@ private slots:
 
     void exit_asksWhereDraftsCannotBeWritten()
     {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
         const QString strFolder = CWindowFixture::draftFolder();
         QVERIFY(QDir(strFolder).removeRecursively());
         CWindowFixture f;

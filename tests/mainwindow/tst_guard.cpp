@@ -60,7 +60,7 @@ private slots:
     void unsavedTextOfAnEndedProgram_isRecovered()
     {
         QTemporaryDir folder;
-        const QString strPath = folder.filePath("a.cpp");
+        const QString strPath = QDir::toNativeSeparators(folder.filePath("a.cpp"));
         write(strPath, "disk");
         {
             CWindowFixture f;

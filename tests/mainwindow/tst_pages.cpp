@@ -375,7 +375,7 @@ private slots:
     void recoveredPage_isModifiedUnderItsOwnPath()
     {
         QTemporaryDir folder;
-        const QString strPath = folder.filePath("p.html");
+        const QString strPath = QDir::toNativeSeparators(folder.filePath("p.html"));
         QFile file(strPath);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(g_page);

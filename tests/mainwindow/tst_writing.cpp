@@ -85,6 +85,7 @@ QString xmlError(const QByteArray &source)
     return reader.hasError() ? reader.errorString() : QString();
 }
 
+#ifndef Q_OS_WIN // Has no tidy.
 // Of an HTML file, by another program; empty for none.
 QByteArray tidyErrors(const QString &strPath)
 {
@@ -96,6 +97,7 @@ QByteArray tidyErrors(const QString &strPath)
         return "tidy does not run";
     return tidy.exitCode() < 2 ? QByteArray() : tidy.readAllStandardError();
 }
+#endif
 
 } // namespace
 
@@ -347,7 +349,9 @@ void tst_writing::article_isWrittenSavedAndReadBack()
     press(Qt::Key_S, Qt::ControlModifier);
     QTRY_VERIFY(!m_pCase->window().currentDocument().isModified());
     QCOMPARE(QString::fromUtf8(m_pCase->content(strPath)), QString::fromUtf8(g_szArticle));
+#ifndef Q_OS_WIN
     QCOMPARE(tidyErrors(strPath), QByteArray());
+#endif
 
     press(Qt::Key_W, Qt::ControlModifier);
     QTRY_COMPARE(m_pCase->tabs().count(), 0);

@@ -1,5 +1,6 @@
 #include "web/webtest.h"
 
+#include "app/platform.h"
 #include "pageedit/cdlgcharacters.h"
 #include "pageedit/cdlglink.h"
 #include "pageedit/cdlgpageproperties.h"
@@ -43,7 +44,8 @@ void tst_pagedialogs::fileAddress_isWhatAPageNames_data()
     row("/b.html", "/a/c.html", "../b.html");
     row("/a/b c#d?e%f.html", "/a/c.html", "b%20c%23d%3Fe%25f.html");
     row("/a/größe 漢.html", "/a/c.html", "größe%20漢.html");
-    row("/a/x:y.html", "/a/c.html", "./x:y.html");
+    if (Platform::isFileName(QStringLiteral("x:y.html")))
+        row("/a/x:y.html", "/a/c.html", "./x:y.html");
     row("/a/b \"c\".html", "", "file:///a/b%20%22c%22.html");
 }
 

@@ -78,7 +78,11 @@ private:
 class CFileDialogAnswer
 {
 public:
-    explicit CFileDialogAnswer(QStringList lstFiles) : m_lstFiles(std::move(lstFiles)) { }
+    explicit CFileDialogAnswer(QStringList lstFiles) : m_lstFiles(std::move(lstFiles))
+    {
+        // Those of Windows are no widgets, which could be answered.
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
 
     QString caption() const { return m_strCaption; }
     QString directory() const { return m_strDirectory; }

@@ -15,6 +15,8 @@ class tst_localresources : public QObject
 private slots:
     void mayReadLocal_data();
     void mayReadLocal();
+    void fileOfAnotherMachine_isKnownByItsPath_data();
+    void fileOfAnotherMachine_isKnownByItsPath();
     void linkOutOfTheSite_isRefused();
     void deviceAndFolder_areRefused();
     void siteFolder_stopsBelowHome();
@@ -65,9 +67,14 @@ void tst_localresources::mayReadLocal()
     QFETCH(bool, allowed);
 
     // The folder for temporary files is one that sites share, so it ends the way up.
-    const QByteArray arrOldTemp = qgetenv("TMPDIR");
+#ifdef Q_OS_WIN
+    const char *const szTemp = "TMP";
+#else
+    const char *const szTemp = "TMPDIR";
+#endif
+    const QByteArray arrOldTemp = qgetenv(szTemp);
     QTemporaryDir folder;
-    qputenv("TMPDIR", QFile::encodeName(folder.path()));
+    qputenv(szTemp, QFile::encodeName(QDir::toNativeSeparators(folder.path())));
     for (const char *szFile :
          {"place/site/pages/page.html", "place/site/pages/a.png", "place/site/pages/img/deep/a.png",
           "place/site/css/a.css", "place/common/a.css", "other/a.css", "place/site/pages/.secret",
@@ -76,12 +83,48 @@ void tst_localresources::mayReadLocal()
 
     const QString strPage = page.isEmpty() ? QString() : folder.filePath(page);
     const bool bAllowed = ::mayReadLocal(strPage, folder.filePath(file));
-    qputenv("TMPDIR", arrOldTemp);
+    qputenv(szTemp, arrOldTemp);
     QCOMPARE(bAllowed, allowed);
+}
+
+void tst_localresources::fileOfAnotherMachine_isKnownByItsPath_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("same");
+    const QString strPage = QStringLiteral("C:/site/page.html");
+    QTest::newRow("beside") << strPage << "C:/site/a.png" << true;
+    QTest::newRow("Linux") << "/site/page.html"
+                           << "/site/a.png" << true;
+    QTest::newRow("of a host") << strPage << QUrl("file://host/share/a.png").toLocalFile() << false;
+    QTest::newRow("no host, four slashes")
+        << strPage << QUrl("file:////host/share/a.png").toLocalFile() << false;
+    QTest::newRow("five slashes") << strPage << QUrl("file://///host/share/a.png").toLocalFile()
+                                  << false;
+    QTest::newRow("page of the same host") << "//host/share/page.html"
+                                           << "//Host/other/a.png" << true;
+    QTest::newRow("page of another host") << "//one/share/page.html"
+                                          << "//two/share/a.png" << false;
+#ifdef Q_OS_WIN // Elsewhere a backslash is part of a name.
+    QTest::newRow("backslashes") << strPage << "\\\\host\\share\\a.png" << false;
+    QTest::newRow("encoded backslashes")
+        << strPage << QUrl("file:///%5C%5Chost/share/a.png").toLocalFile() << false;
+    QTest::newRow("device") << strPage << "\\\\?\\UNC\\host\\share\\a.png" << false;
+#endif
+}
+
+void tst_localresources::fileOfAnotherMachine_isKnownByItsPath()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, file);
+    QTEST(isOnMachineOf(page, file), "same");
 }
 
 void tst_localresources::linkOutOfTheSite_isRefused()
 {
+#ifdef Q_OS_WIN
+    QSKIP("Links to files need a right of their own there.");
+#endif
     QTemporaryDir folder;
     QTemporaryDir folderElsewhere;
     touch(folder.filePath(QStringLiteral("page.html")));

@@ -26,8 +26,14 @@ done
 
 (cd "$made" && rm -f "$name-windows.zip" && zip -qr9 "$name-windows.zip" "$name")
 "$source_dir/packaging/windows/make-installer.sh" "$folder" "$version" "$made/$name-setup.exe"
-for file in app/main.cpp docs/quillan.png tests/highlight/samples/sample.html; do
-    "$source_dir/packaging/windows/try-program.sh" "$folder" "$made/$(basename "$file").png" "$source_dir/$file"
-done
+page=tests/highlight/samples/sample.html
+title=${page##*/} # Where there are no pages, its source is shown.
+[[ $name == *-nopages ]] || title=$(sed -n 's|.*<title>\(.*\)</title>.*|\1|p' "$source_dir/$page")
+try() {
+    "$source_dir/packaging/windows/try-program.sh" "$folder" "$made/$(basename "$1").png" "$source_dir/$1" "${2-}"
+}
+try app/main.cpp
+try docs/quillan.png
+try "$page" "$title"
 "$source_dir/packaging/windows/try-installer.sh" "$made/$name-setup.exe"
 ls -l "$made"
