@@ -528,6 +528,14 @@
         <source>The trash does not tell where the file is.</source>
         <translation>ごみ箱の中の場所がわかりません。</translation>
     </message>
+    <message>
+        <source>%1 is in the trash.</source>
+        <translation>%1 をごみ箱に移動しました。</translation>
+    </message>
+    <message>
+        <source>%1 entries are in the trash.</source>
+        <translation>%1 個の項目をごみ箱に移動しました。</translation>
+    </message>
 </context>
 <context>
     <name>CFileReplacement</name>

@@ -528,6 +528,14 @@
         <source>The trash does not tell where the file is.</source>
         <translation>回收站没有告知其位置。</translation>
     </message>
+    <message>
+        <source>%1 is in the trash.</source>
+        <translation>%1 已移到回收站。</translation>
+    </message>
+    <message>
+        <source>%1 entries are in the trash.</source>
+        <translation>已将 %1 项移到回收站。</translation>
+    </message>
 </context>
 <context>
     <name>CFileReplacement</name>
