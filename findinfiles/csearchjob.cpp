@@ -4,6 +4,8 @@
 #include "findinfiles/filereading.h"
 #include "findinfiles/filewalk.h"
 
+#include <QDir>
+
 namespace {
 
 const int g_nChunk = 64; // Paths that a thread takes at once.
@@ -93,7 +95,7 @@ void CSearchJob::searchFile(const CLineSearch &search, const QString &strPath, Q
     if (kind == FileKind::Text)
         found.lstMatches = findInData(search, m_filter, *pData, g_nMaxMatches, m_bCancel);
     if (!found.lstMatches.isEmpty()) {
-        found.strPath = strPath;
+        found.strPath = QDir::toNativeSeparators(strPath); // As users know it.
         found.fingerprint = fingerprintOf(*pData);
     }
     {
