@@ -123,9 +123,9 @@ bool cut(const Text &text, const QString &strFirst, const STextRequest &request,
     pText->nLines = lines.nLines;
     pText->nHeaviestLine = lines.heaviest.nLength;
     const bool bTooLong = lines.heaviest.nWeight > request.nHeaviestLine;
+    checkMemory(lines.nLines, text.size());
     if (bTooLong && request.longLines != LongLines::Whole)
         return false;
-    checkMemory(lines.nLines, text.size());
     pText->slices = CTextSlices(text, nFrom, std::move(lines.lstSliceEnds));
     return true;
 }

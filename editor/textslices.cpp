@@ -26,20 +26,25 @@ qint64 weight(const char *pFrom, const char *pEnd)
     return pEnd - pFrom;
 }
 
-bool isLineEnd(QChar c)
+template<class Char> bool isLineEnd(Char c)
 {
-    return c == QLatin1Char('\n') || c == QLatin1Char('\r');
+    return c == '\n' || c == '\r';
+}
+
+// The place after the line end at pLineEnd: LF, CR, or both as one.
+template<class Char> const Char *behindLineEnd(const Char *pLineEnd, const Char *pEnd)
+{
+    const bool bPair = *pLineEnd == '\r' && pLineEnd + 1 != pEnd && pLineEnd[1] == '\n';
+    return pLineEnd + (bPair ? 2 : 1);
 }
 
 // Gives the place after the next line end from nFrom on, or the end of the text.
 int behindLine(const QString &strText, int nFrom)
 {
-    const QChar *const pEnd = strText.constEnd();
-    const QChar *pAt = std::find_if(strText.constBegin() + nFrom, pEnd, isLineEnd);
-    if (pAt == pEnd)
-        return strText.size();
-    const bool bPair = *pAt == QLatin1Char('\r') && pAt + 1 != pEnd && pAt[1] == QLatin1Char('\n');
-    return int(pAt - strText.constBegin()) + (bPair ? 2 : 1);
+    const ushort *const pBegin = strText.utf16();
+    const ushort *const pEnd = pBegin + strText.size();
+    const auto *const pAt = std::find_if(pBegin + nFrom, pEnd, isLineEnd<ushort>);
+    return pAt == pEnd ? strText.size() : int(behindLineEnd(pAt, pEnd) - pBegin);
 }
 
 // Cuts lines that come one after the other into slices.
@@ -76,23 +81,17 @@ private:
 template<class Char>
 STextLines linesBetween(const Char *pBegin, const Char *pEnd, int nFrom, const SSliceLimits &limits)
 {
-    const auto isEnd = [](Char c) { return c == '\n' || c == '\r'; };
     STextLines lines;
     CSliceCutter cutter(nFrom, limits, &lines.lstSliceEnds);
     for (const Char *pLine = pBegin; pLine != pEnd;) {
-        const Char *const pLineEnd = std::find_if(pLine, pEnd, isEnd);
+        const Char *const pLineEnd = std::find_if(pLine, pEnd, isLineEnd<Char>);
         const qint64 nWeight = weight(pLine, pLineEnd);
         if (nWeight > lines.heaviest.nWeight)
             lines.heaviest = {int(pLineEnd - pLine), nWeight};
-        const Char *pNext = pLineEnd;
-        if (pLineEnd != pEnd) {
-            const bool bPair = *pLineEnd == '\r' && pLineEnd + 1 != pEnd && pLineEnd[1] == '\n';
-            pNext += bPair ? 2 : 1;
-            ++lines.nLines;
-        }
-        pLine = pNext;
-        if (pNext - pBegin > nFrom)
-            cutter.addLine(int(pNext - pBegin));
+        lines.nLines += int(pLineEnd != pEnd);
+        pLine = pLineEnd == pEnd ? pEnd : behindLineEnd(pLineEnd, pEnd);
+        if (pLine - pBegin > nFrom)
+            cutter.addLine(int(pLine - pBegin));
     }
     cutter.finish();
     return lines;
@@ -159,7 +158,7 @@ QString inPieces(const QString &strText, int nPiece, qint64 nHeaviest)
     for (int nLine = 0; nLine < strText.size();) {
         const int nNext = behindLine(strText, nLine);
         int nLineEnd = nNext;
-        while (nLineEnd > nLine && isLineEnd(strText.at(nLineEnd - 1)))
+        while (nLineEnd > nLine && isLineEnd(strText.at(nLineEnd - 1).unicode()))
             --nLineEnd;
         if (weight(strText.utf16() + nLine, strText.utf16() + nLineEnd) > nHeaviest) {
             copyUpTo(nLine);

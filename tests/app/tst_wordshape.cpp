@@ -13,6 +13,11 @@ double score(const QString &strThree)
                          : signScore(c, strThree.at(0), strThree.at(2));
 }
 
+void row(const char *szName, const char *szFirst, const char *szSecond)
+{
+    QTest::newRow(szName) << QString::fromUtf8(szFirst) << QString::fromUtf8(szSecond);
+}
+
 } // namespace
 
 // How likely a foreign character is beside its neighbours: the better place scores more.
@@ -32,9 +37,6 @@ void tst_wordshape::betterPlace_scoresMore_data()
 {
     QTest::addColumn<QString>("better");
     QTest::addColumn<QString>("worse");
-    const auto row = [](const char *szName, const char *szBetter, const char *szWorse) {
-        QTest::newRow(szName) << QString::fromUtf8(szBetter) << QString::fromUtf8(szWorse);
-    };
     row("opening sign after a letter", " ¿q", "a¿q");
     row("opening sign before a blank", " ¿q", " ¿ ");
     row("money after a letter", "5€ ", "a€ ");
@@ -70,9 +72,6 @@ void tst_wordshape::equalPlaces_scoreTheSame_data()
 {
     QTest::addColumn<QString>("one");
     QTest::addColumn<QString>("other");
-    const auto row = [](const char *szName, const char *szOne, const char *szOther) {
-        QTest::newRow(szName) << QString::fromUtf8(szOne) << QString::fromUtf8(szOther);
-    };
     row("apostrophe within a word", "l’a", "s’ ");
     row("soft hyphen within a word", "a\u00ADb", " \u00AD ");
     row("quotation mark at either end", " “a", "a“ ");
