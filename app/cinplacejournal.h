@@ -12,7 +12,7 @@ struct SCutOffWriting
     QString strId;
     QString strPath; // The file, which may now be a mixture of old and new bytes.
     QString strCopy; // A file of this program's own with all the old bytes.
-    qint64 nSize = 0; // Of the copy.
+    qint64 nSize = 0; // The size of the copy in bytes.
     qint64 nTime = 0; // Milliseconds since 1970.
 };
 

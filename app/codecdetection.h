@@ -7,7 +7,7 @@
 
 struct SDetectedCodec
 {
-    QString strName; // Of the codec; empty when none is known.
+    QString strName; // The name of the codec. Empty if it is unknown.
     // False if other encodings read the data about as well. The user should then look at the text
     // before it is saved as UTF-8.
     bool bSure = false;

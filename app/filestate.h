@@ -12,9 +12,9 @@ struct SFileState
     quint64 nDevice = 0;
     quint64 nInode = 0;
     qint64 nSize = 0; // Bytes.
-    qint64 nModifiedNs = 0; // Of the content.
-    qint64 nChangedNs = 0; // Of the content, the name or the permissions; 0 where unknown.
-    // SHA-1 of the content; empty where it is not known.
+    qint64 nModifiedNs = 0; // When the content was last changed.
+    qint64 nChangedNs = 0; // When content, name or permissions were. 0 if unknown.
+    // SHA-1 of the content. Empty if unknown.
     QByteArray hash;
     // True when the times alone cannot be trusted: a file system's clock ticks slowly, and a second
     // write within a tick leaves all of them as they are. There is a hash then.

@@ -67,7 +67,7 @@ private:
     QHash<QString, SDraft> m_unwritten; // Drafts that are kept but not yet on the disk, by id.
     QString m_strFailure;
     int m_nGeneration = 0; // The number of the store's folder.
-    QTimer m_timer;
+    QTimer m_timer {this};
     QElapsedTimer m_sinceFirstChange;
     QThreadPool m_pool; // One thread: the writes of a draft stay in order.
 };

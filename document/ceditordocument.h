@@ -30,15 +30,15 @@ public:
     bool isCodecSure() const override;
     QString codecName() const override;
 
-    // Shows the file in that codec. While nothing was typed, it decodes the file's bytes, else the
-    // bytes of the text in its old codec.
+    // Shows the file in that codec. An unchanged text is decoded from the file's bytes, a changed
+    // one from the bytes that it has in its old codec.
     CResult setCodec(const QString &strName) override;
 
-    // A large file: shows it piece by piece while the event loop runs. Ends with loaded() or
+    // Shows a large file piece by piece while the event loop runs. Ends with loaded() or
     // arrivalFailed().
     void loadInBackground(const QString &strPath);
 
-    // The place to go to when the text has arrived.
+    // While the text arrives, this is the place to which the view will go.
     SPlace place() const override;
     void goToPlace(const SPlace &place) override;
 
@@ -62,10 +62,10 @@ private:
     void answerAboutLongLine(bool bWhole);
     void tellOfPieces();
 
-    bool m_bFirstTime = false; // Nothing was shown before the text that arrives.
-    QString m_strArriving; // The path that is read.
-    bool m_bAsking = false; // Whether a long line is to be shown whole.
-    bool m_bKeepsPlace = false; // The file is read again.
-    std::optional<SPlace> m_goal; // Of a text that arrives.
+    bool m_bFirstTime = false; // The arriving text is the first of this document.
+    QString m_strArriving; // The path that is being read.
+    bool m_bAsking = false; // The notice asks whether to show a long line whole.
+    bool m_bKeepsPlace = false; // The arriving text keeps the place of the old one.
+    std::optional<SPlace> m_goal; // Where to go in the arriving text.
     QPointer<CHighlightEdit> m_pEditor;
 };

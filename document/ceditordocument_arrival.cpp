@@ -1,4 +1,4 @@
-// A large file, which arrives while the event loop runs.
+// Shows a large file, which arrives while the event loop runs.
 #include "document/ceditordocument.h"
 
 #include "app/plaintext.h"
@@ -27,8 +27,8 @@ bool CEditorDocument::isArriving() const
 
 bool CEditorDocument::isReadOnly() const
 {
-    // True also for the part that stays when an arrival was stopped. False during a Replace All,
-    // which a save finishes.
+    // True also for the partial text of a stopped arrival. False during a Replace All, because
+    // saving finishes it first.
     return m_pEditor->isReadOnly() && !m_pEditor->replaceAllJob();
 }
 
@@ -69,7 +69,7 @@ bool CEditorDocument::stopArriving()
     clearNotice(Topic::Loading);
     m_pEditor->stopLoading();
     if (bWhole)
-        emit modifiedChanged(isModified()); // What was typed before is there and unsaved.
+        emit modifiedChanged(isModified()); // What was typed before is still there and unsaved.
     return bWhole;
 }
 
@@ -85,12 +85,12 @@ void CEditorDocument::onArrived(const SFileContent &content)
         emit loaded();
     else
         emit reloaded();
-    checkFile(); // It may have changed meanwhile.
+    checkFile(); // The file may have changed meanwhile.
 }
 
 void CEditorDocument::onArrivalFailed(const SFileContent &content, bool bPartial)
 {
-    if (m_strArriving != path()) { // Renamed meanwhile, by this program.
+    if (m_strArriving != path()) { // This program has renamed the file meanwhile.
         m_strArriving = path();
         m_pEditor->loadInSlices(LongLines::Ask, m_bKeepsPlace);
         return;
@@ -139,7 +139,7 @@ void CEditorDocument::tellOfPieces()
     setNotice(Topic::Loading, notice);
 }
 
-// A dismissed question counts as an answer, or the text would never come.
+// A dismissed question counts as an answer, because the text waits for one.
 void CEditorDocument::dismissNotice()
 {
     const bool bAsking = m_bAsking;

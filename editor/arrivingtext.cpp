@@ -18,10 +18,10 @@ namespace {
 
 using Fault = SFileContent::Fault;
 
-const int g_nLinePiece = 1000; // UTF-16 units of a line that is cut; some screens wide.
-const int g_nFirstSlice = 0x10000; // Bytes, of which at least the screen gets full.
-// Bytes of memory that the widget and the highlighter take, of which a file of short lines has
-// more than its size lets expect.
+const int g_nLinePiece = 1000; // UTF-16 units; some screens wide.
+const int g_nFirstSlice = 0x10000; // Bytes. Enough to fill a screen.
+// The memory that the widget and the highlighter need, in bytes. Short lines need much more than
+// their text.
 const qint64 g_nBytesPerLine = 400;
 const qint64 g_nBytesPerCharacter = 6;
 
@@ -47,14 +47,13 @@ void decideCodec(const STextRequest &request, const QByteArray &bytes, SArrivedT
     pText->nReturnFormat = detectReturnFormat(bytes, request.nReturnFormat);
 }
 
-// A document takes these characters for line ends, and the whole text decides which stand-ins they
-// get.
+// A document takes these characters for line ends. Their stand-ins depend on the whole text.
 bool needsTheWholeText(QChar c)
 {
     return c.unicode() == 0x2029 || (c.unicode() & 0xFFFE) == 0xFDD0;
 }
 
-// Whole lines from the beginning of the data; empty where the first of them is long.
+// Gives the whole lines at the beginning of the data. Empty if the first line is long.
 QString firstLines(const QTextCodec *pCodec, const QByteArray &bytes, const SSliceLimits &limits)
 {
     const QByteArray beginning = bytes.left(qMin(limits.nCharacters, g_nFirstSlice));
@@ -75,8 +74,8 @@ QString firstLines(const QTextCodec *pCodec, const QByteArray &bytes, const SSli
     return strText.left(qMin(sliceEnd(strText, 0, limits), nLast + (bPair ? 2 : 1)));
 }
 
-// What the first lines most probably are, whatever the rest of the data says: ASCII is the same in
-// nearly all codecs, and other text is hardly ever UTF-8 by chance. Empty where it is doubtful.
+// Guesses the first lines before the rest is known. ASCII is the same in nearly all codecs, and
+// other text is hardly ever valid UTF-8 by chance. Empty if in doubt.
 QString probableFirstLines(const STextRequest &request, const QByteArray &beginning)
 {
     if (request.reading != STextRequest::Reading::AsFile)
@@ -92,7 +91,7 @@ QString probableFirstLines(const STextRequest &request, const QByteArray &beginn
     return bKeeps ? firstLines(pUtf8, bytes, request.slices) : QString();
 }
 
-// Throws where the memory is not enough to show the text.
+// Throws std::bad_alloc if there is not enough memory to show the text.
 void checkMemory(int nLines, qint64 nCharacters)
 {
     const qint64 nMemory = Platform::availableMemory();
@@ -111,8 +110,8 @@ QString startOf(const QString &strText, int nLength)
     return strText.left(nLength);
 }
 
-// strFirst was given already. False, and nothing is cut, where a line is too long for the user to
-// be shown it as it is.
+// Makes the slices after strFirst, which was given already. False, without slices, if the user has
+// to be asked about a line first.
 template<class Text>
 bool cut(const Text &text, const QString &strFirst, const STextRequest &request,
          SArrivedText *pText)
@@ -170,7 +169,7 @@ void prepare(SFileContent content, const STextRequest &request, const SArrivalSt
     pText->nHeaviestLine = nHeaviest;
 }
 
-// strFirst was given already.
+// Makes the slices after strFirst, which was given already.
 SArrivedText slicesBehind(const QString &strFirst, SFileContent content,
                           const STextRequest &request, const SArrivalSteps &steps)
 {

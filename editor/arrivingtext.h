@@ -10,27 +10,28 @@
 
 #include <functional>
 
-// Reading a large file for an editor: all that takes long, without the widget. Reentrant; any
-// thread.
+// Reads a large file for an editor and divides it into slices. This is the slow part of loading and
+// needs no widget. Reentrant; any thread.
 
-// What is wanted, and what the editor knows that wants it.
+// What an editor wants to read, and what it knows already.
 struct STextRequest
 {
     enum class Reading {
-        AsFile, // In its codec.
-        InCodec, // In strCodec, whatever the data look like; the line ends are known already.
-        AsUtf8, // As the context menu's Refresh does: UTF-8 without CR, up to a zero byte.
+        AsFile, // Detects the codec, and keeps strCodec if possible.
+        InCodec, // Uses strCodec, whatever the bytes look like, and keeps nReturnFormat.
+        AsUtf8, // Like the context menu's Refresh: UTF-8 without CR, up to the first zero byte.
     };
 
     QString strPath;
-    QString strCodec; // Kept where it can be; empty: detected.
-    bool bCodecSure = true; // Of strCodec.
-    int nReturnFormat = 0; // Kept where the data have no line end. See ReturnFormat.
+    QString strCodec; // Empty if it has to be detected.
+    bool bCodecSure = true; // Whether strCodec is more than a guess.
+    int nReturnFormat = 0; // Kept if the file has no line end. See ReturnFormat.
     Reading reading = Reading::AsFile;
     LongLines longLines = LongLines::Ask;
-    // The first lines may be given before the file is read. If that fails, they are all there is.
+    // Whether the first lines may be shown before the file is read. If reading then fails, only
+    // they are left.
     bool bFirstLinesEarly = false;
-    qint64 nHeaviestLine = 0x7fffffff; // That is shown unasked; see SHeaviestLine.
+    qint64 nHeaviestLine = 0x7fffffff; // The user is asked about heavier ones; see SHeaviestLine.
     SSliceLimits slices;
 };
 
@@ -40,30 +41,29 @@ struct SArrivedText
     SFileContent content; // Without the bytes.
     QString strCodec;
     bool bCodecSure = true;
-    bool bWhole = true; // All bytes could be shown.
+    bool bWhole = true; // Whether all bytes can be shown.
     int nReturnFormat = 0;
     CStandIns standIns;
     int nLines = 0;
     int nHeaviestLine = 0; // UTF-16 units.
-    bool bAsk = false; // There is a line too long, and no slice before the user has answered.
-    bool bInPieces = false; // Lines were cut: the text is not the file's.
-    bool bBeginsOtherwise = false; // The slice given before does not begin this text after all.
-    CTextSlices slices; // Behind the one given before. At least one line end each but last.
+    bool bAsk = false; // A line is too heavy. There are no slices until the user has answered.
+    bool bInPieces = false; // Lines were cut, so the text differs from the file.
+    bool bBeginsOtherwise = false; // The first slice was wrong; the slices begin again.
+    CTextSlices slices; // They follow the first slice, if there was one.
 };
 
 struct SArrivalSteps
 {
-    // Called now and then; false gives up. May be empty.
+    // Called from time to time. If it returns false, the work stops. May be empty.
     std::function<bool(qint64 nDone, qint64 nAll)> progress;
-    // The beginning of the text, while the rest is still worked on. Called at most once; may be
-    // empty.
+    // Gets the beginning of the text while the work goes on. Called at most once. May be empty.
     std::function<void(const QString &strSlice)> firstSlice;
 };
 
-// Reads the file. Where content.fault is not one that still gives bytes, there are no slices.
+// Reads the file. If it cannot be read, content.fault says why, and there are no slices.
 SArrivedText readInSlices(const STextRequest &request, const SArrivalSteps &steps);
 
-// The same with a file that was read. Takes the bytes, and frees each part of the work as soon as
-// the next one has it.
+// The same for a file that was read already. Takes the bytes, and frees each form of the text as
+// soon as the next one is made.
 SArrivedText slicesOf(SFileContent content, const STextRequest &request,
                       const SArrivalSteps &steps);

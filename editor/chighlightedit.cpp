@@ -5,7 +5,7 @@
 #include "app/plaintext.h"
 #include "app/platform.h"
 #include "editor/caretedits.h"
-#include "editor/cbracketfinder.h"
+#include "editor/cbracketpair.h"
 #include "editor/clinenumberarea.h"
 #include "editor/ctextlines.h"
 #include "highlight/ctextdocument.h"
@@ -47,6 +47,7 @@ CHighlightEdit::CHighlightEdit(QWidget *pParent)
     setDocument(m_pDocument);
     setLineWrapMode(QPlainTextEdit::NoWrap);
     m_pHighlighter = new CThreadHighlighter(m_pDocument);
+    m_pBrackets = new CBracketPair(m_pDocument, this);
     m_strFontFamily = QStringLiteral("Courier New");
     m_pLineNumberArea = new CLineNumberArea(this);
     m_clrCurrentLine = QColor(QStringLiteral("#F9F9F9"));
@@ -102,6 +103,7 @@ void CHighlightEdit::connectSignals()
             [this] { m_history.forgetFrom(m_pDocument->availableUndoSteps()); });
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CHighlightEdit::followMarkedLines);
     connect(this, &QPlainTextEdit::selectionChanged, this, &CHighlightEdit::followMarkedLines);
+    connect(m_pBrackets, &CBracketPair::found, this, &CHighlightEdit::onBracketFound);
 }
 
 void CHighlightEdit::buildMenu()
@@ -163,9 +165,7 @@ void CHighlightEdit::setDefinition(const QVariantMap &mapDefinition)
 {
     m_pHighlighter->setDefinition(mapDefinition);
     m_definition = mapDefinition;
-    m_pairKey.reset();
-    if (m_pBrackets)
-        m_pBrackets->setDefinition(mapDefinition);
+    m_pBrackets->setDefinition(mapDefinition);
 }
 
 QString CHighlightEdit::languageName() const

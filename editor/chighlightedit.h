@@ -2,6 +2,7 @@
 
 #include "editor/caretblock.h"
 #include "editor/cbackgroundjob.h"
+#include "editor/cbracketpair.h"
 #include "editor/ccarethistory.h"
 #include "editor/ccarets.h"
 #include "editor/cstandins.h"
@@ -16,7 +17,6 @@
 #include <memory>
 #include <optional>
 
-class CBracketFinder;
 class CCompletionList;
 class CEditWebView;
 class CLineNumberArea;
@@ -36,12 +36,13 @@ struct SCommand;
 struct STextRequest;
 struct STypedWord;
 
-// The source editor of every text tab: line numbers, a band behind the cursor's line, highlighting
-// from a thread of its own, reading and writing of text files, search, editing aids.
+// The source editor of a text tab and of a page's source. It shows line numbers and a band behind
+// the cursor's line, highlights on a thread of its own, reads and writes text files, searches, and
+// has several carets, completion, spelling marks and other aids.
 //
-// Needs g_pSettings. GUI thread only. The concerns lie in files of their own: chighlightedit.cpp,
-// _brackets, _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys,
-// _loading, _mouse, _paint, _repaint, _search, _spelling, _verify.
+// Needs g_pSettings. GUI thread only. Each concern has a file: chighlightedit.cpp, _brackets,
+// _caretkeys, _carets, _commands, _comment, _completion, _file, _gutter, _keys, _loading, _mouse,
+// _paint, _repaint, _search, _spelling, _verify.
 class CHighlightEdit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -51,12 +52,12 @@ public:
     // Waits for the highlighter's thread.
     ~CHighlightEdit() override;
 
-    // File name or "Untitled", with "*" behind it when modified.
+    // The file name or "Untitled", with "*" after it when modified.
     QString getTitle() const;
     QString pathFileName() const { return m_strPathFileName; }
-    // Reads nothing; the owner has to choose the language again (see isPathChanged()).
+    // Reads nothing. The owner then has to choose the language again (see isPathChanged()).
     void setPathFileName(const QString &strPathFileName);
-    // Lower case.
+    // The suffix of the file name in lower case, without the dot.
     QString suffix() const { return m_strSuffix; }
     bool isPathChanged() const { return m_bPathChanged; }
     void setPathChanged(bool bChanged) { m_bPathChanged = bChanged; }
@@ -69,9 +70,9 @@ public:
     // For the status bar. Rows count from 1, columns from 0.
     QString getStatusText() const;
 
-    // The language; an empty map for none.
+    // Sets the language. An empty map means none.
     void setDefinition(const QVariantMap &mapDefinition);
-    // Is this the one that was set last?
+    // Whether this definition was set last.
     bool hasDefinition(const QVariantMap &mapDefinition) const
     {
         return m_definition == mapDefinition;
@@ -80,63 +81,64 @@ public:
     CThreadHighlighter *highlighter() const { return m_pHighlighter; }
     CTextDocument *textDocument() const { return m_pDocument; }
 
-    // The page whose source this is; only stored, not owned. Null for a text tab.
+    // The page whose source this is, or null for a text tab. Only stored, not owned.
     CEditWebView *pageEditor() const { return m_pPageEditor; }
     void setPageEditor(CEditWebView *pPageEditor) { m_pPageEditor = pPageEditor; }
 
-    // Loads the bytes of a file: codec and line-ending style are detected, undo starts again.
-    // bKeepModified: the modified flag comes back once the event loop has run for 10 ms.
+    // Shows the bytes of a file. Detects the codec and the style of line ends, and clears undo.
+    // bKeepModified restores the modified flag after 10 ms in the event loop.
     void setTextData(const QByteArray &arrData, bool bKeepModified);
-    // Reads the file again with the editor's codec; cursor line and scroll position stay. Shows a
-    // box when that fails.
+    // Reads the file again with the editor's codec. The cursor's line and the scroll position stay.
+    // Shows a box if reading fails.
     void reload();
     // Shows the bytes of the file as reload() does.
     void reloadData(const QByteArray &arrData);
-    // Reads the same bytes in another codec; nothing happens for an unknown one. The bytes are
-    // those that the text has in its codec, which may not hold all that was typed: see
-    // textReplacing().
+    // Encodes the text in its codec and decodes these bytes in another one. The old codec may lack
+    // characters that were typed; then textReplacing() comes first. An unknown name does nothing.
     void setCodecName(const QString &strName);
     // Shows the file's own bytes in another codec. The text counts as read, not as typed.
     void readIn(const QString &strCodec, const QByteArray &arrData);
-    // Shows a text that was kept elsewhere, with every character it has. Modified.
+    // Shows a text that was kept elsewhere, such as a draft, with all of its characters. The
+    // document is then modified.
     void setRestoredText(const QString &strText, const QString &strCodec);
 
-    // A large file comes in slices while the event loop runs: read on another thread, then shown
-    // piece by piece. Meanwhile the editor is read-only and counts as not modified; at the end all
-    // is as after setTextData() or reloadData().
-    // Of pathFileName(). Until the new text is read, the old one stays; bKeepPlace: cursor line and
-    // scroll position come back with it.
+    // Loads pathFileName() in slices: another thread reads the file, and the event loop then shows
+    // it piece by piece. Meanwhile the editor is read-only and not modified. At the end its state
+    // is the same as after setTextData() or reloadData(). The old text stays until the new one is
+    // read. bKeepPlace restores the cursor's line and the scroll position.
     void loadInSlices(LongLines longLines, bool bKeepPlace);
-    // The same for readIn(). Keeps the place.
+    // The same for readIn(). The cursor's line and the scroll position stay.
     void loadInSlicesIn(const QString &strCodec);
     bool isLoading() const { return m_pArrival; }
-    // Has the new text begun to take the old one's place?
+    // Whether the new text has begun to replace the old one.
     bool isTextPartial() const { return m_bPartial; }
-    // Forgets the rest. A partial text stays read-only: it is for the owner to close or to fill.
+    // Stops loading. A partial text stays read-only until the owner closes or reloads it.
     void stopLoading();
-    // Lines were cut to be shown at all: the text is not the file's, and read-only.
+    // Whether lines were cut into pieces to be shown. Such a text differs from the file and is
+    // read-only.
     bool isInPieces() const { return m_bInPieces; }
-    // Calls go once the text has arrived as far as that position (UTF-16 units) and line (from 1);
-    // at once when nothing is loading. Forgotten when the user goes elsewhere before, or when
-    // another call follows.
+    // Calls go once the text has arrived up to a position (UTF-16 units) and a line (from 1), or at
+    // once if nothing is loading. The call is dropped if the user moves the cursor or scrolls
+    // before, and if another one is asked for.
     void whenArrived(int nPosition, int nLine, const std::function<void()> &go);
 
-    // Empty: detected on the next load.
+    // The name of the codec. Empty if the next load has to detect it.
     QString codecName() const { return m_strCodecName; }
-    // False when some of the bytes last read could not be shown: what is written loses them.
+    // False if some of the bytes read last cannot be shown. Saving would lose them.
     bool isWhole() const { return m_bWhole; }
-    // False when the codec is a guess that nothing confirmed, neither the bytes nor the user.
+    // False if the codec is a guess that neither the bytes nor the user have confirmed.
     bool isCodecSure() const { return m_bCodecSure; }
-    // What lies on the disk is UTF-8 now, whatever it was read as.
+    // Notes that the file was saved as UTF-8, in whatever codec it was read.
     void markSavedAsUtf8();
     // See ReturnFormat.
     int returnFormat() const { return m_nReturnFormat; }
     void setReturnFormat(int nReturnFormat) { m_nReturnFormat = nReturnFormat; }
-    // The text to write: every character that was opened or typed, line ends in the chosen style.
+    // The text to save: every character that was opened or typed, with the chosen line ends.
     QString getText() const;
-    // The same with LF for every line end.
+    // The same text with LF for every line end.
     QString rawText() const;
-    // Gives, whenever it is called and on whatever thread, what rawText() would give now.
+    // Returns a function that gives the present rawText(). It can be called later and on any
+    // thread.
     std::function<QString()> rawTextLater() const;
 
     int lineNumberAreaWidth() const;
@@ -144,39 +146,40 @@ public:
 
     bool canToggleComment() const;
 
-    // pCursor null: works on the editor's own cursor; else on that cursor and leaves the view
-    // alone. bFromEnd: starts at the document's start (searching up, end) instead of at the
-    // selection.
-    // The options are those of g_pSettings. Reaching an end, finding nothing and the number of
-    // replacements are signalled; a wrapped search works on the editor's own cursor.
+    // Searches with the options of g_pSettings. Works on pCursor and leaves the view alone; null
+    // means the editor's own cursor. bFromEnd starts at the document's start, or at its end when
+    // searching up, instead of at the selection. Signals tell if the search reached an end or found
+    // nothing. A search that wraps works on the editor's own cursor.
     bool find(const QString &text, bool bFromEnd, QTextCursor *pCursor);
-    // Searches once from the selection on, against the direction of the settings.
+    // Searches once from the selection, against the direction in g_pSettings.
     bool findPrevious(const QString &text);
-    // Replaces the selection if it is a match; selects the next match in any case.
+    // Replaces the selection if it is a match, and selects the next match.
     bool replace(const QString &findText, const QString &replaceText, QTextCursor *pCursor);
-    // Replaces in the whole document, without wrapping, as one step of undo. True if anything was
-    // found.
+    // Replaces in the whole document as one step of undo, without wrapping. True if there was a
+    // match.
     bool replaceAll(const QString &findText, const QString &replaceText);
-    // The same; what takes long goes on in pieces, see replaceAllJob(). Nothing happens while an
-    // earlier one goes on.
+    // The same, but long work goes on in pieces in the event loop; see replaceAllJob(). Does
+    // nothing while an earlier one is running.
     void startReplaceAll(const QString &strFind, const QString &strReplace);
-    // Null when none goes on. Whatever needs the whole text calls its finish() first.
+    // The Replace All that is running, or null. Code that needs the whole text calls its finish()
+    // first.
     CReplaceAll *replaceAllJob() const { return m_pReplaceAll; }
     void finishReplaceAll();
-    // Lines count from 1; false when there is no such line, and the last one is told.
+    // Lines count from 1. False if there is no such line; a signal then names the last one.
     bool goToLine(int nLine);
-    // The position counts UTF-16 units from the text's start; one beyond the end means the end.
+    // Counts UTF-16 units from the text's start. A position after the end means the end.
     void goToPosition(int nPosition);
 
     bool canVerifyValid() const;
     bool canFormatting() const;
-    // When the content does not parse, the cursor goes to the place told, and a box shows. For
-    // JSON, whose box names no place, statusMessage() does.
+    // If the content does not parse, the cursor goes to the error and a box tells of it. The box
+    // for JSON names no place, so statusMessage() does.
     bool verifyValid();
     bool formatting();
 
-    // All carets; most of the time there is one, the cursor of the base class, which is the main
-    // one of several. Whatever else moves the cursor or changes the text leaves the main one alone.
+    // All carets. The main one is the cursor of the base class; usually there is no other. If
+    // anything but the commands for carets moves the cursor or changes the text, only the main
+    // caret remains.
     CCarets carets() const;
     void setCarets(const CCarets &carets);
     bool hasSeveralCarets() const { return !m_carets.isSingle(); }
@@ -187,27 +190,27 @@ signals:
     void findToBottom();
     void cannotFound();
     void replaceNum(int nVal);
-    // Something else is about to take the place of a text that was not saved, and undo will not
-    // bring it back.
+    // An unsaved text is about to be replaced, and undo will not restore it.
     void textReplacing();
-    // The editor has read its file again by itself.
+    // The editor itself has read its file again.
     void fileRead(const SFileContent &content);
-    // loadInSlices() has begun or ended, however.
+    // Loading in slices has begun or ended, successfully or not.
     void loadingChanged();
     void loadProgressed(qint64 nDone, qint64 nAll);
-    // The first lines stand there; they may be all for a while.
+    // The first lines are shown; the rest may take a while.
     void firstTextShown();
-    // The whole text has arrived; content without its bytes.
+    // The whole text has arrived. The content has no bytes.
     void loadFinished(const SFileContent &content);
-    // The text is as it was before, or part of the new one, and then stays read-only.
+    // Loading failed. The old text is still there, or with bPartial a part of the new one, which
+    // stays read-only.
     void loadFailed(const SFileContent &content, bool bPartial);
-    // Loading stands still, because of a line that Qt shows only with long pauses. The user is to
-    // be asked; loadInSlices() takes the answer.
+    // Loading waits because of a line that Qt can only show with long pauses. The owner asks the
+    // user and passes the answer to loadInSlices().
     void longLineFound(int nLength);
-    // Some time after find() has selected a match: which one it is, and of how many. Not when a key
-    // came before.
+    // Tells the number of the match that find() has selected, and how many there are. Comes some
+    // time after find(), and not at all if a key is pressed before.
     void findCounted(int nIndex, int nCount);
-    // For the status bar: why a command did nothing, or what it did. Empty: no longer of interest.
+    // Tells for the status bar what a command did, or why it did nothing. An empty text clears it.
     void statusMessage(const QString &strText);
 
 public slots:
@@ -222,21 +225,21 @@ public slots:
     // False without a selection or a highlighter.
     bool toggleComment();
 
-    // These stand before the base class's: they know of several carets, and of the carets and
-    // selections that undo brings back.
+    // These hide the slots of the base class. They know several carets, and undo restores carets
+    // and selections.
     void undo();
     void redo();
     void cut();
     void copy();
 
-    // The commands of keys. Those that can do nothing say so by statusMessage().
+    // The commands of keys. If one can do nothing, it says so by statusMessage().
     void addCaretAbove();
     void addCaretBelow();
     void selectOccurrences();
     void offerWords();
-    // The misspelt word at the cursor, else the next one behind it, with words to take for it.
+    // Offers corrections for the misspelt word at the cursor, or else for the next one after it.
     void suggestSpelling();
-    // Turns the marks of misspelt words on or off, in all editors.
+    // Turns the marks of misspelt words on or off in all editors.
     void markSpelling();
     void goToBracket();
     void selectToBracket();
@@ -318,38 +321,8 @@ private:
     void completeWord(const QString &strBeginning, const QString &strWord);
     bool isForCompletion(const QKeyEvent *pEvent) const;
     void followCompletion();
-    // The bracket beside the cursor and its partner, as places of the document; -1 for none.
-    struct SBracketPair
-    {
-        int nBracket = -1;
-        int nPartner = -1; // -1, too, while it is looked for.
-        int nLine = -1; // The blocks that the two stand in.
-        int nPartnerLine = -1;
-        bool bSearching = false;
-        bool operator!=(const SBracketPair &other) const
-        {
-            return nBracket != other.nBracket || nPartner != other.nPartner;
-        }
-    };
-    // What a pair was looked for with.
-    struct SPairKey
-    {
-        uint nVersion;
-        uint nLook;
-        int nPosition;
-        int nFirstVisible;
-        int nHeight;
-        bool operator==(const SPairKey &other) const
-        {
-            return nVersion == other.nVersion && nLook == other.nLook
-                && nPosition == other.nPosition && nFirstVisible == other.nFirstVisible
-                && nHeight == other.nHeight;
-        }
-    };
-    SBracketPair bracketPair();
     const SBracketPair &currentPair();
     void followBrackets();
-    SBracketPair pairOf(const QTextBlock &block, int nInBlock);
     QTextBlock lastVisibleBlock() const;
     // A range of blocks, both ends included.
     struct SLines
@@ -395,15 +368,15 @@ private:
     bool m_bWhole = true;
     bool m_bCodecSure = true;
     bool m_bInPieces = false;
-    bool m_bPartial = false; // The text is the beginning of one that is loaded.
-    bool m_bFixed = false; // Read-only because of either.
+    bool m_bPartial = false; // The text is the beginning of one that is being loaded.
+    bool m_bFixed = false; // Read-only because it is loading, partial or in pieces.
     QString m_strPathFileName;
     QString m_strSuffix;
     QString m_strCodecName;
     CTextDocument *m_pDocument = nullptr;
     CThreadHighlighter *m_pHighlighter = nullptr;
     CLineNumberArea *m_pLineNumberArea = nullptr;
-    QString m_strFontFamily; // Of the gutter.
+    QString m_strFontFamily; // The gutter's.
     QMenu m_menu;
     QColor m_clrCurrentLine;
     QAction *m_pActCopy = nullptr;
@@ -412,42 +385,43 @@ private:
     QAction *m_pActToggleComment = nullptr;
     QAction *m_pActRefresh = nullptr;
     int m_nReturnFormat;
-    int m_nLinesToCome = 0; // Of the text about to be set.
+    int m_nLinesToCome = 0; // The number of lines of the text that is about to be set.
     CStandIns m_standIns;
-    CTextArrival *m_pArrival = nullptr; // While loading; a child.
+    CTextArrival *m_pArrival = nullptr; // Only while loading. A child.
     struct SGoal
     {
         int nPosition = 0;
         int nLine = 0;
-        std::function<void()> go; // Empty: no goal.
-        QPoint from; // The cursor's position and the scroll bar's value when it was set.
+        std::function<void()> go; // Empty if there is no goal.
+        QPoint from; // The cursor's position and the scroll bar's value when the goal was set.
     };
     SGoal m_goal;
-    std::unique_ptr<CBackgroundJob> m_pCounter; // From the first search on.
-    CReplaceAll *m_pReplaceAll = nullptr; // While it goes on.
-    CCarets m_carets; // When there are several; else one, of no meaning.
-    CCompletionList *m_pCompletion = nullptr; // From the first word offered on.
-    CSuggestionMenu *m_pSuggestions = nullptr; // From the first misspelt word on.
-    CBracketFinder *m_pBrackets = nullptr; // From the first far partner on.
+    std::unique_ptr<CBackgroundJob> m_pCounter; // Created by the first search.
+    CReplaceAll *m_pReplaceAll = nullptr; // Only while it is running.
+    CCarets m_carets; // Meaningless while there is only one.
+    CCompletionList *m_pCompletion = nullptr; // Created for the first word that is offered.
+    CSuggestionMenu *m_pSuggestions = nullptr; // Created for the first misspelt word.
+    CBracketPair *m_pBrackets = nullptr;
     std::optional<QVariantMap> m_definition;
-    int m_nNumberedLines = 0; // In the gutter.
-    int m_nBandLine = 0; // As it was last painted, like the next three.
-    QVector<int> m_lstShownCarets; // Lines of further carets.
+    int m_nNumberedLines = 0; // The number of lines that the gutter's width is made for.
+    // What was painted last.
+    int m_nBandLine = 0;
+    QVector<int> m_lstShownCarets; // The lines of all carets but the main one.
     SLines m_shownMarked;
-    int m_nFirstSeen = -1; // The first block, the height and the number of all blocks.
+    SBracketPair m_shownPair;
+    // The visible part that the highlighter was told last.
+    int m_nFirstSeen = -1;
     int m_nHeightSeen = 0;
     int m_nBlocksSeen = 0;
-    SBracketPair m_shownPair;
-    SBracketPair m_pair; // As it was last looked for.
-    std::optional<SPairKey> m_pairKey;
-    std::optional<bool> m_jump; // To the partner that is looked for; true: selecting.
-    int m_nJumpFrom = 0; // The cursor's place then.
-    std::optional<SCaretBlock> m_block; // What the carets are the lines of.
+    // The cursor jumps when the partner that is searched for is found. True selects on the way.
+    std::optional<bool> m_jump;
+    int m_nJumpFrom = 0; // The cursor's position when the jump was asked for.
+    std::optional<SCaretBlock> m_block; // The block selection that the carets make up.
     CCaretHistory m_history;
-    QVector<QMetaObject::Connection> m_lstWatches; // While there are several carets.
-    bool m_bApplying = false; // Text and cursor change by a command that sets the carets.
+    QVector<QMetaObject::Connection> m_lstWatches; // Only while there are several carets.
+    bool m_bApplying = false; // A command that sets the carets itself is changing the text.
     bool m_bTyping = false; // The last command was typing at several carets.
     bool m_bDraggingBlock = false;
-    bool m_bTold = false; // A statusMessage() stands.
+    bool m_bTold = false; // The status bar shows a statusMessage() of this editor.
     CEditWebView *m_pPageEditor = nullptr;
 };

@@ -1,12 +1,11 @@
 // Marks the bracket beside the cursor and its partner.
 #include "editor/chighlightedit.h"
 
-#include "editor/bracketlines.h"
-#include "editor/bracketmatch.h"
-#include "editor/cbracketfinder.h"
-#include "highlight/ctextdocument.h"
+#include "editor/cbracketpair.h"
 
 #include <QTextBlock>
+
+#include <utility>
 
 QTextBlock CHighlightEdit::lastVisibleBlock() const
 {
@@ -19,54 +18,24 @@ QTextBlock CHighlightEdit::lastVisibleBlock() const
     return block;
 }
 
-// The bracket after the cursor comes first, but if it has no partner, the other one counts.
-CHighlightEdit::SBracketPair CHighlightEdit::bracketPair()
+const SBracketPair &CHighlightEdit::currentPair()
 {
-    const QTextCursor cursor = textCursor();
-    const int nPosition = cursor.position();
-    SBracketPair pair;
-    for (const int nBracket : {nPosition, nPosition - 1}) {
-        if (nBracket < 0 || !isBracket(document()->characterAt(nBracket)))
-            continue;
-        const QTextBlock block = document()->findBlock(nBracket);
-        const SBracketPair found = pairOf(block, nBracket - block.position());
-        if (found.nPartner >= 0 || found.bSearching)
-            return found;
-        pair = found;
-    }
-    return pair;
+    return m_pBrackets->at(
+        textCursor().position(),
+        {firstVisibleBlock(), viewport()->height(), [this] { return lastVisibleBlock(); }});
 }
 
-// Searches the visible text by its colours. A thread finds partners farther away.
-CHighlightEdit::SBracketPair CHighlightEdit::pairOf(const QTextBlock &block, int nInBlock)
+void CHighlightEdit::followBrackets()
 {
-    SBracketPair pair;
-    pair.nBracket = block.position() + nInBlock;
-    pair.nLine = block.blockNumber();
-    CShownLines shown(firstVisibleBlock(), lastVisibleBlock());
-    SBracketMatch match = matchingBracket(&shown, blockCount(), block.blockNumber(), nInBlock);
-    if (match.result == SBracketMatch::Beyond) {
-        if (!m_pBrackets) {
-            m_pBrackets = new CBracketFinder(m_pDocument->lines(), this);
-            connect(m_pBrackets, &CBracketFinder::found, this, &CHighlightEdit::onBracketFound);
-            if (m_definition)
-                m_pBrackets->setDefinition(*m_definition);
-        }
-        const std::optional<SBracketMatch> answer =
-            m_pBrackets->ask({m_pDocument->version(), block.blockNumber(), nInBlock});
-        pair.bSearching = !answer;
-        match = answer.value_or(SBracketMatch());
-    }
-    if (match.result == SBracketMatch::Found) {
-        pair.nPartnerLine = match.nLine;
-        pair.nPartner = document()->findBlockByNumber(match.nLine).position() + match.nInLine;
-    }
-    return pair;
+    const SBracketPair &pair = currentPair();
+    if (pair.isSamePair(m_shownPair))
+        return;
+    const SBracketPair before = std::exchange(m_shownPair, pair);
+    repaintLines({before.nLine, before.nPartnerLine, pair.nLine, pair.nPartnerLine});
 }
 
 void CHighlightEdit::onBracketFound()
 {
-    m_pairKey.reset();
     followBrackets();
     if (!m_jump)
         return;

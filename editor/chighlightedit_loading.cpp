@@ -1,4 +1,4 @@
-// A large file that arrives in slices.
+// Shows a large file that arrives in slices.
 #include "editor/chighlightedit.h"
 
 #include "editor/creplaceall.h"
@@ -36,8 +36,8 @@ void CHighlightEdit::loadInSlices(LongLines longLines, bool bKeepPlace)
 {
     STextRequest request = textRequest();
     request.longLines = longLines;
-    request.bFirstLinesEarly = document()->isEmpty(); // Else a text would be lost to a failure.
-    if (m_pArrival) { // The answer to longLineFound().
+    request.bFirstLinesEarly = document()->isEmpty(); // A failure must not cost a text.
+    if (m_pArrival) { // This is the answer to longLineFound().
         request.reading = m_pArrival->request().reading;
         request.strCodec = m_pArrival->request().strCodec;
         request.bCodecSure = m_pArrival->request().bCodecSure;
@@ -69,7 +69,7 @@ void CHighlightEdit::startArrival(const STextRequest &request)
 {
     const bool bRestarts = isLoading();
     if (m_pReplaceAll)
-        m_pReplaceAll->stop(); // Its end would make the view editable.
+        m_pReplaceAll->stop(); // Its end would make the text editable.
     forgetArrival();
     m_pArrival = new CTextArrival(request, this);
     CTextArrival *pArrival = m_pArrival;
@@ -110,7 +110,7 @@ void CHighlightEdit::setFixed(bool bFixed)
                                    : Qt::TextEditorInteraction);
 }
 
-// The old text goes. From here on undo is off, or each slice would be a step.
+// Removes the old text. Undo is off until the end, because each slice would be a step.
 void CHighlightEdit::beginSlices()
 {
     leaveCarets();
@@ -122,8 +122,8 @@ void CHighlightEdit::beginSlices()
     m_goal.from = QPoint();
 }
 
-// The gutter takes its width beforehand: a view that changes its width lays out every block. The
-// highlighter rests: each slice would make void what it has just found out.
+// Sets the gutter's width before the text arrives, because a view that changes its width lays out
+// every block. The highlighter pauses, because each slice would void its results.
 void CHighlightEdit::onLinesKnown(int nLines)
 {
     m_nLinesToCome = nLines;
@@ -131,7 +131,7 @@ void CHighlightEdit::onLinesKnown(int nLines)
     m_pHighlighter->setPaused(true);
 }
 
-// A cursor at the end stays where it is instead of moving on with the text.
+// Qt would move a cursor at the end along with the text. It is put back.
 void CHighlightEdit::appendSlice(const QString &strSlice)
 {
     const int nEnd = document()->characterCount() - 1;
@@ -139,7 +139,7 @@ void CHighlightEdit::appendSlice(const QString &strSlice)
     const int nAnchor = before.anchor();
     const int nPosition = before.position();
     QTextCursor cursor(document());
-    cursor.beginEditBlock(); // Within it no line is laid out.
+    cursor.beginEditBlock(); // Qt lays out no line within an edit block.
     cursor.setPosition(nEnd);
     cursor.insertText(strSlice);
     cursor.endEditBlock();
@@ -172,7 +172,7 @@ void CHighlightEdit::forgetArrival()
         return;
     m_pArrival->disconnect();
     m_pArrival->stop();
-    m_pArrival->deleteLater(); // It may be the sender.
+    m_pArrival->deleteLater(); // It may be the sender of this call.
     m_pArrival = nullptr;
 }
 
@@ -209,7 +209,8 @@ void CHighlightEdit::goWhereArrived(bool bAll)
         m_goal = SGoal();
         return;
     }
-    const int nPage = verticalScrollBar()->pageStep() + 1; // Behind the line, to scroll to it.
+    const int nPage =
+        verticalScrollBar()->pageStep() + 1; // Scrolling to a line needs a page after it.
     const bool bThere = document()->characterCount() > m_goal.nPosition
         && qint64(blockCount()) > qint64(m_goal.nLine) + nPage;
     if (bAll || bThere)

@@ -78,25 +78,3 @@ void CHighlightEdit::followMarkedLines()
                                       strip.height() + g_nNumberBelowLine);
     });
 }
-
-// The pair depends on the text, its colours and the visible part. While none of these has changed,
-// as when the cursor blinks, nothing is searched.
-const CHighlightEdit::SBracketPair &CHighlightEdit::currentPair()
-{
-    const SPairKey key {m_pDocument->version(), m_pDocument->look(), textCursor().position(),
-                        firstVisibleBlock().blockNumber(), viewport()->height()};
-    if (m_pairKey && *m_pairKey == key)
-        return m_pair;
-    m_pair = bracketPair();
-    m_pairKey = key;
-    return m_pair;
-}
-
-void CHighlightEdit::followBrackets()
-{
-    const SBracketPair &pair = currentPair();
-    if (!(pair != m_shownPair))
-        return;
-    const SBracketPair before = std::exchange(m_shownPair, pair);
-    repaintLines({before.nLine, before.nPartnerLine, pair.nLine, pair.nPartnerLine});
-}

@@ -17,5 +17,5 @@ public:
     QString restore(const QString &strText) const;
 
 private:
-    QHash<QChar, QChar> m_mapOriginals; // stand-in -> character
+    QHash<QChar, QChar> m_mapOriginals; // From stand-in to character.
 };

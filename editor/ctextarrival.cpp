@@ -6,9 +6,9 @@
 
 namespace {
 
-// Milliseconds of one turn: painting and scrolling come on top of it.
+// Milliseconds per turn of the event loop. Painting and scrolling come on top.
 const int g_nTurn = 20;
-// Thousandths of the work: reading and decoding take about so much.
+// In thousandths of the whole work. Reading and decoding take about a tenth of the time.
 const qint64 g_nAll = 1000;
 const qint64 g_nReading = 100;
 
@@ -35,7 +35,7 @@ void CTextArrival::stop()
     m_bStopped = true;
     m_timer.stop();
     m_pLoader->disconnect(this);
-    m_pLoader.release()->deleteLater(); // It may be the sender.
+    m_pLoader.release()->deleteLater(); // It may be the sender of this call.
 }
 
 void CTextArrival::begin()

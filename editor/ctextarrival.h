@@ -7,10 +7,10 @@
 #include <QObject>
 #include <QTimer>
 
-// A large text on its way into an editor: read on another thread, then given slice by slice, as
-// many at a time as leave the event loop alive. GUI thread only.
+// Loads a large text for an editor. Another thread reads it; then the slices are given one by one,
+// as many per turn of the event loop as leave the window responsive. GUI thread only.
 //
-// Ends with one of failed(), longLineFound() and finished(); nothing comes after that.
+// Ends with failed(), longLineFound() or finished(), and emits nothing after that.
 class CTextArrival : public QObject
 {
     Q_OBJECT
@@ -20,23 +20,24 @@ public:
 
     const STextRequest &request() const { return m_request; }
     void start();
-    // Forgets the rest and what it takes of memory.
+    // Stops the work and frees its memory.
     void stop();
-    // Has begun() been signalled?
+    // Whether begun() was emitted.
     bool hasBegun() const { return m_bBegun; }
 
 signals:
-    // The old text may go: the first slice follows at once. A second time when the text begins
-    // otherwise than the first slice had it.
+    // The old text can be removed: the first slice follows at once. Comes a second time if the text
+    // turns out to begin differently.
     void begun();
-    // How many lines there will be.
+    // Tells the number of lines of the whole text.
     void linesKnown(int nLines);
     void sliceArrived(const QString &strSlice);
-    // Counts in thousandths of all the work.
+    // Both numbers are thousandths of the whole work.
     void progressed(qint64 nDone, qint64 nAll);
-    // All slices were given.
+    // All slices have been given.
     void finished(const SArrivedText &text);
-    // A line of so many units was found, and the request says that the user is to be asked.
+    // There is a very long line, and the request wants the user to be asked. nLength counts UTF-16
+    // units.
     void longLineFound(int nLength);
     void failed(const SFileContent &content);
 
@@ -48,8 +49,8 @@ private:
 
     STextRequest m_request;
     std::unique_ptr<CTextLoader> m_pLoader;
-    std::shared_ptr<SArrivedText> m_pText; // Once it is read.
-    int m_nSlices = 0; // Of it, altogether.
+    std::shared_ptr<SArrivedText> m_pText; // Null until the file is read.
+    int m_nSlices = 0; // The number of all slices, with those given.
     bool m_bBegun = false;
     bool m_bStopped = false;
     QTimer m_timer;

@@ -4,12 +4,11 @@
 
 #include <mutex>
 
-// What both threads know of each other. Of the standard library, because ThreadSanitizer sees
-// through it.
+// Shared by both threads. A standard mutex, because ThreadSanitizer does not know Qt's.
 struct CTextLoader::SLink
 {
     std::mutex mutex;
-    CTextLoader *pLoader = nullptr; // Null once nobody waits any more.
+    CTextLoader *pLoader = nullptr; // Null when the loader is gone.
 
     bool isWanted()
     {
@@ -36,7 +35,7 @@ CTextLoader::~CTextLoader()
     m_pLink->pLoader = nullptr;
 }
 
-// Runs on the pool that the application waits for at its end.
+// Uses the global pool, for which the application waits when it ends.
 void CTextLoader::start(const STextRequest &request)
 {
     SArrivalSteps steps;

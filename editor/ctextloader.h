@@ -6,24 +6,25 @@
 
 #include <memory>
 
-// Reads a large file for an editor on another thread. One request in its life. GUI thread only.
+// Reads one large file for an editor on another thread. An object serves one request. GUI thread
+// only.
 class CTextLoader : public QObject
 {
     Q_OBJECT
 
 public:
     explicit CTextLoader(QObject *pParent = nullptr);
-    // Forgets the work, which ends by itself.
+    // Does not wait for the other thread, which stops soon by itself.
     ~CTextLoader() override;
 
     void start(const STextRequest &request);
 
 signals:
-    // Bytes read.
+    // Both numbers are bytes.
     void progressed(qint64 nDone, qint64 nAll);
     // See SArrivalSteps.
     void firstSliceReady(const QString &strSlice);
-    // For the receiver to take the slices from.
+    // The receiver may take the slices out of the text.
     void ready(const std::shared_ptr<SArrivedText> &pText);
 
 private:

@@ -28,7 +28,7 @@ const int g_nNearLength = 32 * 1024;
 // Lines of the document, joined by paragraph separators.
 struct SLineRun
 {
-    int nStart = 0; // Of the first line, in the document.
+    int nStart = 0; // The position of the first line in the document.
     QString strText;
 };
 

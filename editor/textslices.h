@@ -30,21 +30,21 @@ struct SHeaviestLine
 };
 SHeaviestLine heaviestLine(const QString &strText);
 
-// A large text, looked at once.
+// What one look at a large text tells.
 struct STextLines
 {
     int nLines = 1;
     SHeaviestLine heaviest;
-    std::vector<int> lstSliceEnds; // Of the slices from some place on; see sliceEnd().
+    std::vector<int> lstSliceEnds; // See sliceEnd().
 };
-// nFrom: where a line and the first slice begins.
+// The first slice begins at nFrom, where a line begins. Lines before it count, too.
 STextLines linesOf(const QString &strText, int nFrom, const SSliceLimits &limits);
-// The same for a text that is nothing but these characters.
+// The same for ASCII.
 STextLines linesOf(const QByteArray &ascii, int nFrom, const SSliceLimits &limits);
 
-// A line of at most this length is never that heavy.
+// Gives the length, in UTF-16 units, up to which no line is heavier than nWeight.
 qint64 unitsOfLightLines(qint64 nWeight);
 
-// Divides each line that is heavier than nHeaviest by a LF every nPiece units or a little before:
-// not inside a surrogate pair, nor before a mark that belongs to the character in front.
+// Divides each line that is heavier than nHeaviest by a LF after nPiece units or slightly fewer. It
+// never divides a surrogate pair, nor a character from its marks.
 QString inPieces(const QString &strText, int nPiece, qint64 nHeaviest);

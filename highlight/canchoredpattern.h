@@ -64,10 +64,10 @@ private:
     std::optional<CPatternAutomaton> m_ahead;
     bool m_bAheadIsNegative = false;
     bool m_bOnlyAtLineStart = false;
-    bool m_bOneSymbol = false; // a match is one of m_first, before the lookahead
+    bool m_bOneSymbol = false; // Each symbol of m_first is a match, if the lookahead succeeds.
     SymbolSet m_first;
     int m_nOnlyStart = -1;
     std::array<SymbolSet, CPatternAutomaton::ContextCount> m_arrFirst;
-    SymbolTable m_arrBeforeAhead {}; // symbols before which the lookahead may succeed
+    SymbolTable m_arrBeforeAhead {}; // The lookahead may succeed before these symbols.
     std::vector<int> m_lstEnds;
 };

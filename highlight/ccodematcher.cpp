@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int g_nStride = 16384; // characters between two calls of isAborted
+constexpr int g_nStride = 16384; // Characters between two calls of isAborted.
 
 } // namespace
 

@@ -43,7 +43,7 @@ public:
 private:
     struct SPattern
     {
-        int nRule = 0; // of keywords
+        int nRule = 0; // The number of its keyword rule.
         HighlightRole role = HighlightRole::Keyword;
         CLinePattern pattern;
         // A line with a match holds a character of each of these sets.
@@ -53,7 +53,7 @@ private:
     // parts is not searched to its end for each of them.
     struct SNext
     {
-        int nFrom = -1; // where the search began; -1: not yet
+        int nFrom = -1; // Where the search began. -1 if there was none.
         int nStart = -1;
         int nLength = 0;
     };
@@ -95,30 +95,30 @@ private:
     // The sets that patterns require, and for each symbol the sets that hold it, as bits.
     mutable std::vector<SymbolSet> m_lstSets;
     mutable std::array<quint64, SymbolCount + 1> m_arrSets {};
-    mutable std::vector<uchar> m_lstSetSymbols; // all that they hold, if these are few
-    mutable std::vector<size_t> m_lstAsked; // patterns that require something or have no machine
+    mutable std::vector<uchar> m_lstSetSymbols; // All symbols of the sets, if these are few.
+    mutable std::vector<size_t> m_lstAsked; // Patterns that require a symbol or have no machine.
     // The rules that may begin, for each place and symbol. Made for the first line.
     mutable bool m_bCompiled = false;
     mutable std::array<std::array<quint64, SymbolCount + 1>, PlaceCount> m_arrStarts {};
     // The rules that are possible by the second symbol.
     mutable std::array<quint64, SymbolCount + 1> m_arrSeconds {};
-    mutable quint64 m_nBehindStart = 0; // rules that may begin elsewhere than at a line's start
+    mutable quint64 m_nBehindStart = 0; // Rules that may begin after a line's start.
     mutable quint64 m_nKeywordBits = 0;
-    mutable quint64 m_nRun = 0; // patterns that machines run
+    mutable quint64 m_nRun = 0; // Patterns that have machines.
     mutable std::array<CAnchoredPattern *, g_nMaxPatterns> m_arrMachines {};
     // What follows is about the line.
     mutable const CSymbolLine *m_pLine = nullptr;
     mutable quint64 m_nPossible = 0;
-    mutable std::vector<size_t> m_lstSlow; // patterns
-    mutable std::vector<SNext> m_lstNext; // of each pattern
+    mutable std::vector<size_t> m_lstSlow; // Patterns that QRegExp searches.
+    mutable std::vector<SNext> m_lstNext; // For each pattern.
     // What follows is about the part that is being walked through.
     mutable int m_nFrom = 0;
     mutable int m_nTo = 0;
-    mutable quint64 m_nEnded = 0; // rules that find nothing any more
-    mutable quint64 m_nMoved = 0; // rules whose next match may not begin anywhere
-    mutable std::array<int, BitCount> m_arrNext {}; // where the rule's next match may begin
+    mutable quint64 m_nEnded = 0; // Rules that find nothing more in this part.
+    mutable quint64 m_nMoved = 0; // Rules whose next match begins at m_arrNext or later.
+    mutable std::array<int, BitCount> m_arrNext {}; // The earliest next match of each rule.
     mutable std::vector<SHighlightRange> m_lstNumbers;
     mutable std::vector<SHighlightRange> m_lstOperators;
     mutable std::vector<SHighlightRange> m_lstKeywords;
-    mutable std::vector<SKeywordHit> m_lstHits; // keywords of the piece under way
+    mutable std::vector<SKeywordHit> m_lstHits; // Keywords of the present piece.
 };

@@ -164,7 +164,7 @@ void CCommentScanner::scan(const CSymbolLine &line, int nPreviousState, Line *pL
             const int nEnd = addOpenRange(nMulti, endOfComment(line, nInside), nSize, Role::Comment,
                                           SHighlightState::MultiLineComment, pLine);
             if (nEnd == nAt)
-                return; // an empty match leads nowhere
+                return; // An empty match would repeat forever.
             nAt = nEnd;
         } else if (isBefore(nQuote, nLine) && isBefore(nQuote, nMulti)) {
             nAt = addOpenRange(nQuote, endOfQuoted(strText, nQuote + 1, QLatin1Char('"')), nSize,

@@ -7,12 +7,12 @@
 namespace CharacterClass {
 
 enum Flag : quint8 {
-    Word = 1, // a part of a word for QRegExp's \b
+    Word = 1, // Part of a word for QRegExp's \b.
     Digit = 2, // \d
     HexDigit = 4, // [a-fA-F0-9]
     Operator = 8, // [\+\-\*\/\~\^\!]
     BeforeEquals = 16, // [*\/+-\!\^~><]
-    NumberStart = 32, // a digit, "#" or a sign
+    NumberStart = 32, // A digit, "#" or a sign.
 };
 
 constexpr bool isOneOf(char ch, const char *pszSet)

@@ -14,20 +14,19 @@
 
 namespace {
 
-// The first child of that name, letter case ignored; a null node when there is none.
+// Names match in any letter case.
 bool hasName(const QDomNode &node, const char *pszName)
 {
     return node.nodeName().toLower() == QLatin1String(pszName);
 }
 
-// Nodes that are no elements (comments between items) have no attributes; they still count as
-// nodes.
+// Empty for a node that is no element, such as a comment between items.
 QString attribute(const QDomNode &node, const char *pszName)
 {
     return node.toElement().attribute(QLatin1String(pszName));
 }
 
-// In any encoding, XML begins with an angle bracket behind blanks or a byte-order mark.
+// In any encoding, XML begins with an angle bracket, after blanks or a byte-order mark.
 bool mayBeXml(const QByteArray &bytes)
 {
     const QByteArray skipped = QByteArrayLiteral("\xef\xbb\xbf\xfe\xff\0 \t\r\n");
@@ -36,8 +35,8 @@ bool mayBeXml(const QByteArray &bytes)
     return begin == bytes.cend() || *begin == '<';
 }
 
-// Empty when the file cannot be read or is something else: where the definitions have no folder of
-// their own, programs of many MB lie among them, which are not worth reading.
+// Empty if the file cannot be read or is no XML. Without a folder of their own the definitions lie
+// beside programs of many MB, which are not worth reading.
 QByteArray readXml(const QString &strPath)
 {
     QFile file(strPath);
@@ -47,7 +46,7 @@ QByteArray readXml(const QString &strPath)
     return file.readAll();
 }
 
-// A null element when the bytes are not well-formed, or made to exhaust the parser.
+// Null if the bytes are not well-formed, or made to exhaust the parser.
 QDomElement readRoot(const QByteArray &bytes, QDomDocument *pDocument)
 {
     const bool bGood = guardXml(bytes).isGood() && pDocument->setContent(bytes);
@@ -118,7 +117,7 @@ QVariantMap parseHighlighting(const QDomNode &nodeHighlighting)
     return map;
 }
 
-// An element of the regions with everything in it. Comments between elements are left out.
+// Gives an element of the regions with everything in it. Drops comments.
 QVariantMap parseRegions(const QDomElement &element)
 {
     QVariantMap mapAttributes;
@@ -136,7 +135,7 @@ QVariantMap parseRegions(const QDomElement &element)
                         {QStringLiteral("children"), lstChildren}};
 }
 
-// The names of the languages that the regions embed.
+// Collects the names of the languages that the regions embed.
 void collectLanguages(const QVariantMap &mapElement, QStringList *pNames)
 {
     const QString strName = mapElement.value(QStringLiteral("attributes"))
@@ -150,7 +149,7 @@ void collectLanguages(const QVariantMap &mapElement, QStringList *pNames)
         collectLanguages(child.toMap(), pNames);
 }
 
-// What is kept of the definitions of a folder. Any thread.
+// Scans the definitions of a folder. Any thread.
 SDefinitionRegistry scanFolder(const QDir &dir)
 {
     SDefinitionRegistry registry;
@@ -267,7 +266,7 @@ QString CHighlightMgt::pathForName(const QString &strName) const
     return QString();
 }
 
-// The languages that it embeds, and what those embed, once each.
+// Adds the languages that it embeds and those that they embed, once each.
 QVariantMap CHighlightMgt::withEmbedded(QVariantMap mapDefinition) const
 {
     QVariantMap mapEmbedded;

@@ -6,13 +6,13 @@
 #include <QVariant>
 #include <future>
 
-// What is kept of all definition files, under their base names.
+// What is kept of each definition file, by base name.
 struct SDefinitionRegistry
 {
     struct SFirstLine
     {
-        QStringList lstNames; // by which mode lines and programs call the language
-        QString strPattern; // of what its files begin with
+        QStringList lstNames; // How mode lines and "#!" lines call the language.
+        QString strPattern; // Matches the beginning of its files. May be empty.
     };
 
     QMap<QString, QVariant> mapTable;
@@ -20,15 +20,16 @@ struct SDefinitionRegistry
 };
 
 // The registry of language definition files. It is built once from a folder and keeps a small entry
-// per file; every lookup reads and parses the file again, so that an edited file counts at once.
-// GUI thread only. Nothing is reported: a file that cannot be read is simply no definition.
+// per file. Every lookup reads and parses the file again, so an edited file takes effect at once. A
+// file that cannot be read is no definition; nothing is reported. GUI thread only.
 class CHighlightMgt : public QObject
 {
     Q_OBJECT
 public:
-    // Scans the folder "highlighter" beside the program, or the program's own folder without one.
+    // Scans the folder "highlighter" beside the program. If there is none, scans the program's own
+    // folder.
     explicit CHighlightMgt(QObject *pParent);
-    // Scans strFolder itself.
+    // Scans strFolder.
     CHighlightMgt(const QString &strFolder, QObject *pParent);
 
     // One entry per file under the file's base name, in the order in which lookups search it. An
@@ -36,20 +37,20 @@ public:
     // (shown to the user), "file_base_name".
     const QMap<QString, QVariant> &table() const;
 
-    // The definition whose patterns match the whole of strFileName, letter case ignored; empty when
-    // there is none. Give the bare file name: a pattern without "*" does not match a path.
+    // Gives the definition with a pattern that matches all of strFileName, in any letter case.
+    // Empty if there is none. Takes a name without folders: a pattern without "*" does not match a
+    // path.
     QVariantMap definitionForFile(const QString &strFileName) const;
-    // The same, and for a name without a suffix that no definition claims the one that the first
-    // lines of the text speak for: a mode line of Emacs or Vim, the program behind "#!", or what
-    // files of the language begin with.
+    // The same. If no definition matches and the name has no suffix, the first lines decide: a mode
+    // line of Emacs or Vim, the program after "#!", or how files of the language begin.
     QVariantMap definitionForContent(const QString &strFileName,
                                      const QStringList &lstFirstLines) const;
-    // The definition with exactly this name; empty when there is none.
+    // Gives the definition with exactly this name. Empty if there is none.
     QVariantMap definitionForName(const QString &strName) const;
 
     // Reads a definition file: "language", "general", "highlighting" and "regions", as far as the
-    // file has them; empty when it cannot be read or is not well-formed XML. What a lookup returns
-    // has "embedded" besides, the definitions of the languages that the regions embed, by name.
+    // file has them. Empty if it cannot be read or is not well-formed XML. The lookups above add
+    // "embedded": the definitions of the languages that the regions embed, by name.
     static QVariantMap parse(const QString &strPath);
     // The same for the bytes of such a file.
     static QVariantMap parseBytes(const QByteArray &bytes);
@@ -60,8 +61,8 @@ private:
     QString pathForFirstLines(const QStringList &lstFirstLines) const;
     QVariantMap withEmbedded(QVariantMap mapDefinition) const;
 
-    // The program's own folder is read on a thread, while the program builds its window; the first
-    // look at the table waits for it.
+    // A thread reads the program's own folder while the window is built. The first use of the table
+    // waits for it.
     mutable std::future<SDefinitionRegistry> m_scan;
     mutable SDefinitionRegistry m_registry;
 };

@@ -76,7 +76,7 @@ private:
     mutable RegionStack m_stack;
     mutable int m_nStack = 0;
     mutable CSymbolLine m_line;
-    mutable std::vector<SRegionSpan> m_lstSpans; // of the line under way; keeps its memory
+    mutable std::vector<SRegionSpan> m_lstSpans; // Of the present line. Reused for its memory.
     // The number of the current line, and for each language the last line whose code it looked
     // through.
     mutable quint64 m_nLine = 0;

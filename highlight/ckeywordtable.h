@@ -41,13 +41,13 @@ public:
 private:
     struct SEntry
     {
-        QString strKeyword; // folded when letter case does not count
-        std::vector<uchar> lstSymbols; // of it
-        bool bAscii; // its symbols identify it
-        int nWordLength; // of the word it begins with
+        QString strKeyword; // Folded if letter case does not count.
+        std::vector<uchar> lstSymbols; // The symbols of the keyword.
+        bool bAscii; // Its symbols identify it.
+        int nWordLength; // The length of the word that it begins with.
         int nRule;
-        uint nHash; // of that word
-        int nNext; // in the same bucket, -1 at its end
+        uint nHash; // The hash of that word.
+        int nNext; // The next one in its bucket, or -1.
     };
 
     QChar folded(QChar ch) const;
@@ -59,7 +59,7 @@ private:
 
     Qt::CaseSensitivity m_sensitivity;
     std::vector<SEntry> m_lstEntries;
-    std::vector<int> m_lstBuckets; // heads of the chains; their count is a power of two
+    std::vector<int> m_lstBuckets; // Heads of the chains. Their number is a power of two.
     // The lengths of the words that begin with each symbol, as bits; bit 31 stands for 31 and more.
     std::array<quint32, SymbolCount> m_arrLengths {};
     // For each symbol, the symbols that may follow it at a keyword's beginning, as bits.

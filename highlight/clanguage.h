@@ -34,7 +34,7 @@ private:
     // The next start or end of a tag, kept for the next part.
     struct SNextTag
     {
-        int nFrom = -1; // where the search began; -1: not yet
+        int nFrom = -1; // Where the search began. -1 if there was none.
         int nAt = -1;
 
         int from(int n, const CLinePattern &pattern, const CSymbolLine &line);

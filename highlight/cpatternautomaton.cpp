@@ -19,7 +19,7 @@ constexpr int code(int nState, bool bEnds)
 
 CPatternAutomaton::CPatternAutomaton(const SPatternNode &pattern)
 {
-    addNfa(SPatternNode::Nothing, -1); // g_nAccept
+    addNfa(SPatternNode::Nothing, -1); // This is g_nAccept.
     m_nStart = compile(pattern, int(g_nAccept));
     if (!m_bUsable)
         return;
@@ -58,10 +58,10 @@ void CPatternAutomaton::classify()
 // are.
 int CPatternAutomaton::divideClasses(const SymbolSet &set, int nClasses)
 {
-    std::array<bool, g_nStepWidth> arrOthers {}; // classes of which the set lacks a symbol
+    std::array<bool, g_nStepWidth> arrOthers {}; // Classes with a symbol that the set lacks.
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol)
         arrOthers[size_t(m_arrClass[nSymbol])] |= !set[nSymbol];
-    std::array<int, g_nStepWidth> arrNew {}; // the new class for each class that is divided
+    std::array<int, g_nStepWidth> arrNew {}; // The new class of each class that is divided.
     for (size_t nSymbol = 0; nSymbol < SymbolCount; ++nSymbol) {
         int &nClass = m_arrClass[nSymbol];
         if (set[nSymbol] && arrOthers[size_t(nClass)]) {

@@ -56,12 +56,12 @@ private:
     };
     struct SState
     {
-        std::vector<int> lstNfa; // what it stands for, before anchors are looked at
+        std::vector<int> lstNfa; // The NFA states that it stands for, before anchors count.
         int nContext;
-        int nLoops = 0; // symbols before which a match ends and that lead here again
+        int nLoops = 0; // The number of symbols that lead here again and end a match.
     };
-    static constexpr size_t g_nAccept = 0; // the first NFA state: a match ends here
-    static constexpr size_t g_nStepWidth = SymbolCount + 1; // of the table of steps
+    static constexpr size_t g_nAccept = 0; // The first NFA state. A match ends here.
+    static constexpr size_t g_nStepWidth = SymbolCount + 1; // The width of the table of steps.
 
     int addNfa(SPatternNode::Kind kind, int nOut, int nOther = -1);
     int compile(const SPatternNode &node, int nNext);

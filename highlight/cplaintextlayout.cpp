@@ -8,10 +8,10 @@
 
 namespace {
 
-// What changes in a block that nobody has laid out changes nothing that is seen.
+// A rectangle outside of the view. Formats of a block that is not laid out change no pixel.
 const QRectF g_nowhere(-100, -100, 0, 0);
 
-const int g_nNoWidth = INT_MAX / 256; // As wide as it likes, in Qt's words.
+const int g_nNoWidth = INT_MAX / 256; // Qt's width of a line that is not wrapped.
 const int g_nLongestLine = 100000;
 const int g_nRowLength = 1000;
 
@@ -30,7 +30,7 @@ void CPlainTextLayout::setFormats(const QTextBlock &block,
     const bool bLaidOut = pLayout->lineCount() > 0;
     const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : 0;
     if (bLaidOut)
-        pLayout->setCacheEnabled(true); // The glyphs of laying it out are there for painting it.
+        pLayout->setCacheEnabled(true); // Painting uses the glyphs of the layout.
     noteFormats(block, lstFormats);
     if (!bLaidOut)
         emit update(g_nowhere);
@@ -40,7 +40,7 @@ void CPlainTextLayout::setFormats(const QTextBlock &block,
         emit update();
 }
 
-// Qt counts the block into the change that is under way.
+// Called during a change. Qt lays the block out at its end, so no note is needed.
 void CPlainTextLayout::noteLine(const QTextBlock &block,
                                 const QVector<QTextLayout::FormatRange> &lstFormats)
 {
@@ -59,7 +59,7 @@ void CPlainTextLayout::noteLines(const QTextBlock &first, int nCount,
     m_lstChanged = lstChanged;
 }
 
-// Qt has noted the change and would count it into the next edit if it were not marked.
+// Marks the block as changed at once, because Qt would otherwise add it to the next edit.
 void CPlainTextLayout::noteFormats(const QTextBlock &block,
                                    const QVector<QTextLayout::FormatRange> &lstFormats)
 {
@@ -74,15 +74,15 @@ void CPlainTextLayout::setFormatSource(const FormatSource &source)
     m_source = source;
 }
 
-// An edit begins with a new revision, tells its listeners, and ends with documentChanged(), where
-// Qt has taken note of it and drops what is noted besides. Before that, a note of formats would
-// change the note of the edit: the block is laid out without its formats and gets them from the
-// event loop.
+// An edit begins with a new revision, then tells its listeners, and ends with documentChanged(). A
+// format that is set in between would change the extent that Qt notes for the edit. Therefore a
+// block that is laid out during an edit gets its formats later, from the event loop. Within
+// documentChanged() they can be set, because Qt ignores what is noted there.
 void CPlainTextLayout::fetchFormats(const QTextBlock &block)
 {
     if (!m_bInChange && document()->revision() != m_nRevision) {
         m_lstWaiting.append(QTextCursor(block));
-        // Started anew by each edit, it would not come before the last of many.
+        // If each edit restarted the timer, it would not fire until many edits are over.
         if (!m_timerWaiting.isActive())
             m_timerWaiting.start(0);
         return;
@@ -108,16 +108,16 @@ void CPlainTextLayout::fetchWaiting()
     }
 }
 
-// An edit that is under way has been noted, too, and then the extent is another one.
+// The extent is that of formats alone only if no edit is noted with them.
 void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
 {
     const QTextBlock line = std::exchange(m_line, QTextBlock());
     const bool bFormatsOnly = nFrom == m_nFormatsAt && nRemoved == nAdded
         && nAdded == document()->findBlock(nFrom).length();
-    // A text set anew has no rows of the old one.
+    // A new text has none of the old rows.
     if (!bFormatsOnly && nFrom == 0 && nAdded >= document()->characterCount() - 1)
         m_dWidestRow = 0;
-    // Qt adds up what was removed and what was added, and takes the lines behind for changed.
+    // Qt would add up the removed and the added characters, and also lay out the lines after them.
     if (line.isValid()) {
         nFrom = line.position();
         nRemoved = 0;
@@ -150,14 +150,14 @@ QRectF CPlainTextLayout::blockBoundingRect(const QTextBlock &block) const
 {
     if (m_source && block.isValid() && block.layout()->lineCount() == 0)
         const_cast<CPlainTextLayout *>(this)->fetchFormats(block);
-    // Qt may have laid it out as one row by itself.
+    // Qt itself may have laid it out as one row.
     if (block.isValid() && isInRows(block) && block.layout()->lineCount() < 2)
         const_cast<CPlainTextLayout *>(this)->layOutInRows(block);
     const QTextLayout *pLayout = block.isValid() ? block.layout() : nullptr;
     if (!pLayout || pLayout->lineCount() != 1 || !block.isVisible())
         return QPlainTextDocumentLayout::blockBoundingRect(block);
-    // The same for a line that is laid out already, in a third of the time: for every key all
-    // blocks that can be seen are asked several times.
+    // This gives what the base class gives for a line that is laid out, in a third of the time.
+    // Every key asks all visible blocks several times.
     const QTextLine line = pLayout->lineAt(0);
     const qreal dMargin = document()->documentMargin();
     const qreal dText = line.naturalTextWidth();
@@ -171,8 +171,8 @@ QSizeF CPlainTextLayout::documentSize() const
     return QPlainTextDocumentLayout::documentSize().expandedTo(QSizeF(m_dWidestRow, 0));
 }
 
-// Works like the base class except for the length of the rows. Qt's analysis of the text is kept,
-// because it reads the whole line; the glyphs of a row are made when it is painted.
+// Works like the base class except for the length of the rows. Keeps Qt's analysis of the text,
+// which reads the whole line. The glyphs of a row are made when it is painted.
 void CPlainTextLayout::layOutInRows(QTextBlock block)
 {
     QTextLayout *pLayout = block.layout();
@@ -199,7 +199,7 @@ void CPlainTextLayout::layOutInRows(QTextBlock block)
     }
 }
 
-// True when the change is one within a line in rows, and has been dealt with.
+// Handles a change within a line in rows. False if it is another change.
 bool CPlainTextLayout::changeRows(int nFrom, int nChanged)
 {
     const QTextBlock block = document()->findBlock(nFrom);
@@ -216,8 +216,8 @@ bool CPlainTextLayout::changeRows(int nFrom, int nChanged)
     return true;
 }
 
-// True when changes of several lines were noted, and have been dealt with. Qt has the whole view
-// painted for them. Each block is laid out anew, for it may have come from another place.
+// Handles the change that noteLines() announced. False if there is none. Qt would repaint the whole
+// view. Each block is laid out again, because it may have come from another place.
 bool CPlainTextLayout::changeLines()
 {
     const int nLines = std::exchange(m_nLines, 0);
@@ -226,7 +226,7 @@ bool CPlainTextLayout::changeLines()
     bool bSameHeights = true;
     QTextBlock block = m_firstLine;
     for (int n = 0; n < nLines; ++n, block = block.next()) {
-        // One that is not laid out may be new, in the place of one that was.
+        // A block that is not laid out may replace one that was.
         const bool bLaidOut = block.layout()->lineCount() > 0;
         const qreal dHeight = bLaidOut ? blockBoundingRect(block).height() : 0;
         block.clearLayout();

@@ -8,18 +8,16 @@
 #include <QVector>
 #include <functional>
 
-// The layout of a plain-text document whose blocks get other formats all the time. The base class
-// takes each for a change of the text that reaches twice as far, and has the whole view painted
-// anew. Here just the block is laid out and painted again, and only if it was laid out at all. GUI
-// thread only.
+// The layout of a plain-text document whose blocks get new formats all the time. The base class
+// takes new formats for a change of text, twice as long as the block, and repaints the whole view.
+// This class lays out and repaints only the block, and only if it was laid out before. GUI thread
+// only.
 //
-// A very long line has no place in Qt's coordinates, which end at 33 million pixels, and would be
-// shaped from its beginning whenever a part of it is painted. Where lines are not wrapped, one of
-// more than longestLine() characters is shown in rows of rowLength() characters each; then only the
-// rows that can be seen are touched.
+// Qt's coordinates end at 33 million pixels, and Qt shapes a line from its beginning to paint a
+// part of it. Therefore, if lines are not wrapped, a line of more than longestLine() characters is
+// shown in rows of rowLength() characters. Then only the visible rows are shaped.
 //
-// Formats of blocks may be kept elsewhere until they are needed: then a block is given them before
-// it is laid out.
+// Formats may be kept elsewhere until a block is laid out; see setFormatSource().
 class CPlainTextLayout : public QPlainTextDocumentLayout
 {
     Q_OBJECT
@@ -34,13 +32,14 @@ public:
     QSizeF documentSize() const override;
 
     void setFormats(const QTextBlock &block, const QVector<QTextLayout::FormatRange> &lstFormats);
-    // For a listener of contentsChange(): nothing but text within that block has changed. Other
-    // formats come with it.
+    // For a listener of contentsChange(). Only text within that block has changed, and these are
+    // its new formats.
     void noteLine(const QTextBlock &block, const QVector<QTextLayout::FormatRange> &lstFormats);
-    // The same for several: of nCount blocks from the first on, at most these have changed, and
-    // there are as many blocks as before.
+    // The same for several blocks: of nCount blocks at most those of lstChanged have changed, and
+    // the number of blocks is the same.
     void noteLines(const QTextBlock &first, int nCount, const QVector<QTextBlock> &lstChanged);
-    // Asked for each block that is about to be laid out; false when the block has its formats.
+    // Asked for the formats of each block before it is laid out. False if the block has them
+    // already.
     using FormatSource =
         std::function<bool(const QTextBlock &, QVector<QTextLayout::FormatRange> *)>;
     void setFormatSource(const FormatSource &source);
@@ -56,19 +55,19 @@ private:
     bool changeRows(int nFrom, int nChanged);
     bool changeLines();
 
-    int m_nBlocks = 1; // Before the change that comes next.
+    int m_nBlocks = 1; // The number of blocks before the next change.
     qreal m_dWidestRow = 0;
-    // What the change that comes next changes, if that is known.
-    QTextBlock m_line; // The only block; else invalid.
+    // What the next change affects, if that is known.
+    QTextBlock m_line; // The only block that changes. Invalid if there may be others.
     QTextBlock m_firstLine;
     int m_nLines = 0;
     QVector<QTextBlock> m_lstChanged;
-    int m_nFormatsAt = -1; // The block whose change is one of formats alone; -1 for none.
+    int m_nFormatsAt = -1; // The position of the block whose formats alone change; -1 if none.
     FormatSource m_source;
-    int m_nRevision = -1; // Of the document, when no edit was under way.
+    int m_nRevision = -1; // The document's revision after the last edit.
     bool m_bInChange = false; // documentChanged() is running.
-    // In blocks that wait for their formats until an edit is over. Unlike a block, a cursor stays
-    // valid.
+    // They stand in blocks that get their formats after the edit. A cursor stays valid where a
+    // block may not.
     QVector<QTextCursor> m_lstWaiting;
     QTimer m_timerWaiting;
 };

@@ -16,23 +16,23 @@ struct SRegionRule
     enum Kind { Token, Begin, Nest, End };
 
     Kind kind = Token;
-    RegionRole role = RegionRole::Code; // of a token that has a role of its own
+    RegionRole role = RegionRole::Code; // The role of a token, if it has one of its own.
     bool bHasRole = false;
-    int nContext = -1; // that begins
+    int nContext = -1; // The context that begins.
     bool bFromNextLine = false;
     // The key is matched between start and then. For a rule that begins a region it is what the
     // pattern matches; for one that ends it, the key of the beginning or its partner.
     bool bHasKey = false;
     bool bMirrored = false;
-    CAnchoredPattern start; // not used where there is none
+    CAnchoredPattern start; // Unused if there is none.
     CAnchoredPattern key;
     CAnchoredPattern then;
     CAnchoredPattern after;
     bool bHasStart = false;
     bool bHasThen = false;
     bool bHasAfter = false;
-    SymbolSet first; // what a match begins with elsewhere than at a line's start
-    bool bOneSymbol = false; // each of them is a match
+    SymbolSet first; // The symbols that a match after a line's start begins with.
+    bool bOneSymbol = false; // Each symbol of first is a match.
 };
 
 // The rules inside one region. Context 0 of a language is its text outside of all regions.
@@ -42,22 +42,22 @@ struct SRegionContext
 
     RegionRole role = RegionRole::Code;
     Lines lines = Many;
-    bool bFirm = false; // the end counts inside of all its contents
-    bool bFromNextLine = false; // neither start nor end belong to the region
-    int nSecond = -1; // the context of the second half of a region of two
-    int nNext = -1; // the context that begins where this one ends
-    int nEmbedded = -1; // the language inside
-    int nEnd = -1; // the rule that ends it
-    std::vector<int> lstRules; // the first that matches counts; 64 at most
+    bool bFirm = false; // The end counts inside everything that the region contains.
+    bool bFromNextLine = false; // Neither its start nor its end belongs to the region.
+    int nSecond = -1; // The context of the second half, if the region has two.
+    int nNext = -1; // The context that begins where this one ends.
+    int nEmbedded = -1; // The language inside.
+    int nEnd = -1; // The rule that ends it.
+    std::vector<int> lstRules; // At most 64. The first one that matches counts.
     // The rules whose match may begin with each symbol, as bits; the second table is for a line's
     // start. The line's end has all bits set, so that a search for a rule stops there.
     std::array<quint64, SymbolCount + 1> arrRules {};
     std::array<quint64, SymbolCount + 1> arrRulesAtLineStart {};
     // The rules that are possible by the second symbol.
     std::array<quint64, SymbolCount + 1> arrRulesBySecond {};
-    int nStarts = 0; // symbols that one of the rules may begin with
-    int nOnlyStart = -1; // the only one of them
-    quint64 nRulesAtLineEnd = 0; // that may match there without a character
+    int nStarts = 0; // The number of symbols that a rule may begin with.
+    int nOnlyStart = -1; // The symbol, if there is only one.
+    quint64 nRulesAtLineEnd = 0; // Rules that may match there without a character.
 };
 
 // The regions that a definition declares: strings, comments and whatever else has a start and an
@@ -65,7 +65,7 @@ struct SRegionContext
 class CRegionRules
 {
 public:
-    static constexpr size_t g_nMaxRules = 64; // of one context
+    static constexpr size_t g_nMaxRules = 64; // The most rules of one context.
 
     // Declares nothing.
     CRegionRules() = default;

@@ -93,7 +93,7 @@ void CRegionScanner::scan()
     dropDedented();
     look();
     const int nSize = m_strText.size();
-    int nInPlace = 0; // regions that end and follow each other where they stand
+    int nInPlace = 0; // The number of regions that ended without a character.
     for (int n = nextCandidate(0); n <= nSize; n = nextCandidate(n)) {
         if (nInPlace < g_nMaxInPlace && applyAt(n)) {
             nInPlace = m_nAt == n ? nInPlace + 1 : 0;
@@ -146,7 +146,7 @@ int CRegionScanner::nextCandidate(int nFrom) const
         return pNext ? int(static_cast<const uchar *>(pNext) - pSymbols) : nSize;
     }
     while (!arrRules[pSymbols[n]])
-        ++n; // up to the line's end
+        ++n; // The symbol of the line's end stops it.
     return n;
 }
 
@@ -223,7 +223,7 @@ void CRegionScanner::endLine()
     look();
 }
 
-// Ends the part under way before nTo.
+// Ends the present part before nTo.
 void CRegionScanner::flush(int nTo)
 {
     if (nTo <= m_nFrom)

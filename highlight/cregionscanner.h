@@ -14,7 +14,7 @@ struct SRegionSpan
     int nStart;
     int nEnd;
     RegionRole role;
-    int nLanguage; // of code
+    int nLanguage; // The language of code.
 };
 
 // Divides one line into the parts that its definition's regions make of it. To be made for each
@@ -72,11 +72,11 @@ private:
     bool m_bChanged = false;
     const Languages &m_languages;
     const CRegionRules &m_own;
-    RegionStack m_lstPending; // begin with the next line
+    RegionStack m_lstPending; // Regions that begin with the next line.
     std::vector<SRegionSpan> &m_lstSpans;
     std::vector<int> m_lstEnds;
-    int m_nAt = 0; // where the search goes on
-    int m_nFrom = 0; // where the part under way began
+    int m_nAt = 0; // Where the search goes on.
+    int m_nFrom = 0; // Where the present part began.
     int m_nIndentation = -1;
     // The rules of the innermost region.
     const CRegionRules *m_pRules = nullptr;
@@ -85,5 +85,5 @@ private:
     // Ends of outer regions that count here, and starts that count anywhere.
     bool m_bFirmBelow = false;
     const CRegionRules *m_pAnywhere = nullptr;
-    SymbolSet m_overrides; // what they begin with
+    SymbolSet m_overrides; // The symbols that they begin with.
 };

@@ -146,7 +146,8 @@ int CRegionScanner::endOfNest(SRegionRule &rule, int nAt, QString *pKey)
 int CRegionScanner::endOfBegin(SRegionRule &rule, int nAt, QString *pKey)
 {
     if (rule.bOneSymbol)
-        return rule.first[size_t(m_line.symbols()[nAt])] ? nAt + 1 : -1; // never at the line's end
+        return rule.first[size_t(m_line.symbols()[nAt])] ? nAt + 1
+                                                         : -1; // The line's end is no symbol.
     int n = rule.bHasStart ? rule.start.endOfMatch(m_line, nAt) : nAt;
     if (n < 0 || (rule.bHasAfter && !rule.after.matchesBefore(m_line, nAt)))
         return -1;
@@ -168,7 +169,7 @@ int CRegionScanner::endOfEnd(SRegionRule &rule, int nAt, const QString &strKey)
         return rule.start.endOfMatch(m_line, nAt);
     if (!rule.bHasStart && !rule.bMirrored && !strKey.isEmpty()
         && (nAt == m_strText.size() || m_strText.at(nAt) != strKey.at(0)))
-        return -1; // asked at each place of the region
+        return -1; // It is asked at each place of the region.
     const QString strEnd = rule.bMirrored ? mirrored(strKey) : strKey;
     m_lstEnds.assign(1, nAt);
     if (rule.bHasStart) {

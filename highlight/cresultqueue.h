@@ -18,12 +18,12 @@ struct SHighlightResult
     Kind kind;
     uint nVersion;
     int nLine;
-    int nState; // the block's new user state; syntax results only
-    std::vector<SHighlightRange> lstRanges; // syntax results only
-    QList<QTextLayout::FormatRange> lstMarks; // of the selected word only
-    bool bKept = false; // the ranges are in the store, see CLineStore::commit()
-    bool bFirst = false; // see CResultQueue::pushFirst()
-    bool bSuperseded = false; // a newer result of the same line has overtaken it
+    int nState; // The block's new user state. Only for syntax results.
+    std::vector<SHighlightRange> lstRanges; // Only for syntax results.
+    QList<QTextLayout::FormatRange> lstMarks; // Only for the selected word.
+    bool bKept = false; // The ranges are in the store; see CLineStore::commit().
+    bool bFirst = false; // See CResultQueue::pushFirst().
+    bool bSuperseded = false; // A newer result of the line has overtaken it.
 };
 
 // Results on their way from the worker to the GUI thread. The queue is bounded, because a worker

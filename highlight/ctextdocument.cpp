@@ -197,7 +197,7 @@ void CTextDocument::replaceRanges(Kind kind, uint nVer, const QTextBlock &tb, co
     if (tb.length() <= g_nMaxColouredLength)
         lstRanges = shownRanges(withOthers(kind == SelectedWordMark, lst, lstBefore));
     if (lstRanges == pLayout->formats())
-        return; // most blocks of a pass that marks a word
+        return; // Most blocks of a pass that marks a word.
 
     ++m_nLook;
     m_pLayout->setFormats(tb, lstRanges);

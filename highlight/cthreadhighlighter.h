@@ -111,9 +111,9 @@ private:
     mutable std::mutex m_mutex;
     std::shared_ptr<const CHighlightRules> m_pRules;
     QString m_strWord;
-    CSelectedWord m_word; // the same, for the GUI thread alone
+    CSelectedWord m_word; // The same word, for the GUI thread only.
     int m_nFirstVisible = 0;
-    int m_nLastVisible = -1; // less than the first: nothing is known to be seen
+    int m_nLastVisible = -1; // Less than the first one if no line is known to be visible.
     bool m_bPaused = false;
     bool m_bActive = false;
 
@@ -123,12 +123,12 @@ private:
     std::atomic_bool m_bSyntaxRestart {false};
     std::atomic_bool m_bSelectionRestart {false};
 
-    std::atomic_bool m_bOthersListen {false}; // to the signals, beside the document
-    std::atomic_bool m_bListenersChanged {true}; // since m_bOthersListen was set
+    std::atomic_bool m_bOthersListen {false}; // To the signals; the document always does.
+    std::atomic_bool m_bListenersChanged {true}; // Since m_bOthersListen was set.
     std::atomic_bool m_bDelivering {false};
     QTimer m_timerDeliver;
     QTimer m_timerEdit;
-    int m_nRequestsToCome = 0; // by edits whose rehighlight() is still in the event queue
-    bool m_bUnannounced = false; // contentsChange came without contentsChanged
+    int m_nRequestsToCome = 0; // Edits whose rehighlight() is still in the event queue.
+    bool m_bUnannounced = false; // contentsChange() came without contentsChanged().
     bool m_bStoppedBeforeEdit = false;
 };

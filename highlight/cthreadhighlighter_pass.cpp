@@ -209,7 +209,7 @@ bool CThreadHighlighter::processBatch(const SPass &pass, const CLineStore::SBatc
     const bool bSendAll = !m_pLines->isSparse() || m_bOthersListen;
     SHighlightLine coloured;
     int nState = batch.nStateBefore;
-    bool bChanged = false; // the state before this line is not the one it was computed with
+    bool bChanged = false; // The state before this line is a new one.
     bool bSyntax = pass.bSyntax;
     const bool bSelection = pass.bSelection && order == CLineStore::InOrder;
     int nLine = batch.nFirst;

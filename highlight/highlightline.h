@@ -10,7 +10,7 @@ enum class HighlightRole : quint8 { Keyword, Comment, String, Number, Operator }
 
 struct SHighlightRange
 {
-    int nStart; // in UTF-16 code units from the start of the line
+    int nStart; // UTF-16 units from the start of the line.
     int nLength;
     HighlightRole role;
 };
@@ -31,7 +31,8 @@ struct SHighlightState
 
 struct SHighlightLine
 {
-    std::vector<SHighlightRange> lstRanges; // in drawing order: a later range covers an earlier one
+    std::vector<SHighlightRange>
+        lstRanges; // In drawing order: a later range covers an earlier one.
     int nState = 0;
 };
 

@@ -5,7 +5,7 @@
 namespace {
 
 constexpr int g_nLinesWithModes = 5;
-constexpr int g_nMaxLength = 1000; // a mode line is short
+constexpr int g_nMaxLength = 1000; // A mode line is short.
 
 QString captured(const QString &strPattern, const QString &strLine)
 {

@@ -26,7 +26,7 @@ struct SPatternNode
     Kind kind = Nothing;
     SymbolSet set; // Symbol: the symbols that match
     std::vector<SPatternNode>
-        children; // for kinds that hold others; repeats and lookaheads hold one
+        children; // Of kinds that hold others. Repeats and lookaheads hold one.
     int nMin = 0; // Repeat
     int nMax = -1; // Repeat; -1: any number
 

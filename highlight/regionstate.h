@@ -10,7 +10,7 @@ struct SRegionFrame
     int nLanguage = 0;
     int nContext = 0;
     QString strKey;
-    bool bWaits = false; // waits for the end of the region above it
+    bool bWaits = false; // Waits for the end of the region above it.
 
     bool operator==(const SRegionFrame &other) const
     {

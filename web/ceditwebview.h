@@ -298,7 +298,7 @@ private:
     bool m_bPageComing = false; // From the start of a load to its end.
     // The page at the moment when something was typed meanwhile; null if nothing was.
     QString m_strTyped;
-    QWebElement m_rootTyped; // Of that page.
+    QWebElement m_rootTyped; // The root element of that page.
     CTypingSteps m_steps;
     int m_nUndoIndex = 0;
     int m_nUndoCount = 0;

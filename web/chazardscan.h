@@ -54,6 +54,6 @@ private:
     int m_nOctaves = 0;
     qint64 m_nTallCells = 0;
     qint64 m_nSpannedRows = 0;
-    int m_nLines = 0; // Of the preformatted text.
+    int m_nLines = 0; // The lines of the present preformatted text.
     CDrawingUses m_uses;
 };

@@ -8,10 +8,10 @@ namespace {
 // The remark beside each limit tells what the engine took: milliseconds of processor time at that
 // number.
 constexpr int g_nMaxShadows = 10000; // Pixels of blur: 519 at 5,000; over 3,000 at 50,000.
-constexpr int g_nMaxOctaves = 60; // Of noise: over 3,000 at 495.
+constexpr int g_nMaxOctaves = 60; // Octaves of noise: over 3,000 at 495.
 constexpr int g_nMaxWord = 1000000; // Characters without a blank: 700 ms.
 constexpr int g_nMaxMarks = 40000; // Marks after one letter: 1,046 at 50,000.
-constexpr int g_nMaxLines = 100000; // Of one preformatted text: 1,867.
+constexpr int g_nMaxLines = 100000; // Lines of one preformatted text: 1,867.
 constexpr int g_nMaxFields = 20000; // Options, of which a field counts as two: 1,400 and 900.
 // Cells that span many rows, times these rows: 110 at 900,000; over 3,000 at 9,000,000.
 constexpr qint64 g_nMaxSpans = 2000000;

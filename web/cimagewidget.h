@@ -42,5 +42,5 @@ private:
 
     QString m_strImageFile;
     QImage m_image;
-    QPixmap m_scaled; // Of the size last painted; null until then.
+    QPixmap m_scaled; // In the size that was painted last. Null before that.
 };

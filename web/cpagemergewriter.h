@@ -56,7 +56,7 @@ private:
     const SBefore m_before;
     const SAfter m_now;
     QString m_strResult;
-    int m_nCopied = 0; // Of the source.
+    int m_nCopied = 0; // Characters of the source that are written.
     int m_nSpelledOut = 0; // Pieces before this need not be spelled out any more.
     bool m_bRemoved = false; // The last thing that was done.
     bool m_bSpellOutAll = false;

@@ -83,11 +83,11 @@ private:
     CEditWebView *m_pWebText = nullptr;
     QMenu m_menuContext;
     QAction *m_pActOpenPosition;
-    CSafePage *m_pFilePage = nullptr; // Of m_pWebFile.
+    CSafePage *m_pFilePage = nullptr; // The page of m_pWebFile.
     DefinitionFunction m_definition;
     CTaster m_taster;
     CPreviewNotice *m_pNotice;
-    QString m_strRefused; // The file that the notice's button is about,
-    std::function<void()> m_showAnyway; // and what it does then.
+    QString m_strRefused; // The file that the notice is about.
+    std::function<void()> m_showAnyway; // What the notice's button does.
     QTimer m_timerTasting; // Before the panel says that it has to wait.
 };

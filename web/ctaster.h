@@ -59,8 +59,8 @@ private:
 
     QString m_strProgram;
     QProcess *m_pHelper = nullptr; // Null when none runs.
-    QString m_strPath; // Being tasted; empty for none.
-    QByteArray m_key; // Of that file, when the tasting began.
+    QString m_strPath; // The file that is being tried. Empty if there is none.
+    QByteArray m_key; // The state of that file when the trial began.
     QSize m_size;
     QTimer m_timerPatience;
     QTimer m_timerIdle;

@@ -29,7 +29,7 @@ struct SHtmlToken
     Kind kind = Kind::Text;
     int nStart = 0;
     int nEnd = 0;
-    int nName = 0; // Of tags.
+    int nName = 0; // Only tags have a name.
     int nNameLength = 0;
     bool bSelfClosing = false; // Written with "/>".
 };

@@ -92,8 +92,8 @@ void CSourceAlignment::alignStretch(SStretch serialised, SStretch source)
     betweenPairs(serialised, source, [this](SStretch a, SStretch b) { pairWords(a, b); });
 }
 
-// Of several line ends the first belongs to the source at this place: browsers move those from
-// after the page's end to the end of its body.
+// Browsers move line ends from after the page's end to the end of its body. If there are several,
+// the first one belongs to the source at this place.
 void CSourceAlignment::preferFirstBlanks(SStretch serialised)
 {
     for (int n = serialised.nStart; n < serialised.nEnd; ++n) {

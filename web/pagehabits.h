@@ -10,7 +10,7 @@ struct SPageHabits
     bool bUpperTags = false; // <P>
     bool bUpperAttributes = false;
     bool bXml = false; // The source says that it is XHTML, and must stay well-formed.
-    QString strVoidEnd = QStringLiteral(">"); // Of elements without content: also "/>", " />".
+    QString strVoidEnd = QStringLiteral(">"); // How a tag without content ends; also "/>" or " />".
     QChar cQuote = QLatin1Char('"');
     QString strLineEnd = QStringLiteral("\n");
     // Characters that the source spells as references more often than as themselves.

@@ -11,12 +11,12 @@ enum class EPageHazard {
     FlexBoxes, // Elements that each double the work for those inside.
     Columns,
     Reflections,
-    Attributes, // Of one element.
-    Uses, // Of parts of a drawing by parts of it.
+    Attributes, // An element has too many.
+    Uses, // Parts of a drawing use other parts too often.
     Effects, // Shadows and noise.
     LongText, // A word without an end, marks on one letter, lines of a preformatted text.
-    Fields, // Of forms, and what they offer.
-    Spans, // Of table cells over rows.
+    Fields, // Fields of forms and their options.
+    Spans, // Table cells span too many rows.
 };
 
 // Gives the first hazard that is found. Takes linear time. Reads only this text, so it does not see

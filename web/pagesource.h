@@ -23,8 +23,8 @@ struct SPageSource
     bool bFile = false; // Else the page came as a text or from the network.
     SFileContent content;
     QString strText; // The bytes as text, without a byte-order mark. Decoded once for all who ask.
-    QString strCodec = QStringLiteral("UTF-8"); // Of the bytes.
-    bool bChosen = false; // By the user.
+    QString strCodec = QStringLiteral("UTF-8"); // The codec of the bytes.
+    bool bChosen = false; // The user has chosen the codec.
 };
 
 // Reads the file at that address; no file for any other address.

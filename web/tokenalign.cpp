@@ -195,7 +195,7 @@ QVector<SPair> CAlignment::anchors(SPair start, SPair end) const
         count.nB = n;
     }
     QVector<SPair> lstUnique;
-    QVector<int> lstBefore; // Of each unique pair the one before it in its longest row.
+    QVector<int> lstBefore; // For each unique pair, the one before it in its longest row.
     QVector<int> lstEnds; // The pair that ends the best row of each length.
     for (int n = start.nA; n < end.nA; ++n) {
         const SCount count = mapCounts.value(m_lstA.at(n));

@@ -24,11 +24,11 @@ QVariantMap withoutRegions(QVariantMap mapDefinition)
 // Compares the same files in four ways.
 struct SRow
 {
-    SComparison fixed; // the fixed rules alone, with the peer as it stands
+    SComparison fixed; // The fixed rules alone, and the peer as it is.
     SComparison asItStands;
-    SComparison byGrammar; // the peer's styles put right
-    SComparison left; // and the places left out that were looked at
-    QMap<QString, int> mapStyles; // characters that differ then, by the peer's styles
+    SComparison byGrammar; // With the peer's wrong styles put right.
+    SComparison left; // The same without the places that were looked at.
+    QMap<QString, int> mapStyles; // The characters that still differ, by the peer's styles.
     int nFiles = 0;
 };
 

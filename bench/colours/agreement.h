@@ -8,8 +8,8 @@
 struct SOptions
 {
     QString strRoot;
-    QString strOnly; // the only language
-    bool bOthers = false; // files that the list of looked-at places is not about
+    QString strOnly; // The only language.
+    bool bOthers = false; // Other files than those of the list of places that were looked at.
 };
 
 // Prints the table with a row per language. Of a single language also the runs of wrong lines and

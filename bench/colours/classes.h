@@ -9,9 +9,9 @@ using CharacterClasses = std::vector<std::vector<bool>>;
 
 struct SPeersText
 {
-    CharacterClasses asItStands; // by the kinds of its styles
-    CharacterClasses byGrammar; // with what its styles say otherwise put right
-    std::vector<QStringList> lstStyles; // their names, for each character
+    CharacterClasses asItStands; // By the kinds of its styles.
+    CharacterClasses byGrammar; // The same with wrong styles put right.
+    std::vector<QStringList> lstStyles; // The names of the styles of each character.
 };
 
 CharacterClasses classesOfOurs(const QVariantMap &mapDefinition, const QStringList &lstLines);

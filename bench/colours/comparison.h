@@ -7,9 +7,9 @@ struct SComparison
 {
     qint64 nCharacters = 0;
     qint64 nDiffering = 0;
-    qint64 nLines = 0; // that are not empty
-    qint64 nWrongLines = 0; // of whose characters more than half differ
-    int nLongestRun = 0; // of such lines, one after the other
+    qint64 nLines = 0; // Lines that are not empty.
+    qint64 nWrongLines = 0; // Lines in which more than half of the characters differ.
+    int nLongestRun = 0; // The most such lines in a row.
 
     void add(const SComparison &other);
     double characterShare() const { return share(nDiffering, nCharacters); }

@@ -7,9 +7,9 @@
 struct SFileKind
 {
     QString strName;
-    QString strFileName; // decides the definitions of both engines
-    QStringList lstFolders; // below the folder of the unpacked packages, or absolute
-    QStringList lstPatterns; // of file names
+    QString strFileName; // Decides the definitions of both engines.
+    QStringList lstFolders; // Below the folder of the unpacked packages, or absolute.
+    QStringList lstPatterns; // Of file names.
 };
 
 const QList<SFileKind> &fileKinds();

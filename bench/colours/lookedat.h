@@ -20,7 +20,7 @@ private:
         QString strLanguage;
         QString strPathEnd;
         qint64 nSize;
-        int nFirst; // from 1
+        int nFirst; // From 1.
         int nLast;
     };
 

@@ -6,8 +6,8 @@ struct SStyleFault
 {
     const char *pszLanguage;
     const char *pszStyle;
-    const char *pszCharacters; // that it is about; nullptr: all
-    bool bText; // comment or string
+    const char *pszCharacters; // The characters that it is about. Null for all.
+    bool bText; // A comment or a string.
     const char *pszReason;
 };
 

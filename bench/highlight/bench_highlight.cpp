@@ -41,7 +41,7 @@ struct SOptions
 {
     bool bOnlyOurs = false;
     QString strFolder;
-    QStringList lstNames; // all when there are none
+    QStringList lstNames; // Empty for all.
 
     bool wants(const QString &strName) const
     {

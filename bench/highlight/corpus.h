@@ -7,11 +7,11 @@
 struct SCorpus
 {
     QString strName;
-    QString strFileName; // decides the definition
+    QString strFileName; // Decides the definition.
     QStringList lstLines;
     qint64 nBytes = 0;
-    bool bRepeated = false; // there was not enough of it
-    qint64 nBytesOnce = 0; // how much there was then
+    bool bRepeated = false; // The files were too short.
+    qint64 nBytesOnce = 0; // Their size without repetition.
 
     QString text() const { return lstLines.join(QLatin1Char('\n')); }
     // The first lines, up to nMaxBytes.
@@ -21,6 +21,6 @@ struct SCorpus
 // The files one after the other, again and again until there are nBytes.
 SCorpus readFiles(const QString &strName, const QString &strFileName, const QStringList &lstPaths,
                   qint64 nBytes);
-// Of all such files in the folders; empty when they hold none.
+// Collects all such files in the folders. Empty if there are none.
 SCorpus collect(const QString &strName, const QString &strFileName, const QStringList &lstFolders,
                 const QStringList &lstPatterns, qint64 nBytes);

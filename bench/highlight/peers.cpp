@@ -88,7 +88,7 @@ double secondsOfKSyntaxHighlighting(const SCorpus &corpus)
         return -1;
     CCounter counter;
     counter.setDefinition(definition);
-    counter.run(corpus.lstLines.mid(0, 100)); // loads what is loaded on demand
+    counter.run(corpus.lstLines.mid(0, 100)); // Loads what is loaded on demand.
     const CStopwatch stopwatch;
     counter.run(corpus.lstLines);
     return stopwatch.seconds();

@@ -99,97 +99,125 @@ double keystroke(CEditWebView &view)
     });
 }
 
-void measure(const QString &strSize, const QString &strPath)
+// The rows of one page.
+class CPageRows
 {
-    const auto row = [&](const char *szWhat) {
-        return QStringLiteral("%1, %2").arg(QLatin1String(szWhat), strSize);
-    };
-    report(
-        row("open to painted"), 5, [&] { return openToPainted(strPath); });
-    report(row("the same in a bare web view"), 5, [&] { return openToPaintedBare(strPath); });
+public:
+    CPageRows(const QString &strSize, const QString &strPath)
+        : m_strSize(strSize), m_strPath(strPath)
+    {
+    }
+    void measure()
+    {
+        measureOpening();
+        m_view.resize(1000, 700);
+        m_view.show();
+        load(m_view, m_strPath);
+        caretToStart(m_view);
+        measureTyping();
+        measureSaving();
+        measureSource();
+    }
 
-    CEditWebView view;
-    view.resize(1000, 700);
-    view.show();
-    load(view, strPath);
-    caretToStart(view);
-    report(
-        row("keystroke, source hidden"), 50, [&] { return keystroke(view); });
-    report(
-        row("toolbar state at the caret"), 50,
-        [&] {
-            return milliseconds([&] {
-                const bool bStyled = view.isBold() || view.isItalic() || view.isUnderline();
-                const QString strFont = view.fontName() + view.fontSize();
-                if (bStyled || strFont.isEmpty() || view.foreColor() == view.backColor())
-                    qFatal("the plain text at the caret was expected");
-            });
-        });
-    report(
-        row("Control pressed and released"), 20,
-        [&] {
-            return milliseconds([&] {
-                QTest::keyClick(&view, Qt::Key_Control);
-                view.grab(QRect(0, 0, 1000, 50));
-            });
-        });
-    report(
-        row("save after a letter, for the first time"), 5,
+private:
+    void row(const char *szWhat, int nRuns, const std::function<double()> &run)
+    {
+        report(QStringLiteral("%1, %2").arg(QLatin1String(szWhat), m_strSize), nRuns, run);
+    }
+    void measureOpening();
+    void measureTyping();
+    void measureSaving();
+    void measureSource();
+
+    QString m_strSize;
+    QString m_strPath;
+    CEditWebView m_view;
+};
+
+void CPageRows::measureOpening()
+{
+    row(
+        "open to painted", 5, [&] { return openToPainted(m_strPath); });
+    row("the same in a bare web view", 5, [&] { return openToPaintedBare(m_strPath); });
+}
+
+void CPageRows::measureTyping()
+{
+    const auto readState = [&] {
+        const bool bStyled = m_view.isBold() || m_view.isItalic() || m_view.isUnderline();
+        const QString strFont = m_view.fontName() + m_view.fontSize();
+        if (bStyled || strFont.isEmpty() || m_view.foreColor() == m_view.backColor())
+            qFatal("the plain text at the caret was expected");
+    };
+    const auto pressControl = [&] {
+        QTest::keyClick(&m_view, Qt::Key_Control);
+        m_view.grab(QRect(0, 0, 1000, 50));
+    };
+    row(
+        "keystroke, source hidden", 50, [&] { return keystroke(m_view); });
+    row(
+        "toolbar state at the caret", 50, [&] { return milliseconds(readState); });
+    row("Control pressed and released", 20, [&] { return milliseconds(pressControl); });
+}
+
+void CPageRows::measureSaving()
+{
+    row(
+        "save after a letter, for the first time", 5,
         [&] {
             CEditWebView fresh;
-            load(fresh, strPath);
+            load(fresh, m_strPath);
             caretToStart(fresh);
             QTest::keyClick(&fresh, Qt::Key_X);
             return milliseconds([&] { fresh.htmlForSaving(); });
         });
-    report(
-        row("save after a letter"), 10,
+    row(
+        "save after a letter", 10,
         [&] {
-            QTest::keyClick(&view, Qt::Key_X);
-            return milliseconds([&] { view.htmlForSaving(); });
+            QTest::keyClick(&m_view, Qt::Key_X);
+            return milliseconds([&] { m_view.htmlForSaving(); });
         });
-    report(row("the serialisation alone, without the source"), 10, [&] {
-        return milliseconds([&] {
-            if (view.toHtml().toUtf8().isEmpty())
-                qFatal("a page was expected");
-        });
-    });
-    report(
-        row("page to source"), 5,
+    const auto serialise = [&] {
+        if (m_view.toHtml().toUtf8().isEmpty())
+            qFatal("a page was expected");
+    };
+    row("the serialisation alone, without the source", 10, [&] { return milliseconds(serialise); });
+}
+
+void CPageRows::measureSource()
+{
+    row(
+        "page to source", 5,
         [&] {
-            view.showSource(false);
+            m_view.showSource(false);
             return milliseconds([&] {
-                view.showSource(true);
-                view.sourceEdit()->grab();
+                m_view.showSource(true);
+                m_view.sourceEdit()->grab();
             });
         });
-    report(row("keystroke, source shown"), 10, [&] { return keystroke(view); });
+    row("keystroke, source shown", 10, [&] { return keystroke(m_view); });
     CHighlightEdit peer;
     peer.resize(1000, 700);
     peer.show();
-    report(
-        row("the same by setting the whole serialisation anew"), 10,
-        [&] {
-            return milliseconds([&] {
-                view.grab(QRect(0, 0, 1000, 50));
-                peer.setTextData(view.toHtml().toUtf8(), false);
-            });
-        });
-    const auto back = [&] {
-        return milliseconds([&] {
-            view.showSource(false);
-            view.applySource(view.sourceEdit()->getText());
-            view.grab();
-        });
+    const auto setWhole = [&] {
+        m_view.grab(QRect(0, 0, 1000, 50));
+        peer.setTextData(m_view.toHtml().toUtf8(), false);
     };
-    report(row("source to page, nothing typed"), 5, [&] {
-        view.showSource(true);
-        return back();
+    row("the same by setting the whole serialisation anew", 10,
+        [&] { return milliseconds(setWhole); });
+    const auto back = [&] {
+        m_view.showSource(false);
+        m_view.applySource(m_view.sourceEdit()->getText());
+        m_view.grab();
+    };
+    row("source to page, nothing typed", 5, [&] {
+        m_view.showSource(true);
+        return milliseconds(back);
     });
-    report(row("source to page, edited"), 5, [&] {
-        view.showSource(true);
-        view.sourceEdit()->textCursor().insertText(QStringLiteral(" "));
-        return back();
+    row("source to page, edited", 5, [&] {
+        m_view.showSource(true);
+        m_view.sourceEdit()->textCursor().insertText(QStringLiteral(" "));
+        return milliseconds(back);
     });
 }
 
@@ -209,7 +237,7 @@ int main(int argc, char **argv)
             return 1;
         file.write(pageOf(nKilobytes * 1000));
         file.close();
-        measure(QStringLiteral("%1 KB").arg(nKilobytes), strPath);
+        CPageRows(QStringLiteral("%1 KB").arg(nKilobytes), strPath).measure();
     }
     g_pSettings = nullptr;
     return 0;

@@ -45,13 +45,13 @@ double milliseconds(const QElapsedTimer &timer)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
-// Of all threads; other programs on a busy machine do not count.
+// The processor time of all threads of this process, which other programs do not change.
 double processorMs()
 {
     return double(std::clock()) * 1000 / CLOCKS_PER_SEC;
 }
 
-// Of this process, in MiB; -1 where there is no /proc.
+// The memory of this process in MiB, or -1 without /proc.
 double residentMemory()
 {
     QFile file(QStringLiteral("/proc/self/statm"));

@@ -1,8 +1,8 @@
 // Text for a dictionary, and where its words stand. A run is the text of one line of thought: what
 // stands between two blocks or line breaks, whatever marks letters within.
 
-// Of the last question about what is in view, and about the whole page. Words are told by run, start
-// and length.
+// The texts of the last questions: about the visible part, and about the whole page. A word is given by
+// its text, start and length.
 var spelledRuns = [], allRuns = [];
 var misspelt = []; // Ranges, which follow what is typed.
 

@@ -1,6 +1,6 @@
 // What the tool bar shows, in one answer.
 
-var mostLeaves = 2000; // Of a larger selection, the beginning tells.
+var mostLeaves = 2000; // The beginning stands for the rest of a larger selection.
 
 // The value that all have in common, '' where they differ or there is none.
 function common(list, value) {

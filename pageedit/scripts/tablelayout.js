@@ -11,7 +11,7 @@ function permute(olds, news) {
     markers.forEach(remove);
 }
 
-// Of a row or cell; the first row of a body without tags stands on the line of the body.
+// Gives the line of a row or cell. The first row of a body without tags stands on the line of the body.
 function tableLineAt(e) {
     var p = e.parentNode;
     return (tag(p) == 'tbody' && !e.previousSibling && lineAt(p)) || lineAt(e);

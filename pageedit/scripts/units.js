@@ -122,7 +122,7 @@ function isSameUnit(a, b) {
                      : !b.element && a.parent == b.parent && a.nodes[0] == b.nodes[0];
 }
 
-// Of the first leaves only where the number is limited.
+// Gives the units that are selected. If most is given, only the first leaves count.
 function selectedUnits(most) {
     var r = selectedRange(), units = [];
     if (!r)

@@ -157,7 +157,7 @@ void tst_fileattributes::setIdBits_areKept()
 
 void tst_fileattributes::capabilities_areKept_data()
 {
-    QTest::addColumn<bool>("bHardLink"); // written in place then
+    QTest::addColumn<bool>("bHardLink"); // Then it is written in place.
     QTest::newRow("replaced") << false;
     QTest::newRow("in place") << true;
 }
@@ -181,7 +181,7 @@ void tst_fileattributes::groupOfASetGidFolder_isKept()
 {
     if (geteuid() != 0)
         QSKIP("Only root can give a file to any group.");
-    put(path("file"), "old"); // Of our own group.
+    put(path("file"), "old"); // Its group is our own.
     const QByteArray folder = QFile::encodeName(m_pFolder->path());
     QCOMPARE(chown(folder.constData(), geteuid(), gid_t(g_nNobody)), 0);
     QVERIFY(setMode(m_pFolder->path(), 02775));

@@ -502,7 +502,7 @@ int tst_filewriter::runWithPrivateMounts(const char *szScript, bool bHardLink) c
 
 void tst_filewriter::fullDisk_failsAndKeepsTheOldBytes_data()
 {
-    QTest::addColumn<bool>("bHardLink"); // written in place then
+    QTest::addColumn<bool>("bHardLink"); // Then it is written in place.
     QTest::newRow("replaced") << false;
     QTest::newRow("in place") << true;
 }

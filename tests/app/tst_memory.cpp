@@ -15,7 +15,7 @@ private slots:
     void returnFreedMemory_returnsWhatLiesBelowSomethingInUse();
 };
 
-// Of this process, in MiB.
+// The memory of this process in MiB.
 static int residentMemory()
 {
     QFile file(QStringLiteral("/proc/self/statm"));

@@ -102,7 +102,7 @@ void tst_pipes::deviceThatIsFull_fails()
 
 void tst_pipes::limitOfFileSizes_failsAndDoesNotEndTheProgram_data()
 {
-    QTest::addColumn<bool>("bHardLink"); // written in place then
+    QTest::addColumn<bool>("bHardLink"); // Then it is written in place.
     QTest::newRow("replaced") << false;
     QTest::newRow("in place") << true;
 }

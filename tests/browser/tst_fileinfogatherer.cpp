@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    mutable std::mutex m_recordMutex; // Of the kind that the thread sanitizer knows.
+    mutable std::mutex m_recordMutex; // The thread sanitizer knows standard mutexes.
     QStringList m_lstDirectories;
     QStringList m_lstLoaded;
     QList<QStringList> m_lstNames;

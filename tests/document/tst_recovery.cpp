@@ -16,8 +16,17 @@
 #include <QRegularExpression>
 #include <QSessionManager>
 #include <QTextCodec>
+#include <QTimer>
 
 namespace {
+
+// Drafts can then no longer be written.
+bool replaceFolderByFile(const CDocumentsFixture &f)
+{
+    const bool bRemoved = QDir(f.path("recovery")).removeRecursively();
+    f.write(f.path("recovery"), "no folder");
+    return bRemoved;
+}
 
 QStringList draftFiles(const CDocumentsFixture &f)
 {
@@ -316,8 +325,7 @@ private slots:
         QSKIP("A folder goes only when nobody has a file of it open.");
 #endif
         CDocumentsFixture f;
-        QVERIFY(QDir(f.path("recovery")).removeRecursively());
-        f.write(f.path("recovery"), "no folder");
+        QVERIFY(replaceFolderByFile(f));
         CDraftKeeper &drafts = f.documents().drafts();
         QSignalSpy spy(&drafts, &CDraftKeeper::workingChanged);
         CDocument *pDocument = f.open(f.file("a.txt", "old"));
@@ -335,14 +343,33 @@ private slots:
         QCOMPARE(draftFiles(f).size(), 1);
     }
 
+    // Nothing is typed after the failure, so only the timer can bring the next try.
+    void draftsThatCannotBeWritten_areTriedAgainByThemselves()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("A folder goes only when nobody has a file of it open.");
+#endif
+        CDocumentsFixture f;
+        QVERIFY(replaceFolderByFile(f));
+        CDraftKeeper &drafts = f.documents().drafts();
+        f.type(f.open(f.file("a.txt", "old")), "mine ");
+        drafts.flush();
+        QVERIFY(!drafts.isWorking());
+        QVERIFY(QFile::remove(f.path("recovery")));
+        auto *pTimer = drafts.findChild<QTimer *>();
+        QVERIFY(pTimer->isActive());
+        pTimer->start(0); // Users wait for 20 seconds.
+        QTRY_VERIFY(drafts.isWorking());
+        QCOMPARE(draftFiles(f).size(), 1);
+    }
+
     void keptTextThatCannotBeWritten_isTriedAgain()
     {
 #ifdef Q_OS_WIN
         QSKIP("A folder goes only when nobody has a file of it open.");
 #endif
         CDocumentsFixture f;
-        QVERIFY(QDir(f.path("recovery")).removeRecursively());
-        f.write(f.path("recovery"), "no folder");
+        QVERIFY(replaceFolderByFile(f));
         CDocument *pDocument = f.open(f.file("a.txt", "old"));
         f.type(pDocument, "mine ");
         f.documents().closeDropping(pDocument); // No document holds it any more.

@@ -13,7 +13,7 @@
 class CEditorCase
 {
 protected:
-    using Ends = QPair<int, int>; // Of a selection: its anchor, the cursor's position.
+    using Ends = QPair<int, int>; // A selection: its anchor and the cursor's position.
 
     void makeEditor()
     {

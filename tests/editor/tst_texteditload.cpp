@@ -131,7 +131,7 @@ void tst_texteditload::separatorsSurvive_undoAndFurtherTyping()
 void tst_texteditload::codec_isChosenByTheData_data()
 {
     QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("strCodec"); // empty: whatever the library has first
+    QTest::addColumn<QString>("strCodec"); // Empty for whatever the library has first.
     QTest::addColumn<QString>("strText");
     QTextCodec *pShiftJis = QTextCodec::codecForName("Shift_JIS");
     const QString strKana = QStringLiteral("日本語のテキスト、カタカナ\n");

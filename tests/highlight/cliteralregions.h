@@ -37,7 +37,7 @@ private:
     using ElementPtr = std::shared_ptr<SElement>;
     struct SOpen
     {
-        ElementPtr pElement; // null: the text of an embedded language
+        ElementPtr pElement; // Null in the text of an embedded language.
         int nLanguage;
         QString strKey;
         bool bSecondHalf = false;
@@ -46,7 +46,7 @@ private:
     struct SLanguage
     {
         ElementPtr pRegions;
-        QMap<QString, ElementPtr> mapNamed; // regions by name
+        QMap<QString, ElementPtr> mapNamed; // Regions by name.
         QMap<QString, ElementPtr> mapGroups;
         Qt::CaseSensitivity sensitivity = Qt::CaseSensitive;
     };
@@ -95,5 +95,5 @@ private:
     QString m_strKinds;
     int m_nAt = 0;
     QHash<QString, QRegExp> m_mapPatterns;
-    QHash<QString, SMatch> m_mapMatches; // in the line
+    QHash<QString, SMatch> m_mapMatches; // Within the line.
 };

@@ -21,16 +21,16 @@ struct SDefinitionFile
     };
 
     QString path;
-    QString baseName; // up to the first dot: the key that decides between two claims
-    QString error; // why the file is not well-formed; empty when it is
+    QString baseName; // Up to the first dot. It decides between two claims.
+    QString error; // Why the file is not well-formed. Empty if it is.
     QString name;
     QStringList patterns;
     bool caseSensitive = false;
     QVector<SComment> comments;
     QVector<SList> lists;
     QString tagOpen, tagClose;
-    QVector<QPair<QString, QString>> regionPatterns; // attribute and pattern
-    QStringList groups, names; // that the regions declare
+    QVector<QPair<QString, QString>> regionPatterns; // Attribute and pattern.
+    QStringList groups, names; // Those that the regions declare.
     QStringList groupsUsed, namesUsed, languagesUsed;
 };
 

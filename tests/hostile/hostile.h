@@ -12,7 +12,7 @@ struct SHostileFile
     enum class Kind { Page, Picture, Drawing, Text };
 
     Kind kind = Kind::Text;
-    QString strName; // Of the file; no two are the same.
+    QString strName; // The name of the file. No two are the same.
     QByteArray data;
     QMap<QString, QByteArray> mapBeside; // Other files in its folder, by their names.
 };

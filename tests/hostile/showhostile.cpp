@@ -28,8 +28,8 @@
 
 namespace {
 
-// Of the processor. The page engine would take minutes for many a page; the dearest page that is
-// opened takes one or two, and three on a machine that does other things, too.
+// Seconds of processor time. The page engine would take minutes for many of the pages. The dearest
+// page that is opened takes one or two seconds, and three on a busy machine.
 constexpr rlim_t g_nSeconds = 10;
 constexpr rlim_t g_nMostBytes = 8UL * 1024 * 1024 * 1024;
 constexpr int g_nStill = 300; // Milliseconds after which nothing more is expected.

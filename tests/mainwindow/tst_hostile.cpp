@@ -23,7 +23,7 @@
 
 namespace {
 
-// Of the processors' time, in milliseconds.
+// Milliseconds of processor time.
 #ifdef QUILLAN_ADDRESS_SANITIZER
 const int g_nLongestPause = 10000; // Everything takes several times as long.
 #else

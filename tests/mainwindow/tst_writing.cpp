@@ -86,7 +86,7 @@ QString xmlError(const QByteArray &source)
 }
 
 #ifndef Q_OS_WIN // Has no tidy.
-// Of an HTML file, by another program; empty for none.
+// What another program finds wrong in an HTML file. Empty if it finds nothing.
 QByteArray tidyErrors(const QString &strPath)
 {
     QProcess tidy;

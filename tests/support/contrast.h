@@ -27,8 +27,9 @@ inline double ratio(const QColor &clr1, const QColor &clr2)
     return d1 > d2 ? d1 / d2 : d2 / d1;
 }
 
-// Of the most frequent colour of a widget's picture, its background, and the one that stands out
-// most from it, the core of its letters. Frames must be fainter than the letters.
+// The contrast between the most frequent colour of a widget's picture, which is its background, and
+// the colour that differs most from it, which is that of its letters. Frames must be fainter than
+// letters.
 inline double ofText(QWidget *pWidget)
 {
     // Cut out of the window, with what lies under the widget.

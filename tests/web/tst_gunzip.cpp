@@ -66,7 +66,7 @@ private slots:
     void damagedFile_isRefused()
     {
         const QByteArray file = gzipped(noise(300));
-        const int nHeader = 10; // Of which little matters.
+        const int nHeader = 10; // Most of its bytes change nothing.
         for (int nAt = nHeader; nAt < file.size(); ++nAt) {
             QByteArray damaged = file;
             damaged[nAt] = char(damaged.at(nAt) ^ 0x55);

@@ -67,7 +67,7 @@ void tst_realpages::oneChange_leavesTheOtherLines()
                                  [&](const Author::SAction &a) { return action == a.szName; });
     QRandomGenerator random(4711);
     CPageReader reader;
-    // Of each page: lines changed beside one, or beside those of the page that changed.
+    // For each page: the number of lines that changed beside those that had to.
     QVector<int> lstOther;
     for (const SRealPage &page : allPages()) {
         const CWebCase c;
