@@ -127,7 +127,10 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
     if (!bFormatsOnly && !changeLines() && !changeRows(nFrom, nRemoved + nAdded))
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     m_nBlocks = document()->blockCount();
-    m_nRevision = document()->revision();
+    // QTextDocument::setPlainText() clears the document first. It may do so within an edit, which
+    // then goes on with the same revision.
+    const bool bCleared = nAdded == 0 && document()->isEmpty();
+    m_nRevision = bCleared ? -1 : document()->revision();
 }
 
 int CPlainTextLayout::longestLine()

@@ -64,7 +64,7 @@ private:
     QVector<QTextBlock> m_lstChanged;
     int m_nFormatsAt = -1; // The position of the block whose formats alone change; -1 if none.
     FormatSource m_source;
-    int m_nRevision = -1; // The document's revision after the last edit.
+    int m_nRevision = -1; // The document's revision after the last edit. -1 if one may go on.
     bool m_bInChange = false; // documentChanged() is running.
     // They stand in blocks that get their formats after the edit. A cursor stays valid where a
     // block may not.

@@ -54,7 +54,7 @@ CHANGES = [
     (r"\bfalse\b", "true"),
     (r"(?<=if \()(?=[^;]*\)( \{)?$)", "!bool "),
     # A value that is empty already is left alone.
-    (r"\breturn (?!(?:false|nullptr|-?0|\w*\(\)|\{\});$)([^;]+);$", "return {};"),
+    (r"\breturn (?!(?:false|nullptr|std::nullopt|-?0|\w*\(\)|\{\});$)([^;]+);$", "return {};"),
     (r"^(\s+)(?!return|break|continue|case|const|auto|static|using|else|if|for|while)[\w:.>()-]+\(.*\);$", r"\1;"),
 ]
 

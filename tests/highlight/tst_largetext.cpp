@@ -23,6 +23,7 @@ private slots:
     void clearedFormats_areGoneEverywhereUntilTheNextPass();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole_data();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole();
+    void blockLaidOutWhileATextIsReplaced_waitsForItsLine();
     void blockLaidOutAtTheEndOfAnEdit_hasItsFormatsAtOnce();
     void edit_isToldAsWhatItIs_afterBlocksWereLaidOut();
     void whoListensToTheSignals_getsEveryResult();
@@ -330,6 +331,25 @@ void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole()
     QCOMPARE(editor.document.lines()->text(editor.nAbove + 2), QString("c = 345"));
     QVERIFY(editor.rest());
     QCOMPARE(editor.shown(0).size(), 2);
+    QCOMPARE(difference(editor.document, CHighlightRules()), QString());
+}
+
+// A widget's setPlainText() lays out the last block within its edit, after Qt has cleared the
+// document and before the new lines are known.
+void tst_largetext::blockLaidOutWhileATextIsReplaced_waitsForItsLine()
+{
+    SLargeEditor editor;
+    editor.setText(QString("a = 1\n").repeated(2000));
+    QVERIFY(editor.rest());
+    QTextCursor cursor(&editor.document);
+    cursor.beginEditBlock();
+    editor.document.setPlainText(QString("b = 2\n").repeated(3000));
+    cursor.select(QTextCursor::Document);
+    QVERIFY(isLaidOut(editor.document.lastBlock()));
+    cursor.setCharFormat(QTextCharFormat());
+    cursor.endEditBlock();
+    QCOMPARE(editor.document.lines()->count(), 3001);
+    QVERIFY(editor.rest());
     QCOMPARE(difference(editor.document, CHighlightRules()), QString());
 }
 

@@ -6,6 +6,7 @@
 #include "editor/longlines.h"
 #include "editor/textreading.h"
 #include "findinfiles/cwidgetfindinfiles.h"
+#include "highlight/ctextdocument.h"
 #include "mainwindow/cfinddock.h"
 #include "mainwindow/cnoticebar.h"
 #include "mainwindow/cpasttabs.h"
@@ -391,6 +392,42 @@ private slots:
         QVERIFY(pDocument->setCodec("windows-1252").isDone());
         QVERIFY(!pDocument->isArriving() && pDocument->isModified());
         QVERIFY(f.editor()->getText().startsWith("typed w"));
+    }
+
+    // From this size on, blocks get their colours when they are laid out.
+    void veryLargeText_isReplacedAtOnce_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char *szWay : {"text codec", "file became small", "draft"})
+            QTest::newRow(szWay) << szWay;
+    }
+    void veryLargeText_isReplacedAtOnce()
+    {
+        QFETCH(QString, way);
+        CWindowFixture f;
+        const QString strPath = f.file("large.xml", largeText("<w\xc3\xb6rd/>"));
+        CDocument *pDocument = open(f, strPath);
+        f.editor()->textDocument()->setLargeFrom(1000);
+        QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+        QTest::keyClick(f.editor(), Qt::Key_End, Qt::ControlModifier);
+        f.editor()->insertPlainText("<typed/>");
+        QByteArray expected = largeText("<w\xc3\xb6rd/>") + "<typed/>";
+        if (way == "file became small") {
+            expected = QByteArray("<other/>\n").repeated(500);
+            f.file("large.xml", expected);
+            const CBoxAnswer answer({QMessageBox::Yes});
+            f.window().on_actionRefresh_triggered();
+        } else if (way == "draft") {
+            f.editor()->onRefresh();
+            QTRY_VERIFY_WITH_TIMEOUT(!pDocument->isArriving(), 60000);
+            QVERIFY(press(f, "Restore"));
+        } else {
+            QVERIFY(pDocument->setCodec("windows-1252").isDone());
+        }
+        QVERIFY(!pDocument->isArriving());
+        const QTextCodec *pCodec = QTextCodec::codecForName(pDocument->codecName().toLatin1());
+        QCOMPARE(pCodec->fromUnicode(f.editor()->getText()), expected);
+        QTRY_VERIFY(!f.editor()->document()->lastBlock().previous().layout()->formats().isEmpty());
     }
 
     // The other program's version is shown by Refresh, not by the way.
