@@ -111,6 +111,9 @@ void CPlainTextLayout::fetchWaiting()
 // The extent is that of formats alone only if no edit is noted with them.
 void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
 {
+    // QTextDocument::setPlainText() clears the document first. It may do so within an edit, which
+    // then goes on with the same revision.
+    const bool bCleared = nAdded == 0 && document()->isEmpty();
     const QTextBlock line = std::exchange(m_line, QTextBlock());
     const bool bFormatsOnly = nFrom == m_nFormatsAt && nRemoved == nAdded
         && nAdded == document()->findBlock(nFrom).length();
@@ -127,9 +130,6 @@ void CPlainTextLayout::documentChanged(int nFrom, int nRemoved, int nAdded)
     if (!bFormatsOnly && !changeLines() && !changeRows(nFrom, nRemoved + nAdded))
         QPlainTextDocumentLayout::documentChanged(nFrom, nRemoved, nAdded);
     m_nBlocks = document()->blockCount();
-    // QTextDocument::setPlainText() clears the document first. It may do so within an edit, which
-    // then goes on with the same revision.
-    const bool bCleared = nAdded == 0 && document()->isEmpty();
     m_nRevision = bCleared ? -1 : document()->revision();
 }
 

@@ -23,6 +23,7 @@ private slots:
     void clearedFormats_areGoneEverywhereUntilTheNextPass();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole_data();
     void blockLaidOutWithinAnEdit_leavesTheEditWhole();
+    void blockLaidOutWhileATextIsReplaced_waitsForItsLine_data();
     void blockLaidOutWhileATextIsReplaced_waitsForItsLine();
     void blockLaidOutAtTheEndOfAnEdit_hasItsFormatsAtOnce();
     void edit_isToldAsWhatItIs_afterBlocksWereLaidOut();
@@ -334,12 +335,20 @@ void tst_largetext::blockLaidOutWithinAnEdit_leavesTheEditWhole()
     QCOMPARE(difference(editor.document, CHighlightRules()), QString());
 }
 
+void tst_largetext::blockLaidOutWhileATextIsReplaced_waitsForItsLine_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::newRow("many lines") << QString("a = 1\n").repeated(2000);
+    QTest::newRow("one line") << QString("a = 1");
+}
+
 // A widget's setPlainText() lays out the last block within its edit, after Qt has cleared the
 // document and before the new lines are known.
 void tst_largetext::blockLaidOutWhileATextIsReplaced_waitsForItsLine()
 {
+    QFETCH(QString, before);
     SLargeEditor editor;
-    editor.setText(QString("a = 1\n").repeated(2000));
+    editor.document.setPlainText(before);
     QVERIFY(editor.rest());
     QTextCursor cursor(&editor.document);
     cursor.beginEditBlock();

@@ -11,6 +11,7 @@
 #include "app/cdraftstore.h"
 #include "document/cdocument.h"
 #include "editor/textreading.h"
+#include "highlight/ctextdocument.h"
 #include "mainwindow/cnoticebar.h"
 #include "tests/support/boxanswer.h"
 
@@ -18,6 +19,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRandomGenerator>
+#include <QTextBlock>
 
 namespace {
 
@@ -75,6 +77,7 @@ private slots:
         QFETCH(uint, seed);
         QDir(CWindowFixture::draftFolder()).removeRecursively();
         m_random.seed(seed);
+        m_bLarge = seed % 2;
         m_mapDisk.clear();
         m_setOwed.clear();
         m_setOnDraft.clear();
@@ -106,6 +109,8 @@ private:
 
     void step()
     {
+        if (m_bLarge && m_pFixture->editor())
+            m_pFixture->editor()->textDocument()->setLargeFrom(1000);
         const int nStep = below(100);
         if (nStep < 32)
             type();
@@ -129,8 +134,10 @@ private:
             saveAs();
         else if (nStep < 95)
             answerNotice();
-        else if (nStep < 99)
+        else if (nStep < 97)
             pause();
+        else if (nStep < 99)
+            rearrange();
         else
             restart(below(2));
         QCoreApplication::processEvents();
@@ -150,6 +157,38 @@ private:
         note(QStringLiteral("type %1").arg(nToken));
         m_pFixture->editor()->insertPlainText(QStringLiteral("[%1]").arg(nToken));
         m_setOwed.insert(nToken);
+    }
+
+    // Commands after which every token is still there.
+    void rearrange()
+    {
+        CHighlightEdit *pEditor = m_pFixture->editor();
+        if (!pEditor || pEditor->isReadOnly())
+            return;
+        const int nCommand = below(6);
+        note(QStringLiteral("rearrange %1").arg(nCommand));
+        if (nCommand == 0) {
+            QTextCursor cursor(
+                pEditor->document()->findBlockByNumber(below(pEditor->blockCount())));
+            pEditor->setTextCursor(cursor);
+        } else if (nCommand == 1) {
+            pEditor->selectAll();
+            pEditor->cut();
+            pEditor->undo();
+        } else if (nCommand == 2) {
+            pEditor->selectAll();
+            QTest::keyClick(pEditor, Qt::Key_Tab);
+            pEditor->undo();
+        } else if (nCommand == 3) {
+            pEditor->setLineWrap(below(2));
+        } else if (nCommand == 4) {
+            pEditor->moveCursor(QTextCursor::StartOfBlock);
+            pEditor->insertPlainText(QStringLiteral("\n").repeated(1 + below(100)));
+        } else {
+            pEditor->undo();
+            pEditor->redo();
+        }
+        pEditor->moveCursor(QTextCursor::EndOfBlock); // What is typed must replace nothing.
     }
 
     void open()
@@ -442,6 +481,7 @@ private:
 
     std::unique_ptr<CWindowFixture> m_pFixture;
     QRandomGenerator m_random;
+    bool m_bLarge = false; // Texts of more than a screen count as very large.
     QString m_strFolder;
     QString m_strStep;
     QStringList m_lstSteps;
