@@ -4,19 +4,18 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-const int g_nDelay = 3000; // Milliseconds after the last change.
-const int g_nLongestDelay = 20000; // The longest wait while somebody types without a pause.
-
-} // namespace
-
 CDraftKeeper::CDraftKeeper(const QString &strFolder, QObject *pParent)
     : QObject(pParent), m_store(strFolder)
 {
     m_pool.setMaxThreadCount(1);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &CDraftKeeper::writeDue);
+}
+
+void CDraftKeeper::setDelays(int nPause, int nLongest)
+{
+    m_nPause = nPause;
+    m_nLongestDelay = nLongest;
 }
 
 CDraftKeeper::~CDraftKeeper()
@@ -43,7 +42,7 @@ void CDraftKeeper::adopt(CDocument *pDocument, const SDraft &draft)
     const bool bUnwritten = m_unwritten.remove(draft.strId) > 0;
     m_entries.insert(pDocument, {draft.strId, bUnwritten});
     if (bUnwritten)
-        m_timer.start(g_nDelay);
+        m_timer.start(m_nPause);
 }
 
 void CDraftKeeper::onChanged(CDocument *pDocument)
@@ -55,8 +54,8 @@ void CDraftKeeper::onChanged(CDocument *pDocument)
     m_entries[pDocument].bDue = true;
     if (!m_sinceFirstChange.isValid())
         m_sinceFirstChange.start();
-    const qint64 nLeft = g_nLongestDelay - m_sinceFirstChange.elapsed();
-    m_timer.start(int(qBound(qint64(0), nLeft, qint64(g_nDelay))));
+    const qint64 nLeft = m_nLongestDelay - m_sinceFirstChange.elapsed();
+    m_timer.start(int(qBound(qint64(0), nLeft, qint64(m_nPause))));
 }
 
 // Saved, or closed on the user's word: nothing is left to keep.
@@ -156,7 +155,7 @@ void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
         for (SEntry &entry : m_entries)
             entry.bDue = entry.bDue || entry.strId == strId;
         if (!m_timer.isActive())
-            m_timer.start(g_nLongestDelay);
+            m_timer.start(m_nLongestDelay);
     } else {
         m_unwritten.remove(strId);
     }

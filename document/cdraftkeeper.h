@@ -40,6 +40,10 @@ public:
     // Adds the text; false when it cannot be read.
     bool read(SDraft *pDraft) { return m_store.read(pDraft->strId, pDraft); }
 
+    // For tests. A draft is written after so many milliseconds without a change, and after nLongest
+    // milliseconds in any case.
+    void setDelays(int nPause, int nLongest);
+
     // False while drafts cannot be written; why() gives the system's reason.
     bool isWorking() const { return m_strFailure.isEmpty(); }
     QString why() const { return m_strFailure; }
@@ -67,6 +71,8 @@ private:
     QHash<QString, SDraft> m_unwritten; // Drafts that are kept but not yet on the disk, by id.
     QString m_strFailure;
     int m_nGeneration = 0; // The number of the store's folder.
+    int m_nPause = 3000;
+    int m_nLongestDelay = 20000;
     QTimer m_timer {this};
     QElapsedTimer m_sinceFirstChange;
     QThreadPool m_pool; // One thread: the writes of a draft stay in order.

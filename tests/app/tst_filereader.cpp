@@ -1,13 +1,13 @@
 #include "app/filereader.h"
 #include "support/faults.h"
 #include "support/files.h"
+#include "support/memorylimit.h"
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -64,27 +64,6 @@ QByteArray pattern(int nSize)
         bytes[n] = char(n * 31 + n / 251);
     return bytes;
 }
-
-// The bytes of address space that this process may still take, while it lives.
-class CMemoryLimit
-{
-public:
-    explicit CMemoryLimit(qint64 nMore)
-    {
-        getrlimit(RLIMIT_AS, &m_before);
-        QFile sizes("/proc/self/statm");
-        if (!sizes.open(QIODevice::ReadOnly))
-            qFatal("no /proc");
-        rlimit limit = m_before;
-        limit.rlim_cur =
-            rlim_t(sizes.readAll().split(' ').first().toLongLong() * sysconf(_SC_PAGESIZE) + nMore);
-        setrlimit(RLIMIT_AS, &limit);
-    }
-    ~CMemoryLimit() { setrlimit(RLIMIT_AS, &m_before); }
-
-private:
-    rlimit m_before = {};
-};
 
 } // namespace
 

@@ -74,6 +74,16 @@ private slots:
         QTRY_VERIFY(!pDocument->notice().strText.isEmpty());
     }
 
+    void newPlaceOfASavedFile_isWatched()
+    {
+        CDocumentsFixture f;
+        QVERIFY(QDir(f.path("")).mkdir("sub"));
+        CDocument *pDocument = f.open(f.file("a.txt", "text"));
+        QVERIFY(pDocument->saveAs(f.path("sub/b.txt")).isDone());
+        f.write(f.path("sub/b.txt"), "theirs");
+        QTRY_VERIFY(pDocument->notice().strText.contains("b.txt"));
+    }
+
     void refresh_answersTheNotice()
     {
         CDocumentsFixture f;

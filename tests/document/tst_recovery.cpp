@@ -343,6 +343,23 @@ private slots:
         QCOMPARE(draftFiles(f).size(), 1);
     }
 
+    void typingWithoutAPause_isKeptNowAndThen()
+    {
+        CDocumentsFixture f;
+        CDraftKeeper &drafts = f.documents().drafts();
+        drafts.setDelays(1000, 2000);
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        QVERIFY(QTest::qWaitFor(
+            [&] {
+                f.type(pDocument, "x");
+                return !draftFiles(f).isEmpty();
+            },
+            60000));
+        drafts.flush();
+        f.type(pDocument, "y");
+        QCOMPARE(drafts.findChild<QTimer *>()->interval(), 1000); // Not at each key from then on.
+    }
+
     // Nothing is typed after the failure, so only the timer can bring the next try.
     void draftsThatCannotBeWritten_areTriedAgainByThemselves()
     {

@@ -8,6 +8,9 @@
 #include "tests/editor/definitions.h"
 #include "tests/editor/randomtext.h"
 #include "tests/editor/withsettings.h"
+#ifdef Q_OS_LINUX
+#include "tests/support/memorylimit.h"
+#endif
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -479,6 +482,28 @@ private slots:
         edit.setTextData("text", false);
         QVERIFY(edit.isReadOnly());
     }
+
+#ifdef Q_OS_LINUX
+    void textThatMemoryCannotShow_isRefused_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("many characters") << QByteArray(QByteArray(999, 'x') + '\n').repeated(30000);
+        QTest::newRow("many lines") << QByteArray(500000, '\n');
+    }
+    void textThatMemoryCannotShow_isRefused()
+    {
+#ifdef QUILLAN_ADDRESS_SANITIZER
+        QSKIP("The address sanitizer takes terabytes of address space.");
+#endif
+        QFETCH(QByteArray, text);
+        const SArrivedText shown = slicesOf(contentOf(text), STextRequest(), SArrivalSteps());
+        QCOMPARE(shown.content.fault, SFileContent::Fault::None);
+        const CMemoryLimit limit(100 << 20);
+        const SArrivedText refused = slicesOf(contentOf(text), STextRequest(), SArrivalSteps());
+        QCOMPARE(refused.content.fault, SFileContent::Fault::NoMemory);
+        QVERIFY(refused.slices.isEmpty());
+    }
+#endif
 
     void editorThatGoesMeanwhile_isClean()
     {

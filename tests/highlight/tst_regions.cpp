@@ -117,6 +117,11 @@ void tst_regions::text_isDividedAsDeclared_data()
         "<region start='\\$' end='\\$' firm='true' inner='top'/>"
         "<region start=\"'\" end=\"'\" lines='many' as='string'/>",
         "$ don't $ a", ".....sss...|");
+    add("what follows a firm end begins after it",
+        "<region start='\\$' end='\\$&quot;' firm='true' inner='top'/>"
+        "<region start=\"'\" end=\"'\" lines='many' as='string'/>"
+        "<region start='&quot;' end='&quot;' as='string'/>",
+        "$ don't $\"a\"b", ".....sss...ss|");
     add("next",
         "<region start='a' end='b' as='string' next='n'/><region name='n' end='c'"
         " as='comment'/>",
