@@ -343,6 +343,19 @@ private slots:
         QCOMPARE(draftFiles(f).size(), 1);
     }
 
+    void restoredText_takesThePlaceOfTheDocumentsDraft()
+    {
+        CDocumentsFixture f;
+        CDocument *pDocument = f.open(f.file("a.txt", "old"));
+        f.type(pDocument, "mine ");
+        f.documents().drafts().flush();
+        pDocument->editor()->onRefresh();
+        QVERIFY(choose(pDocument->notice(), "Restore"));
+        QVERIFY(pDocument->editor()->getText().startsWith("mine "));
+        f.documents().drafts().flush();
+        QCOMPARE(draftFiles(f).size(), 1);
+    }
+
     void typingWithoutAPause_isKeptNowAndThen()
     {
         CDocumentsFixture f;
