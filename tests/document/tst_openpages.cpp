@@ -182,6 +182,19 @@ private slots:
         QTRY_COMPARE(shownText(*pDocument), QString::fromUtf8("cafÚ"));
     }
 
+    void typedSource_inACodecThatDoesNotFit_asksBeforeASave()
+    {
+        CDocumentsFixture f;
+        CPageDocument *pDocument = openPage(f, QByteArray("<meta charset=latin1>") + g_szLatin);
+        pDocument->showSource(true);
+        pDocument->editor()->insertPlainText("<!-- mine -->");
+        QVERIFY(pDocument->setCodec("UTF-8").isDone());
+        QVERIFY(sourceOf(*pDocument).contains(QChar(QChar::ReplacementCharacter)));
+        QVERIFY(!pDocument->isWhole());
+        QVERIFY(!pDocument->save().isDone());
+        QVERIFY(f.content(pDocument->path()).endsWith(g_szLatin));
+    }
+
     void typedSourceThatTheCodecCannotHold_isKeptAndOffered()
     {
         CDocumentsFixture f;

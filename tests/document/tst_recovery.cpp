@@ -370,7 +370,11 @@ private slots:
             60000));
         drafts.flush();
         f.type(pDocument, "y");
-        QCOMPARE(drafts.findChild<QTimer *>()->interval(), 1000); // Not at each key from then on.
+        auto *pTimer = drafts.findChild<QTimer *>();
+        QCOMPARE(pTimer->interval(), 1000); // Not at each key from then on.
+        QSignalSpy spy(pTimer, &QTimer::timeout);
+        QVERIFY(spy.wait());
+        QVERIFY(!pTimer->isActive()); // A program that is left alone has nothing to write.
     }
 
     // Nothing is typed after the failure, so only the timer can bring the next try.

@@ -333,9 +333,12 @@ void tst_bracketmatch::brackets_areMarkedInTheView()
         const QRect spot = m_pEdit->cursorRect(cursor);
         const QImage image = m_pEdit->viewport()->grab().toImage();
         bool bMarked = false;
-        for (int nX = 0; nX < 6; ++nX)
+        bool bFramed = false;
+        for (int nX = 0; nX < 6; ++nX) {
             bMarked |= image.pixelColor(spot.left() + nX, spot.top() + 2) == QColor("#d5e5fb");
-        return bMarked;
+            bFramed |= image.pixelColor(spot.left() + nX, spot.top()) == QColor("#6b98d6");
+        }
+        return bMarked && bFramed;
     };
     QVERIFY(!isMarked(6) && !isMarked(8));
     m_pEdit->setCarets(CCarets(SCaret {6, 6}));

@@ -19,6 +19,7 @@ private slots:
     void tab_swapsTheSelectionsEnds();
     void tab_isOneUndoStep();
     void tab_isUndoneWithItsSelection();
+    void undoKey_undoesOneStep();
     void backtab_removesOneStepFromEachLine();
     void backtab_withoutShift_indents();
     void tab_inOneLine_replacesTheSelection();
@@ -405,6 +406,20 @@ void tst_keys::readOnlyEditor_isNotChanged()
     m_pEdit->selectAll();
     press(Qt::Key_Tab);
     QCOMPARE(m_pEdit->toPlainText(), QString("  a\nb{"));
+}
+
+void tst_keys::undoKey_undoesOneStep()
+{
+    show("a");
+    QTextCursor(m_pEdit->document()).insertText("1");
+    QTextCursor(m_pEdit->document()->lastBlock()).insertBlock();
+    QCOMPARE(m_pEdit->document()->availableUndoSteps(), 2);
+    QTest::keyClick(m_pEdit.get(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_pEdit->document()->availableUndoSteps(), 1);
+    QTest::keyClick(m_pEdit.get(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_pEdit->toPlainText(), QString("a"));
+    QTest::keyClick(m_pEdit.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(m_pEdit->document()->availableUndoSteps(), 1);
 }
 
 QTEST_MAIN(tst_keys)
