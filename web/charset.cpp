@@ -9,8 +9,8 @@ namespace {
 
 struct SRange
 {
-    int m_nStart = -1;
-    int m_nLength = 0;
+    int nStart = -1;
+    int nLength = 0;
 };
 
 bool namesUtf8(const QStringRef &strName)
@@ -66,13 +66,13 @@ SRange declaredByXml(const QString &strHtml)
 QString declaredCharset(const QString &strHtml)
 {
     const SRange byXml = declaredByXml(strHtml);
-    if (byXml.m_nLength > 0)
-        return strHtml.mid(byXml.m_nStart, byXml.m_nLength).trimmed();
+    if (byXml.nLength > 0)
+        return strHtml.mid(byXml.nStart, byXml.nLength).trimmed();
     CHtmlTokenizer tokenizer(strHtml);
     while (tokenizer.next()) {
         const SRange range = declaredIn(strHtml, tokenizer.token());
-        if (range.m_nLength > 0)
-            return strHtml.mid(range.m_nStart, range.m_nLength).trimmed();
+        if (range.nLength > 0)
+            return strHtml.mid(range.nStart, range.nLength).trimmed();
     }
     return QString();
 }
@@ -82,11 +82,11 @@ QString declareUtf8(const QString &strHtml)
     QString strResult;
     int nCopied = 0;
     const auto change = [&](SRange range) {
-        if (range.m_nLength <= 0 || namesUtf8(strHtml.midRef(range.m_nStart, range.m_nLength)))
+        if (range.nLength <= 0 || namesUtf8(strHtml.midRef(range.nStart, range.nLength)))
             return;
-        strResult += strHtml.midRef(nCopied, range.m_nStart - nCopied);
+        strResult += strHtml.midRef(nCopied, range.nStart - nCopied);
         strResult += QLatin1String("utf-8");
-        nCopied = range.m_nStart + range.m_nLength;
+        nCopied = range.nStart + range.nLength;
     };
     change(declaredByXml(strHtml));
     // Most pages declare once, at their start. The walk ends where no other declaration can follow.
