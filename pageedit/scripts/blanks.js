@@ -1,10 +1,11 @@
-// Blanks, which the web view writes as it needs them to be seen. Whatever becomes another one here
-// keeps its place in the text, so that the steps of typing around it go on working.
+// The web view writes a blank as a non-breaking space where an ordinary one would not be seen.
+// These functions put the page's own kind back. Each blank keeps its place in the text, so that the
+// web view's steps of undo still work.
 
 var besideTyping = null; // The text that is typed into, as it was.
 
-// Before something is typed or deleted beside a non-breaking space of the page, which the web view
-// takes for one of its own. False where there is none.
+// Called before something is typed or deleted. Notes the page's non-breaking spaces beside the
+// caret, because the web view would take them for its own. False if there are none.
 edits.noteBlanks = function() {
     var r = selectedRange(), t = r && r.collapsed ? r.startContainer : null, at;
     besideTyping = null;
@@ -17,7 +18,7 @@ edits.noteBlanks = function() {
     return true;
 };
 
-// Afterwards: the page's own non-breaking spaces come back.
+// Called afterwards. Puts the page's non-breaking spaces back.
 edits.keepBlanks = function() {
     var note = besideTyping, t = note && note.text, more = t ? t.data.length - note.data.length : 0;
     var r = selectedRange(), i, j, from, caret, changed = false;
@@ -40,7 +41,7 @@ edits.keepBlanks = function() {
     return changed;
 };
 
-// The web view leaves texts without a letter.
+// The web view leaves empty texts behind.
 function isHollow(n) { return isComment(n) || (isText(n) && !n.data); }
 
 function endsInText(n) {
@@ -50,7 +51,8 @@ function endsInText(n) {
     return false;
 }
 
-// Whether something is seen right before a place in a text, for which a blank would be seen, too.
+// Whether something visible stands right before a place in a text, so that a blank there would be
+// visible, too.
 function followsText(t, at) {
     var n = t, k;
     if (at > 0)
@@ -62,7 +64,7 @@ function followsText(t, at) {
     return false;
 }
 
-// Whether the caret stands behind a blank in a text.
+// Whether the caret stands after a blank in a text.
 edits.isBehindBlank = function() {
     var r = selectedRange(), t = r && r.collapsed ? r.startContainer : null;
     return isText(t) && r.startOffset > 0 && /[ \u00a0]/.test(t.data.charAt(r.startOffset - 1));
@@ -76,9 +78,9 @@ function isSeenBehind(n) {
     return false;
 }
 
-// The non-breaking space that the web view typed for a blank, as many characters before the caret,
-// becomes that blank; at the end of a line, where nobody would see it, nothing. The steps of typing
-// around it go on working: what follows in the text keeps its place.
+// Turns the non-breaking space that the web view typed for a blank, "behind" characters before the
+// caret, into a blank. Removes it at the end of a line, where a blank is invisible. Other text of
+// the node keeps its place, so that the steps of undo still work.
 edits.settleBlank = function(args) {
     var r = selectedRange(), t = r && r.collapsed ? r.startContainer : null, at;
     if (!isText(t))

@@ -1,9 +1,9 @@
-// Styles of paragraphs.
+// Changes the styles of paragraphs.
 
-// Blocks that hold bare text as a paragraph of its own.
+// Whether a block holds bare text, which is a paragraph without an element.
 function isPlainBlock(n) { return /^(li|td|th|dd|dt|figcaption|caption|summary|legend)$/.test(tag(n)); }
 
-// "p", "h1" … "h6", "pre", "blockquote".
+// Gives "p", "h1" … "h6", "pre" or "blockquote".
 function styleOf(u) {
     var t = tag(u.element);
     if (/^(h[1-6]|pre)$/.test(t))
@@ -13,7 +13,7 @@ function styleOf(u) {
 
 function isAlone(n) { return !previousOf(n) && !nextOf(n); }
 
-// Out of an element, which is cut in two where the node stood in the middle.
+// Moves a node out of an element. If the node stood in the middle, the element is cut in two.
 function liftOut(n, around) {
     var line = lineAt(around) || lineAt(n), second = null;
     if (n.nextSibling)
@@ -29,7 +29,7 @@ function liftOut(n, around) {
         insertLine(line, n.parentNode, second);
 }
 
-// Elements whose text is not the page's.
+// Whether an element's text is no text of the page.
 function keepsItsText(e) { return /^(script|style|template|textarea|select)$/.test(tag(e)); }
 
 function textsIn(e) {
@@ -44,7 +44,7 @@ function collapsed(text, lineStart) {
     return text.replace(/[ \t\r\n\f]+/g, ' ').replace(/^ /, lineStart ? '' : ' ');
 }
 
-// What a browser shows of the text becomes what stands in it.
+// Makes an element preformatted. Its text becomes what a browser shows of it.
 function intoPre(e) {
     var lineStart = true, n, next, shown;
     if (isEmpty(e))
@@ -128,7 +128,7 @@ function setQuotation(units) {
     });
 }
 
-// Lines of preformatted text are one text.
+// Makes the units one preformatted text, with a line for each.
 function setPreformatted(units) {
     var texts = units.map(function(u) { return convert(u, 'pre'); });
     groupsOf(texts).forEach(function(group) {

@@ -1,5 +1,5 @@
-// Elements and text. The document's functions are taken from their prototypes: in a page, an element
-// named "createElement" would otherwise stand in their place.
+// Works on elements and text. The document's functions are taken from their prototypes, because an
+// element of the page named "createElement" would hide the document's own.
 
 function inDocument(name, a, b, c, d) {
     return Document.prototype[name].call(document, a, b, c, d);
@@ -47,7 +47,8 @@ function isBlank(n) { return isText(n) && !/[^ \t\r\n\f]/.test(n.data); }
 function isComment(n) { return !!n && n.nodeType == 8; }
 function hasBlock(n) { return kids(n).some(function(k) { return isBlock(k) || hasBlock(k); }); }
 
-// The nearest of a node and its ancestors that the test holds for; null outside the body.
+// Gives the first of a node and its ancestors that passes the test. Null if there is none in the
+// body.
 function closest(n, test) {
     var b = body();
     for (; n && n != b; n = n.parentNode)
@@ -71,7 +72,7 @@ function moveAll(nodes, parent, next) {
     nodes.forEach(function(n) { parent.insertBefore(n, next || null); });
 }
 
-// Siblings into a new element in their place.
+// Moves siblings into a new element in their place.
 function wrap(nodes, e) {
     before(nodes[0], e);
     moveAll(nodes, e);
@@ -87,7 +88,7 @@ function copyAttributes(from, to) {
     [].slice.call(from.attributes).forEach(function(a) { to.setAttribute(a.name, a.value); });
 }
 
-// Another tag with the same attributes and content.
+// Replaces an element by one with another tag and the same attributes and content.
 function rename(e, name) {
     var n = make(name);
     copyAttributes(e, n);
@@ -97,8 +98,8 @@ function rename(e, name) {
     return n;
 }
 
-// Cuts an element before a child; what stands from there on goes into the second part, which is
-// returned. An id stays with the first part alone.
+// Cuts an element before a child. Returns the second part, which begins with the child. Only the
+// first part keeps the id.
 function splitBefore(e, child) {
     var second = make(tag(e)), n = child, next;
     copyAttributes(e, second);
@@ -111,7 +112,7 @@ function splitBefore(e, child) {
     return second;
 }
 
-// The same before a node deep in the element.
+// The same before any node within the element.
 function splitDeep(n, e) {
     var p = n, parent;
     do {
@@ -121,7 +122,7 @@ function splitDeep(n, e) {
     return p;
 }
 
-// Attributes are changed by these alone: they tell the recorder, which keeps their order.
+// Only these functions change attributes, because they tell the recorder, which keeps their order.
 function setAttribute(e, name, value) {
     touch(e);
     if (!value)
@@ -130,7 +131,8 @@ function setAttribute(e, name, value) {
         e.setAttribute(name, value);
 }
 
-// One property of a style attribute; the others stay as they are written. '' takes it away.
+// Sets one property of a style attribute, or removes it for ''. The others stay as they are
+// written.
 function setStyle(e, property, value) {
     var text = e.getAttribute('style') || '', found = false;
     var parts = (text.match(/(?:[^;"'(]|"[^"]*"|'[^']*'|\([^)]*\))+/g) || []).map(function(part) {
@@ -146,8 +148,8 @@ function setStyle(e, property, value) {
     setAttribute(e, 'style', parts.join('; ') + (parts.length && /;\s*$/.test(text) ? ';' : ''));
 }
 
-// The line end and indentation that the page has around a node; '' where it is not on a line of its
-// own.
+// Gives the line end and indentation before a node, or '' if the node does not stand on its own
+// line.
 function lineAt(n) {
     var t = n.previousSibling, m = isText(t) && /(\r?\n[ \t]*)$/.exec(t.data);
     if (!m) {
@@ -162,7 +164,8 @@ function insertLine(line, parent, next) {
         parent.insertBefore(makeText(line), next || null);
 }
 
-// A block whose end tag is left out has the line end before the next tag within itself. Puts it behind.
+// If the end tag of a block is left out, the line end before the next tag is inside the block.
+// Moves it after the block.
 function takeLineOut(block) {
     var t = block.lastChild, m;
     if (tag(block) == 'tr' && isElement(t))
@@ -178,7 +181,7 @@ function takeLineOut(block) {
 
 function isNothing(n) { return isBlank(n) || isComment(n); }
 
-// The neighbour behind blanks and comments.
+// Gives the next sibling, without blanks and comments.
 function nextOf(n) {
     for (n = n.nextSibling; n && isNothing(n); n = n.nextSibling) {}
     return n;
@@ -189,7 +192,8 @@ function previousOf(n) {
     return n;
 }
 
-// Nothing to be seen but the line break that keeps an empty paragraph open.
+// Whether an element shows nothing. The line break that keeps an empty paragraph open does not
+// count.
 function isEmpty(e) {
     return kids(e).every(function(n) {
         if (!isElement(n))
@@ -198,7 +202,7 @@ function isEmpty(e) {
     });
 }
 
-// An element without what it was on its line for.
+// Removes a node and the line end before it.
 function removeLine(n) {
     var t = n.previousSibling;
     if (isBlank(t) && /\n/.test(t.data))
@@ -206,14 +210,15 @@ function removeLine(n) {
     remove(n);
 }
 
-// Without the line end that a text has at its end.
+// Removes the line end at the end of a text.
 function trimEnd(t) {
     var m = isText(t) && /[ \t]*\r?\n[ \t]*$/.exec(t.data);
     if (m && m.index > 0)
         t.deleteData(m.index, m[0].length);
 }
 
-// Siblings, with blanks between them, in groups of those that stand together; with the blanks.
+// Divides siblings into groups of neighbours. Blanks and comments between neighbours belong to
+// their group.
 function groupsOf(nodes) {
     var groups = [], n, between;
     nodes.forEach(function(node) {
@@ -230,7 +235,7 @@ function groupsOf(nodes) {
     return groups;
 }
 
-// Siblings that stand on lines into an element that stands on lines.
+// Moves siblings into a new element. If they stand on lines, so do the element's tags.
 function wrapLines(nodes, e) {
     var line = lineAt(nodes[0]);
     wrap(nodes, e);
@@ -239,7 +244,7 @@ function wrapLines(nodes, e) {
     return e;
 }
 
-// The content of a sibling behind that of the one before it.
+// Appends the content of a later sibling to an element, and removes what stands between them.
 function joinInto(second, e) {
     var n = e.nextSibling, next;
     for (; n != second; n = next) {
@@ -252,7 +257,7 @@ function joinInto(second, e) {
     remove(second);
 }
 
-// Something that is a block out of the text and paragraphs it stands in, which it cuts in two.
+// Moves a block out of the paragraphs and inline elements around it, and cuts these in two.
 function hoist(e) {
     var p = e.parentNode, second, line;
     for (; !isBlock(p) || isParagraph(p); p = e.parentNode) {

@@ -1,20 +1,20 @@
-// Bold and italic letters, which the web view writes as "b" and "i", in the elements that the page
-// uses for them.
+// The web view writes bold and italic letters as "b" and "i". These functions use the elements that
+// the page uses.
 
 var meant = { b: 'strong', i: 'em' };
 var respelling = null; // What the page wrote before the web view's command, and how it writes.
 
-// Without a class: that is what pages draw icons with.
+// Counts only elements without a class, because pages use those with one for icons.
 function countOf(name) { return all(name + ':not([class])').length; }
 
 function balance(format) { return countOf(meant[format]) - countOf(format); }
 
-// A page that has neither goes by the other of the two.
+// Whether the page uses "strong" or "em" for a format. If it has neither, the other format decides.
 function isMeant(format) {
     return (balance(format) || balance(format == 'b' ? 'i' : 'b')) > 0;
 }
 
-// Asked before the web view's command.
+// Called before the web view's command.
 queries.formats = function() {
     var r = selectedRange();
     respelling = { known: all('b, i'), formats: ['b', 'i'].filter(isMeant) };
@@ -34,7 +34,7 @@ commands.respell = function() {
     keepSelection(respell);
 };
 
-// What was typed last, with the formats that were chosen for it; see commands.type.
+// Gives the text that was typed last the formats that were chosen for it; see commands.type.
 commands.dress = function(args) {
     var r = selectedRange(), t = r && r.collapsed ? r.startContainer : null, from;
     if (!isText(t) || r.startOffset < args.length)

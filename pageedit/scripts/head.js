@@ -1,4 +1,5 @@
-// What stands in the page's head and about the page as a whole, and where one can go in it.
+// Reads and changes the page's head and the properties of the whole page, and lists the places to
+// go to.
 
 function descriptionMeta() {
     return all('meta[name]').filter(function(e) {
@@ -86,7 +87,7 @@ function setSheets(wanted) {
     });
 }
 
-// Changes what differs from what the page has.
+// Changes only the properties that differ from the page's.
 commands.properties = function(args) {
     var html = first('html');
     setTitle(args.title);
@@ -107,7 +108,8 @@ function outlined() {
     }).slice(0, 1000);
 }
 
-// Headings with their level; with level 0 what else an address can name.
+// Gives the headings with their levels, and with level 0 the other elements that an address can
+// name.
 queries.outline = function() {
     return { places: outlined().map(function(e) {
         var m = /^h([1-6])$/.exec(tag(e));

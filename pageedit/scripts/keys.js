@@ -1,7 +1,7 @@
-// Keys that mean something of their own in lists, headings, quotations and preformatted text. A
-// command that changes nothing leaves the key to the web view.
+// Handles keys in lists, headings, quotations and preformatted text. If a command changes nothing,
+// the web view gets the key.
 
-// Whether nothing but a last line end stands between the caret and the end of its unit.
+// Whether the caret stands at the end of its unit. A last line end does not count.
 function isAtEnd(r, u) {
     var rest = inDocument('createRange');
     rest.selectNodeContents(u.element || u.parent);
@@ -22,11 +22,11 @@ function paragraphBehind(e) {
     caretAt(p, 0);
 }
 
-// What holds blocks for a person to write paragraphs in; a cell or an item holds bare text.
+// The elements in which people write paragraphs. Cells and items may hold bare text instead.
 var sectionTags = nameSet('body div section article main header footer aside blockquote');
 
-// The blocks on both sides of a caret that stands in none, where the web view would type bare text
-// between them; one of them may be missing. Null for any other place.
+// Gives the blocks before and after a caret between blocks, where the web view would type bare
+// text. One of them may be missing. Null for any other place.
 function gapAt(r) {
     var n = r.startContainer, at = r.startOffset, inText = isText(n), last, next;
     if (!r.collapsed || (inText && !isBlank(n)))
@@ -59,11 +59,11 @@ function paragraphInto(gap) {
     caretAt(p, 0);
 }
 
-// The last child that is more than blanks and comments.
+// Gives the last child that is neither blank nor a comment.
 function lastShown(e) { return isNothing(e.lastChild) ? previousOf(e.lastChild) : e.lastChild; }
 
-// A place for the caret in a half that got no text: within the formats that the text had. The blanks
-// of the second half stood behind the caret and go on doing so.
+// Makes a place for the caret in a half without text, inside the formats that the text had. In the
+// second half, blanks stay after the caret.
 function keepOpen(half, isSecond) {
     while (isBlock(lastShown(half)))
         half = lastShown(half);
@@ -82,7 +82,7 @@ function elementsBetween(n, block) {
     return list;
 }
 
-// Formats and links that got nothing of a half with text. A link does not go on in an empty half.
+// Removes empty formats and links from a half with text. An empty half keeps them for keepOpen().
 function dropEmpty(half, elements) {
     if (isEmpty(half))
         return;
@@ -92,7 +92,7 @@ function dropEmpty(half, elements) {
     });
 }
 
-// Two blocks of one, the second on a line of its own.
+// Cuts a block in two at the caret. The second half gets its own line.
 function splitAtCaret(r, block) {
     takeLineOut(block);
     var n = r.startContainer, line = lineAt(block), mark = makeText(''), second, cut, added;
@@ -115,7 +115,7 @@ function splitAtCaret(r, block) {
     caretInto(second);
 }
 
-// An item whose text is a paragraph ends and is cut as one with bare text.
+// Gives the item that a paragraph fills. Keys treat it like an item with bare text.
 function itemFilledBy(u) {
     var item = itemOf(u), fills = u.element ? u.element.parentNode == item && isAlone(u.element)
                                             : u.parent == item;

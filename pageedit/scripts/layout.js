@@ -1,6 +1,6 @@
-// Alignment and indentation of paragraphs, and what stands between them.
+// Aligns and indents paragraphs, and inserts blocks between them.
 
-// The element whose style is that of the unit: its own, or the cell or item that it fills.
+// Gives the element that carries the style of a unit: its own, or the cell or item that it fills.
 function styledElement(u) {
     if (u.element)
         return u.element;
@@ -11,7 +11,7 @@ function styledElement(u) {
 
 function computed(e, property) { return getComputedStyle(e).getPropertyValue(property); }
 
-// "left", "center", "right", "justify".
+// Gives "left", "center", "right" or "justify".
 function alignmentOf(e) {
     var value = computed(e, 'text-align').replace('-webkit-', '');
     if (/^(left|right|center|justify)$/.test(value))
@@ -43,7 +43,7 @@ function ownIndent(u) {
     return e && parseFloat(e.style.getPropertyValue(indentProperty(e))) || 0;
 }
 
-// By one step of two letters' height; a margin that somebody wrote in pixels goes on in pixels.
+// Indents by one step, which is twice the height of letters. A margin in pixels stays in pixels.
 function indentParagraph(u, by) {
     var e = asElement(u), property = indentProperty(e);
     var m = /^([0-9.]+)px$/.exec(e.style.getPropertyValue(property));
@@ -66,7 +66,7 @@ commands.indent = function() {
     keepSelection(function() {
         var staying = [];
         topItems(units).forEach(function(item) {
-            // What is below an item that cannot go stays below it.
+            // An item stays if the one before it has to stay.
             if (staying.indexOf(previousOf(item)) >= 0 || !indentItem(item))
                 staying.push(item);
         });
@@ -86,8 +86,8 @@ commands.outdent = function() {
     });
 };
 
-// A block of its own at the caret; a selection has to be deleted before. What stands behind it, or
-// null where there is no caret.
+// Inserts a block at the caret. A selection has to be deleted before. Returns the node after the
+// block, or null if there is no caret.
 function putBlockAtCaret(e) {
     var r = selectedRange(), u = selectedUnits()[0], n, behind, t;
     if (!r || !u)

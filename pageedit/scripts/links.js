@@ -1,8 +1,8 @@
-// Links.
+// Makes, changes and removes links.
 
 function isLink(e) { return tag(e) == 'a' && e.hasAttribute('href'); }
 
-// The links that the selection touches.
+// Gives the links that the selection touches.
 function selectedLinks() {
     var r = selectedRange(), links = [];
     if (!r)
@@ -15,7 +15,7 @@ function selectedLinks() {
     return links;
 }
 
-// One link around the whole selection.
+// Gives the link around the whole selection.
 function linkAround() {
     var links = selectedLinks(), r = selectedRange();
     return links.length == 1 && (r.collapsed || links[0].contains(r.commonAncestorContainer)
@@ -77,7 +77,7 @@ commands.link = function(args) {
     }
 };
 
-// A link that is a target, too, stays as that.
+// If a link is also a target, it stays as a target.
 commands.unlink = function() {
     var links = selectedLinks();
     keepSelection(function() {

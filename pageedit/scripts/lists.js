@@ -1,4 +1,4 @@
-// Lists and their items.
+// Makes and changes lists and their items.
 
 var itemTags = { li: true };
 
@@ -8,7 +8,7 @@ function listOf(item) {
     return isList(item.parentNode) ? item.parentNode : null;
 }
 
-// The items of the units, without those that stand in another one of them.
+// Gives the items of the units, without those inside another of these items.
 function topItems(units) {
     var items = [];
     units.forEach(function(u) {
@@ -26,7 +26,7 @@ function listTypeOf(u) {
     return item && listOf(item) ? (tag(listOf(item)) == 'ol' ? 'ol' : 'ul') : '';
 }
 
-// To the end of a list, on a line when the list is written in lines.
+// Appends an item to a list, on its own line if the list is written in lines.
 function appendItem(list, item, line) {
     var last = list.lastChild, end = isBlank(last) ? last : null;
     if (!end)
@@ -47,7 +47,7 @@ function lastList(item) {
     return isList(n) ? n : null;
 }
 
-// The list at the end of an item, made where there is none.
+// Gives the list at the end of an item. Makes one if there is none.
 function subList(item, name, line) {
     var list = lastList(item);
     if (list)
@@ -78,7 +78,7 @@ function indentItem(item) {
     return true;
 }
 
-// The items behind this one stay where they are seen: they become its own.
+// Makes the following items children of this one, so that they stay where they are on the screen.
 function takeFollowers(item, list, line) {
     var follower = nextOf(item), next;
     for (; follower; follower = next) {
@@ -89,7 +89,7 @@ function takeFollowers(item, list, line) {
     }
 }
 
-// The content of an item that leaves its list, as paragraphs.
+// Turns the content of an item that leaves its list into paragraphs.
 function intoParagraphs(item, line) {
     if (!hasBlock(item)) {
         var p = rename(item, 'p');

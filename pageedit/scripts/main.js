@@ -1,6 +1,6 @@
-// The one door: a command, a query or an edit by name.
+// The only entry: runs a command, a query or an edit by its name.
 
-// Where the web view itself begins a paragraph, it is one.
+// Makes the web view begin paragraphs as "p".
 inDocument('execCommand', 'defaultParagraphSeparator', false, 'p');
 
 return {

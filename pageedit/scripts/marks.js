@@ -1,9 +1,9 @@
-// Formats of letters.
+// Sets and removes formats of letters.
 
 var markTags = { s: nameSet('s strike del'), sup: nameSet('sup'), sub: nameSet('sub'),
                  code: nameSet('code tt') };
 
-// The texts of the selection (and pictures, where asked for); none for a caret.
+// Gives the texts of the selection, and its pictures if asked for. None for a caret.
 function touchedTexts(pictures) {
     var r = selectedRange();
     return !r || r.collapsed ? [] : leavesOf(r).filter(function(n) {
@@ -11,7 +11,7 @@ function touchedTexts(pictures) {
     });
 }
 
-// The same, cut at the selection's ends.
+// The same, but cuts the texts at the selection's ends.
 function selectedTexts(pictures) {
     var r = selectedRange();
     if (!r || r.collapsed)
@@ -24,7 +24,7 @@ function selectedTexts(pictures) {
     });
 }
 
-// Whether all, some or none of the texts stand within such elements: "on", "mixed", "off".
+// Gives "on", "mixed" or "off" if all, some or none of the texts are in such elements.
 function markState(texts, names) {
     var visible = texts.filter(function(n) { return !isBlank(n); });
     var all = visible.length ? visible : texts;
@@ -32,7 +32,7 @@ function markState(texts, names) {
     return on == 0 ? 'off' : on == all.length ? 'on' : 'mixed';
 }
 
-// The largest inline nodes that hold nothing else than these texts.
+// Gives the largest inline nodes that contain only these texts.
 function wholeNodes(texts) {
     var nodes = [];
     texts.forEach(function(n) {
@@ -47,7 +47,7 @@ function wholeNodes(texts) {
     return nodes;
 }
 
-// Siblings that follow each other, with the line breaks between them.
+// Divides nodes into runs of neighbouring siblings, with the line breaks between them.
 function runsOf(nodes) {
     var runs = [];
     nodes.forEach(function(n) {
@@ -81,7 +81,7 @@ function putAround(texts, create) {
     });
 }
 
-// The part of an element around one node within it, as an element like it.
+// Cuts an element so that one part of it contains only this node. Returns that part.
 function isolate(n, e) {
     var p = n, parent, last;
     do {
@@ -96,7 +96,8 @@ function isolate(n, e) {
     return p;
 }
 
-// Takes the texts out of the elements that the test holds for, by change(element).
+// Calls change(element) for each element around the texts that passes the test, after cutting it to
+// the texts.
 function takeOutOf(texts, test, change) {
     function isOne(e) { return !isBlock(e) && test(e); }
     wholeNodes(texts).forEach(function(n) {
@@ -157,7 +158,7 @@ commands.plain = function() {
     takeOutOfSelection(hasOwnFormat, makePlain);
 };
 
-// "color" or "background-color" of the letters.
+// Gives the test for elements with "color" or "background-color", and the change that removes it.
 function uncoloring(property) {
     var font = property == 'color';
     return {
@@ -195,9 +196,9 @@ function dressText(t, args) {
     });
 }
 
-// Typed at a caret for which formats were chosen: marks to be on, and what is to be off: marks,
-// "color", "background-color", "*" for all. Between blocks it begins a paragraph. Where letters were
-// composed that do so, the web view has left a line break.
+// Types at a caret for which formats were chosen. "on" lists the marks to set. "off" lists what to
+// remove: marks, "color", "background-color", or "*" for everything. Between blocks the text begins
+// a paragraph. There, the web view leaves a line break after an input method.
 commands.type = function(args) {
     var r = selectedRange(), t = makeText(args.text), left, gap;
     if (!r)

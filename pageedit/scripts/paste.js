@@ -1,4 +1,4 @@
-// What the web view's own editing does best: each call is a step of its own, which the caller joins.
+// Pastes by the web view's own editing. Each call is a step of undo, and the caller joins them.
 
 var pasted = []; // The first and the last block of what was pasted.
 
@@ -7,7 +7,7 @@ function blockAtCaret() {
     return r && closest(r.startContainer, isBlock);
 }
 
-// Each line is a paragraph, in preformatted text a line.
+// Pastes each line as a paragraph, or in preformatted text as a line.
 edits.pastePlain = function(args) {
     var lines = args.text.split(/\r\n|\r|\n/), u = selectedUnits(1)[0], pre;
     pre = !!u && tag(u.element) == 'pre';
@@ -23,7 +23,8 @@ edits.pastePlain = function(args) {
     pasted.push(blockAtCaret());
 };
 
-// On lines of their own where the first of them stands on one: the web view writes no line ends.
+// Puts the pasted blocks on their own lines if the first one stands on one. The web view writes no
+// line ends.
 commands.linePasted = function() {
     var n = pasted[0], line = n ? lineAt(n) : '';
     if (!line || !pasted[1] || pasted[1].parentNode != n.parentNode)

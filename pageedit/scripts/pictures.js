@@ -1,4 +1,4 @@
-// Pictures. One is selected when the selection holds it and nothing else.
+// Handles pictures. A picture is selected if the selection contains only the picture.
 
 function isPicture(n) { return tag(n) == 'img'; }
 
@@ -20,7 +20,7 @@ function lengthOf(e, name) {
     return /^\d+(px)?$/.test(text.trim()) ? parseInt(text, 10) : 0;
 }
 
-// What is known of the selected picture; "box" is its place in the document.
+// Describes the selected picture. "box" is its place in the document.
 queries.picture = function() {
     var e = selectedPicture(), b = e && e.getBoundingClientRect();
     return !e ? { present: false } : {
@@ -36,7 +36,7 @@ function selectNode(e) {
     select([e.parentNode, i, e.parentNode, i + 1]);
 }
 
-// Selects the picture at a point of the view, where there is one.
+// Selects the picture at a point of the view, if there is one.
 queries.selectPictureAt = function(args) {
     var e = inDocument('elementFromPoint', args.x, args.y);
     if (!isPicture(e) || !body().contains(e))
@@ -45,7 +45,7 @@ queries.selectPictureAt = function(args) {
     return { present: true };
 };
 
-// The caret to where something is dropped.
+// Moves the caret to where something is dropped.
 queries.caretAtPoint = function(args) {
     var r = inDocument('caretRangeFromPoint', args.x, args.y);
     if (r && body().contains(r.startContainer))
@@ -61,7 +61,7 @@ function describePicture(e, args) {
     sizePicture(e, args.width, args.height);
 }
 
-// 0 for the picture's own size. A style that stands against it gives way.
+// Sets the size; 0 means the picture's own. Removes styles that would overrule it.
 function sizePicture(e, width, height) {
     ['width', 'height'].forEach(function(name) {
         if (new RegExp('(^|;)\\s*' + name + '\\s*:', 'i').test(e.getAttribute('style') || ''))
@@ -71,7 +71,7 @@ function sizePicture(e, width, height) {
     setAttribute(e, 'height', height ? String(height) : '');
 }
 
-// Where text may stand behind the selection; in an empty page in a paragraph of its own.
+// Gives a place for text after the selection. Makes a paragraph if the page is empty.
 function placeBehindSelection() {
     var u = selectedUnits().pop(), r = selectedRange(), block;
     if (!u)
@@ -91,7 +91,7 @@ function placeBehindSelection() {
     return r;
 }
 
-// Behind the selection. Nothing that is selected goes.
+// Inserts after the selection, and removes nothing.
 commands.insertPicture = function(args) {
     var e = make('img'), r = placeBehindSelection();
     if (!r)
@@ -113,7 +113,8 @@ commands.sizePicture = function(args) {
         sizePicture(e, args.width, args.height);
 };
 
-// What goes with a picture: a link or format that holds nothing else, and a figure with its caption.
+// Gives what moves with a picture: a link or format that contains only the picture, or a figure
+// with its caption.
 function movedWith(picture) {
     var e = picture, p = e.parentNode;
     for (; (!isBlock(p) && isAlone(e)) || tag(p) == 'picture'; p = e.parentNode)
@@ -121,7 +122,7 @@ function movedWith(picture) {
     return tag(p) == 'figure' ? p : e;
 }
 
-// Where a picture may go: into text, not into itself.
+// Gives the place for a dropped picture, which is in text and not in what moves.
 function dropRange(args, moved) {
     var r = inDocument('caretRangeFromPoint', args.x, args.y), n = r && r.startContainer, block;
     if (!r || !body().contains(n) || moved.contains(n))
@@ -133,7 +134,7 @@ function dropRange(args, moved) {
 
 function isField(e) { return /^(button|option|input|audio|video|object|svg|iframe)$/.test(tag(e)); }
 
-// Whether the place is the one where the node stands already.
+// Whether the node stands at this place already.
 function isBeside(r, e) {
     var n = r.startContainer, at = r.startOffset;
     if (isElement(n))
@@ -141,7 +142,7 @@ function isBeside(r, e) {
     return (at == n.data.length && n.nextSibling == e) || (at == 0 && n.previousSibling == e);
 }
 
-// The caret where the selected picture would go, in the document; none where it cannot.
+// Gives the place of the caret in the document where the picture would be dropped, if it may be.
 queries.pictureDropPlace = function(args) {
     var e = selectedPicture(), r = e && dropRange(args, movedWith(e)), box;
     if (!r)
@@ -152,7 +153,7 @@ queries.pictureDropPlace = function(args) {
     return { box: [box.left + pageXOffset, box.top + pageYOffset, 2, Math.max(box.height, 10)] };
 };
 
-// What a node leaves behind: one blank instead of two, no empty paragraph.
+// Cleans up where a node was: makes two blanks one, and removes an empty paragraph.
 function closeGap(before, after, block) {
     if (isText(before) && isText(after) && / $/.test(before.data) && /^ /.test(after.data))
         after.deleteData(0, 1);
@@ -160,7 +161,7 @@ function closeGap(before, after, block) {
         removeLine(block);
 }
 
-// The selected picture to where it is dropped.
+// Moves the selected picture to where it is dropped.
 commands.movePicture = function(args) {
     var picture = selectedPicture(), e = picture && movedWith(picture);
     var r = e && dropRange(args, e), block, sides;

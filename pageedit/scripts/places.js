@@ -1,5 +1,5 @@
-// The selection while a command moves nodes about. The nodes stay the same, so a place within text
-// stays true; a place between nodes is held by the node beside it.
+// Keeps the selection while a command moves nodes. A place within text stays valid, because nodes
+// stay the same. A place between nodes is kept by the node beside it.
 
 var held = []; // Both ends of the selection while keepSelection() works.
 
@@ -15,7 +15,7 @@ function hold(node, offset) {
     return { node: node, offset: offset };
 }
 
-// Where a held place is now; null when its node is gone.
+// Gives the present place of a kept one. Null if its node is gone.
 function placeOf(h) {
     var n = h.next || h.last || h.node;
     if (!body().contains(n))
@@ -40,7 +40,7 @@ function keepSelection(change) {
         select((from || to).concat(from || to));
 }
 
-// Cuts a text in two and returns the second.
+// Cuts a text in two and returns the second part.
 function cut(text, at) {
     var second = text.splitText(at);
     held.forEach(function(h) {
@@ -52,7 +52,7 @@ function cut(text, at) {
     return second;
 }
 
-// Other text in a text node; changed() gives the same for what stands before a held place.
+// Sets the text of a node. changed() gives the new text for the part before a kept place.
 function setData(text, data, changed) {
     held.forEach(function(h) {
         if (h.node == text)
@@ -63,7 +63,7 @@ function setData(text, data, changed) {
 
 function caretAt(node, offset) { select([node, offset, node, offset]); }
 
-// Into the first text of an element.
+// Moves the caret into the first text of an element.
 function caretInto(e) {
     var n = e;
     while (n.firstChild && tag(n.firstChild) != 'br')
@@ -73,7 +73,7 @@ function caretInto(e) {
 
 function caretBehind(n) { caretAt(n.parentNode, indexOf(n) + 1); }
 
-// The first block of an empty page, which comes before the line end that the page has there.
+// Puts the first block of an empty page after the line end that the page has there.
 function ontoLine(e) {
     var t = e.nextSibling, m = isBlank(t) && !e.previousSibling && /^[ \t]*\r?\n/.exec(t.data);
     if (!m)
@@ -83,7 +83,7 @@ function ontoLine(e) {
         t.deleteData(0, m[0].length);
 }
 
-// Something inline where the caret is. The first one of a page begins a paragraph.
+// Inserts an inline element at the caret. In an empty page it begins a paragraph.
 function insertAtCaret(r, e) {
     var n = r.startContainer, br, t;
     if (isText(n))
@@ -98,7 +98,7 @@ function insertAtCaret(r, e) {
     if (tag(br) == 'br' && !br.nextSibling && !e.previousSibling)
         remove(br);
     t = e.previousSibling;
-    // The web view ends text with such a blank, for another one to be seen behind it.
+    // The web view ends text with a non-breaking space so that it is seen.
     if (isText(t) && /[^ \u00a0]\u00a0$/.test(t.data))
         t.replaceData(t.data.length - 1, 1, ' ');
     if (e.parentNode == body() && isAlone(e))

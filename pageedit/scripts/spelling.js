@@ -1,12 +1,12 @@
-// Text for a dictionary, and where its words stand. A run is the text of one line of thought: what
-// stands between two blocks or line breaks, whatever marks letters within.
+// Gives text to the dictionary and finds the places of its words. A run is the text between two
+// blocks or line breaks, with all inline elements in it.
 
 // The texts of the last questions: about the visible part, and about the whole page. A word is given by
 // its text, start and length.
 var spelledRuns = [], allRuns = [];
 var misspelt = []; // Ranges, which follow what is typed.
 
-// What holds no prose.
+// Elements without prose.
 var unspelledTags = nameSet('script style title textarea select option template code kbd samp var ' +
     'tt iframe object svg math noscript audio video canvas');
 var lineTags = nameSet('br hr img input button');
@@ -33,7 +33,7 @@ function isInView(e) {
 var manyChildren = 100; // From there on, the first one in view is searched by halves.
 var outOfOrder = 20; // So many neighbours may stand elsewhere than in their order.
 
-// Where to begin among the children of an element: at the first that is seen, or a little before.
+// Gives the first visible child of an element, or one a little before it.
 function firstInView(e) {
     var children = e.children, low = 0, high = children.length, middle;
     if (high < manyChildren)
@@ -59,7 +59,7 @@ function collectRuns(all) {
         run.nodes.push(n);
         run.text += n.data;
     }
-    // A word may go on behind a letter in bold, but not in another language.
+    // A word may continue after a bold letter, but not in another language.
     function addElement(n) {
         var apart = isBlock(n) || lineTags[tag(n)] || !isSpelled(n) || n.hasAttribute('lang');
         if (apart)
@@ -85,7 +85,8 @@ function collectRuns(all) {
     return runs.filter(function(r) { return /[^\s]/.test(r.text); });
 }
 
-// A place in a run as a node and an offset. At a border the earlier node, or for a start the later.
+// Gives a place in a run as a node and an offset. Between two nodes it is in the earlier one, or in
+// the later one for a start.
 function placeInRun(run, at, isStart) {
     for (var i = 0; i < run.nodes.length; ++i) {
         var size = run.nodes[i].data.length;
@@ -96,7 +97,8 @@ function placeInRun(run, at, isStart) {
     return null;
 }
 
-// The run and the place in it where the caret stands, or the first one behind it; [] for none.
+// Gives the run of the caret and the place in it, or the first run after the caret. [] if there is
+// none.
 function caretInRuns(runs) {
     var r = selectedRange();
     if (!r)
@@ -123,7 +125,8 @@ function wordRange(runs, word) {
     return r;
 }
 
-// The texts in view, or all of the page, with their languages; the run and place of the caret.
+// Gives the visible texts, or those of the whole page, with their languages, and the place of the
+// caret.
 queries.spelledTexts = function(args) {
     var runs = collectRuns(args.all), s = getSelection();
     if (args.all)
@@ -137,13 +140,13 @@ queries.spelledTexts = function(args) {
     };
 };
 
-// From now on these words are the misspelt ones.
+// Sets the misspelt words.
 queries.markMisspelt = function(args) {
     misspelt = args.words.map(function(word) { return wordRange(spelledRuns, word); });
     return queries.misspeltBoxes();
 };
 
-// Left, top, width and height in the document of each piece of a misspelt word.
+// Gives left, top, width and height of each piece of a misspelt word in the document.
 queries.misspeltBoxes = function() {
     var boxes = [];
     misspelt.forEach(function(r) {
@@ -165,7 +168,7 @@ queries.selectWord = function(args) {
     return {};
 };
 
-// The marks of the first letter are those of the new word.
+// The new word gets the formats of the first letter.
 commands.replaceWord = function(args) {
     var r = wordRange(allRuns, args.word), n = r.startContainer, end = r.endContainer;
     var last = end == n ? r.endOffset : n.data.length, start = r.startOffset;

@@ -1,8 +1,8 @@
-// What the tool bar shows, in one answer.
+// Gives everything that the tool bar shows in one answer.
 
 var mostLeaves = 2000; // The beginning stands for the rest of a larger selection.
 
-// The value that all have in common, '' where they differ or there is none.
+// Gives the common value, or '' if values differ or there is none.
 function common(list, value) {
     var values = list.map(value);
     return values.length && values.every(function(v) { return v === values[0]; }) ? values[0] : '';

@@ -1,5 +1,5 @@
-// What a command changes in the document is recorded node by node, so that undo puts the same nodes
-// back: the web view's own steps of undo, before and after, go on working on them.
+// Records the changes of a command node by node. Undo restores the same nodes, so that the web
+// view's own steps of undo before and after still work.
 
 var steps = {}; // By the number that the caller chose.
 var recorder = null; // While a command runs.
@@ -18,17 +18,18 @@ function select(place) {
     try {
         getSelection().setBaseAndExtent(place[0], place[1], place[2], place[3]);
     } catch (e) {
-        // A place that is gone leaves the selection where the change has put it.
+        // If the place is gone, the selection stays where the change has put it.
     }
 }
 
-// Elements that are made for a command are recorded before they come into the document, too.
+// Records the changes of new elements that are not in the document yet.
 function watch(node) {
     if (recorder)
         recorder.observe(node, watched);
 }
 
-// An element whose attributes are about to change: a removed one comes back at the end.
+// Called before an element's attributes change. Keeps their order: a removed attribute would come
+// back at the end.
 function touch(e) {
     if (recorder && !touched.some(function(t) { return t.element == e; }))
         touched.push({ element: e, before: attributeNames(e) });
@@ -46,8 +47,8 @@ function orderAttributes(e, names) {
     names.forEach(function(name, n) { e.setAttribute(name, values[n]); });
 }
 
-// True when the document was changed; then undoStep(id) and redoStep(id) go back and forth. A change
-// that fails half-way is taken back.
+// Runs a change. True if it has changed the document; undoStep(id) and redoStep(id) then undo and
+// redo it. A change that fails is undone.
 function record(id, change) {
     var before = selectionNow(), error = null, records;
     touched = [];
@@ -91,7 +92,7 @@ function removeAll(nodes, parent) {
     });
 }
 
-// Text and attributes keep the other value, whichever of the two stands in the document.
+// Exchanges a text or attribute with its kept value.
 function swapValue(c) {
     var now;
     if (c.type == 'characterData') {

@@ -1,4 +1,4 @@
-// The columns of a table and their widths.
+// Handles the columns of a table and their widths.
 
 function columnsOf(table) {
     return [].slice.call(table.querySelectorAll('col')).filter(function(c) {
@@ -6,7 +6,7 @@ function columnsOf(table) {
     });
 }
 
-// The widths of columns go along with them.
+// Adds, removes and moves columns, with their widths.
 function layoutColumns(table, change) {
     var cols = columnsOf(table), news = cols.slice();
     if (!cols.length || !change || cols.length != change.count
@@ -21,7 +21,7 @@ function layoutColumns(table, change) {
     putChildren(cols[0].parentNode, cols, news);
 }
 
-// The first column behind a cell, counted from 0.
+// Gives the first column after a cell, counted from 0.
 function columnBehind(cell, table) {
     var taken = [], found = -1; // Rows that each column is taken for, by cells from above.
     rowsOf(table).forEach(function(row) {
@@ -42,7 +42,8 @@ function columnBehind(cell, table) {
 
 var edgeWidth = 3; // Pixels on each side of an edge.
 
-// The column that ends at a point of the view, its width, and where the table is seen.
+// Gives the column that ends at a point of the view, its width, and the place of the table in the
+// view.
 queries.columnEdge = function(args) {
     var e = inDocument('elementFromPoint', args.x - edgeWidth, args.y);
     var cell = e && closestTag(e, cellTags), table = cell && closestTag(cell, tableTag), box, around;
@@ -56,7 +57,7 @@ queries.columnEdge = function(args) {
              column: columnBehind(cell, table) - 1, top: around.top, bottom: around.bottom };
 };
 
-// In a "col"; the others stay as they are.
+// Sets the width of one column in its "col".
 commands.columnWidth = function(args) {
     var table = all('table')[args.table], cols = columnsOf(table), group, first, i;
     if (cols.some(function(c) { return c.span > 1; }))

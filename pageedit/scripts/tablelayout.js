@@ -1,6 +1,6 @@
-// Rows and cells of a table as they are to be: those that stay are moved, not made again.
+// Arranges the rows and cells of a table. Those that stay are moved and not made again.
 
-// The places stay with their line ends; other elements come into them.
+// Puts new elements into the places of the old ones. The line ends around the places stay.
 function permute(olds, news) {
     var markers = olds.map(function(e) {
         var m = makeText('');
@@ -17,7 +17,7 @@ function tableLineAt(e) {
     return (tag(p) == 'tbody' && !e.previousSibling && lineAt(p)) || lineAt(e);
 }
 
-// Makes the children of a parent that are in the first list those of the second one.
+// Replaces the children in the first list by those in the second one.
 function putChildren(parent, olds, news) {
     var staying = olds.filter(function(e) { return news.indexOf(e) >= 0; });
     var ordered = news.filter(function(e) { return olds.indexOf(e) >= 0; });
@@ -48,13 +48,14 @@ function putChildren(parent, olds, news) {
 
 function makeCell(isHeader) { return make(isHeader ? 'th' : 'td'); }
 
-// A new cell of an old row: a header where the whole row is one.
+// Makes the new cells of an old row. They are headers if the whole row is one.
 function cellsFor(row, spec, cells) {
     var isHeader = isHeaderRow(row);
     return spec.cells.map(function(c) { return c.id >= 0 ? cells[c.id] : makeCell(isHeader); });
 }
 
-// A new row has headers where the row beside it has them, but is no header row of a body.
+// Makes a new row. It has headers in the columns where the row beside it has them, but is no header
+// row itself.
 function makeRow(spec, like) {
     var row = make('tr'), head = tag(like.parentNode) == 'thead', plain = isHeaderRow(like) && !head;
     var line = like.cells[0] ? lineAt(like.cells[0]) : '';
@@ -82,8 +83,9 @@ function moveContent(from, to) {
     moveAll(kids(from), to);
 }
 
-// rows: as they are to be, by the numbers of queries.table, -1 for new ones; into, merged: a cell
-// and those whose content it takes; caret: row and place in it of the cell for the caret.
+// "rows" are the new rows by the numbers of queries.table, with -1 for new ones. "into" is a cell
+// that takes the content of the "merged" ones. "caret" is the row and the index of the caret's
+// cell.
 commands.layoutTable = function(args) {
     var table = selectedTable(), rows = rowsOf(table), cells = allCells(table), sections = [], made;
     rows.forEach(function(row) {

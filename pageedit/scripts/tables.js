@@ -1,4 +1,4 @@
-// Tables. Which cells there are to be is decided elsewhere, by numbers; here the elements follow.
+// Reads tables and moves the caret in them. The program decides by numbers which cells there are.
 
 var cellTags = nameSet('td th');
 var tableTag = nameSet('table');
@@ -12,7 +12,7 @@ function rowsOf(table) { return [].slice.call(table.rows); }
 function cellsOf(row) { return [].slice.call(row.cells); }
 function allCells(table) { return [].concat.apply([], rowsOf(table).map(cellsOf)); }
 
-// The cell of this table that a node stands in.
+// Gives the cell of this table that contains a node.
 function cellAround(n, table) {
     var cell = closestTag(n, cellTags);
     while (cell && closestTag(cell.parentNode, tableTag) != table)
@@ -35,7 +35,7 @@ function selectedCells(table) {
     return cells;
 }
 
-// Rows and cells by their numbers, in the order of the table.
+// Gives rows and cells by numbers, in the order of the table.
 queries.table = function() {
     var table = selectedTable(), sections = [], cells;
     if (!table)
@@ -59,7 +59,7 @@ queries.table = function() {
     };
 };
 
-// To the neighbouring cell; its content is selected. In the last one nothing is changed.
+// Goes to the next or previous cell and selects its content. Changes nothing at the last one.
 queries.nextCell = function(args) {
     var table = selectedTable(), r = selectedRange(), cells, at, cell;
     if (!table)
@@ -74,7 +74,7 @@ queries.nextCell = function(args) {
     return { inside: at >= 0, moved: !!cell };
 };
 
-// The caret to the first cell of its row.
+// Moves the caret to the first cell of its row.
 queries.rowStart = function() {
     var table = selectedTable(), cell = table && cellAround(selectedRange().startContainer, table);
     if (cell)

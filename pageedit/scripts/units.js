@@ -1,8 +1,9 @@
-// The paragraphs that the selection touches. A unit is one paragraph: an element that is one, or a
-// run of text that stands bare in a cell, an item, the body; then "element" is null. "parent" is the
-// block around, "nodes" are the inline nodes of a bare run (none for an empty block).
+// Finds the paragraphs that the selection touches. A unit is one paragraph: an element, or a run of
+// bare text in a cell, an item or the body. A bare run has null as its "element". "parent" is the
+// block around it, and "nodes" are its inline nodes, none for an empty block.
 
-// None while a field of a form has the keyboard: the selection told of is the place before it.
+// Null while a field of a form has the keyboard, because the selection is then the place before the
+// field.
 function selectedRange() {
     if (/^(input|textarea|select)$/i.test(document.activeElement && document.activeElement.nodeName))
         return null;
@@ -18,7 +19,7 @@ function isLeaf(n) {
 
 function nextNode(n, top) { return n.firstChild || nextBehind(n, top); }
 
-// The next node that does not stand in this one.
+// Gives the next node that is not inside this one.
 function nextBehind(n, top) {
     for (; n && n != top; n = n.parentNode)
         if (n.nextSibling)
@@ -26,13 +27,13 @@ function nextBehind(n, top) {
     return null;
 }
 
-// Where a place stands as a node: the one that follows it.
+// Gives the node that follows a place.
 function nodeAt(container, offset) {
     return isElement(container) && container.childNodes[offset] || container;
 }
 
-// Text nodes and empty elements of the range, of which at least a character is in it; for a caret
-// the one it stands in or before.
+// Gives the text nodes and empty elements with at least one character in the range. For a caret,
+// gives the one that contains or follows it.
 function leavesOf(r, most) {
     var leaves = [], n, top = r.commonAncestorContainer;
     if (r.collapsed) {
@@ -43,7 +44,7 @@ function leavesOf(r, most) {
     }
     if (isText(top))
         return [top];
-    // From the node at the start to the one behind the end.
+    // Walks from the node at the start to the one after the end.
     n = isText(r.startContainer) ? r.startContainer
                                  : r.startContainer.childNodes[r.startOffset]
             || nextBehind(r.startContainer, top);
@@ -57,21 +58,21 @@ function leavesOf(r, most) {
             probe.selectNode(n);
         if (r.compareBoundaryPoints(Range.START_TO_END, probe) <= 0)
             break;
-        // The web view's intersectsNode() counts neighbours that are only touched.
+        // The web view's intersectsNode() also counts neighbours that the range only touches.
         if (r.compareBoundaryPoints(Range.END_TO_START, probe) < 0)
             leaves.push(n);
     }
     return leaves;
 }
 
-// The topmost inline node around a leaf, or the leaf's block when it is one without content.
+// Gives the topmost inline node around a leaf, or the leaf itself if it is an empty block.
 function inlineTop(leaf) {
     while (leaf.parentNode && !isBlock(leaf.parentNode))
         leaf = leaf.parentNode;
     return leaf;
 }
 
-// The run of inline siblings around a node; a line break belongs to the line that it ends.
+// Gives the run of inline siblings around a node. A line break belongs to the line that it ends.
 function runAround(n) {
     var nodes = [n], k;
     for (k = n.previousSibling; k && !isBlock(k) && tag(k) != 'br'; k = k.previousSibling)
@@ -101,7 +102,8 @@ function unitOf(leaf) {
     return { element: null, parent: block, nodes: runAround(top) };
 }
 
-// Blanks between blocks are no text. A block that may hold no text itself is no unit either.
+// Whether a leaf is part of a unit. Blanks between blocks are not, nor is a block that may hold no
+// text.
 function isUnitLeaf(n, count) {
     var t = tag(n), parent = isBlock(n) ? n : inlineTop(n).parentNode;
     if (t == 'hr' || t == 'col' || /^(script|style|title|template|option|select|textarea)$/.test(t)
@@ -139,8 +141,8 @@ function selectedUnits(most) {
     return units;
 }
 
-// A run of bare text into a block. Line breaks at its ends have done their work; line ends of the
-// source stay outside.
+// Moves a run of bare text into a block. Drops the line breaks at its ends, and leaves the line
+// ends of the source outside.
 function wrapRun(nodes, e) {
     var t = nodes[0], m = isText(t) && /^[ \t]*\r?\n[ \t]*/.exec(t.data);
     if (m && m[0].length < t.data.length)
@@ -154,8 +156,8 @@ function wrapRun(nodes, e) {
     trimEnd(e.lastChild);
 }
 
-// A unit as an element of its own: bare text gets a paragraph around it. The line break that ended
-// the line has done its work.
+// Gives the element of a unit. Bare text gets a paragraph around it, and loses the line break that
+// ended it.
 function asElement(u, name) {
     if (u.element)
         return u.element;

@@ -1,4 +1,4 @@
-// A table as a whole: made, deleted, with a header row or without.
+// Inserts and deletes tables, and sets their header row.
 
 function fillRow(parent, count, isHeader) {
     var row = make('tr');
@@ -8,7 +8,7 @@ function fillRow(parent, count, isHeader) {
     insertLine('\n', parent);
 }
 
-// At the caret; a selection has to be deleted before. The first row is a header.
+// Inserts a table at the caret, with a header row. A selection has to be deleted before.
 commands.insertTable = function(args) {
     var table = make('table'), head = make('thead'), tbody = make('tbody');
     table.setAttribute('border', '1');
@@ -42,7 +42,7 @@ commands.deleteTable = function() {
         caretAt(near, 0);
 };
 
-// The first row as a header of the table, or as one like the others.
+// Makes the first row a header of the table, or an ordinary row.
 commands.headerRow = function() {
     var table = selectedTable(), row = table && table.rows[0], section = row && row.parentNode, on;
     if (!row)
