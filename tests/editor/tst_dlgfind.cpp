@@ -497,6 +497,9 @@ void tst_dlgfind::count_comesBehindTheMessage()
     m_pDialog->onFindToBottom();
     m_pDialog->onFindCounted(1, 17);
     QVERIFY(pLabel->text().contains(">Find: the end has been reached. 1 of 17<"));
+    m_pDialog->clearInfo();
+    m_pDialog->onFindCounted(2, 17);
+    QVERIFY(pLabel->text().contains(">2 of 17<"));
 }
 
 void tst_dlgfind::message_isNeverMarkup()
