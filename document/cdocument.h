@@ -12,7 +12,6 @@
 
 class CEditWebView;
 class CHighlightEdit;
-class CImageWidget;
 class QWidget;
 
 // An open document: its views, its file as it was last seen, what must be asked before it is saved,
@@ -46,7 +45,6 @@ public:
     virtual CHighlightEdit *editor() const { return nullptr; }
     // The page editor, also while the tab shows its source; else null.
     virtual CEditWebView *page() const { return nullptr; }
-    virtual CImageWidget *image() const { return nullptr; }
 
     virtual QString path() const { return QString(); } // Empty for an untitled document.
     virtual QString title() const { return QString(); } // Ends with "*" while modified.

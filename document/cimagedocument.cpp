@@ -15,11 +15,6 @@ QWidget *CImageDocument::widget() const
     return m_pImage;
 }
 
-CImageWidget *CImageDocument::image() const
-{
-    return m_pImage;
-}
-
 QString CImageDocument::path() const
 {
     return m_pImage->filePath();

@@ -4,6 +4,8 @@
 
 #include <QPointer>
 
+class CImageWidget;
+
 // A picture, which is shown and never changed.
 class CImageDocument : public CDocument
 {
@@ -15,7 +17,6 @@ public:
 
     Kind kind() const override { return Kind::Image; }
     QWidget *widget() const override;
-    CImageWidget *image() const override;
     QString path() const override;
     QString title() const override;
 

@@ -114,7 +114,7 @@ private slots:
     void draft_overAnUnchangedFile_savesWithoutAQuestion()
     {
         CDocumentsFixture f;
-        const QString strPath = f.file("a.txt", "old");
+        const QString strPath = f.file("a.txt", "old\r\n");
         f.type(f.open(strPath), "mine ");
         f.start();
         QList<CDocument *> lstDocuments;
@@ -122,7 +122,7 @@ private slots:
         f.documents().recovery().offerAbandoned();
         QVERIFY(choose(f.documents().recovery().notice(), "Recover"));
         QVERIFY(lstDocuments.constFirst()->save().isDone());
-        QCOMPARE(f.content(strPath), QByteArray("mine old"));
+        QCOMPARE(f.content(strPath), QByteArray("mine old\r\n"));
         f.documents().drafts().flush();
         QCOMPARE(draftFiles(f), QStringList());
     }

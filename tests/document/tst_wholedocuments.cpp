@@ -85,6 +85,23 @@ private slots:
         QVERIFY(!pDocument->isModified());
     }
 
+    void codec_ofAnUneditedFile_tellsWhetherItFits()
+    {
+        CDocumentsFixture f;
+        const QByteArray bytes = QByteArray("caf\xe9 na\xefve\n").repeated(20);
+        const QString strPath = f.file("a.txt", bytes);
+        CDocument *pDocument = f.open(strPath);
+        QVERIFY(pDocument->isWhole());
+        QVERIFY(pDocument->setCodec("UTF-8").isDone());
+        QVERIFY(!pDocument->isWhole());
+        f.type(pDocument, "x");
+        QVERIFY(!pDocument->save().isDone());
+        QCOMPARE(f.content(strPath), bytes);
+        pDocument->editor()->undo();
+        QVERIFY(pDocument->setCodec("windows-1252").isDone());
+        QVERIFY(pDocument->isWhole());
+    }
+
     void codec_ofAnEditedFile_addsNoByteOrderMark()
     {
         CDocumentsFixture f;
