@@ -153,7 +153,7 @@ def find_tests():
     costs = BUILD / "Testing" / "Temporary" / "CTestCostData.txt"
     rows = [row.split() for row in costs.read_text().splitlines()] if costs.exists() else []
     guesses = {row[0]: float(row[2]) for row in rows if len(row) == 3}
-    return [Test(t, times.get(t["name"]), guesses.get(t["name"], 3))
+    return [Test(t, times.get(t["name"]), guesses.get(t["name"], 10))
             for t in listed["tests"] if t["name"].startswith("tst_")]
 
 
