@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 CDraftKeeper::CDraftKeeper(const QString &strFolder, QObject *pParent)
     : QObject(pParent), m_store(strFolder)
 {
@@ -144,12 +146,11 @@ void CDraftKeeper::write(const SDraft &wanted)
 // written again.
 void CDraftKeeper::onWritten(const QString &strId, const QString &strFailure)
 {
-    if (m_nGeneration != m_store.generation()) {
+    const int nGeneration = std::exchange(m_nGeneration, m_store.generation());
+    if (nGeneration > 0 && nGeneration != m_nGeneration) {
         for (SEntry &entry : m_entries)
             entry.bDue = true;
-        if (m_nGeneration > 0)
-            m_timer.start(0);
-        m_nGeneration = m_store.generation();
+        m_timer.start(0);
     }
     if (!strFailure.isEmpty()) {
         for (SEntry &entry : m_entries)
