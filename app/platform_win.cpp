@@ -19,7 +19,7 @@
 
 namespace {
 
-HANDLE g_hLock = nullptr; // The mutex of the shared segment while it is locked, or null.
+HANDLE g_hLock = nullptr; // The semaphore of the shared segment while it is locked, or null.
 
 } // namespace
 

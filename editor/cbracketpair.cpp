@@ -1,20 +1,27 @@
 #include "editor/cbracketpair.h"
 
 #include "editor/bracketlines.h"
+#include "editor/bracketmatch.h"
 #include "editor/cbracketfinder.h"
 #include "highlight/ctextdocument.h"
 
 CBracketPair::CBracketPair(CTextDocument *pDocument, QObject *pParent)
-    : QObject(pParent), m_pDocument(pDocument)
+    : QObject(pParent),
+      m_pDocument(pDocument),
+      m_pFinder(new CBracketFinder(pDocument->lines(), this))
 {
+    connect(
+        m_pFinder, &CBracketFinder::found, this,
+        [this] {
+            m_key.reset();
+            emit found();
+        });
 }
 
 void CBracketPair::setDefinition(const QVariantMap &mapDefinition)
 {
-    m_definition = mapDefinition;
     m_key.reset();
-    if (m_pFinder)
-        m_pFinder->setDefinition(mapDefinition);
+    m_pFinder->setDefinition(mapDefinition);
 }
 
 const SBracketPair &CBracketPair::at(int nPosition, const SView &view)
@@ -53,7 +60,8 @@ SBracketPair CBracketPair::pairOf(const QTextBlock &block, int nInBlock, const S
     SBracketMatch match =
         matchingBracket(&shown, m_pDocument->blockCount(), block.blockNumber(), nInBlock);
     if (match.result == SBracketMatch::Beyond) {
-        const std::optional<SBracketMatch> answer = askThread(block.blockNumber(), nInBlock);
+        const std::optional<SBracketMatch> answer =
+            m_pFinder->ask({m_pDocument->version(), block.blockNumber(), nInBlock});
         pair.bSearching = !answer;
         match = answer.value_or(SBracketMatch());
     }
@@ -62,18 +70,4 @@ SBracketPair CBracketPair::pairOf(const QTextBlock &block, int nInBlock, const S
         pair.nPartner = m_pDocument->findBlockByNumber(match.nLine).position() + match.nInLine;
     }
     return pair;
-}
-
-std::optional<SBracketMatch> CBracketPair::askThread(int nLine, int nInLine)
-{
-    if (!m_pFinder) {
-        m_pFinder = new CBracketFinder(m_pDocument->lines(), this);
-        connect(m_pFinder, &CBracketFinder::found, this, [this] {
-            m_key.reset();
-            emit found();
-        });
-        if (m_definition)
-            m_pFinder->setDefinition(*m_definition);
-    }
-    return m_pFinder->ask({m_pDocument->version(), nLine, nInLine});
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "editor/bracketmatch.h"
-
 #include <QObject>
 #include <QTextBlock>
 #include <QVariantMap>
@@ -72,11 +70,9 @@ private:
     };
     SBracketPair search(int nPosition, const SView &view);
     SBracketPair pairOf(const QTextBlock &block, int nInBlock, const SView &view);
-    std::optional<SBracketMatch> askThread(int nLine, int nInLine);
 
     CTextDocument *m_pDocument;
-    std::optional<QVariantMap> m_definition;
-    CBracketFinder *m_pFinder = nullptr; // Created for the first partner that is far away.
+    CBracketFinder *m_pFinder;
     SBracketPair m_pair;
     std::optional<SKey> m_key; // That of m_pair.
 };

@@ -1,5 +1,6 @@
 // Another name for a file or folder never replaces anything, whatever the file system can do.
 #include "app/platform.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -58,11 +59,11 @@ private slots:
     void file_getsAFreeName()
     {
         useFileSystem();
-        put("old", "text");
+        put(path("old"), "text");
         QString strError;
         QVERIFY2(rename("old", "new", &strError), qPrintable(strError));
         QVERIFY(!QFile::exists(path("old")));
-        QCOMPARE(content("new"), QByteArray("text"));
+        QCOMPARE(contents(path("new")), QByteArray("text"));
     }
 
     void folder_getsAFreeName_data() { fileSystems(); }
@@ -70,27 +71,27 @@ private slots:
     {
         useFileSystem();
         QVERIFY(QDir(m_pFolder->path()).mkdir("old"));
-        put("old/file", "text");
+        put(path("old/file"), "text");
         QString strError;
         QVERIFY2(rename("old", "new", &strError), qPrintable(strError));
         QVERIFY(!QFile::exists(path("old")));
-        QCOMPARE(content("new/file"), QByteArray("text"));
+        QCOMPARE(contents(path("new/file")), QByteArray("text"));
     }
 
     void takenName_staysWithItsFile_data() { fileSystems(); }
     void takenName_staysWithItsFile()
     {
         useFileSystem();
-        put("old", "text");
-        put("new", "other");
+        put(path("old"), "text");
+        put(path("new"), "other");
         QVERIFY(QDir(m_pFolder->path()).mkdir("folder"));
         for (const char *szOld : {"old", "folder"}) {
             QString strError;
             QVERIFY(!rename(szOld, "new", &strError));
             QCOMPARE(strError, qt_error_string(EEXIST));
         }
-        QCOMPARE(content("old"), QByteArray("text"));
-        QCOMPARE(content("new"), QByteArray("other"));
+        QCOMPARE(contents(path("old")), QByteArray("text"));
+        QCOMPARE(contents(path("new")), QByteArray("other"));
     }
 
     void missingFile_isTold_data() { fileSystems(); }
@@ -123,18 +124,6 @@ private:
     {
         return Platform::renameWithoutReplacing(path(szOld), path(szNew), pError);
     }
-    void put(const char *szName, const QByteArray &bytes) const
-    {
-        QFile file(path(szName));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), qint64(bytes.size()));
-    }
-    QByteArray content(const char *szName) const
-    {
-        QFile file(path(szName));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-    }
-
     std::unique_ptr<QTemporaryDir> m_pFolder;
 };
 

@@ -9,6 +9,7 @@
 #include "highlight/ctextdocument.h"
 #include "highlight/cthreadhighlighter.h"
 #include "randomtext.h"
+#include "tests/support/awaitcolours.h"
 
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -23,18 +24,9 @@ QString textOf(const QTextDocument *pDocument)
     return strText.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
 }
 
-// True once the colours have come and nothing is left to paint.
 bool settle(const CHighlightEdit &edit)
 {
-    int nQuiet = 0;
-    return QTest::qWaitFor(
-        [&] {
-            const bool bBusy =
-                edit.highlighter()->isRunning() || !edit.textDocument()->lines()->isComplete();
-            nQuiet = bBusy ? 0 : nQuiet + 1;
-            return nQuiet > 5;
-        },
-        60000);
+    return awaitColours(*edit.textDocument(), *edit.highlighter());
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "highlight/ctextdocument.h"
 #include "highlight/definitions.h"
 #include "highlight/highlightededitor.h"
+#include "tests/support/awaitcolours.h"
 
 #include <QPlainTextDocumentLayout>
 #include <QRandomGenerator>
@@ -41,18 +42,7 @@ struct SLargeEditor : SHighlightedEditor
 {
     SLargeEditor() { document.setLargeFrom(2); }
 
-    // Unlike settle(), listens to no signal: whoever does gets every result.
-    bool rest()
-    {
-        int nQuiet = 0;
-        return QTest::qWaitFor(
-            [&] {
-                const bool bBusy = pHighlighter->isRunning() || !document.lines()->isComplete();
-                nQuiet = bBusy ? 0 : nQuiet + 1;
-                return nQuiet > 4;
-            },
-            20000);
-    }
+    bool rest() { return awaitColours(document, *pHighlighter); }
     // Below lines enough that these are not taken for ones that an edit has left laid out.
     void setText(const QString &strText)
     {
